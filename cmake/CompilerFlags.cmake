@@ -1,0 +1,22 @@
+# SPDX-FileCopyrightText: 2026 The Mixdeck developers
+# SPDX-License-Identifier: MIT
+#
+# One language standard and one set of flags for every target. Samples are right to the bit, so
+# a multiply and an add are never contracted into one rounding, and fast-math is never on.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+add_compile_options(-ffp-contract=off)
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
+                    -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual -Wnull-dereference
+                    -Wdouble-promotion -Wformat=2)
+add_compile_definitions(_FILE_OFFSET_BITS=64)
+
+if(CMAKE_BUILD_TYPE STREQUAL "RelWithDebInfo")
+  string(REPLACE "-DNDEBUG" "" CMAKE_CXX_FLAGS_RELWITHDEBINFO "${CMAKE_CXX_FLAGS_RELWITHDEBINFO}")
+  add_compile_definitions(_GLIBCXX_ASSERTIONS)
+endif()

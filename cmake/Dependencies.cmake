@@ -1,0 +1,10 @@
+# SPDX-FileCopyrightText: 2026 The Mixdeck developers
+# SPDX-License-Identifier: MIT
+#
+# Everything comes from Debian packages; packaging/packages-*.txt lists them.
+
+find_package(Threads REQUIRED)
+find_package(hwy REQUIRED)
+find_package(fmt REQUIRED)
+find_package(CLI11 REQUIRED)
+find_package(nlohmann_json REQUIRED)

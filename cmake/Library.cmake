@@ -1,0 +1,19 @@
+# SPDX-FileCopyrightText: 2026 The Mixdeck developers
+# SPDX-License-Identifier: MIT
+
+# mixdeck_library(NAME SOURCES ... HEADERS ... [LINKS ...] [PRIVATE_LINKS ...])
+#
+# The one static library of a folder under src/. Its LINKS are the architecture: a folder may
+# include only from the folders that it links. Each header is part of the target and compiles
+# alone (target all_verify_interface_header_sets).
+function(mixdeck_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;LINKS;PRIVATE_LINKS" ${ARGN})
+  set(target mixdeck_${name})
+  add_library(${target} STATIC ${ARG_SOURCES})
+  add_library(mixdeck::${name} ALIAS ${target})
+  target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}/src"
+                                                             "${PROJECT_BINARY_DIR}/generated"
+                                  FILES ${ARG_HEADERS})
+  target_link_libraries(${target} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})
+  set_target_properties(${target} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
+endfunction()

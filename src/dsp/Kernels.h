@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+/// The sample loops that carry the work, as vector code chosen at run time for the processor.
+///
+/// Every operation gives the same bits as its twin in `PlainKernels`, for any count, alignment and
+/// value (NaN, infinities, denormals). Samples are 32-bit floats, full scale 1.0; "frames" are
+/// interleaved pairs, element 0 Mid or Left, element 1 Side or Right, so their count is even.
+/// No allocation, no state; safe on any thread.
+class Kernels {
+ public:
+  /// Signed 24-bit little-endian integers to floats, times 2^-23.
+  /// `bytes` holds three bytes a sample: bytes.size() == 3 * samples.size().
+  static void unpack24(std::span<const std::byte> bytes, std::span<float> samples);
+
+  /// Floats to signed 24-bit little-endian integers: inside (-1, 1) the product with 8388607
+  /// truncated toward zero, above it 8388607, anything else (NaN too) -8388608.
+  /// bytes.size() == 3 * samples.size().
+  static void pack24(std::span<const float> samples, std::span<std::byte> bytes);
+
+  /// Mid and Side to Left = M + S * sideGain and Right = M - S * sideGain, in place.
+  static void decodeMidSide(std::span<float> frames, float sideGain);
+
+  /// Divides element 0 of each frame by `left` and element 1 by `right`, in place. A divisor of 0
+  /// leaves its channel as it is.
+  static void divide(std::span<float> frames, float left, float right);
+
+  /// The largest of `peak` and every |sample|; samples that are not a number do not count.
+  /// `peak` is 0 or more.
+  static float peakMagnitude(std::span<const float> samples, float peak);
+
+  /// Raises `left` and `right` to the largest signed element of their channel; what is not a
+  /// number does not count.
+  static void raiseMaxima(std::span<const float> frames, float& left, float& right);
+};
