@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+/// Turns the stored samples of interleaved frames into floats, channel 1 to left, every later
+/// channel to right (so the last one stays there).
+///
+/// 24-bit integers are scaled by 2^-23 and 32-bit floats are taken as they are. Two rules are kept
+/// on purpose although they make such files useless: 16-bit samples are read as unsigned, times
+/// 2^-15, and 32-bit integers are scaled by 2^-64. Other widths write nothing. Channel c is read at
+/// w * c * (c + 1) / 2 bytes, which is interleaving for the first two channels only.
+///
+/// Immutable; safe on any thread.
+class FrameDecoder {
+ public:
+  /// What an output holds when no sample was written to it.
+  static constexpr float kNoSample = -2.0F;
+
+  FrameDecoder() = default;
+  FrameDecoder(std::uint16_t numChannels, std::uint16_t bitsPerSample, std::uint64_t encoding);
+
+  /// Bytes from one frame to the next; 0 with no channels or a width under 8 bits.
+  [[nodiscard]] std::uint64_t frameBytes() const { return _frameBytes; }
+  /// Bytes from the start of a frame to the end of the last sample that is read for it.
+  [[nodiscard]] std::uint64_t reach() const { return _reach; }
+
+  /// Decodes the frame at the start of `bytes`; samples that end past it leave their output alone.
+  void decode(std::span<const std::byte> bytes, float& left, float& right) const;
+
+  /// Decodes `frames.size() / 2` frames into interleaved left and right. `bytes` starts at the
+  /// first frame, holds all of them, and goes on for as long as later bytes may be looked at.
+  void decode(std::span<const std::byte> bytes, std::span<float> frames) const;
+
+ private:
+  enum class Sample { None, Unsigned16, Signed24, Signed32, Float32 };
+
+  [[nodiscard]] float sampleAt(const std::byte* bytes) const;
+  void decodePairs(const std::byte* bytes, std::span<float> frames) const;
+
+  Sample _sample = Sample::None;
+  std::uint16_t _numChannels = 0;
+  std::uint64_t _sampleBytes = 0;
+  std::uint64_t _frameBytes = 0;
+  std::uint64_t _reach = 0;
+};

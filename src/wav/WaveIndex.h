@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "wav/WaveHeader.h"
+#include "wav/WaveImage.h"
+
+/// The top-level chunks of a WAVE file and the summary of what matters in them.
+///
+/// The rules are the recorder's, not quite RIFF's: an odd-sized chunk is not followed by a skipped
+/// pad byte, a data chunk may claim more bytes than the file has, and a later "fmt " or "data"
+/// chunk overrides an earlier one.
+struct WaveIndex {
+  bool isValidFile = false;    ///< RIFF/WAVE with a format and a data chunk
+  std::uint64_t encoding = 0;  ///< AudioFormat of the last format chunk
+  std::vector<ChunkInfo> chunks;
+  WaveHeader header;
+
+  /// Indexes an image of at least 48 bytes, whatever its content; header fields that the image
+  /// does not set keep their values. Bytes are fetched from the image as needed: it may still be
+  /// loading.
+  void parse(const WaveImage& image);
+
+  /// The first chunk with this four-character identifier, or none.
+  [[nodiscard]] std::optional<ChunkInfo> find(std::string_view identifier) const;
+
+  /// Why `isValidFile` is false, as a phrase for people; empty when it is true.
+  [[nodiscard]] std::string_view whyInvalid(std::uint64_t imageSize) const;
+};
