@@ -1,0 +1,256 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "export/AtomicFile.h"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <random>
+#include <string_view>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kMostLinks = 40;
+constexpr mode_t kNewFileMode = 0666;  // less the umask
+constexpr mode_t kModeBits = 07777;
+constexpr std::string_view kLeftoverStart = ".mixdeck-";
+constexpr std::string_view kLeftoverEnd = ".part";
+
+// Follows the links of the last component only, to a name that may not exist yet.
+fs::path resolveLinks(fs::path path) {
+  std::error_code error;
+  for (int i = 0; i < kMostLinks && fs::is_symlink(fs::symlink_status(path, error)); ++i) {
+    const fs::path to = fs::read_symlink(path, error);
+    path = to.is_absolute() ? to : path.parent_path() / to;
+  }
+  return path;
+}
+
+fs::path temporaryName(const fs::path& folder) {
+  std::random_device device;
+  const std::uint64_t number = std::uint64_t{device()} << 32 | device();
+  return folder / fmt::format("{}{:016x}{}", kLeftoverStart, number, kLeftoverEnd);
+}
+
+bool isTemporaryName(std::string_view name) {
+  return name.size() == kLeftoverStart.size() + 16 + kLeftoverEnd.size() &&
+         name.starts_with(kLeftoverStart) && name.ends_with(kLeftoverEnd);
+}
+
+// Gives an unnamed file a name. The /proc way needs no privilege.
+int nameFile(int file, const char* procPath, const char* name) {
+  if (linkat(AT_FDCWD, procPath, AT_FDCWD, name, AT_SYMLINK_FOLLOW) == 0) return 0;
+  if (errno != ENOENT) return -1;
+  return linkat(file, "", AT_FDCWD, name, AT_EMPTY_PATH);
+}
+
+bool isNamed(int file, const fs::path& name) {
+  struct stat ours {};
+  struct stat theirs {};
+  return fstat(file, &ours) == 0 && lstat(name.c_str(), &theirs) == 0 &&
+         ours.st_dev == theirs.st_dev && ours.st_ino == theirs.st_ino;
+}
+
+// Naming and renaming are two steps; a kill between them would leave the temporary name behind.
+// They run in a child in a process group of its own, which a kill of this process does not reach.
+// Returns 0 or the error.
+int nameAndRename(int file, const fs::path& temporary, const fs::path& target) {
+  const std::string procPath = fmt::format("/proc/self/fd/{}", file);
+  const pid_t child = vfork();  // NOLINT(clang-analyzer-security.insecureAPI.vfork)
+  if (child < 0) return errno;
+  if (child == 0) {
+    setsid();
+    if (nameFile(file, procPath.c_str(), temporary.c_str()) != 0) _exit(errno);
+    if (rename(temporary.c_str(), target.c_str()) == 0) _exit(0);
+    const int error = errno;
+    unlink(temporary.c_str());
+    _exit(error);
+  }
+  int status = 0;
+  while (waitpid(child, &status, 0) < 0 && errno == EINTR) continue;
+  if (isNamed(file, target)) return 0;
+  return WIFEXITED(status) && WEXITSTATUS(status) != 0 ? WEXITSTATUS(status) : EIO;
+}
+
+bool writeFully(int file, std::span<const std::byte> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t done = ::write(file, bytes.data(), bytes.size());
+    if (done < 0 && errno == EINTR) continue;
+    if (done < 0) return false;
+    bytes = bytes.subspan(static_cast<std::size_t>(done));
+  }
+  return true;
+}
+
+bool writeFullyAt(int file, std::span<const std::byte> bytes, std::uint64_t offset) {
+  while (!bytes.empty()) {
+    const ssize_t done = pwrite(file, bytes.data(), bytes.size(), static_cast<off_t>(offset));
+    if (done < 0 && errno == EINTR) continue;
+    if (done < 0) return false;
+    offset += static_cast<std::uint64_t>(done);
+    bytes = bytes.subspan(static_cast<std::size_t>(done));
+  }
+  return true;
+}
+
+}  // namespace
+
+AtomicFile::AtomicFile(const fs::path& target, Existing existing)
+    : _target(resolveLinks(target)),
+      _folder(_target.has_parent_path() ? _target.parent_path() : fs::path(".")),
+      _mayReplace(existing == Existing::Replace) {
+  if (!examineTarget(existing)) return;
+  if (!openUnnamed() && _failure.empty()) openNamed();
+  if (_file >= 0 && _replaces) takeOverAttributes();
+}
+
+AtomicFile::~AtomicFile() {
+  discard();
+}
+
+bool AtomicFile::fail(int error) {
+  if (_failure.empty()) _failure = std::generic_category().message(error);
+  return false;
+}
+
+bool AtomicFile::examineTarget(Existing existing) {
+  struct stat status {};
+  if (!_target.has_filename()) return fail(EISDIR);
+  if (lstat(_target.c_str(), &status) != 0) return errno == ENOENT || fail(errno);
+  if (S_ISDIR(status.st_mode)) return fail(EISDIR);
+  if (S_ISLNK(status.st_mode)) return fail(ELOOP);
+  if (existing == Existing::Refuse) return fail(EEXIST);
+  if (!S_ISREG(status.st_mode)) {
+    _failure = "Not a regular file";
+    return false;
+  }
+  _replaces = true;
+  return faccessat(AT_FDCWD, _target.c_str(), W_OK, AT_EACCESS) == 0 || fail(errno);
+}
+
+bool AtomicFile::openUnnamed() {
+  _file = open(_folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, kNewFileMode);
+  if (_file >= 0) return true;
+  const bool unsupported = errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL;
+  return unsupported ? false : fail(errno);
+}
+
+bool AtomicFile::openNamed() {
+  removeLeftovers();
+  for (int attempt = 0; attempt < 100; ++attempt) {
+    if (createNamed() || !_failure.empty()) break;
+  }
+  return _file >= 0 || fail(EEXIST);
+}
+
+// The lock tells others that the file is in use. One of them may have taken it for a leftover
+// before it was locked: then it has no name any more, and another attempt is made.
+bool AtomicFile::createNamed() {
+  _temporary = temporaryName(_folder);
+  _file = open(_temporary.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, kNewFileMode);
+  if (_file < 0) return errno == EEXIST ? false : fail(errno);
+  flock(_file, LOCK_EX | LOCK_NB);
+  struct stat status {};
+  if (fstat(_file, &status) == 0 && status.st_nlink > 0) return true;
+  close(_file);
+  _file = -1;
+  return false;
+}
+
+void AtomicFile::removeLeftovers() {
+  std::error_code error;
+  for (fs::directory_iterator entry(_folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (!isTemporaryName(entry->path().filename().native())) continue;
+    const int leftover = open(entry->path().c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW);
+    if (leftover < 0) continue;
+    if (flock(leftover, LOCK_EX | LOCK_NB) == 0) unlink(entry->path().c_str());
+    close(leftover);
+  }
+}
+
+bool AtomicFile::takeOverAttributes() {
+  struct stat status {};
+  if (stat(_target.c_str(), &status) != 0) return fail(errno);
+  // Only root may give files away; for others the file stays theirs, as with any editor.
+  if (fchown(_file, status.st_uid, status.st_gid) != 0) errno = 0;
+  return fchmod(_file, status.st_mode & kModeBits) == 0 || errno == EPERM || fail(errno);
+}
+
+bool AtomicFile::hasRoomFor(std::uint64_t bytes) {
+  struct statvfs room {};
+  if (_file < 0 || fstatvfs(_file, &room) != 0 || room.f_blocks == 0) return true;
+  const std::uint64_t available = std::uint64_t{room.f_bavail} * room.f_frsize;
+  return bytes <= available || fail(ENOSPC);
+}
+
+bool AtomicFile::write(std::span<const std::byte> bytes) {
+  if (!_failure.empty()) return false;
+  return writeFully(_file, bytes) || fail(errno);
+}
+
+bool AtomicFile::writeAt(std::uint64_t offset, std::span<const std::byte> bytes) {
+  if (!_failure.empty()) return false;
+  return writeFullyAt(_file, bytes, offset) || fail(errno);
+}
+
+// Some file systems tell of failed writes only when a descriptor is closed; a replaced file's
+// successor has to be on the disk before the old one goes.
+bool AtomicFile::flush() {
+  const int copy = dup(_file);
+  if (copy < 0 || close(copy) != 0) return fail(errno);
+  return !_replaces || fsync(_file) == 0 || fail(errno);
+}
+
+bool AtomicFile::publishUnnamed() {
+  const std::string procPath = fmt::format("/proc/self/fd/{}", _file);
+  if (!_replaces && nameFile(_file, procPath.c_str(), _target.c_str()) == 0) return true;
+  if (!_replaces && (errno != EEXIST || !_mayReplace)) return fail(errno);
+  _replaces = true;
+  if (!flush()) return false;
+  removeLeftovers();
+  flock(_file, LOCK_EX | LOCK_NB);
+  const int error = nameAndRename(_file, temporaryName(_folder), _target);
+  return error == 0 || fail(error);
+}
+
+bool AtomicFile::publishNamed() {
+  int result = 0;
+  if (_mayReplace) {
+    result = rename(_temporary.c_str(), _target.c_str());
+  } else {
+    result = renameat2(AT_FDCWD, _temporary.c_str(), AT_FDCWD, _target.c_str(), RENAME_NOREPLACE);
+    if (result != 0 && errno == EINVAL) {  // not known to this file system
+      if (access(_target.c_str(), F_OK) == 0) return fail(EEXIST);
+      result = rename(_temporary.c_str(), _target.c_str());
+    }
+  }
+  if (result != 0) return fail(errno);
+  _temporary.clear();
+  return true;
+}
+
+bool AtomicFile::commit() {
+  if (!_failure.empty() || !flush()) return false;
+  const bool published = _temporary.empty() ? publishUnnamed() : publishNamed();
+  discard();
+  return published;
+}
+
+void AtomicFile::discard() {
+  if (!_temporary.empty()) unlink(_temporary.c_str());
+  _temporary.clear();
+  if (_file >= 0) close(_file);
+  _file = -1;
+}

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <span>
+#include <string>
+
+/// A file that appears whole or not at all.
+///
+/// Bytes go to an unnamed temporary file in the target's folder (a hidden named one where the file
+/// system knows no unnamed files, as FAT); `commit` gives it the target's name. A failure, a full
+/// disk or a kill at any moment leaves the old file or the new file whole. Where a file is replaced
+/// its data is flushed to disk first, and its permissions and owner are kept; a symbolic link keeps
+/// pointing to its target, which is what gets replaced. Only a kill on a file system without
+/// unnamed files can leave a hidden ".mixdeck-*.part" behind; the next save in that folder removes
+/// it.
+///
+/// Nothing throws: operations return false, and `failure` tells why. One thread at a time.
+class AtomicFile {
+ public:
+  enum class Existing { Replace, Refuse };
+
+  AtomicFile(const std::filesystem::path& target, Existing existing);
+  AtomicFile(const AtomicFile&) = delete;
+  AtomicFile& operator=(const AtomicFile&) = delete;
+  /// Without a `commit` nothing remains.
+  ~AtomicFile();
+
+  /// False when the target's medium has less than `bytes` left.
+  bool hasRoomFor(std::uint64_t bytes);
+  /// Appends.
+  bool write(std::span<const std::byte> bytes);
+  /// Overwrites what has been written before, `offset` bytes from the start.
+  bool writeAt(std::uint64_t offset, std::span<const std::byte> bytes);
+  /// Publishes the file under the target's name. Nothing can be written after it.
+  bool commit();
+
+  /// Why an operation failed; empty as long as none did.
+  [[nodiscard]] const std::string& failure() const { return _failure; }
+
+ private:
+  bool fail(int error);
+  bool examineTarget(Existing existing);
+  bool openUnnamed();
+  bool openNamed();
+  bool createNamed();
+  bool takeOverAttributes();
+  bool flush();
+  bool publishUnnamed();
+  bool publishNamed();
+  void removeLeftovers();
+  void discard();
+
+  std::filesystem::path _target;  ///< links resolved
+  std::filesystem::path _folder;
+  std::filesystem::path _temporary;  ///< empty while the file has no name
+  int _file = -1;
+  bool _mayReplace;
+  bool _replaces = false;
+  std::string _failure;
+};

@@ -1,0 +1,167 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "export/BwfWriter.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+
+#include "wav/BextLayout.h"
+
+namespace {
+
+constexpr std::uint32_t kJunkSize = 28;
+constexpr std::uint32_t kFormatSize = 18;
+constexpr std::uint32_t kRiffSizePosition = 4;
+constexpr std::uint64_t kChunkHeader = 8;
+constexpr std::uint64_t kRiffHeader = 12;
+constexpr std::size_t kStreamBlock = 1 << 18;
+
+// The text's bytes when all of it is ASCII, else none.
+std::string_view ascii(std::string_view text) {
+  const auto isForeign = [](char character) { return (character & 0x80) != 0; };
+  return std::any_of(text.begin(), text.end(), isForeign) ? std::string_view() : text;
+}
+
+// The pad byte of an odd history counts as part of the chunk, on purpose.
+std::uint64_t bextSize(std::string_view codingHistory) {
+  const std::uint64_t text = ascii(codingHistory).size();
+  return bext::kFixedSize + text + text % 2;
+}
+
+}  // namespace
+
+BwfWriter::BwfWriter(const WaveFileReader* reader, const BextChunkInfo& bext, bool is24bit) {
+  const WaveHeader source = reader == nullptr ? WaveHeader() : reader->header();
+  appendU32(source.ChunkID);
+  appendU32(0);
+  appendU32(source.Format);
+  appendU32(stringToInt32("JUNK"));
+  appendU32(kJunkSize);
+  appendField("", kJunkSize);
+  appendBext(bext);
+  appendFormat(source, is24bit);
+  appendU32(stringToInt32("data"));
+  _dataChunkSizePosition = static_cast<std::uint32_t>(_data.size());
+  appendU32(0);
+}
+
+std::uint64_t BwfWriter::fileSize(std::string_view codingHistory, std::uint64_t sampleBytes) {
+  return kRiffHeader + kChunkHeader + kJunkSize + kChunkHeader + bextSize(codingHistory) +
+         kChunkHeader + kFormatSize + kChunkHeader + sampleBytes;
+}
+
+std::uint32_t BwfWriter::stringToInt32(std::string_view text) {
+  if (text.size() != 4) return 0;
+  std::uint32_t value = 0;
+  for (std::size_t i = 4; i > 0; --i) value = value << 8 | static_cast<unsigned char>(text[i - 1]);
+  return value;
+}
+
+void BwfWriter::append(std::span<const std::byte> bytes) {
+  _data.insert(_data.end(), bytes.begin(), bytes.end());
+}
+
+void BwfWriter::appendU16(std::uint16_t value) {
+  append(std::as_bytes(std::span(&value, 1)));
+}
+void BwfWriter::appendU32(std::uint32_t value) {
+  append(std::as_bytes(std::span(&value, 1)));
+}
+void BwfWriter::appendU64(std::uint64_t value) {
+  append(std::as_bytes(std::span(&value, 1)));
+}
+
+void BwfWriter::appendField(std::string_view text, std::size_t width) {
+  const std::string_view bytes = ascii(text).substr(0, width);
+  append(std::as_bytes(std::span(bytes)));
+  _data.resize(_data.size() + width - bytes.size());
+}
+
+void BwfWriter::appendBext(const BextChunkInfo& bext) {
+  appendU32(stringToInt32("bext"));
+  appendU32(static_cast<std::uint32_t>(bextSize(bext.CodingHistory)));
+  appendField(bext.Description, bext::kDescription.size);
+  appendField(bext.Originator, bext::kOriginator.size);
+  appendField(bext.OriginatorReference, bext::kOriginatorReference.size);
+  appendField(bext.OriginationDate(), bext::kOriginationDate.size);
+  appendField(bext.OriginationTime(), bext::kOriginationTime.size);
+  appendU64(static_cast<std::uint64_t>(bext.TimeReference));
+  appendU16(bext.Version);
+  appendField(bext.UniqueMaterialIdentifier, bext::kUniqueMaterialIdentifier.size);
+  append(std::as_bytes(std::span(bext.Reserved.bytes, bext.Reserved.length)));
+  const std::string_view history = ascii(bext.CodingHistory);
+  appendField(history, history.size() + history.size() % 2);
+}
+
+void BwfWriter::appendFormat(const WaveHeader& source, bool is24bit) {
+  const std::uint16_t bits = is24bit ? 24 : 32;
+  const auto blockAlign = static_cast<std::uint16_t>(bits / 8 * source.NumChannels);
+  appendU32(stringToInt32("fmt "));
+  appendU32(kFormatSize);
+  appendU16(is24bit ? kFormatPCM : kFormatFloat);
+  appendU16(source.NumChannels);
+  appendU32(source.SampleRate);
+  appendU32(blockAlign * source.SampleRate);
+  appendU16(blockAlign);
+  appendU16(bits);
+  appendU16(0);  // no extension
+}
+
+bool BwfWriter::streamTo(const std::filesystem::path& path, AtomicFile::Existing existing,
+                         std::uint64_t expectedSize) {
+  _stream = std::make_unique<AtomicFile>(path, existing);
+  _streamPath = path;
+  _streamed = 0;
+  _data.reserve(2 * kStreamBlock);
+  _stream->hasRoomFor(expectedSize);
+  _failure = _stream->failure();
+  return _failure.empty();
+}
+
+void BwfWriter::reserve(std::uint64_t sampleBytes) {
+  if (!_stream) _data.reserve(_data.size() + sampleBytes);
+}
+
+void BwfWriter::Write(const void* bytes, std::uint32_t count) {
+  append({static_cast<const std::byte*>(bytes), count});
+  _dataLength += count;
+  if (_stream && _data.size() >= kStreamBlock) sendOut(_data.size() / kStreamBlock * kStreamBlock);
+}
+
+void BwfWriter::sendOut(std::size_t count) {
+  if (!_stream->write(std::span(_data).first(count))) _failure = _stream->failure();
+  _streamed += count;
+  _data.erase(_data.begin(), _data.begin() + static_cast<std::ptrdiff_t>(count));
+}
+
+void BwfWriter::patchU32(std::uint32_t position, std::uint32_t value) {
+  const auto bytes = std::as_bytes(std::span(&value, 1));
+  if (_streamed == 0) {
+    std::copy(bytes.begin(), bytes.end(), _data.begin() + position);
+  } else if (!_stream->writeAt(position, bytes)) {
+    _failure = _stream->failure();
+  }
+}
+
+void BwfWriter::FixUpChunkSizes() {
+  const std::uint64_t length = _streamed + _data.size();
+  patchU32(kRiffSizePosition, static_cast<std::uint32_t>(length - kChunkHeader));
+  patchU32(_dataChunkSizePosition, _dataLength);
+}
+
+bool BwfWriter::Save2File(const std::filesystem::path& path) {
+  const bool isStreamed = !_streamPath.empty();
+  if (isStreamed && (!_stream || path != _streamPath)) return false;
+  if (!isStreamed) _stream = std::make_unique<AtomicFile>(path, AtomicFile::Existing::Replace);
+  const bool saved = _stream->write(_data) && _stream->commit();
+  _failure = _stream->failure();
+  _stream.reset();
+  return saved;
+}
+
+void BwfWriter::dispose() {
+  _data = {};
+  _stream.reset();
+}

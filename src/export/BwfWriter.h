@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "export/AtomicFile.h"
+#include "wav/BextChunkInfo.h"
+#include "wav/WaveFileReader.h"
+
+/// Assembles one Broadcast Wave file: RIFF, JUNK (28 zero bytes), bext, an 18-byte fmt, data.
+///
+/// Order of use: construct, `Write` the sample bytes, `FixUpChunkSizes`, `Save2File`. The file is
+/// held in memory until it is saved, unless `streamTo` comes before the first `Write`: then the
+/// bytes go to the target's temporary file as they arrive. Nothing throws; one thread at a time.
+class BwfWriter {
+ public:
+  /// Writes every header. Channels and rate are the source's; with no source they are 0, as are
+  /// the RIFF and WAVE identifiers.
+  BwfWriter(const WaveFileReader* reader, const BextChunkInfo& bext, bool is24bit);
+
+  /// Bytes of a file with this many sample bytes and this coding history.
+  static std::uint64_t fileSize(std::string_view codingHistory, std::uint64_t sampleBytes);
+
+  /// Opens the temporary file of `path` and sends all bytes there from now on. `expectedSize` bytes
+  /// have to be free. False, with `failure` set, when that is not to be had.
+  bool streamTo(const std::filesystem::path& path, AtomicFile::Existing existing,
+                std::uint64_t expectedSize);
+
+  /// Appends sample bytes.
+  void Write(const void* bytes, std::uint32_t count);
+  /// Makes room for this many sample bytes at once, where the file is held in memory.
+  void reserve(std::uint64_t sampleBytes);
+  /// Sets the RIFF size and the data size. Calling it again is harmless.
+  void FixUpChunkSizes();
+  /// Puts the file in its place, whole or not at all; see `AtomicFile`. A streamed file can be
+  /// saved once, to the path it was streamed to.
+  bool Save2File(const std::filesystem::path& path);
+  /// Drops what was assembled, the temporary file included.
+  void dispose();
+
+  /// Why the last failing operation failed; empty when none did.
+  [[nodiscard]] const std::string& failure() const { return _failure; }
+  /// What is held in memory: the whole file, or what has not been streamed yet.
+  [[nodiscard]] std::span<const std::byte> data() const { return _data; }
+  [[nodiscard]] std::uint32_t dataLength() const { return _dataLength; }
+  [[nodiscard]] std::uint32_t dataChunkSizePosition() const { return _dataChunkSizePosition; }
+
+  /// Four characters as a 32-bit little-endian identifier; 0 for any other length.
+  static std::uint32_t stringToInt32(std::string_view text);
+
+ private:
+  void append(std::span<const std::byte> bytes);
+  void appendU16(std::uint16_t value);
+  void appendU32(std::uint32_t value);
+  void appendU64(std::uint64_t value);
+  void appendField(std::string_view text, std::size_t width);
+  void appendBext(const BextChunkInfo& bext);
+  void appendFormat(const WaveHeader& source, bool is24bit);
+  void patchU32(std::uint32_t position, std::uint32_t value);
+  void sendOut(std::size_t count);
+
+  std::vector<std::byte> _data;
+  std::uint32_t _dataChunkSizePosition = 0;
+  std::uint32_t _dataLength = 0;
+  std::unique_ptr<AtomicFile> _stream;
+  std::filesystem::path _streamPath;  ///< empty while the file is held in memory
+  std::uint64_t _streamed = 0;        ///< bytes already sent to `_stream`
+  std::string _failure;
+};

@@ -1,0 +1,204 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "export/Export.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <system_error>
+
+#include "dsp/GainStage.h"
+#include "dsp/Kernels.h"
+#include "dsp/MidSideDecoder.h"
+#include "export/Recognition.h"
+#include "wav/BextLayout.h"
+
+namespace {
+
+constexpr std::size_t kBlockFloats = 5120;
+constexpr std::uint64_t kFramesPerReport = 1 << 17;
+
+std::string field(const WavArray& chunk, BextField field) {
+  return WaveFileReader::DecodeAsString(chunk.bytes + field.offset, field.size);
+}
+
+std::string historyOf(int bits) {
+  return fmt::format("A=PCM,F=48000,W={},M=stereo,T=J4;VERSION=1.00;MSRAW=OFF;", bits);
+}
+
+// Sends blocks of floats to the writer in the width of the export.
+class SampleWriter {
+ public:
+  SampleWriter(BwfWriter& writer, bool is24bit) : _writer(writer), _is24bit(is24bit) {}
+
+  void write(std::span<const float> samples) {
+    if (!_is24bit) return send(samples.data(), samples.size_bytes());
+    Kernels::pack24(samples, std::span(_packed).first(3 * samples.size()));
+    send(_packed.data(), 3 * samples.size());
+  }
+
+ private:
+  void send(const void* bytes, std::size_t count) {
+    _writer.Write(bytes, static_cast<std::uint32_t>(count));
+  }
+
+  BwfWriter& _writer;
+  bool _is24bit;
+  std::array<std::byte, 3 * kBlockFloats> _packed;
+};
+
+}  // namespace
+
+Export::Export(const std::filesystem::path& filePath)
+    : _dirPath(filePath.parent_path()), _filePath(filePath) {
+  _reader = WaveFileReader::openFile(filePath, _failure);
+  _isFileValid = _reader && recognise();
+  if (_isFileValid) _reader->image()->startLoading();
+}
+
+bool Export::checkFileValid(std::span<const std::byte> data) {
+  cleanUp();
+  _failure.clear();
+  _reader = WaveFileReader::readFromData(data);
+  return recognise();
+}
+
+bool Export::recognise() {
+  Recognition recognition(*_reader);
+  _reader->setIsBoMSFormat(recognition.isRawMidSide());
+  _bextChunk = recognition.takeBextChunk();
+  return recognition.isRecorder() || fail(recognition.whyNot());
+}
+
+BextChunkInfo Export::buildBextInfo() const {
+  BextChunkInfo info;
+  info.CodingHistory = historyOf(_isExport24Bit ? 24 : 32);
+  if (_bextChunk.length < bext::kFixedSize) return info;
+  info.Description = field(_bextChunk, bext::kDescription);
+  info.Originator = field(_bextChunk, bext::kOriginator);
+  info.OriginatorReference = field(_bextChunk, bext::kOriginatorReference);
+  info.UniqueMaterialIdentifier = field(_bextChunk, bext::kUniqueMaterialIdentifier);
+  return info;
+}
+
+bool Export::isSource(const std::filesystem::path& path) const {
+  std::error_code error;
+  return path == _filePath || std::filesystem::equivalent(path, _filePath, error);
+}
+
+std::uint64_t Export::outputSize(bool is24bit) const {
+  SampleCursor cursor = _reader->cursor();
+  cursor.beginReadSample();
+  const int bits = is24bit ? 24 : 32;
+  const std::uint64_t frameBytes = 2 * static_cast<std::uint64_t>(bits) / 8;
+  return BwfWriter::fileSize(historyOf(bits), cursor.framesLeft() * frameBytes);
+}
+
+bool Export::export2File(const std::filesystem::path& path, bool Is24bit, bool IsNormalize) {
+  _isExport24Bit = Is24bit;
+  _normalize = IsNormalize;
+  return export2File(path);
+}
+
+bool Export::export2File(const std::filesystem::path& path) {
+  _wasCancelled = false;
+  _failure.clear();
+  if (!_isFileValid || !_reader->image()) return fail("No recording is open");
+  if (isSource(path)) return fail("The target is the source itself");
+  const BextChunkInfo info = buildBextInfo();
+  BwfWriter writer(_reader.get(), info, _isExport24Bit);
+  if (!prepare(path, writer)) return false;
+  editAndWriteSample(writer);
+  if (stopped()) return false;
+  writer.FixUpChunkSizes();
+  return writer.Save2File(path) || fail(writer.failure());
+}
+
+bool Export::prepare(const std::filesystem::path& path, BwfWriter& writer) {
+  const std::uint64_t size = outputSize(_isExport24Bit);
+  if (size > std::numeric_limits<std::uint32_t>::max()) {
+    return fail(fmt::format("The export would take {} bytes; a WAVE file ends at 4 GiB", size));
+  }
+  return writer.streamTo(path, _existing, size) || fail(writer.failure());
+}
+
+void Export::editAndWriteSample(BwfWriter& writer) {
+  SampleCursor cursor = _reader->cursor();
+  cursor.beginReadSample();
+  _framesDone = 0;
+  _framesToDo = cursor.framesLeft() * (_normalize ? 2 : 1);
+  const Attenuation attenuation = this->attenuation(cursor);
+  SampleWriter out(writer, _isExport24Bit);
+  std::array<float, kBlockFloats> block;
+  while (!stopped()) {
+    const std::uint64_t count = fillBlock(cursor, block);
+    if (count == 0) break;
+    const std::span<float> frames = std::span(block).first(2 * count);
+    decode(frames);
+    GainStage::apply(frames, attenuation.left, attenuation.right);
+    out.write(frames);
+    if (!writer.failure().empty()) fail(writer.failure());
+    report(count);
+  }
+}
+
+Export::Attenuation Export::attenuation(SampleCursor cursor) {
+  if (!_normalize) return {-_gain, -_gain};
+  float peak = 0;
+  std::array<float, kBlockFloats> block;
+  while (const std::uint64_t count = fillBlock(cursor, block)) {
+    const std::span<float> frames = std::span(block).first(2 * count);
+    decode(frames);
+    peak = Kernels::peakMagnitude(frames, peak);
+    report(count);
+  }
+  const double dB = 20.0 * std::log10(static_cast<double>(peak));
+  return {dB, dB};
+}
+
+// Waits for what is still being loaded. Returns frames, 0 at the end and when it has to stop.
+std::uint64_t Export::fillBlock(SampleCursor& cursor, std::span<float> block) {
+  const std::uint64_t wanted = std::min<std::uint64_t>(block.size() / 2, cursor.framesLeft());
+  if (_cancel != nullptr && _cancel->load(std::memory_order_relaxed)) _wasCancelled = true;
+  if (wanted == 0 || stopped()) return 0;
+  const WaveImage& image = *_reader->image();
+  if (image.waitUntilLoaded(cursor.loadedEndFor(wanted), _cancel)) return cursor.readFrames(block);
+  const std::string reason = image.failure();
+  if (reason.empty()) {
+    _wasCancelled = true;
+  } else {
+    fail(fmt::format("The source cannot be read: {}", reason));
+  }
+  return 0;
+}
+
+void Export::decode(std::span<float> frames) const {
+  if (_reader->isBoMSFormat()) MidSideDecoder::decode(frames, WaveFileReader::wholeAngle(_angle));
+}
+
+void Export::report(std::uint64_t framesDone) {
+  const std::uint64_t before = _framesDone;
+  _framesDone += framesDone;
+  const bool isDue = before / kFramesPerReport != _framesDone / kFramesPerReport;
+  if (_progress && (isDue || _framesDone == _framesToDo)) {
+    _progress(static_cast<double>(_framesDone) / static_cast<double>(_framesToDo));
+  }
+}
+
+bool Export::fail(const std::string& reason) {
+  if (_failure.empty()) _failure = reason;
+  return false;
+}
+
+void Export::cleanUp() {
+  if (_reader) {
+    if (_reader->image()) _reader->image()->abandon();
+    _reader->dispose();
+  }
+  _bextChunk.dispose();
+  _bextChunk = WavArray();
+}

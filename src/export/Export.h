@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "export/AtomicFile.h"
+#include "export/BwfWriter.h"
+#include "wav/BextChunkInfo.h"
+#include "wav/WavArray.h"
+#include "wav/WaveFileReader.h"
+
+/// One open recording: whether it is the recorder's, and its export as a decoded Left/Right file.
+///
+/// A valid job begins at once to load its file in the background; `reader` may be used meanwhile.
+/// Nothing throws: operations return false, and `failure` tells why in words for people.
+///
+/// Threads: one thread at a time, but for the cancel flag, which any thread may set. An export has
+/// a cursor of its own, so it may run on a worker while others read through copies of `reader`.
+class Export {
+ public:
+  /// Told how much of the work is done, 0 to 1, on the thread that exports.
+  using Progress = std::function<void(double done)>;
+
+  explicit Export(const std::filesystem::path& filePath);
+  Export(const Export&) = delete;
+  Export& operator=(const Export&) = delete;
+  ~Export() { cleanUp(); }
+
+  /// Takes `data` as the source: true for a WAVE file with a bext chunk of at least 602 bytes whose
+  /// originator contains "TARN J4". Sets the reader, and its `isBoMSFormat` where the coding
+  /// history contains "MSRAW=ON".
+  bool checkFileValid(std::span<const std::byte> data);
+  [[nodiscard]] bool IsFileValid() const { return _isFileValid; }
+
+  /// The extension of the output: dated now, version 1, time reference 0; description, originator,
+  /// reference and identifier are the source's, the coding history is the export's own.
+  [[nodiscard]] BextChunkInfo buildBextInfo() const;
+
+  /// Exports to `path`, which appears whole or not at all. The source itself is never replaced.
+  bool export2File(const std::filesystem::path& path, bool Is24bit, bool IsNormalize);
+  bool export2File(const std::filesystem::path& path);
+
+  /// Decodes, scales and writes every frame. Stops early on a cancel or a failure.
+  void editAndWriteSample(BwfWriter& writer);
+
+  /// Lets go of the file; ends a load that is under way without waiting for it.
+  void cleanUp();
+
+  /// True when writing to `path` would replace the source: the same text or the same file.
+  [[nodiscard]] bool isSource(const std::filesystem::path& path) const;
+
+  [[nodiscard]] const std::string& failure() const { return _failure; }
+  [[nodiscard]] bool wasCancelled() const { return _wasCancelled; }
+  /// Bytes that an export in this width comes to.
+  [[nodiscard]] std::uint64_t outputSize(bool is24bit) const;
+
+  [[nodiscard]] const std::filesystem::path& getFilePath() const { return _filePath; }
+  [[nodiscard]] const std::filesystem::path& getDirPath() const { return _dirPath; }
+  void setDirPath(const std::filesystem::path& path) { _dirPath = path; }
+
+  [[nodiscard]] bool normalize() const { return _normalize; }
+  void setNormalize(bool on) { _normalize = on; }
+  /// dB, positive is louder; no part in a normalised export.
+  [[nodiscard]] double gain() const { return _gain; }
+  void setGain(double dB) { _gain = dB; }
+  /// Stereo width in degrees, 0 to 150; whole degrees count.
+  [[nodiscard]] double angle() const { return _angle; }
+  void setAngle(double degrees) { _angle = degrees; }
+  /// The source's reader; null where the file could not be read.
+  [[nodiscard]] WaveFileReader* reader() const { return _reader.get(); }
+
+  void setProgress(Progress progress) { _progress = std::move(progress); }
+  /// The export stops soon after `*cancel` becomes true and leaves nothing behind.
+  void setCancelFlag(const std::atomic<bool>* cancel) { _cancel = cancel; }
+  /// Whether an existing target may be replaced; it may, unless this says otherwise.
+  void setExisting(AtomicFile::Existing existing) { _existing = existing; }
+
+ private:
+  struct Attenuation {
+    double left;
+    double right;
+  };
+
+  bool recognise();
+  bool prepare(const std::filesystem::path& path, BwfWriter& writer);
+  Attenuation attenuation(SampleCursor cursor);
+  std::uint64_t fillBlock(SampleCursor& cursor, std::span<float> block);
+  void decode(std::span<float> frames) const;
+  void report(std::uint64_t framesDone);
+  bool fail(const std::string& reason);
+  [[nodiscard]] bool stopped() const { return _wasCancelled || !_failure.empty(); }
+
+  WavArray _bextChunk;
+  std::filesystem::path _dirPath;
+  bool _isFileValid = false;
+  bool _isExport24Bit = false;
+  bool _normalize = false;
+  double _gain = 0;
+  double _angle = 0;
+  std::filesystem::path _filePath;
+  std::unique_ptr<WaveFileReader> _reader;
+
+  Progress _progress;
+  const std::atomic<bool>* _cancel = nullptr;
+  AtomicFile::Existing _existing = AtomicFile::Existing::Replace;
+  std::uint64_t _framesToDo = 0;  ///< of all passes
+  std::uint64_t _framesDone = 0;
+  bool _wasCancelled = false;
+  std::string _failure;
+};
