@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/DemoCommand.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include "cli/DemoScene.h"
+#include "cli/Interrupt.h"
+#include "dsp/Kernels.h"
+#include "dsp/MidSideDecoder.h"
+#include "export/BwfWriter.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Recording {
+  const char* name;
+  const char* description;
+  bool is24bit;
+  bool isRaw;
+};
+
+constexpr std::array kRecordings{
+    Recording{"R0001.WAV", "Mixdeck demo: a bell walks from left to right, raw M/S", true, true},
+    Recording{"R0002.WAV", "Mixdeck demo: the same walk in 32-bit float, raw M/S", false, true},
+    Recording{"R0003.WAV", "Mixdeck demo: the same walk as plain left and right", true, false},
+};
+
+constexpr int kPlainAngle = 120;
+constexpr std::size_t kBlockFloats = 9600;
+
+// What the recorder's header has in common with an export's: two channels and the rate.
+std::unique_ptr<WaveFileReader> blankRecording() {
+  struct {
+    std::uint32_t riff[3] = {kRiffID, 40, kWaveID};
+    std::uint32_t format[2] = {kFmtID, 16};
+    std::uint16_t tagAndChannels[2] = {kFormatPCM, 2};
+    std::uint32_t rates[2] = {DemoScene::kRate, 6 * DemoScene::kRate};
+    std::uint16_t alignAndBits[2] = {6, 24};
+    std::uint32_t data[2] = {kDataID, 0};
+    std::uint32_t filler = 0;
+  } const bytes;
+  return WaveFileReader::readFromData(std::as_bytes(std::span(&bytes, 1)));
+}
+
+BextChunkInfo extensionOf(const Recording& recording) {
+  BextChunkInfo info;
+  info.Description = recording.description;
+  info.Originator = "TARN J4";
+  info.OriginatorReference = fmt::format("DEMO{}", recording.name).substr(0, 9);
+  info.CodingHistory = fmt::format("A=PCM,F=48000,W={},M=stereo,T=J4;VERSION=1.00;MSRAW={};",
+                                   recording.is24bit ? 24 : 32, recording.isRaw ? "ON" : "OFF");
+  return info;
+}
+
+void writeSamples(const Recording& recording, BwfWriter& writer) {
+  DemoScene scene;
+  std::vector<float> block(kBlockFloats);
+  std::vector<std::byte> packed(3 * kBlockFloats);
+  for (std::uint64_t left = 2 * DemoScene::kFrames; left > 0; left -= block.size()) {
+    block.resize(std::min<std::uint64_t>(left, kBlockFloats));
+    scene.fill(block);
+    if (!recording.isRaw) MidSideDecoder::decode(block, kPlainAngle);
+    if (!recording.is24bit) {
+      writer.Write(block.data(), static_cast<std::uint32_t>(4 * block.size()));
+      continue;
+    }
+    packed.resize(3 * block.size());
+    Kernels::pack24(block, packed);
+    writer.Write(packed.data(), static_cast<std::uint32_t>(packed.size()));
+  }
+}
+
+// Empty when the file is there in the end, else why not.
+std::string write(const Recording& recording, const fs::path& path) {
+  const auto blank = blankRecording();
+  const BextChunkInfo info = extensionOf(recording);
+  BwfWriter writer(blank.get(), info, recording.is24bit);
+  if (!writer.streamTo(path, AtomicFile::Existing::Refuse, 0)) return writer.failure();
+  writeSamples(recording, writer);
+  writer.FixUpChunkSizes();
+  return writer.Save2File(path) ? "" : writer.failure();
+}
+
+}  // namespace
+
+CLI::App* DemoCommand::declare(CLI::App& program) {
+  CLI::App* command = program.add_subcommand("demo", "Write recordings to try things on");
+  command->add_option("--output-dir", _folder, "The folder, made where it is missing")
+      ->capture_default_str();
+  return command;
+}
+
+int DemoCommand::run() {
+  std::error_code error;
+  fs::create_directories(_folder, error);
+  int status = kDone;
+  for (const Recording& recording : kRecordings) {
+    const fs::path path = _folder / recording.name;
+    if (fs::exists(path, error)) {
+      fmt::print("{} is there already\n", path.native());
+      continue;
+    }
+    const std::string whyNot = Interrupt::requested() ? "cancelled" : write(recording, path);
+    if (whyNot.empty()) {
+      fmt::print("{}: {}\n", path.native(), recording.description);
+    } else {
+      fmt::print(stderr, "mixdeck-cli: {}: Fail to save. {}\n", path.native(), whyNot);
+      status = kFailed;
+    }
+  }
+  return status;
+}

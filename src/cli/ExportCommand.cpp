@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/ExportCommand.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <system_error>
+#include <thread>
+
+#include "cli/FileDescription.h"
+#include "cli/Interrupt.h"
+#include "cli/NumberCheck.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr unsigned kMostJobs = 256;
+constexpr double kMostAngle = 150;
+constexpr double kMostGain = 36;
+
+std::string problem(const fs::path& path, const char* text, const std::string& reason) {
+  return fmt::format("mixdeck-cli: {}: {} {}", path.native(), text, reason);
+}
+
+}  // namespace
+
+CLI::App* ExportCommand::declare(CLI::App& program) {
+  CLI::App* command = program.add_subcommand("export", "Decode recordings into Left/Right files");
+  command->add_option("--angle", _angle, "Stereo width in degrees; 0 is mono")
+      ->check(realBetween(0, kMostAngle))
+      ->capture_default_str();
+  auto* gain = command->add_option("--gain", _gain, "Gain in dB; positive is louder")
+                   ->check(realBetween(-kMostGain, kMostGain))
+                   ->capture_default_str();
+  command->add_flag("--normalize", _normalize, "Scale the loudest sample to full scale")
+      ->excludes(gain);
+  command->add_option("--format", _format, "24 (24-bit integer) or float32 (32-bit float)")
+      ->check(CLI::IsMember({"24", "float32"}))
+      ->capture_default_str();
+  auto* output = command->add_option("--output", _output, "The file to write, for a single FILE");
+  command->add_option("--output-dir", _outputFolder, "The folder to write into")->excludes(output);
+  command->add_option("--jobs", _jobs, "Files at the same time; default: one a processor")
+      ->check(CLI::Range(1U, kMostJobs));
+  command->add_flag("--force", _force, "Replace files that exist");
+  command->add_flag("--dry-run", _isDryRun, "Tell what would be done, write nothing");
+  command->add_option("FILE", _files, "Recordings")->required();
+  command->callback([this] {
+    if (!_output.empty() && _files.size() > 1) {
+      throw CLI::ValidationError("--output", "goes with a single FILE; see --output-dir");
+    }
+  });
+  return command;
+}
+
+int ExportCommand::run() {
+  const std::vector<ExportPlan::Item> items = ExportPlan::make(_files, _output, _outputFolder);
+  ProgressLine line(items.size());
+  std::atomic<std::size_t> next{0};
+  std::atomic<bool> isAllDone{true};
+  const auto work = [&] {
+    for (std::size_t i = next++; i < items.size(); i = next++) {
+      if (Interrupt::requested() || !exportItem(items[i], i, line)) isAllDone = false;
+    }
+  };
+  const unsigned wanted = _jobs > 0 ? _jobs : std::max(1U, std::thread::hardware_concurrency());
+  std::vector<std::jthread> helpers;
+  for (std::size_t i = 1; i < std::min<std::size_t>(wanted, items.size()); ++i) {
+    helpers.emplace_back(work);
+  }
+  work();
+  helpers.clear();
+  if (Interrupt::requested()) line.message("mixdeck-cli: cancelled");
+  return isAllDone ? kDone : kFailed;
+}
+
+bool ExportCommand::exportItem(const ExportPlan::Item& item, std::size_t index,
+                               ProgressLine& line) const {
+  Export job(item.source);
+  if (!isAllowed(item, job, line)) return false;
+  const std::string warning = FileDescription::audioWarning(*job.reader());
+  if (!warning.empty()) line.message(problem(item.source, "Warning:", warning));
+  if (_isDryRun) return announce(item, job);
+  job.setAngle(_angle);
+  job.setGain(_gain);
+  job.setExisting(_force ? AtomicFile::Existing::Replace : AtomicFile::Existing::Refuse);
+  job.setCancelFlag(&Interrupt::requested());
+  const std::string name = item.source.filename().native();
+  job.setProgress([&](double done) { line.update(index, name, done); });
+  if (job.export2File(item.target, is24bit(), _normalize)) return true;
+  if (!job.wasCancelled()) line.message(problem(item.target, "Fail to save.", job.failure()));
+  return false;
+}
+
+bool ExportCommand::isAllowed(const ExportPlan::Item& item, const Export& job,
+                              ProgressLine& line) const {
+  std::error_code error;
+  std::string text;
+  if (!job.IsFileValid()) {
+    text = problem(item.source, "File not supported.", job.failure());
+  } else if (job.isSource(item.target)) {
+    text = problem(item.target, "Fail to open.", "The target is the source itself");
+  } else if (!item.refusal.empty()) {
+    text = problem(item.target, "Fail to save.", item.refusal);
+  } else if (!_force && fs::exists(fs::symlink_status(item.target, error))) {
+    text = problem(item.target, "Fail to save.", "The file exists; --force replaces it");
+  } else {
+    return true;
+  }
+  line.message(text);
+  return false;
+}
+
+bool ExportCommand::announce(const ExportPlan::Item& item, const Export& job) const {
+  const std::string level = _normalize ? "normalised" : fmt::format("gain {:+g} dB", _gain);
+  const std::string width = job.reader()->isBoMSFormat()
+                                ? fmt::format("width {}", WaveFileReader::wholeAngle(_angle))
+                                : "not M/S, channels as they are";
+  fmt::print("{} -> {}: {}, {}, {}, {} bytes\n", item.source.native(), item.target.native(),
+             is24bit() ? "24-bit" : "32-bit float", width, level, job.outputSize(is24bit()));
+  return true;
+}

@@ -1,0 +1,169 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/FileDescription.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <memory>
+#include <string_view>
+
+#include "export/Recognition.h"
+#include "wav/BextLayout.h"
+
+using nlohmann::ordered_json;
+
+namespace {
+
+std::string identifierText(std::uint32_t identifier) {
+  const auto bytes = reinterpret_cast<const std::uint8_t*>(&identifier);
+  return WaveFileReader::DecodeAsString(bytes, sizeof identifier);
+}
+
+ordered_json headerJson(const WaveHeader& header) {
+  return {{"ChunkID", header.ChunkID},
+          {"ChunkSize", header.ChunkSize},
+          {"Format", header.Format},
+          {"Subchunk1ID", header.Subchunk1ID},
+          {"Subchunk1Size", header.Subchunk1Size},
+          {"AudioFormat", header.AudioFormat},
+          {"NumChannels", header.NumChannels},
+          {"SampleRate", header.SampleRate},
+          {"ByteRate", header.ByteRate},
+          {"BlockAlign", header.BlockAlign},
+          {"BitsPerSample", header.BitsPerSample},
+          {"dataChunkPosition", header.dataChunkPosition},
+          {"dataChunkLength", header.dataChunkLength},
+          {"dataChunkEnd", header.dataChunkEnd}};
+}
+
+std::string field(const WavArray& chunk, BextField field) {
+  return WaveFileReader::DecodeAsString(chunk.bytes + field.offset, field.size);
+}
+
+template <class Value>
+Value number(const WavArray& chunk, BextField field) {
+  Value value;
+  std::memcpy(&value, chunk.bytes + field.offset, sizeof value);
+  return value;
+}
+
+// Two hexadecimal digits a byte; empty when every byte is 0.
+std::string reservedText(const WavArray& chunk) {
+  const std::uint8_t* const begin = chunk.bytes + bext::kReserved.offset;
+  const std::uint8_t* const end = begin + bext::kReserved.size;
+  if (std::all_of(begin, end, [](std::uint8_t byte) { return byte == 0; })) return "";
+  std::string text;
+  for (const std::uint8_t* byte = begin; byte != end; ++byte) text += fmt::format("{:02x}", *byte);
+  return text;
+}
+
+std::string durationText(double seconds) {
+  const auto whole = static_cast<std::int64_t>(seconds);
+  return fmt::format("{:02}:{:02}:{:06.3f}", whole / 3600, whole / 60 % 60,
+                     std::fmod(seconds, 60.0));
+}
+
+std::string_view encodingText(const WaveHeader& header) {
+  constexpr std::uint16_t kFormatExtensible = 0xFFFE;
+  switch (header.AudioFormat) {
+    case kFormatPCM:
+      return "integer PCM";
+    case kFormatFloat:
+      return "IEEE float";
+    case kFormatExtensible:
+      return "extensible";
+    default:
+      return "other";
+  }
+}
+
+}  // namespace
+
+FileDescription::FileDescription(const std::filesystem::path& path) {
+  std::string whyNot;
+  _reader = WaveFileReader::openFile(path, whyNot);
+  const Recognition recognition = _reader ? Recognition(*_reader) : Recognition();
+  _json["path"] = path.native();
+  _json["valid"] = _reader && _reader->isValidFile();
+  _json["recorder"] = recognition.isRecorder();
+  _json["raw_ms"] = recognition.isRawMidSide();
+  _json["reason"] = _reader ? recognition.whyNot() : whyNot;
+  _json["header"] = headerJson(_reader ? _reader->header() : WaveHeader());
+  _json["chunks"] = ordered_json::array();
+  _json["bext"] = nullptr;
+  if (_reader) {
+    describeChunks();
+    describeBext();
+  }
+  _json["duration_seconds"] = _reader ? _reader->durationSeconds() : 0.0;
+}
+
+void FileDescription::describeChunks() {
+  for (const ChunkInfo& chunk : _reader->chunks()) {
+    _json["chunks"].push_back({{"id", identifierText(chunk.chunkID)},
+                               {"position", chunk.streamPos},
+                               {"size", chunk.chunkSize}});
+  }
+}
+
+void FileDescription::describeBext() {
+  const auto chunk = _reader->getBextChunk();
+  if (!chunk) return;
+  const WavArray data = _reader->getChunkData(*chunk);
+  if (data.length < bext::kFixedSize) return;
+  _json["bext"] = {
+      {"Description", field(data, bext::kDescription)},
+      {"Originator", field(data, bext::kOriginator)},
+      {"OriginatorReference", field(data, bext::kOriginatorReference)},
+      {"OriginationDate", field(data, bext::kOriginationDate)},
+      {"OriginationTime", field(data, bext::kOriginationTime)},
+      {"TimeReference", number<std::int64_t>(data, bext::kTimeReference)},
+      {"Version", number<std::uint16_t>(data, bext::kVersion)},
+      {"UniqueMaterialIdentifier", field(data, bext::kUniqueMaterialIdentifier)},
+      {"Reserved", reservedText(data)},
+      {"CodingHistory", WaveFileReader::DecodeAsString(data.bytes + bext::kFixedSize,
+                                                       data.length - bext::kFixedSize)}};
+}
+
+std::string FileDescription::text() const {
+  const std::string path = _json["path"];
+  const std::string reason = _json["reason"];
+  if (!_reader) return fmt::format("{}\n  cannot be read: {}\n", path, reason);
+  const auto yesNo = [this](const char* key) { return _json[key].get<bool>() ? "yes" : "no"; };
+  const WaveHeader& header = _reader->header();
+  std::string text = fmt::format("{}\n  WAVE file: {}   of the recorder: {}   raw M/S: {}\n", path,
+                                 yesNo("valid"), yesNo("recorder"), yesNo("raw_ms"));
+  if (!reason.empty()) text += fmt::format("  {}\n", reason);
+  text += fmt::format("  {} channels, {} Hz, {}-bit {}, {}\n", header.NumChannels,
+                      header.SampleRate, header.BitsPerSample, encodingText(header),
+                      durationText(_reader->durationSeconds()));
+  for (const ordered_json& chunk : _json["chunks"]) {
+    text += fmt::format("  chunk {}  at {:>10}  {:>10} bytes\n", chunk["id"].get<std::string>(),
+                        chunk["position"].get<std::uint32_t>(), chunk["size"].get<std::uint32_t>());
+  }
+  for (const auto& [name, value] : _json["bext"].items()) {
+    text += fmt::format("  {}: {}\n", name,
+                        value.is_string() ? value.get<std::string>() : value.dump());
+  }
+  return text;
+}
+
+std::string FileDescription::audioWarning(const WaveFileReader& reader) {
+  const WaveHeader& header = reader.header();
+  const std::uint64_t held =
+      reader.image()->size() -
+      std::min<std::uint64_t>(header.dataChunkPosition, reader.image()->size());
+  SampleCursor cursor = WaveFileReader(reader).cursor();
+  cursor.beginReadSample();
+  if (cursor.framesLeft() == 0) {
+    return fmt::format("No audio: the data chunk states {} bytes, the file holds {} after it",
+                       header.dataChunkLength, held);
+  }
+  if (header.dataChunkLength <= held) return "";
+  return fmt::format("Cut short: the data chunk states {} bytes, the file holds {}",
+                     header.dataChunkLength, held);
+}

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "wav/WaveFileReader.h"
+
+/// What there is to say about one file, as data and as text for people.
+class FileDescription {
+ public:
+  /// Reads what describes the file, not its samples. False from `isReadable` when it cannot.
+  explicit FileDescription(const std::filesystem::path& path);
+
+  [[nodiscard]] bool isReadable() const { return _reader != nullptr; }
+  /// Keys: path, valid, recorder, raw_ms, reason, header, chunks, bext (null without one),
+  /// duration_seconds.
+  [[nodiscard]] const nlohmann::ordered_json& json() const { return _json; }
+  /// The same over several lines.
+  [[nodiscard]] std::string text() const;
+
+  /// What a listener should know of the sample data before an export: that there is none, or that
+  /// it is cut short. Empty when all is well.
+  static std::string audioWarning(const WaveFileReader& reader);
+
+ private:
+  void describeChunks();
+  void describeBext();
+
+  std::unique_ptr<WaveFileReader> _reader;
+  nlohmann::ordered_json _json;
+};

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/LevelsCommand.h"
+
+#include <fmt/format.h>
+
+#include "cli/Interrupt.h"
+#include "cli/NumberCheck.h"
+#include "export/Export.h"
+
+namespace {
+
+constexpr double kMostAngle = 150;
+constexpr double kMostGain = 36;
+constexpr double kMostSeconds = 1e9;
+
+}  // namespace
+
+CLI::App* LevelsCommand::declare(CLI::App& program) {
+  CLI::App* command = program.add_subcommand("levels", "Measure the highest values of a stretch");
+  command->add_option("--from", _from, "Start in seconds")
+      ->required()
+      ->check(realBetween(0, kMostSeconds));
+  command->add_option("--to", _to, "End in seconds")
+      ->required()
+      ->check(realBetween(0, kMostSeconds));
+  command->add_option("--gain", _gain, "Gain in dB; positive is louder")
+      ->check(realBetween(-kMostGain, kMostGain))
+      ->capture_default_str();
+  command->add_option("--angle", _angle, "Stereo width in degrees; 0 is mono")
+      ->check(realBetween(0, kMostAngle))
+      ->capture_default_str();
+  command->add_option("FILE", _file, "Recording")->required();
+  return command;
+}
+
+int LevelsCommand::run() {
+  const Export job(_file);
+  if (!job.IsFileValid()) {
+    fmt::print(stderr, "mixdeck-cli: {}: File not supported. {}\n", _file.native(), job.failure());
+    return kFailed;
+  }
+  const WaveImage& image = *job.reader()->image();
+  if (!image.waitUntilLoaded(image.size(), &Interrupt::requested())) {
+    fmt::print(stderr, "mixdeck-cli: {}: {}\n", _file.native(), image.failure());
+    return kFailed;
+  }
+  float left = 0;
+  float right = 0;
+  job.reader()->getSampleLevelMeterFrom(_from, _to, left, right, -_gain, _angle);
+  fmt::print("{:.9g} {:.9g}\n", left, right);
+  return kDone;
+}

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <array>
+#include <clocale>
+#include <cstdio>
+#include <exception>
+#include <utility>
+#include <vector>
+
+#include "cli/Command.h"
+#include "cli/DemoCommand.h"
+#include "cli/ExportCommand.h"
+#include "cli/InfoCommand.h"
+#include "cli/Interrupt.h"
+#include "cli/LevelsCommand.h"
+#include "cli/Version.h"
+
+namespace {
+
+int runProgram(int argc, char** argv) {
+  CLI::App program("Decodes, measures and describes the recordings of the TARN J4.", "mixdeck-cli");
+  program.set_version_flag("--version", std::string("mixdeck-cli ") + kVersion);
+  program.require_subcommand(1);
+  ExportCommand exportCommand;
+  InfoCommand info;
+  LevelsCommand levels;
+  DemoCommand demo;
+  std::vector<std::pair<CLI::App*, Command*>> commands;
+  for (Command* command : std::to_array<Command*>({&exportCommand, &info, &levels, &demo})) {
+    commands.emplace_back(command->declare(program), command);
+  }
+  try {
+    program.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return program.exit(error) == 0 ? Command::kDone : Command::kUsage;
+  }
+  for (const auto& [words, command] : commands) {
+    if (words->parsed()) return command->run();
+  }
+  return Command::kUsage;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  Interrupt::install();
+  try {
+    const int status = runProgram(argc, argv);
+    if (std::fflush(stdout) == 0) return status;
+    std::perror("mixdeck-cli: standard output");
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "mixdeck-cli: %s\n", error.what());
+  }
+  return Command::kFailed;
+}
