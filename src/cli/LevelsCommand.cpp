@@ -41,7 +41,8 @@ int LevelsCommand::run() {
     fmt::print(stderr, "mixdeck-cli: {}: File not supported. {}\n", _file.native(), job.failure());
     return kFailed;
   }
-  const WaveImage& image = *job.reader()->image();
+  WaveImage& image = *job.reader()->image();
+  image.startLoading();
   if (!image.waitUntilLoaded(image.size(), &Interrupt::requested())) {
     fmt::print(stderr, "mixdeck-cli: {}: {}\n", _file.native(), image.failure());
     return kFailed;

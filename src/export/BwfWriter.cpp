@@ -114,8 +114,8 @@ bool BwfWriter::streamTo(const std::filesystem::path& path, AtomicFile::Existing
   _stream = std::make_unique<AtomicFile>(path, existing);
   _streamPath = path;
   _streamed = 0;
-  _data.reserve(2 * kStreamBlock);
   _stream->hasRoomFor(expectedSize);
+  _sender = std::make_unique<BackgroundWriter>(*_stream);
   _failure = _stream->failure();
   return _failure.empty();
 }
@@ -127,25 +127,32 @@ void BwfWriter::reserve(std::uint64_t sampleBytes) {
 void BwfWriter::Write(const void* bytes, std::uint32_t count) {
   append({static_cast<const std::byte*>(bytes), count});
   _dataLength += count;
-  if (_stream && _data.size() >= kStreamBlock) sendOut(_data.size() / kStreamBlock * kStreamBlock);
+  if (_sender && _data.size() >= kStreamBlock) sendOut();
 }
 
-void BwfWriter::sendOut(std::size_t count) {
-  if (!_stream->write(std::span(_data).first(count))) _failure = _stream->failure();
-  _streamed += count;
-  _data.erase(_data.begin(), _data.begin() + static_cast<std::ptrdiff_t>(count));
+void BwfWriter::sendOut() {
+  _streamed += _data.size();
+  _sender->submit(_data);
+  if (_sender->hasFailed()) finishSending();
+}
+
+void BwfWriter::finishSending() {
+  if (_sender) _sender->finish();
+  _sender.reset();
+  if (_stream && _failure.empty()) _failure = _stream->failure();
 }
 
 void BwfWriter::patchU32(std::uint32_t position, std::uint32_t value) {
   const auto bytes = std::as_bytes(std::span(&value, 1));
   if (_streamed == 0) {
     std::copy(bytes.begin(), bytes.end(), _data.begin() + position);
-  } else if (!_stream->writeAt(position, bytes)) {
-    _failure = _stream->failure();
+  } else if (_stream) {
+    _stream->writeAt(position, bytes);
   }
 }
 
 void BwfWriter::FixUpChunkSizes() {
+  finishSending();
   const std::uint64_t length = _streamed + _data.size();
   patchU32(kRiffSizePosition, static_cast<std::uint32_t>(length - kChunkHeader));
   patchU32(_dataChunkSizePosition, _dataLength);
@@ -155,6 +162,7 @@ bool BwfWriter::Save2File(const std::filesystem::path& path) {
   const bool isStreamed = !_streamPath.empty();
   if (isStreamed && (!_stream || path != _streamPath)) return false;
   if (!isStreamed) _stream = std::make_unique<AtomicFile>(path, AtomicFile::Existing::Replace);
+  finishSending();
   const bool saved = _stream->write(_data) && _stream->commit();
   _failure = _stream->failure();
   _stream.reset();
@@ -163,5 +171,6 @@ bool BwfWriter::Save2File(const std::filesystem::path& path) {
 
 void BwfWriter::dispose() {
   _data = {};
+  _sender.reset();
   _stream.reset();
 }

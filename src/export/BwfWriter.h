@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "export/AtomicFile.h"
+#include "export/BackgroundWriter.h"
 #include "wav/BextChunkInfo.h"
 #include "wav/WaveFileReader.h"
 
@@ -19,7 +20,8 @@
 ///
 /// Order of use: construct, `Write` the sample bytes, `FixUpChunkSizes`, `Save2File`. The file is
 /// held in memory until it is saved, unless `streamTo` comes before the first `Write`: then the
-/// bytes go to the target's temporary file as they arrive. Nothing throws; one thread at a time.
+/// bytes go to the target's temporary file, on a thread of their own, as they arrive. Nothing
+/// throws; one thread at a time.
 class BwfWriter {
  public:
   /// Writes every header. Channels and rate are the source's; with no source they are 0, as are
@@ -65,13 +67,15 @@ class BwfWriter {
   void appendBext(const BextChunkInfo& bext);
   void appendFormat(const WaveHeader& source, bool is24bit);
   void patchU32(std::uint32_t position, std::uint32_t value);
-  void sendOut(std::size_t count);
+  void sendOut();
+  void finishSending();
 
   std::vector<std::byte> _data;
   std::uint32_t _dataChunkSizePosition = 0;
   std::uint32_t _dataLength = 0;
   std::unique_ptr<AtomicFile> _stream;
   std::filesystem::path _streamPath;  ///< empty while the file is held in memory
-  std::uint64_t _streamed = 0;        ///< bytes already sent to `_stream`
+  std::unique_ptr<BackgroundWriter> _sender;
+  std::uint64_t _streamed = 0;  ///< bytes already sent to `_stream`
   std::string _failure;
 };

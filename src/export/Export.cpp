@@ -57,7 +57,6 @@ Export::Export(const std::filesystem::path& filePath)
     : _dirPath(filePath.parent_path()), _filePath(filePath) {
   _reader = WaveFileReader::openFile(filePath, _failure);
   _isFileValid = _reader && recognise();
-  if (_isFileValid) _reader->image()->startLoading();
 }
 
 bool Export::checkFileValid(std::span<const std::byte> data) {
@@ -91,11 +90,9 @@ bool Export::isSource(const std::filesystem::path& path) const {
 }
 
 std::uint64_t Export::outputSize(bool is24bit) const {
-  SampleCursor cursor = _reader->cursor();
-  cursor.beginReadSample();
   const int bits = is24bit ? 24 : 32;
   const std::uint64_t frameBytes = 2 * static_cast<std::uint64_t>(bits) / 8;
-  return BwfWriter::fileSize(historyOf(bits), cursor.framesLeft() * frameBytes);
+  return BwfWriter::fileSize(historyOf(bits), FrameStream(*_reader).framesLeft() * frameBytes);
 }
 
 bool Export::export2File(const std::filesystem::path& path, bool Is24bit, bool IsNormalize) {
@@ -127,16 +124,13 @@ bool Export::prepare(const std::filesystem::path& path, BwfWriter& writer) {
 }
 
 void Export::editAndWriteSample(BwfWriter& writer) {
-  SampleCursor cursor = _reader->cursor();
-  cursor.beginReadSample();
+  FrameStream source(*_reader, _cancel);
   _framesDone = 0;
-  _framesToDo = cursor.framesLeft() * (_normalize ? 2 : 1);
-  const Attenuation attenuation = this->attenuation(cursor);
+  _framesToDo = source.framesLeft() * (_normalize ? 2 : 1);
+  const Attenuation attenuation = this->attenuation();
   SampleWriter out(writer, _isExport24Bit);
   std::array<float, kBlockFloats> block;
-  while (!stopped()) {
-    const std::uint64_t count = fillBlock(cursor, block);
-    if (count == 0) break;
+  while (const std::uint64_t count = fillBlock(source, block)) {
     const std::span<float> frames = std::span(block).first(2 * count);
     decode(frames);
     GainStage::apply(frames, attenuation.left, attenuation.right);
@@ -146,11 +140,12 @@ void Export::editAndWriteSample(BwfWriter& writer) {
   }
 }
 
-Export::Attenuation Export::attenuation(SampleCursor cursor) {
+Export::Attenuation Export::attenuation() {
   if (!_normalize) return {-_gain, -_gain};
+  FrameStream source(*_reader, _cancel);
   float peak = 0;
   std::array<float, kBlockFloats> block;
-  while (const std::uint64_t count = fillBlock(cursor, block)) {
+  while (const std::uint64_t count = fillBlock(source, block)) {
     const std::span<float> frames = std::span(block).first(2 * count);
     decode(frames);
     peak = Kernels::peakMagnitude(frames, peak);
@@ -160,19 +155,15 @@ Export::Attenuation Export::attenuation(SampleCursor cursor) {
   return {dB, dB};
 }
 
-// Waits for what is still being loaded. Returns frames, 0 at the end and when it has to stop.
-std::uint64_t Export::fillBlock(SampleCursor& cursor, std::span<float> block) {
-  const std::uint64_t wanted = std::min<std::uint64_t>(block.size() / 2, cursor.framesLeft());
+// Returns frames; 0 at the end and when the export has to stop.
+std::uint64_t Export::fillBlock(FrameStream& source, std::span<float> block) {
   if (_cancel != nullptr && _cancel->load(std::memory_order_relaxed)) _wasCancelled = true;
-  if (wanted == 0 || stopped()) return 0;
-  const WaveImage& image = *_reader->image();
-  if (image.waitUntilLoaded(cursor.loadedEndFor(wanted), _cancel)) return cursor.readFrames(block);
-  const std::string reason = image.failure();
-  if (reason.empty()) {
-    _wasCancelled = true;
-  } else {
-    fail(fmt::format("The source cannot be read: {}", reason));
-  }
+  if (stopped() || source.framesLeft() == 0) return 0;
+  const std::uint64_t count = source.read(block);
+  if (count > 0) return count;
+  if (!source.failure().empty())
+    fail(fmt::format("The source cannot be read: {}", source.failure()));
+  _wasCancelled = source.failure().empty();
   return 0;
 }
 

@@ -13,16 +13,19 @@
 #include "export/AtomicFile.h"
 #include "export/BwfWriter.h"
 #include "wav/BextChunkInfo.h"
+#include "wav/FrameStream.h"
 #include "wav/WavArray.h"
 #include "wav/WaveFileReader.h"
 
 /// One open recording: whether it is the recorder's, and its export as a decoded Left/Right file.
 ///
-/// A valid job begins at once to load its file in the background; `reader` may be used meanwhile.
-/// Nothing throws: operations return false, and `failure` tells why in words for people.
+/// A job indexes its file but does not hold it: an export streams from the file, or from the
+/// reader's image as far as that is loaded. Who needs the samples in memory, as the meters do,
+/// calls `reader()->image()->startLoading()`. Nothing throws: operations return false, and
+/// `failure` tells why in words for people.
 ///
 /// Threads: one thread at a time, but for the cancel flag, which any thread may set. An export has
-/// a cursor of its own, so it may run on a worker while others read through copies of `reader`.
+/// a stream of its own, so it may run on a worker while others read through copies of `reader`.
 class Export {
  public:
   /// Told how much of the work is done, 0 to 1, on the thread that exports.
@@ -90,8 +93,8 @@ class Export {
 
   bool recognise();
   bool prepare(const std::filesystem::path& path, BwfWriter& writer);
-  Attenuation attenuation(SampleCursor cursor);
-  std::uint64_t fillBlock(SampleCursor& cursor, std::span<float> block);
+  Attenuation attenuation();
+  std::uint64_t fillBlock(FrameStream& source, std::span<float> block);
   void decode(std::span<float> frames) const;
   void report(std::uint64_t framesDone);
   bool fail(const std::string& reason);

@@ -77,6 +77,7 @@ std::shared_ptr<WaveImage> WaveImage::fromFile(const std::filesystem::path& path
     return nullptr;
   }
   image->_size = static_cast<std::uint64_t>(status.st_size);
+  posix_fadvise(image->_file, 0, 0, POSIX_FADV_SEQUENTIAL);
   return image;
 }
 
@@ -166,4 +167,12 @@ std::size_t WaveImage::readAt(std::uint64_t offset, std::span<std::byte> to) con
   const ssize_t got = readFully(_file, to.data(), count, offset);
   if (got < 0) fail(errorText(errno));
   return static_cast<std::size_t>(std::max<ssize_t>(0, got));
+}
+
+std::span<const std::byte> WaveImage::view(std::uint64_t offset, std::size_t count,
+                                           std::vector<std::byte>& scratch) const {
+  const std::uint64_t arrived = loaded();
+  if (arrived >= count && offset <= arrived - count) return bytes().subspan(offset, count);
+  scratch.resize(count);
+  return std::span(scratch).first(readAt(offset, scratch));
 }

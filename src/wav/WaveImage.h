@@ -11,6 +11,7 @@
 #include <mutex>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "wav/WavArray.h"
 
@@ -57,6 +58,11 @@ class WaveImage : public std::enable_shared_from_this<WaveImage> {
   /// itself. Returns how many were there, less than asked only at the end or on a read error
   /// (which `failure` then tells).
   std::size_t readAt(std::uint64_t offset, std::span<std::byte> to) const;
+
+  /// `count` bytes from `offset` on, fewer where `readAt` would give fewer: in place where they
+  /// have arrived, else read into `scratch`.
+  std::span<const std::byte> view(std::uint64_t offset, std::size_t count,
+                                  std::vector<std::byte>& scratch) const;
 
  private:
   WaveImage() = default;
