@@ -41,15 +41,16 @@ constexpr std::size_t kBlockFloats = 9600;
 
 // What the recorder's header has in common with an export's: two channels and the rate.
 std::unique_ptr<WaveFileReader> blankRecording() {
-  struct {
-    std::uint32_t riff[3] = {kRiffID, 40, kWaveID};
-    std::uint32_t format[2] = {kFmtID, 16};
-    std::uint16_t tagAndChannels[2] = {kFormatPCM, 2};
-    std::uint32_t rates[2] = {DemoScene::kRate, 6 * DemoScene::kRate};
-    std::uint16_t alignAndBits[2] = {6, 24};
-    std::uint32_t data[2] = {kDataID, 0};
+  struct Bytes {
+    std::array<std::uint32_t, 3> riff{kRiffID, 40, kWaveID};
+    std::array<std::uint32_t, 2> format{kFmtID, 16};
+    std::array<std::uint16_t, 2> tagAndChannels{kFormatPCM, 2};
+    std::array<std::uint32_t, 2> rates{DemoScene::kRate, 6 * DemoScene::kRate};
+    std::array<std::uint16_t, 2> alignAndBits{6, 24};
+    std::array<std::uint32_t, 2> data{kDataID, 0};
     std::uint32_t filler = 0;
-  } const bytes;
+  };
+  const Bytes bytes;
   return WaveFileReader::readFromData(std::as_bytes(std::span(&bytes, 1)));
 }
 

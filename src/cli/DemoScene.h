@@ -10,7 +10,7 @@
 class DemoScene {
  public:
   static constexpr std::uint32_t kRate = 48000;  ///< frames per second
-  static constexpr std::uint64_t kFrames = 20 * kRate;
+  static constexpr std::uint64_t kFrames = std::uint64_t{20} * kRate;
 
   /// Fills interleaved Mid/Side frames, going on where the last call ended.
   void fill(std::span<float> frames);

@@ -20,9 +20,11 @@ class ExportCommand : public Command {
   int run() override;
 
  private:
-  bool exportItem(const ExportPlan::Item& item, std::size_t index, ProgressLine& line) const;
-  bool isAllowed(const ExportPlan::Item& item, const Export& job, ProgressLine& line) const;
-  bool announce(const ExportPlan::Item& item, const Export& job) const;
+  [[nodiscard]] bool exportItem(const ExportPlan::Item& item, std::size_t index,
+                                ProgressLine& line) const;
+  [[nodiscard]] bool isAllowed(const ExportPlan::Item& item, const Export& job,
+                               ProgressLine& line) const;
+  [[nodiscard]] bool announce(const ExportPlan::Item& item, const Export& job) const;
   [[nodiscard]] bool is24bit() const { return _format == "24"; }
 
   std::vector<std::filesystem::path> _files;

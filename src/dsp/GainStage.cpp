@@ -32,7 +32,7 @@ void GainStage::glide(std::span<float> frames, const AdjustDBInfo& info) {
   const double to = glideEnd(info.curGain);
   const std::size_t ramp = std::min(frames.size() / 2, kRampFrames);
   for (std::size_t n = 0; n < ramp; ++n) {
-    const double position = static_cast<double>(n);
+    const auto position = static_cast<double>(n);
     const auto divisor =
         static_cast<float>(from + (to - from) * position / static_cast<double>(ramp));
     PlainKernels::divide(frames.subspan(2 * n, 2), divisor, divisor);

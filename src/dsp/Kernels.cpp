@@ -3,6 +3,7 @@
 
 #include "dsp/Kernels.h"
 
+#include <array>
 #include <cstdint>
 
 #include "dsp/PlainKernels.h"
@@ -56,11 +57,12 @@ using Int32Tag = hn::RebindToSigned<FloatTag>;
 // of 12, and touches 4 bytes beyond what it is for.
 constexpr std::size_t kPackedBlock = 12;
 constexpr std::size_t kBlock = 16;
+using BlockPattern = std::array<std::uint8_t, kBlock>;
 
 // A shuffle of one block, repeated for every block of a vector.
 template <class D>
-HWY_INLINE hn::Vec<D> shuffle(D d, const std::uint8_t (&pattern)[kBlock]) {
-  return hn::LoadDup128(d, pattern);
+HWY_INLINE hn::Vec<D> shuffle(D d, const BlockPattern& pattern) {
+  return hn::LoadDup128(d, pattern.data());
 }
 
 template <class D>
@@ -99,8 +101,8 @@ HWY_ATTR void unpack24(const std::uint8_t* bytes, float* samples, std::size_t co
   const Int32Tag di;
   // Each sample goes to the top three bytes of a lane, that is 256 times its value: exact in a
   // float, as is the product with a power of two.
-  static constexpr std::uint8_t kPattern[kBlock] = {0x80, 0, 1, 2, 0x80, 3, 4,  5,
-                                                    0x80, 6, 7, 8, 0x80, 9, 10, 11};
+  static constexpr BlockPattern kPattern = {0x80, 0, 1, 2, 0x80, 3, 4,  5,
+                                            0x80, 6, 7, 8, 0x80, 9, 10, 11};
   const auto pattern = shuffle(db, kPattern);
   const auto scale = hn::Set(df, 4.656612873077393e-10F);  // 2^-31
   const std::size_t lanes = hn::Lanes(df);
@@ -118,8 +120,8 @@ HWY_ATTR void pack24(const float* samples, std::uint8_t* bytes, std::size_t coun
   const FloatTag df;
   const ByteTag db;
   const Int32Tag di;
-  static constexpr std::uint8_t kPattern[kBlock] = {0,  1,  2,  4,  5,    6,    8,    9,
-                                                    10, 12, 13, 14, 0x80, 0x80, 0x80, 0x80};
+  static constexpr BlockPattern kPattern = {0,  1,  2,  4,  5,    6,    8,    9,
+                                            10, 12, 13, 14, 0x80, 0x80, 0x80, 0x80};
   const auto pattern = shuffle(db, kPattern);
   const auto one = hn::Set(df, 1.0F);
   const auto minusOne = hn::Set(df, -1.0F);

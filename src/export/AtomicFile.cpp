@@ -63,11 +63,12 @@ bool isNamed(int file, const fs::path& name) {
 }
 
 // Naming and renaming are two steps; a kill between them would leave the temporary name behind.
-// They run in a child in a process group of its own, which a kill of this process does not reach.
+// They run in a child in a session of its own, which a kill of this process does not reach; it only
+// makes system calls, so other threads do not matter to it.
 // Returns 0 or the error.
 int nameAndRename(int file, const fs::path& temporary, const fs::path& target) {
   const std::string procPath = fmt::format("/proc/self/fd/{}", file);
-  const pid_t child = vfork();  // NOLINT(clang-analyzer-security.insecureAPI.vfork)
+  const pid_t child = fork();
   if (child < 0) return errno;
   if (child == 0) {
     setsid();

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::size_t kBlockBytes = 240 * 1024;
+constexpr std::size_t kBlockBytes = 245760;
 
 std::uint64_t framesIn(const WaveFileReader& reader) {
   SampleCursor cursor = WaveFileReader(reader).cursor();

@@ -129,7 +129,7 @@ void WaveFileReader::getSampleLevelMeterFrom(double from, double to, float& chan
   chanelLeft = chanelRight = FrameDecoder::kNoSample;
   if (_cursor.frameBytes() == 0) return;
   const std::uint64_t start = header().dataChunkPosition;
-  const double frame = static_cast<double>(_cursor.frameBytes());
+  const auto frame = static_cast<double>(_cursor.frameBytes());
   const double rate = header().SampleRate;
   const double end = rate * to * frame + static_cast<double>(start);
   std::array<float, 2> maxima{FrameDecoder::kNoSample, FrameDecoder::kNoSample};
