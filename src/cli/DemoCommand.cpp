@@ -15,6 +15,7 @@
 
 #include "cli/DemoScene.h"
 #include "cli/Interrupt.h"
+#include "cli/Problem.h"
 #include "dsp/Kernels.h"
 #include "dsp/MidSideDecoder.h"
 #include "export/BwfWriter.h"
@@ -116,7 +117,7 @@ int DemoCommand::run() {
     if (whyNot.empty()) {
       fmt::print("{}: {}\n", path.native(), recording.description);
     } else {
-      fmt::print(stderr, "mixdeck-cli: {}: Fail to save. {}\n", path.native(), whyNot);
+      fmt::print(stderr, "{}\n", problemLine(path, kFailToSave, whyNot));
       status = kFailed;
     }
   }

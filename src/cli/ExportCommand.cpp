@@ -13,6 +13,8 @@
 #include "cli/FileDescription.h"
 #include "cli/Interrupt.h"
 #include "cli/NumberCheck.h"
+#include "cli/Printable.h"
+#include "cli/Problem.h"
 
 namespace fs = std::filesystem;
 
@@ -21,10 +23,6 @@ namespace {
 constexpr unsigned kMostJobs = 256;
 constexpr double kMostAngle = 150;
 constexpr double kMostGain = 36;
-
-std::string problem(const fs::path& path, const char* text, const std::string& reason) {
-  return fmt::format("mixdeck-cli: {}: {} {}", path.native(), text, reason);
-}
 
 }  // namespace
 
@@ -82,16 +80,16 @@ bool ExportCommand::exportItem(const ExportPlan::Item& item, std::size_t index,
   Export job(item.source);
   if (!isAllowed(item, job, line)) return false;
   const std::string warning = FileDescription::audioWarning(*job.reader());
-  if (!warning.empty()) line.message(problem(item.source, "Warning:", warning));
+  if (!warning.empty()) line.message(problemLine(item.source, "Warning:", warning));
   if (_isDryRun) return announce(item, job);
   job.setAngle(_angle);
   job.setGain(_gain);
   job.setExisting(_force ? AtomicFile::Existing::Replace : AtomicFile::Existing::Refuse);
   job.setCancelFlag(&Interrupt::requested());
-  const std::string name = item.source.filename().native();
+  const std::string name = printable(item.source.filename().native());
   job.setProgress([&](double done) { line.update(index, name, done); });
   if (job.export2File(item.target, is24bit(), _normalize)) return true;
-  if (!job.wasCancelled()) line.message(problem(item.target, "Fail to save.", job.failure()));
+  if (!job.wasCancelled()) line.message(problemLine(item.target, kFailToSave, job.failure()));
   return false;
 }
 
@@ -100,13 +98,13 @@ bool ExportCommand::isAllowed(const ExportPlan::Item& item, const Export& job,
   std::error_code error;
   std::string text;
   if (!job.IsFileValid()) {
-    text = problem(item.source, "File not supported.", job.failure());
+    text = problemLine(item.source, kFileNotSupported, job.failure());
   } else if (job.isSource(item.target)) {
-    text = problem(item.target, "Fail to open.", "The target is the source itself");
+    text = problemLine(item.target, kFailToOpen, "The target is the source itself");
   } else if (!item.refusal.empty()) {
-    text = problem(item.target, "Fail to save.", item.refusal);
+    text = problemLine(item.target, kFailToSave, item.refusal);
   } else if (!_force && fs::exists(fs::symlink_status(item.target, error))) {
-    text = problem(item.target, "Fail to save.", "The file exists; --force replaces it");
+    text = problemLine(item.target, kFailToSave, "The file exists; --force replaces it");
   } else {
     return true;
   }

@@ -21,7 +21,7 @@ fs::path targetFor(const fs::path& source, const fs::path& output, const fs::pat
 // One text for one file, whatever the way to it.
 fs::path identity(const fs::path& path) {
   std::error_code error;
-  const fs::path whole = fs::weakly_canonical(path, error);
+  const fs::path whole = fs::weakly_canonical(fs::absolute(path), error);
   return error ? path : whole;
 }
 

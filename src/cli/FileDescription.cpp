@@ -11,8 +11,10 @@
 #include <memory>
 #include <string_view>
 
+#include "cli/Printable.h"
 #include "export/Recognition.h"
 #include "wav/BextLayout.h"
+#include "wav/FrameStream.h"
 
 using nlohmann::ordered_json;
 
@@ -130,8 +132,8 @@ void FileDescription::describeBext() {
 }
 
 std::string FileDescription::text() const {
-  const std::string path = _json["path"];
-  const std::string reason = _json["reason"];
+  const std::string path = printable(_json["path"].get<std::string>());
+  const std::string reason = printable(_json["reason"].get<std::string>());
   if (!_reader) return fmt::format("{}\n  cannot be read: {}\n", path, reason);
   const auto yesNo = [this](const char* key) { return _json[key].get<bool>() ? "yes" : "no"; };
   const WaveHeader& header = _reader->header();
@@ -142,12 +144,13 @@ std::string FileDescription::text() const {
                       header.SampleRate, header.BitsPerSample, encodingText(header),
                       durationText(_reader->durationSeconds()));
   for (const ordered_json& chunk : _json["chunks"]) {
-    text += fmt::format("  chunk {}  at {:>10}  {:>10} bytes\n", chunk["id"].get<std::string>(),
+    text += fmt::format("  chunk {}  at {:>10}  {:>10} bytes\n",
+                        printable(chunk["id"].get<std::string>()),
                         chunk["position"].get<std::uint32_t>(), chunk["size"].get<std::uint32_t>());
   }
   for (const auto& [name, value] : _json["bext"].items()) {
-    text += fmt::format("  {}: {}\n", name,
-                        value.is_string() ? value.get<std::string>() : value.dump());
+    const std::string shown = value.is_string() ? value.get<std::string>() : value.dump();
+    text += fmt::format("  {}: {}\n", name, printable(shown));
   }
   return text;
 }
@@ -157,9 +160,7 @@ std::string FileDescription::audioWarning(const WaveFileReader& reader) {
   const std::uint64_t held =
       reader.image()->size() -
       std::min<std::uint64_t>(header.dataChunkPosition, reader.image()->size());
-  SampleCursor cursor = WaveFileReader(reader).cursor();
-  cursor.beginReadSample();
-  if (cursor.framesLeft() == 0) {
+  if (FrameStream(reader).framesLeft() == 0) {
     return fmt::format("No audio: the data chunk states {} bytes, the file holds {} after it",
                        header.dataChunkLength, held);
   }

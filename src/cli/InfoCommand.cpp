@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/FileDescription.h"
+#include "cli/Problem.h"
 
 CLI::App* InfoCommand::declare(CLI::App& program) {
   CLI::App* command = program.add_subcommand("info", "Tell what a file is and holds");
@@ -25,8 +26,8 @@ int InfoCommand::run() {
     fmt::print("{}", _asJson ? description.json().dump(-1, ' ', false, kReplace) + "\n"
                              : description.text());
     if (description.isReadable()) continue;
-    fmt::print(stderr, "mixdeck-cli: {}: {}\n", file.native(),
-               description.json()["reason"].get<std::string>());
+    const auto reason = description.json()["reason"].get<std::string>();
+    fmt::print(stderr, "{}\n", problemLine(file, kFailToOpen, reason));
     status = kFailed;
   }
   return status;

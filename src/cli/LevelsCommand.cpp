@@ -7,6 +7,7 @@
 
 #include "cli/Interrupt.h"
 #include "cli/NumberCheck.h"
+#include "cli/Problem.h"
 #include "export/Export.h"
 
 namespace {
@@ -38,13 +39,13 @@ CLI::App* LevelsCommand::declare(CLI::App& program) {
 int LevelsCommand::run() {
   const Export job(_file);
   if (!job.IsFileValid()) {
-    fmt::print(stderr, "mixdeck-cli: {}: File not supported. {}\n", _file.native(), job.failure());
+    fmt::print(stderr, "{}\n", problemLine(_file, kFileNotSupported, job.failure()));
     return kFailed;
   }
   WaveImage& image = *job.reader()->image();
   image.startLoading();
   if (!image.waitUntilLoaded(image.size(), &Interrupt::requested())) {
-    fmt::print(stderr, "mixdeck-cli: {}: {}\n", _file.native(), image.failure());
+    fmt::print(stderr, "{}\n", problemLine(_file, kFailToOpen, image.failure()));
     return kFailed;
   }
   float left = 0;
