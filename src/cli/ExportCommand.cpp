@@ -64,15 +64,19 @@ int ExportCommand::run() {
       if (Interrupt::requested() || !exportItem(items[i], i, line)) isAllDone = false;
     }
   };
-  const unsigned wanted = _jobs > 0 ? _jobs : std::max(1U, std::thread::hardware_concurrency());
   std::vector<std::jthread> helpers;
-  for (std::size_t i = 1; i < std::min<std::size_t>(wanted, items.size()); ++i) {
+  for (std::size_t i = 1; i < std::min<std::size_t>(parallelJobs(), items.size()); ++i) {
     helpers.emplace_back(work);
   }
   work();
   helpers.clear();
   if (Interrupt::requested()) line.message("mixdeck-cli: cancelled");
   return isAllDone ? kDone : kFailed;
+}
+
+unsigned ExportCommand::parallelJobs() const {
+  if (_isDryRun) return 1;  // to tell in the order of the command line
+  return _jobs > 0 ? _jobs : std::max(1U, std::thread::hardware_concurrency());
 }
 
 bool ExportCommand::exportItem(const ExportPlan::Item& item, std::size_t index,

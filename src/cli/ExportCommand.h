@@ -20,6 +20,7 @@ class ExportCommand : public Command {
   int run() override;
 
  private:
+  [[nodiscard]] unsigned parallelJobs() const;
   [[nodiscard]] bool exportItem(const ExportPlan::Item& item, std::size_t index,
                                 ProgressLine& line) const;
   [[nodiscard]] bool isAllowed(const ExportPlan::Item& item, const Export& job,
