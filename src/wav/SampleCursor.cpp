@@ -19,7 +19,7 @@ std::uint64_t SampleCursor::framesLeft() const {
 }
 
 std::uint64_t SampleCursor::loadedEndFor(std::uint64_t count) const {
-  if (count == 0) return _readDataIdx;
+  if (count == 0 || !_image) return _readDataIdx;
   const std::uint64_t lastFrame = _readDataIdx + (count - 1) * _decoder.frameBytes();
   return std::min(lastFrame + _decoder.reach(), _image->size());
 }

@@ -102,7 +102,11 @@ bool WaveImage::allocate() {
 }
 
 void WaveImage::startLoading() {
-  if (_raw.bytes != nullptr || !allocate()) return;
+  if (_file >= 0) std::call_once(_launched, [this] { launch(); });
+}
+
+void WaveImage::launch() {
+  if (!allocate()) return;
   try {
     // The thread keeps the image alive by itself, so that nobody ever waits for a hanging medium.
     std::thread([image = shared_from_this()] { image->load(); }).detach();

@@ -20,7 +20,7 @@
 /// An image made from a file starts empty; `startLoading` fills it from the front on a thread of
 /// its own while others already read what has arrived. Bytes that have arrived never change.
 ///
-/// Threads: `startLoading` by the owner, once. Everything else from any thread at any time.
+/// Threads: everything from any thread at any time, but `raw`, which is for who began the loading.
 class WaveImage : public std::enable_shared_from_this<WaveImage> {
  public:
   /// A complete image holding a copy of `data`.
@@ -44,12 +44,13 @@ class WaveImage : public std::enable_shared_from_this<WaveImage> {
   /// The block that holds the image; of it `loaded` bytes are valid.
   [[nodiscard]] const WavArray& raw() const { return _raw; }
 
-  /// Begins to fill the image on a thread of its own. Returns at once.
+  /// Begins to fill the image on a thread of its own. Returns at once; a second call does nothing.
   void startLoading();
   /// Gives up loading; waiters return. Returns at once, even when the medium hangs.
   void abandon();
   /// Waits until the first `end` bytes (at most `size`) are there. False when loading failed or was
-  /// given up, or `*cancel` became true first (checked every 20 ms).
+  /// given up, or `*cancel` became true first (checked every 20 ms). An image
+  /// that nobody loads is waited for until then.
   bool waitUntilLoaded(std::uint64_t end, const std::atomic<bool>* cancel = nullptr) const;
   /// Why reading the file failed; empty when it did not.
   [[nodiscard]] std::string failure() const;
@@ -67,12 +68,14 @@ class WaveImage : public std::enable_shared_from_this<WaveImage> {
  private:
   WaveImage() = default;
   bool allocate();
+  void launch();
   void load();
   void fail(const std::string& reason) const;
 
   int _file = -1;
   std::uint64_t _size = 0;
   WavArray _raw;
+  std::once_flag _launched;
   std::atomic<std::uint64_t> _loaded{0};
   mutable std::atomic<bool> _stopped{false};
   mutable std::mutex _mutex;  ///< guards `_failure` and the waits

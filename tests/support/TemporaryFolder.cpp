@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 namespace fs = std::filesystem;
@@ -44,9 +43,8 @@ std::vector<std::string> TemporaryFolder::names() const {
 std::vector<std::byte> TemporaryFolder::read(const fs::path& path) {
   std::ifstream in(path, std::ios::binary);
   if (!in) throw std::runtime_error("cannot read " + path.native());
-  const std::string text{std::istreambuf_iterator<char>(in), {}};
-  std::vector<std::byte> bytes(text.size());
-  std::transform(text.begin(), text.end(), bytes.begin(),
-                 [](char character) { return static_cast<std::byte>(character); });
+  std::vector<std::byte> bytes(fs::file_size(path));
+  in.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  if (!in) throw std::runtime_error("cannot read all of " + path.native());
   return bytes;
 }

@@ -1,0 +1,300 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "dsp/Kernels.h"
+
+#include <gtest/gtest.h>
+#include <hwy/targets.h>
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <vector>
+
+#include "GuardedBuffer.h"
+#include "SampleInputs.h"
+#include "dsp/PlainKernels.h"
+
+namespace {
+
+constexpr std::size_t kCounts = 100;  // several of the widest vectors
+constexpr std::size_t kOffsets = 16;  // every misalignment of a float in 64 bytes, and of a byte
+
+// Each test runs once for every instruction set that was compiled in and that this machine has.
+class KernelsTest : public testing::TestWithParam<std::int64_t> {
+ protected:
+  void SetUp() override {
+    hwy::SetSupportedTargetsForTest(GetParam());
+    hwy::GetChosenTarget().Update(GetParam());
+    ASSERT_EQ(hwy::SupportedTargets(), GetParam());
+  }
+  void TearDown() override {
+    hwy::SetSupportedTargetsForTest(0);
+    hwy::GetChosenTarget().DeInit();
+  }
+};
+
+std::string targetName(const testing::TestParamInfo<std::int64_t>& target) {
+  return hwy::TargetName(target.param);
+}
+
+// Only the sum of two NaN may differ: which of both payloads survives is the compiler's choice.
+bool isSameDecode(std::span<const float> before, std::span<const float> wanted,
+                  std::span<const float> got, float sideGain) {
+  for (std::size_t i = 0; i < wanted.size(); ++i) {
+    const bool isSum = i % 2 == 0;
+    if (isSum && std::isnan(before[i]) && std::isnan(before[i + 1] * sideGain)) {
+      if (!std::isnan(wanted[i]) || !std::isnan(got[i])) return false;
+    } else if (std::bit_cast<std::uint32_t>(wanted[i]) != std::bit_cast<std::uint32_t>(got[i])) {
+      return false;
+    }
+  }
+  return true;
+}
+
+void expectDecodeAsPlain(std::span<const float> frames, std::size_t offset, float sideGain) {
+  std::vector<float> wanted(frames.begin(), frames.end());
+  PlainKernels::decodeMidSide(wanted, sideGain);
+  GuardedBuffer<float> buffer(frames, offset);
+  Kernels::decodeMidSide(buffer.span(), sideGain);
+  ASSERT_TRUE(isSameDecode(frames, wanted, buffer.span(), sideGain))
+      << frames.size() << " floats, offset " << offset << ", gain " << sideGain;
+  ASSERT_TRUE(buffer.guardsUntouched()) << frames.size() << " floats, offset " << offset;
+}
+
+void expectDivideAsPlain(std::span<const float> frames, std::size_t offset, float left,
+                         float right) {
+  std::vector<float> wanted(frames.begin(), frames.end());
+  PlainKernels::divide(wanted, left, right);
+  GuardedBuffer<float> buffer(frames, offset);
+  Kernels::divide(buffer.span(), left, right);
+  ASSERT_EQ(bitsOf(buffer.span()), bitsOf(wanted))
+      << "offset " << offset << ", divisors " << left << ' ' << right;
+  ASSERT_TRUE(buffer.guardsUntouched()) << frames.size() << " floats, offset " << offset;
+}
+
+void expectUnpackAsPlain(std::span<const std::byte> bytes, std::size_t inOffset,
+                         std::size_t outOffset) {
+  const std::size_t count = bytes.size() / 3;
+  std::vector<float> wanted(count);
+  PlainKernels::unpack24(bytes, wanted);
+  GuardedBuffer<std::byte> in(bytes, inOffset);
+  GuardedBuffer<float> out(count, outOffset);
+  Kernels::unpack24(in.span(), out.span());
+  ASSERT_EQ(bitsOf(out.span()), bitsOf(wanted)) << "offsets " << inOffset << ' ' << outOffset;
+  ASSERT_TRUE(out.guardsUntouched());
+}
+
+void expectPackAsPlain(std::span<const float> samples, std::size_t inOffset,
+                       std::size_t outOffset) {
+  std::vector<std::byte> wanted(3 * samples.size());
+  PlainKernels::pack24(samples, wanted);
+  GuardedBuffer<float> in(samples, inOffset);
+  GuardedBuffer<std::byte> out(wanted.size(), outOffset);
+  Kernels::pack24(in.span(), out.span());
+  const auto got = out.span();
+  ASSERT_EQ(std::vector<std::byte>(got.begin(), got.end()), wanted)
+      << "offsets " << inOffset << ' ' << outOffset;
+  ASSERT_TRUE(out.guardsUntouched()) << samples.size() << " samples, offset " << outOffset;
+}
+
+void expectPeakAsPlain(std::span<const float> samples, std::size_t offset, float peak) {
+  GuardedBuffer<float> buffer(samples, offset);
+  ASSERT_EQ(std::bit_cast<std::uint32_t>(Kernels::peakMagnitude(buffer.span(), peak)),
+            std::bit_cast<std::uint32_t>(PlainKernels::peakMagnitude(samples, peak)))
+      << samples.size() << " samples, offset " << offset << ", from " << peak;
+}
+
+void expectMaximaAsPlain(std::span<const float> frames, std::size_t offset, float left,
+                         float right) {
+  float wanted[] = {left, right};
+  PlainKernels::raiseMaxima(frames, wanted[0], wanted[1]);
+  GuardedBuffer<float> buffer(frames, offset);
+  float got[] = {left, right};
+  Kernels::raiseMaxima(buffer.span(), got[0], got[1]);
+  ASSERT_EQ(bitsOf(got), bitsOf(wanted))
+      << frames.size() << " floats, offset " << offset << ", from " << left << ' ' << right;
+}
+
+// A divisor as a gain makes it, or one that no gain makes.
+float divisor(SampleInputs& inputs) {
+  constexpr float kPlain[] = {0.0F, -0.0F, 1.0F, 0.5F, 3.0F, 1.9952623F};
+  return inputs.upTo(1) == 0 ? kPlain[inputs.upTo(5)] : inputs.any();
+}
+
+}  // namespace
+
+INSTANTIATE_TEST_SUITE_P(InstructionSets, KernelsTest,
+                         testing::ValuesIn(hwy::SupportedAndGeneratedTargets()), targetName);
+
+TEST_P(KernelsTest, Unpack24IsThePlainLoopForAnyCountAndMisalignment) {
+  SampleInputs inputs(24);
+  for (std::size_t count = 0; count <= kCounts; ++count) {
+    const auto bytes = inputs.bytes(3 * count);
+    for (std::size_t offset = 0; offset < kOffsets; ++offset) {
+      ASSERT_NO_FATAL_FAILURE(expectUnpackAsPlain(bytes, offset, 4 * inputs.upTo(15)));
+      ASSERT_NO_FATAL_FAILURE(expectUnpackAsPlain(bytes, inputs.upTo(63), 4 * offset));
+    }
+  }
+}
+
+TEST_P(KernelsTest, Unpack24IsExactForEveryValue) {
+  constexpr std::int32_t kBlock = 65536;
+  std::vector<std::byte> bytes(3 * kBlock);
+  std::vector<float> samples(kBlock);
+  for (std::int32_t first = -8388608; first < 8388608; first += kBlock) {
+    for (std::int32_t i = 0; i < kBlock; ++i) {
+      const auto value = static_cast<std::uint32_t>(first + i);
+      const auto at = 3 * static_cast<std::size_t>(i);
+      bytes[at] = static_cast<std::byte>(value);
+      bytes[at + 1] = static_cast<std::byte>(value >> 8);
+      bytes[at + 2] = static_cast<std::byte>(value >> 16);
+    }
+    Kernels::unpack24(bytes, samples);
+    for (std::int32_t i = 0; i < kBlock; ++i) {
+      const double wanted = (first + i) / 8388608.0;
+      ASSERT_EQ(static_cast<double>(samples[static_cast<std::size_t>(i)]), wanted);
+    }
+  }
+}
+
+TEST_P(KernelsTest, Pack24IsThePlainLoopForAnyCountAndMisalignment) {
+  SampleInputs inputs(42);
+  for (std::size_t count = 0; count <= kCounts; ++count) {
+    const auto samples = inputs.any(count);
+    for (std::size_t offset = 0; offset < kOffsets; ++offset) {
+      ASSERT_NO_FATAL_FAILURE(expectPackAsPlain(samples, 4 * offset, inputs.upTo(63)));
+      ASSERT_NO_FATAL_FAILURE(expectPackAsPlain(samples, 4 * inputs.upTo(15), offset));
+    }
+  }
+}
+
+TEST_P(KernelsTest, Pack24IsThePlainLoopForEveryAwkwardValueInEveryLane) {
+  for (const float value : SampleInputs::awkward()) {
+    for (std::size_t lane = 0; lane < 20; ++lane) {
+      std::vector<float> samples(40, 0.25F);
+      samples[lane] = value;
+      ASSERT_NO_FATAL_FAILURE(expectPackAsPlain(samples, 0, 0)) << value << " in " << lane;
+    }
+  }
+}
+
+TEST_P(KernelsTest, Pack24IsThePlainLoopForEveryUnpackedValue) {
+  constexpr std::uint32_t kBlock = 65536;
+  std::vector<float> samples(kBlock);
+  std::vector<std::byte> wanted(3 * kBlock);
+  std::vector<std::byte> got(3 * kBlock);
+  for (std::uint32_t first = 0; first < 1U << 24; first += kBlock) {
+    for (std::uint32_t i = 0; i < kBlock; ++i) {
+      const auto value = static_cast<std::int32_t>(first + i) - 8388608;
+      samples[i] = static_cast<float>(value / 8388608.0);
+    }
+    PlainKernels::pack24(samples, wanted);
+    Kernels::pack24(samples, got);
+    ASSERT_TRUE(got == wanted) << "block from " << first;
+  }
+}
+
+TEST_P(KernelsTest, DecodeMidSideIsThePlainLoopForAnyCountAndMisalignment) {
+  SampleInputs inputs(120);
+  for (std::size_t count = 0; count <= kCounts; count += 2) {
+    for (std::size_t offset = 0; offset < kOffsets; ++offset) {
+      const float gain = offset == 0 ? 0.0F : 2.0F * std::fabs(inputs.audio());
+      ASSERT_NO_FATAL_FAILURE(expectDecodeAsPlain(inputs.any(count), 4 * offset, gain));
+    }
+  }
+}
+
+TEST_P(KernelsTest, DivideIsThePlainLoopForAnyCountAndMisalignment) {
+  SampleInputs inputs(960);
+  for (std::size_t count = 0; count <= kCounts; count += 2) {
+    for (std::size_t offset = 0; offset < kOffsets; ++offset) {
+      const float left = divisor(inputs);
+      ASSERT_NO_FATAL_FAILURE(
+          expectDivideAsPlain(inputs.any(count), 4 * offset, left, divisor(inputs)));
+    }
+  }
+}
+
+TEST_P(KernelsTest, PeakMagnitudeIsThePlainLoopForAnyCountAndMisalignment) {
+  SampleInputs inputs(7);
+  for (std::size_t count = 0; count <= kCounts; ++count) {
+    for (std::size_t offset = 0; offset < kOffsets; ++offset) {
+      const bool isTame = inputs.upTo(1) == 0;
+      const auto samples = isTame ? inputs.audio(count) : inputs.any(count);
+      const float peak = inputs.upTo(1) == 0 ? 0.0F : std::fabs(inputs.anyNumber());
+      ASSERT_NO_FATAL_FAILURE(expectPeakAsPlain(samples, 4 * offset, peak));
+    }
+  }
+}
+
+TEST_P(KernelsTest, PeakMagnitudeFindsThePeakWhereverItIs) {
+  for (std::size_t at = 0; at < kCounts; ++at) {
+    std::vector<float> samples(kCounts, 0.125F);
+    samples[at] = -0.75F;
+    ASSERT_EQ(Kernels::peakMagnitude(samples, 0.0F), 0.75F) << at;
+    samples[at] = NAN;
+    ASSERT_EQ(Kernels::peakMagnitude(samples, 0.0F), 0.125F) << at;
+  }
+}
+
+TEST_P(KernelsTest, RaiseMaximaIsThePlainLoopForAnyCountAndMisalignment) {
+  SampleInputs inputs(22);
+  for (std::size_t count = 0; count <= kCounts; count += 2) {
+    for (std::size_t offset = 0; offset < kOffsets; ++offset) {
+      const bool isTame = inputs.upTo(1) == 0;
+      const auto frames = isTame ? inputs.audio(count) : inputs.any(count);
+      const float left = inputs.upTo(1) == 0 ? -2.0F : inputs.anyNumber();
+      const float right = inputs.upTo(1) == 0 ? -2.0F : inputs.anyNumber();
+      ASSERT_NO_FATAL_FAILURE(expectMaximaAsPlain(frames, 4 * offset, left, right));
+    }
+  }
+}
+
+TEST_P(KernelsTest, RaiseMaximaKeepsTheFirstOfTheZeros) {
+  SampleInputs inputs(11);
+  constexpr float kValues[] = {0.0F, -0.0F, -0.5F, -1.0F};
+  constexpr float kStarts[] = {-2.0F, 0.0F, -0.0F};
+  for (std::size_t round = 0; round < 20000; ++round) {
+    std::vector<float> frames(2 * inputs.upTo(40));
+    for (float& value : frames) value = kValues[inputs.upTo(3)];
+    const float left = kStarts[inputs.upTo(2)];
+    ASSERT_NO_FATAL_FAILURE(expectMaximaAsPlain(frames, 0, left, kStarts[inputs.upTo(2)]));
+  }
+}
+
+TEST_P(KernelsTest, LongBuffersAreAsThePlainLoops) {
+  SampleInputs inputs(4099);
+  const auto odd = inputs.any(4099);
+  const std::span even = std::span(odd).first(4098);
+  expectUnpackAsPlain(inputs.bytes(3 * 4099), 1, 4);
+  expectPackAsPlain(odd, 4, 1);
+  expectDecodeAsPlain(even, 4, 1.5F);
+  expectDivideAsPlain(even, 4, 0.3F, 7.0F);
+  expectPeakAsPlain(odd, 4, 0.0F);
+  expectMaximaAsPlain(even, 4, -2, -2);
+}
+
+// At the edge of a page that nobody may touch, each kernel ends exactly where its buffers do.
+TEST_P(KernelsTest, NothingOutsideTheBuffersIsReadOrWritten) {
+  for (const auto side :
+       {PageEdgeBuffer<float>::Side::Before, PageEdgeBuffer<float>::Side::After}) {
+    const auto byteSide = static_cast<PageEdgeBuffer<std::byte>::Side>(side);
+    for (std::size_t count = 0; count <= kCounts; ++count) {
+      PageEdgeBuffer<float> samples(count, side);
+      PageEdgeBuffer<std::byte> bytes(3 * count, byteSide);
+      Kernels::unpack24(bytes.span(), samples.span());
+      std::fill(samples.span().begin(), samples.span().end(), 0.5F);
+      Kernels::pack24(samples.span(), bytes.span());
+      ASSERT_EQ(Kernels::peakMagnitude(samples.span(), 0.0F), count == 0 ? 0.0F : 0.5F);
+      if (count % 2 != 0) continue;
+      float left = -2.0F;
+      float right = -2.0F;
+      Kernels::raiseMaxima(samples.span(), left, right);
+      ASSERT_EQ(left, count == 0 ? -2.0F : 0.5F);
+      Kernels::decodeMidSide(samples.span(), 1.0F);
+      Kernels::divide(samples.span(), 2.0F, 4.0F);
+      ASSERT_EQ(count == 0 ? 0.5F : samples.span()[count - 2], 0.5F);
+    }
+  }
+}

@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "wav/FrameStream.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <atomic>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "support/TemporaryFolder.h"
+#include "support/WaveBytes.h"
+#include "wav/WaveFileReader.h"
+
+namespace {
+
+using Bytes = std::vector<std::byte>;
+
+// Longer than a few of the blocks that a stream reads at once.
+constexpr std::int32_t kFrames = 150'001;
+
+Bytes longTake() {
+  std::vector<std::int32_t> values;
+  for (std::int32_t i = 0; i < 2 * kFrames; ++i) values.push_back(i * 27 - 4'000'000);
+  return WaveBytes().format24().data(WaveBytes::samples24(values)).get();
+}
+
+std::unique_ptr<WaveFileReader> opened(const std::filesystem::path& path) {
+  std::string whyNot;
+  auto reader = WaveFileReader::openFile(path, whyNot);
+  EXPECT_EQ("", whyNot);
+  return reader;
+}
+
+// All frames, read in blocks of this many floats.
+std::vector<float> all(FrameStream& stream, std::size_t blockFloats) {
+  std::vector<float> found;
+  std::vector<float> block(blockFloats);
+  while (const auto count = stream.read(block)) {
+    found.insert(found.end(), block.begin(), block.begin() + static_cast<long>(2 * count));
+  }
+  return found;
+}
+
+// The same by single frames from memory.
+std::vector<float> oneByOne(const Bytes& file) {
+  const auto reader = WaveFileReader::readFromData(file);
+  std::vector<float> found;
+  float left = 0;
+  float right = 0;
+  reader->beginReadSample();
+  while (reader->readNextSample(left, right)) found.insert(found.end(), {left, right});
+  return found;
+}
+
+class FrameStreamTest : public testing::Test {
+ protected:
+  TemporaryFolder _folder;
+};
+
+TEST_F(FrameStreamTest, ReadsFromTheFileWhatSingleFramesReadFromMemory) {
+  const Bytes file = longTake();
+  const auto reader = opened(_folder.file("take.wav", file));
+  FrameStream stream(*reader);
+  EXPECT_EQ(static_cast<std::uint64_t>(kFrames), stream.framesLeft());
+  EXPECT_EQ(oneByOne(file), all(stream, 5120));
+  EXPECT_EQ(0U, stream.framesLeft());
+  EXPECT_EQ(0U, reader->image()->loaded()) << "a stream does not load the image";
+}
+
+TEST_F(FrameStreamTest, BlockSizesDoNotMatter) {
+  const Bytes file = longTake();
+  const auto reader = opened(_folder.file("take.wav", file));
+  const std::vector<float> expected = oneByOne(file);
+  for (const std::size_t floats : {2U, 3U, 998U, 81'920U, 100'000U, 400'000U}) {
+    FrameStream stream(*reader);
+    EXPECT_EQ(expected, all(stream, floats)) << floats;
+  }
+}
+
+TEST_F(FrameStreamTest, ReadsFromALoadedImage) {
+  const Bytes file = longTake();
+  const auto reader = WaveFileReader::readFromData(file);
+  FrameStream stream(*reader);
+  EXPECT_EQ(oneByOne(file), all(stream, 5120));
+}
+
+TEST_F(FrameStreamTest, ReadsOnWhileTheImageIsLoading) {
+  const Bytes file = longTake();
+  const auto reader = opened(_folder.file("take.wav", file));
+  FrameStream stream(*reader);
+  reader->image()->startLoading();
+  EXPECT_EQ(oneByOne(file), all(stream, 64));
+}
+
+TEST_F(FrameStreamTest, EveryFormatReadsAsSingleFramesDo) {
+  const Bytes samples(1234, std::byte{0x5A});
+  for (const std::uint16_t channels : std::to_array<std::uint16_t>({0, 1, 2, 3, 7})) {
+    for (const std::uint16_t bits : std::to_array<std::uint16_t>({0, 8, 16, 20, 24, 32, 64})) {
+      const Bytes file = WaveBytes().format(1, channels, 48000, bits).data(samples).get();
+      const auto reader = opened(_folder.file("take.wav", file));
+      FrameStream stream(*reader);
+      EXPECT_EQ(oneByOne(file), all(stream, 10)) << channels << " channels, " << bits << " bits";
+      EXPECT_EQ("", stream.failure());
+    }
+  }
+}
+
+TEST_F(FrameStreamTest, AFileThatBecomesShorterFails) {
+  const auto path = _folder.file("take.wav", longTake());
+  const auto reader = opened(path);
+  FrameStream stream(*reader);
+  std::filesystem::resize_file(path, 500'000);
+  const std::vector<float> found = all(stream, 5120);
+  EXPECT_LT(found.size(), 2U * kFrames);
+  EXPECT_EQ("The file became shorter", stream.failure());
+}
+
+// Three channels are read beyond their frame, so the whole image is wanted first.
+TEST_F(FrameStreamTest, CancelEndsAWaitForTheImage) {
+  const Bytes file = WaveBytes().format(1, 3, 48000, 24).data(Bytes(9000)).get();
+  const auto reader = opened(_folder.file("take.wav", file));
+  reader->image()->abandon();
+  const std::atomic<bool> cancel{true};
+  FrameStream stream(*reader, &cancel);
+  std::vector<float> block(10);
+  EXPECT_EQ(0U, stream.read(block));
+}
+
+}  // namespace

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "ImageFile.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <stdexcept>
+#include <string>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+int descriptorOn(const fs::path& path) {
+  for (const auto& entry : fs::directory_iterator("/proc/self/fd")) {
+    std::error_code error;
+    if (fs::read_symlink(entry.path(), error) == path) return std::stoi(entry.path().filename());
+  }
+  throw std::runtime_error("not open: " + path.native());
+}
+
+}  // namespace
+
+std::byte numberedByte(std::uint64_t offset) {
+  return static_cast<std::byte>((offset * 0x9E3779B97F4A7C15) >> 56);
+}
+
+std::vector<std::byte> numberedBytes(std::size_t count, std::uint64_t firstOffset) {
+  std::vector<std::byte> bytes(count);
+  for (std::size_t i = 0; i < count; ++i) bytes[i] = numberedByte(firstOffset + i);
+  return bytes;
+}
+
+std::shared_ptr<WaveImage> imageOf(const fs::path& path) {
+  std::string whyNot;
+  auto image = WaveImage::fromFile(path, whyNot);
+  if (!image) throw std::runtime_error(whyNot);
+  return image;
+}
+
+void makeUnreadable(const fs::path& path) {
+  const int reading = descriptorOn(path);
+  const int writing = open(path.c_str(), O_WRONLY | O_CLOEXEC);
+  if (writing < 0 || dup2(writing, reading) < 0) throw std::runtime_error("cannot swap");
+  close(writing);
+}
