@@ -34,9 +34,9 @@ std::uint64_t FrameStream::read(std::span<float> frames) {
     _decoder.decode(_held, frames.subspan(2 * done, 2 * count));
     _held = _held.subspan(count * _decoder.frameBytes());
     _position += count * _decoder.frameBytes();
+    _framesLeft -= count;
     done += count;
   }
-  _framesLeft -= done;
   return done;
 }
 
