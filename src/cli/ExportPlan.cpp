@@ -8,6 +8,8 @@
 #include <map>
 #include <system_error>
 
+#include "export/AtomicFile.h"
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -21,7 +23,7 @@ fs::path targetFor(const fs::path& source, const fs::path& output, const fs::pat
 // One text for one file, whatever the way to it.
 fs::path identity(const fs::path& path) {
   std::error_code error;
-  const fs::path whole = fs::weakly_canonical(fs::absolute(path), error);
+  const fs::path whole = fs::weakly_canonical(AtomicFile::resolveLinks(fs::absolute(path)), error);
   return error ? path : whole;
 }
 

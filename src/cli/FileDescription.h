@@ -21,8 +21,9 @@ class FileDescription {
   /// The same over several lines.
   [[nodiscard]] std::string text() const;
 
-  /// What a listener should know of the sample data before an export: that there is none, or that
-  /// it is cut short. Empty when all is well.
+  /// What a listener should know of the sample data before an export: that there is none, that
+  /// it is cut short, or that its kind of samples is one that the recorder never writes. Empty when
+  /// all is well.
   static std::string audioWarning(const WaveFileReader& reader);
 
  private:

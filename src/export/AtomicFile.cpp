@@ -27,16 +27,6 @@ constexpr mode_t kModeBits = 07777;
 constexpr std::string_view kLeftoverStart = ".mixdeck-";
 constexpr std::string_view kLeftoverEnd = ".part";
 
-// Follows the links of the last component only, to a name that may not exist yet.
-fs::path resolveLinks(fs::path path) {
-  std::error_code error;
-  for (int i = 0; i < kMostLinks && fs::is_symlink(fs::symlink_status(path, error)); ++i) {
-    const fs::path to = fs::read_symlink(path, error);
-    path = to.is_absolute() ? to : path.parent_path() / to;
-  }
-  return path;
-}
-
 fs::path temporaryName(const fs::path& folder) {
   std::random_device device;
   const std::uint64_t number = std::uint64_t{device()} << 32 | device();
@@ -79,9 +69,10 @@ int nameAndRename(int file, const fs::path& temporary, const fs::path& target) {
     _exit(error);
   }
   int status = 0;
-  while (waitpid(child, &status, 0) < 0 && errno == EINTR) continue;
-  if (isNamed(file, target)) return 0;
-  return WIFEXITED(status) && WEXITSTATUS(status) != 0 ? WEXITSTATUS(status) : EIO;
+  pid_t ended = 0;
+  while ((ended = waitpid(child, &status, 0)) < 0 && errno == EINTR) continue;
+  if (ended == child && WIFEXITED(status)) return WEXITSTATUS(status);
+  return isNamed(file, target) ? 0 : EIO;  // somebody else collects this process's children
 }
 
 bool writeFully(int file, std::span<const std::byte> bytes) {
@@ -106,6 +97,15 @@ bool writeFullyAt(int file, std::span<const std::byte> bytes, std::uint64_t offs
 }
 
 }  // namespace
+
+fs::path AtomicFile::resolveLinks(fs::path path) {
+  std::error_code error;
+  for (int i = 0; i < kMostLinks && fs::is_symlink(fs::symlink_status(path, error)); ++i) {
+    const fs::path to = fs::read_symlink(path, error);
+    path = to.is_absolute() ? to : path.parent_path() / to;
+  }
+  return path;
+}
 
 AtomicFile::AtomicFile(const fs::path& target, Existing existing)
     : _target(resolveLinks(target)),

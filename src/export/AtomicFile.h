@@ -23,6 +23,10 @@ class AtomicFile {
  public:
   enum class Existing { Replace, Refuse };
 
+  /// What a save to `path` makes or replaces: follows symbolic links of the last component, to a
+  /// name that may not exist yet.
+  static std::filesystem::path resolveLinks(std::filesystem::path path);
+
   AtomicFile(const std::filesystem::path& target, Existing existing);
   AtomicFile(const AtomicFile&) = delete;
   AtomicFile& operator=(const AtomicFile&) = delete;

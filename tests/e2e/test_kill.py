@@ -1,0 +1,138 @@
+# SPDX-FileCopyrightText: 2026 The Mixdeck developers
+# SPDX-License-Identifier: MIT
+"""Killed at any moment, a run leaves the old file whole or the new file whole, and nothing else.
+
+The kills are spread evenly over the time that a whole run takes. Standard output is a pipe that
+whatever the run started would hold open, so its end means that nothing is at work any more.
+"""
+
+import os
+import signal
+import statistics
+import subprocess
+import time
+import unittest
+
+from mixdeck import CLI, Case, FIRST_SAMPLE, as_nobody, without_unnamed_files
+
+KILLS = 80  # of each of five kinds
+STEPS = 40  # moments over the time of a run
+OLD = b"the old file" * 1000
+
+
+class KillTest(Case):
+    def setUp(self):
+        super().setUp()
+        self.expect(0, "demo", "--output-dir", ".")
+        os.remove(self.path("R0002.WAV"))
+        os.remove(self.path("R0003.WAV"))
+        os.mkdir(self.path("out"), 0o777)
+        os.chmod(self.path("out"), 0o777)
+        self.target = self.path("out", "x.WAV")
+        self.arguments = ["export", "--force", "--output", self.target, self.path("R0001.WAV")]
+        self.run_and_kill(None)
+        self.samples = self.content()[FIRST_SAMPLE:]
+        self.assertEqual(len(self.samples), 20 * 288000)
+
+    def content(self):
+        try:
+            with open(self.target, "rb") as file:
+                return file.read()
+        except FileNotFoundError:
+            return None
+
+    def run_and_kill(self, delay, **options):
+        """Returns the exit status."""
+        with subprocess.Popen([CLI, *self.arguments], stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, **options) as process:
+            if delay is not None:
+                time.sleep(delay)
+                process.kill()
+            process.communicate(timeout=60)
+            return process.returncode
+
+    def whole_run(self, prepare, **options):
+        """How long a run takes, in seconds."""
+        times = []
+        for _ in range(5):
+            prepare()
+            start = time.perf_counter()
+            self.assertEqual(self.run_and_kill(None, **options), 0)
+            times.append(time.perf_counter() - start)
+        return statistics.median(times)
+
+    def make_old(self):
+        with open(self.target, "wb") as file:
+            file.write(OLD)
+
+    def remove(self):
+        if os.path.exists(self.target):
+            os.remove(self.target)
+
+    def is_new(self, content):
+        return content is not None and content[FIRST_SAMPLE:] == self.samples
+
+    def kill_all_over(self, prepare, before, **options):
+        """Kills KILLS runs; what is left is `before` or the new file."""
+        span = self.whole_run(prepare, **options)
+        killed = 0
+        untouched = 0
+        for attempt in range(4 * KILLS):
+            if killed == KILLS:
+                break
+            prepare()
+            delay = span * (attempt % STEPS) / STEPS
+            status = self.run_and_kill(delay, **options)
+            self.assertIn(status, (0, -signal.SIGKILL))
+            killed += status != 0
+            span *= 0.99 if status == 0 else 1.002  # keeps to the speed of a machine that is shared
+            content = self.content()
+            if not self.is_new(content):
+                self.assertEqual(content, before, f"after {delay} s")
+                self.assertNotEqual(status, 0)
+                untouched += 1
+            self.check_folder()
+        self.assertEqual(killed, KILLS)
+        self.assertGreater(untouched, 0)
+
+    def check_folder(self):
+        self.assertLessEqual(set(os.listdir(self.path("out"))), {"x.WAV"})
+
+    def test_a_new_target(self):
+        self.kill_all_over(self.remove, None)
+
+    def test_an_existing_target(self):
+        self.kill_all_over(self.make_old, OLD)
+
+    def test_an_existing_target_without_privileges(self):
+        self.kill_all_over(lambda: (self.make_old(), os.chmod(self.target, 0o666)), OLD,
+                           preexec_fn=as_nobody)
+
+
+class KillWithoutUnnamedFilesTest(KillTest):
+    """Where every temporary file has a name, a kill may leave one; the next run removes it."""
+
+    def check_folder(self):
+        rest = set(os.listdir(self.path("out"))) - {"x.WAV"}
+        self.assertLessEqual(len(rest), 1)
+        for name in rest:
+            self.assertRegex(name, r"^\.mixdeck-[0-9a-f]{16}\.part$")
+
+    def test_a_new_target(self):
+        self.kill_all_over(self.remove, None, preexec_fn=without_unnamed_files)
+        self.finish()
+
+    def test_an_existing_target(self):
+        self.kill_all_over(self.make_old, OLD, preexec_fn=without_unnamed_files)
+        self.finish()
+
+    def finish(self):
+        self.assertEqual(self.run_and_kill(None, preexec_fn=without_unnamed_files), 0)
+        self.assertTrue(self.is_new(self.content()))
+        self.assertEqual(os.listdir(self.path("out")), ["x.WAV"])
+
+    test_an_existing_target_without_privileges = None
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,240 @@
+# SPDX-FileCopyrightText: 2026 The Mixdeck developers
+# SPDX-License-Identifier: MIT
+"""The words info, levels and demo, and the progress line."""
+
+import json
+import os
+import pty
+import re
+import signal
+import subprocess
+import unittest
+
+from mixdeck import (CLI, Case, as_nobody, bext, chunk, fmt, pack24, recording, side_gain, single,
+                     unpack24, unpack_floats, wave)
+
+KEYS = ["path", "valid", "recorder", "raw_ms", "reason", "header", "chunks", "bext",
+        "duration_seconds"]
+HEADER = ["ChunkID", "ChunkSize", "Format", "Subchunk1ID", "Subchunk1Size", "AudioFormat",
+          "NumChannels", "SampleRate", "ByteRate", "BlockAlign", "BitsPerSample",
+          "dataChunkPosition", "dataChunkLength", "dataChunkEnd"]
+BEXT = ["Description", "Originator", "OriginatorReference", "OriginationDate", "OriginationTime",
+        "TimeReference", "Version", "UniqueMaterialIdentifier", "Reserved", "CodingHistory"]
+
+
+class InfoTest(Case):
+    def test_keys(self):
+        info = self.info(self.file("a.wav", recording()))
+        self.assertEqual(list(info), KEYS)
+        self.assertEqual(list(info["header"]), HEADER)
+        self.assertEqual(list(info["bext"]), BEXT)
+        self.assertEqual([list(one) for one in info["chunks"]], [["id", "position", "size"]] * 3)
+
+    def test_values(self):
+        info = self.info(self.file("a.wav", recording([0] * 96000)))
+        self.assertEqual((info["path"], info["valid"], info["recorder"], info["raw_ms"],
+                          info["reason"]), (self.path("a.wav"), True, True, True, ""))
+        self.assertEqual(info["duration_seconds"], 1.0)
+        self.assertEqual(info["bext"]["TimeReference"], 99)
+        self.assertEqual(info["bext"]["OriginationDate"], "2026-05-04")
+        self.assertEqual([one["id"] for one in info["chunks"]], ["fmt ", "bext", "data"])
+        self.assertEqual(info["header"]["BitsPerSample"], 24)
+
+    def test_one_object_a_line_and_file(self):
+        self.file("a.wav", recording())
+        self.file("b.wav", b"no sound")
+        lines = self.expect(0, "info", "--json", "a.wav", "b.wav", err="").stdout.splitlines()
+        objects = [json.loads(line) for line in lines]
+        self.assertEqual([one["path"] for one in objects], ["a.wav", "b.wav"])
+        self.assertEqual([one["valid"] for one in objects], [True, False])
+        self.assertIsNone(objects[1]["bext"])
+        self.assertNotEqual(objects[1]["reason"], "")
+
+    def test_a_file_that_cannot_be_read(self):
+        self.file("b.wav", recording())
+        result = self.expect(1, "info", "--json", "missing.wav", "b.wav",
+                             err="mixdeck-cli: missing.wav: Fail to open. No such file or directory\n")
+        objects = [json.loads(line) for line in result.stdout.splitlines()]
+        self.assertEqual([list(one) for one in objects], [KEYS, KEYS])
+        self.assertEqual([one["valid"] for one in objects], [False, True])
+
+    def test_text(self):
+        self.file("a.wav", recording())
+        text = self.expect(0, "info", "a.wav", err="").stdout
+        for part in ("a.wav\n", "raw M/S: yes", "2 channels, 48000 Hz, 24-bit integer PCM",
+                     "chunk bext", "Originator: TARN J4", "MSRAW=ON;", "OriginationTime: 03:02:01"):
+            self.assertIn(part, text)
+
+    def test_text_of_others(self):
+        self.file("b.wav", wave(fmt(3, 1, 44100, 32), chunk("data", bytes(44100))))
+        text = self.expect(0, "info", "b.wav", err="").stdout
+        for part in ("of the recorder: no", "raw M/S: no", "No broadcast extension (bext chunk)",
+                     "1 channels, 44100 Hz, 32-bit IEEE float, 00:00:00.250"):
+            self.assertIn(part, text)
+
+    def test_text_that_is_not_ascii_is_valid_json(self):
+        payload = bytearray(bext()[8:])
+        payload[0:4] = b"\xe4\xff\"\n"
+        info = self.info(self.file("a.wav", wave(fmt(), chunk("bext", bytes(payload)),
+                                                 chunk("data", bytes(6)))))
+        self.assertEqual(info["bext"]["Description"][:4], "\u00e4\u00ff\"\n")
+        name = os.fsdecode(b"\xff.wav")
+        self.file(name, recording())
+        self.assertTrue(json.loads(self.expect(0, "info", "--json", name).stdout)["raw_ms"])
+
+
+class LevelsTest(Case):
+    # The last bytes of the data, as many as stand before it, are never measured: so there is a
+    # second of silence after the two frames.
+    def setUp(self):
+        super().setUp()
+        self.samples = [4194304, 2097152, -4194304, 1048576]
+        self.file("a.wav", recording(self.samples + [-8000000] * 96000))
+        self.file("b.wav", recording(self.samples + [-8000000] * 96000, history="MSRAW=OFF;"))
+
+    def levels(self, name, *options, to="0.00004"):
+        text = self.expect(0, "levels", "--from", "0", "--to", to, *options, name, err="").stdout
+        self.assertRegex(text, r"^\S+ \S+\n$")
+        return text.split()
+
+    def test_the_highest_values(self):
+        self.assertEqual(self.levels("b.wav"), ["0.5", "0.25"])
+        self.assertEqual(self.levels("a.wav"), ["0.75", "0.25"])
+        self.assertEqual(self.levels("a.wav", "--angle", "0"), ["0.5", "0.5"])
+
+    def test_gain_is_louder_and_nine_digits_are_shown(self):
+        divisor = single(10 ** (-6 / 20))
+        self.assertEqual(self.levels("b.wav", "--gain", "6"),
+                         [f"{single(0.5 / divisor):.9g}", f"{single(0.25 / divisor):.9g}"])
+        k = single(side_gain(33))
+        self.assertEqual(self.levels("a.wav", "--angle", "33"),
+                         [f"{single(0.5 + single(0.25 * k)):.9g}",
+                          f"{single(0.5 - single(0.25 * k)):.9g}"])
+
+    def test_nothing_measured(self):
+        self.assertEqual(self.levels("b.wav", to="0"), ["-2", "-2"])
+        self.assertEqual(self.levels("a.wav", to="0"), ["-4", "0"])
+
+    def test_a_later_stretch(self):
+        text = self.expect(0, "levels", "--from", "0.5", "--to", "0.6", "b.wav", err="").stdout
+        value = f"{single(-8000000 / 8388608):.9g}"
+        self.assertEqual(text, f"{value} {value}\n")
+
+    def test_refusals(self):
+        self.file("c.wav", b"no sound")
+        self.expect(1, "levels", "--from", "0", "--to", "1", "c.wav", out="", err="mixdeck-cli: "
+                    "c.wav: File not supported. Not a WAVE file: shorter than 48 bytes\n")
+        self.expect(1, "levels", "--from", "0", "--to", "1", "d.wav", out="", err="mixdeck-cli: "
+                    "d.wav: File not supported. No such file or directory\n")
+
+
+class DemoTest(Case):
+    names_made = ["R0001.WAV", "R0002.WAV", "R0003.WAV"]
+
+    def test_makes_three_recordings_and_never_overwrites(self):
+        self.expect(0, "demo", err="")
+        self.assertEqual(sorted(os.listdir(self.path("mixdeck-demo"))), self.names_made)
+        self.file("mixdeck-demo/R0002.WAV", b"mine")
+        os.remove(self.path("mixdeck-demo/R0003.WAV"))
+        before = self.read("mixdeck-demo/R0001.WAV")
+        result = self.expect(0, "demo", err="")
+        self.assertIn("mixdeck-demo/R0001.WAV is there already\n", result.stdout)
+        self.assertIn("mixdeck-demo/R0002.WAV is there already\n", result.stdout)
+        self.assertEqual(self.read("mixdeck-demo/R0001.WAV"), before)
+        self.assertEqual(self.read("mixdeck-demo/R0002.WAV"), b"mine")
+        self.assertEqual(len(self.read("mixdeck-demo/R0003.WAV")), 748 + 20 * 288000)
+
+    def test_recordings_are_what_they_claim(self):
+        self.expect(0, "demo", "--output-dir", "new/folder", err="")
+        expected = {"R0001.WAV": (True, 24, 1), "R0002.WAV": (True, 32, 3),
+                    "R0003.WAV": (False, 24, 1)}
+        for name, (raw, bits, tag) in expected.items():
+            info = self.info(self.path("new/folder", name))
+            self.assertTrue(info["recorder"])
+            self.assertEqual(info["raw_ms"], raw)
+            self.assertEqual(info["header"]["BitsPerSample"], bits)
+            self.assertEqual(info["header"]["AudioFormat"], tag)
+            self.assertEqual(info["duration_seconds"], 20.0)
+            self.assertEqual(info["bext"]["Originator"], "TARN J4")
+            self.assertEqual(info["bext"]["CodingHistory"],
+                             f"A=PCM,F=48000,W={bits},M=stereo,T=J4;VERSION=1.00;"
+                             f"MSRAW={'ON' if raw else 'OFF'};")
+
+    def test_both_widths_hold_the_same_scene(self):
+        self.expect(0, "demo", "--output-dir", ".", err="")
+        narrow = unpack24(self.read("R0001.WAV")[748:][:600000])
+        wide = unpack_floats(self.read("R0002.WAV")[748:][:800000])
+        self.assertEqual(narrow, [int(single(value * 8388607.0)) for value in wide])
+        plain = unpack24(self.read("R0003.WAV")[748:][:600000])
+        self.assertEqual(plain[0::2], [int(single(single(mid + side) * 8388607.0))
+                                       for mid, side in zip(wide[0::2], wide[1::2])])
+
+    def test_a_folder_that_cannot_be_made(self):
+        self.file("file", b"")
+        result = self.expect(1, "demo", "--output-dir", "file/sub", out="")
+        self.assertEqual(result.stderr, "".join(
+            f"mixdeck-cli: file/sub/{name}: Fail to save. Not a directory\n"
+            for name in self.names_made))
+
+    def test_a_folder_that_may_not_be_written(self):
+        os.mkdir(self.path("locked"), 0o555)
+        result = self.expect(1, "demo", "--output-dir", "locked", out="", preexec_fn=as_nobody)
+        self.assertIn("locked/R0001.WAV: Fail to save. Permission denied\n", result.stderr)
+
+
+class ProgressTest(Case):
+    def run_on_terminal(self, *arguments, interrupt_at=None):
+        """Runs an export with a terminal for standard error; returns status and what it showed."""
+        master, slave = pty.openpty()
+        with subprocess.Popen([CLI, "export", *arguments], stdout=subprocess.PIPE, stderr=slave,
+                              cwd=self.folder) as process:
+            os.close(slave)
+            shown = b""
+            while True:
+                try:
+                    part = os.read(master, 65536)
+                except OSError:  # the other end is closed
+                    break
+                if not part:
+                    break
+                shown += part
+                if interrupt_at and interrupt_at in shown:
+                    process.send_signal(signal.SIGINT)
+                    interrupt_at = None
+            process.wait(timeout=60)
+        os.close(master)
+        return process.returncode, shown.decode()
+
+    def test_a_terminal_shows_how_far_it_is(self):
+        self.big_recording("long.wav", 1800)
+        status, shown = self.run_on_terminal("long.wav")
+        self.assertEqual(status, 0)
+        percents = [int(text) for text in re.findall(r"(\d+) %  0 of 1 done  long.wav", shown)]
+        self.assertGreater(len(percents), 1)
+        self.assertEqual(percents, sorted(percents))
+        self.assertLessEqual(percents[-1], 100)
+        self.assertTrue(shown.endswith("\r\x1b[K"), repr(shown[-40:]))
+        self.assertNotIn("\n", shown)
+
+    def test_messages_stand_in_lines_of_their_own(self):
+        self.file("bad.wav", b"no sound")
+        self.big_recording("long.wav", 600)
+        status, shown = self.run_on_terminal("--jobs", "2", "long.wav", "bad.wav")
+        self.assertEqual(status, 1)
+        line = "mixdeck-cli: bad.wav: File not supported. Not a WAVE file: shorter than 48 bytes"
+        self.assertRegex(shown, r"(^|\x1b\[K)" + re.escape(line) + "\r\n")
+
+    def test_an_interrupt_clears_the_line(self):
+        self.big_recording("long.wav", 3600)
+        status, shown = self.run_on_terminal("long.wav", interrupt_at=b" %  0 of 1 done")
+        self.assertEqual(status, 1)
+        self.assertTrue(shown.endswith("\r\x1b[Kmixdeck-cli: cancelled\r\n"), repr(shown[-80:]))
+        self.assertEqual(self.names(), ["long.wav"])
+
+    def test_nothing_is_shown_without_a_terminal(self):
+        self.file("a.wav", wave(fmt(), bext(), chunk("data", pack24([1, 2] * 400000))))
+        self.expect(0, "export", "a.wav", out="", err="")
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/ProgressLine.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <pty.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
+#include <functional>
+#include <string>
+
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+constexpr const char* kEraseLine = "\r\x1b[K";
+
+/// What the work prints to standard error while that is a terminal.
+std::string onTerminal(const std::function<void()>& work) {
+  int master = -1;
+  int slave = -1;
+  if (openpty(&master, &slave, nullptr, nullptr, nullptr) != 0) return "no terminal";
+  termios plain{};
+  tcgetattr(slave, &plain);
+  cfmakeraw(&plain);
+  tcsetattr(slave, TCSANOW, &plain);
+  const int before = dup(STDERR_FILENO);
+  dup2(slave, STDERR_FILENO);
+  work();
+  std::fflush(stderr);
+  dup2(before, STDERR_FILENO);
+  close(before);
+  close(slave);
+  std::string text;
+  std::array<char, 4096> buffer{};
+  for (ssize_t got = 0; (got = read(master, buffer.data(), buffer.size())) > 0;) {
+    text.append(buffer.data(), static_cast<std::size_t>(got));
+  }
+  close(master);
+  return text;
+}
+
+std::string onFile(const std::function<void()>& work) {
+  testing::internal::CaptureStderr();
+  work();
+  return testing::internal::GetCapturedStderr();
+}
+
+TEST(ProgressLineTest, IsSilentWithoutATerminal) {
+  EXPECT_EQ(onFile([] {
+              ProgressLine line(2);
+              line.update(0, "a.wav", 0.5);
+              line.update(0, "a.wav", 1.0);
+            }),
+            "");
+}
+
+TEST(ProgressLineTest, PrintsMessagesWithoutATerminal) {
+  EXPECT_EQ(onFile([] {
+              ProgressLine line(1);
+              line.message("first");
+              line.message("second");
+            }),
+            "first\nsecond\n");
+}
+
+TEST(ProgressLineTest, DrawsOneLineAndErasesIt) {
+  const std::string text = onTerminal([] {
+    ProgressLine line(4);
+    line.update(2, "a.wav", 0.5);
+  });
+  EXPECT_EQ(text, std::string(kEraseLine) + " 12 %  0 of 4 done  a.wav" + kEraseLine);
+}
+
+TEST(ProgressLineTest, CountsFinishedJobs) {
+  const std::string text = onTerminal([] {
+    ProgressLine line(2);
+    line.update(1, "b.wav", 1.0);
+  });
+  EXPECT_THAT(text, HasSubstr(" 50 %  1 of 2 done  b.wav"));
+}
+
+TEST(ProgressLineTest, DoesNotRedrawTooOften) {
+  const std::string text = onTerminal([] {
+    ProgressLine line(1);
+    for (int i = 1; i <= 20; ++i) line.update(0, "a.wav", i / 1000.0);
+  });
+  std::size_t draws = 0;
+  for (std::size_t at = text.find('%'); at != std::string::npos; at = text.find('%', at + 1)) {
+    ++draws;
+  }
+  EXPECT_GE(draws, 1U);
+  EXPECT_LT(draws, 20U);
+}
+
+TEST(ProgressLineTest, PutsMessagesInThePlaceOfTheLine) {
+  const std::string text = onTerminal([] {
+    ProgressLine line(1);
+    line.update(0, "a.wav", 0.25);
+    line.message("trouble");
+  });
+  EXPECT_THAT(text, StartsWith(std::string(kEraseLine) + " 25 %"));
+  EXPECT_THAT(text, EndsWith(std::string(kEraseLine) + "trouble\n"));
+}
+
+TEST(ProgressLineTest, ErasesNothingThatWasNotDrawn) {
+  EXPECT_EQ(onTerminal([] { const ProgressLine line(1); }), "");
+}
+
+}  // namespace

@@ -1,0 +1,192 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+#include "export/AtomicFile.h"
+#include "support/ByteBuilder.h"
+#include "support/Confinement.h"
+#include "support/TemporaryFolder.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using Bytes = std::vector<std::byte>;
+using testing::ElementsAre;
+
+constexpr auto kReplace = AtomicFile::Existing::Replace;
+constexpr std::size_t kDisk = 256 << 10;
+
+Bytes bytesOf(std::string_view text) {
+  return ByteBuilder().text(text).get();
+}
+
+std::string save(const fs::path& path, const Bytes& bytes) {
+  AtomicFile file(path, kReplace);
+  const bool saved = file.write(bytes) && file.commit();
+  return saved ? "" : file.failure().empty() ? "no reason given" : file.failure();
+}
+
+/// Runs in the child; prints what differs, so that a failing test says why.
+bool isSame(const std::string& what, const std::string& expected) {
+  if (what == expected) return true;
+  std::fprintf(stderr, "expected \"%s\", got \"%s\"\n", expected.c_str(), what.c_str());
+  return false;
+}
+
+/// Work for a child: 0 when all of it holds.
+int inChild(const std::function<bool()>& work) {
+  return Confinement::run([&] { return work() ? 0 : 1; });
+}
+
+/// A folder that a user without rights can reach, with one old file in it.
+class AtomicFileFaultTest : public testing::Test {
+ protected:
+  AtomicFileFaultTest() {
+    chmod(_folder.path().c_str(), 0777);
+    _old = _folder.file("old", bytesOf("old"));
+    chmod(_old.c_str(), 0666);
+  }
+
+  void expectOldAlone() const {
+    EXPECT_EQ(TemporaryFolder::read(_old), bytesOf("old"));
+    EXPECT_THAT(_folder.names(), ElementsAre("old"));
+  }
+
+  [[nodiscard]] fs::path at(const char* name) const { return _folder.path() / name; }
+
+  TemporaryFolder _folder;
+  fs::path _old;
+};
+
+TEST_F(AtomicFileFaultTest, SavesWithoutPrivileges) {
+  EXPECT_EQ(inChild([this] {
+              return Confinement::dropPrivileges() && isSame(save(at("new"), bytesOf("n")), "") &&
+                     isSame(save(_old, bytesOf("n")), "");
+            }),
+            0);
+  EXPECT_EQ(TemporaryFolder::read(at("new")), bytesOf("n"));
+  EXPECT_EQ(TemporaryFolder::read(_old), bytesOf("n"));
+  EXPECT_THAT(_folder.names(), ElementsAre("new", "old"));
+}
+
+TEST_F(AtomicFileFaultTest, FailsInAReadOnlyFolder) {
+  ASSERT_EQ(chmod(_folder.path().c_str(), 0555), 0);
+  EXPECT_EQ(inChild([this] {
+              return Confinement::dropPrivileges() &&
+                     isSame(save(at("new"), bytesOf("n")), "Permission denied") &&
+                     isSame(save(_old, bytesOf("n")), "Permission denied");
+            }),
+            0);
+  ASSERT_EQ(chmod(_folder.path().c_str(), 0777), 0);
+  expectOldAlone();
+}
+
+TEST_F(AtomicFileFaultTest, DoesNotReplaceAReadOnlyFile) {
+  ASSERT_EQ(chmod(_old.c_str(), 0444), 0);
+  EXPECT_EQ(inChild([this] {
+              return Confinement::dropPrivileges() &&
+                     isSame(save(_old, bytesOf("n")), "Permission denied");
+            }),
+            0);
+  expectOldAlone();
+}
+
+// Without a mount of its own the child gets a limit on file sizes: full all the same.
+TEST_F(AtomicFileFaultTest, KeepsTheOldFileOnAFullDisk) {
+  EXPECT_EQ(inChild([this] {
+              const bool isMounted = Confinement::mountSmallDisk(_folder.path(), kDisk);
+              const std::string text = isMounted ? "No space left on device" : "File too large";
+              if (!isMounted && !Confinement::limitFileSize(kDisk)) return false;
+              _folder.file("old", bytesOf("old"));
+              return isSame(save(_old, Bytes(2 * kDisk)), text) &&
+                     isSame(save(at("new"), Bytes(2 * kDisk)), text) &&
+                     _folder.names() == std::vector<std::string>{"old"} &&
+                     TemporaryFolder::read(_old) == bytesOf("old") &&
+                     isSame(save(_old, Bytes(kDisk / 2)), "");
+            }),
+            0);
+}
+
+TEST_F(AtomicFileFaultTest, GivesTheRoomBackAfterAFullDisk) {
+  EXPECT_EQ(inChild([this] {
+              if (!Confinement::mountSmallDisk(_folder.path(), kDisk)) {
+                return Confinement::limitFileSize(kDisk) &&
+                       isSame(save(at("new"), Bytes(2 * kDisk)), "File too large") &&
+                       isSame(save(at("new"), Bytes(kDisk)), "");
+              }
+              return isSame(save(at("new"), Bytes(2 * kDisk)), "No space left on device") &&
+                     isSame(save(at("new"), Bytes(kDisk * 3 / 4)), "");
+            }),
+            0);
+}
+
+TEST_F(AtomicFileFaultTest, KeepsTheOldFileAtTheSizeLimit) {
+  EXPECT_EQ(inChild([this] {
+              return Confinement::limitFileSize(1000) &&
+                     isSame(save(_old, Bytes(1001)), "File too large") &&
+                     isSame(save(at("new"), Bytes(1001)), "File too large");
+            }),
+            0);
+  expectOldAlone();
+}
+
+TEST_F(AtomicFileFaultTest, FlushesAReplacedFileBeforeItGoes) {
+  EXPECT_EQ(inChild([this] {
+              return Confinement::failSystemCall(SYS_fsync, EIO) &&
+                     isSame(save(_old, bytesOf("n")), "Input/output error");
+            }),
+            0);
+  expectOldAlone();
+}
+
+TEST_F(AtomicFileFaultTest, DoesNotFlushANewFile) {
+  EXPECT_EQ(inChild([this] {
+              return Confinement::failSystemCall(SYS_fsync, EIO) &&
+                     isSame(save(at("new"), bytesOf("n")), "");
+            }),
+            0);
+  EXPECT_EQ(TemporaryFolder::read(at("new")), bytesOf("n"));
+}
+
+TEST_F(AtomicFileFaultTest, LeavesNothingWhenTheRenameFails) {
+  EXPECT_EQ(inChild([this] {
+              return Confinement::failRenames(EIO) &&
+                     isSame(save(_old, bytesOf("n")), "Input/output error");
+            }),
+            0);
+  expectOldAlone();
+}
+
+TEST_F(AtomicFileFaultTest, LeavesNothingWhenTheNamingFails) {
+  EXPECT_EQ(inChild([this] {
+              return Confinement::failSystemCall(SYS_linkat, EIO) &&
+                     isSame(save(_old, bytesOf("n")), "Input/output error") &&
+                     isSame(save(at("new"), bytesOf("n")), "Input/output error");
+            }),
+            0);
+  expectOldAlone();
+}
+
+TEST_F(AtomicFileFaultTest, ReplacesAFileThatMayNotBeGivenAway) {
+  EXPECT_EQ(inChild([this] {
+              return Confinement::failSystemCall(SYS_fchown, EPERM) &&
+                     Confinement::failSystemCall(SYS_fchmod, EPERM) &&
+                     isSame(save(_old, bytesOf("n")), "");
+            }),
+            0);
+  EXPECT_EQ(TemporaryFolder::read(_old), bytesOf("n"));
+}
+
+}  // namespace

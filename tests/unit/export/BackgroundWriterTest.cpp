@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "export/BackgroundWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "support/Confinement.h"
+#include "support/TemporaryFolder.h"
+
+namespace {
+
+using Bytes = std::vector<std::byte>;
+
+Bytes numbered(std::size_t block, std::size_t size) {
+  Bytes bytes(size);
+  for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<std::byte>(block * 7 + i);
+  return bytes;
+}
+
+TEST(BackgroundWriter, WritesEveryBlockInOrder) {
+  const TemporaryFolder folder;
+  AtomicFile file(folder.path() / "out", AtomicFile::Existing::Refuse);
+  BackgroundWriter writer(file);
+  Bytes expected;
+  for (std::size_t i = 0; i < 200; ++i) {
+    Bytes block = numbered(i, i * 13);
+    expected.insert(expected.end(), block.begin(), block.end());
+    writer.submit(block);
+    EXPECT_TRUE(block.empty());
+  }
+  writer.finish();
+  EXPECT_FALSE(writer.hasFailed());
+  ASSERT_TRUE(file.commit()) << file.failure();
+  EXPECT_EQ(expected, TemporaryFolder::read(folder.path() / "out"));
+}
+
+TEST(BackgroundWriter, FinishWithNothingSubmittedAndTwice) {
+  const TemporaryFolder folder;
+  AtomicFile file(folder.path() / "out", AtomicFile::Existing::Refuse);
+  BackgroundWriter writer(file);
+  writer.finish();
+  writer.finish();
+  EXPECT_FALSE(writer.hasFailed());
+}
+
+TEST(BackgroundWriter, DroppedInTheMiddleLeavesNothing) {
+  const TemporaryFolder folder;
+  {
+    AtomicFile file(folder.path() / "out", AtomicFile::Existing::Refuse);
+    BackgroundWriter writer(file);
+    for (std::size_t i = 0; i < 20; ++i) {
+      Bytes block = numbered(i, 10'000);
+      writer.submit(block);
+    }
+  }
+  EXPECT_TRUE(folder.names().empty());
+}
+
+TEST(BackgroundWriter, AFailedWriteIsToldAndNeverBlocks) {
+  const TemporaryFolder folder;
+  const int status = Confinement::run([&folder] {
+    if (!Confinement::limitFileSize(100'000)) return 2;
+    AtomicFile file(folder.path() / "out", AtomicFile::Existing::Refuse);
+    BackgroundWriter writer(file);
+    for (std::size_t i = 0; i < 100; ++i) {
+      Bytes block = numbered(i, 10'000);
+      writer.submit(block);
+    }
+    writer.finish();
+    return writer.hasFailed() && file.failure() == "File too large" && !file.commit() ? 0 : 1;
+  });
+  EXPECT_EQ(0, status);
+  EXPECT_TRUE(folder.names().empty());
+}
+
+}  // namespace
