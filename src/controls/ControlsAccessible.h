@@ -1,0 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// Makes the controls readable for assistive software. Each control's constructor calls it; calling
+/// again changes nothing. Interface thread.
+class ControlsAccessible {
+ public:
+  static void install();
+};

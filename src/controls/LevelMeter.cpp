@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#include "controls/LevelMeter.h"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "controls/ControlsAccessible.h"
+#include "controls/Upward.h"
+
+LevelMeter::LevelMeter(QWidget* parent) : QWidget(parent) {
+  ControlsAccessible::install();
+  initUI();
+}
+
+void LevelMeter::initUI() {
+  _layerGray.contents = LevelMeterPicture(QStringLiteral("levelmeter2"));
+  _layerRainBow.contents = LevelMeterPicture(QStringLiteral("levelmeter"));
+  _cacheSize = {0.0, 0.0};
+  _maxValue = 100;
+  _minValue = 0;
+  _level = 0;
+}
+
+LevelMeterScale& LevelMeter::sharedScale() {
+  static LevelMeterScale scale;
+  return scale;
+}
+
+void LevelMeter::setLevel(std::int64_t level) {
+  _level = std::max(std::min(level, _maxValue), _minValue);
+  if (_cacheSize == QSizeF(0.0, 0.0)) return;
+  updateFrame();
+}
+
+void LevelMeter::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  layoutLayers();
+}
+
+void LevelMeter::layoutLayers() {
+  if (QSizeF(size()) == _cacheSize) return;
+  _cacheSize = size();
+  const QRectF bounds(rect());
+  _layerGray.frame = bounds;
+  _layerRainBow.frame = bounds;
+  _layerMaskOfRainBow = bounds.translated(0.0, -bounds.height());
+  if (!sharedScale().isSet()) sharedScale() = LevelMeterScale(bounds.height());
+  updateFrame();
+}
+
+void LevelMeter::updateFrame() {
+  const QRectF bright = _layerRainBow.frame;
+  const double visible = sharedScale().visibleHeight(_level, height());
+  const QRectF mask = bright.translated(0.0, visible - bright.height());
+  if (mask == _layerMaskOfRainBow) return;
+  _layerMaskOfRainBow = mask;
+  update();
+}
+
+void LevelMeter::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  _layerGray.contents.draw(painter, Upward::rect(_layerGray.frame, height()));
+  const double top = std::min(_layerMaskOfRainBow.y() + _layerMaskOfRainBow.height(),
+                              _layerRainBow.frame.height());
+  if (top <= 0.0) return;
+  // A mask that has risen past the bar reveals all of it, its lower end included.
+  painter.setClipRect(Upward::rect({0.0, 0.0, _layerRainBow.frame.width(), top}, height()));
+  _layerRainBow.contents.draw(painter, Upward::rect(_layerRainBow.frame, height()));
+}

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#include "controls/LevelMeterScale.h"
+
+namespace {
+
+constexpr double kUnitsBelow = 24.0;
+constexpr double kUnitsAbove = 30.0;
+
+}  // namespace
+
+LevelMeterScale::LevelMeterScale(double height)
+    : _below((2.0 * height / 7.0) / kUnitsBelow),
+      _above((height - 2.0 * height / 7.0) / kUnitsAbove) {}
+
+double LevelMeterScale::visibleHeight(std::int64_t level, double height) const {
+  if (level < kKnee) return static_cast<double>(level) * _below;
+  return 2.0 * (height / 7.0) + static_cast<double>(level - kKnee) * _above;
+}
