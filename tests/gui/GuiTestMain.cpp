@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QFont>
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  testing::InitGoogleMock(&argc, argv);
+  const QApplication application(argc, argv);
+  QFont font(QStringLiteral("Inter"));
+  font.setPixelSize(13);
+  QApplication::setFont(font);
+  return RUN_ALL_TESTS();
+}
