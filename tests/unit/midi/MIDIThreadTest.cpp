@@ -1,0 +1,183 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <atomic>
+#include <ctime>
+#include <memory>
+#include <thread>
+#include <vector>
+
+#include "midi/MIDICommon.h"
+#include "midi/QtMIDIClock.h"
+
+namespace {
+
+/// An application whose main thread is the test's.
+class MIDIThreadTest : public testing::Test {
+ protected:
+  /// Turns the event loop until the condition holds, which only the main thread may change.
+  template <class Condition>
+  static void runUntil(Condition condition) {
+    while (!condition()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+  static void wake() {
+    MIDICommon::runOnUIThread([] {});
+  }
+
+  int argumentCount = 1;
+  char name[5] = "test";
+  char* arguments[2] = {name, nullptr};
+  QCoreApplication application{argumentCount, arguments};
+  const std::thread::id main = std::this_thread::get_id();
+};
+
+TEST_F(MIDIThreadTest, RunsAtOnceOnTheMainThread) {
+  bool isDone = false;
+  MIDICommon::runOnUIThread([&isDone] { isDone = true; });
+  EXPECT_TRUE(isDone);
+}
+
+TEST_F(MIDIThreadTest, RunsInsideItself) {
+  int depth = 0;
+  MIDICommon::runOnUIThread([&depth] {
+    ++depth;
+    MIDICommon::runOnUIThread([&depth] { ++depth; });
+  });
+  EXPECT_EQ(depth, 2);
+}
+
+TEST_F(MIDIThreadTest, MovesToTheMainThreadAndWaits) {
+  std::thread::id ranOn;
+  bool wasDone = false;
+  bool isFinished = false;
+  std::thread worker([&] {
+    bool isDone = false;
+    MIDICommon::runOnUIThread([&] {
+      ranOn = std::this_thread::get_id();
+      isDone = true;
+    });
+    wasDone = isDone;
+    MIDICommon::runOnUIThread([&isFinished] { isFinished = true; });
+  });
+  runUntil([&isFinished] { return isFinished; });
+  worker.join();
+  EXPECT_EQ(ranOn, main);
+  EXPECT_TRUE(wasDone);
+}
+
+TEST_F(MIDIThreadTest, TakesTasksOfManyThreadsOneAtATime) {
+  constexpr int kThreads = 8;
+  constexpr int kTasks = 200;
+  int sum = 0;
+  std::vector<std::thread> workers;
+  for (int i = 0; i < kThreads; ++i) {
+    workers.emplace_back([&sum] {
+      for (int k = 0; k < kTasks; ++k) MIDICommon::runOnUIThread([&sum] { ++sum; });
+    });
+  }
+  runUntil([&sum] { return sum == kThreads * kTasks; });
+  for (std::thread& worker : workers) worker.join();
+  EXPECT_EQ(sum, kThreads * kTasks);
+}
+
+TEST_F(MIDIThreadTest, RunsInTheBackground) {
+  std::thread::id ranOn;
+  bool isFinished = false;
+  MIDICommon::runBackground([&] {
+    ranOn = std::this_thread::get_id();
+    MIDICommon::runOnUIThread([&isFinished] { isFinished = true; });
+  });
+  runUntil([&isFinished] { return isFinished; });
+  EXPECT_NE(ranOn, main);
+}
+
+TEST_F(MIDIThreadTest, ComesBackFromTheBackground) {
+  constexpr int kTasks = 100;
+  int sum = 0;
+  for (int i = 0; i < kTasks; ++i) {
+    MIDICommon::runBackground([&sum] { MIDICommon::runOnUIThread([&sum] { ++sum; }); });
+  }
+  runUntil([&sum] { return sum == kTasks; });
+  EXPECT_EQ(sum, kTasks);
+}
+
+// Two tasks that wait for each other end only side by side.
+TEST_F(MIDIThreadTest, RunsBackgroundTasksSideBySide) {
+  std::atomic<int> arrived = 0;
+  int finished = 0;
+  for (int i = 0; i < 2; ++i) {
+    MIDICommon::runBackground([&] {
+      ++arrived;
+      arrived.notify_all();
+      for (int seen = arrived; seen < 2; seen = arrived) arrived.wait(seen);
+      MIDICommon::runOnUIThread([&finished] { ++finished; });
+    });
+  }
+  runUntil([&finished] { return finished == 2; });
+  EXPECT_EQ(arrived, 2);
+}
+
+TEST_F(MIDIThreadTest, FiresATimerOnce) {
+  QtMIDIClock clock;
+  int fired = 0;
+  const auto start = clock.hostTime();
+  const auto timer = clock.after(0.02, [&fired] { ++fired; });
+  EXPECT_EQ(fired, 0);
+  runUntil([&fired] { return fired > 0; });
+  EXPECT_GE(clock.hostTime() - start, 19'000'000U);
+  bool isLater = false;
+  const auto later = clock.after(0.05, [&isLater] { isLater = true; });
+  runUntil([&isLater] { return isLater; });
+  EXPECT_EQ(fired, 1);
+}
+
+TEST_F(MIDIThreadTest, DoesNotFireACancelledTimer) {
+  QtMIDIClock clock;
+  bool isFired = false;
+  bool isLater = false;
+  auto timer = clock.after(0.01, [&isFired] { isFired = true; });
+  const auto later = clock.after(0.05, [&isLater] { isLater = true; });
+  timer.reset();
+  runUntil([&isLater] { return isLater; });
+  EXPECT_FALSE(isFired);
+}
+
+TEST_F(MIDIThreadTest, LetsATimerBeDroppedWhileItFires) {
+  QtMIDIClock clock;
+  std::unique_ptr<MIDITimer> timer;
+  bool isFired = false;
+  timer = clock.after(0.0, [&timer, &isFired] {
+    timer.reset();
+    isFired = true;
+  });
+  runUntil([&isFired] { return isFired; });
+  EXPECT_EQ(timer, nullptr);
+}
+
+TEST_F(MIDIThreadTest, KnowsTheLocalDate) {
+  const std::time_t before = std::time(nullptr);
+  const MIDICalendarTime now = QtMIDIClock().localTime();
+  std::tm broken{};
+  broken.tm_year = now.year - 1900;
+  broken.tm_mon = now.month - 1;
+  broken.tm_mday = now.day;
+  broken.tm_hour = now.hour;
+  broken.tm_min = now.minute;
+  broken.tm_sec = now.second;
+  broken.tm_isdst = -1;
+  const std::time_t told = std::mktime(&broken);
+  EXPECT_GE(told, before);
+  EXPECT_LE(told, std::time(nullptr));
+}
+
+TEST(MIDIThreadWithoutApplication, RunsAtOnce) {
+  bool isDone = false;
+  MIDICommon::runOnUIThread([&isDone] { isDone = true; });
+  EXPECT_TRUE(isDone);
+}
+
+}  // namespace
