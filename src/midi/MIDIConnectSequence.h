@@ -16,7 +16,7 @@
 ///
 /// The first two requests time out after two seconds. The later ones wait for ever, which is kept
 /// on purpose. Bytes 1 to 3 of a reply are not looked at.
-class MIDIConnectSequence final : public MIDIStepSequence {
+class MIDIConnectSequence : public MIDIStepSequence {
  public:
   void setDeviceInfo(std::shared_ptr<TARNDeviceInfo> info) { _deviceInfo = std::move(info); }
 

@@ -30,12 +30,12 @@ class MIDISettingSequence : public MIDIStepSequence {
   std::int32_t _param = 0;
 };
 
-class MIDIBatteryTypeSequence final : public MIDISettingSequence {
+class MIDIBatteryTypeSequence : public MIDISettingSequence {
  public:
   MIDIBatteryTypeSequence() : MIDISettingSequence({"CONTROL_SEQUENCE_BT_CHG_REQ", 0x01, 0x10}) {}
 };
 
-class MIDIAutoPowOffSequence final : public MIDISettingSequence {
+class MIDIAutoPowOffSequence : public MIDISettingSequence {
  public:
   MIDIAutoPowOffSequence() : MIDISettingSequence({"CONTROL_SEQUENCE_APO_CHG_REQ", 0x02, 0x11}) {}
 };

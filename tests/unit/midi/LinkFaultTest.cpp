@@ -81,10 +81,18 @@ TEST_P(LinkFaultTest, ConnectsToAHealthyRecorder) {
   expectHealthy();
 }
 
-TEST_P(LinkFaultTest, TellsOfARecorderThatIsThereFromTheStart) {
-  LinkBench other(GetParam());
-  other.connect();
-  EXPECT_EQ(other.updates, 1);
+TEST_P(LinkFaultTest, FindsARecorderThatIsThereFromTheStart) {
+  const auto source = bench.system->addEndpoint(MIDIDirection::Source, "J4 TARN");
+  bench.system->addEndpoint(
+      MIDIDirection::Destination, "J4 TARN",
+      [this](std::span<const std::uint8_t> bytes) { bench.recorder.receive(bytes); });
+  bench.recorder.plugIn(
+      {[this, source](const auto& bytes) { bench.system->transmit(source, bytes); }, [] {}});
+  bench.clock->advance(5.0);
+  EXPECT_EQ(bench.updates, 0);
+  bench.manager.scanTarnDevice();
+  bench.clock->advance(1.5);
+  EXPECT_EQ(bench.updates, 1);
 }
 
 TEST_P(LinkFaultTest, StopsWhereTheRecorderFailsAndConnectsAfterwards) {
@@ -166,6 +174,82 @@ TEST_P(LinkFaultTest, SurvivesRemovalInTheMiddleOfAnAnswer) {
     expectHealthy();
     bench.pullOut();
   }
+}
+
+/// A system that does not keep to the rules for what arrives.
+class BrokenSystemTest : public LinkFaultTest {
+ protected:
+  using Bytes = RecorderMessages::Bytes;
+
+  /// Plugs a recorder in whose bytes go to the link through `deliver`.
+  void plugIn(const std::function<void(MIDIObjectRef, const Bytes&)>& deliver) {
+    bench.plugIn();
+    const auto source = bench.system->endpoints(MIDIDirection::Source).at(0).reference;
+    bench.recorder.plugIn(
+        {[deliver, source](const Bytes& bytes) { deliver(source, bytes); }, [] {}});
+  }
+  void deliverBytes(MIDIObjectRef source, const Bytes& bytes) {
+    const MIDIPacket packet{0, bytes};
+    bench.system->deliver(source, MIDIPacketList(&packet, 1));
+  }
+  void deliverWords(MIDIObjectRef source, const std::vector<std::uint32_t>& words) {
+    const MIDIEventPacket packet{0, words};
+    bench.system->deliver(source, MIDIEventList(&packet, 1));
+  }
+  /// All of the bytes in one packet.
+  void deliverAtOnce(MIDIObjectRef source, const Bytes& bytes) {
+    if (GetParam() == MIDIPacketKind::BytePackets) {
+      deliverBytes(source, bytes);
+      return;
+    }
+    std::vector<std::uint32_t> all;
+    for (const auto& words : MIDIWireEvents().feed(bytes)) {
+      all.insert(all.end(), words.begin(), words.end());
+    }
+    deliverWords(source, all);
+  }
+  /// The bytes in many packets, with a clock packet after each.
+  void deliverWithClock(MIDIObjectRef source, const Bytes& bytes) {
+    if (GetParam() == MIDIPacketKind::BytePackets) {
+      for (const std::uint8_t byte : bytes) {
+        deliverBytes(source, {byte});
+        deliverBytes(source, {0xF8});
+      }
+      return;
+    }
+    for (const auto& words : MIDIWireEvents().feed(bytes)) {
+      deliverWords(source, words);
+      deliverWords(source, {0x10F80000});
+    }
+  }
+};
+MIXDECK_BOTH_KINDS(BrokenSystemTest);
+
+// Two messages in one packet: the bytes become one message that nobody knows, of the events the
+// first is taken.
+TEST_P(BrokenSystemTest, SurvivesMessagesMergedInOnePacket) {
+  for (const RecorderRequest at : handshake()) {
+    SCOPED_TRACE(stepOf(at));
+    bench.recorder.state().dateTime = {};
+    bench.recorder.misbehave(at, RecorderFault::Merged);
+    plugIn([this](auto source, const auto& bytes) { deliverAtOnce(source, bytes); });
+    bench.clock->advance(10.0);
+    const bool isLost = GetParam() == MIDIPacketKind::BytePackets;
+    EXPECT_EQ(outcome(), isLost ? expected(RecorderFault::Silent, at) : Outcome::Completed);
+    bench.pullOut();
+    bench.recorder.behave();
+    expectHealthy();
+    bench.pullOut();
+  }
+}
+
+TEST_P(BrokenSystemTest, SurvivesClockPacketsInsideMessages) {
+  plugIn([this](auto source, const auto& bytes) { deliverWithClock(source, bytes); });
+  bench.clock->advance(10.0);
+  EXPECT_NE(outcome(), Outcome::Completed);
+  EXPECT_EQ(bench.manager.state(), 5);
+  bench.pullOut();
+  expectHealthy();
 }
 
 TEST_P(LinkFaultTest, ShowsAReportThatNobodyAskedFor) {

@@ -247,6 +247,24 @@ TEST_P(MIDIConnectSequenceTest, QueuesASecondHandshake) {
   EXPECT_EQ(lastSent(), steps().front().request);
 }
 
+/// Keeps what the handshake says it waited for.
+class Described : public MIDIConnectSequence {
+ public:
+  Described() { setDeviceInfo(MIDISequenceManager::getDeviceInfo()); }
+  void sequenceTimeOut(const std::string& description) override { told = description; }
+  std::string told;
+};
+
+TEST_P(MIDIConnectSequenceTest, NamesWhatItWaitsFor) {
+  Described handshake;
+  handshake.startSequence();
+  clock->advance(2.0);
+  EXPECT_EQ(handshake.told, "CONNECT_SEQUENCE_DEVICE_ID_REQ");
+  handshake.receivedMidi(steps()[0].reply.data(), 14);
+  clock->advance(2.0);
+  EXPECT_EQ(handshake.told, "CONNECT_SEQUENCE_PC_APP_START_REQ");
+}
+
 TEST_P(MIDIConnectSequenceTest, EndsWhenDisposedOf) {
   for (const Step& step : steps()) {
     startUpTo(step.number);

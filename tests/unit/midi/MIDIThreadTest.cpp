@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "midi/MIDICommon.h"
+#include "midi/MIDISequenceBase.h"
 #include "midi/QtMIDIClock.h"
 
 namespace {
@@ -156,6 +157,21 @@ TEST_F(MIDIThreadTest, LetsATimerBeDroppedWhileItFires) {
   });
   runUntil([&isFired] { return isFired; });
   EXPECT_EQ(timer, nullptr);
+}
+
+TEST_F(MIDIThreadTest, TimesOutOnTheMainThreadWhoeverAsked) {
+  struct Timed : MIDISequenceBase {
+    void sequenceTimeOut(const std::string& /*description*/) override {
+      ranOn = std::this_thread::get_id();
+      isOut = true;
+    }
+    std::thread::id ranOn;
+    bool isOut = false;
+  } sequence;
+  std::thread worker([&sequence] { sequence.markTimeOut(0.01); });
+  runUntil([&sequence] { return sequence.isOut; });
+  worker.join();
+  EXPECT_EQ(sequence.ranOn, main);
 }
 
 TEST_F(MIDIThreadTest, KnowsTheLocalDate) {

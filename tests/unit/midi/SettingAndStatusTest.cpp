@@ -113,17 +113,23 @@ TEST_P(SettingTest, LeavesTheRecordAlone) {
   EXPECT_EQ(MIDISequenceManager::getDeviceInfo()->_autoPowOffType, 0);
 }
 
+/// Keeps what a sequence says it waited for.
+template <class Sequence>
+class Described : public Sequence {
+ public:
+  void sequenceTimeOut(const std::string& description) override { told = description; }
+  std::string told;
+};
+
 TEST_P(SettingTest, NamesWhatItWaitsFor) {
-  struct Battery : MIDISettingSequence {
-    explicit Battery(const Setting& setting) : MIDISettingSequence(setting) {}
-    using MIDISettingSequence::Setting;
-    void sequenceTimeOut(const std::string& description) override { told = description; }
-    std::string told;
-  };
-  Battery battery({"CONTROL_SEQUENCE_BT_CHG_REQ", 1, 0x10});
+  Described<MIDIBatteryTypeSequence> battery;
   battery.startSequence();
   clock->advance(2.0);
   EXPECT_EQ(battery.told, "CONTROL_SEQUENCE_BT_CHG_REQ");
+  Described<MIDIAutoPowOffSequence> power;
+  power.startSequence();
+  clock->advance(2.0);
+  EXPECT_EQ(power.told, "CONTROL_SEQUENCE_APO_CHG_REQ");
 }
 
 /// The listener after a handshake, which is taken for done here.
