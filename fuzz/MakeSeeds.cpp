@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // usage: make_seeds FOLDER
-// Writes the inputs that fuzzing starts from into FOLDER/reader and FOLDER/export.
+// Writes the inputs that fuzzing starts from into FOLDER/reader, FOLDER/export and FOLDER/link.
 
 #include <cmath>
 #include <filesystem>
@@ -243,6 +243,64 @@ void addRecipes(Seeds& seeds) {
   seeds.plan("plan-own-format", ByteBuilder(mono16).bytes(samples));
 }
 
+/// What happens on a link, event by event; LinkFuzz.cpp reads it.
+class LinkSeed {
+ public:
+  enum Event : std::uint8_t { PlugIn, PullOut, Wait, Battery, PowerOff, Report, Misbehave, Packet };
+
+  LinkSeed& add(Event event, std::uint8_t value = 0) {
+    _events.u8(event).u8(value);
+    ++_count;
+    return *this;
+  }
+  LinkSeed& packet(std::initializer_list<std::uint8_t> bytes) {
+    add(Packet, static_cast<std::uint8_t>(bytes.size()));
+    for (const std::uint8_t byte : bytes) _events.u8(byte);
+    return *this;
+  }
+  LinkSeed& word(std::uint32_t first, std::uint32_t second) {
+    add(Packet, 2);
+    _events.u32(first).u32(second);
+    return *this;
+  }
+  /// `kind` 0 byte packets, 1 event lists.
+  void write(const fs::path& path, std::uint8_t kind) const {
+    const Bytes all = ByteBuilder().u8(kind).u8(_count).bytes(_events.get()).get();
+    std::ofstream out(path.native() + (kind == 0 ? "-bytes" : "-events"), std::ios::binary);
+    out.write(reinterpret_cast<const char*>(all.data()), static_cast<std::streamsize>(all.size()));
+    if (!out.flush()) throw std::runtime_error("cannot write " + path.native());
+  }
+
+ private:
+  ByteBuilder _events;
+  std::uint8_t _count = 0;
+};
+
+LinkSeed handshake() {
+  return LinkSeed().add(LinkSeed::PlugIn).add(LinkSeed::Wait, 75);
+}
+
+void addLinks(const fs::path& folder) {
+  fs::create_directories(folder);
+  for (const std::uint8_t kind : {std::uint8_t{0}, std::uint8_t{1}}) {
+    handshake().add(LinkSeed::Report).add(LinkSeed::Wait, 5).write(folder / "report", kind);
+    handshake().add(LinkSeed::Battery, 2).add(LinkSeed::PowerOff, 1).write(folder / "set", kind);
+    handshake().add(LinkSeed::PullOut).add(LinkSeed::PlugIn).write(folder / "again", kind);
+    for (std::uint8_t request = 0; request < 9; ++request) {
+      for (std::uint8_t fault = 1; fault < 9; ++fault) {
+        const auto what = static_cast<std::uint8_t>(16 * request + fault);
+        LinkSeed seed;
+        seed.add(LinkSeed::Misbehave, what).add(LinkSeed::PlugIn).add(LinkSeed::Wait, 255);
+        seed.write(folder / ("fault-" + std::to_string(what)), kind);
+      }
+    }
+  }
+  handshake().packet({0xF0, 0x52}).packet({0x00, 0xF7}).write(folder / "pieces", 0);
+  handshake().packet({0x00, 0x0F, 0xF7}).packet({0xF7}).write(folder / "stray", 0);
+  handshake().word(0x30160102, 0x03040506).word(0x30310700, 0).write(folder / "pieces", 1);
+  handshake().word(0x30310700, 0).word(0x20903C64, 0x10F80000).write(folder / "stray", 1);
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -258,5 +316,6 @@ int main(int count, char** arguments) {
   addBroken(seeds);
   addSettings(seeds);
   addRecipes(seeds);
+  addLinks(fs::path(arguments[1]) / "link");
   return 0;
 }
