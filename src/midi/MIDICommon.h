@@ -9,7 +9,7 @@
 
 #include "midi/GLPacket.h"
 
-/// SysEx messages as Universal MIDI Packets (M2-104-UM, 7.7: message type 3, 7-bit System
+/// SysEx messages as Universal MIDI Packets (M2-104-UM, message type 3, 7-bit System
 /// Exclusive), and two ways to run work on another thread. All of it may be called on any thread.
 class MIDICommon {
  public:

@@ -9,7 +9,7 @@
 #include "midi/MIDIPackets.h"
 #include "midi/MIDIReceiveBuffer.h"
 
-/// Puts messages together from Universal MIDI Packets (M2-104-UM, 2.1.4 and 7.7). Everything that
+/// Puts messages together from Universal MIDI Packets (M2-104-UM). Everything that
 /// lasts is in the buffer. Stateless; one thread at a time for one buffer.
 class MIDIEventAssembler {
  public:

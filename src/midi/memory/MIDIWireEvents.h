@@ -9,7 +9,7 @@
 #include <vector>
 
 /// The pieces of a `MIDIWireReader` as Universal MIDI Packets of group 0, and SysEx packets as
-/// bytes again (M2-104-UM, 7.3 and 7.7). A SysEx message without its beginning is left out. One
+/// bytes again (M2-104-UM). A SysEx message without its beginning is left out. One
 /// thread at a time.
 class MIDIWireEvents {
  public:
