@@ -85,6 +85,12 @@ void divide(benchmark::State& state) {
 }
 
 template <class Set>
+void decodeAndDivide(benchmark::State& state) {
+  measure(state, 2 * kFloatBytes,
+          [](Block& block) { Set::decodeAndDivide(block.samples, 0.0F, 1.0F, 1.0F); });
+}
+
+template <class Set>
 void peakMagnitude(benchmark::State& state) {
   measure(state, kFloatBytes,
           [](Block& block) { benchmark::DoNotOptimize(Set::peakMagnitude(block.samples, 0.0F)); });
@@ -109,6 +115,8 @@ BENCHMARK_TEMPLATE(decodeMidSide, Kernels)->Name("decodeMidSide/vector");
 BENCHMARK_TEMPLATE(decodeMidSide, PlainKernels)->Name("decodeMidSide/plain");
 BENCHMARK_TEMPLATE(divide, Kernels)->Name("divide/vector");
 BENCHMARK_TEMPLATE(divide, PlainKernels)->Name("divide/plain");
+BENCHMARK_TEMPLATE(decodeAndDivide, Kernels)->Name("decodeAndDivide/vector");
+BENCHMARK_TEMPLATE(decodeAndDivide, PlainKernels)->Name("decodeAndDivide/plain");
 BENCHMARK_TEMPLATE(peakMagnitude, Kernels)->Name("peakMagnitude/vector");
 BENCHMARK_TEMPLATE(peakMagnitude, PlainKernels)->Name("peakMagnitude/plain");
 BENCHMARK_TEMPLATE(raiseMaxima, Kernels)->Name("raiseMaxima/vector");

@@ -37,6 +37,10 @@ void divide(float* frames, std::size_t count, float left, float right) {
   PlainKernels::divide(std::span(frames, count), left, right);
 }
 
+void decodeAndDivide(float* frames, std::size_t count, float sideGain, float left, float right) {
+  PlainKernels::decodeAndDivide(std::span(frames, count), sideGain, left, right);
+}
+
 float peakMagnitude(const float* samples, std::size_t count, float peak) {
   return PlainKernels::peakMagnitude(std::span(samples, count), peak);
 }
@@ -144,16 +148,26 @@ HWY_ATTR void pack24(const float* samples, std::uint8_t* bytes, std::size_t coun
                        std::as_writable_bytes(std::span(bytes + 3 * end, 3 * (count - end))));
 }
 
+// The steps of the frame kernels, on whole frames that fill a vector.
+template <class V>
+HWY_INLINE V decoded(V frame, V sideGain) {
+  const auto mid = hn::DupEven(frame);
+  const auto side = hn::Mul(hn::DupOdd(frame), sideGain);
+  return hn::OddEven(hn::Sub(mid, side), hn::Add(mid, side));
+}
+
+template <class V, class M>
+HWY_INLINE V divided(V frame, V divisor, M isZero) {
+  return hn::IfThenElse(isZero, frame, hn::Div(frame, divisor));
+}
+
 HWY_ATTR void decodeMidSide(float* frames, std::size_t count, float sideGain) {
   const FloatTag df;
   const auto gain = hn::Set(df, sideGain);
   const std::size_t lanes = hn::Lanes(df);
   std::size_t i = 0;
   for (; lanes > 1 && i + lanes <= count; i += lanes) {
-    const auto frame = hn::LoadU(df, frames + i);
-    const auto mid = hn::DupEven(frame);
-    const auto side = hn::Mul(hn::DupOdd(frame), gain);
-    hn::StoreU(hn::OddEven(hn::Sub(mid, side), hn::Add(mid, side)), df, frames + i);
+    hn::StoreU(decoded(hn::LoadU(df, frames + i), gain), df, frames + i);
   }
   PlainKernels::decodeMidSide(std::span(frames + i, count - i), sideGain);
 }
@@ -161,14 +175,28 @@ HWY_ATTR void decodeMidSide(float* frames, std::size_t count, float sideGain) {
 HWY_ATTR void divide(float* frames, std::size_t count, float left, float right) {
   const FloatTag df;
   const auto divisor = hn::OddEven(hn::Set(df, right), hn::Set(df, left));
-  const auto keep = hn::Eq(divisor, hn::Zero(df));
+  const auto isZero = hn::Eq(divisor, hn::Zero(df));
   const std::size_t lanes = hn::Lanes(df);
   std::size_t i = 0;
   for (; lanes > 1 && i + lanes <= count; i += lanes) {
-    const auto frame = hn::LoadU(df, frames + i);
-    hn::StoreU(hn::IfThenElse(keep, frame, hn::Div(frame, divisor)), df, frames + i);
+    hn::StoreU(divided(hn::LoadU(df, frames + i), divisor, isZero), df, frames + i);
   }
   PlainKernels::divide(std::span(frames + i, count - i), left, right);
+}
+
+HWY_ATTR void decodeAndDivide(float* frames, std::size_t count, float sideGain, float left,
+                              float right) {
+  const FloatTag df;
+  const auto gain = hn::Set(df, sideGain);
+  const auto divisor = hn::OddEven(hn::Set(df, right), hn::Set(df, left));
+  const auto isZero = hn::Eq(divisor, hn::Zero(df));
+  const std::size_t lanes = hn::Lanes(df);
+  std::size_t i = 0;
+  for (; lanes > 1 && i + lanes <= count; i += lanes) {
+    const auto frame = decoded(hn::LoadU(df, frames + i), gain);
+    hn::StoreU(divided(frame, divisor, isZero), df, frames + i);
+  }
+  PlainKernels::decodeAndDivide(std::span(frames + i, count - i), sideGain, left, right);
 }
 
 // Not Max: what a processor makes of NaN there differs.
@@ -234,6 +262,7 @@ HWY_EXPORT(unpack24);
 HWY_EXPORT(pack24);
 HWY_EXPORT(decodeMidSide);
 HWY_EXPORT(divide);
+HWY_EXPORT(decodeAndDivide);
 HWY_EXPORT(peakMagnitude);
 HWY_EXPORT(raiseMaxima);
 
@@ -264,6 +293,10 @@ void Kernels::decodeMidSide(std::span<float> frames, float sideGain) {
 
 void Kernels::divide(std::span<float> frames, float left, float right) {
   HWY_DYNAMIC_DISPATCH(divide)(frames.data(), frames.size(), left, right);
+}
+
+void Kernels::decodeAndDivide(std::span<float> frames, float sideGain, float left, float right) {
+  HWY_DYNAMIC_DISPATCH(decodeAndDivide)(frames.data(), frames.size(), sideGain, left, right);
 }
 
 float Kernels::peakMagnitude(std::span<const float> samples, float peak) {

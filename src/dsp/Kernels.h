@@ -29,6 +29,9 @@ class Kernels {
   /// leaves its channel as it is.
   static void divide(std::span<float> frames, float left, float right);
 
+  /// `decodeMidSide` and then `divide` in one go.
+  static void decodeAndDivide(std::span<float> frames, float sideGain, float left, float right);
+
   /// The largest of `peak` and every |sample|; samples that are not a number do not count.
   /// `peak` is 0 or more.
   static float peakMagnitude(std::span<const float> samples, float peak);

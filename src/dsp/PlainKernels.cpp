@@ -61,6 +61,12 @@ void PlainKernels::divide(std::span<float> frames, float left, float right) {
   }
 }
 
+void PlainKernels::decodeAndDivide(std::span<float> frames, float sideGain, float left,
+                                   float right) {
+  decodeMidSide(frames, sideGain);
+  divide(frames, left, right);
+}
+
 float PlainKernels::peakMagnitude(std::span<const float> samples, float peak) {
   for (const float sample : samples) {
     const float magnitude = std::fabs(sample);

@@ -13,6 +13,7 @@ class PlainKernels {
   static void pack24(std::span<const float> samples, std::span<std::byte> bytes);
   static void decodeMidSide(std::span<float> frames, float sideGain);
   static void divide(std::span<float> frames, float left, float right);
+  static void decodeAndDivide(std::span<float> frames, float sideGain, float left, float right);
   static float peakMagnitude(std::span<const float> samples, float peak);
   static void raiseMaxima(std::span<const float> frames, float& left, float& right);
 

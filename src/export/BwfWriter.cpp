@@ -125,9 +125,15 @@ void BwfWriter::reserve(std::uint64_t sampleBytes) {
 }
 
 void BwfWriter::Write(const void* bytes, std::uint32_t count) {
-  append({static_cast<const std::byte*>(bytes), count});
-  _dataLength += count;
+  const std::span from(static_cast<const std::byte*>(bytes), count);
+  std::copy(from.begin(), from.end(), extend(count).begin());
+}
+
+std::span<std::byte> BwfWriter::extend(std::uint32_t count) {
   if (_sender && _data.size() >= kStreamBlock) sendOut();
+  _data.resize(_data.size() + count);
+  _dataLength += count;
+  return std::span(_data).last(count);
 }
 
 void BwfWriter::sendOut() {

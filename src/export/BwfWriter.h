@@ -38,6 +38,9 @@ class BwfWriter {
 
   /// Appends sample bytes.
   void Write(const void* bytes, std::uint32_t count);
+  /// Appends room for this many sample bytes, for the caller to fill before the next call: `Write`
+  /// without a copy.
+  std::span<std::byte> extend(std::uint32_t count);
   /// Makes room for this many sample bytes at once, where the file is held in memory.
   void reserve(std::uint64_t sampleBytes);
   /// Sets the RIFF size and the data size. Calling it again is harmless.

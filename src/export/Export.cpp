@@ -13,7 +13,7 @@
 
 #include "dsp/GainStage.h"
 #include "dsp/Kernels.h"
-#include "dsp/MidSideDecoder.h"
+#include "dsp/SideGain.h"
 #include "export/Recognition.h"
 #include "wav/BextLayout.h"
 
@@ -30,26 +30,15 @@ std::string historyOf(int bits) {
   return fmt::format("A=PCM,F=48000,W={},M=stereo,T=J4;VERSION=1.00;MSRAW=OFF;", bits);
 }
 
-// Sends blocks of floats to the writer in the width of the export.
-class SampleWriter {
- public:
-  SampleWriter(BwfWriter& writer, bool is24bit) : _writer(writer), _is24bit(is24bit) {}
-
-  void write(std::span<const float> samples) {
-    if (!_is24bit) return send(samples.data(), samples.size_bytes());
-    Kernels::pack24(samples, std::span(_packed).first(3 * samples.size()));
-    send(_packed.data(), 3 * samples.size());
+// Appends floats in the width of the export.
+void write(std::span<const float> samples, bool is24bit, BwfWriter& writer) {
+  const auto count = static_cast<std::uint32_t>(samples.size());
+  if (is24bit) {
+    Kernels::pack24(samples, writer.extend(3 * count));
+  } else {
+    writer.Write(samples.data(), 4 * count);
   }
-
- private:
-  void send(const void* bytes, std::size_t count) {
-    _writer.Write(bytes, static_cast<std::uint32_t>(count));
-  }
-
-  BwfWriter& _writer;
-  bool _is24bit;
-  std::array<std::byte, 3 * kBlockFloats> _packed;
-};
+}
 
 }  // namespace
 
@@ -128,13 +117,17 @@ void Export::editAndWriteSample(BwfWriter& writer) {
   _framesDone = 0;
   _framesToDo = source.framesLeft() * (_normalize ? 2 : 1);
   const Attenuation attenuation = this->attenuation();
-  SampleWriter out(writer, _isExport24Bit);
+  const float left = GainStage::factor(attenuation.left);
+  const float right = GainStage::factor(attenuation.right);
   std::array<float, kBlockFloats> block;
   while (const std::uint64_t count = fillBlock(source, block)) {
     const std::span<float> frames = std::span(block).first(2 * count);
-    decode(frames);
-    GainStage::apply(frames, attenuation.left, attenuation.right);
-    out.write(frames);
+    if (_reader->isBoMSFormat()) {
+      Kernels::decodeAndDivide(frames, sideGain(), left, right);
+    } else {
+      Kernels::divide(frames, left, right);
+    }
+    write(frames, _isExport24Bit, writer);
     if (!writer.failure().empty()) fail(writer.failure());
     report(count);
   }
@@ -147,7 +140,7 @@ Export::Attenuation Export::attenuation() {
   std::array<float, kBlockFloats> block;
   while (const std::uint64_t count = fillBlock(source, block)) {
     const std::span<float> frames = std::span(block).first(2 * count);
-    decode(frames);
+    if (_reader->isBoMSFormat()) Kernels::decodeMidSide(frames, sideGain());
     peak = Kernels::peakMagnitude(frames, peak);
     report(count);
   }
@@ -167,8 +160,8 @@ std::uint64_t Export::fillBlock(FrameStream& source, std::span<float> block) {
   return 0;
 }
 
-void Export::decode(std::span<float> frames) const {
-  if (_reader->isBoMSFormat()) MidSideDecoder::decode(frames, WaveFileReader::wholeAngle(_angle));
+float Export::sideGain() const {
+  return SideGain::factor(WaveFileReader::wholeAngle(_angle));
 }
 
 void Export::report(std::uint64_t framesDone) {

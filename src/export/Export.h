@@ -95,7 +95,7 @@ class Export {
   bool prepare(const std::filesystem::path& path, BwfWriter& writer);
   Attenuation attenuation();
   std::uint64_t fillBlock(FrameStream& source, std::span<float> block);
-  void decode(std::span<float> frames) const;
+  [[nodiscard]] float sideGain() const;
   void report(std::uint64_t framesDone);
   bool fail(const std::string& reason);
   [[nodiscard]] bool stopped() const { return _wasCancelled || !_failure.empty(); }
