@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <any>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What an observer is told: the event's name and its payload, empty for most events.
+struct Notification {
+  std::string name;
+  std::any object;
+};
+
+/// A registry of observers by event name. Delivery is synchronous: every observer of the name runs
+/// on the posting thread, in the order of registration, before `post` returns.
+///
+/// Any thread may do anything at any time, from inside an observer too. An observer that is removed
+/// while another thread is posting may still be called once by that post.
+class NotificationCenter {
+ public:
+  using Observer = std::function<void(const Notification&)>;
+
+  /// The one of the process.
+  static NotificationCenter& defaultCenter();
+
+  /// `target` is whom the observer belongs to, for `removeObserver`; it is never looked into.
+  void addObserver(const void* target, Observer observer, std::string_view name);
+  /// Ends everything that `target` observes. Whoever does not live as long as the process calls it
+  /// before the end.
+  void removeObserver(const void* target);
+  void post(const Notification& notification) const;
+
+ private:
+  struct Entry {
+    const void* target;
+    std::string name;
+    Observer observer;
+  };
+  using Entries = std::vector<Entry>;
+
+  [[nodiscard]] std::shared_ptr<const Entries> entries() const;
+
+  mutable std::mutex _mutex;  ///< guards the pointer; a list itself never changes
+  std::shared_ptr<const Entries> _entries = std::make_shared<Entries>();
+};

@@ -1,0 +1,146 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "base/SettingsFile.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <string_view>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr mode_t kPrivate = 0600;
+constexpr std::size_t kMostBytes = 1 << 20;  // far above what two keys can need
+constexpr int kMostLinks = 40;
+constexpr auto kLockPatience = std::chrono::milliseconds(500);
+constexpr auto kLockPoll = std::chrono::milliseconds(5);
+
+/// Holds a lock file; goes on without it where that cannot be had.
+class FileLock {
+ public:
+  explicit FileLock(const fs::path& path)
+      : _file(open(path.c_str(), O_CREAT | O_RDWR | O_CLOEXEC, kPrivate)) {
+    const auto end = std::chrono::steady_clock::now() + kLockPatience;
+    while (_file >= 0 && flock(_file, LOCK_EX | LOCK_NB) != 0 &&
+           std::chrono::steady_clock::now() < end) {
+      std::this_thread::sleep_for(kLockPoll);
+    }
+  }
+  FileLock(const FileLock&) = delete;
+  FileLock& operator=(const FileLock&) = delete;
+  ~FileLock() {
+    if (_file >= 0) close(_file);
+  }
+
+ private:
+  int _file;
+};
+
+fs::path with(const fs::path& path, std::string_view ending) {
+  fs::path result = path;
+  return result += ending;
+}
+
+bool readAll(int file, std::string& text) {
+  struct stat status {};
+  if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) return false;
+  std::array<char, 4096> block{};
+  for (;;) {
+    const ssize_t got = read(file, block.data(), block.size());
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) return got == 0;
+    text.append(block.data(), static_cast<std::size_t>(got));
+    if (text.size() > kMostBytes) return false;
+  }
+}
+
+bool writeAll(int file, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t done = write(file, text.data(), text.size());
+    if (done < 0 && errno == EINTR) continue;
+    if (done < 0) return false;
+    text.remove_prefix(static_cast<std::size_t>(done));
+  }
+  return fsync(file) == 0;
+}
+
+// A link, as people use to share their settings between machines, stays one.
+fs::path withoutLinks(fs::path path) {
+  std::error_code error;
+  for (int i = 0; i < kMostLinks && fs::is_symlink(fs::symlink_status(path, error)); ++i) {
+    const fs::path to = fs::read_symlink(path, error);
+    path = to.is_absolute() ? to : path.parent_path() / to;
+  }
+  return path;
+}
+
+}  // namespace
+
+SettingsFile::SettingsFile(fs::path path) : _path(withoutLinks(std::move(path))) {}
+
+fs::path SettingsFile::defaultPath() {
+  const char* const config = std::getenv("XDG_CONFIG_HOME");
+  const bool isUsable = config != nullptr && *config == '/';  // relative ones are to be ignored
+  const char* const home = std::getenv("HOME");
+  const fs::path folder = isUsable ? fs::path(config) : fs::path(home ? home : "/") / ".config";
+  return folder / "mixdeck" / "settings";
+}
+
+std::optional<SettingsText::Values> SettingsFile::load() const {
+  const int file = open(_path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (file < 0) return std::nullopt;
+  std::string text;
+  const bool isRead = readAll(file, text);
+  close(file);
+  return isRead ? SettingsText::read(text) : std::nullopt;
+}
+
+SettingsText::Values SettingsFile::loadOrSetAside() const {
+  if (auto values = load()) return *std::move(values);
+  std::rename(_path.c_str(), with(_path, ".damaged").c_str());
+  return {};
+}
+
+std::optional<std::string> SettingsFile::get(const std::string& key) const {
+  std::error_code error;
+  if (!fs::exists(fs::symlink_status(_path, error))) return std::nullopt;
+  auto values = load();
+  if (!values) {
+    const FileLock lock(with(_path, ".lock"));
+    values = loadOrSetAside();
+  }
+  const auto found = values->find(key);
+  return found == values->end() ? std::nullopt : std::optional(found->second);
+}
+
+bool SettingsFile::set(const std::string& key, const std::string& value) const {
+  std::error_code error;
+  fs::create_directories(_path.parent_path(), error);
+  const FileLock lock(with(_path, ".lock"));
+  SettingsText::Values values = loadOrSetAside();
+  values[key] = value;
+  return save(values);
+}
+
+bool SettingsFile::save(const SettingsText::Values& values) const {
+  std::string name = with(_path, ".XXXXXX").native();
+  const int file = mkostemp(name.data(), O_CLOEXEC);
+  if (file < 0) return false;
+  const bool isWritten = writeAll(file, SettingsText::write(values));
+  close(file);
+  if (isWritten && std::rename(name.c_str(), _path.c_str()) == 0) return true;
+  unlink(name.c_str());
+  return false;
+}

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// The program's persistent strings, and one stopwatch for diagnosis. Main thread only.
+class Utility {
+ public:
+  /// Path of the folder last shown, without a slash at its end.
+  static constexpr std::string_view kLastOpenFolder = "UD_LAST_OPEN_FOLDER";
+  /// The version ("1.2.34") whose introduction the user does not want to see again.
+  static constexpr std::string_view kDoNotShowAgain = "UD_DO_NOT_SHOW_AGAIN";
+
+  /// Keeps the value for the key, in place of any earlier one. What cannot be written is logged.
+  static void store(std::string_view key, std::string_view valueString);
+  /// The stored value; none when there is none.
+  static std::optional<std::string> getStringValue(std::string_view key);
+
+  static void stopWatch_start();
+  /// Seconds since the last start, which goes on counting; 0 without a start.
+  static double stopWatch_stop();
+};

@@ -1,0 +1,148 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "base/SettingsFile.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <string>
+#include <thread>
+
+#include "support/EnvironmentVariable.h"
+#include "support/TemporaryFolder.h"
+
+using testing::Contains;
+using testing::Not;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::vector<std::byte> bytesOf(const std::string& text) {
+  std::vector<std::byte> bytes(text.size());
+  std::transform(text.begin(), text.end(), bytes.begin(),
+                 [](char character) { return static_cast<std::byte>(character); });
+  return bytes;
+}
+
+class SettingsFileTest : public testing::Test {
+ protected:
+  TemporaryFolder folder;
+  fs::path path = folder.path() / "settings";
+  SettingsFile settings{path};
+};
+
+TEST_F(SettingsFileTest, AnAbsentFileHasNoValuesAndIsNotMade) {
+  EXPECT_EQ(settings.get("a"), std::nullopt);
+  EXPECT_TRUE(folder.names().empty());
+}
+
+TEST_F(SettingsFileTest, KeepsWhatWasStored) {
+  EXPECT_TRUE(settings.set("a", "1"));
+  EXPECT_TRUE(settings.set("b", "/x y"));
+  EXPECT_TRUE(settings.set("a", "2"));
+  const SettingsFile later(path);
+  EXPECT_EQ(later.get("a"), "2");
+  EXPECT_EQ(later.get("b"), "/x y");
+  EXPECT_EQ(later.get("c"), std::nullopt);
+}
+
+TEST_F(SettingsFileTest, MakesItsFolders) {
+  const SettingsFile deep(folder.path() / "x" / "y" / "settings");
+  EXPECT_TRUE(deep.set("a", "1"));
+  EXPECT_EQ(deep.get("a"), "1");
+}
+
+TEST_F(SettingsFileTest, LeavesNoTemporaryFile) {
+  EXPECT_TRUE(settings.set("a", "1"));
+  EXPECT_THAT(folder.names(), testing::ElementsAre("settings", "settings.lock"));
+}
+
+TEST_F(SettingsFileTest, SetsADamagedFileAside) {
+  for (const std::string& damaged : {std::string(), std::string("rubbish"), std::string(3, '\0')}) {
+    folder.file("settings", bytesOf(damaged));
+    EXPECT_EQ(settings.get("a"), std::nullopt);
+    EXPECT_EQ(TemporaryFolder::read(folder.path() / "settings.damaged"), bytesOf(damaged));
+    EXPECT_THAT(folder.names(), Not(Contains("settings")));
+    EXPECT_TRUE(settings.set("a", "1"));
+    EXPECT_EQ(settings.get("a"), "1");
+  }
+}
+
+TEST_F(SettingsFileTest, SetsAsideWhatIsNoFileAtAll) {
+  fs::create_directory(path);
+  EXPECT_EQ(settings.get("a"), std::nullopt);
+  EXPECT_TRUE(settings.set("a", "1"));
+  EXPECT_EQ(settings.get("a"), "1");
+  EXPECT_THAT(folder.names(), Contains("settings.damaged"));
+}
+
+TEST_F(SettingsFileTest, ADamagedFileIsReplacedByTheNextValue) {
+  folder.file("settings", bytesOf("mixdeck-settings 1\na"));
+  EXPECT_TRUE(settings.set("b", "2"));
+  EXPECT_EQ(settings.get("b"), "2");
+  EXPECT_THAT(folder.names(), Contains("settings.damaged"));
+}
+
+TEST_F(SettingsFileTest, TwoProgramsKeepEachOthersKeys) {
+  constexpr int kKeys = 40;
+  const pid_t other = fork();
+  if (other == 0) {
+    bool isFine = true;
+    for (int i = 0; i < kKeys; ++i) {
+      isFine = SettingsFile(path).set("other" + std::to_string(i), "1") && isFine;
+    }
+    _exit(isFine ? 0 : 1);
+  }
+  for (int i = 0; i < kKeys; ++i) EXPECT_TRUE(settings.set("own" + std::to_string(i), "1"));
+  int status = 0;
+  ASSERT_EQ(waitpid(other, &status, 0), other);
+  EXPECT_EQ(status, 0);
+  for (int i = 0; i < kKeys; ++i) {
+    EXPECT_EQ(settings.get("own" + std::to_string(i)), "1") << i;
+    EXPECT_EQ(settings.get("other" + std::to_string(i)), "1") << i;
+  }
+}
+
+TEST_F(SettingsFileTest, AProgramThatHangsOnTheLockDoesNotHangThisOne) {
+  const int lock = open((path.native() + ".lock").c_str(), O_CREAT | O_RDWR, 0600);
+  ASSERT_EQ(flock(lock, LOCK_EX), 0);
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_TRUE(settings.set("a", "1"));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+  close(lock);
+  EXPECT_EQ(settings.get("a"), "1");
+}
+
+TEST_F(SettingsFileTest, ALinkStaysALink) {
+  fs::create_directory(folder.path() / "shared");
+  fs::create_symlink(folder.path() / "shared" / "real", path);
+  EXPECT_TRUE(SettingsFile(path).set("a", "1"));
+  EXPECT_TRUE(fs::is_symlink(path));
+  EXPECT_EQ(SettingsFile(folder.path() / "shared" / "real").get("a"), "1");
+}
+
+TEST_F(SettingsFileTest, AFolderThatCannotBeWrittenIsReported) {
+  folder.file("nofolder", {});
+  EXPECT_FALSE(SettingsFile(folder.path() / "nofolder" / "settings").set("a", "1"));
+}
+
+TEST(SettingsFilePath, FollowsTheUsersFolders) {
+  const EnvironmentVariable home("HOME", "/home/someone");
+  {
+    const EnvironmentVariable config("XDG_CONFIG_HOME", "/elsewhere");
+    EXPECT_EQ(SettingsFile::defaultPath(), "/elsewhere/mixdeck/settings");
+  }
+  for (const char* const unusable : {"", "relative"}) {
+    const EnvironmentVariable config("XDG_CONFIG_HOME", unusable);
+    EXPECT_EQ(SettingsFile::defaultPath(), "/home/someone/.config/mixdeck/settings");
+  }
+}
+
+}  // namespace
