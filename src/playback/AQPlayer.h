@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "playback/AQPlayerState.h"
+
+/// Plays one WAVE file through an output queue with three buffers of a tenth of a second.
+///
+/// There is one playing file per process: `AQPlayerState` belongs to whichever player was made
+/// last, and the one before is cleaned up first. Fires "EB_PLAY_FINISH" whenever the queue has
+/// stopped, at the end and in every seek. Errors are only logged: a file that cannot be opened
+/// plays nothing. Owner's thread only, which has an event loop; the data callback and the event
+/// come on it too. Times are milliseconds, `duration` is seconds.
+class AQPlayer {
+ public:
+  explicit AQPlayer(std::string filePath);
+  AQPlayer(const AQPlayer&) = delete;
+  AQPlayer& operator=(const AQPlayer&) = delete;
+  /// Cleans up, unless another player has been made meanwhile.
+  ~AQPlayer();
+
+  /// Starts at packet 0, or goes on where the queue is. After the output was lost it goes on, with
+  /// a new one, where it was heard last.
+  void play(bool resume);
+  void pause();
+  /// Goes to a fraction of the file, 0.0 to 1.0, with a queue made anew.
+  void setPosition(double position, bool play);
+  [[nodiscard]] double timeFromPosition(double position) const;
+  [[nodiscard]] double duration() const;
+  [[nodiscard]] double currentTime() const;
+  [[nodiscard]] bool getIsDone() const;
+  /// Linear, passed on as it is.
+  void setVolume(double volume);
+  void setDataCB(AQDataCallback callback);
+  void cleanUp();
+
+  /// Told, with a sentence for people, when the sound system has gone or was never there. Nothing
+  /// plays then until the next `play`.
+  void setLostCB(std::function<void(const std::string& why)> callback);
+  /// How often the output had nothing to play since the file was opened.
+  [[nodiscard]] std::uint64_t underruns() const;
+  /// Why the file could not be opened or read to its end; empty when it could.
+  [[nodiscard]] const std::string& readFailure() const;
+
+  /// Bytes of one buffer: a tenth of a second of packets, between 16 KiB and 64 KiB.
+  static std::uint32_t bufferByteSize(std::uint32_t maxPacketSize, double sampleRate,
+                                      std::uint32_t framesPerPacket);
+
+ private:
+  void AQOpenFile();
+  void AQSetUpQueue();
+  static void AQOutputCallback(AudioQueueBuffer& buffer);
+  static void AQIsRunningListener();
+  static void AQOutputLost(const std::string& why);
+  static void readPackets(AudioQueueBuffer& buffer, AudioFile::Read& read);
+  void makeOutput();
+  void seekTo(std::int64_t packet);
+  void recover(bool resume);
+
+  std::string _filePath;
+  double _seek_time = 0;  ///< ms from the start of the file to where the queue began
+};

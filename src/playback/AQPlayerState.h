@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "playback/AudioFile.h"
+#include "playback/AudioFormat.h"
+#include "playback/AudioOutput.h"
+#include "playback/AudioQueue.h"
+
+/// Called with each freshly filled buffer, the file's format, and the packet at which the buffer
+/// starts. May change the samples in place.
+using AQDataCallback =
+    std::function<void(AudioQueueBuffer& buffer, const AudioFormat& format, std::int64_t packet)>;
+
+/// The one playing file of the process; every `AQPlayer` works on it. Owner's thread only.
+struct AQPlayerState {
+  AudioFormat dataFormat;
+  std::unique_ptr<AudioOutput> output;   ///< kept from queue to queue, so that a seek is quick
+  std::unique_ptr<AudioQueue> queue;     ///< null when there is none
+  std::unique_ptr<AudioFile> audioFile;  ///< null when closed
+  std::uint32_t bufferByteSize = 0;
+  std::int64_t currentPacket = 0;  ///< next one to read
+  std::uint32_t numPacketsToRead = 0;
+  std::uint64_t packetCount = 0;
+  bool isRunning = false;
+  bool isDone = false;  ///< read to the end, or a read failed
+  bool isInitialized = false;
+  std::string openedPath;
+  double durationSeconds = 0;
+  AQDataCallback dataCallback;
+
+  std::function<void(const std::string& why)> lostCallback;
+  float volume = 1.0F;          ///< for an output made anew
+  std::uint64_t underruns = 0;  ///< of outputs that are gone
+  std::string readFailure;      ///< why the file could not be opened or read to its end
+};

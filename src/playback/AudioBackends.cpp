@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "playback/AudioBackends.h"
+
+#include <map>
+#include <utility>
+
+#include "playback/pulse/PulseOutput.h"
+#include "playback/sndfile/SndfileAudioFile.h"
+
+namespace {
+
+struct Registry {
+  std::map<std::string, AudioBackends::FileFactory, std::less<>> files{
+      {"sndfile", [] { return std::make_unique<SndfileAudioFile>(); }}};
+  std::map<std::string, AudioBackends::OutputFactory, std::less<>> outputs{
+      {"pulse",
+       [](const AudioOutput::Format& format) { return std::make_unique<PulseOutput>(format); }}};
+  std::string file = "sndfile";
+  std::string output = "pulse";
+};
+
+Registry& registry() {
+  static Registry only;
+  return only;
+}
+
+}  // namespace
+
+void AudioBackends::addFile(std::string_view name, FileFactory factory) {
+  registry().files.insert_or_assign(std::string(name), std::move(factory));
+}
+
+void AudioBackends::addOutput(std::string_view name, OutputFactory factory) {
+  registry().outputs.insert_or_assign(std::string(name), std::move(factory));
+}
+
+bool AudioBackends::chooseFile(std::string_view name) {
+  if (!registry().files.contains(name)) return false;
+  registry().file = name;
+  return true;
+}
+
+bool AudioBackends::chooseOutput(std::string_view name) {
+  if (!registry().outputs.contains(name)) return false;
+  registry().output = name;
+  return true;
+}
+
+std::unique_ptr<AudioFile> AudioBackends::makeFile() {
+  return makeFile(registry().file);
+}
+
+std::unique_ptr<AudioFile> AudioBackends::makeFile(std::string_view name) {
+  return registry().files.find(name)->second();
+}
+
+std::unique_ptr<AudioOutput> AudioBackends::makeOutput(const AudioOutput::Format& format) {
+  return registry().outputs.at(registry().output)(format);
+}

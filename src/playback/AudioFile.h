@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "playback/AudioFormat.h"
+
+/// The seam to the library that reads sound files.
+///
+/// Lifetime: one file, opened once; the destructor closes it. Thread: the owner's only. Nothing
+/// throws or blocks but for the medium itself.
+class AudioFile {
+ public:
+  /// What a read brought: frames, 0 at the end, and an error number, 0 when all went well.
+  struct Read {
+    std::uint32_t frames = 0;
+    int error = 0;
+  };
+
+  AudioFile() = default;
+  AudioFile(const AudioFile&) = delete;
+  AudioFile& operator=(const AudioFile&) = delete;
+  virtual ~AudioFile() = default;
+
+  /// Opens a WAVE file (path in the file system's own bytes). False with a reason in `failure`.
+  virtual bool open(const std::string& path) = 0;
+  /// Why `open` or the last read failed; empty when it did not.
+  [[nodiscard]] virtual std::string failure() const = 0;
+  /// All zero without an open file.
+  [[nodiscard]] virtual AudioFormat format() const = 0;
+  [[nodiscard]] virtual std::uint64_t frameCount() const = 0;
+  /// Reads up to `frames` whole frames from frame `first` on into `to`, which holds them. No
+  /// allocation.
+  virtual Read readFrames(std::uint64_t first, std::uint32_t frames, std::span<std::byte> to) = 0;
+};

@@ -1,0 +1,150 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "playback/WavePlayer.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+#include <utility>
+
+namespace {
+
+constexpr double kMilliseconds = 1000.0;
+constexpr double kNoPosition = -1.0;
+constexpr double kEnd = 1.0;
+
+std::int32_t wholeSeconds(double seconds) {
+  const double whole = std::floor(seconds);
+  if (!(whole < double{INT32_MAX})) return INT32_MAX;
+  return whole > double{INT32_MIN} ? static_cast<std::int32_t>(whole) : INT32_MIN;
+}
+
+}  // namespace
+
+WavePlayer::WavePlayer(const std::string& filePath)
+    : _fileUrl(filePath), _self(std::make_shared<WavePlayer*>(this)) {
+  floatScratch();
+  _player = std::make_unique<AQPlayer>(filePath);
+  _player->setVolume(_volume);
+  const std::weak_ptr<WavePlayer*> weak = _self;
+  _player->setDataCB(
+      [weak](AudioQueueBuffer& buffer, const AudioFormat& info, std::int64_t packet) {
+        if (const auto self = weak.lock()) (*self)->processSampleBuffer(buffer, info, packet);
+      });
+  _player->setLostCB([weak](const std::string& why) {
+    if (const auto self = weak.lock()) (*self)->outputLost(why);
+  });
+}
+
+void WavePlayer::changeState(std::uint64_t state) {
+  if (_play_state != state) _play_state = state;
+}
+
+void WavePlayer::notifyStateChanged() {
+  if (const auto delegate = _delegate.lock()) delegate->WavePlayerStateChanged();
+}
+
+// The delegate may delete the player: nothing is touched after it was told.
+void WavePlayer::setState(std::uint64_t state) {
+  changeState(state);
+  notifyStateChanged();
+}
+
+std::string WavePlayer::state2Str(std::uint64_t state) {
+  switch (state) {
+    case PLAY_STATE_INIT:
+      return "PLAY_STATE_INIT";
+    case PLAY_STATE_PLAY:
+      return "PLAY_STATE_PLAY";
+    case PLAY_STATE_PAUSE:
+      return "PLAY_STATE_PAUSE";
+    case PLAY_STATE_FINISH:
+      return "PLAY_STATE_FINISH";
+    default:
+      return "STATE NOT FOUND";
+  }
+}
+
+void WavePlayer::play() {
+  if (_play_state == PLAY_STATE_PLAY) return pause();
+  if (_play_state != PLAY_STATE_FINISH) {
+    _player->play(_play_state == PLAY_STATE_PAUSE);
+    return setState(PLAY_STATE_PLAY);
+  }
+  setState(PLAY_STATE_PLAY);
+  if (_setPositionOldVal != kNoPosition && _setPositionOldVal != kEnd) {
+    _player->play(false);
+  } else {
+    setPosition(0.0);
+    _isSeeking = false;
+  }
+  _player->setVolume(_volume);
+}
+
+void WavePlayer::pause() {
+  if (_play_state != PLAY_STATE_PLAY) return;
+  _player->pause();
+  setState(PLAY_STATE_PAUSE);
+}
+
+void WavePlayer::playFinish() {
+  if (_isSeeking) return;
+  _setPositionOldVal = kNoPosition;
+  setState(PLAY_STATE_FINISH);
+}
+
+void WavePlayer::setPosition(double position) {
+  _isSeeking = position != kEnd;  // a seek to the very end is a real finish
+  _setPositionOldVal = position;
+  const bool wasPlaying = _play_state == PLAY_STATE_PLAY;
+  _player->setPosition(position, wasPlaying);
+  _isSeeking = false;
+  _player->setVolume(_volume);
+  if (position == kEnd) return setState(PLAY_STATE_FINISH);
+  if (_play_state == PLAY_STATE_FINISH) return setState(PLAY_STATE_PAUSE);
+  if (wasPlaying) setState(PLAY_STATE_PLAY);
+}
+
+void WavePlayer::setVolume(double volume) {
+  if (!(volume >= 0.0 && volume <= 1.0)) return;
+  _volume = volume;
+  _player->setVolume(volume);
+}
+
+void WavePlayer::outputLost(const std::string& why) {
+  if (_play_state != PLAY_STATE_PLAY) return;
+  const auto delegate = _delegate.lock();
+  setState(PLAY_STATE_PAUSE);
+  if (delegate) delegate->WavePlayerOutputLost(why);
+}
+
+void WavePlayer::cleanUp() {
+  if (_player) _player->cleanUp();
+}
+
+double WavePlayer::duration() const {
+  return std::floor(_player->duration());
+}
+
+double WavePlayer::curremtTime() const {
+  return _player->currentTime() / kMilliseconds;
+}
+
+std::string WavePlayer::durationString() const {
+  return second2String(wholeSeconds(_player->duration()));
+}
+
+std::string WavePlayer::currentTimeString() const {
+  if (_play_state == PLAY_STATE_INIT) return getZeroTimeString();
+  const std::int32_t seconds = wholeSeconds(curremtTime());
+  return seconds < 0 ? std::string() : second2String(seconds);
+}
+
+std::string WavePlayer::getTimeFromPosition(double position) const {
+  return second2String(wholeSeconds(timeFromPosition(position) / kMilliseconds));
+}
+
+std::string WavePlayer::second2String(std::int32_t seconds) {
+  return fmt::format("{:02d}:{:02d}:{:02d}", seconds / 3600, seconds % 3600 / 60, seconds % 60);
+}

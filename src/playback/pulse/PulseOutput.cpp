@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "playback/pulse/PulseOutput.h"
+
+#include "playback/pulse/PulseConnection.h"
+#include "playback/pulse/PulseControls.h"
+
+PulseOutput::PulseOutput(const Format& format)
+    : _controls(std::make_unique<PulseControls>(format)),
+      _connection(std::make_unique<PulseConnection>(*_controls)),
+      _signal([this] { deliver(); }) {
+  _controls->tellOwner = [this] { _signal.raise(); };
+}
+
+PulseOutput::~PulseOutput() {
+  _controls->source.set(nullptr);
+  _controls->isEnding.store(true);
+  _connection->wake();
+  if (_thread.joinable()) _thread.join();
+}
+
+void PulseOutput::attach(AudioSource* source, AudioOutputListener* listener) {
+  _listener = listener;
+  _controls->source.set(source);
+}
+
+void PulseOutput::start() {
+  _controls->isRunning.store(true);
+  if (_thread.joinable()) return wake();
+  _thread = std::thread([this] { _connection->run(); });
+}
+
+void PulseOutput::pause() {
+  _controls->isRunning.store(false);
+  wake();
+}
+
+void PulseOutput::flush() {
+  _controls->isDraining.store(false);
+  _controls->drained.store(PulseControls::kNoDrain);
+  ++_controls->flushes;
+  _controls->clock.rewind();
+  wake();
+}
+
+void PulseOutput::drain() {
+  _controls->isDraining.store(true);
+  wake();
+}
+
+void PulseOutput::wake() {
+  _connection->wake();
+}
+
+double PulseOutput::framesPlayed() const {
+  if (_controls->flushed.load() != _controls->flushes.load()) return 0.0;
+  return _controls->clock.heard();
+}
+
+void PulseOutput::setVolume(float volume) {
+  _controls->volume.store(volume);
+}
+
+std::uint64_t PulseOutput::underruns() const {
+  return _controls->underruns.load();
+}
+
+void PulseOutput::deliver() {
+  const std::weak_ptr<bool> alive = _isAlive;
+  if (_controls->hasProgressed.exchange(false) && _listener != nullptr) {
+    _listener->outputProgressed();
+  }
+  if (!alive.expired()) deliverEnd();
+}
+
+// Each call to the listener is the last thing done: it may delete this output.
+void PulseOutput::deliverEnd() {
+  if (_listener == nullptr) return;
+  if (_controls->isLost.load() && !_isLossTold) {
+    _isLossTold = true;
+    return _listener->outputLost(_controls->why);
+  }
+  const std::uint32_t drained = _controls->drained.exchange(PulseControls::kNoDrain);
+  if (drained != _controls->flushes.load()) return;
+  _controls->isDraining.store(false);
+  _listener->outputDrained();
+}

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <thread>
+
+#include "playback/AudioOutput.h"
+#include "playback/ThreadSignal.h"
+
+struct PulseControls;
+class PulseConnection;
+
+/// A stream to the PulseAudio server of the user, which PipeWire is as well.
+///
+/// The connection is made at the first `start`, on a thread of its own that is the only one to talk
+/// to the server; it is asked for 50 ms of buffer. The owner's thread has a Qt event loop, through
+/// which the listener is told, and never waits: neither for a server that is not there nor for one
+/// that does not answer.
+class PulseOutput : public AudioOutput {
+ public:
+  explicit PulseOutput(const Format& format);
+  ~PulseOutput() override;
+
+  void attach(AudioSource* source, AudioOutputListener* listener) override;
+  void start() override;
+  void pause() override;
+  void flush() override;
+  void drain() override;
+  void wake() override;
+  [[nodiscard]] double framesPlayed() const override;
+  void setVolume(float volume) override;
+  [[nodiscard]] std::uint64_t underruns() const override;
+
+ private:
+  void deliver();
+  void deliverEnd();
+
+  std::unique_ptr<PulseControls> _controls;
+  std::unique_ptr<PulseConnection> _connection;
+  AudioOutputListener* _listener = nullptr;
+  bool _isLossTold = false;
+  std::shared_ptr<bool> _isAlive = std::make_shared<bool>(true);  ///< held weakly by `deliver`
+  ThreadSignal _signal;
+  std::thread _thread;
+};

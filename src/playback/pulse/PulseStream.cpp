@@ -1,0 +1,267 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "playback/pulse/PulseStream.h"
+
+#include <algorithm>
+#include <span>
+
+namespace {
+
+constexpr std::uint32_t kServerMicroseconds = 50'000;
+constexpr std::uint32_t kRequestMicroseconds = 10'000;
+constexpr double kMicroseconds = 1e6;
+constexpr auto kStuck = std::chrono::seconds(2);
+
+void release(pa_operation* operation) {
+  if (operation != nullptr) pa_operation_unref(operation);
+}
+
+}  // namespace
+
+PulseStream::PulseStream(PulseControls& controls)
+    : _controls(controls),
+      _ramp(controls.format.sampleRate, controls.format.channels),
+      _frameBytes(controls.format.channels * sizeof(float)) {}
+
+void PulseStream::disconnect() {
+  abandonDrain();
+  if (_stream == nullptr) return;
+  pa_stream_set_state_callback(_stream, nullptr, nullptr);
+  pa_stream_disconnect(_stream);
+  pa_stream_unref(_stream);
+  _stream = nullptr;
+}
+
+pa_sample_spec PulseStream::sampleSpec() const {
+  return {PA_SAMPLE_FLOAT32LE, static_cast<std::uint32_t>(_controls.format.sampleRate),
+          static_cast<std::uint8_t>(std::min(_controls.format.channels, PA_CHANNELS_MAX + 1U))};
+}
+
+// One frame is enough to begin with: a recording may be shorter than any buffer, and after the
+// owner's thread was late, what it brings is to be heard at once. Without such a threshold the
+// server would skip what came late.
+pa_buffer_attr PulseStream::bufferAttributes() const {
+  const pa_sample_spec spec = sampleSpec();
+  constexpr auto kServersChoice = static_cast<std::uint32_t>(-1);
+  return {kServersChoice, static_cast<std::uint32_t>(pa_usec_to_bytes(kServerMicroseconds, &spec)),
+          static_cast<std::uint32_t>(_frameBytes),
+          static_cast<std::uint32_t>(pa_usec_to_bytes(kRequestMicroseconds, &spec)),
+          kServersChoice};
+}
+
+bool PulseStream::connect(pa_context* context) {
+  const pa_sample_spec spec = sampleSpec();
+  pa_channel_map map;
+  if (!pa_sample_spec_valid(&spec)) return false;
+  pa_channel_map_init_extend(&map, spec.channels, PA_CHANNEL_MAP_WAVEEX);
+  pa_proplist* const properties = pa_proplist_new();
+  pa_proplist_sets(properties, PA_PROP_MEDIA_ROLE, "music");
+  _stream = pa_stream_new_with_proplist(context, "Recording", &spec, &map, properties);
+  pa_proplist_free(properties);
+  if (_stream == nullptr) return false;
+  setCallbacks();
+  const pa_buffer_attr attributes = bufferAttributes();
+  const auto flags = static_cast<pa_stream_flags_t>(
+      PA_STREAM_START_CORKED | PA_STREAM_AUTO_TIMING_UPDATE | PA_STREAM_ADJUST_LATENCY);
+  return pa_stream_connect_playback(_stream, nullptr, &attributes, flags, nullptr, nullptr) == 0;
+}
+
+void PulseStream::setCallbacks() {
+  pa_stream_set_state_callback(_stream, onLife, this);
+  pa_stream_set_write_callback(
+      _stream, [](pa_stream* stream, std::size_t, void* self) { onLife(stream, self); }, this);
+  pa_stream_set_latency_update_callback(_stream, onLatency, this);
+  pa_stream_set_underflow_callback(_stream, onUnderflow, this);
+  pa_stream_set_moved_callback(_stream, onLife, this);
+  pa_stream_set_suspended_callback(_stream, onLife, this);
+}
+
+bool PulseStream::isReady() const {
+  return _stream != nullptr && pa_stream_get_state(_stream) == PA_STREAM_READY;
+}
+
+bool PulseStream::hasFailed() const {
+  return _stream != nullptr && !PA_STREAM_IS_GOOD(pa_stream_get_state(_stream));
+}
+
+bool PulseStream::isBusy() const {
+  return !isReady() || _isFlushing || !_isCorked || _drainOperation != nullptr;
+}
+
+bool PulseStream::isStuck() const {
+  return _shouldMove && Clock::now() - _lastProgress > kStuck;
+}
+
+void PulseStream::onLife(pa_stream* /*stream*/, void* self) {
+  static_cast<PulseStream*>(self)->noteLife();
+}
+
+void PulseStream::onDone(pa_stream* stream, int /*success*/, void* self) {
+  onLife(stream, self);
+}
+
+void PulseStream::ping() {
+  release(pa_stream_update_timing_info(_stream, onDone, this));
+}
+
+void PulseStream::service() {
+  if (!isReady()) return;
+  if (!_isFlushing && isFlushDue()) beginFlush();
+  if (_isFlushing) return;
+  fill();
+  cork();
+  if (!isFlushDue()) drain();
+}
+
+bool PulseStream::isFlushDue() const {
+  return _controls.flushed.load() != _controls.flushes.load();
+}
+
+void PulseStream::beginFlush() {
+  _flushSerial = _controls.flushes.load();
+  _isFlushing = true;
+  abandonDrain();
+  if (_controls.clock.handedOver() == 0) return endFlush();
+  release(pa_stream_flush(_stream, onFlushed, this));
+}
+
+void PulseStream::onFlushed(pa_stream* stream, int /*success*/, void* self) {
+  onLife(stream, self);
+  release(pa_stream_update_timing_info(stream, onFlushTiming, self));
+}
+
+// What is written from here on begins at the index that the server now has.
+void PulseStream::onFlushTiming(pa_stream* stream, int /*success*/, void* self) {
+  auto* const me = static_cast<PulseStream*>(self);
+  me->noteLife();
+  const pa_timing_info* const timing = pa_stream_get_timing_info(stream);
+  if (timing != nullptr) me->_base = timing->write_index;
+  me->endFlush();
+}
+
+void PulseStream::endFlush() {
+  _isFlushing = _isDry = _isDrained = false;
+  _ramp.restart();
+  _controls.clock.reset();
+  _controls.flushed.store(_flushSerial);
+}
+
+void PulseStream::fill() {
+  _lastProgress = _shouldMove ? _lastProgress : Clock::now();
+  while (_controls.isRunning.load()) {
+    const std::size_t room = pa_stream_writable_size(_stream);
+    if (room == static_cast<std::size_t>(-1) || room < _frameBytes) return;
+    if (!writeBlock(room)) return;
+  }
+}
+
+bool PulseStream::writeBlock(std::size_t bytes) {
+  void* block = nullptr;
+  if (pa_stream_begin_write(_stream, &block, &bytes) != 0 || block == nullptr) return false;
+  const std::size_t room = bytes / _frameBytes;
+  const std::span samples(static_cast<float*>(block), room * _controls.format.channels);
+  const auto mayPull = [this] { return !isFlushDue(); };  // what comes after a flush is not for it
+  const AudioSource::Pulled pulled = _controls.source.pull(samples, mayPull);
+  _isDry = pulled.frames == 0;
+  if (_isDry) {
+    pa_stream_cancel_write(_stream);
+    return false;
+  }
+  _isDrained = false;
+  _ramp.apply(samples.first(pulled.frames * _controls.format.channels), _controls.volume.load());
+  _controls.clock.setHandedOver(_controls.clock.handedOver() + pulled.frames);
+  const std::size_t filled = pulled.frames * _frameBytes;
+  const int result = pa_stream_write(_stream, block, filled, nullptr, 0, PA_SEEK_RELATIVE);
+  if (pulled.isBufferFree) {
+    _controls.hasProgressed.store(true);
+    _controls.tellOwner();
+  }
+  return result == 0;
+}
+
+void PulseStream::cork() {
+  const bool isWanted = !_controls.isRunning.load();
+  if (isWanted == _isCorked) return;
+  _isCorked = isWanted;
+  release(pa_stream_cork(_stream, isWanted ? 1 : 0, onDone, this));
+  ping();
+}
+
+void PulseStream::drain() {
+  const bool isWanted = _controls.isDraining.load() && !_isDrained;
+  if (!isWanted || !_isDry || _isCorked || _drainOperation != nullptr) return;
+  if (_controls.clock.handedOver() == 0) return onDrained(_stream, 1, this);
+  _drainOperation = pa_stream_drain(_stream, onDrained, this);
+}
+
+void PulseStream::abandonDrain() {
+  if (_drainOperation == nullptr) return;
+  pa_operation_cancel(_drainOperation);
+  pa_operation_unref(_drainOperation);
+  _drainOperation = nullptr;
+}
+
+void PulseStream::onDrained(pa_stream* /*stream*/, int success, void* self) {
+  auto* const me = static_cast<PulseStream*>(self);
+  me->noteLife();
+  release(me->_drainOperation);
+  me->_drainOperation = nullptr;
+  if (success == 0) return;
+  PulseControls& controls = me->_controls;
+  controls.clock.standing(static_cast<double>(controls.clock.handedOver()));
+  me->_isDrained = true;
+  controls.drained.store(controls.flushed.load());
+  controls.tellOwner();
+}
+
+void PulseStream::onUnderflow(pa_stream* stream, void* self) {
+  auto* const me = static_cast<PulseStream*>(self);
+  me->noteLife();
+  const bool isEnd = me->_controls.isDraining.load() && me->_isDry;
+  const bool isExpected =
+      me->_isFlushing || me->_isCorked || isEnd || me->_controls.clock.handedOver() == 0;
+  if (isExpected) return;
+  ++me->_controls.underruns;
+  release(pa_stream_update_timing_info(stream, onDone, self));
+}
+
+double PulseStream::framesAt(std::int64_t index) const {
+  return static_cast<double>(std::max<std::int64_t>(0, index - _base)) /
+         static_cast<double>(_frameBytes);
+}
+
+void PulseStream::noteProgress(std::int64_t readIndex, bool shouldMove) {
+  if (readIndex != _lastReadIndex || !shouldMove || !_shouldMove) _lastProgress = Clock::now();
+  _lastReadIndex = readIndex;
+  _shouldMove = shouldMove;
+}
+
+void PulseStream::onLatency(pa_stream* /*stream*/, void* self) {
+  auto* const me = static_cast<PulseStream*>(self);
+  me->noteLife();
+  if (!me->_isFlushing) me->publishTime();
+}
+
+// The index was read half a round trip ago; what the device still holds has not been heard.
+void PulseStream::publishTime() {
+  const pa_timing_info* const timing = pa_stream_get_timing_info(_stream);
+  if (timing == nullptr) return;
+  const double taken = framesAt(timing->read_index);
+  const auto handedOver = static_cast<double>(_controls.clock.handedOver());
+  const bool isSuspended = pa_stream_is_suspended(_stream) == 1;
+  noteProgress(timing->read_index, !_isCorked && !isSuspended && taken < handedOver);
+  if (_isCorked) return _controls.clock.standing(std::min(taken, handedOver));
+  const double age = static_cast<double>(timing->transport_usec) / kMicroseconds;
+  const double delay = static_cast<double>(timing->sink_usec) / kMicroseconds;
+  const double heard = taken + (age - delay) * _controls.format.sampleRate;
+  if (timing->playing != 0) {
+    _controls.clock.moving(heard);
+  } else {
+    _controls.clock.standing(std::min(heard, handedOver));
+  }
+}
+
+void PulseStream::stopClock() {
+  _controls.clock.standing(_controls.clock.estimate());
+}

@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QTimer>
+#include <thread>
+
+#include "playback/SourceSlot.h"
+#include "playback/SpscRing.h"
+#include "playback/ThreadSignal.h"
+#include "playback/pulse/PulseOutput.h"
+#include "support/EnvironmentVariable.h"
+#include "support/TemporaryFolder.h"
+
+namespace {
+
+class Application : public testing::Test {
+ protected:
+  // What deletes itself later does so now.
+  void TearDown() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+  /// Runs the event loop until the condition holds.
+  template <class Condition>
+  void runUntil(Condition condition) {
+    QTimer deadline;
+    deadline.setSingleShot(true);
+    deadline.start(std::chrono::seconds(20));
+    while (!condition() && deadline.isActive()) {
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    EXPECT_TRUE(condition());
+  }
+
+  int count = 1;
+  char name[5] = "test";
+  char* arguments[2] = {name, nullptr};
+  QCoreApplication application{count, arguments};
+};
+
+TEST(SpscRing, CarriesEverythingInOrderFromThreadToThread) {
+  constexpr int kValues = 200000;
+  SpscRing<int, 3> ring;
+  std::thread producer([&] {
+    for (int i = 0; i < kValues;) {
+      if (ring.push(i)) {
+        ++i;
+      } else {
+        std::this_thread::yield();
+      }
+    }
+  });
+  int expected = 0;
+  while (expected < kValues) {
+    if (const auto value = ring.pop()) {
+      ASSERT_EQ(*value, expected++);
+    } else {
+      std::this_thread::yield();
+    }
+  }
+  producer.join();
+}
+
+/// Must not be pulled from once it is no longer set.
+class CountingSource : public AudioSource {
+ public:
+  Pulled pull(std::span<float> to) override {
+    ++pulls;
+    return {to.size(), false};
+  }
+
+  long pulls = 0;  // not atomic on purpose: the slot keeps the threads apart
+};
+
+TEST(SourceSlot, NobodyPullsFromASourceThatWasTakenAway) {
+  SourceSlot slot;
+  std::atomic<bool> isOver{false};
+  std::thread output([&] {
+    std::array<float, 8> block{};
+    while (!isOver) slot.pull(block, [] { return true; });
+  });
+  for (int i = 0; i < 20000; ++i) {
+    CountingSource source;
+    slot.set(&source);
+    slot.set(nullptr);
+    ++source.pulls;
+  }
+  isOver = true;
+  output.join();
+}
+
+TEST_F(Application, ASignalFromAnotherThreadWakesTheLoop) {
+  std::thread::id seen;
+  ThreadSignal signal([&] { seen = std::this_thread::get_id(); });
+  std::thread([&] { signal.raise(); }).join();
+  runUntil([&] { return seen != std::thread::id(); });
+  EXPECT_EQ(seen, std::this_thread::get_id());
+}
+
+TEST_F(Application, ASignalMayBeDeletedByItsOwnCall) {
+  bool isCalled = false;
+  std::unique_ptr<ThreadSignal> signal;
+  signal = std::make_unique<ThreadSignal>([&] {
+    signal.reset();
+    isCalled = true;
+  });
+  signal->raise();
+  runUntil([&] { return isCalled; });
+}
+
+class LossListener : public AudioOutputListener {
+ public:
+  void outputProgressed() override {}
+  void outputDrained() override {}
+  void outputLost(const std::string& why) override { lost = why; }
+
+  std::string lost;
+};
+
+TEST_F(Application, WithoutAServerTheOutputIsLostSoon) {
+  const TemporaryFolder folder;
+  const EnvironmentVariable server("PULSE_SERVER", "unix:" + folder.path().native() + "/nobody");
+  CountingSource source;
+  LossListener listener;
+  PulseOutput output({48000, 2});
+  output.attach(&source, &listener);
+  const auto start = std::chrono::steady_clock::now();
+  output.start();
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(500));
+  runUntil([&] { return !listener.lost.empty(); });
+  EXPECT_EQ(listener.lost, "There is no sound server (Connection refused).");
+  EXPECT_EQ(output.framesPlayed(), 0.0);
+  EXPECT_EQ(source.pulls, 0);
+}
+
+TEST_F(Application, AFormatThatNoServerTakesIsALossToo) {
+  const TemporaryFolder folder;
+  const EnvironmentVariable server("PULSE_SERVER", "unix:" + folder.path().native() + "/nobody");
+  LossListener listener;
+  PulseOutput output({0, 0});
+  output.attach(nullptr, &listener);
+  output.start();
+  runUntil([&] { return !listener.lost.empty(); });
+}
+
+TEST_F(Application, AnOutputThatWasNeverStartedEndsQuietly) {
+  LossListener listener;
+  {
+    PulseOutput output({48000, 2});
+    output.attach(nullptr, &listener);
+    output.pause();
+    output.flush();
+    output.drain();
+  }
+  EXPECT_TRUE(listener.lost.empty());
+}
+
+}  // namespace

@@ -1,0 +1,370 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "playback/WavePlayer.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <utility>
+
+#include "PlaybackFixture.h"
+
+using testing::ElementsAre;
+
+namespace {
+
+class Told : public WavePlayerDelegate {
+ public:
+  explicit Told(const WavePlayer& player) : _player(player) {}
+
+  void WavePlayerStateChanged() override { states.push_back(_player.play_state()); }
+  void WavePlayerOutputLost(const std::string& message) override { lost = message; }
+
+  std::vector<std::uint64_t> states;
+  std::string lost;
+
+ private:
+  const WavePlayer& _player;
+};
+
+class WavePlayerTest : public PlaybackFixture {
+ protected:
+  void TearDown() override {
+    NotificationCenter::defaultCenter().removeObserver(this);
+    PlaybackFixture::TearDown();
+  }
+
+  void open(std::uint64_t frames = 48000) {
+    useFloatFile(frames);
+    player = std::make_unique<WavePlayer>("x");
+    told = std::make_shared<Told>(*player);
+    player->setDelegate(told);
+  }
+  /// As the window does it.
+  void forwardFinish() {
+    NotificationCenter::defaultCenter().addObserver(
+        this, [this](const Notification&) { player->playFinish(); }, EB::kPlayFinish);
+  }
+  std::vector<std::uint64_t> takeStates() { return std::exchange(told->states, {}); }
+
+  static constexpr std::uint64_t kInit = PLAY_STATE_INIT;
+  static constexpr std::uint64_t kPlay = PLAY_STATE_PLAY;
+  static constexpr std::uint64_t kPause = PLAY_STATE_PAUSE;
+  static constexpr std::uint64_t kFinish = PLAY_STATE_FINISH;
+
+  std::unique_ptr<WavePlayer> player;
+  std::shared_ptr<Told> told;
+};
+
+TEST_F(WavePlayerTest, BeginsInInitAndTellsNothing) {
+  open();
+  EXPECT_EQ(player->play_state(), kInit);
+  EXPECT_EQ(player->volume(), 1.0);
+  EXPECT_EQ(player->gain(), 0);
+  EXPECT_EQ(player->angle(), 0);
+  EXPECT_EQ(output->volume(), 1.0F);
+  EXPECT_TRUE(told->states.empty());
+  EXPECT_FALSE(output->isRunning());
+}
+
+TEST_F(WavePlayerTest, PlayToggles) {
+  open();
+  player->play();
+  EXPECT_THAT(takeStates(), ElementsAre(kPlay));
+  EXPECT_TRUE(output->isRunning());
+  player->play();
+  EXPECT_THAT(takeStates(), ElementsAre(kPause));
+  EXPECT_FALSE(output->isRunning());
+  player->play();
+  EXPECT_THAT(takeStates(), ElementsAre(kPlay));
+  player->pause();
+  EXPECT_THAT(takeStates(), ElementsAre(kPause));
+}
+
+TEST_F(WavePlayerTest, PauseOutsidePlayDoesNothing) {
+  open();
+  player->pause();
+  EXPECT_EQ(player->play_state(), kInit);
+  player->playFinish();
+  takeStates();
+  player->pause();
+  EXPECT_EQ(player->play_state(), kFinish);
+  EXPECT_TRUE(told->states.empty());
+}
+
+TEST_F(WavePlayerTest, PauseAndResumePlayEverythingOnce) {
+  open(20000);
+  player->play();
+  clock.advance(123);
+  player->play();
+  clock.advance(50);
+  player->play();
+  clock.advance(600);
+  EXPECT_EQ(output->played(), ramp(0, 20000));
+}
+
+TEST_F(WavePlayerTest, FinishesFromAnyState) {
+  for (const std::uint64_t state : {kInit, kPlay, kPause, kFinish}) {
+    open();
+    player->changeState(state);
+    player->playFinish();
+    EXPECT_EQ(player->play_state(), kFinish);
+    EXPECT_THAT(takeStates(), ElementsAre(kFinish));
+  }
+}
+
+TEST_F(WavePlayerTest, TheNaturalEndFinishesOnce) {
+  open(4800);
+  forwardFinish();
+  player->play();
+  clock.advance(300);
+  EXPECT_THAT(takeStates(), ElementsAre(kPlay, kFinish));
+  EXPECT_TRUE(player->getIsDone());
+}
+
+TEST_F(WavePlayerTest, PlayAfterTheEndStartsOverAndTellsTwice) {
+  open(4800);
+  forwardFinish();
+  player->play();
+  clock.advance(300);
+  takeStates();
+  player->setVolume(0.5);
+  player->play();
+  EXPECT_THAT(takeStates(), ElementsAre(kPlay, kPlay));
+  EXPECT_EQ(output->volume(), 0.5F);
+  clock.advance(300);
+  EXPECT_THAT(takeStates(), ElementsAre(kFinish));
+  EXPECT_EQ(output->played().size(), 4U * 4800);
+}
+
+TEST_F(WavePlayerTest, PlayAfterTheEndWithAnOldPositionStartsTheSameQueueOver) {
+  open(4800);
+  player->play();
+  player->setPosition(0.5);
+  clock.advance(300);
+  player->changeState(PLAY_STATE_FINISH);
+  takeStates();
+  player->play();
+  EXPECT_THAT(takeStates(), ElementsAre(kPlay));
+  clock.advance(300);
+  EXPECT_EQ(output->played().size(), 2U * (2400 + 4800));
+}
+
+TEST_F(WavePlayerTest, ASeekKeepsInitAndPauseSilently) {
+  open();
+  player->setPosition(0.5);
+  EXPECT_EQ(player->play_state(), kInit);
+  EXPECT_TRUE(told->states.empty());
+  player->changeState(PLAY_STATE_PAUSE);
+  player->setPosition(0.25);
+  EXPECT_EQ(player->play_state(), kPause);
+  EXPECT_TRUE(told->states.empty());
+  clock.advance(50);
+  EXPECT_TRUE(output->played().empty());
+}
+
+TEST_F(WavePlayerTest, ASeekInInitIsForgottenByPlay) {
+  open(20000);
+  player->setPosition(0.5);
+  player->play();
+  clock.advance(600);
+  EXPECT_EQ(output->played(), ramp(0, 20000));
+}
+
+TEST_F(WavePlayerTest, ASeekInPauseIsWhereItGoesOn) {
+  open(20000);
+  player->play();
+  clock.advance(50);
+  player->pause();
+  const auto before = static_cast<std::ptrdiff_t>(output->played().size());
+  player->setPosition(0.5);
+  player->play();
+  clock.advance(600);
+  EXPECT_EQ(std::vector<float>(output->played().begin() + before, output->played().end()),
+            ramp(10000, 20000));
+}
+
+TEST_F(WavePlayerTest, ASeekWhilePlayingIsNoFinish) {
+  open();
+  forwardFinish();
+  player->play();
+  clock.advance(50);
+  takeStates();
+  player->setPosition(0.5);
+  EXPECT_EQ(finishes(), 1U);
+  EXPECT_THAT(takeStates(), ElementsAre(kPlay));
+  EXPECT_TRUE(output->isRunning());
+}
+
+TEST_F(WavePlayerTest, ASeekInAFinishedFileIsPaused) {
+  open();
+  player->playFinish();
+  takeStates();
+  player->setPosition(0.5);
+  EXPECT_THAT(takeStates(), ElementsAre(kPause));
+  EXPECT_FALSE(output->isRunning());
+  player->play();
+  clock.advance(1000);
+  EXPECT_EQ(output->played(), ramp(24000, 48000));
+}
+
+TEST_F(WavePlayerTest, ASeekToTheEndFinishesFromAnyState) {
+  for (const std::uint64_t state : {kInit, kPlay, kPause, kFinish}) {
+    open();
+    if (state == kPlay) {
+      player->play();
+      clock.advance(50);
+    }
+    player->changeState(state);
+    takeStates();
+    player->setPosition(1.0);
+    EXPECT_THAT(takeStates(), ElementsAre(kFinish)) << state;
+    clock.advance(200);
+    EXPECT_TRUE(told->states.empty());
+  }
+}
+
+// The stop within the seek counts as a finish, and so does the seek itself.
+TEST_F(WavePlayerTest, ASeekToTheEndIsARealFinish) {
+  open();
+  forwardFinish();
+  player->play();
+  clock.advance(50);
+  takeStates();
+  player->setPosition(1.0);
+  EXPECT_THAT(takeStates(), ElementsAre(kFinish, kFinish));
+  player->play();
+  EXPECT_THAT(takeStates(), ElementsAre(kPlay, kPlay));
+  EXPECT_EQ(player->curremtTime(), 0.0);
+}
+
+TEST_F(WavePlayerTest, AfterASeekToTheEndPlayStartsOver) {
+  open(4800);
+  player->setPosition(1.0);
+  player->play();
+  clock.advance(300);
+  EXPECT_EQ(output->played(), ramp(0, 4800));
+}
+
+TEST_F(WavePlayerTest, VolumeOutsideItsRangeIsIgnored) {
+  open();
+  player->setVolume(0.25);
+  for (const double volume : {1.0000001, -0.1, std::nan("")}) {
+    player->setVolume(volume);
+    EXPECT_EQ(player->volume(), 0.25);
+    EXPECT_EQ(output->volume(), 0.25F);
+  }
+  player->setVolume(0.0);
+  EXPECT_EQ(output->volume(), 0.0F);
+  player->setVolume(1.0);
+  EXPECT_EQ(output->volume(), 1.0F);
+}
+
+TEST_F(WavePlayerTest, VolumeIsHeardLinearly) {
+  open(4800);
+  player->setVolume(0.5);
+  player->play();
+  clock.advance(300);
+  std::vector<float> half = ramp(0, 4800);
+  for (float& sample : half) sample *= 0.5F;
+  EXPECT_EQ(output->played(), half);
+}
+
+TEST_F(WavePlayerTest, ChangingTheStateTellsNobody) {
+  open();
+  player->changeState(PLAY_STATE_PLAY);
+  EXPECT_EQ(player->play_state(), kPlay);
+  EXPECT_TRUE(told->states.empty());
+  player->notifyStateChanged();
+  EXPECT_THAT(takeStates(), ElementsAre(kPlay));
+}
+
+TEST_F(WavePlayerTest, ADelegateThatIsGoneIsNotTold) {
+  open();
+  told.reset();
+  player->play();
+  EXPECT_EQ(player->play_state(), kPlay);
+}
+
+TEST_F(WavePlayerTest, StatesHaveNames) {
+  EXPECT_EQ(WavePlayer::state2Str(0), "PLAY_STATE_INIT");
+  EXPECT_EQ(WavePlayer::state2Str(1), "PLAY_STATE_PLAY");
+  EXPECT_EQ(WavePlayer::state2Str(2), "PLAY_STATE_PAUSE");
+  EXPECT_EQ(WavePlayer::state2Str(3), "PLAY_STATE_FINISH");
+  EXPECT_EQ(WavePlayer::state2Str(4), "STATE NOT FOUND");
+}
+
+TEST_F(WavePlayerTest, SecondsAreShownAsHoursMinutesSeconds) {
+  EXPECT_EQ(WavePlayer::second2String(0), "00:00:00");
+  EXPECT_EQ(WavePlayer::second2String(59), "00:00:59");
+  EXPECT_EQ(WavePlayer::second2String(3599), "00:59:59");
+  EXPECT_EQ(WavePlayer::second2String(3600), "01:00:00");
+  EXPECT_EQ(WavePlayer::second2String(86399), "23:59:59");
+  EXPECT_EQ(WavePlayer::second2String(360000), "100:00:00");
+}
+
+TEST_F(WavePlayerTest, TimesAreWholeSeconds) {
+  open(48000 * 3 + 47999);
+  EXPECT_EQ(player->duration(), 3.0);
+  EXPECT_EQ(player->durationString(), "00:00:03");
+  EXPECT_EQ(player->getTimeFromPosition(0.5), "00:00:01");
+  EXPECT_EQ(player->getTimeFromPosition(1.0), "00:00:03");
+  EXPECT_EQ(player->getZeroTimeString(), "00:00:00");
+}
+
+TEST_F(WavePlayerTest, CurrentTimeIsZeroInInitWhateverTheQueueSays) {
+  open(480000);
+  player->setPosition(0.5);
+  EXPECT_EQ(player->curremtTime(), 5.0);
+  EXPECT_EQ(player->currentTimeString(), "00:00:00");
+  player->changeState(PLAY_STATE_PAUSE);
+  EXPECT_EQ(player->currentTimeString(), "00:00:05");
+  player->play();
+  clock.advance(1500);
+  EXPECT_EQ(player->curremtTime(), 6.5);
+  EXPECT_EQ(player->currentTimeString(), "00:00:06");
+}
+
+TEST_F(WavePlayerTest, ALostOutputPausesAndTellsWhy) {
+  open();
+  player->play();
+  clock.advance(200);
+  takeStates();
+  output->lose("Gone.");
+  clock.advance(1);
+  EXPECT_THAT(takeStates(), ElementsAre(kPause));
+  EXPECT_EQ(told->lost, "Gone.");
+  EXPECT_EQ(player->curremtTime(), 0.2);
+  player->play();
+  EXPECT_THAT(takeStates(), ElementsAre(kPlay));
+  clock.advance(1000);
+  EXPECT_EQ(output->played(), ramp(9600, 48000));
+}
+
+TEST_F(WavePlayerTest, ALossWhilePausedIsNotedByTheNextPlayOnly) {
+  open();
+  player->play();
+  clock.advance(200);
+  player->pause();
+  takeStates();
+  output->lose("Gone.");
+  clock.advance(1);
+  EXPECT_TRUE(told->states.empty());
+  EXPECT_TRUE(told->lost.empty());
+  player->play();
+  clock.advance(1000);
+  EXPECT_EQ(output->played(), ramp(9600, 48000));
+}
+
+TEST_F(WavePlayerTest, CleanUpKeepsTheState) {
+  open();
+  forwardFinish();
+  player->play();
+  takeStates();
+  player->cleanUp();
+  EXPECT_EQ(player->play_state(), kPlay);
+  EXPECT_TRUE(told->states.empty());
+}
+
+}  // namespace
