@@ -14,20 +14,23 @@
 #include "cli/InfoCommand.h"
 #include "cli/Interrupt.h"
 #include "cli/LevelsCommand.h"
+#include "cli/PlayCommand.h"
 #include "cli/Version.h"
 
 namespace {
 
 int runProgram(int argc, char** argv) {
-  CLI::App program("Decodes, measures and describes the recordings of the TARN J4.", "mixdeck-cli");
+  CLI::App program("Decodes, plays, measures and describes the recordings of the TARN J4.",
+                   "mixdeck-cli");
   program.set_version_flag("--version", std::string("mixdeck-cli ") + kVersion);
   program.require_subcommand(1);
   ExportCommand exportCommand;
   InfoCommand info;
   LevelsCommand levels;
+  PlayCommand play;
   DemoCommand demo;
   std::vector<std::pair<CLI::App*, Command*>> commands;
-  for (Command* command : std::to_array<Command*>({&exportCommand, &info, &levels, &demo})) {
+  for (Command* command : std::to_array<Command*>({&exportCommand, &info, &levels, &play, &demo})) {
     commands.emplace_back(command->declare(program), command);
   }
   try {

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <limits>
+#include <memory>
+#include <string_view>
+
+#include "cli/Command.h"
+#include "wav/WaveFileReader.h"
+
+/// `play`: lets a recording be heard as it would be exported. On a terminal it shows a time line
+/// and takes keys; otherwise it plays to the end.
+class PlayCommand : public Command {
+ public:
+  CLI::App* declare(CLI::App& program) override;
+  int run() override;
+
+ private:
+  [[nodiscard]] int play(std::shared_ptr<const WaveFileReader> reader) const;
+  [[nodiscard]] int fail(std::string_view text, std::string_view reason) const;
+
+  std::filesystem::path _file;
+  double _angle = 120;
+  double _gain = 0;
+  double _volume = 1;
+  double _from = 0;
+  double _to = std::numeric_limits<double>::infinity();
+};
