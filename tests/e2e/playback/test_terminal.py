@@ -1,0 +1,153 @@
+# SPDX-FileCopyrightText: 2026 The Mixdeck developers
+# SPDX-License-Identifier: MIT
+"""The player at a terminal: its keys, its time line, and the terminal afterwards."""
+
+import os
+import signal
+import unittest
+
+import numpy
+from playing import RATE, SIDE_GAINS, Case, Player, expected, heard, noise, wait_for
+
+
+class TerminalTest(Case):
+    def setUp(self):
+        super().setUp()
+        self.recorder = self.server.record()
+        self.addCleanup(self.recorder.stop)
+
+    def sounds(self):
+        wait_for(lambda: self.recorder.samples()[-RATE // 10:].any(), "sound")
+
+    def finished(self):
+        self.recorder.wait_silence()
+        return heard(self.recorder.stop().samples())
+
+    def test_pause_and_resume_lose_and_repeat_nothing(self):
+        frames = noise(2 * RATE, 24)
+        with Player(self.server, self.file(frames, 24)) as player:
+            for _ in range(3):
+                self.sounds()
+                player.press(" ")
+                player.wait_line("paused")
+                self.recorder.wait_silence(RATE // 5)
+                player.press(" ")
+            self.assertEqual(player.wait(), 0)
+            self.assertTrue(player.is_restored())
+        samples = self.finished()
+        wanted = expected(frames, 24, 120, 0)
+        self.assertEqual(len(samples), len(wanted))
+        self.assertTrue((samples == wanted).all())
+
+    def test_a_seek_starts_exactly_at_its_frame(self):
+        # The frame's number is in its samples.
+        count = 9 * RATE
+        numbers = numpy.arange(1, count + 1)
+        frames = numpy.stack([numbers, 0 * numbers], axis=1)
+        with Player(self.server, self.file(frames, 24)) as player:
+            self.sounds()
+            player.press("\x1b[C")
+            wait_for(lambda: (self.recorder.samples() * 2 ** 23 > 5 * RATE).any(), "the seek")
+            player.press("\x1b[D")
+            wait_for(lambda: (self.recorder.samples()[-RATE // 10:, 0] * 2 ** 23).max() < 4 * RATE,
+                     "the seek back")
+            player.press("q")
+            self.assertEqual(player.wait(), 0)
+        played = (self.finished()[:, 0] * 2 ** 23).astype(int)
+        jumps = numpy.flatnonzero(numpy.diff(played) != 1)
+        self.assertEqual(len(jumps), 2, "two seeks, and all else in order")
+        self.assertEqual(played[0], 1)
+        ahead = played[jumps[0] + 1] - played[jumps[0]]
+        back = played[jumps[1] + 1] - played[jumps[1]]
+        # Five seconds from what was heard, up to what the sound system still held.
+        self.assertAlmostEqual(ahead / RATE, 5.0, delta=0.15)
+        self.assertAlmostEqual(back / RATE, -5.0, delta=0.15)
+
+    def test_a_change_of_width_glides(self):
+        frames = numpy.tile(numpy.float32([0.25, 0.125]), (3 * RATE, 1))
+        with Player(self.server, "--angle", 100, self.file(frames, 32)) as player:
+            self.sounds()
+            for key in "]]]]]]":
+                player.press(key)
+            player.wait_line("width 130")
+            goal = numpy.float32(0.25) + numpy.float32(0.125) * SIDE_GAINS[130]
+            wait_for(lambda: (self.recorder.samples()[-100:, 0] == goal).all(), "the width")
+            player.press("q")
+            self.assertEqual(player.wait(), 0)
+        samples = self.finished()[:, 0]
+        begin = numpy.argmax(samples == samples[RATE // 10])
+        steps = abs(numpy.diff(samples[begin:].astype(float)))
+        largest = 0.125 * numpy.diff(SIDE_GAINS[100:131].astype(float)).max()
+        self.assertGreater(steps.max(), 0)
+        self.assertLessEqual(steps.max(), largest + 1e-7)
+
+    def test_gain_keys(self):
+        frames = numpy.tile(numpy.float32([0.25, 0.0]), (3 * RATE, 1))
+        with Player(self.server, self.file(frames, 32)) as player:
+            player.press("\x1b[A\x1b[A\x1b[A\x1b[B")
+            player.wait_line("gain +2 dB")
+            wait_for(lambda: abs(self.recorder.samples()[-100:, 0] - 0.25 * 10 ** 0.1).max() < 1e-6,
+                     "the gain")
+            player.press("q")
+            self.assertEqual(player.wait(), 0)
+
+    def test_a_pause_is_heard_soon(self):
+        with Player(self.server, self.file(noise(3 * RATE, 24), 24)) as player:
+            self.sounds()
+            before = self.recorder.frames
+            player.press(" ")
+            self.recorder.wait_silence(RATE // 5)
+            player.press("q")
+            player.wait()
+        late = heard(self.recorder.stop().samples()[before:])
+        # What is heard after the key: at most 100 ms, and 70 ms on the recorder's own way.
+        self.assertLess(len(late) / RATE, 0.17)
+
+    def test_the_terminal_comes_back(self):
+        path = self.file(noise(30 * RATE, 24), 24)
+        for way in ("q", "\x03", "\x1c", signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
+            with self.subTest(way=way), Player(self.server, path) as player:
+                wait_for(player.is_raw, "raw mode")
+                if isinstance(way, str):
+                    player.press(way)
+                else:
+                    player.process.send_signal(way)
+                status = player.wait(5)
+                self.assertTrue(player.is_restored())
+                self.assertEqual(status, {"q": 0, "\x1c": -signal.SIGQUIT}.get(way, 1))
+
+    def test_it_comes_back_for_a_stop_and_is_taken_again(self):
+        path = self.file(noise(30 * RATE, 24), 24)
+        with Player(self.server, path) as player:
+            wait_for(player.is_raw, "raw mode")
+            player.process.send_signal(signal.SIGTSTP)
+            wait_for(player.is_restored, "the terminal as it was")
+            player.process.send_signal(signal.SIGCONT)
+            wait_for(player.is_raw, "raw mode again")
+            player.press("q")
+            self.assertEqual(player.wait(5), 0)
+            self.assertTrue(player.is_restored())
+
+    def test_the_time_line(self):
+        path = self.file(noise(2 * RATE, 24), 24)
+        with Player(self.server, path) as player:
+            player.wait_line("take.wav  00:00:01 / 00:00:02  width 120  gain +0 dB")
+            self.assertEqual(player.wait(), 0)
+            wait_for(lambda: "00:00:02 / 00:00:02" in player.shown, "the last line")
+
+    def test_mixers_see_who_plays(self):
+        with Player(self.server, self.file(noise(30 * RATE, 24), 24)) as player:
+            wait_for(lambda: "TARN J4 Mixdeck" in self.server.pactl("list", "sink-inputs"),
+                     "the stream")
+            listed = self.server.pactl("list", "sink-inputs")
+            for text in ('application.name = "TARN J4 Mixdeck"',
+                         'application.icon_name = "mixdeck"', 'media.role = "music"'):
+                self.assertIn(text, listed)
+            volume = self.server.pactl("get-sink-volume", "null48")
+            self.assertIn("100%", volume)
+            player.press("q")
+            player.wait()
+
+
+if __name__ == "__main__":
+    unittest.main()

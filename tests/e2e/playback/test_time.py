@@ -1,0 +1,94 @@
+# SPDX-FileCopyrightText: 2026 The Mixdeck developers
+# SPDX-License-Identifier: MIT
+"""The time that the player tells is the time of what is heard."""
+
+import os
+import subprocess
+import threading
+import time
+import unittest
+
+import numpy
+from playing import KIND, RATE, Case, noise
+
+# PulseAudio's null sink renders as far ahead as the recorder asks for, and hands that to its monitor
+# when it begins to be heard.
+AHEAD = {"pulse": 0.005, "pipewire": 0.0}[KIND]
+
+
+class TimedRecorder:
+    """Records the monitor and notes when each piece arrived."""
+
+    def __init__(self, server):
+        self.process = subprocess.Popen(
+            ["parec", "-d", "null48.monitor", "--raw", "--format=float32le", f"--rate={RATE}",
+             "--channels=2", "--latency-msec=5"], stdout=subprocess.PIPE, env=server.environment)
+        self.pieces = []
+        self.arrivals = []
+        self.thread = threading.Thread(target=self._read)
+        self.thread.start()
+
+    def _read(self):
+        total = 0
+        while piece := os.read(self.process.stdout.fileno(), 1 << 16):
+            total += len(piece) // 8
+            self.arrivals.append((time.monotonic(), total))
+            self.pieces.append(piece)
+
+    def stop(self):
+        self.process.terminate()
+        self.process.wait()
+        self.thread.join()
+        self.process.stdout.close()
+        raw = b"".join(self.pieces)
+        self.samples = numpy.frombuffer(raw[:len(raw) // 8 * 8], "<f4").reshape(-1, 2)
+        # A block arrives as soon as it begins to be heard; the least delayed tells when.
+        self.origin = min(at - total / RATE for at, total in self.arrivals) + AHEAD
+
+    def moment(self, frame):
+        """When a frame was heard."""
+        return self.origin + frame / RATE
+
+
+class TimeTest(Case):
+    def probe(self, frames, *arguments):
+        """The probe's lines, split, and the recording."""
+        path = self.file(frames, 32)
+        recorder = TimedRecorder(self.server)
+        done = subprocess.run([os.environ["PLAY_PROBE"], path, *arguments], text=True, timeout=60,
+                              env=self.server.environment, stdout=subprocess.PIPE, check=True)
+        time.sleep(0.2)  # the recorder's own way
+        recorder.stop()
+        return [line.split() for line in done.stdout.splitlines()], recorder
+
+    def test_it_follows_what_is_heard_within_50_ms(self):
+        lines, recorder = self.probe(noise(4 * RATE, 32))
+        told = [(float(at), float(seconds)) for at, seconds in lines]
+        first = numpy.argmax(recorder.samples.any(axis=1))
+        errors = [seconds - (at - recorder.moment(first)) for at, seconds in told
+                  if 0.1 < seconds < 3.9]
+        self.assertGreater(len(errors), 200)
+        print(f"{KIND}: error {1000 * min(errors):.1f} to {1000 * max(errors):.1f} ms")
+        self.assertLess(max(map(abs, errors)), 0.05)
+        times = [seconds for _, seconds in told]
+        self.assertEqual(times, sorted(times))
+        self.assertEqual(times[-1], 4.0)
+
+    def test_volume_seek_and_pause_are_heard_within_100_ms(self):
+        frames = numpy.tile(numpy.float32([0.25, 0]), (8 * RATE, 1))
+        frames[4 * RATE:, 0] = 0.75
+        lines, recorder = self.probe(frames, "handle")
+        at = {what: float(when) for what, when in lines if what.isalpha()}
+        left = recorder.samples[:, 0]
+        sounding = numpy.flatnonzero(left)
+        changes = {"volume": numpy.argmax((left > 0) & (left < 0.2)),
+                   "seek": numpy.argmax(left > 0.3), "pause": sounding[-1]}
+        for what, frame in changes.items():
+            delay = recorder.moment(frame) - at[what]
+            print(f"{KIND}: {what} is heard after {1000 * delay:.0f} ms")
+            self.assertLess(delay, 0.1, what)
+            self.assertGreater(delay, -0.02, what)
+
+
+if __name__ == "__main__":
+    unittest.main()
