@@ -15,5 +15,8 @@ endif()
 
 find_program(MIXDECK_CCACHE ccache)
 if(MIXDECK_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${MIXDECK_CCACHE}")
+  # Every clone on a machine shares what one of them has compiled.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+      "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1
+      "${MIXDECK_CCACHE}")
 endif()

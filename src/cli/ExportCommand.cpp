@@ -21,8 +21,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr unsigned kMostJobs = 256;
-constexpr double kMostAngle = 150;
-constexpr double kMostGain = 36;
 
 }  // namespace
 

@@ -10,13 +10,7 @@
 #include "cli/Problem.h"
 #include "export/Export.h"
 
-namespace {
-
-constexpr double kMostAngle = 150;
-constexpr double kMostGain = 36;
-constexpr double kMostSeconds = 1e9;
-
-}  // namespace
+namespace {}  // namespace
 
 CLI::App* LevelsCommand::declare(CLI::App& program) {
   CLI::App* command = program.add_subcommand("levels", "Measure the highest values of a stretch");

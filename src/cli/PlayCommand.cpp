@@ -21,10 +21,6 @@
 
 namespace {
 
-constexpr double kMostAngle = 150;
-constexpr double kMostGain = 36;
-constexpr double kMostSeconds = 1e9;
-
 // Files seem to end at a time.
 void endFilesAt(double seconds) {
   AudioBackends::addFile("limited", [seconds] {

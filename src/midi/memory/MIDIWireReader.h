@@ -9,7 +9,7 @@
 
 /// Cuts a MIDI 1.0 byte stream, as a cable carries it, into what a MIDI system hands on: pieces of
 /// SysEx messages of at most 256 bytes, with nothing else in them, and other messages whole, their
-/// running status written out (as the MIDI 1.0 Detailed Specification has it).
+/// running status written out.
 ///
 /// Real-time bytes are left out wherever they stand. A SysEx piece ends where the input ends. Data
 /// bytes that belong to nothing are handed on as the rest of a SysEx message whose beginning was
