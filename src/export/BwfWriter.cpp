@@ -120,10 +120,6 @@ bool BwfWriter::streamTo(const std::filesystem::path& path, AtomicFile::Existing
   return _failure.empty();
 }
 
-void BwfWriter::reserve(std::uint64_t sampleBytes) {
-  if (!_stream) _data.reserve(_data.size() + sampleBytes);
-}
-
 void BwfWriter::Write(const void* bytes, std::uint32_t count) {
   const std::span from(static_cast<const std::byte*>(bytes), count);
   std::copy(from.begin(), from.end(), extend(count).begin());

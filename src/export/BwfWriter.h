@@ -41,8 +41,6 @@ class BwfWriter {
   /// Appends room for this many sample bytes, for the caller to fill before the next call: `Write`
   /// without a copy.
   std::span<std::byte> extend(std::uint32_t count);
-  /// Makes room for this many sample bytes at once, where the file is held in memory.
-  void reserve(std::uint64_t sampleBytes);
   /// Sets the RIFF size and the data size. Calling it again is harmless.
   void FixUpChunkSizes();
   /// Puts the file in its place, whole or not at all; see `AtomicFile`. A streamed file can be
