@@ -12,6 +12,8 @@ constexpr std::uint32_t kServerMicroseconds = 50'000;
 constexpr std::uint32_t kRequestMicroseconds = 10'000;
 constexpr double kMicroseconds = 1e6;
 constexpr auto kStuck = std::chrono::seconds(2);
+// Longer than any device takes to play out, and than a server without a sign of life is borne with.
+constexpr auto kDrainPatience = std::chrono::milliseconds(1500);
 
 void release(pa_operation* operation) {
   if (operation != nullptr) pa_operation_unref(operation);
@@ -90,7 +92,9 @@ bool PulseStream::isBusy() const {
 }
 
 bool PulseStream::isStuck() const {
-  return _shouldMove && Clock::now() - _lastProgress > kStuck;
+  const Clock::time_point now = Clock::now();
+  return (_shouldMove && now - _lastProgress > kStuck) ||
+         (_isFlushing && now - _flushBegan > kStuck);
 }
 
 void PulseStream::onLife(pa_stream* /*stream*/, void* self) {
@@ -121,6 +125,7 @@ bool PulseStream::isFlushDue() const {
 void PulseStream::beginFlush() {
   _flushSerial = _controls.flushes.load();
   _isFlushing = true;
+  _flushBegan = Clock::now();
   abandonDrain();
   if (_controls.clock.handedOver() == 0) return endFlush();
   release(pa_stream_flush(_stream, onFlushed, this));
@@ -190,9 +195,20 @@ void PulseStream::cork() {
 
 void PulseStream::drain() {
   const bool isWanted = _controls.isDraining.load() && !_isDrained;
-  if (!isWanted || !_isDry || _isCorked || _drainOperation != nullptr) return;
-  if (_controls.clock.handedOver() == 0) return onDrained(_stream, 1, this);
+  if (!isWanted || !_isDry || _isCorked) return;
+  if (_controls.clock.handedOver() == 0) return endDrain();
+  if (isDrainOverdue()) {
+    abandonDrain();
+    return endDrain();
+  }
+  if (_drainOperation != nullptr) return;
+  _lastToTake = Clock::now();
   _drainOperation = pa_stream_drain(_stream, onDrained, this);
+}
+
+// Servers have been seen to forget a drain. What they took long ago has been heard.
+bool PulseStream::isDrainOverdue() const {
+  return _drainOperation != nullptr && Clock::now() - _lastToTake > kDrainPatience;
 }
 
 void PulseStream::abandonDrain() {
@@ -202,17 +218,19 @@ void PulseStream::abandonDrain() {
   _drainOperation = nullptr;
 }
 
-void PulseStream::onDrained(pa_stream* /*stream*/, int success, void* self) {
+void PulseStream::onDrained(pa_stream* stream, int success, void* self) {
+  onLife(stream, self);
   auto* const me = static_cast<PulseStream*>(self);
-  me->noteLife();
   release(me->_drainOperation);
   me->_drainOperation = nullptr;
-  if (success == 0) return;
-  PulseControls& controls = me->_controls;
-  controls.clock.standing(static_cast<double>(controls.clock.handedOver()));
-  me->_isDrained = true;
-  controls.drained.store(controls.flushed.load());
-  controls.tellOwner();
+  if (success != 0) me->endDrain();
+}
+
+void PulseStream::endDrain() {
+  _controls.clock.standing(static_cast<double>(_controls.clock.handedOver()));
+  _isDrained = true;
+  _controls.drained.store(_controls.flushed.load());
+  _controls.tellOwner();
 }
 
 void PulseStream::onUnderflow(pa_stream* stream, void* self) {
@@ -250,6 +268,7 @@ void PulseStream::publishTime() {
   const double taken = framesAt(timing->read_index);
   const auto handedOver = static_cast<double>(_controls.clock.handedOver());
   const bool isSuspended = pa_stream_is_suspended(_stream) == 1;
+  if (taken < handedOver) _lastToTake = Clock::now();
   noteProgress(timing->read_index, !_isCorked && !isSuspended && taken < handedOver);
   if (_isCorked) return _controls.clock.standing(std::min(taken, handedOver));
   const double age = static_cast<double>(timing->transport_usec) / kMicroseconds;

@@ -39,7 +39,7 @@ class PulseStream {
   void noteLife() { _lastLife = Clock::now(); }
   /// Something should be happening at the server.
   [[nodiscard]] bool isBusy() const;
-  /// For two seconds nothing has moved although it should.
+  /// For two seconds nothing has moved, or a flush has not been answered, although it should.
   [[nodiscard]] bool isStuck() const;
   /// Nothing more will be heard.
   void stopClock();
@@ -64,6 +64,8 @@ class PulseStream {
   bool writeBlock(std::size_t bytes);
   void cork();
   void drain();
+  [[nodiscard]] bool isDrainOverdue() const;
+  void endDrain();
   void publishTime();
   void noteProgress(std::int64_t readIndex, bool shouldMove);
   [[nodiscard]] double framesAt(std::int64_t index) const;
@@ -83,4 +85,6 @@ class PulseStream {
   std::int64_t _lastReadIndex = 0;
   Clock::time_point _lastProgress = Clock::now();
   bool _shouldMove = false;
+  Clock::time_point _lastToTake = Clock::now();  ///< the server had yet to take some of it
+  Clock::time_point _flushBegan = Clock::now();
 };

@@ -4,7 +4,8 @@
 // usage: play_probe FILE [handle]
 // Plays the file and prints, every 10 ms, the steady clock and the player's time, both in seconds.
 // With "handle" it halves the volume after 1 s, goes to 3/4 of the file after 1.5 s, pauses after
-// 2 s and ends half a second later; each is printed with its moment.
+// 2 s and ends half a second later; each is printed with its moment. Ends with status 1 when the
+// output is lost.
 
 #include <QCoreApplication>
 #include <QTimer>
@@ -30,6 +31,13 @@ void doAfter(int milliseconds, const char* what, Action action) {
   });
 }
 
+struct LossWatch : WavePlayerDelegate {
+  void WavePlayerOutputLost(const std::string& message) override {
+    std::fprintf(stderr, "%s\n", message.c_str());
+    QCoreApplication::exit(1);
+  }
+};
+
 void handle(WavePlayer& player) {
   doAfter(1000, "volume", [&] { player.setVolume(0.5); });
   doAfter(1500, "seek", [&] { player.setPosition(0.75); });
@@ -48,6 +56,8 @@ int main(int argc, char** argv) {
   WavePlayer player(argv[1]);
   player.setReader(std::make_shared<const WaveFileReader>(*job.reader()));
   player.setAngle(120);
+  const auto watch = std::make_shared<LossWatch>();
+  player.setDelegate(watch);
   NotificationCenter::defaultCenter().addObserver(
       &player,
       [&](const Notification&) {
@@ -62,7 +72,7 @@ int main(int argc, char** argv) {
   QObject::connect(&timer, &QTimer::timeout,
                    [&] { std::printf("%.6f %.6f\n", steadySeconds(), player.curremtTime()); });
   timer.start(10);
-  QCoreApplication::exec();
+  const int status = QCoreApplication::exec();
   std::printf("%.6f %.6f\n", steadySeconds(), player.curremtTime());
-  return 0;
+  return status;
 }

@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Sound servers that are not there, go away, hang, or change."""
 
+import os
 import signal
 import subprocess
 import time
@@ -115,6 +116,16 @@ class GoingServerTest(Case):
             player.wait(5)
             self.assertLess(time.monotonic() - start, 2.0)
         self.server.send(signal.SIGCONT)
+
+    def test_a_forgotten_drain_is_no_hang(self):
+        path = self.file(noise(RATE // 2, 24), 24)
+        environment = dict(self.server.environment, LD_PRELOAD=os.environ["FORGET_DRAIN"])
+        start = time.monotonic()
+        done = subprocess.run([CLI, "play", path], env=environment, stdin=subprocess.DEVNULL,
+                              capture_output=True, text=True, timeout=20)
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertGreater(time.monotonic() - start, 1.5, "it did forget")
+        self.assertLess(time.monotonic() - start, 5)
 
     def test_a_slow_start_is_no_loss(self):
         frames = noise(RATE // 2, 24)
