@@ -66,7 +66,8 @@ void SimulatedRecorder::take(const Bytes& message) {
   const auto found = _faults.find(*request);
   const RecorderFault fault = found == _faults.end() ? RecorderFault::None : found->second;
   if (fault == RecorderFault::Disappear) {
-    later(kAnswerSeconds, [this] { _cable.pullOut(); });
+    // The cable goes while it is pulled out.
+    later(kAnswerSeconds, [pullOut = _cable.pullOut] { pullOut(); });
     return;
   }
   carryOut(*request, message);
