@@ -15,6 +15,18 @@ class Colors {
   static QColor dimText() { return {0x9A, 0xA0, 0xA8}; }
   /// Folder icons and the used part of the card.
   static QColor accent() { return {0x8F, 0xA3, 0xB8}; }
+  /// Edges of menus and fields, handles of scroll bars.
+  static QColor line() { return {0x3F, 0x43, 0x4A}; }
+  /// Behind the chosen entry of a list or menu.
+  static QColor selection() { return {0x3A, 0x3F, 0x47}; }
+  /// A button under the pointer, and pressed.
+  static QColor hover() { return {0x3A, 0x3E, 0x46}; }
+  static QColor pressed() { return {0x25, 0x28, 0x2D}; }
+  /// The same for the white button that a dialog expects to be pressed.
+  static QColor primaryHover() { return {0xE4, 0xE7, 0xEB}; }
+  static QColor primaryPressed() { return {0xC4, 0xC9, 0xD0}; }
+  /// Text that warns.
+  static QColor warning() { return {0xE8, 0xB3, 0x4B}; }
   /// The ring on what has the keyboard: 3:1 or more against white and against the backgrounds.
   static QColor focusRing() { return {0x3D, 0x8B, 0xFD}; }
   /// Labels of a control that cannot be used.

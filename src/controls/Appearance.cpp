@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/Appearance.h"
+
+#include <QFile>
+#include <QStyleFactory>
+#include <array>
+#include <utility>
+
+#include "controls/Artwork.h"
+#include "controls/Colors.h"
+
+static void initialiseResources() {
+  Q_INIT_RESOURCE(mixdeck);
+}
+
+namespace {
+
+using Named = std::pair<QLatin1String, QColor>;
+
+// A name comes before every name that it begins with.
+std::array<Named, 15> namedColors() {
+  return {{{QLatin1String("@AppBGLight"), Colors::AppBGLight()},
+           {QLatin1String("@AppBG"), Colors::AppBG()},
+           {QLatin1String("@ControlColor"), Colors::ControlColor()},
+           {QLatin1String("@WHITE"), Colors::WHITE()},
+           {QLatin1String("@DimText"), Colors::dimText()},
+           {QLatin1String("@Accent"), Colors::accent()},
+           {QLatin1String("@FocusRing"), Colors::focusRing()},
+           {QLatin1String("@DisabledText"), Colors::disabledText()},
+           {QLatin1String("@Line"), Colors::line()},
+           {QLatin1String("@Selection"), Colors::selection()},
+           {QLatin1String("@Hover"), Colors::hover()},
+           {QLatin1String("@Pressed"), Colors::pressed()},
+           {QLatin1String("@PrimaryHover"), Colors::primaryHover()},
+           {QLatin1String("@PrimaryPressed"), Colors::primaryPressed()},
+           {QLatin1String("@Warning"), Colors::warning()}}};
+}
+
+QString inStyleSheet(const QColor& color) {
+  return QStringLiteral("rgba(%1, %2, %3, %4)")
+      .arg(color.red())
+      .arg(color.green())
+      .arg(color.blue())
+      .arg(color.alpha());
+}
+
+}  // namespace
+
+void Appearance::apply(QApplication& application) {
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setPalette(palette());
+  QApplication::setFont(font());
+  application.setStyleSheet(styleSheet());
+  QApplication::setWindowIcon(Artwork::icon(QStringLiteral("mixdeck")));
+}
+
+QPalette Appearance::palette() {
+  QPalette palette(Colors::WHITE(), Colors::ControlColor(), Colors::line(), Colors::AppBG(),
+                   Colors::hover(), Colors::WHITE(), Colors::WHITE(), Colors::AppBGLight(),
+                   Colors::AppBG());
+  palette.setColor(QPalette::AlternateBase, Colors::AppBGLight());
+  palette.setColor(QPalette::PlaceholderText, Colors::dimText());
+  palette.setColor(QPalette::Highlight, Colors::selection());
+  palette.setColor(QPalette::HighlightedText, Colors::WHITE());
+  palette.setColor(QPalette::Link, Colors::accent());
+  palette.setColor(QPalette::ToolTipBase, Colors::ControlColor());
+  palette.setColor(QPalette::ToolTipText, Colors::WHITE());
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(QPalette::Disabled, role, Colors::disabledText());
+  }
+  return palette;
+}
+
+QFont Appearance::font() {
+  constexpr int kPixels = 13;
+  QFont font = QApplication::font();
+  font.setFamilies({QStringLiteral("Inter"), font.family()});
+  font.setPixelSize(kPixels);
+  return font;
+}
+
+QString Appearance::styleSheet() {
+  initialiseResources();
+  QFile file(QStringLiteral(":/mixdeck.qss"));
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  QString text = QString::fromUtf8(file.readAll());
+  for (const auto& [name, color] : namedColors()) text.replace(name, inStyleSheet(color));
+  return text;
+}
