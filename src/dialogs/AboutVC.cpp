@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "dialogs/AboutVC.h"
+
+#include <QVBoxLayout>
+
+#include "controls/Artwork.h"
+
+namespace {
+
+constexpr int kLogoSize = 96;
+constexpr int kWidth = 320;
+
+}  // namespace
+
+AboutVC::AboutVC(QWidget* parent) : DialogWindow(parent) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  auto* const logo = new QLabel(this);
+  logo->setPixmap(
+      Artwork::icon(QStringLiteral("logo")).pixmap({kLogoSize, kLogoSize}, devicePixelRatioF()));
+  logo->setAccessibleName(tr("Logo"));
+  _version = label({}, "dim");
+  _version->setObjectName(QStringLiteral("version"));
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(32, 28, 32, 28);
+  column->setSpacing(6);
+  QLabel* const lines[] = {logo, label(QStringLiteral("TARN J4 Mixdeck"), "title"), _version,
+                           label(tr("Desktop companion of the TARN J4 recorder")),
+                           label(tr("Copyright 2026 The Mixdeck developers. MIT license."), "dim")};
+  for (QLabel* const line : lines) {
+    line->setAlignment(Qt::AlignHCenter);
+    column->addWidget(line);
+  }
+  column->insertSpacing(1, 10);
+  column->insertSpacing(4, 10);
+  setMinimumWidth(kWidth);
+}
+
+void AboutVC::viewWillAppear() {
+  _version->setText(_versionString);
+  initWindowUI();
+}
+
+void AboutVC::initWindowUI() {
+  DialogWindow::initWindowUI(tr("About"));
+}

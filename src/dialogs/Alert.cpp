@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "dialogs/Alert.h"
+
+#include <QApplication>
+
+QMessageBox* Alert::show(QWidget* parent, const QString& informativeText) {
+  auto* const alert = new QMessageBox(parent);
+  alert->setAttribute(Qt::WA_DeleteOnClose);
+  alert->setWindowTitle(QStringLiteral("TARN J4 Mixdeck"));
+  alert->setIcon(QMessageBox::NoIcon);
+  alert->setText(QString());
+  alert->setInformativeText(informativeText);
+  alert->addButton(QApplication::translate("Alert", "Ok"), QMessageBox::AcceptRole);
+  alert->open();
+  return alert;
+}

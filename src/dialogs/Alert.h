@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QMessageBox>
+#include <QString>
+
+/// The program's alerts: no icon, an empty message, one sentence and the button "Ok". Interface
+/// thread.
+class Alert {
+ public:
+  /// Shows the alert over `parent` and returns at once; it deletes itself when it is closed.
+  static QMessageBox* show(QWidget* parent, const QString& informativeText);
+};

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDialog>
+#include <QLabel>
+#include <QRect>
+#include <QString>
+
+/// What all dialogs of the window have in common: a title, the window's background, a fixed size
+/// without a button that enlarges it, and a place in the middle of the main window. Interface
+/// thread.
+class DialogWindow : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit DialogWindow(QWidget* parent);
+
+  /// The main window's rectangle on the screen; a null one leaves the place to the desktop, as does
+  /// a desktop on which windows do not place themselves.
+  void setParentFrame(const QRect& frame) { _parentFrame = frame; }
+  [[nodiscard]] const QRect& parentFrame() const { return _parentFrame; }
+
+ protected:
+  /// Runs each time the dialog is about to be shown, laid out but not yet on the screen.
+  virtual void viewWillAppear() { initWindowUI(); }
+  /// Gives the window its looks and its place.
+  virtual void initWindowUI() = 0;
+  void initWindowUI(const QString& title);
+
+  /// A label that wraps, in one of the looks that `Appearance` knows; an empty role is plain.
+  QLabel* label(const QString& text, const char* role = "");
+
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  QRect _parentFrame;
+};

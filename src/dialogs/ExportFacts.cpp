@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "dialogs/ExportFacts.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QLocale>
+#include <limits>
+#include <system_error>
+
+namespace {
+
+QString tr(const char* text) {
+  return QCoreApplication::translate("ExportVC", text);
+}
+
+QString sizeOf(std::uint64_t bytes) {
+  return QLocale().formattedDataSize(static_cast<qint64>(bytes), 1, QLocale::DataSizeSIFormat);
+}
+
+}  // namespace
+
+ExportFacts::ExportFacts(const Export& job)
+    : isValid(job.IsFileValid() && job.reader() != nullptr && job.reader()->image()),
+      source(job.getFilePath()),
+      folder(job.getDirPath()),
+      gain(job.gain()),
+      angle(job.angle()) {
+  if (!isValid) return;
+  isRawMidSide = job.reader()->isBoMSFormat();
+  size24 = job.outputSize(true);
+  size32 = job.outputSize(false);
+}
+
+QString ExportFacts::proposedName() const {
+  return QFile::decodeName(source.stem().c_str()) + QStringLiteral("_Decode.WAV");
+}
+
+QString ExportFacts::widthText() const {
+  if (!isRawMidSide) return tr("Channels as recorded");
+  return QStringLiteral("%1°").arg(WaveFileReader::wholeAngle(angle));
+}
+
+QString ExportFacts::gainText(bool isNormalized) const {
+  if (isNormalized) return tr("To full scale");
+  return QStringLiteral("%1%2 dB").arg(gain > 0 ? QStringLiteral("+") : QString()).arg(gain);
+}
+
+QString ExportFacts::sizeText(bool is24bit) const {
+  return sizeOf(is24bit ? size24 : size32);
+}
+
+QString ExportFacts::warning(bool is24bit) const {
+  const std::uint64_t size = is24bit ? size24 : size32;
+  if (size > std::numeric_limits<std::uint32_t>::max()) {
+    return tr("Too long: a WAVE file ends at 4 GiB");
+  }
+  std::error_code error;
+  const auto space = std::filesystem::space(folder, error);
+  if (error || space.available >= size) return {};
+  return tr("Only %1 free in this folder").arg(sizeOf(space.available));
+}

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "dialogs/NodeviceVC.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "controls/Artwork.h"
+
+namespace {
+
+constexpr QSize kPicture(54, 120);
+constexpr int kTextWidth = 260;
+
+}  // namespace
+
+NodeviceVC::NodeviceVC(QWidget* parent) : DialogWindow(parent) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  auto* const picture = new QLabel(this);
+  picture->setPixmap(
+      Artwork::icon(QStringLiteral("device_j4")).pixmap(kPicture, devicePixelRatioF()));
+  picture->setAccessibleName(tr("The recorder"));
+  auto* const ok = new QPushButton(tr("OK"), this);
+  ok->setProperty("primary", true);
+  ok->setDefault(true);
+  connect(ok, &QPushButton::clicked, this, &NodeviceVC::btnOK_Click);
+  auto* const text = new QVBoxLayout;
+  text->addWidget(label(tr("No recorder is connected"), "heading"));
+  text->addWidget(
+      label(tr("Connect the recorder over USB and switch it on. Its settings can be "
+               "changed here as soon as it is found.")));
+  text->addStretch();
+  text->addWidget(ok, 0, Qt::AlignRight);
+  text->itemAt(1)->widget()->setFixedWidth(kTextWidth);
+  auto* const row = new QHBoxLayout(this);
+  row->setContentsMargins(28, 24, 28, 24);
+  row->setSpacing(24);
+  row->addWidget(picture, 0, Qt::AlignTop);
+  row->addLayout(text);
+}
+
+void NodeviceVC::btnOK_Click() {
+  accept();
+}
+
+void NodeviceVC::initWindowUI() {
+  DialogWindow::initWindowUI(QStringLiteral("TARN J4 Mixdeck"));
+}
