@@ -9,16 +9,15 @@
 
 namespace {
 
-constexpr int kLogoSize = 96;
-constexpr int kWidth = 320;
+constexpr QSize kLogo(110, 85);
+constexpr int kWidth = 360;
 
 }  // namespace
 
 AboutVC::AboutVC(QWidget* parent) : DialogWindow(parent) {
   setAttribute(Qt::WA_DeleteOnClose);
   auto* const logo = new QLabel(this);
-  logo->setPixmap(
-      Artwork::icon(QStringLiteral("logo")).pixmap({kLogoSize, kLogoSize}, devicePixelRatioF()));
+  logo->setPixmap(Artwork::icon(QStringLiteral("logo")).pixmap(kLogo, devicePixelRatioF()));
   logo->setAccessibleName(tr("Logo"));
   _version = label({}, "dim");
   _version->setObjectName(QStringLiteral("version"));
@@ -27,7 +26,7 @@ AboutVC::AboutVC(QWidget* parent) : DialogWindow(parent) {
   column->setSpacing(6);
   QLabel* const lines[] = {logo, label(QStringLiteral("TARN J4 Mixdeck"), "title"), _version,
                            label(tr("Desktop companion of the TARN J4 recorder")),
-                           label(tr("Copyright 2026 The Mixdeck developers. MIT license."), "dim")};
+                           label(tr("Copyright 2026 The Mixdeck developers\nMIT license"), "dim")};
   for (QLabel* const line : lines) {
     line->setAlignment(Qt::AlignHCenter);
     column->addWidget(line);

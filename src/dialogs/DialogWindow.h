@@ -30,6 +30,11 @@ class DialogWindow : public QDialog {
 
   /// A label that wraps, in one of the looks that `Appearance` knows; an empty role is plain.
   QLabel* label(const QString& text, const char* role = "");
+  /// Shows a name in one line of at most `width` pixels, shortened in the middle; assistive
+  /// software and the tool tip have it whole.
+  static void showName(QLabel& label, const QString& name, int width);
+  /// Fits the window's size to what it holds.
+  void fixSize();
 
   void showEvent(QShowEvent* event) override;
 

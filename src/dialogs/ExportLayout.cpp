@@ -10,13 +10,13 @@
 
 namespace {
 
-constexpr int kWidth = 380;
+constexpr int kMargin = 28;
 
 }  // namespace
 
 void ExportVC::layOut() {
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(28, 24, 28, 20);
+  column->setContentsMargins(kMargin, 24, kMargin, 20);
   column->setSpacing(8);
   _name = label({}, "title");
   column->addWidget(_name);
@@ -28,16 +28,22 @@ void ExportVC::layOut() {
   _warning = label({}, "warning");
   column->addWidget(_warning);
   column->addLayout(buttons());
-  setMinimumWidth(kWidth);
+  setMinimumWidth(kTextWidth + 2 * kMargin);
 }
 
 QLayout* ExportVC::facts() {
   auto* const form = new QFormLayout;
   form->setHorizontalSpacing(24);
   form->setVerticalSpacing(4);
-  form->addRow(label(tr("Stereo width"), "dim"), _width = label({}));
-  form->addRow(label(tr("Gain"), "dim"), _gain = label({}));
-  form->addRow(label(tr("File size"), "dim"), _size = label({}));
+  const auto addFact = [this, form](const QString& name) {
+    QLabel* const caption = label(name, "dim");
+    QLabel* const value = label({});
+    form->addRow(caption, value);
+    return value;
+  };
+  _width = addFact(tr("Stereo width"));
+  _gain = addFact(tr("Gain"));
+  _size = addFact(tr("File size"));
   return form;
 }
 

@@ -9,7 +9,8 @@
 namespace {
 
 constexpr int kSteps = 1000;
-constexpr int kWidth = 360;
+constexpr int kWidth = 320;  // of the lines
+constexpr int kMargins = 2 * 28;
 
 }  // namespace
 
@@ -22,6 +23,7 @@ ExportProgress::ExportProgress(const QString& source, const QString& target, QWi
   _state = label({}, "dim");
   _state->setObjectName(QStringLiteral("state"));
   _cancel = new QPushButton(tr("Cancel"), this);
+  _cancel->setAutoDefault(false);
   connect(_cancel, &QPushButton::clicked, this, &ExportProgress::reject);
   auto* const last = new QHBoxLayout;
   last->addWidget(_state, 1);
@@ -29,13 +31,27 @@ ExportProgress::ExportProgress(const QString& source, const QString& target, QWi
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(28, 24, 28, 20);
   column->setSpacing(8);
-  column->addWidget(label(tr("Exporting %1").arg(source), "heading"));
-  column->addWidget(label(tr("to %1").arg(target), "dim"));
+  column->addWidget(nameLine(tr("Exporting %1").arg(source), "heading"));
+  column->addWidget(nameLine(tr("to %1").arg(target), "dim"));
   column->addSpacing(4);
   column->addWidget(_bar);
   column->addLayout(last);
-  setMinimumWidth(kWidth);
+  setMinimumWidth(kWidth + kMargins);
   update(0, {});
+  comeQuietly();
+}
+
+QLabel* ExportProgress::nameLine(const QString& text, const char* role) {
+  QLabel* const line = label({}, role);
+  showName(*line, text, kWidth);
+  return line;
+}
+
+// It appears by itself, while the user may be typing: a space meant for the player is no cancel.
+void ExportProgress::comeQuietly() {
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  setFocusPolicy(Qt::StrongFocus);
+  setFocus();
 }
 
 void ExportProgress::initWindowUI() {

@@ -30,6 +30,9 @@ class ExportProgress : public DialogWindow {
   void initWindowUI() override;
 
  private:
+  QLabel* nameLine(const QString& text, const char* role);
+  void comeQuietly();
+
   QProgressBar* _bar;
   QLabel* _state;
   QPushButton* _cancel;

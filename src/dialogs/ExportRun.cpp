@@ -22,30 +22,37 @@ QString nameOf(const std::filesystem::path& path) {
 }  // namespace
 
 ExportRun::ExportRun(const ExportOrder& order, const QRect& parentFrame, QWidget* parent)
-    : _worker(order),
-      _progress(new ExportProgress(nameOf(order.source), nameOf(order.target), parent)) {
-  _clock.start();
-  _progress->setParentFrame(parentFrame);
-  connect(_progress, &ExportProgress::cancelRequested, this, &ExportRun::cancel);
+    : _worker(order) {
+  auto* const progress = new ExportProgress(nameOf(order.source), nameOf(order.target), parent);
+  progress->setParentFrame(parentFrame);
+  connect(progress, &ExportProgress::cancelRequested, this, &ExportRun::cancel);
+  _progress = progress;
   connect(&_timer, &QTimer::timeout, this, &ExportRun::look);
+  _clock.start();
   _timer.start(kRefresh);
 }
 
 void ExportRun::raiseProgress() {
-  _progress->show();
-  _progress->raise();
-  _progress->activateWindow();
+  if (ExportProgress* const progress = _progress) {
+    progress->show();
+    progress->raise();
+    progress->activateWindow();
+  }
 }
 
 void ExportRun::look() {
   if (_worker.isFinished()) {
     _timer.stop();
-    _progress->hide();
+    delete _progress;
     emit finished();
-    return;
+  } else if (ExportProgress* const progress = _progress) {
+    show(*progress);
   }
+}
+
+void ExportRun::show(ExportProgress& progress) {
   const qint64 elapsed = _clock.elapsed();
-  _progress->update(_worker.done(),
-                    TimeLeft::text(static_cast<double>(elapsed) / 1000.0, _worker.done()));
-  if (elapsed >= kBeforeShown && !_progress->isVisible()) _progress->show();
+  const double done = _worker.done();
+  progress.update(done, TimeLeft::text(static_cast<double>(elapsed) / 1000.0, done));
+  if (elapsed >= kBeforeShown) progress.show();
 }

@@ -32,6 +32,7 @@ class ExportRun : public QObject {
 
  private:
   void look();
+  void show(ExportProgress& progress);
 
   ExportWorker _worker;
   QElapsedTimer _clock;

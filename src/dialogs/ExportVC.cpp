@@ -69,11 +69,13 @@ void ExportVC::radio_check() {
 }
 
 void ExportVC::showFacts() {
-  _name->setText(QFile::decodeName(_facts.source.filename().c_str()));
+  showName(*_name, QFile::decodeName(_facts.source.filename().c_str()), kTextWidth);
   _width->setText(_facts.widthText());
   _gain->setText(_facts.gainText(_checkboxNormalize->isChecked()));
   _size->setText(_facts.sizeText(_radio24->isChecked()));
   _warning->setText(_facts.warning(_radio24->isChecked()));
+  _warning->setHidden(_warning->text().isEmpty());
+  fixSize();
 }
 
 void ExportVC::btnCancel_Click() {

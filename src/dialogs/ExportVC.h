@@ -68,6 +68,7 @@ class ExportVC : public DialogWindow {
   void refuse(const QString& alert, const QString& why);
   [[nodiscard]] ExportOrder order(const QString& path, AtomicFile::Existing existing) const;
 
+  static constexpr int kTextWidth = 320;
   static inline ExportVC* _running = nullptr;
 
   QRadioButton* _radio32;

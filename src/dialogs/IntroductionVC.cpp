@@ -39,7 +39,7 @@ constexpr Section kSections[] = {
          "IntroductionVC",
          "Export writes what you hear into a new stereo file. The take itself is never "
          "changed.")},
-    {"device_j4", QT_TRANSLATE_NOOP("IntroductionVC", "Plug in the recorder"),
+    {"plug", QT_TRANSLATE_NOOP("IntroductionVC", "Plug in the recorder"),
      QT_TRANSLATE_NOOP("IntroductionVC",
                        "Connected over USB, it shows the room left on its card and lets you set "
                        "battery type and auto power off.")}};

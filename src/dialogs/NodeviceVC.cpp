@@ -26,14 +26,16 @@ NodeviceVC::NodeviceVC(QWidget* parent) : DialogWindow(parent) {
   ok->setProperty("primary", true);
   ok->setDefault(true);
   connect(ok, &QPushButton::clicked, this, &NodeviceVC::btnOK_Click);
+  QLabel* const advice =
+      label(tr("Connect the recorder over USB and switch it on. Its settings can "
+               "be changed here as soon as it is found."));
+  advice->setFixedWidth(kTextWidth);
   auto* const text = new QVBoxLayout;
-  text->addWidget(label(tr("No recorder is connected"), "heading"));
-  text->addWidget(
-      label(tr("Connect the recorder over USB and switch it on. Its settings can be "
-               "changed here as soon as it is found.")));
+  text->setSpacing(8);
+  text->addWidget(label(tr("No recorder is connected"), "heading"), 0, Qt::AlignTop);
+  text->addWidget(advice, 0, Qt::AlignTop);
   text->addStretch();
   text->addWidget(ok, 0, Qt::AlignRight);
-  text->itemAt(1)->widget()->setFixedWidth(kTextWidth);
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(28, 24, 28, 24);
   row->setSpacing(24);

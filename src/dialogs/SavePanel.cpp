@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr QSize kSize(720, 480);
+
 // The suffix that every export has, and the length up to which a path counts as having none.
 const QString& suffix() {
   static const QString text = QStringLiteral(".WAV");
@@ -31,6 +33,7 @@ SavePanel::SavePanel(const QString& folder, const QString& name,
   setDirectory(folder);
   selectFile(name);
   addMessage();
+  resize(kSize);
 }
 
 // The toolkit's panel has no message of its own; its layout has a place above everything.
@@ -64,6 +67,7 @@ void SavePanel::askToReplace(const QString& path) {
   auto* const question = new QMessageBox(this);
   question->setAttribute(Qt::WA_DeleteOnClose);
   question->setWindowTitle(windowTitle());
+  question->setTextFormat(Qt::PlainText);
   question->setText(tr("“%1” exists. Replace it?").arg(QFileInfo(path).fileName()));
   QPushButton* const replace = question->addButton(tr("Replace"), QMessageBox::AcceptRole);
   question->setDefaultButton(question->addButton(QMessageBox::Cancel));

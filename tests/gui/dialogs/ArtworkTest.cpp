@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/Artwork.h"
+
+#include <gmock/gmock.h>
+
+#include <QImage>
+#include <algorithm>
+#include <vector>
+
+#include "controls/Appearance.h"
+#include "controls/Colors.h"
+
+namespace {
+
+const char* const kNames[] = {"play_play", "play_pause", "speaker_mute", "speaker_1", "speaker_2",
+                              "speaker_3", "folder",     "wav_file",     "go_up",     "open_folder",
+                              "device_j4", "logo",       "mixdeck"};
+
+QImage picture(const char* name, int width, int height, QIcon::Mode mode = QIcon::Normal) {
+  return Artwork::icon(name)
+      .pixmap({width, height}, 1.0, mode)
+      .toImage()
+      .convertToFormat(QImage::Format_ARGB32);
+}
+
+// Pixels of a row that are neither empty nor as opaque as the drawing gets.
+int softPixels(const QImage& image, int row) {
+  int count = 0;
+  for (int x = 0; x < image.width(); ++x) {
+    const int alpha = qAlpha(image.pixel(x, row));
+    if (alpha > 0 && alpha < 255) ++count;
+  }
+  return count;
+}
+
+TEST(Artwork, EveryNameHasADrawing) {
+  for (const char* const name : kNames) {
+    EXPECT_FALSE(Artwork::icon(name).isNull()) << name;
+    EXPECT_FALSE(Artwork::naturalSize(name).isEmpty()) << name;
+    const QImage image = picture(name, 32, 32);
+    EXPECT_EQ(QSize(32, 32), image.size()) << name;
+    QImage empty = image;
+    empty.fill(Qt::transparent);
+    EXPECT_NE(empty, image) << name;
+  }
+}
+
+TEST(Artwork, AnUnknownNameHasNone) {
+  EXPECT_TRUE(Artwork::icon("speaker_4").isNull());
+  EXPECT_EQ(QSize(0, 0), Artwork::naturalSize("speaker_4"));
+}
+
+TEST(Artwork, NamesDiffer) {
+  std::vector<QImage> seen;
+  for (const char* const name : kNames) {
+    const QImage image = picture(name, 48, 48);
+    EXPECT_EQ(0, std::count(seen.begin(), seen.end(), image)) << name;
+    seen.push_back(image);
+  }
+}
+
+// Two bars: four edges, each at most one pixel soft, however large.
+TEST(Artwork, IsSharpAtEverySize) {
+  for (const int size : {16, 24, 30, 37, 96, 480}) {
+    EXPECT_GE(4, softPixels(picture("play_pause", size, size), size / 2)) << size;
+  }
+}
+
+TEST(Artwork, HasAsManyPixelsAsTheScreen) {
+  const QPixmap pixmap = Artwork::icon("folder").pixmap({20, 20}, 1.5);
+  EXPECT_EQ(QSize(30, 30), pixmap.size());
+  EXPECT_EQ(1.5, pixmap.devicePixelRatio());
+}
+
+TEST(Artwork, IsDimmedWhenDisabled) {
+  const int normal = qAlpha(picture("play_play", 24, 24).pixel(12, 12));
+  const int disabled = qAlpha(picture("play_play", 24, 24, QIcon::Disabled).pixel(12, 12));
+  EXPECT_EQ(255, normal);
+  EXPECT_NEAR(255 * 0.35, disabled, 2);
+}
+
+TEST(Artwork, KeepsItsShapeInTheMiddle) {
+  const QImage image = picture("device_j4", 160, 160);
+  EXPECT_EQ(0, qAlpha(image.pixel(43, 80)));
+  EXPECT_LT(0, qAlpha(image.pixel(46, 80)));
+  EXPECT_LT(0, qAlpha(image.pixel(113, 80)));
+  EXPECT_EQ(0, qAlpha(image.pixel(117, 80)));
+}
+
+TEST(Appearance, TheStyleSheetHasColoursForAllNames) {
+  const QString sheet = Appearance::styleSheet();
+  EXPECT_TRUE(sheet.contains("QPushButton"));
+  EXPECT_FALSE(sheet.contains('@'));
+  EXPECT_TRUE(sheet.contains("rgba(45, 48, 54, 255)"));  // ControlColor
+}
+
+TEST(Appearance, IsDark) {
+  Appearance::apply(*qApp);
+  EXPECT_EQ(Colors::AppBG(), QApplication::palette().color(QPalette::Window));
+  EXPECT_EQ(Colors::WHITE(), QApplication::palette().color(QPalette::WindowText));
+  EXPECT_EQ(13, QApplication::font().pixelSize());
+  EXPECT_FALSE(QApplication::windowIcon().isNull());
+}
+
+}  // namespace

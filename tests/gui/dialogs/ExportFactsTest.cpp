@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "dialogs/ExportFacts.h"
+
+#include "DialogFixture.h"
+
+namespace {
+
+class ExportFactsTest : public DialogFixture {};
+
+TEST_F(ExportFactsTest, TakesDownWhatTheJobHolds) {
+  const auto job = this->job();
+  job->setDirPath("/tmp");
+  const ExportFacts facts(*job);
+  EXPECT_TRUE(facts.isValid);
+  EXPECT_EQ(path("R0001.WAV"), facts.source);
+  EXPECT_EQ("/tmp", facts.folder);
+  EXPECT_EQ(6, facts.gain);
+  EXPECT_EQ(90.7, facts.angle);
+  EXPECT_EQ(748U + 3000 * 6, facts.size24);
+  EXPECT_EQ(748U + 3000 * 8, facts.size32);
+}
+
+TEST_F(ExportFactsTest, OfAFileThatIsNoRecordingAreEmpty) {
+  const ExportFacts facts(Export(_folder.file("x.wav", {})));
+  EXPECT_FALSE(facts.isValid);
+  EXPECT_EQ(0U, facts.size24);
+}
+
+TEST_F(ExportFactsTest, TheProposalDropsTheLastExtensionOnly) {
+  ExportFacts facts;
+  const std::pair<const char*, const char*> cases[] = {{"/a/R0001.WAV", "R0001_Decode.WAV"},
+                                                       {"/a/b.c.wav", "b.c_Decode.WAV"},
+                                                       {"/a/take 1.wav", "take 1_Decode.WAV"}};
+  for (const auto& [source, name] : cases) {
+    facts.source = source;
+    EXPECT_EQ(QString(name), facts.proposedName());
+  }
+}
+
+TEST_F(ExportFactsTest, GainHasItsSign) {
+  ExportFacts facts;
+  const std::pair<double, const char*> cases[] = {{0, "0 dB"}, {12, "+12 dB"}, {-36, "-36 dB"}};
+  for (const auto& [gain, text] : cases) {
+    facts.gain = gain;
+    EXPECT_EQ(QString(text), facts.gainText(false));
+    EXPECT_EQ(QString("To full scale"), facts.gainText(true));
+  }
+}
+
+TEST_F(ExportFactsTest, WidthIsInWholeDegrees) {
+  ExportFacts facts;
+  facts.isRawMidSide = true;
+  facts.angle = 150;
+  EXPECT_EQ(QString("150°"), facts.widthText());
+  facts.angle = 89.99;
+  EXPECT_EQ(QString("89°"), facts.widthText());
+}
+
+TEST_F(ExportFactsTest, WarnsWhereItWillNotFit) {
+  ExportFacts facts;
+  facts.folder = _folder.path();
+  facts.size24 = 20'000;
+  facts.size32 = 4'294'967'296;
+  EXPECT_EQ(QString(), facts.warning(true));
+  EXPECT_EQ(QString("Too long: a WAVE file ends at 4 GiB"), facts.warning(false));
+  facts.folder = "/proc";  // has no room at all
+  EXPECT_EQ(QString("Only 0 bytes free in this folder"), facts.warning(true));
+  facts.folder = path("none");
+  EXPECT_EQ(QString(), facts.warning(true));
+}
+
+TEST_F(ExportFactsTest, TheWarningIsShown) {
+  const auto job = this->job();
+  job->setDirPath("/proc");
+  const auto dialog = openExport(job);
+  EXPECT_TRUE(labels(*dialog).contains("Only 0 bytes free in this folder"));
+  expectNothingCut(*dialog);
+}
+
+}  // namespace

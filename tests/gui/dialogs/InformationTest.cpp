@@ -1,0 +1,174 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <QCheckBox>
+#include <QMessageBox>
+#include <QTest>
+
+#include "DialogFixture.h"
+#include "base/Utility.h"
+#include "controls/Colors.h"
+#include "dialogs/AboutVC.h"
+#include "dialogs/Alert.h"
+#include "dialogs/IntroductionVC.h"
+#include "dialogs/NodeviceVC.h"
+
+namespace {
+
+class InformationTest : public DialogFixture {
+ protected:
+  template <typename Dialog>
+  QPointer<Dialog> make() {
+    QPointer<Dialog> dialog(new Dialog(_mainWindow.get()));
+    dialog->setParentFrame(showMainWindow());
+    return dialog;
+  }
+  QPointer<IntroductionVC> introduce(bool isFromMenu) {
+    const auto dialog = make<IntroductionVC>();
+    dialog->setFromMenu(isFromMenu);
+    dialog->setVersionString("1.2.34");
+    dialog->open();
+    return dialog;
+  }
+  static std::optional<std::string> stored() {
+    return Utility::getStringValue(Utility::kDoNotShowAgain);
+  }
+  static void expectCommonLooks(DialogWindow& dialog, const char* title, const QRect& frame) {
+    EXPECT_EQ(QString(title), dialog.windowTitle());
+    EXPECT_EQ(Colors::AppBG(), dialog.palette().color(QPalette::Window));
+    EXPECT_EQ(dialog.minimumSize(), dialog.maximumSize());
+    EXPECT_FALSE(dialog.windowFlags() & Qt::WindowMaximizeButtonHint);
+    EXPECT_EQ(Qt::WindowModal, dialog.windowModality());
+    expectInTheMiddle(dialog, frame);
+    expectNothingCut(dialog);
+  }
+  static bool isGone(const QPointer<IntroductionVC>& dialog) {
+    return waitUntil([&] { return dialog.isNull(); });
+  }
+};
+
+TEST_F(InformationTest, AllLookTheSameInTheMiddleOfTheWindow) {
+  const auto about = make<AboutVC>();
+  about->open();
+  expectCommonLooks(*about, "About", about->parentFrame());
+  about->close();
+  const auto introduction = introduce(true);
+  expectCommonLooks(*introduction, "Introduction", introduction->parentFrame());
+  introduction->close();
+  const auto nodevice = make<NodeviceVC>();
+  nodevice->open();
+  expectCommonLooks(*nodevice, "TARN J4 Mixdeck", nodevice->parentFrame());
+}
+
+TEST_F(InformationTest, AWindowOfOddSizeIsMetByThePixelBelow) {
+  const auto about = make<AboutVC>();
+  about->setParentFrame({-40, 7, 1051, 669});
+  about->open();
+  expectCommonLooks(*about, "About", {-40, 7, 1051, 669});
+}
+
+TEST_F(InformationTest, WithoutAWindowTheDesktopPlacesIt) {
+  const QPointer<AboutVC> about(new AboutVC);
+  about->open();
+  EXPECT_LE(0, about->x());
+  EXPECT_LE(0, about->y());
+}
+
+TEST_F(InformationTest, AboutShowsTheVersionAsItIs) {
+  const auto about = make<AboutVC>();
+  about->setVersionString("<1.2>.34 ");
+  about->open();
+  EXPECT_EQ(QString("<1.2>.34 "), about->findChild<QLabel*>("version")->text());
+  EXPECT_EQ(Qt::PlainText, about->findChild<QLabel*>("version")->textFormat());
+  EXPECT_TRUE(about->findChildren<QPushButton*>().isEmpty());
+}
+
+TEST_F(InformationTest, AboutGoesWithEscapeAndWithItsWindow) {
+  auto about = make<AboutVC>();
+  about->open();
+  QTest::keyClick(about, Qt::Key_Escape);
+  EXPECT_TRUE(waitUntil([&] { return about.isNull(); }));
+  about = make<AboutVC>();
+  about->open();
+  about->close();
+  EXPECT_TRUE(waitUntil([&] { return about.isNull(); }));
+}
+
+TEST_F(InformationTest, ATickedIntroductionIsRememberedForItsVersion) {
+  const auto dialog = introduce(false);
+  auto* const box = dialog->findChild<QCheckBox*>();
+  ASSERT_TRUE(box->isVisible());
+  EXPECT_FALSE(box->isChecked());
+  QTest::mouseClick(box, Qt::LeftButton, {}, {10, box->height() / 2});
+  EXPECT_TRUE(box->isChecked());
+  EXPECT_FALSE(stored().has_value());
+  click(*dialog, "OK");
+  EXPECT_TRUE(isGone(dialog));
+  EXPECT_EQ("1.2.34", stored());
+}
+
+TEST_F(InformationTest, AnUntickedIntroductionLeavesWhatWasStored) {
+  const auto first = introduce(false);
+  click(*first, "OK");
+  EXPECT_TRUE(isGone(first));
+  EXPECT_FALSE(stored().has_value());
+  Utility::store(Utility::kDoNotShowAgain, "1.1.30");
+  const auto second = introduce(false);
+  click(*second, "OK");
+  EXPECT_TRUE(isGone(second));
+  EXPECT_EQ("1.1.30", stored());
+}
+
+TEST_F(InformationTest, FromTheMenuThereIsNothingToTick) {
+  const auto dialog = introduce(true);
+  auto* const box = dialog->findChild<QCheckBox*>();
+  EXPECT_FALSE(box->isVisible());
+  box->setChecked(true);
+  click(*dialog, "OK");
+  EXPECT_TRUE(isGone(dialog));
+  EXPECT_FALSE(stored().has_value());
+}
+
+TEST_F(InformationTest, EscapeStoresNothing) {
+  const auto dialog = introduce(false);
+  dialog->findChild<QCheckBox*>()->setChecked(true);
+  QTest::keyClick(dialog, Qt::Key_Escape);
+  EXPECT_TRUE(isGone(dialog));
+  EXPECT_FALSE(stored().has_value());
+}
+
+TEST_F(InformationTest, ReturnIsOK) {
+  const auto introduction = introduce(false);
+  introduction->findChild<QCheckBox*>()->setChecked(true);
+  QTest::keyClick(introduction, Qt::Key_Return);
+  EXPECT_TRUE(isGone(introduction));
+  EXPECT_EQ("1.2.34", stored());
+  const auto nodevice = make<NodeviceVC>();
+  nodevice->open();
+  QTest::keyClick(nodevice, Qt::Key_Return);
+  EXPECT_TRUE(waitUntil([&] { return nodevice.isNull(); }));
+}
+
+TEST_F(InformationTest, TheNoDeviceNoticeGoesWithOK) {
+  const auto dialog = make<NodeviceVC>();
+  dialog->open();
+  EXPECT_TRUE(labels(*dialog).contains("No recorder is connected"));
+  click(*dialog, "OK");
+  EXPECT_TRUE(waitUntil([&] { return dialog.isNull(); }));
+}
+
+TEST_F(InformationTest, AnAlertHasOneSentenceAndOneButton) {
+  showMainWindow();
+  const QPointer<QMessageBox> alert(Alert::show(_mainWindow.get(), "File not supported."));
+  EXPECT_TRUE(alert->isVisible());
+  EXPECT_EQ(QMessageBox::NoIcon, alert->icon());
+  EXPECT_EQ(QString(), alert->text());
+  EXPECT_EQ(QString("File not supported."), alert->informativeText());
+  ASSERT_EQ(1, alert->buttons().size());
+  EXPECT_EQ(QStringList("File not supported."), labels(*alert));
+  EXPECT_TRUE(alert->isModal());
+  click(*alert, "Ok");
+  EXPECT_TRUE(waitUntil([&] { return alert.isNull(); }));
+}
+
+}  // namespace

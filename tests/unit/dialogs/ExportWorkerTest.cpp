@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "dialogs/ExportWorker.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <thread>
+#include <vector>
+
+#include "export/Export.h"
+#include "support/LongTake.h"
+#include "support/TemporaryFolder.h"
+#include "support/WaveBytes.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+constexpr std::uint32_t kLong = 3'000'000'000;
+
+class ExportWorkerTest : public testing::Test {
+ protected:
+  ExportOrder order(const std::filesystem::path& source) const {
+    return {.source = source, .target = _folder.path() / "out.WAV", .gain = -3, .angle = 90};
+  }
+  std::filesystem::path shortTake() const {
+    std::vector<std::int32_t> samples(2 * 4000);
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+      samples[i] = static_cast<std::int32_t>((i * 7919) % 4'000'000) - 2'000'000;
+    }
+    return _folder.file(
+        "in.wav", WaveBytes().format24().recorderBext().data(WaveBytes::samples24(samples)).get());
+  }
+  static void waitFor(const ExportWorker& worker) {
+    while (!worker.isFinished()) std::this_thread::yield();
+  }
+  static void waitForBegin(const ExportWorker& worker) {
+    while (worker.done() == 0.0 && !worker.isFinished()) std::this_thread::yield();
+  }
+  std::vector<std::byte> samplesOf(const char* name) const {
+    auto bytes = TemporaryFolder::read(_folder.path() / name);
+    bytes.erase(bytes.begin(), bytes.begin() + std::min<std::ptrdiff_t>(748, std::ssize(bytes)));
+    return bytes;
+  }
+
+  TemporaryFolder _folder;
+};
+
+TEST_F(ExportWorkerTest, WritesWhatAJobWithTheSameSettingsWrites) {
+  for (const bool is24bit : {true, false}) {
+    for (const bool isNormalized : {true, false}) {
+      ExportOrder order = this->order(shortTake());
+      order.is24bit = is24bit;
+      order.isNormalized = isNormalized;
+      order.existing = AtomicFile::Existing::Replace;
+      const ExportWorker worker(order);
+      waitFor(worker);
+      EXPECT_TRUE(worker.isWritten()) << worker.failure();
+      EXPECT_FALSE(worker.wasCancelled());
+      EXPECT_EQ("", worker.failure());
+      EXPECT_EQ(1.0, worker.done());
+      Export job(order.source);
+      job.setGain(order.gain);
+      job.setAngle(order.angle);
+      ASSERT_TRUE(job.export2File(_folder.path() / "wanted.WAV", is24bit, isNormalized));
+      EXPECT_FALSE(samplesOf("out.WAV").empty());
+      EXPECT_EQ(samplesOf("wanted.WAV"), samplesOf("out.WAV"));
+    }
+  }
+}
+
+TEST_F(ExportWorkerTest, StopsWhenItIsCancelled) {
+  ExportWorker worker(order(LongTake::make(_folder, "long.wav", kLong)));
+  waitForBegin(worker);
+  worker.cancel();
+  waitFor(worker);
+  EXPECT_TRUE(worker.wasCancelled());
+  EXPECT_FALSE(worker.isWritten());
+  EXPECT_LT(worker.done(), 1.0);
+  EXPECT_THAT(_folder.names(), ElementsAre("long.wav"));
+}
+
+TEST_F(ExportWorkerTest, ItsEndIsTheEndOfTheExport) {
+  const ExportOrder order = this->order(LongTake::make(_folder, "long.wav", kLong));
+  {
+    const ExportWorker worker(order);
+    waitForBegin(worker);
+  }
+  EXPECT_THAT(_folder.names(), ElementsAre("long.wav"));
+}
+
+TEST_F(ExportWorkerTest, TellsWhyItFailed) {
+  const ExportWorker missing(order(_folder.path() / "none.wav"));
+  waitFor(missing);
+  EXPECT_FALSE(missing.isWritten());
+  EXPECT_FALSE(missing.wasCancelled());
+  EXPECT_NE("", missing.failure());
+
+  ExportOrder existing = order(shortTake());
+  existing.target = _folder.file("there.WAV", {});
+  const ExportWorker refused(existing);
+  waitFor(refused);
+  EXPECT_FALSE(refused.isWritten());
+  EXPECT_THAT(refused.failure(), HasSubstr("exists"));
+  EXPECT_TRUE(TemporaryFolder::read(existing.target).empty());
+}
+
+}  // namespace
