@@ -62,7 +62,7 @@ class MIDISystem {
   MIDISystem& operator=(const MIDISystem&) = delete;
   virtual ~MIDISystem() = default;
 
-  /// The same for the life of the system.
+  /// The same as long as anything is plugged in.
   [[nodiscard]] virtual MIDIPacketKind packetKind() const = 0;
 
   /// A client of this name. `client` is told of changes until the reference is disposed of.

@@ -1,0 +1,280 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "midi/alsa/AlsaMIDISystem.h"
+
+#include <QSocketNotifier>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <string_view>
+#include <utility>
+
+#include "midi/QtMIDIClock.h"
+#include "midi/alsa/AlsaEndpointTable.h"
+#include "midi/alsa/AlsaOutput.h"
+#include "midi/alsa/AlsaSequencer.h"
+#include "midi/alsa/AlsaSettling.h"
+#include "midi/alsa/DeviceNodeWatch.h"
+#include "midi/memory/MIDIWireReader.h"
+
+struct AlsaMIDISystem::Port {
+  struct Heard {
+    AlsaAddress address;
+    MIDIWireReader reader;
+  };
+
+  MIDIObjectRef client = 0;
+  MIDIDirection direction = MIDIDirection::Source;
+  std::uint8_t number = 0;
+  std::map<MIDIObjectRef, Heard> heard;     ///< connected sources
+  std::map<MIDIObjectRef, AlsaAddress> to;  ///< subscribed destinations
+};
+
+namespace {
+
+std::optional<MIDIPacketKind> kindOfEnvironment() {
+  const char* wanted = std::getenv("MIXDECK_MIDI");
+  const std::string_view kind = wanted == nullptr ? "" : wanted;
+  if (kind == "bytes") return MIDIPacketKind::BytePackets;
+  if (kind == "ump") return MIDIPacketKind::EventLists;
+  return std::nullopt;
+}
+
+/// Of one message: those of the system type from F8 on.
+bool isRealTime(const std::vector<std::uint32_t>& words) {
+  return words[0] >> 28 == 1 && (words[0] >> 16 & 0xFF) >= 0xF8;
+}
+
+}  // namespace
+
+std::shared_ptr<AlsaMIDISystem> AlsaMIDISystem::create(Options options) {
+  if (!options.clock) options.clock = std::make_shared<QtMIDIClock>();
+  if (!options.kind) options.kind = kindOfEnvironment();
+  std::shared_ptr<AlsaMIDISystem> system(new AlsaMIDISystem(std::move(options)));
+  system->start();
+  return system;
+}
+
+AlsaMIDISystem::AlsaMIDISystem(Options options) : _options(std::move(options)) {}
+
+AlsaMIDISystem::~AlsaMIDISystem() = default;
+
+void AlsaMIDISystem::start() {
+  _table = std::make_unique<AlsaEndpointTable>([this] { return ++_last; });
+  _settling = std::make_unique<AlsaSettling>(*_options.clock, [this] { relist(); });
+  // Watched before it is opened, so that nothing comes in between unseen.
+  _watch = std::make_unique<DeviceNodeWatch>(_options.devicePath, [this] { open(); });
+  open();
+}
+
+void AlsaMIDISystem::open() {
+  if (_sequencer) return;
+  auto opened = AlsaSequencer::open(_options.devicePath, _options.kind);
+  if (opened.sequencer) adopt(std::move(opened.sequencer));
+  setReason(std::move(opened.problem));
+  if (_sequencer) relist();
+}
+
+void AlsaMIDISystem::adopt(std::unique_ptr<AlsaSequencer> sequencer) {
+  _sequencer = std::move(sequencer);
+  if (!_clients.empty()) _sequencer->setName(_clients.begin()->second.name);
+  const int port = _sequencer->createPort("Announcements", AlsaSequencer::Use::Private);
+  _sequencer->connectAnnouncements(static_cast<std::uint8_t>(port));
+  _output = std::make_unique<AlsaOutput>(*_options.clock, [this](const AlsaOutput::Item& item) {
+    return _sequencer->write(item.port, item.to, item.payload);
+  });
+  _notifier = std::make_unique<QSocketNotifier>(_sequencer->descriptor(), QSocketNotifier::Read);
+  QObject::connect(_notifier.get(), &QSocketNotifier::activated, [this] { readable(); });
+}
+
+// The ports went with it; whoever holds one is told of the removal of all endpoints.
+void AlsaMIDISystem::lose(int status) {
+  _notifier->setEnabled(false);
+  _notifier.release()->deleteLater();
+  _output.reset();
+  _ports.clear();
+  _sequencer.reset();
+  setReason(std::string("The ALSA sequencer has gone (") + std::strerror(-status) + ").");
+  relist();
+}
+
+void AlsaMIDISystem::setReason(std::string reason) {
+  if (std::exchange(_reason, std::move(reason)) != _reason && _observer) _observer();
+}
+
+// As much as was read at once: a flood does not keep the rest of the program from its turn.
+void AlsaMIDISystem::readable() {
+  AlsaEvent event;
+  do {
+    const int status = _sequencer->read(event);
+    if (status == -EAGAIN || status == -EINTR) return;
+    if (status >= 0) {
+      take(event);
+    } else if (status == -ENOSPC) {
+      _settling->disturb();  // what was lost may have been an announcement
+    } else {
+      lose(status);
+    }
+  } while (_sequencer && _sequencer->hasMore());
+}
+
+void AlsaMIDISystem::take(AlsaEvent& event) {
+  if (event.announcement != AlsaEvent::Announcement::None) announced(event);
+  if (!event.payload.bytes.empty()) deliverBytes(event);
+  if (!event.payload.words.empty() && !isRealTime(event.payload.words)) deliverWords(event);
+}
+
+void AlsaMIDISystem::announced(const AlsaEvent& event) {
+  using enum AlsaEvent::Announcement;
+  if (event.announcement == ClientGone) _table->forgetClient(event.subject.client);
+  if (event.announcement == PortGone) _table->forget(event.subject);
+  _settling->disturb();
+}
+
+void AlsaMIDISystem::relist() {
+  const auto ports = _sequencer ? _sequencer->ports() : std::vector<AlsaPort>();
+  const auto change = _table->update(ports);
+  if (change.hasRemoval) tell(MIDISystemClient::kObjectRemoved);
+  if (change.hasAddition) tell(MIDISystemClient::kObjectAdded);
+}
+
+// Whoever is told may make and end clients.
+void AlsaMIDISystem::tell(std::int32_t messageID) {
+  for (const auto& [reference, client] : std::map(_clients)) {
+    if (_clients.contains(reference)) client.told->setupChanged(messageID);
+  }
+}
+
+// Anyone may send to our ports; only who was connected is heard.
+AlsaMIDISystem::Port* AlsaMIDISystem::listener(const AlsaEvent& event) {
+  for (const auto& [reference, port] : _ports) {
+    const bool isIt = port->direction == MIDIDirection::Source && port->number == event.port;
+    for (const auto& [source, heard] : port->heard) {
+      if (isIt && heard.address == event.source) return port.get();
+    }
+  }
+  return nullptr;
+}
+
+void AlsaMIDISystem::deliverBytes(const AlsaEvent& event) {
+  Port* port = listener(event);
+  if (port == nullptr) return;
+  std::vector<MIDIWireReader::Piece> pieces;
+  for (auto& [source, heard] : port->heard) {
+    if (heard.address == event.source) pieces = heard.reader.feed(event.payload.bytes);
+  }
+  for (const auto& piece : pieces) {
+    const MIDIPacket packet{_options.clock->hostTime(), piece};
+    hand(event, MIDIPacketList(&packet, 1));
+  }
+}
+
+void AlsaMIDISystem::deliverWords(const AlsaEvent& event) {
+  const MIDIEventPacket packet{_options.clock->hostTime(), event.payload.words};
+  hand(event, MIDIEventList(&packet, 1));
+}
+
+// Looked for each time: whoever got the last piece may have closed the port.
+template <class List>
+void AlsaMIDISystem::hand(const AlsaEvent& event, List list) {
+  const Port* port = listener(event);
+  if (port == nullptr) return;
+  const auto client = _clients.find(port->client);
+  if (client != _clients.end()) client->second.told->received(list);
+}
+
+MIDIPacketKind AlsaMIDISystem::packetKind() const {
+  return _sequencer ? _sequencer->kind() : MIDIPacketKind::BytePackets;
+}
+
+MIDIObjectRef AlsaMIDISystem::createClient(std::string_view name, MIDISystemClient& client) {
+  _clients[++_last] = {std::string(name), &client};
+  if (_sequencer) _sequencer->setName(std::string(name));
+  return _last;
+}
+
+std::vector<MIDIEndpoint> AlsaMIDISystem::endpoints(MIDIDirection direction) const {
+  return _table->endpoints(direction);
+}
+
+MIDICreatedPort AlsaMIDISystem::createPort(MIDIObjectRef client, MIDIDirection direction,
+                                           std::string_view name) {
+  using Use = AlsaSequencer::Use;
+  if (!_sequencer || !_clients.contains(client)) return {-ENODEV, 0};
+  const Use use = direction == MIDIDirection::Source ? Use::Receive : Use::Send;
+  const int number = _sequencer->createPort(std::string(name), use);
+  if (number < 0) return {number, 0};
+  _ports[++_last] =
+      std::make_unique<Port>(Port{client, direction, static_cast<std::uint8_t>(number), {}, {}});
+  return {0, _last};
+}
+
+AlsaMIDISystem::Port* AlsaMIDISystem::find(MIDIObjectRef port, MIDIDirection direction) {
+  const auto found = _ports.find(port);
+  const bool isIt = found != _ports.end() && found->second->direction == direction;
+  return isIt ? found->second.get() : nullptr;
+}
+
+void AlsaMIDISystem::connectSource(MIDIObjectRef port, MIDIObjectRef source) {
+  Port* input = find(port, MIDIDirection::Source);
+  const auto address = _table->find(source, MIDIDirection::Source);
+  if (input == nullptr || !address || input->heard.contains(source)) return;
+  if (_sequencer->connectFrom(input->number, *address) >= 0) input->heard[source] = {*address, {}};
+}
+
+void AlsaMIDISystem::disconnectSource(MIDIObjectRef port, MIDIObjectRef source) {
+  Port* input = find(port, MIDIDirection::Source);
+  if (input == nullptr || !input->heard.contains(source)) return;
+  // An old one's numbers may be another's by now.
+  const auto address = _table->find(source, MIDIDirection::Source);
+  if (address) _sequencer->disconnectFrom(input->number, *address);
+  input->heard.erase(source);
+}
+
+void AlsaMIDISystem::dispose(MIDIObjectRef object) {
+  const auto isOurs = [object](const auto& entry) {
+    return entry.first == object || entry.second->client == object;
+  };
+  for (const auto& entry : _ports) {
+    if (isOurs(entry)) closePort(*entry.second);
+  }
+  std::erase_if(_ports, isOurs);
+  _clients.erase(object);
+}
+
+void AlsaMIDISystem::closePort(const Port& port) {
+  for (const auto& [destination, address] : port.to) _output->drop(address);
+  _sequencer->deletePort(port.number);
+}
+
+void AlsaMIDISystem::send(MIDIObjectRef port, MIDIObjectRef destination, MIDIPacketList packets) {
+  if (packetKind() != MIDIPacketKind::BytePackets) return;
+  for (const MIDIPacket& packet : packets) {
+    enqueue(port, destination, {{packet.bytes.begin(), packet.bytes.end()}, {}});
+  }
+}
+
+void AlsaMIDISystem::send(MIDIObjectRef port, MIDIObjectRef destination, MIDIEventList events) {
+  if (packetKind() != MIDIPacketKind::EventLists) return;
+  for (const MIDIEventPacket& event : events) {
+    enqueue(port, destination, {{}, {event.words.begin(), event.words.end()}});
+  }
+}
+
+// A driver opens its device for those who have subscribed to it.
+void AlsaMIDISystem::enqueue(MIDIObjectRef port, MIDIObjectRef destination, AlsaPayload payload) {
+  Port* output = find(port, MIDIDirection::Destination);
+  const auto address = _table->find(destination, MIDIDirection::Destination);
+  if (output == nullptr || !address) return;
+  if (!output->to.contains(destination)) {
+    _sequencer->connectTo(output->number, *address);
+    output->to[destination] = *address;
+  }
+  _output->send({output->number, *address, std::move(payload)});
+}
+
+void AlsaMIDISystem::flushOutput(MIDIObjectRef endpoint) {
+  const auto address = _table->find(endpoint, MIDIDirection::Destination);
+  if (address && _output) _output->drop(*address);
+}

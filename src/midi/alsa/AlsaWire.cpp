@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "midi/alsa/AlsaWire.h"
+
+#include <array>
+
+namespace {
+
+constexpr std::size_t kLongestShortMessage = 32;
+
+AlsaEvent::Announcement announcementOf(snd_seq_event_type_t type) {
+  using enum AlsaEvent::Announcement;
+  if (type == SND_SEQ_EVENT_CLIENT_EXIT) return ClientGone;
+  if (type == SND_SEQ_EVENT_PORT_EXIT) return PortGone;
+  const bool isOther = type == SND_SEQ_EVENT_CLIENT_START || type == SND_SEQ_EVENT_CLIENT_CHANGE ||
+                       type == SND_SEQ_EVENT_PORT_START || type == SND_SEQ_EVENT_PORT_CHANGE;
+  return isOther ? Other : None;
+}
+
+/// Carries pieces of a MIDI 1.0 byte stream.
+class AlsaByteWire final : public AlsaWire {
+ public:
+  explicit AlsaByteWire(snd_seq_t* sequencer) : _sequencer(sequencer) {
+    if (snd_midi_event_new(kLongestShortMessage, &_decoder) < 0) _decoder = nullptr;
+    if (_decoder != nullptr) snd_midi_event_no_status(_decoder, 1);
+  }
+  ~AlsaByteWire() override {
+    if (_decoder != nullptr) snd_midi_event_free(_decoder);
+  }
+
+  [[nodiscard]] MIDIPacketKind kind() const override { return MIDIPacketKind::BytePackets; }
+
+  int read(AlsaEvent& event) override {
+    snd_seq_event_t* raw = nullptr;
+    const int status = snd_seq_event_input(_sequencer, &raw);
+    if (status < 0) return status;
+    if (raw == nullptr) return -EAGAIN;
+    event = headOf(*raw);
+    if (event.announcement == AlsaEvent::Announcement::None) event.payload.bytes = bytesOf(*raw);
+    return status;
+  }
+
+  int write(std::uint8_t port, AlsaAddress to, const AlsaPayload& payload) override {
+    snd_seq_event_t raw;
+    snd_seq_ev_clear(&raw);
+    snd_seq_ev_set_source(&raw, port);
+    snd_seq_ev_set_dest(&raw, to.client, to.port);
+    snd_seq_ev_set_direct(&raw);
+    raw.type = SND_SEQ_EVENT_SYSEX;
+    raw.flags = SND_SEQ_EVENT_LENGTH_VARIABLE;
+    raw.data.ext.len = static_cast<unsigned>(payload.bytes.size());
+    // Only read from: the sequencer's record has no other pointer.
+    raw.data.ext.ptr = const_cast<std::uint8_t*>(payload.bytes.data());
+    return snd_seq_event_output_direct(_sequencer, &raw);
+  }
+
+ private:
+  [[nodiscard]] std::vector<std::uint8_t> bytesOf(const snd_seq_event_t& raw) const {
+    if (raw.type == SND_SEQ_EVENT_SYSEX) {
+      const auto* bytes = static_cast<const std::uint8_t*>(raw.data.ext.ptr);
+      return {bytes, bytes + raw.data.ext.len};
+    }
+    std::array<std::uint8_t, kLongestShortMessage> bytes{};
+    if (_decoder == nullptr || snd_seq_ev_is_variable(&raw)) return {};
+    const long size = snd_midi_event_decode(_decoder, bytes.data(), bytes.size(), &raw);
+    return {bytes.begin(), bytes.begin() + std::max(size, 0L)};
+  }
+
+  snd_seq_t* _sequencer;
+  snd_midi_event_t* _decoder = nullptr;
+};
+
+}  // namespace
+
+AlsaEvent AlsaWire::headOf(const snd_seq_event_t& raw) {
+  AlsaEvent event;
+  event.source = {raw.source.client, raw.source.port};
+  event.port = raw.dest.port;
+  if (raw.source.client != SND_SEQ_CLIENT_SYSTEM) return event;
+  event.announcement = announcementOf(raw.type);
+  event.subject = {raw.data.addr.client, raw.data.addr.port};
+  return event;
+}
+
+std::unique_ptr<AlsaWire> makeAlsaByteWire(snd_seq_t* sequencer) {
+  return std::make_unique<AlsaByteWire>(sequencer);
+}
