@@ -22,6 +22,7 @@ ALLOWED = {
     "controls": set(),
     "dialogs": {"controls", "export", "base"},
     "app": {"base", "dsp", "wav", "export", "playback", "midi", "controls", "dialogs"},
+    "recorder-sim": {"midi"},
     "cli": {"base", "dsp", "wav", "export", "playback", "midi"},
 }
 WITHOUT_QT = {"dsp", "wav", "export"}

@@ -44,15 +44,15 @@ void MIDIWireEvents::takeSysEx(std::uint8_t byte) {
   }
   if (!_isOpen) return;
   if (byte == kSysExEnd) {
-    emit(true);
+    finishPacket(true);
     return;
   }
   // A full packet goes only when it is known not to be the last.
-  if (_held == _payload.size()) emit(false);
+  if (_held == _payload.size()) finishPacket(false);
   _payload[_held++] = byte;
 }
 
-void MIDIWireEvents::emit(bool isEnd) {
+void MIDIWireEvents::finishPacket(bool isEnd) {
   const int status = _hasBegun ? (isEnd ? 3 : 2) : (isEnd ? 0 : 1);
   const GLPacket packet = MIDICommon::createPackage(0, static_cast<std::uint8_t>(status),
                                                     static_cast<int>(_held), _payload.data());

@@ -23,7 +23,7 @@ class MIDIWireEvents {
 
  private:
   void takeSysEx(std::uint8_t byte);
-  void emit(bool isEnd);
+  void finishPacket(bool isEnd);
 
   std::vector<Words> _finished;
   std::array<std::uint8_t, 6> _payload{};

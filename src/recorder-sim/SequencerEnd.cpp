@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "recorder-sim/SequencerEnd.h"
+
+#include <QSocketNotifier>
+#include <cerrno>
+#include <utility>
+
+#include "midi/alsa/AlsaOutput.h"
+#include "midi/alsa/AlsaSequencer.h"
+
+namespace {
+
+constexpr const char* kDevice = "/dev/snd/seq";
+constexpr const char* kClientName = "mixdeck-recorder-sim";
+
+}  // namespace
+
+SequencerEnd::SequencerEnd(std::string portName, Told told)
+    : CableEnd(std::move(told)), _portName(std::move(portName)) {}
+
+SequencerEnd::~SequencerEnd() = default;
+
+std::string SequencerEnd::plugIn() {
+  if (_port >= 0) return "";
+  if (!_sequencer) {
+    const std::string problem = open();
+    if (!problem.empty()) return problem;
+  }
+  _port = _sequencer->createPort(_portName, AlsaSequencer::Use::Both);
+  if (_port < 0) return "The ALSA sequencer makes no port.";
+  told().pluggedIn();
+  return "";
+}
+
+// Bytes, whatever the kernel can do: it is what comes out of the recorder.
+std::string SequencerEnd::open() {
+  auto opened = AlsaSequencer::open(kDevice, MIDIPacketKind::BytePackets);
+  if (!opened.sequencer) return opened.problem;
+  _sequencer = std::move(opened.sequencer);
+  _sequencer->setName(kClientName);
+  _output = std::make_unique<AlsaOutput>(_clock, [this](const AlsaOutput::Item& item) {
+    return _sequencer->write(item.port, item.to, item.payload);
+  });
+  _notifier = std::make_unique<QSocketNotifier>(_sequencer->descriptor(), QSocketNotifier::Read);
+  QObject::connect(_notifier.get(), &QSocketNotifier::activated, [this] { readable(); });
+  return "";
+}
+
+void SequencerEnd::pullOut() {
+  if (_port < 0) return;
+  _output->drop(AlsaSequencer::subscribers());
+  _sequencer->deletePort(std::exchange(_port, -1));
+  told().pulledOut();
+}
+
+void SequencerEnd::transmit(std::span<const std::uint8_t> bytes) {
+  if (_port < 0) return;
+  _output->send({static_cast<std::uint8_t>(_port),
+                 AlsaSequencer::subscribers(),
+                 {{bytes.begin(), bytes.end()}, {}}});
+}
+
+void SequencerEnd::readable() {
+  AlsaEvent event;
+  do {
+    const int status = _sequencer->read(event);
+    if (status == -EAGAIN || status == -EINTR) return;
+    if (status >= 0 && event.port == _port) told().received(event.payload.bytes);
+  } while (_sequencer->hasMore());
+}

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <CLI/CLI.hpp>
+#include <QCoreApplication>
+#include <cstdio>
+
+#include "recorder-sim/RecorderProgram.h"
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kUsage = 2;
+
+constexpr const char* kFooter =
+    "WORDs: firmware=X.YZ battery=N auto-power-off=N remaining=HH:MM:SS card=USED/CAPACITY\n"
+    "(in bytes) no-card, and FAULT@REQUEST: silent, slow, wrong-length, long-identity, garbage,\n"
+    "split, merged, interleaved or disappear, at identity, start, version, card, battery,\n"
+    "auto-power-off, date-time, set-battery or set-auto-power-off.\n"
+    "\n"
+    "Lines that are typed change it while it runs: a WORD, behave, report (an unsolicited card\n"
+    "report), unplug, plug, send BYTES (hexadecimal), quit.\n"
+    "\n"
+    "Exit status: 0 done; 1 no sequencer; 2 wrong usage.";
+
+void declare(CLI::App& program, RecorderOptions& options) {
+  auto* name =
+      program.add_option("--name", options.portName, "The port's name")->capture_default_str();
+  auto* device = program.add_option("--device", options.device,
+                                    "Serve a raw MIDI device file instead, whenever it is there");
+  device->excludes(name);
+  program.add_flag("--ump", options.hasWords, "The file carries Universal MIDI Packets")
+      ->needs(device);
+  program.add_option("--report-every", options.reportEvery, "Send a card report every S seconds")
+      ->check(CLI::PositiveNumber);
+  program.add_flag("--log", options.logs, "Print every message as a line of JSON");
+  program.add_option("WORD", options.words, "What the recorder is, and how it goes wrong")
+      ->check(CLI::Validator(&RecorderProgram::checkWord, ""));
+  program.footer(kFooter);
+}
+
+int run(const RecorderOptions& options) {
+  RecorderProgram recorder(options);
+  const std::string problem = recorder.start();
+  if (problem.empty()) return QCoreApplication::exec();
+  std::fprintf(stderr, "mixdeck-recorder-sim: %s\n", problem.c_str());
+  return kFailed;
+}
+
+int runProgram(int argc, char** argv) {
+  CLI::App program("A simulated recorder for the ALSA sequencer, for those without the hardware.",
+                   "mixdeck-recorder-sim");
+  RecorderOptions options;
+  declare(program, options);
+  try {
+    program.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return program.exit(error) == 0 ? 0 : kUsage;
+  }
+  return run(options);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  return runProgram(argc, argv);
+}
