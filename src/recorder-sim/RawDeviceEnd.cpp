@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <QSocketNotifier>
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -26,7 +27,15 @@ std::span<const std::uint8_t> memoryOf(const std::vector<Value>& values) {
 }  // namespace
 
 RawDeviceEnd::RawDeviceEnd(std::string path, Content content, Told told)
-    : CableEnd(std::move(told)), _path(std::move(path)), _content(content) {
+    : CableEnd(std::move(told)),
+      _path(std::move(path)),
+      _content(content),
+      _paced(_clock, [this](const AlsaOutput::Item& item) {
+        const auto& bytes = item.payload.bytes;
+        _outgoing.insert(_outgoing.end(), bytes.begin(), bytes.end());
+        write();
+        return 0;
+      }) {
   _watch = std::make_unique<DeviceNodeWatch>(_path, [this] { nodeChanged(); });
 }
 
@@ -73,6 +82,7 @@ void RawDeviceEnd::close() {
   ::close(std::exchange(_file, -1));
   _incoming.clear();
   _outgoing.clear();
+  _paced.drop({});
 }
 
 void RawDeviceEnd::pullOut() {
@@ -118,18 +128,20 @@ void RawDeviceEnd::takeWords() {
 }
 
 void RawDeviceEnd::transmit(std::span<const std::uint8_t> bytes) {
-  if (_file < 0) return;
-  if (_content == Content::Bytes) {
-    _outgoing.insert(_outgoing.end(), bytes.begin(), bytes.end());
-  } else {
+  if (_content == Content::Words) {
     for (const auto& piece : _reader.feed(bytes)) {
-      for (const auto& words : _events.feed(piece)) {
-        const auto memory = memoryOf(words);
-        _outgoing.insert(_outgoing.end(), memory.begin(), memory.end());
-      }
+      for (const auto& words : _events.feed(piece)) enqueue(memoryOf(words));
     }
+    return;
   }
-  write();
+  constexpr std::size_t kPiece = 256;
+  for (std::size_t at = 0; at < bytes.size(); at += kPiece) {
+    enqueue(bytes.subspan(at, std::min(kPiece, bytes.size() - at)));
+  }
+}
+
+void RawDeviceEnd::enqueue(std::span<const std::uint8_t> bytes) {
+  if (_file >= 0) _paced.send({0, {}, {{bytes.begin(), bytes.end()}, {}}});
 }
 
 void RawDeviceEnd::write() {

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "midi/QtMIDIClock.h"
+#include "midi/alsa/AlsaOutput.h"
 #include "midi/memory/MIDIWireEvents.h"
 #include "midi/memory/MIDIWireReader.h"
 #include "recorder-sim/CableEnd.h"
@@ -14,7 +16,8 @@ class DeviceNodeWatch;
 class QSocketNotifier;
 
 /// A raw MIDI device file, such as the far end of the kernel's MIDI gadget. Plugged in while the
-/// file is there; pulled out, it stays closed until the file has gone and come back.
+/// file is there; pulled out, it stays closed until the file has gone and come back. No faster than
+/// a cable, which the kernel at the other end could not follow.
 class RawDeviceEnd final : public CableEnd {
  public:
   /// What the file carries: MIDI 1.0 bytes, or Universal MIDI Packets as words in host order.
@@ -34,6 +37,7 @@ class RawDeviceEnd final : public CableEnd {
   void readable();
   void take(std::span<const std::uint8_t> input);
   void takeWords();
+  void enqueue(std::span<const std::uint8_t> bytes);
   void write();
 
   std::string _path;
@@ -44,6 +48,8 @@ class RawDeviceEnd final : public CableEnd {
   std::vector<std::uint8_t> _outgoing;
   MIDIWireReader _reader;
   MIDIWireEvents _events;
+  QtMIDIClock _clock;
+  AlsaOutput _paced;
   std::unique_ptr<QSocketNotifier> _canRead;
   std::unique_ptr<QSocketNotifier> _canWrite;
   std::unique_ptr<DeviceNodeWatch> _watch;
