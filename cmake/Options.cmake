@@ -7,6 +7,7 @@ option(MIXDECK_TESTS "Build the tests" OFF)
 option(MIXDECK_BENCHMARKS "Build the benchmarks" OFF)
 option(MIXDECK_FUZZ "Build the libFuzzer targets (clang only)" OFF)
 option(MIXDECK_COVERAGE "Count the lines that run" OFF)
+set(MIXDECK_BUILD_NUMBER "1" CACHE STRING "Tells builds of one version apart")
 set(MIXDECK_SANITIZE "" CACHE STRING "Value for -fsanitize=, e.g. address,undefined or thread")
 
 if(NOT CMAKE_BUILD_TYPE)

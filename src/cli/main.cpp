@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/Version.h"
 #include "cli/Command.h"
 #include "cli/DemoCommand.h"
 #include "cli/ExportCommand.h"
@@ -15,7 +16,6 @@
 #include "cli/Interrupt.h"
 #include "cli/LevelsCommand.h"
 #include "cli/PlayCommand.h"
-#include "cli/Version.h"
 
 namespace {
 

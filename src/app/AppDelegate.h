@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QApplication>
+
+/// The application's own decisions. Nothing is done at the start or the end: settings are written
+/// when they change. Interface thread.
+class AppDelegate {
+ public:
+  /// Puts the decisions into effect.
+  explicit AppDelegate(QApplication& application);
+
+  static void applicationDidFinishLaunching() {}
+  static void applicationWillTerminate() {}
+  static bool applicationSupportsSecureRestorableState() { return true; }
+  /// Closing the main window ends the program.
+  static bool applicationShouldTerminateAfterLastWindowClosed() { return true; }
+};

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/FileList.h"
+
+#include <QKeyEvent>
+#include <QScrollBar>
+
+FileList::FileList(QWidget* parent) : QListView(parent), _cell(new FileListCell(this)) {
+  setItemDelegate(_cell);
+  setUniformItemSizes(true);
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(SingleSelection);
+  setFrameShape(NoFrame);
+  setHorizontalScrollMode(ScrollPerPixel);
+  setVerticalScrollMode(ScrollPerPixel);
+  setAccessibleName(tr("Files"));
+}
+
+void FileList::setColumnWidth(int width) {
+  if (width == _cell->columnWidth()) return;
+  _cell->setColumnWidth(width);
+  scheduleDelayedItemsLayout();
+}
+
+int FileList::selectedRow() const {
+  const QModelIndexList rows = selectionModel()->selectedIndexes();
+  return rows.isEmpty() ? -1 : rows.first().row();
+}
+
+void FileList::selectRow(int row) {
+  const QModelIndex index = model()->index(row, 0);
+  setAutoScroll(false);
+  if (index.isValid()) {
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+  } else {
+    selectionModel()->clear();
+  }
+  setAutoScroll(true);
+}
+
+void FileList::keepPlace(const std::function<void()>& change) {
+  const int place = verticalScrollBar()->value();
+  change();
+  doItemsLayout();
+  verticalScrollBar()->setValue(place);
+}
+
+void FileList::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter) return event->ignore();
+  _focus.used();
+  QListView::keyPressEvent(event);
+  viewport()->update();
+}
+
+void FileList::focusInEvent(QFocusEvent* event) {
+  _focus.gained(event->reason());
+  QListView::focusInEvent(event);
+}

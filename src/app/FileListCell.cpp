@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/FileListCell.h"
+
+#include <QIcon>
+#include <QPainter>
+
+#include "app/FileList.h"
+#include "controls/Colors.h"
+
+namespace {
+
+constexpr int kIconLeft = 12;
+constexpr int kIconSide = 20;
+constexpr int kNameLeft = 44;
+constexpr double kRadius = 3.0;
+
+}  // namespace
+
+FileListCell::FileListCell(QObject* parent) : QStyledItemDelegate(parent) {
+  setObjectName(QLatin1String(CELL_ID));
+}
+
+QRect FileListCell::imgFileIcon(const QRect& row) {
+  return {row.left() + kIconLeft, row.top() + (row.height() - kIconSide) / 2, kIconSide, kIconSide};
+}
+
+QRect FileListCell::lblFileName(const QRect& row) {
+  return row.adjusted(kNameLeft, 0, 0, 0);
+}
+
+void FileListCell::drawGround(QPainter& painter, const QStyleOptionViewItem& option) {
+  const QRectF ground = QRectF(option.rect).adjusted(0.0, 1.0, 0.0, -1.0);
+  if (option.state.testFlag(QStyle::State_Selected)) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Colors::selection());
+    painter.drawRoundedRect(ground, kRadius, kRadius);
+  }
+  const auto* const list = qobject_cast<const FileList*>(option.widget);
+  if (list != nullptr && list->showsFocus() && option.state.testFlag(QStyle::State_HasFocus)) {
+    painter.setPen(QPen(Colors::focusRing(), 2.0));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(ground.adjusted(1.0, 1.0, -1.0, -1.0), kRadius, kRadius);
+  }
+}
+
+void FileListCell::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  drawGround(*painter, option);
+  index.data(Qt::DecorationRole).value<QIcon>().paint(painter, imgFileIcon(option.rect));
+  painter->setPen(Colors::WHITE());
+  painter->drawText(lblFileName(option.rect), Qt::AlignVCenter | Qt::TextSingleLine,
+                    index.data(Qt::DisplayRole).toString());
+  painter->restore();
+}
+
+QSize FileListCell::sizeHint(const QStyleOptionViewItem& /*option*/,
+                             const QModelIndex& /*index*/) const {
+  return {_columnWidth, kHeight};
+}

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/FolderStamp.h"
+#include "app/WavItem.h"
+
+/// The sub-folders and WAV files of one folder, folders first, then by name: plain order of the
+/// characters, so "B.wav" before "a.wav" and "10.wav" before "9.wav".
+///
+/// Hidden entries and folders named ".app" are left out. Nothing is opened. One thread at a time,
+/// any thread; listing blocks as long as the medium does.
+class FolderHelper {
+ public:
+  /// Names of the artwork of the two kinds of entry.
+  static constexpr std::string_view kFolderIcon = "folder";
+  static constexpr std::string_view kFileIcon = "wav_file";
+
+  /// Lists the folder at once.
+  explicit FolderHelper(std::filesystem::path folderPath);
+
+  /// Lists again, in the order of the file system. What cannot be read is logged and left out.
+  void grabWavFiles();
+  void sortFileList();
+
+  [[nodiscard]] const std::filesystem::path& folderPath() const { return _folderPath; }
+  void setFolderPath(std::filesystem::path path) { _folderPath = std::move(path); }
+  [[nodiscard]] const std::vector<WavItem>& files() const { return _files; }
+  void setFiles(std::vector<WavItem> files) { _files = std::move(files); }
+
+  /// Why the folder could not be read, a phrase for people; empty when it could.
+  [[nodiscard]] const std::string& failure() const { return _failure; }
+  /// Whether the folder is surely still as it was listed. Costs no listing; blocks as the medium.
+  [[nodiscard]] bool isCurrent() const;
+
+  /// The order of the list.
+  static bool isBefore(const WavItem& a, const WavItem& b);
+
+ private:
+  void take(const std::filesystem::directory_entry& entry);
+  void fail(const std::error_code& error);
+
+  std::filesystem::path _folderPath;
+  std::vector<WavItem> _files;
+  FolderStamp _stamp;
+  std::string _failure;
+};

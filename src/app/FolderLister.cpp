@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/FolderLister.h"
+
+#include <mutex>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+#include "playback/ThreadSignal.h"
+
+/// Where a thread leaves its answer, whether or not someone still waits for it.
+class FolderLister::Desk {
+ public:
+  explicit Desk(std::function<void()> arrived)
+      : _signal(std::make_unique<ThreadSignal>(std::move(arrived))) {}
+
+  /// Any thread.
+  void put(Answer answer) {
+    const std::lock_guard lock(_mutex);
+    _answer = std::move(answer);
+    if (_signal) _signal->raise();
+  }
+  Answer take() {
+    const std::lock_guard lock(_mutex);
+    return std::move(_answer);
+  }
+  /// Nobody waits any more. The signal goes here and not with the desk: it belongs to this thread.
+  void leave() {
+    const std::lock_guard lock(_mutex);
+    _signal.reset();
+  }
+
+ private:
+  std::mutex _mutex;
+  Answer _answer;
+  std::unique_ptr<ThreadSignal> _signal;
+};
+
+FolderLister::FolderLister(Done done) : _done(std::move(done)) {}
+
+FolderLister::~FolderLister() {
+  if (_desk) _desk->leave();
+}
+
+void FolderLister::list(Question question) {
+  const bool isUnderWay = _desk && question.folder == _question.folder;
+  _question = std::move(question);
+  _isDueAgain = isUnderWay;
+  if (!isUnderWay) start();
+}
+
+void FolderLister::start() {
+  if (_desk) _desk->leave();
+  _desk = std::make_shared<Desk>([this] { collect(); });
+  try {
+    std::thread([desk = _desk, question = _question] { desk->put(answerTo(question)); }).detach();
+  } catch (const std::system_error&) {
+    _desk->put(answerTo(_question));  // no thread to be had
+  }
+}
+
+void FolderLister::collect() {
+  const Answer answer = _desk->take();
+  _desk->leave();
+  _desk.reset();
+  if (_isDueAgain) {
+    _isDueAgain = false;
+    _question.known = answer.listing;
+    start();
+  }
+  _done(answer);
+}
+
+FolderLister::Answer FolderLister::answerTo(const Question& question) {
+  std::error_code error;
+  const bool isThere = std::filesystem::exists(question.folder, error) || error;
+  const std::filesystem::path& folder = isThere ? question.folder : question.fallback;
+  const auto& known = question.known;
+  const bool isKnown = known && known->folderPath() == folder;
+  if (isKnown && known->isCurrent()) return {known, true};
+  auto listing = std::make_shared<const FolderHelper>(folder);
+  const bool isSame =
+      isKnown && known->files() == listing->files() && known->failure() == listing->failure();
+  return {std::move(listing), isSame};
+}

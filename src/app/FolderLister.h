@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+#include "app/FolderHelper.h"
+
+/// Lists folders on a thread of its own, so that nobody waits for a large folder or a slow medium.
+///
+/// Interface thread only, which has an event loop. A medium that hangs holds up nothing but its own
+/// answer: no thread is ever waited for.
+class FolderLister {
+ public:
+  struct Answer {
+    std::shared_ptr<const FolderHelper> listing;
+    bool isSame = false;  ///< as the listing that was known
+  };
+  /// Told of each answer, from the event loop.
+  using Done = std::function<void(const Answer& answer)>;
+  /// What to list: `folder`, or `fallback` where nothing is at it. `known` may be null.
+  struct Question {
+    std::filesystem::path folder;
+    std::filesystem::path fallback;
+    std::shared_ptr<const FolderHelper> known;
+  };
+
+  explicit FolderLister(Done done);
+  FolderLister(const FolderLister&) = delete;
+  FolderLister& operator=(const FolderLister&) = delete;
+  ~FolderLister();
+
+  /// Asks for a listing. One that is under way for the same folder is followed by another one,
+  /// since it may have missed what has just changed; that of another folder is given up.
+  void list(Question question);
+
+  /// What `list` does on its thread.
+  static Answer answerTo(const Question& question);
+
+ private:
+  class Desk;
+
+  void start();
+  void collect();
+
+  Done _done;
+  std::shared_ptr<Desk> _desk;  ///< null while nothing is under way
+  Question _question;
+  bool _isDueAgain = false;
+};

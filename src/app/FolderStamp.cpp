@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/FolderStamp.h"
+
+#include <linux/magic.h>
+#include <sys/stat.h>
+#include <sys/vfs.h>
+
+#include <algorithm>
+#include <array>
+#include <ctime>
+
+namespace {
+
+constexpr std::int64_t kSecond = 1'000'000'000;
+constexpr std::int64_t kCoarsest = 3 * kSecond;
+
+std::int64_t nanoseconds(const timespec& time) {
+  return time.tv_sec * kSecond + time.tv_nsec;
+}
+
+bool keepsFolderTimes(const std::filesystem::path& folder) {
+  static constexpr std::array<std::uint32_t, 5> kDoNot = {
+      FUSE_SUPER_MAGIC, NFS_SUPER_MAGIC, CIFS_SUPER_MAGIC, SMB2_SUPER_MAGIC, V9FS_MAGIC};
+  struct statfs system {};
+  return statfs(folder.c_str(), &system) == 0 &&
+         std::ranges::find(kDoNot, static_cast<std::uint32_t>(system.f_type)) == kDoNot.end();
+}
+
+}  // namespace
+
+FolderStamp::FolderStamp(const std::filesystem::path& folder) {
+  struct stat status {};
+  timespec now{};
+  if (stat(folder.c_str(), &status) != 0 || clock_gettime(CLOCK_REALTIME, &now) != 0) return;
+  _isTelling = keepsFolderTimes(folder);
+  _device = status.st_dev;
+  _inode = status.st_ino;
+  _changed = std::max(nanoseconds(status.st_mtim), nanoseconds(status.st_ctim));
+  _taken = nanoseconds(now);
+}
+
+bool FolderStamp::provesUnchangedSince(const FolderStamp& before) const {
+  if (!_isTelling || !before._isTelling) return false;
+  if (_device != before._device || _inode != before._inode) return false;
+  return _changed == before._changed && before._taken - before._changed > kCoarsest;
+}

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/ImageView.h"
+
+#include <QEvent>
+#include <QPainter>
+
+ImageView::ImageView(QWidget* parent) : QWidget(parent) {
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void ImageView::setImage(const QIcon& image) {
+  _image = image;
+  update();
+}
+
+void ImageView::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  _image.paint(&painter, rect(), Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+}
+
+void ImageView::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::EnabledChange) update();
+  QWidget::changeEvent(event);
+}

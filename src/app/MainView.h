@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QToolButton>
+#include <QWidget>
+
+#include "app/ElidedButton.h"
+#include "app/FileList.h"
+#include "app/ImageView.h"
+#include "app/StatusLine.h"
+#include "app/TabularLabel.h"
+#include "controls/AngleViewer.h"
+#include "controls/GainTickTitle.h"
+#include "controls/J4GainSlider.h"
+#include "controls/J4Slider.h"
+#include "controls/LevelMeter.h"
+
+/// What the window shows, laid out, named and in Tab order, and nothing more: values and behaviour
+/// are the view controller's. Every outlet exists as long as the view. Interface thread.
+class MainView : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit MainView(QWidget* parent = nullptr);
+
+  /// Text colour of a caption at this opacity, 0 to 1.
+  static void setAlpha(QLabel& caption, double alpha);
+  /// Marks an action that stands for a button: picture and name for assistive software.
+  static void setFace(QAbstractButton& button, const QString& artwork, const QString& name);
+
+  QWidget* viewPathBG = nullptr;
+  QWidget* viewLeftBG = nullptr;
+  QWidget* viewRightBG = nullptr;
+
+  QToolButton* btnGoUp = nullptr;
+  ElidedButton* lblFolder = nullptr;
+  QToolButton* btnOpenFolder = nullptr;
+  FileList* tableFile = nullptr;
+
+  QLabel* lblFileName = nullptr;
+  QLabel* lblFormat = nullptr;  ///< what the file holds, in a few words
+  QPushButton* btnExport = nullptr;
+  QToolButton* btnMenu = nullptr;
+  AngleViewer* sliderStereo = nullptr;
+  ImageView* imgDevice = nullptr;
+  QLabel* lblStereo = nullptr;
+  TabularLabel* lblStereoValue = nullptr;
+  GainTickTitle* tickOfGain = nullptr;
+  J4GainSlider* sliderGain = nullptr;
+  QLabel* lblGain = nullptr;
+  TabularLabel* lblGainValue = nullptr;
+  GainTickTitle* tickOfLevel = nullptr;
+  LevelMeter* lvlLeft = nullptr;
+  LevelMeter* lvlRight = nullptr;
+  J4Slider* sliderTime = nullptr;
+  TabularLabel* lblTimeCurrent = nullptr;
+  TabularLabel* lblTimeTotal = nullptr;
+  QToolButton* btnVolume = nullptr;
+  Slider* sliderVolume = nullptr;
+  QToolButton* btnPlayPause = nullptr;
+  StatusLine* lblStatus = nullptr;
+
+  ImageView* imgJ4 = nullptr;
+  QLabel* lblConnect = nullptr;
+  QLabel* lblVersion = nullptr;
+  QLabel* lblSimulated = nullptr;  ///< shown while the recorder is a simulated one
+  QLabel* lblUsed = nullptr;
+  QProgressBar* barUsed = nullptr;  ///< thousandths of the card
+  TabularLabel* lblRemain = nullptr;
+  QComboBox* popupBattery = nullptr;
+  QComboBox* popupAutoPow = nullptr;
+  QPushButton* listBatteryCover = nullptr;
+  QPushButton* listAutoPowOffCover = nullptr;
+
+  QAction* actionOpenFolder = nullptr;
+  QAction* actionExport = nullptr;
+  QAction* actionQuit = nullptr;
+  QAction* actionIntroduction = nullptr;
+  QAction* actionHelp = nullptr;
+  QAction* actionAbout = nullptr;
+
+ private:
+  QWidget* makeBrowserPane();
+  QWidget* makeFolderBar();
+  QWidget* makePlayerPane();
+  QLayout* makeHeader();
+  QWidget* makeStage();
+  void placeDial(QWidget* stage);
+  void placeGain(QWidget* stage);
+  void placeLevels(QWidget* stage);
+  QLayout* makeTimes();
+  QLayout* makeTransport();
+  QWidget* makeDevicePane();
+  void placeDeviceState(QWidget* pane);
+  void placeDeviceSettings(QWidget* pane);
+  void makeMenu();
+  QAction* addAction(const QString& text, const QKeySequence& keys);
+  void setTabOrders();
+};

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/ProgramOptions.h"
+
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "base/Version.h"
+
+ProgramOptions ProgramOptions::parse(int argc, const char* const* argv) {
+  constexpr int kUsage = 2;
+  ProgramOptions options;
+  std::string start;
+  CLI::App program("Browses, plays and exports the recordings of the TARN J4.", "mixdeck");
+  program.set_version_flag("--version", std::string("mixdeck ") + kVersion + "." + kBuildNumber);
+  program.add_option("FOLDER|FILE", start, "Folder to show, or recording to show and play")
+      ->check(CLI::ExistingPath);
+  program.add_flag("--simulate-recorder", options.simulatesRecorder,
+                   "Behave as if a recorder were connected");
+  try {
+    program.parse(argc, argv);
+    options.start = start;
+  } catch (const CLI::ParseError& error) {
+    options.status = program.exit(error) == 0 ? 0 : kUsage;
+  }
+  return options;
+}

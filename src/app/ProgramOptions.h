@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+/// What the command line asks for.
+struct ProgramOptions {
+  std::filesystem::path start;  ///< a folder or a recording; empty: neither
+  bool simulatesRecorder = false;
+  std::optional<int> status;  ///< set when the program is already done, with this exit status
+
+  /// Prints help, version and complaints.
+  static ProgramOptions parse(int argc, const char* const* argv);
+};

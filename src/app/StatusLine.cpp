@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/StatusLine.h"
+
+#include <algorithm>
+
+StatusLine::StatusLine(QWidget* parent) : QLabel(parent) {
+  setTextFormat(Qt::PlainText);
+  setWordWrap(true);
+}
+
+void StatusLine::say(Topic topic, const QString& sentence) {
+  if (message(topic) == sentence) return;
+  std::erase_if(_messages, [topic](const Message& message) { return message.topic == topic; });
+  if (!sentence.isEmpty()) _messages.push_back({topic, sentence});
+  const QString shown = _messages.empty() ? QString() : _messages.back().sentence;
+  setText(shown);
+  setToolTip(shown);
+}
+
+QString StatusLine::message(Topic topic) const {
+  const auto found = std::ranges::find(_messages, topic, &Message::topic);
+  return found == _messages.end() ? QString() : found->sentence;
+}

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QLabel>
+#include <vector>
+
+/// A quiet line for what went wrong and needs no answer. Each topic has one message; the newest is
+/// shown until its topic is well again, then the one before it. Interface thread.
+class StatusLine : public QLabel {
+  Q_OBJECT
+
+ public:
+  enum class Topic { Recording, Sound, Folder, Export, Device };
+
+  explicit StatusLine(QWidget* parent = nullptr);
+
+  /// Says a sentence; the same one again changes nothing.
+  void say(Topic topic, const QString& sentence);
+  void clear(Topic topic) { say(topic, {}); }
+  [[nodiscard]] QString message(Topic topic) const;
+
+ private:
+  struct Message {
+    Topic topic;
+    QString sentence;
+  };
+
+  std::vector<Message> _messages;  ///< oldest first
+};

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <QApplication>
+#include <memory>
+#include <optional>
+
+#include "app/AppDelegate.h"
+#include "app/DeviceLink.h"
+#include "app/DisplayGuard.h"
+#include "app/ProgramOptions.h"
+#include "app/WindowController.h"
+#include "controls/Appearance.h"
+
+namespace {
+
+std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
+  const DisplayGuard guard;
+  return std::make_unique<QApplication>(argc, argv);
+}
+
+int run(QApplication& application, const ProgramOptions& options) {
+  Appearance::apply(application);
+  const AppDelegate delegate(application);
+  DeviceLink link(options.simulatesRecorder);
+  WindowController window;
+  window.viewController().setStart(options.start);
+  link.attach(window.window());
+  window.show();
+  return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const ProgramOptions options = ProgramOptions::parse(argc, argv);
+  if (options.status) return *options.status;
+  const auto application = makeApplication(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("mixdeck"));
+  return run(*application, options);
+}
