@@ -17,18 +17,18 @@
 
 #include "base/EB.h"
 #include "cli/Interrupt.h"
+#include "cli/NumberCheck.h"
 #include "cli/Printable.h"
+#include "cli/ProgressLine.h"
 #include "cli/RawTerminal.h"
 #include "dsp/SideGain.h"
 
 namespace {
 
-constexpr int kTickMilliseconds = 100;
+constexpr int kTickMsPerSecond = 100;
 constexpr double kSeekSeconds = 5.0;
-constexpr int kMostGain = 36;
 constexpr int kAngleStep = 5;
-constexpr double kMilliseconds = 1000.0;
-constexpr const char* kEraseLine = "\r\x1b[K";
+constexpr double kMsPerSecond = 1000.0;
 
 }  // namespace
 
@@ -84,7 +84,7 @@ bool PlaySession::run() {
   }
   QTimer timer;
   QObject::connect(&timer, &QTimer::timeout, [this] { onTick(); });
-  timer.start(kTickMilliseconds);
+  timer.start(kTickMsPerSecond);
   QCoreApplication::exec();
   _terminal.reset();
   if (_showsTime) fmt::print("\n");
@@ -148,7 +148,8 @@ void PlaySession::onKey(Key key) {
 }
 
 void PlaySession::changeGain(int by) {
-  _player.setGain(std::clamp<std::int64_t>(_player.gain() + by, -kMostGain, kMostGain));
+  constexpr auto kMost = static_cast<std::int64_t>(kMostGain);
+  _player.setGain(std::clamp(_player.gain() + by, -kMost, kMost));
 }
 
 void PlaySession::changeAngle(int by) {
@@ -163,7 +164,7 @@ void PlaySession::seekBy(double seconds) {
 
 // The fraction aims at the middle of the frame, so that rounding does not miss it.
 void PlaySession::seekTo(double seconds) {
-  const double whole = _player.timeFromPosition(1.0) / kMilliseconds;
+  const double whole = _player.timeFromPosition(1.0) / kMsPerSecond;
   const double frames = static_cast<double>(_player.reader()->header().SampleRate) * whole;
   const double frame = std::round(seconds * _player.reader()->header().SampleRate);
   _player.setPosition(frame < std::round(frames) ? (frame + 0.5) / frames : 1.0);
@@ -172,14 +173,14 @@ void PlaySession::seekTo(double seconds) {
 
 void PlaySession::show() const {
   const char* const state = _player.play_state() == PLAY_STATE_PAUSE ? "  paused" : "";
-  fmt::print("{}{}  {} / {}  width {}  gain {:+} dB{}", kEraseLine, _name,
+  fmt::print("{}{}  {} / {}  width {}  gain {:+} dB{}", ProgressLine::kEraseLine, _name,
              _player.currentTimeString(), _player.durationString(), _player.angle(), _player.gain(),
              state);
   std::fflush(stdout);
 }
 
 void PlaySession::tell(const std::string& message) const {
-  if (_showsTime) fmt::print("{}", kEraseLine);
+  if (_showsTime) fmt::print("{}", ProgressLine::kEraseLine);
   std::fflush(stdout);
   fmt::print(stderr, "mixdeck-cli: {}\n", message);
 }

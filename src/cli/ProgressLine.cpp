@@ -13,7 +13,6 @@
 namespace {
 
 constexpr auto kRedraw = std::chrono::milliseconds(100);
-constexpr const char* kEraseLine = "\r\x1b[K";
 
 }  // namespace
 

@@ -12,6 +12,8 @@
 /// error is a terminal. Safe on any thread.
 class ProgressLine {
  public:
+  static constexpr const char* kEraseLine = "\r\x1b[K";  ///< of a terminal
+
   explicit ProgressLine(std::size_t jobs);
   ~ProgressLine();
   ProgressLine(const ProgressLine&) = delete;

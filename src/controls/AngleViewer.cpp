@@ -14,7 +14,6 @@
 namespace {
 
 constexpr double kDegreesPerRadian = 57.29577951308232;
-constexpr double kTop = 90.0;
 constexpr double kFullTurn = 360.0;
 constexpr int kGrey = 88;
 constexpr double kTitleReach = 10.0;

@@ -104,6 +104,7 @@ class AngleViewer : public QWidget, public Adjustable {
   void focusInEvent(QFocusEvent* event) override;
 
  private:
+  static constexpr double kTop = 90.0;  ///< where angle 0 is, in degrees from the right
   using Path = std::shared_ptr<const QPainterPath>;
 
   void initUI();

@@ -18,7 +18,6 @@ namespace {
 
 constexpr double kLineWidth = 4.0;
 constexpr double kTitleGap = 8.0;
-constexpr double kTop = 90.0;
 constexpr double kHalfTurn = 180.0;
 constexpr double kUsualSide = 330.0;
 constexpr double kRadiusPerSide = 0.4;

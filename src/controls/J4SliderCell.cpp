@@ -14,10 +14,10 @@
 namespace {
 
 constexpr double kThickness = 4.0;
-constexpr double kRadius = 2.0;
+constexpr double kBarRadius = 2.0;
 constexpr double kKnobMargins = 8.0;
 constexpr double kKnobScale = 0.85;
-constexpr double kKnobLift = -2.0;
+constexpr double kKnobDrop = -2.0;
 
 double onPixel(double at, double scale, double shift) {
   return (std::round(at * scale + shift) - shift) / scale;
@@ -94,8 +94,8 @@ void J4SliderCell::drawVertical(QPainter& painter, const QRectF& track) const {
 void J4SliderCell::drawBar(QPainter& painter, const QRectF& track) const {
   const auto fill = [&](const QRectF& bar, const QColor& color) {
     painter.setBrush(color);
-    painter.drawRoundedRect(sharpened(bar, painter.deviceTransform(), _isVertical), kRadius,
-                            kRadius);
+    painter.drawRoundedRect(sharpened(bar, painter.deviceTransform(), _isVertical), kBarRadius,
+                            kBarRadius);
   };
   painter.setPen(Qt::NoPen);
   fill(backgroundOf(track), AngleViewer::GrayBackgroundColor());
@@ -109,7 +109,7 @@ double J4SliderCell::knobDiameter(double width, double height) {
 QRectF J4SliderCell::circleOf(const QRectF& knob) {
   const double d = knobDiameter(knob.width(), knob.height());
   const QRectF centred(knob.x() + (knob.width() - d) / 2, knob.y() + (knob.height() - d) / 2, d, d);
-  return centred.translated(0.0, kKnobLift);
+  return centred.translated(0.0, kKnobDrop);
 }
 
 void J4SliderCell::drawKnob(QPainter& painter, const QRectF& knob) const {

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr double kRadius = 2.0;
+constexpr double kFrameRadius = 2.0;
 constexpr double kDimmed = 0.18;
 
 struct LevelColor {
@@ -49,6 +49,6 @@ void LevelMeterPicture::draw(QPainter& painter, const QRectF& frame) const {
   painter.setOpacity(_opacity);
   painter.setPen(Qt::NoPen);
   painter.setBrush(gradient(frame));
-  painter.drawRoundedRect(frame, kRadius, kRadius);
+  painter.drawRoundedRect(frame, kFrameRadius, kFrameRadius);
   painter.restore();
 }

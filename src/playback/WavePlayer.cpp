@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr double kMilliseconds = 1000.0;
+constexpr double kMsPerSecond = 1000.0;
 constexpr double kNoPosition = -1.0;
 constexpr double kEnd = 1.0;
 
@@ -128,7 +128,7 @@ double WavePlayer::duration() const {
 }
 
 double WavePlayer::curremtTime() const {
-  return _player->currentTime() / kMilliseconds;
+  return _player->currentTime() / kMsPerSecond;
 }
 
 std::string WavePlayer::durationString() const {
@@ -142,7 +142,7 @@ std::string WavePlayer::currentTimeString() const {
 }
 
 std::string WavePlayer::getTimeFromPosition(double position) const {
-  return second2String(wholeSeconds(timeFromPosition(position) / kMilliseconds));
+  return second2String(wholeSeconds(timeFromPosition(position) / kMsPerSecond));
 }
 
 std::string WavePlayer::second2String(std::int32_t seconds) {

@@ -5,8 +5,8 @@
 clang-tidy with the rules of .clang-tidy over every source under src/ that the build compiles.
 
 Nearly all of its time goes into the headers of libraries, so the sources of a folder are looked at
-in one piece. Where two of them use a name for different things the piece is halved, until they are
-apart.
+in one piece. Those that use a name for something else than the ones before them are a piece of their
+own.
 """
 
 import json
@@ -20,6 +20,7 @@ from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 SOURCES = Path.cwd() / "src"
+ERROR = re.compile(r"^(/[^:]*):\d+:\d+: error:", re.MULTILINE)
 FINDING = re.compile(r"(error|warning): .*\[")
 
 
@@ -61,18 +62,22 @@ def run(command, directory, sources, *program):
     return done.returncode, done.stdout + done.stderr
 
 
-def is_clash(command, directory, sources):
-    """Whether what compiles alone does not compile in one piece."""
-    status, _ = run(command, directory, sources, "clang-check")
-    return len(sources) > 1 and status != 0
+def clashing(command, directory, sources):
+    """Of sources that each compile alone those that do not compile after the others."""
+    status, words = run(command, directory, sources, "clang-check")
+    if status == 0 or len(sources) == 1:
+        return []
+    named = set(ERROR.findall(words))
+    found = [source for source in sources if str(source) in named]
+    return found if 0 < len(found) < len(sources) else sources[len(sources) // 2:]
 
 
 def lint(command, directory, sources):
     """The findings in the sources."""
-    if is_clash(command, directory, sources):
-        half = len(sources) // 2
-        return (lint(command, directory, sources[:half]) +
-                lint(command, directory, sources[half:]))
+    apart = clashing(command, directory, sources)
+    if apart:
+        rest = [source for source in sources if source not in apart]
+        return lint(command, directory, rest) + lint(command, directory, apart)
     status, words = run(command, directory, sources, "clang-tidy", "-quiet",
                         f"--config-file={SOURCES.parent}/.clang-tidy",
                         f"--header-filter={re.escape(str(SOURCES))}/")

@@ -6,20 +6,21 @@
 #include <utility>
 
 #include "midi/MIDICommon.h"
+#include "midi/MIDIReceiveBuffer.h"
 
 namespace {
 
-constexpr std::uint8_t kSysExStart = 0xF0;
-constexpr std::uint8_t kSysExEnd = 0xF7;
 constexpr std::uint32_t kSystemType = 1;
 constexpr std::uint32_t kChannelType = 2;
 
 bool isShortMessage(std::span<const std::uint8_t> piece) {
-  return piece[0] >= 0x80 && piece[0] != kSysExStart && piece[0] != kSysExEnd;
+  return piece[0] >= 0x80 && piece[0] != MIDIReceiveBuffer::kSysExStart &&
+         piece[0] != MIDIReceiveBuffer::kSysExEnd;
 }
 
 MIDIWireEvents::Words shortMessage(std::span<const std::uint8_t> piece) {
-  std::uint32_t word = (piece[0] < kSysExStart ? kChannelType : kSystemType) << 28;
+  std::uint32_t word = (piece[0] < MIDIReceiveBuffer::kSysExStart ? kChannelType : kSystemType)
+                       << 28;
   for (std::size_t i = 0; i < piece.size(); ++i) word |= std::uint32_t{piece[i]} << (16 - 8 * i);
   return {word};
 }
@@ -36,14 +37,14 @@ std::vector<MIDIWireEvents::Words> MIDIWireEvents::feed(std::span<const std::uin
 }
 
 void MIDIWireEvents::takeSysEx(std::uint8_t byte) {
-  if (byte == kSysExStart) {
+  if (byte == MIDIReceiveBuffer::kSysExStart) {
     _isOpen = true;
     _hasBegun = false;
     _held = 0;
     return;
   }
   if (!_isOpen) return;
-  if (byte == kSysExEnd) {
+  if (byte == MIDIReceiveBuffer::kSysExEnd) {
     finishPacket(true);
     return;
   }
@@ -66,11 +67,11 @@ std::vector<std::uint8_t> MIDIWireEvents::bytesOf(std::span<const std::uint32_t>
   if (words.size() != 2 || MIDICommon::messageType(words[0]) != 3) return {};
   const std::uint8_t status = MIDICommon::messageStatus(words[0]);
   std::vector<std::uint8_t> bytes;
-  if (status <= 1) bytes.push_back(kSysExStart);
+  if (status <= 1) bytes.push_back(MIDIReceiveBuffer::kSysExStart);
   for (std::size_t k = 0; k < MIDICommon::messageChannel(words[0]) && k < 6; ++k) {
     const std::size_t at = 2 + k;
     bytes.push_back(static_cast<std::uint8_t>(words[at / 4] >> (24 - 8 * (at % 4))));
   }
-  if (status == 0 || status == 3) bytes.push_back(kSysExEnd);
+  if (status == 0 || status == 3) bytes.push_back(MIDIReceiveBuffer::kSysExEnd);
   return bytes;
 }

@@ -5,14 +5,14 @@
 
 #include <utility>
 
+#include "midi/MIDIReceiveBuffer.h"
+
 namespace {
 
-constexpr std::uint8_t kSysExStart = 0xF0;
-constexpr std::uint8_t kSysExEnd = 0xF7;
 constexpr std::uint8_t kFirstRealTime = 0xF8;
 
 bool isChannelStatus(std::uint8_t status) {
-  return status < kSysExStart;
+  return status < MIDIReceiveBuffer::kSysExStart;
 }
 
 std::size_t lengthOf(std::uint8_t status) {
@@ -31,7 +31,7 @@ std::vector<MIDIWireReader::Piece> MIDIWireReader::feed(std::span<const std::uin
 
 void MIDIWireReader::take(std::uint8_t byte) {
   if (byte >= kFirstRealTime) return;
-  if (byte == kSysExEnd) {
+  if (byte == MIDIReceiveBuffer::kSysExEnd) {
     endSysEx();
   } else if (byte >= 0x80) {
     takeStatus(byte);
@@ -43,7 +43,7 @@ void MIDIWireReader::take(std::uint8_t byte) {
 // A status byte ends whatever was under way.
 void MIDIWireReader::takeStatus(std::uint8_t status) {
   if (_isInSysEx) finish();
-  _isInSysEx = status == kSysExStart;
+  _isInSysEx = status == MIDIReceiveBuffer::kSysExStart;
   _running = isChannelStatus(status) ? status : 0;
   _piece.assign(1, status);
   if (!_isInSysEx) finishIfComplete();
@@ -62,7 +62,7 @@ void MIDIWireReader::takeData(std::uint8_t data) {
 
 void MIDIWireReader::endSysEx() {
   if (!_isInSysEx) return;
-  _piece.push_back(kSysExEnd);
+  _piece.push_back(MIDIReceiveBuffer::kSysExEnd);
   finish();
   _isInSysEx = false;
 }
