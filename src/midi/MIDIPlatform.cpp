@@ -33,3 +33,7 @@ std::shared_ptr<MIDISystem> MIDIPlatform::system() {
 MIDIClock& MIDIPlatform::clock() {
   return *installed().clock;
 }
+
+std::shared_ptr<MIDIClock> MIDIPlatform::sharedClock() {
+  return installed().clock;
+}

@@ -16,4 +16,6 @@ class MIDIPlatform {
 
   static std::shared_ptr<MIDISystem> system();
   static MIDIClock& clock();
+  /// The same clock, for another platform that goes on with it.
+  static std::shared_ptr<MIDIClock> sharedClock();
 };

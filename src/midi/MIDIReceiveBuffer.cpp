@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "midi/MIDILog.h"
+#include "base/Log.h"
 
 void MIDIReceiveBuffer::begin(std::span<const std::uint8_t> bytes) {
   _bytes.fill(0);
@@ -32,7 +32,7 @@ void MIDIReceiveBuffer::replace(std::span<const std::uint8_t, 3> bytes, std::uin
 
 bool MIDIReceiveBuffer::dropIfSpoilt() {
   if (!_isSpoilt) return false;
-  MIDILog::write("A message of more than 20000 bytes was dropped\n");
+  Log::line("A message of more than 20000 bytes was dropped");
   begin(std::span(&kSysExStart, 1));
   return true;
 }

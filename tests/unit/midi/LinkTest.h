@@ -10,6 +10,7 @@
 
 #include "RecordingMIDISystem.h"
 #include "VirtualClock.h"
+#include "base/Log.h"
 #include "midi/AbsentMIDISystem.h"
 #include "midi/MIDICommon.h"
 #include "midi/MIDILog.h"
@@ -19,21 +20,24 @@
 #include "midi/QtMIDIClock.h"
 #include "midi/memory/MIDIWireEvents.h"
 
-/// Puts a platform in place for one test, and takes the log lines away from the output.
+/// Puts a platform in place for one test, and takes what is logged away from the output.
 class InstalledPlatform {
  public:
   InstalledPlatform(std::shared_ptr<MIDISystem> system, std::shared_ptr<MIDIClock> clock) {
     MIDIPlatform::install(std::move(system), std::move(clock));
     MIDILog::setSink([this](std::string_view text) { log += text; });
+    Log::setSink([this](std::string_view line) { lines.emplace_back(line); });
   }
   InstalledPlatform(const InstalledPlatform&) = delete;
   InstalledPlatform& operator=(const InstalledPlatform&) = delete;
   ~InstalledPlatform() {
     MIDILog::setSink({});
+    Log::setSink({});
     MIDIPlatform::install(std::make_shared<AbsentMIDISystem>(), std::make_shared<QtMIDIClock>());
   }
 
   std::string log;
+  std::vector<std::string> lines;
 };
 
 /// Both managers over a system that writes down what it is asked for, once with each kind of
