@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "FuzzInput.h"
+#include "base/Log.h"
 #include "midi/MIDILog.h"
 #include "midi/MIDIManager.h"
 #include "midi/MIDIPlatform.h"
@@ -143,6 +144,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto kind = (input.take<std::uint8_t>() & 1) == 0 ? MIDIPacketKind::BytePackets
                                                           : MIDIPacketKind::EventLists;
   MIDILog::setSink([](std::string_view) {});
+  Log::setSink([](std::string_view) {});
   const auto clock = std::make_shared<VirtualClock>();
   const auto system = std::make_shared<InMemoryMIDISystem>(kind);
   MIDIPlatform::install(system, clock);
