@@ -11,6 +11,7 @@
 #include "base/Version.h"
 #include "cli/Command.h"
 #include "cli/DemoCommand.h"
+#include "cli/DeviceCommand.h"
 #include "cli/ExportCommand.h"
 #include "cli/InfoCommand.h"
 #include "cli/Interrupt.h"
@@ -28,9 +29,11 @@ int runProgram(int argc, char** argv) {
   InfoCommand info;
   LevelsCommand levels;
   PlayCommand play;
+  DeviceCommand device;
   DemoCommand demo;
   std::vector<std::pair<CLI::App*, Command*>> commands;
-  for (Command* command : std::to_array<Command*>({&exportCommand, &info, &levels, &play, &demo})) {
+  for (Command* command :
+       std::to_array<Command*>({&exportCommand, &info, &levels, &play, &device, &demo})) {
     commands.emplace_back(command->declare(program), command);
   }
   try {

@@ -1,0 +1,144 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/DeviceTask.h"
+
+#include <fmt/format.h>
+
+#include <QCoreApplication>
+#include <QTimer>
+#include <chrono>
+#include <cstdio>
+#include <utility>
+
+#include "cli/Command.h"
+#include "cli/DeviceReport.h"
+#include "cli/Interrupt.h"
+
+namespace {
+
+constexpr int kTickMilliseconds = 20;
+// A handshake that is given up takes at most a second of grace and twice two seconds.
+constexpr double kUsualWait = 5.5;
+
+QDeadlineTimer deadlineIn(double seconds) {
+  return QDeadlineTimer(
+      std::chrono::round<std::chrono::milliseconds>(std::chrono::duration<double>(seconds)));
+}
+
+}  // namespace
+
+DeviceTask::DeviceTask(Setup setup) : _setup(std::move(setup)), _deadline(QDeadlineTimer::Forever) {
+  _manager.setDelegate(this);
+}
+
+int DeviceTask::run() {
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [this] { tick(); });
+  timer.start(kTickMilliseconds);
+  start();
+  if (!_status) QCoreApplication::exec();
+  return _status.value_or(Command::kFailed);
+}
+
+void DeviceTask::start() {
+  const std::string reason = _setup.unavailable();
+  if (!reason.empty()) {
+    onAbsent(_step);
+    return fail(reason);
+  }
+  const bool isPatient = length() == Length::UntilInterrupted && !_setup.wait;
+  if (!isPatient) _deadline = deadlineIn(_setup.wait.value_or(kUsualWait));
+  _manager.scanTarnDevice();
+}
+
+void DeviceTask::MIDIManagerConnected() {
+  _phase = Phase::Asking;
+  if (length() == Length::UntilInterrupted) {
+    _deadline = deadlineIn(_setup.wait.value_or(kUsualWait));
+  }
+  _sequences.startConnectSeq([this] {
+    _phase = Phase::Ready;
+    if (length() == Length::UntilInterrupted) _deadline = QDeadlineTimer(QDeadlineTimer::Forever);
+    onRecord();
+  });
+  noteStep();
+}
+
+// A handshake would wait for ever for the recorder that is gone, and in front of the next one.
+void DeviceTask::MIDIManagerDisconnected() {
+  _phase = Phase::Absent;
+  _sequences.forceStopSeq();
+  if (length() == Length::UntilInterrupted) _deadline = QDeadlineTimer(QDeadlineTimer::Forever);
+  onLost();
+}
+
+void DeviceTask::MIDIManagerReceivedData(const MIDIEventPacket& packet) {
+  _sequences.receivedMidi(packet);
+  noteStep();
+}
+
+void DeviceTask::MIDIManagerReceivedData_iOS13(const MIDIPacket& packet, bool isLast) {
+  _sequences.receivedMidi_iOS13(packet, isLast);
+  noteStep();
+}
+
+// After a time-out the manager no longer knows where it was.
+void DeviceTask::noteStep() {
+  if (_sequences.connectStep() != 0) _step = _sequences.connectStep();
+}
+
+void DeviceTask::tick() {
+  if (Interrupt::requested()) {
+    return length() == Length::UntilInterrupted ? end(Command::kDone) : fail("Interrupted.");
+  }
+  if (_phase == Phase::Asking && _sequences.connectStep() == 0) stop();
+  if (_deadline.hasExpired()) expire();
+  if (!_status) onTick();
+}
+
+void DeviceTask::stop() {
+  _phase = Phase::Stopped;
+  _deadline = QDeadlineTimer(QDeadlineTimer::Forever);
+  onStopped(_step);
+}
+
+void DeviceTask::expire() {
+  _deadline = QDeadlineTimer(QDeadlineTimer::Forever);
+  if (_phase == Phase::Asking) return stop();
+  if (_phase != Phase::Absent) return onLate();
+  onAbsent(_step);
+  fail(absence());
+}
+
+std::string DeviceTask::absence() const {
+  if (_manager.state() != MIDIManager::Disconnected) {
+    return "The recorder is there, but the time to wait was over before it could be asked.";
+  }
+  if (_step == 0) return "No recorder found.";
+  return fmt::format("The recorder was unplugged. The last that it was asked for: {} (step {}).",
+                     DeviceReport::stepName(_step), _step);
+}
+
+std::string DeviceTask::noAnswer(std::int64_t step) {
+  return fmt::format("The recorder does not answer: {} (step {}).", DeviceReport::stepName(step),
+                     step);
+}
+
+void DeviceTask::end(int status) {
+  if (!_status) _status = status;
+  QCoreApplication::quit();
+}
+
+void DeviceTask::fail(std::string_view reason) {
+  if (_status) return;
+  fmt::print(stderr, "mixdeck-cli: {}\n", reason);
+  end(Command::kFailed);
+}
+
+bool DeviceTask::say(const std::string& text) {
+  const bool isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+  if (isWritten && std::fflush(stdout) == 0) return true;
+  end(Command::kFailed);
+  return false;
+}
