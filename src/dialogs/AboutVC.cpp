@@ -4,6 +4,7 @@
 #include "dialogs/AboutVC.h"
 
 #include <QVBoxLayout>
+#include <array>
 
 #include "controls/Artwork.h"
 
@@ -24,9 +25,10 @@ AboutVC::AboutVC(QWidget* parent) : DialogWindow(parent) {
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(32, 28, 32, 28);
   column->setSpacing(6);
-  QLabel* const lines[] = {logo, label(QStringLiteral("TARN J4 Mixdeck"), "title"), _version,
-                           label(tr("Desktop companion of the TARN J4 recorder")),
-                           label(tr("Copyright 2026 The Mixdeck developers\nMIT license"), "dim")};
+  const std::array<QLabel*, 5> lines = {
+      logo, label(QStringLiteral("TARN J4 Mixdeck"), "title"), _version,
+      label(tr("Desktop companion of the TARN J4 recorder")),
+      label(tr("Copyright 2026 The Mixdeck developers\nMIT license"), "dim")};
   for (QLabel* const line : lines) {
     line->setAlignment(Qt::AlignHCenter);
     column->addWidget(line);

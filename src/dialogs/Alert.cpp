@@ -13,7 +13,7 @@ QMessageBox* Alert::show(QWidget* parent, const QString& informativeText) {
   alert->setText(QString());
   alert->setInformativeText(informativeText);
   alert->addButton(QApplication::translate("Alert", "Ok"), QMessageBox::AcceptRole);
-  if (QWidget* const message = alert->findChild<QWidget*>("qt_msgbox_label")) message->hide();
+  if (auto* const message = alert->findChild<QWidget*>("qt_msgbox_label")) message->hide();
   alert->open();
   return alert;
 }

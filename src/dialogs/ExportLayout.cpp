@@ -51,6 +51,9 @@ QLayout* ExportVC::choices() {
   _radio24 = new QRadioButton(this);
   _radio32 = new QRadioButton(this);
   _checkboxNormalize = new QCheckBox(tr("Normalize to full scale"), this);
+  _radio24->setObjectName(QStringLiteral("radio24"));
+  _radio32->setObjectName(QStringLiteral("radio32"));
+  _checkboxNormalize->setObjectName(QStringLiteral("checkboxNormalize"));
   connect(_radio24, &QRadioButton::toggled, this, &ExportVC::radio_check);
   connect(_checkboxNormalize, &QCheckBox::toggled, this, &ExportVC::showFacts);
   auto* const column = new QVBoxLayout;

@@ -13,6 +13,8 @@
 
 namespace {
 
+ExportVC* running = nullptr;  // the one whose export is under way
+
 std::filesystem::path pathOf(const QString& path) {
   return QFile::encodeName(path).toStdString();
 }
@@ -31,7 +33,7 @@ ExportVC::ExportVC(QWidget* parent) : DialogWindow(parent) {
 }
 
 ExportVC::~ExportVC() {
-  if (_running == this) _running = nullptr;
+  if (running == this) running = nullptr;
 }
 
 void ExportVC::viewDidLoad() {
@@ -45,12 +47,16 @@ void ExportVC::open() {
     DialogWindow::open();
     return;
   }
-  _running->_run->raiseProgress();
+  running->_run->raiseProgress();
   deleteLater();
 }
 
+bool ExportVC::isExporting() {
+  return running != nullptr;
+}
+
 void ExportVC::cancelRunning() {
-  if (isExporting()) _running->_run->cancel();
+  if (isExporting()) running->_run->cancel();
 }
 
 void ExportVC::viewWillAppear() {
@@ -113,10 +119,10 @@ ExportOrder ExportVC::order(const QString& path, AtomicFile::Existing existing) 
 }
 
 void ExportVC::start(const ExportOrder& order) {
-  _running = this;
+  running = this;
   _run = std::make_unique<ExportRun>(order, parentFrame(), parentWidget());
   connect(_run.get(), &ExportRun::finished, this, [this, target = order.target] {
-    _running = nullptr;
+    running = nullptr;
     finish(QFile::decodeName(target.c_str()));
   });
 }

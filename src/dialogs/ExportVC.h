@@ -33,7 +33,7 @@ class ExportVC : public DialogWindow {
   [[nodiscard]] const std::shared_ptr<Export>& exporter() const { return _exporter; }
 
   /// Whether an export is under way, in the process.
-  static bool isExporting() { return _running != nullptr; }
+  static bool isExporting();
   /// Asks the export that is under way to stop; it ends as a cancelled one does.
   static void cancelRunning();
 
@@ -69,7 +69,6 @@ class ExportVC : public DialogWindow {
   [[nodiscard]] ExportOrder order(const QString& path, AtomicFile::Existing existing) const;
 
   static constexpr int kTextWidth = 320;
-  static inline ExportVC* _running = nullptr;
 
   QRadioButton* _radio32;
   QRadioButton* _radio24;

@@ -5,6 +5,7 @@
 
 #include <QGridLayout>
 #include <QPushButton>
+#include <array>
 
 #include "base/Utility.h"
 #include "controls/Artwork.h"
@@ -20,29 +21,30 @@ struct Section {
   const char* text;
 };
 
-constexpr Section kSections[] = {
-    {"logo", QT_TRANSLATE_NOOP("IntroductionVC", "What mid-side is"),
-     QT_TRANSLATE_NOOP("IntroductionVC",
-                       "One microphone hears the middle, another the sides. Together they give a "
-                       "stereo image whose width you choose after the recording.")},
-    {"open_folder", QT_TRANSLATE_NOOP("IntroductionVC", "Open a folder"),
-     QT_TRANSLATE_NOOP(
-         "IntroductionVC",
-         "Choose the folder with your takes at the top left. A double click on a take "
-         "plays it.")},
-    {"dial", QT_TRANSLATE_NOOP("IntroductionVC", "Turn the width"),
-     QT_TRANSLATE_NOOP("IntroductionVC",
-                       "Drag the dial from MONO to 150° while you listen. Gain makes a take louder "
-                       "or softer.")},
-    {"wav_file", QT_TRANSLATE_NOOP("IntroductionVC", "Export"),
-     QT_TRANSLATE_NOOP(
-         "IntroductionVC",
-         "Export writes what you hear into a new stereo file. The take itself is never "
-         "changed.")},
-    {"plug", QT_TRANSLATE_NOOP("IntroductionVC", "Plug in the recorder"),
-     QT_TRANSLATE_NOOP("IntroductionVC",
-                       "Connected over USB, it shows the room left on its card and lets you set "
-                       "battery type and auto power off.")}};
+constexpr std::array<Section, 5> kSections = {
+    {{"logo", QT_TRANSLATE_NOOP("IntroductionVC", "What mid-side is"),
+      QT_TRANSLATE_NOOP("IntroductionVC",
+                        "One microphone hears the middle, another the sides. Together they give a "
+                        "stereo image whose width you choose after the recording.")},
+     {"open_folder", QT_TRANSLATE_NOOP("IntroductionVC", "Open a folder"),
+      QT_TRANSLATE_NOOP(
+          "IntroductionVC",
+          "Choose the folder with your takes at the top left. A double click on a take "
+          "plays it.")},
+     {"dial", QT_TRANSLATE_NOOP("IntroductionVC", "Turn the width"),
+      QT_TRANSLATE_NOOP(
+          "IntroductionVC",
+          "Drag the dial from MONO to 150° while you listen. Gain makes a take louder "
+          "or softer.")},
+     {"wav_file", QT_TRANSLATE_NOOP("IntroductionVC", "Export"),
+      QT_TRANSLATE_NOOP(
+          "IntroductionVC",
+          "Export writes what you hear into a new stereo file. The take itself is never "
+          "changed.")},
+     {"plug", QT_TRANSLATE_NOOP("IntroductionVC", "Plug in the recorder"),
+      QT_TRANSLATE_NOOP("IntroductionVC",
+                        "Connected over USB, it shows the room left on its card and lets you set "
+                        "battery type and auto power off.")}}};
 
 }  // namespace
 
@@ -67,6 +69,7 @@ IntroductionVC::IntroductionVC(QWidget* parent) : DialogWindow(parent) {
     grid->setRowMinimumHeight(row++, 12);
   }
   _toggleShow = new QCheckBox(tr("Do not show this again"), this);
+  _toggleShow->setObjectName(QStringLiteral("toggleShow"));
   grid->addWidget(_toggleShow, row, 0, 1, 2, Qt::AlignLeft);
   auto* const ok = new QPushButton(tr("OK"), this);
   ok->setProperty("primary", true);

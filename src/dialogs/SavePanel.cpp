@@ -8,22 +8,19 @@
 #include <QLayout>
 #include <QMessageBox>
 #include <QPushButton>
+#include <utility>
 
 namespace {
 
 constexpr QSize kSize(720, 480);
 
-// The suffix that every export has, and the length up to which a path counts as having none.
-const QString& suffix() {
-  static const QString text = QStringLiteral(".WAV");
-  return text;
-}
+const QLatin1String kSuffix(".WAV");
 
 }  // namespace
 
-SavePanel::SavePanel(const QString& folder, const QString& name,
-                     const std::filesystem::path& source, QWidget* parent)
-    : QFileDialog(parent), _source(source) {
+SavePanel::SavePanel(const QString& folder, const QString& name, std::filesystem::path source,
+                     QWidget* parent)
+    : QFileDialog(parent), _source(std::move(source)) {
   setAttribute(Qt::WA_DeleteOnClose);
   setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
   setWindowTitle(tr("Saving checkboard..."));
@@ -44,8 +41,8 @@ void SavePanel::addMessage() {
 }
 
 QString SavePanel::withSuffix(const QString& path) {
-  if (path.size() <= suffix().size()) return path + suffix();
-  return path.right(suffix().size()).toUpper() == suffix() ? path : path + suffix();
+  if (path.size() <= kSuffix.size()) return path + kSuffix;
+  return path.right(kSuffix.size()).toUpper() == kSuffix ? path : path + kSuffix;
 }
 
 void SavePanel::accept() {
@@ -79,5 +76,5 @@ void SavePanel::askToReplace(const QString& path) {
 
 void SavePanel::choose(const QString& path, AtomicFile::Existing existing) {
   emit chosen(path, existing);
-  QDialog::accept();
+  done(QDialog::Accepted);
 }

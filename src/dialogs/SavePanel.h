@@ -15,7 +15,7 @@ class SavePanel : public QFileDialog {
  public:
   /// Starts in `folder` with `name` proposed. `source` is never asked about: who chooses it is told
   /// later that it cannot be.
-  SavePanel(const QString& folder, const QString& name, const std::filesystem::path& source,
+  SavePanel(const QString& folder, const QString& name, std::filesystem::path source,
             QWidget* parent);
 
   /// The path with ".WAV" added where its last four characters, in whatever case, are others.
