@@ -63,7 +63,9 @@ std::string RecorderProgram::start() {
   _keyboard = std::make_unique<QSocketNotifier>(STDIN_FILENO, QSocketNotifier::Read);
   QObject::connect(_keyboard.get(), &QSocketNotifier::activated, [this] { typed(); });
   reportLater();
-  return _cable->plugIn();
+  std::string problem = _cable->plugIn();
+  if (problem.empty()) logEvent("ready");
+  return problem;
 }
 
 std::unique_ptr<CableEnd> RecorderProgram::makeCable() {

@@ -72,6 +72,16 @@ int errorOf(const std::string& devicePath) {
   return access(devicePath.c_str(), R_OK | W_OK) == 0 ? 0 : errno;
 }
 
+// A configuration of our own: the machine's may load plug-ins, which may wait for a sound server.
+int openHandle(snd_seq_t** handle) {
+  snd_config_t* configuration = nullptr;
+  int status = snd_config_load_string(&configuration, "seq.hw { type hw }", 0);
+  if (status < 0) return status;
+  status = snd_seq_open_lconf(handle, "hw", SND_SEQ_OPEN_DUPLEX, SND_SEQ_NONBLOCK, configuration);
+  snd_config_delete(configuration);
+  return status;
+}
+
 void keepQuiet(const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/,
                const char* /*format*/, ...) {}
 
@@ -82,7 +92,7 @@ AlsaSequencer::Opened AlsaSequencer::open(const std::string& devicePath,
   if (const int error = errorOf(devicePath)) return {nullptr, problemOf(devicePath, error)};
   snd_seq_t* handle = nullptr;
   snd_lib_error_set_handler(&keepQuiet);
-  const int status = snd_seq_open(&handle, "hw", SND_SEQ_OPEN_DUPLEX, SND_SEQ_NONBLOCK);
+  const int status = openHandle(&handle);
   snd_lib_error_set_handler(nullptr);
   if (status < 0) return {nullptr, problemOf(devicePath, -status)};
   std::unique_ptr<AlsaSequencer> sequencer(new AlsaSequencer(handle));

@@ -14,7 +14,7 @@ import subprocess
 import sys
 import unittest
 
-from harness import (PROBE, Program, numbered, probe, recorder, until, usb, usb_device,
+from harness import (PROBE, Program, next_usb_device, numbered, probe, recorder, until, usb,
                      without_end)
 
 HAS_UMP = sys.argv[1:] == ["ump"]
@@ -199,7 +199,8 @@ class T3Usb(Link):
     def setUpClass(cls):
         cls.link = probe()
         cls.link.wait(event="availability")
-        cls.recorder = None
+        # There before the device: a recorder answers from the first moment.
+        cls.recorder = recorder("--device", next_usb_device())
 
     @classmethod
     def tearDownClass(cls):
@@ -208,8 +209,6 @@ class T3Usb(Link):
 
     def plug(self):
         usb("plug", self.NAME)
-        if self.recorder is None:
-            type(self).recorder = recorder("--device", usb_device())
         self.recorder.wait(event="plugged in")
 
     def unplug(self):

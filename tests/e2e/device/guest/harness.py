@@ -93,7 +93,9 @@ def probe(**env):
 
 
 def recorder(*arguments):
-    return Program(SIMULATOR, "--log", *arguments)
+    program = Program(SIMULATOR, "--log", *arguments)
+    program.wait(event="ready")
+    return program
 
 
 def usb(*words):
@@ -102,10 +104,12 @@ def usb(*words):
     return done.stdout.strip()
 
 
-def usb_device():
-    """The file at the far end of the emulated device."""
-    card, device = usb("device").removeprefix("hw:").split(",")
-    return f"/dev/snd/midiC{card}D{device}"
+def next_usb_device():
+    """The file that the far end of the next emulated device will have: its card comes first."""
+    with open("/proc/asound/cards", encoding="utf-8") as cards:
+        taken = {line.split()[0] for line in cards if line[:3].strip().isdigit()}
+    card = next(number for number in range(32) if str(number) not in taken)
+    return f"/dev/snd/midiC{card}D0"
 
 
 def numbered(length):
