@@ -25,7 +25,7 @@ SequencerEnd::~SequencerEnd() = default;
 std::string SequencerEnd::plugIn() {
   if (_port >= 0) return "";
   if (!_sequencer) {
-    const std::string problem = open();
+    std::string problem = open();
     if (!problem.empty()) return problem;
   }
   _port = _sequencer->createPort(_portName, AlsaSequencer::Use::Both);

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
 #include <cstdio>
+#include <exception>
 
 #include "recorder-sim/RecorderProgram.h"
 
@@ -63,6 +64,11 @@ int runProgram(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const QCoreApplication application(argc, argv);
-  return runProgram(argc, argv);
+  try {
+    const QCoreApplication application(argc, argv);
+    return runProgram(argc, argv);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "mixdeck-recorder-sim: %s\n", error.what());
+  }
+  return kFailed;
 }

@@ -3,7 +3,6 @@
 
 #include "midi/alsa/AlsaSequencer.h"
 
-#include <alsa/asoundlib.h>
 #include <fmt/format.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -101,7 +100,7 @@ AlsaSequencer::Opened AlsaSequencer::open(const std::string& devicePath,
   return {nullptr, "This kernel or alsa-lib has no Universal MIDI Packets, which were asked for."};
 }
 
-AlsaSequencer::AlsaSequencer(_snd_seq* sequencer) : _sequencer(sequencer) {}
+AlsaSequencer::AlsaSequencer(snd_seq_t* sequencer) : _sequencer(sequencer) {}
 
 AlsaSequencer::~AlsaSequencer() {
   _wire.reset();

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <alsa/asoundlib.h>
+
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,7 +13,6 @@
 #include "midi/alsa/AlsaEvent.h"
 
 class AlsaWire;
-struct _snd_seq;
 
 /// One client of the sequencer, open from the start to the end of its life, with room for long
 /// SysEx messages both ways. Interface thread only; nothing blocks.
@@ -58,10 +59,10 @@ class AlsaSequencer {
   int write(std::uint8_t port, AlsaAddress to, const AlsaPayload& payload);
 
  private:
-  explicit AlsaSequencer(_snd_seq* sequencer);
+  explicit AlsaSequencer(snd_seq_t* sequencer);
   void makeRoom();
   bool chooseWire(std::optional<MIDIPacketKind> kind);
 
-  _snd_seq* _sequencer;
+  snd_seq_t* _sequencer;
   std::unique_ptr<AlsaWire> _wire;
 };
