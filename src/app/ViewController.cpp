@@ -175,6 +175,7 @@ void ViewController::showListing(const FolderLister::Answer& answer) {
     replaceListing(answer.listing);
   }
   if (!_nameToSelect.isEmpty()) selectByName(std::exchange(_nameToSelect, {}), true);
+  emit listed();
 }
 
 void ViewController::replaceListing(std::shared_ptr<const FolderHelper> listing) {

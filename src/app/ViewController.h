@@ -125,6 +125,8 @@ class ViewController : public QObject,
 
  signals:
   void endRequested();
+  /// The list shows what the folder held a moment ago.
+  void listed();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,0 +1,265 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <QFileDialog>
+#include <QScrollBar>
+#include <QTest>
+#include <QTimer>
+
+#include "WindowFixture.h"
+#include "base/EB.h"
+#include "base/Utility.h"
+#include "base/Version.h"
+#include "dialogs/AboutVC.h"
+#include "dialogs/IntroductionVC.h"
+#include "dialogs/NodeviceVC.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+class Browsing : public WindowFixture {
+ protected:
+  [[nodiscard]] QString folderName() const { return view().lblFolder->text(); }
+  void waitForFolder(const std::filesystem::path& path) {
+    waitFor([&] { return controller().folderHelper()->folderPath() == path; }, path.c_str());
+  }
+};
+
+TEST_F(Browsing, FirstStartShowsTheDesktopAndTheIntroduction) {
+  const auto desktop = home.path() / "Desktop";
+  std::filesystem::create_directory(desktop);
+  start();
+  EXPECT_EQ(controller().urlOfFileList(), desktop);
+  EXPECT_EQ(folderName(), "Desktop");
+  auto* const introduction = shown<IntroductionVC>();
+  ASSERT_NE(introduction, nullptr);
+  EXPECT_FALSE(introduction->fromMenu());
+  EXPECT_EQ(introduction->versionString(), controller().versionString());
+  EXPECT_EQ(introduction->parentFrame(), view().frameGeometry());
+}
+
+TEST_F(Browsing, IntroducesAVersionUntilItsBoxIsTicked) {
+  startOnTakes();
+  EXPECT_EQ(shown<IntroductionVC>(), nullptr);
+  end();
+  Utility::store(Utility::kDoNotShowAgain, std::string(kVersion) + ".another");
+  start();
+  EXPECT_NE(shown<IntroductionVC>(), nullptr);
+}
+
+TEST_F(Browsing, VersionIsVersionAndBuildNumber) {
+  startOnTakes();
+  EXPECT_EQ(controller().versionString().toStdString(), std::string(kVersion) + "." + kBuildNumber);
+}
+
+TEST_F(Browsing, BeginsWhereItEndedAndLooksEveryFiveSeconds) {
+  take("R0001.WAV", 10);
+  startOnTakes();
+  EXPECT_EQ(controller().urlOfFileList(), takes.path());
+  EXPECT_EQ(folderName().toStdString(), takes.path().filename());
+  EXPECT_EQ(view().lblFolder->toolTip(), folderName());
+  EXPECT_THAT(rows(), ElementsAre("R0001.WAV"));
+  const auto* const timer = controller().findChild<QTimer*>("timerUpdateFolder");
+  EXPECT_TRUE(timer->isActive());
+  EXPECT_FALSE(timer->isSingleShot());
+  EXPECT_EQ(timer->interval(), 5000);
+}
+
+TEST_F(Browsing, ShowsTheDesktopWhileTheFolderIsGone) {
+  const auto desktop = home.path() / "Desktop";
+  std::filesystem::create_directory(desktop);
+  const auto vanishing = folder("vanishing");
+  startOnTakes();
+  doubleClickRow("vanishing");
+  waitForFolder(vanishing);
+  std::filesystem::remove(vanishing);
+  refresh();
+  EXPECT_EQ(folderName(), "Desktop");
+  EXPECT_EQ(view().lblFolder->toolTip(), "Desktop");
+  EXPECT_EQ(controller().urlOfFileList(), vanishing);
+  EXPECT_EQ(Utility::getStringValue(Utility::kLastOpenFolder), vanishing.string());
+  std::filesystem::create_directory(vanishing);
+  refresh();
+  EXPECT_EQ(folderName(), "vanishing");
+}
+
+TEST_F(Browsing, NoDesktopEitherIsAnEmptyListAndAQuietLine) {
+  Utility::store(Utility::kLastOpenFolder, "/no/such/folder");
+  start();
+  EXPECT_THAT(rows(), ElementsAre());
+  EXPECT_EQ(view().lblStatus->text(), "“Desktop” cannot be read: No such file or directory");
+  EXPECT_THAT(log.get(), testing::Contains("eeee"));
+}
+
+TEST_F(Browsing, GoesIntoFoldersAndUpAgain) {
+  const auto inner = folder("Bells");
+  std::filesystem::create_directory(inner / "Deep");
+  startOnTakes();
+  doubleClickRow("Bells");
+  waitForFolder(inner);
+  EXPECT_THAT(rows(), ElementsAre("Deep"));
+  EXPECT_EQ(folderName(), "Bells");
+  EXPECT_EQ(Utility::getStringValue(Utility::kLastOpenFolder), inner.string());
+  QTest::mouseClick(view().btnGoUp, Qt::LeftButton);
+  waitForFolder(takes.path());
+  EXPECT_THAT(rows(), ElementsAre("Bells"));
+  EXPECT_EQ(controller().urlOfFileList(), takes.path());
+}
+
+TEST_F(Browsing, RootHasNothingAboveIt) {
+  startOnTakes();
+  controller().openFolder("/");
+  end();
+  Utility::store(Utility::kLastOpenFolder, "/");
+  start();
+  EXPECT_EQ(folderName(), "/");
+  QTest::mouseClick(view().btnGoUp, Qt::LeftButton);
+  EXPECT_EQ(controller().urlOfFileList(), "/");
+}
+
+TEST_F(Browsing, ReturnOpensWhatIsSelected) {
+  const auto inner = folder("Bells");
+  startOnTakes();
+  QTest::keyClick(view().tableFile, Qt::Key_Return);
+  EXPECT_EQ(controller().urlOfFileList(), takes.path()) << "nothing is selected";
+  clickRow("Bells");
+  QTest::keyClick(view().tableFile, Qt::Key_Return);
+  waitForFolder(inner);
+}
+
+TEST_F(Browsing, ReturnWorksWhereverTheFocusIs) {
+  const auto inner = folder("Bells");
+  startOnTakes();
+  clickRow("Bells");
+  view().sliderVolume->setFocus();
+  QTest::keyClick(view().sliderVolume, Qt::Key_Return);
+  waitForFolder(inner);
+}
+
+TEST_F(Browsing, VanishedEntryDoesNothing) {
+  const auto path = take("R0001.WAV", 10);
+  startOnTakes();
+  clickRow("R0001.WAV");
+  std::filesystem::remove(path);
+  controller().table_cell_double_click();
+  EXPECT_EQ(controller().wavPlayer(), nullptr);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(Browsing, SelectionFollowsTheName) {
+  for (const char* name : {"b.wav", "d.wav"}) file(name);
+  startOnTakes();
+  clickRow("d.wav");
+  for (const char* name : {"a.wav", "c.wav"}) file(name);
+  refresh();
+  EXPECT_THAT(rows(), ElementsAre("a.wav", "b.wav", "c.wav", "d.wav"));
+  EXPECT_EQ(selected(), "d.wav");
+}
+
+TEST_F(Browsing, RenamedSelectionIsNone) {
+  for (const char* name : {"a.wav", "b.wav", "c.wav"}) file(name);
+  startOnTakes();
+  clickRow("b.wav");
+  std::filesystem::rename(takes.path() / "b.wav", takes.path() / "z.wav");
+  refresh();
+  EXPECT_EQ(selected(), "");
+}
+
+TEST_F(Browsing, ScrollingStaysOnRefresh) {
+  for (int i = 100; i < 200; ++i) file(std::to_string(i) + ".wav");
+  startOnTakes();
+  waitFor([this] { return view().tableFile->verticalScrollBar()->maximum() > 777; }, "the layout");
+  view().tableFile->verticalScrollBar()->setValue(777);
+  file("150b.wav");
+  refresh();
+  EXPECT_EQ(view().tableFile->verticalScrollBar()->value(), 777);
+  for (int i = 200; i < 300; ++i) file(std::to_string(i) + ".wav");
+  refresh();
+  EXPECT_EQ(view().tableFile->verticalScrollBar()->value(), 777) << "after a change of many rows";
+}
+
+TEST_F(Browsing, ReloadEventListsAgain) {
+  startOnTakes();
+  file("new.wav");
+  EB::FIRE(EB::kReloadFileList);
+  waitFor([this] { return rows().size() == 1; }, "the new file");
+}
+
+TEST_F(Browsing, ColumnIsAsWideAsTheLongestName) {
+  startOnTakes();
+  EXPECT_EQ(view().tableFile->columnWidth(), 31);
+  const std::string longName = std::string(80, 'w') + ".wav";
+  file(longName);
+  file("i.wav");
+  refresh();
+  const QFontMetricsF metrics(view().tableFile->font());
+  const double width = metrics.horizontalAdvance(QString::fromStdString(longName));
+  waitFor([&] { return view().tableFile->columnWidth() == std::ceil(width) + 31; }, "the width");
+  EXPECT_GT(view().tableFile->horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(Browsing, CommandLineFolderIsOpenedAndRemembered) {
+  const auto inner = folder("Bells");
+  start(inner.string() + "/");
+  EXPECT_EQ(controller().urlOfFileList(), inner);
+  EXPECT_EQ(Utility::getStringValue(Utility::kLastOpenFolder), inner.string());
+}
+
+TEST_F(Browsing, CommandLineRecordingIsSelectedAndPlays) {
+  const auto path = take("R0001.WAV", 10);
+  start(path);
+  EXPECT_EQ(controller().urlOfFileList(), takes.path());
+  EXPECT_EQ(selected(), "R0001.WAV");
+  EXPECT_EQ(state(), PLAY_STATE_PLAY);
+}
+
+TEST_F(Browsing, FolderPanelOpensThePlaceWhereItCanBeWritten) {
+  startOnTakes();
+  QTest::mouseClick(view().lblFolder, Qt::LeftButton);
+  auto* const panel = shown<QFileDialog>();
+  ASSERT_NE(panel, nullptr);
+  EXPECT_EQ(panel->windowTitle(), "Choose a file");
+  EXPECT_EQ(panel->fileMode(), QFileDialog::Directory);
+  EXPECT_TRUE(panel->testOption(QFileDialog::ShowDirsOnly));
+  EXPECT_FALSE(panel->filter().testFlag(QDir::Hidden));
+  EXPECT_TRUE(panel->isSizeGripEnabled());
+  EXPECT_EQ(panel->directory().path().toStdString(), takes.path());
+}
+
+TEST_F(Browsing, FolderPanelLeavesAPathWithASpaceToItself) {
+  const auto inner = folder("two words");
+  start(inner);
+  controller().btnOpenFolder_Click();
+  EXPECT_NE(shown<QFileDialog>()->directory().path().toStdString(), inner);
+}
+
+TEST_F(Browsing, ChosenFolderIsOpened) {
+  const auto inner = folder("Bells");
+  startOnTakes();
+  QTest::mouseClick(view().btnOpenFolder, Qt::LeftButton);
+  emit shown<QFileDialog>()->fileSelected(QString::fromStdString(inner.string()));
+  waitForFolder(inner);
+  EXPECT_EQ(controller().urlOfFileList(), inner);
+}
+
+TEST_F(Browsing, MenuOpensTheInformationDialogs) {
+  startOnTakes();
+  view().actionAbout->trigger();
+  ASSERT_NE(shown<AboutVC>(), nullptr);
+  EXPECT_EQ(shown<AboutVC>()->versionString(), controller().versionString());
+  EXPECT_EQ(shown<AboutVC>()->parentFrame(), view().frameGeometry());
+  shown<AboutVC>()->close();
+  view().actionIntroduction->trigger();
+  ASSERT_NE(shown<IntroductionVC>(), nullptr);
+  EXPECT_TRUE(shown<IntroductionVC>()->fromMenu());
+}
+
+TEST_F(Browsing, OtherKeysAreSwallowed) {
+  startOnTakes();
+  QKeyEvent key(QEvent::KeyPress, Qt::Key_F5, Qt::NoModifier);
+  EXPECT_TRUE(QApplication::sendEvent(&view(), &key));
+  EXPECT_TRUE(key.isAccepted());
+}
+
+}  // namespace

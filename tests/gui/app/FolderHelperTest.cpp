@@ -1,0 +1,150 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/FolderHelper.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "app/FolderLister.h"
+#include "support/LogLines.h"
+#include "support/TemporaryFolder.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+class Folder : public testing::Test {
+ protected:
+  void add(const std::string& name) const { folder.file(name, {}); }
+  void addFolder(const std::string& name) const {
+    std::filesystem::create_directory(folder.path() / name);
+  }
+  [[nodiscard]] std::vector<std::string> listed() const {
+    std::vector<std::string> names;
+    const FolderHelper helper(folder.path());
+    for (const WavItem& item : helper.files()) {
+      names.push_back((item.isFolder ? "/" : "") + item.fileName.toStdString());
+    }
+    return names;
+  }
+  /// Times of the folder as they would be long after a change.
+  void makeOld() const {
+    const timespec times[2] = {{1'000'000'000, 0}, {1'000'000'000, 0}};
+    utimensat(AT_FDCWD, folder.path().c_str(), times, 0);
+  }
+
+  LogLines log;
+  TemporaryFolder folder;
+};
+
+TEST_F(Folder, IsEmptyWithoutRecordingsAndFolders) {
+  EXPECT_THAT(listed(), ElementsAre());
+  add("notes.txt");
+  EXPECT_THAT(listed(), ElementsAre());
+}
+
+TEST_F(Folder, ListsFoldersFirstThenFilesInPlainOrder) {
+  for (const char* name : {"a.wav", "B.wav", "9.wav", "10.wav"}) add(name);
+  for (const char* name : {"zoo", "Alps", "10"}) addFolder(name);
+  EXPECT_THAT(listed(), ElementsAre("/10", "/Alps", "/zoo", "10.wav", "9.wav", "B.wav", "a.wav"));
+}
+
+TEST_F(Folder, TakesWavInAnyCaseAndNothingElse) {
+  for (const char* name :
+       {"1.WAV", "2.Wav", "3.wav", "4.wave", "5.wav.txt", "wav", "6.bwf", "7."}) {
+    add(name);
+  }
+  EXPECT_THAT(listed(), ElementsAre("1.WAV", "2.Wav", "3.wav"));
+}
+
+TEST_F(Folder, HidesWhatBeginsWithADot) {
+  for (const char* name : {".wav", ".take.wav"}) add(name);
+  addFolder(".cache");
+  EXPECT_THAT(listed(), ElementsAre());
+}
+
+TEST_F(Folder, ListsAFolderNamedLikeARecordingButNoApplications) {
+  for (const char* name : {"Takes.wav", "Tools.app", "More.APP", "Plain"}) addFolder(name);
+  EXPECT_THAT(listed(), ElementsAre("/Plain", "/Takes.wav"));
+}
+
+TEST_F(Folder, FollowsLinksAndSkipsBrokenOnes) {
+  TemporaryFolder elsewhere;
+  std::filesystem::create_directory_symlink(elsewhere.path(), folder.path() / "linked");
+  std::filesystem::create_symlink(folder.path() / "nowhere", folder.path() / "broken.wav");
+  EXPECT_THAT(listed(), ElementsAre("/linked"));
+}
+
+TEST_F(Folder, TellsWhereAnEntryIsAndHowItLooks) {
+  addFolder("Bells");
+  // A name that is no UTF-8 stays one that can be opened.
+  add("caf\xe9.wav");
+  const FolderHelper helper(folder.path());
+  ASSERT_EQ(helper.files().size(), 2U);
+  EXPECT_EQ(helper.files()[0].fullPath, (folder.path() / "Bells").string());
+  EXPECT_EQ(helper.files()[0].icon, "folder");
+  EXPECT_EQ(helper.files()[1].icon, "wav_file");
+  EXPECT_TRUE(std::filesystem::exists(helper.files()[1].fullPath));
+  EXPECT_EQ(helper.folderPath(), folder.path());
+}
+
+TEST_F(Folder, IsEmptyAndLoggedWhenItCannotBeRead) {
+  add("file");
+  const FolderHelper helper(folder.path() / "file");
+  EXPECT_TRUE(helper.files().empty());
+  EXPECT_EQ(helper.failure(), "Not a directory");
+  EXPECT_THAT(log.get(), ElementsAre("eeee"));
+}
+
+TEST_F(Folder, IsNotReadIntoItsSubFolders) {
+  addFolder("inner");
+  add("inner/deep.wav");
+  EXPECT_THAT(listed(), ElementsAre("/inner"));
+}
+
+TEST_F(Folder, GrabsAnewAndInTheFileSystemsOrder) {
+  add("b.wav");
+  FolderHelper helper(folder.path());
+  add("a.wav");
+  helper.grabWavFiles();
+  ASSERT_EQ(helper.files().size(), 2U);
+  helper.sortFileList();
+  EXPECT_EQ(helper.files()[0].fileName, "a.wav");
+}
+
+TEST_F(Folder, IsNotTrustedToBeUnchangedRightAfterAChange) {
+  add("a.wav");
+  EXPECT_FALSE(FolderHelper(folder.path()).isCurrent());
+}
+
+TEST_F(Folder, AnswersWithWhatIsKnownWhereNothingHasChanged) {
+  add("a.wav");
+  const auto known = std::make_shared<const FolderHelper>(folder.path());
+  const auto answer = FolderLister::answerTo({folder.path(), {}, known});
+  EXPECT_TRUE(answer.isSame);
+  EXPECT_NE(answer.listing, known) << "listed again, since the change is young";
+  add("b.wav");
+  EXPECT_FALSE(FolderLister::answerTo({folder.path(), {}, known}).isSame);
+}
+
+TEST_F(Folder, AnswersWithTheFallbackWhereNothingIsThere) {
+  TemporaryFolder fallback;
+  fallback.file("here.wav", {});
+  const auto gone = folder.path() / "gone";
+  const auto answer = FolderLister::answerTo({gone, fallback.path(), nullptr});
+  EXPECT_EQ(answer.listing->folderPath(), fallback.path());
+  EXPECT_EQ(answer.listing->files().size(), 1U);
+  EXPECT_FALSE(answer.isSame);
+}
+
+TEST_F(Folder, OfAnotherPathIsNeverTheSame) {
+  TemporaryFolder other;
+  const auto known = std::make_shared<const FolderHelper>(folder.path());
+  EXPECT_FALSE(FolderLister::answerTo({other.path(), {}, known}).isSame);
+}
+
+}  // namespace

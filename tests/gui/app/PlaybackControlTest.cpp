@@ -1,0 +1,477 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <QTest>
+#include <QTimer>
+#include <cmath>
+
+#include "WindowFixture.h"
+#include "base/EB.h"
+#include "controls/J4SliderCell.h"
+#include "dialogs/ExportVC.h"
+#include "support/WaveBytes.h"
+
+namespace {
+
+class Playback : public WindowFixture {
+ protected:
+  void expectIdle() const {
+    EXPECT_EQ(view().lblFileName->text(), "");
+    EXPECT_EQ(view().lblTimeCurrent->text(), "--:--:--");
+    EXPECT_EQ(view().lblTimeTotal->text(), "--:--:--");
+    for (const QWidget* const control : std::initializer_list<const QWidget*>{
+             view().btnPlayPause, view().btnExport, view().sliderTime, view().sliderGain,
+             view().imgDevice}) {
+      EXPECT_FALSE(control->isEnabled());
+    }
+    EXPECT_FALSE(view().sliderTime->cell()->sliderEnabled());
+    EXPECT_FALSE(view().sliderGain->cell()->sliderEnabled());
+    EXPECT_EQ(view().sliderTime->value(), 0.0);
+    EXPECT_FALSE(view().sliderStereo->enable());
+    EXPECT_FALSE(view().tickOfGain->enable());
+    EXPECT_EQ(alphaOf(*view().lblStereo), 128);
+    EXPECT_EQ(alphaOf(*view().lblGain), 128);
+  }
+  static int alphaOf(const QLabel& label) {
+    return label.palette().color(QPalette::WindowText).alpha();
+  }
+  [[nodiscard]] QTimer* timer(const char* name) { return controller().findChild<QTimer*>(name); }
+  /// Where a position slider's knob stands for a fraction.
+  [[nodiscard]] QPointF onTime(double fraction) const {
+    const double radius = 9.0;
+    const Slider& slider = *view().sliderTime;
+    return {radius + fraction * (slider.width() - 2 * radius), slider.height() / 2.0};
+  }
+  [[nodiscard]] QString playName() const { return view().btnPlayPause->accessibleName(); }
+};
+
+TEST_F(Playback, IsIdleAtFirst) {
+  startOnTakes();
+  expectIdle();
+  EXPECT_EQ(playName(), "Play");
+  EXPECT_EQ(view().sliderVolume->value(), 0.5);
+  EXPECT_TRUE(view().sliderVolume->cell()->sliderEnabled());
+  EXPECT_EQ(view().sliderTime->maximum(), 100.0);
+  EXPECT_EQ(view().sliderGain->minimum(), -36.0);
+  EXPECT_EQ(view().sliderGain->maximum(), 36.0);
+  EXPECT_EQ(view().lvlLeft->maxValue(), 54);
+  EXPECT_TRUE(view().tickOfLevel->enable());
+  EXPECT_EQ(view().tickOfGain->texts().join(u' '), "+36 +24 +12 0 -12 -24 -36");
+  EXPECT_EQ(view().tickOfLevel->texts().join(u' '), "+6 0 -6 -12 -18 -24 -36 -48");
+}
+
+TEST_F(Playback, ButtonsWithoutAFileDoNothing) {
+  startOnTakes();
+  controller().btnPlay_Click();
+  controller().btnExport_Click();
+  controller().sliderTimeValueChanged(AdjustCause::Release);
+  controller().updateLevelMeter(0.1);
+  controller().sliderTimerUpdate();
+  controller().updatePlayStateUI();
+  EB::FIRE(EB::kPlayFinish);
+  expectIdle();
+  EXPECT_EQ(shown<ExportVC>(), nullptr);
+}
+
+TEST_F(Playback, DoubleClickOpensAndPlays) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  EXPECT_EQ(state(), PLAY_STATE_PLAY);
+  EXPECT_EQ(view().lblFileName->text(), "R0001.WAV");
+  EXPECT_EQ(view().lblFormat->text(), "Raw M/S · 24-bit · 48 kHz");
+  EXPECT_EQ(view().lblTimeTotal->text(), "00:00:10");
+  EXPECT_EQ(view().lblTimeCurrent->text(), "00:00:00");
+  EXPECT_EQ(view().sliderTime->maximum(), 1.0);
+  EXPECT_EQ(playName(), "Pause");
+  EXPECT_TRUE(view().sliderStereo->enable());
+  EXPECT_TRUE(view().imgDevice->isEnabled());
+  EXPECT_TRUE(view().tickOfGain->enable());
+  EXPECT_EQ(alphaOf(*view().lblStereo), 255);
+  EXPECT_EQ(alphaOf(*view().lblGain), 255);
+  EXPECT_EQ(timer("timerUpdateCurrentTime")->interval(), 200);
+  EXPECT_EQ(timer("timerLevel")->interval(), 33);
+  EXPECT_TRUE(timer("timerLevel")->isActive());
+  EXPECT_EQ(player().volume(), 0.5);
+}
+
+TEST_F(Playback, StereoFileKeepsTheDialDisabledAndItsAngle) {
+  take("MS.WAV");
+  take("LR.WAV", 480'000, false, true);
+  startOnTakes();
+  open("MS.WAV");
+  view().sliderStereo->setNewAngle(90.7);
+  EXPECT_EQ(player().angle(), 90);
+  EXPECT_EQ(view().lblStereoValue->text(), "90°");
+  open("LR.WAV");
+  EXPECT_EQ(view().lblFormat->text(), "Stereo · 32-bit float · 48 kHz");
+  EXPECT_FALSE(view().sliderStereo->enable());
+  EXPECT_FALSE(view().imgDevice->isEnabled());
+  EXPECT_EQ(alphaOf(*view().lblStereo), 128);
+  EXPECT_EQ(alphaOf(*view().lblGain), 255);
+  EXPECT_EQ(player().angle(), 90);
+}
+
+TEST_F(Playback, WhatIsHeardFollowsDialGainAndVolume) {
+  take("R0001.WAV");
+  startOnTakes();
+  view().sliderVolume->setValue(1.0);
+  open("R0001.WAV");
+  play(1000);
+  // Mono is the middle alone, on both sides.
+  EXPECT_NEAR(output->played()[90'000], 0.5F, 1e-5);
+  EXPECT_NEAR(output->played()[90'001], 0.5F, 1e-5);
+  view().sliderGain->setValue(-6.0);
+  controller().sliderGainValueChanged(view().sliderGain);
+  view().sliderStereo->setNewAngle(90.0);
+  play(1000);
+  const auto& played = output->played();
+  EXPECT_LT(played[played.size() - 2], 0.5F);
+  EXPECT_NE(played[played.size() - 1], played[played.size() - 2]);
+}
+
+TEST_F(Playback, TimeAndSliderFollowThePlayer) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  play(2500);
+  controller().sliderTimerUpdate();
+  EXPECT_EQ(view().lblTimeCurrent->text(), "00:00:02");
+  EXPECT_NEAR(view().sliderTime->value(), 0.25, 0.01);
+}
+
+TEST_F(Playback, LevelsAreMeasuredAsTheyAreHeard) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  const auto image = controller().exportJob()->reader()->image();
+  ASSERT_TRUE(image->waitUntilLoaded(image->size()));
+  controller().updateLevelMeter(1.0 / 30.0);
+  // 20 log10(0.5) + 48 = 41.98.
+  EXPECT_EQ(view().lvlLeft->level(), 42);
+  EXPECT_EQ(view().lvlRight->level(), 42);
+  view().sliderGain->setValue(6.0);
+  controller().updateLevelMeter(1.0 / 30.0);
+  EXPECT_EQ(view().lvlLeft->level(), 48);
+  view().sliderGain->setValue(36.0);
+  controller().updateLevelMeter(1.0 / 30.0);
+  EXPECT_EQ(view().lvlLeft->level(), 54) << "the highest that a meter shows";
+}
+
+TEST_F(Playback, SilenceIsTheLowestLevel) {
+  takes.file(
+      "S.WAV",
+      WaveBytes().bext("TARN J4", "MSRAW=OF").format24().data(WaveBytes::Bytes(60'000)).get());
+  startOnTakes();
+  open("S.WAV");
+  const auto image = controller().exportJob()->reader()->image();
+  ASSERT_TRUE(image->waitUntilLoaded(image->size()));
+  controller().updateLevelMeter(1.0 / 30.0);
+  EXPECT_EQ(view().lvlLeft->level(), 0);
+}
+
+TEST_F(Playback, LevelsStandWhereThereIsNothingToMeasure) {
+  take("LR.WAV", 480'000, false);
+  startOnTakes();
+  open("LR.WAV");
+  const auto image = controller().exportJob()->reader()->image();
+  ASSERT_TRUE(image->waitUntilLoaded(image->size()));
+  view().lvlLeft->setLevel(17);
+  player().setPosition(1.0);
+  view().lvlLeft->setLevel(17);
+  controller().updateLevelMeter(1.0 / 30.0);
+  EXPECT_EQ(view().lvlLeft->level(), 17);
+}
+
+TEST_F(Playback, LevelCallOfThePlayerShowsItsMagnitude) {
+  startOnTakes();
+  controller().WavePlayerLevelChanged(0.1, -0.5);
+  EXPECT_EQ(view().lvlLeft->level(), 20);
+  EXPECT_EQ(view().lvlRight->level(), 6);
+  controller().WavePlayerLevelChanged(0.0, 1.0);
+  EXPECT_EQ(view().lvlLeft->level(), 54);
+  EXPECT_EQ(view().lvlRight->level(), 0);
+}
+
+TEST_F(Playback, SpaceAndButtonToggle) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  QTest::keyClick(view().tableFile, Qt::Key_Space);
+  EXPECT_EQ(state(), PLAY_STATE_PAUSE);
+  EXPECT_EQ(playName(), "Play");
+  EXPECT_FALSE(timer("timerLevel")->isActive());
+  EXPECT_EQ(view().lvlLeft->level(), 0);
+  QTest::mouseClick(view().btnPlayPause, Qt::LeftButton);
+  EXPECT_EQ(state(), PLAY_STATE_PLAY);
+  view().btnPlayPause->setFocus();
+  QTest::keyClick(view().btnPlayPause, Qt::Key_Space);
+  EXPECT_EQ(state(), PLAY_STATE_PAUSE) << "toggled once, not twice";
+}
+
+TEST_F(Playback, SpaceThatBeganElsewhereOrRepeatsDoesNothing) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  QTest::keyRelease(view().tableFile, Qt::Key_Space);
+  EXPECT_EQ(state(), PLAY_STATE_PLAY);
+  QTest::keyPress(view().tableFile, Qt::Key_Space);
+  EXPECT_EQ(state(), PLAY_STATE_PLAY) << "the release counts";
+  QKeyEvent repeat(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, " ", true);
+  QApplication::sendEvent(&view(), &repeat);
+  EXPECT_EQ(state(), PLAY_STATE_PLAY);
+  QTest::keyRelease(view().tableFile, Qt::Key_Space);
+  EXPECT_EQ(state(), PLAY_STATE_PAUSE);
+}
+
+TEST_F(Playback, ResumeAfterAChangeOfSoundStartsAtTheSlider) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  play(3000);
+  controller().sliderTimerUpdate();
+  controller().btnPlay_Click();
+  const int outputs = outputsMade;
+  const double before = player().curremtTime();
+  controller().btnPlay_Click();
+  EXPECT_DOUBLE_EQ(player().curremtTime(), before) << "without a change it goes on";
+  controller().btnPlay_Click();
+  view().sliderGain->setValue(3.0);
+  view().sliderTime->setValue(0.5);
+  controller().btnPlay_Click();
+  EXPECT_NEAR(player().curremtTime(), 5.0, 0.01);
+  EXPECT_EQ(state(), PLAY_STATE_PLAY);
+  EXPECT_EQ(outputsMade, outputs);
+}
+
+TEST_F(Playback, DraggingMovesOnlyTheTimeLabelUntilTheRelease) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  play(1000);
+  controller().sliderTimerUpdate();
+  Hands::press(*view().sliderTime, onTime(0.3));
+  EXPECT_TRUE(view().sliderTime->isSeeking());
+  Hands::move(*view().sliderTime, onTime(0.8));
+  EXPECT_EQ(view().lblTimeCurrent->text(), "00:00:08");
+  EXPECT_NEAR(player().curremtTime(), 1.0, 0.1);
+  play(400);
+  controller().sliderTimerUpdate();
+  EXPECT_EQ(view().lblTimeCurrent->text(), "00:00:08");
+  EXPECT_NEAR(view().sliderTime->value(), 0.8, 0.01);
+  Hands::release(*view().sliderTime, onTime(0.8));
+  EXPECT_FALSE(view().sliderTime->isSeeking());
+  EXPECT_NEAR(player().curremtTime(), 8.0, 0.05);
+  EXPECT_EQ(state(), PLAY_STATE_PLAY);
+}
+
+TEST_F(Playback, KeysSeekAtOnce) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  QTest::keyClick(view().sliderTime, Qt::Key_PageUp);
+  EXPECT_NEAR(player().curremtTime(), 1.0, 0.05);
+  EXPECT_FALSE(view().sliderTime->isSeeking());
+  QTest::keyClick(view().sliderTime, Qt::Key_End);
+  EXPECT_EQ(state(), PLAY_STATE_FINISH);
+}
+
+TEST_F(Playback, EndOfTheFileIsReadyToBeReplayed) {
+  take("R0001.WAV", 48'000);
+  startOnTakes();
+  open("R0001.WAV");
+  play(1500);
+  EXPECT_EQ(state(), PLAY_STATE_FINISH);
+  EXPECT_EQ(playName(), "Play");
+  EXPECT_EQ(view().lblTimeCurrent->text(), "00:00:00");
+  EXPECT_EQ(view().sliderTime->value(), 0.0);
+  EXPECT_FALSE(timer("timerUpdateCurrentTime")->isActive());
+  EXPECT_TRUE(view().btnPlayPause->isEnabled());
+  controller().btnPlay_Click();
+  EXPECT_EQ(state(), PLAY_STATE_PLAY);
+  EXPECT_NEAR(player().curremtTime(), 0.0, 0.01);
+}
+
+TEST_F(Playback, AFileWithoutFramesEndsAtOnceAndStaysLoaded) {
+  take("R0001.WAV", 0);
+  startOnTakes();
+  open("R0001.WAV");
+  play(200);
+  EXPECT_EQ(state(), PLAY_STATE_FINISH);
+  EXPECT_EQ(view().sliderTime->value(), 0.0);
+}
+
+TEST_F(Playback, VolumeShowsAndMutes) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  const auto cacheKey = [this] { return view().btnVolume->icon().cacheKey(); };
+  const auto half = cacheKey();
+  QTest::mouseClick(view().btnVolume, Qt::LeftButton);
+  EXPECT_TRUE(controller().isMuteVolume());
+  EXPECT_EQ(view().sliderVolume->value(), 0.0);
+  EXPECT_EQ(player().volume(), 0.0);
+  EXPECT_NE(cacheKey(), half);
+  QTest::mouseClick(view().btnVolume, Qt::LeftButton);
+  EXPECT_FALSE(controller().isMuteVolume());
+  EXPECT_EQ(view().sliderVolume->value(), 0.5);
+  EXPECT_EQ(player().volume(), 0.5);
+}
+
+TEST_F(Playback, DraggingToZeroMutesAndTheSpeakerRestoresWhereTheDragBegan) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  Slider& slider = *view().sliderVolume;
+  const auto at = [&](double fraction) {
+    return QPointF(9.0 + fraction * (slider.width() - 18.0), slider.height() / 2.0);
+  };
+  Hands::press(slider, at(0.75));
+  const double begun = slider.value();
+  EXPECT_NEAR(begun, 0.75, 0.01);
+  Hands::move(slider, at(0.2));
+  EXPECT_NEAR(player().volume(), 0.2, 0.01);
+  Hands::move(slider, at(-1.0));
+  Hands::release(slider, at(-1.0));
+  EXPECT_TRUE(controller().isMuteVolume());
+  EXPECT_EQ(player().volume(), 0.0);
+  QTest::mouseClick(view().btnVolume, Qt::LeftButton);
+  EXPECT_EQ(slider.value(), begun);
+  EXPECT_EQ(player().volume(), begun);
+}
+
+TEST_F(Playback, KeysToZeroMuteAndTheSpeakerRestoresWhatWasHeard) {
+  startOnTakes();
+  QTest::keyClick(view().sliderVolume, Qt::Key_Home);
+  EXPECT_TRUE(controller().isMuteVolume());
+  QTest::mouseClick(view().btnVolume, Qt::LeftButton);
+  EXPECT_EQ(view().sliderVolume->value(), 0.5);
+}
+
+TEST_F(Playback, MutedStaysMutedInTheNextFile) {
+  take("a.WAV");
+  startOnTakes();
+  QTest::mouseClick(view().btnVolume, Qt::LeftButton);
+  open("a.WAV");
+  EXPECT_EQ(player().volume(), 0.0);
+}
+
+TEST_F(Playback, GainLabelsJumpWhileAFileIsLoaded) {
+  take("a.WAV");
+  startOnTakes();
+  const auto clickLabel = [this](const QString& text) {
+    for (const TickTextInfo& label : view().tickOfGain->textRectList()) {
+      if (label.text() != text) continue;
+      const QPointF centre = label.frame().center();
+      Hands::click(*view().tickOfGain, {centre.x(), view().tickOfGain->height() - centre.y()});
+    }
+  };
+  view().tickOfGain->grab();
+  clickLabel("+24");
+  EXPECT_EQ(view().sliderGain->value(), 0.0) << "no file";
+  open("a.WAV");
+  for (const auto& [text, gain] : {std::pair{"+36", 36},
+                                   {"+24", 24},
+                                   {"+12", 12},
+                                   {"0", 0},
+                                   {"-12", -12},
+                                   {"-24", -24},
+                                   {"-36", -36}}) {
+    clickLabel(QString::fromLatin1(text));
+    EXPECT_EQ(view().sliderGain->value(), gain);
+    EXPECT_EQ(player().gain(), gain);
+  }
+  EXPECT_EQ(view().lblGainValue->text(), "-36 dB");
+  controller().GainTickTitle(view().tickOfLevel, "+6");
+  EXPECT_EQ(view().sliderGain->value(), -36.0) << "another scale";
+}
+
+TEST_F(Playback, DoubleClickOnTheGainKnobResets) {
+  take("a.WAV");
+  startOnTakes();
+  open("a.WAV");
+  view().sliderGain->setValue(12.0);
+  controller().sliderGainValueChanged(view().sliderGain);
+  const QPointF knob = view().sliderGain->knobRect().center();
+  Hands::doubleClick(*view().sliderGain, knob);
+  EXPECT_EQ(view().sliderGain->value(), 0.0);
+  EXPECT_EQ(player().gain(), 0);
+  EXPECT_EQ(view().lblGainValue->text(), "0 dB");
+}
+
+TEST_F(Playback, GainAndAngleCarryOverToTheNextFile) {
+  take("a.WAV");
+  take("b.WAV");
+  startOnTakes();
+  open("a.WAV");
+  view().sliderGain->setValue(-5.5);
+  view().sliderStereo->setNewAngle(33.9);
+  open("b.WAV");
+  EXPECT_EQ(player().gain(), -5);
+  EXPECT_EQ(player().angle(), 33);
+  EXPECT_EQ(player().fileUrl(), (takes.path() / "b.WAV").string());
+}
+
+TEST_F(Playback, UnsupportedFileUnloadsAndSaysSo) {
+  take("a.WAV");
+  file("b.wav");
+  startOnTakes();
+  open("a.WAV");
+  doubleClickRow("b.wav");
+  EXPECT_EQ(controller().wavPlayer(), nullptr);
+  EXPECT_EQ(controller().exportJob(), nullptr);
+  expectIdle();
+  EXPECT_EQ(playName(), "Play");
+  closeAlert("File not supported.");
+  EXPECT_TRUE(view().lblStatus->text().startsWith("b.wav: "))
+      << view().lblStatus->text().toStdString();
+  open("a.WAV");
+  EXPECT_EQ(view().lblStatus->text(), "");
+}
+
+TEST_F(Playback, LostOutputIsAQuietLineAndPlayTriesAgain) {
+  take("a.WAV");
+  startOnTakes();
+  open("a.WAV");
+  play(500);
+  output->lose("The sound server has ended.");
+  play(20);
+  EXPECT_EQ(view().lblStatus->text(), "The sound server has ended.");
+  EXPECT_EQ(state(), PLAY_STATE_PAUSE);
+  EXPECT_EQ(playName(), "Play");
+  QTest::mouseClick(view().btnPlayPause, Qt::LeftButton);
+  EXPECT_EQ(view().lblStatus->text(), "");
+  EXPECT_EQ(outputsMade, 2);
+  play(100);
+  EXPECT_GT(player().curremtTime(), 0.5);
+}
+
+TEST_F(Playback, ExportGetsGainAngleAndFolder) {
+  take("a.WAV");
+  startOnTakes();
+  open("a.WAV");
+  view().sliderGain->setValue(4.9);
+  view().sliderStereo->setNewAngle(77.5);
+  QTest::mouseClick(view().btnExport, Qt::LeftButton);
+  auto* const dialog = shown<ExportVC>();
+  ASSERT_NE(dialog, nullptr);
+  EXPECT_EQ(dialog->exporter(), controller().exportJob());
+  EXPECT_EQ(dialog->exporter()->gain(), 4.0);
+  EXPECT_EQ(dialog->exporter()->angle(), 77.5);
+  EXPECT_EQ(dialog->exporter()->getDirPath(), takes.path());
+  EXPECT_EQ(dialog->parentFrame(), view().frameGeometry());
+}
+
+TEST_F(Playback, NewExportIsListedAndSelectedAndAFailedOneIsToldQuietly) {
+  take("a.WAV");
+  startOnTakes();
+  open("a.WAV");
+  controller().btnExport_Click();
+  const auto written = take("a_Decode.WAV", 10);
+  emit shown<ExportVC>()->exported(QString::fromStdString(written.string()));
+  waitFor([this] { return selected() == "a_Decode.WAV"; }, "the new file");
+  emit shown<ExportVC>()->failed("No space left.");
+  EXPECT_EQ(view().lblStatus->text(), "No space left.");
+}
+
+}  // namespace

@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "WindowFixture.h"
+
+#include <QMessageBox>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+#include "base/Utility.h"
+#include "base/Version.h"
+#include "controls/Appearance.h"
+#include "playback/AudioBackends.h"
+#include "support/WaveBytes.h"
+
+WindowFixture::WindowFixture() {
+  Appearance::apply(*qobject_cast<QApplication*>(QCoreApplication::instance()));
+  AudioBackends::addOutput("memory", [this](const AudioOutput::Format& format) {
+    auto made = std::make_unique<MemoryOutput>(clock, format);
+    output = made.get();
+    ++outputsMade;
+    return made;
+  });
+  AudioBackends::chooseOutput("memory");
+  link.install();
+  manager = std::make_unique<MIDIManager>();
+  sequences = std::make_unique<MIDISequenceManager>();
+}
+
+WindowFixture::~WindowFixture() {
+  end();
+  AudioBackends::chooseOutput("pulse");
+}
+
+void WindowFixture::start(const std::filesystem::path& path) {
+  window = std::make_unique<WindowController>();
+  controller().setStart(path);
+  window->show();
+  waitFor([this] { return controller().folderHelper() != nullptr; }, "the first listing");
+}
+
+void WindowFixture::startOnTakes() {
+  Utility::store(Utility::kDoNotShowAgain, std::string(kVersion) + "." + kBuildNumber);
+  Utility::store(Utility::kLastOpenFolder, takes.path().string());
+  start();
+}
+
+void WindowFixture::end() {
+  window.reset();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+std::filesystem::path WindowFixture::take(const std::string& name, std::uint32_t frames, bool isRaw,
+                                          bool isFloat) const {
+  WaveBytes wave;
+  // Of even length: what reads the sound for the player looks for the next chunk behind a pad byte.
+  wave.bext("TARN J4", isRaw ? "MSRAW=ON" : "MSRAW=OF");
+  if (isFloat) {
+    std::vector<float> samples(2 * std::size_t{frames}, 0.5F);
+    for (std::size_t i = 1; i < samples.size(); i += 2) samples[i] = 0.25F;
+    return takes.file(name, wave.formatFloat().data(WaveBytes::samplesFloat(samples)).get());
+  }
+  constexpr std::int32_t kHalf = 0x400000;
+  std::vector<std::int32_t> samples(2 * std::size_t{frames}, kHalf);
+  for (std::size_t i = 1; i < samples.size(); i += 2) samples[i] = kHalf / 2;
+  return takes.file(name, wave.format24().data(WaveBytes::samples24(samples)).get());
+}
+
+std::filesystem::path WindowFixture::file(const std::string& name) const {
+  return takes.file(name, {std::byte{'x'}});
+}
+
+std::filesystem::path WindowFixture::folder(const std::string& name) const {
+  std::filesystem::create_directories(takes.path() / name);
+  return takes.path() / name;
+}
+
+void WindowFixture::waitFor(const std::function<bool()>& condition, const char* what) {
+  QTimer deadline;
+  deadline.setSingleShot(true);
+  deadline.start(std::chrono::seconds(10));
+  while (!condition() && deadline.isActive()) {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+  ASSERT_TRUE(condition()) << what;
+}
+
+void WindowFixture::refresh() {
+  const QSignalSpy answers(&controller(), &ViewController::listed);
+  controller().updateFileBrowser();
+  waitFor([&] { return answers.count() > 0; }, "a new listing");
+}
+
+std::vector<std::string> WindowFixture::rows() const {
+  std::vector<std::string> names;
+  const QAbstractItemModel& model = *view().tableFile->model();
+  for (int row = 0; row < model.rowCount(); ++row) {
+    names.push_back(model.index(row, 0).data().toString().toStdString());
+  }
+  return names;
+}
+
+int WindowFixture::rowOf(const std::string& name) const {
+  const auto names = rows();
+  return static_cast<int>(std::ranges::find(names, name) - names.begin());
+}
+
+std::string WindowFixture::selected() const {
+  const int row = view().tableFile->selectedRow();
+  return row < 0 ? "" : rows()[static_cast<std::size_t>(row)];
+}
+
+void WindowFixture::clickRow(const std::string& name) {
+  FileList& list = *view().tableFile;
+  const QModelIndex index = list.model()->index(rowOf(name), 0);
+  list.scrollTo(index);
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(index).center());
+}
+
+void WindowFixture::doubleClickRow(const std::string& name) {
+  clickRow(name);
+  FileList& list = *view().tableFile;
+  const QModelIndex index = list.model()->index(rowOf(name), 0);
+  QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(index).center());
+}
+
+void WindowFixture::open(const std::string& name) {
+  doubleClickRow(name);
+  ASSERT_NE(controller().wavPlayer(), nullptr) << name << " was not opened";
+}
+
+void WindowFixture::play(int milliseconds) {
+  constexpr int kStep = 20;
+  for (int rest = milliseconds; rest > 0; rest -= kStep) {
+    clock.advance(std::min(rest, kStep));
+    QCoreApplication::processEvents();
+  }
+}
+
+void WindowFixture::plugIn() {
+  link.plugIn();
+  constexpr double kGraceAndHandshake = 1.5;
+  midiClock->advance(kGraceAndHandshake);
+}
+
+void WindowFixture::pullOut() {
+  link.pullOut();
+}
+
+void WindowFixture::press(QWidget* dialog, const QString& text) {
+  ASSERT_NE(dialog, nullptr);
+  for (auto* const button : dialog->findChildren<QAbstractButton*>()) {
+    if (button->text().remove(u'&') == text) return QTest::mouseClick(button, Qt::LeftButton);
+  }
+  FAIL() << "no button " << text.toStdString();
+}
+
+void WindowFixture::closeAlert(const QString& text) {
+  auto* const alert = shown<QMessageBox>();
+  ASSERT_NE(alert, nullptr) << "no alert";
+  EXPECT_EQ(alert->informativeText(), text);
+  EXPECT_EQ(alert->text(), "");
+  EXPECT_EQ(alert->icon(), QMessageBox::NoIcon);
+  press(alert, QStringLiteral("Ok"));
+}

@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "SteppedMIDIClock.h"
+#include "app/WindowController.h"
+#include "gui/controls/Hands.h"
+#include "midi/MIDIManager.h"
+#include "midi/MIDISequenceManager.h"
+#include "midi/simulator/SimulatedLink.h"
+#include "playback/memory/MemoryOutput.h"
+#include "support/EnvironmentVariable.h"
+#include "support/LogLines.h"
+#include "support/TemporaryFolder.h"
+
+/// The whole window with a home, settings and recordings of its own, an output on a virtual clock,
+/// and a recorder that can be plugged in.
+class WindowFixture : public testing::Test {
+ protected:
+  WindowFixture();
+  ~WindowFixture() override;
+
+  /// Makes the window, shows it, and waits for the first listing.
+  void start(const std::filesystem::path& path = {});
+  /// As `start` on the folder of the takes, without the introduction.
+  void startOnTakes();
+  /// Ends the window, as a new start of the program would.
+  void end();
+
+  /// A recording of so many frames in the folder of the takes: 24 bits, or floats; raw Mid/Side or
+  /// not. Mid is 0.5 and Side 0.25 throughout.
+  std::filesystem::path take(const std::string& name, std::uint32_t frames = 480'000,
+                             bool isRaw = true, bool isFloat = false) const;
+  std::filesystem::path file(const std::string& name) const;
+  std::filesystem::path folder(const std::string& name) const;
+
+  /// Lets the event loop run until it holds; fails the test after ten seconds.
+  static void waitFor(const std::function<bool()>& condition, const char* what);
+  /// Lists again and waits for the answer.
+  void refresh();
+  [[nodiscard]] std::vector<std::string> rows() const;
+  [[nodiscard]] int rowOf(const std::string& name) const;
+  [[nodiscard]] std::string selected() const;
+  /// Real clicks on the row with this name.
+  void clickRow(const std::string& name);
+  void doubleClickRow(const std::string& name);
+  /// Opens the take by a double click.
+  void open(const std::string& name);
+  /// Lets music play; the timers of the window do not run by themselves meanwhile.
+  void play(int milliseconds);
+
+  void plugIn();
+  void pullOut();
+
+  /// The top-level window of this kind that is shown; null where there is none.
+  template <class Window>
+  static Window* shown() {
+    for (QWidget* const widget : QApplication::topLevelWidgets()) {
+      auto* const found = qobject_cast<Window*>(widget);
+      if (found != nullptr && found->isVisible()) return found;
+    }
+    return nullptr;
+  }
+  /// Presses the button with this text in a dialog.
+  static void press(QWidget* dialog, const QString& text);
+  void closeAlert(const QString& text);
+
+  [[nodiscard]] ViewController& controller() { return window->viewController(); }
+  [[nodiscard]] MainView& view() const { return window->window(); }
+  [[nodiscard]] WavePlayer& player() { return *controller().wavPlayer(); }
+  [[nodiscard]] std::uint64_t state() { return player().play_state(); }
+
+  TemporaryFolder home;
+  TemporaryFolder settings;
+  TemporaryFolder takes;
+  EnvironmentVariable homeVariable{"HOME", home.path().string()};
+  EnvironmentVariable settingsVariable{"XDG_CONFIG_HOME", settings.path().string()};
+  LogLines log;
+  VirtualClock clock;
+  MemoryOutput* output = nullptr;
+  int outputsMade = 0;
+
+  std::shared_ptr<SteppedMIDIClock> midiClock = std::make_shared<SteppedMIDIClock>();
+  SimulatedLink link{MIDIPacketKind::BytePackets, midiClock};
+  std::unique_ptr<MIDIManager> manager;
+  std::unique_ptr<MIDISequenceManager> sequences;
+  std::unique_ptr<WindowController> window;
+};

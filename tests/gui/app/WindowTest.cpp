@@ -1,0 +1,239 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <QAccessible>
+#include <QScreen>
+#include <QTest>
+#include <array>
+
+#include "WindowFixture.h"
+#include "app/AppDelegate.h"
+#include "app/ProgramOptions.h"
+#include "controls/Colors.h"
+
+namespace {
+
+class Window : public WindowFixture {
+ protected:
+  [[nodiscard]] QImage picture() const { return view().grab().toImage(); }
+  [[nodiscard]] QColor colourAt(const QImage& image, const QWidget* widget, QPoint place) const {
+    const QPoint at = widget->mapTo(&view(), place);
+    return Hands::colorAt(image, QPointF(at) + QPointF(0.5, 0.5));
+  }
+};
+
+TEST_F(Window, StandsInTheMiddleOfItsScreen) {
+  EXPECT_EQ(WindowController::centredFrame({0, 0, 1920, 1080}), QRect(435, 206, 1050, 668));
+  EXPECT_EQ(WindowController::centredFrame({100, 30, 1051, 669}), QRect(100, 30, 1050, 668));
+  EXPECT_EQ(WindowController::centredFrame({}), QRect(-525, -334, 1050, 668));
+  window = std::make_unique<WindowController>();
+  EXPECT_EQ(view().geometry(),
+            WindowController::centredFrame(view().screen()->availableGeometry()));
+  startOnTakes();
+  EXPECT_EQ(view().size(), QSize(1050, 668));
+  EXPECT_EQ(view().windowTitle(), "TARN J4 Mixdeck");
+}
+
+TEST_F(Window, ContentNeedsNoMoreRoomThanItHas) {
+  startOnTakes();
+  const QSize least = view().minimumSizeHint();
+  EXPECT_LE(least.width(), 1050);
+  EXPECT_LE(least.height(), 668);
+}
+
+TEST_F(Window, GroundsHaveTheirColours) {
+  startOnTakes();
+  const QImage image = picture();
+  EXPECT_EQ(colourAt(image, &view(), {4, 4}), Colors::AppBG());
+  EXPECT_EQ(colourAt(image, view().viewPathBG, {3, 17}), Colors::ControlColor());
+  EXPECT_EQ(colourAt(image, view().viewLeftBG, {4, 100}), Colors::AppBGLight());
+  EXPECT_EQ(colourAt(image, view().viewRightBG, {4, 100}), Colors::AppBGLight());
+  EXPECT_EQ(colourAt(image, view().btnExport, {8, 18}), Colors::ControlColor());
+}
+
+TEST_F(Window, ControlsHaveTheirNamesForAssistiveSoftware) {
+  startOnTakes();
+  const std::initializer_list<std::pair<QWidget*, const char*>> names = {
+      {view().tableFile, "Files"},
+      {view().lblFolder, "Current folder"},
+      {view().btnGoUp, "Go up"},
+      {view().btnOpenFolder, "Open folder"},
+      {view().btnPlayPause, "Play"},
+      {view().sliderTime, "Position"},
+      {view().sliderVolume, "Volume"},
+      {view().btnVolume, "Mute"},
+      {view().sliderGain, "Gain"},
+      {view().sliderStereo, "Stereo width"},
+      {view().lvlLeft, "Level left"},
+      {view().lvlRight, "Level right"},
+      {view().btnExport, "Export"},
+      {view().popupBattery, "Battery"},
+      {view().popupAutoPow, "Auto power off"}};
+  for (const auto& [widget, name] : names) {
+    auto* const interface = QAccessible::queryAccessibleInterface(widget);
+    ASSERT_NE(interface, nullptr) << name;
+    EXPECT_EQ(interface->text(QAccessible::Name), QString::fromLatin1(name));
+  }
+}
+
+TEST_F(Window, StaticTextsAreReadAsLabels) {
+  startOnTakes();
+  for (const QLabel* const label :
+       {view().lblConnect, view().lblUsed, static_cast<QLabel*>(view().lblRemain),
+        static_cast<QLabel*>(view().lblTimeCurrent), view().lblStereo, view().lblGain}) {
+    auto* const interface = QAccessible::queryAccessibleInterface(const_cast<QLabel*>(label));
+    EXPECT_EQ(interface->role(), QAccessible::StaticText);
+    EXPECT_EQ(interface->text(QAccessible::Name), label->text());
+  }
+  auto* const folder = QAccessible::queryAccessibleInterface(view().lblFolder);
+  EXPECT_EQ(folder->text(QAccessible::Description), view().lblFolder->text());
+}
+
+TEST_F(Window, TabReachesEverythingInOrder) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  view().btnGoUp->setFocus();
+  std::vector<QWidget*> reached;
+  for (int i = 0; i < 20; ++i) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    reached.push_back(QApplication::focusWidget());
+    if (reached.back() == view().btnGoUp) break;
+  }
+  EXPECT_THAT(reached,
+              testing::ElementsAre(view().lblFolder, view().btnOpenFolder, view().tableFile,
+                                   view().btnPlayPause, view().sliderTime, view().btnVolume,
+                                   view().sliderVolume, view().sliderStereo, view().sliderGain,
+                                   view().btnExport, view().btnMenu, view().listBatteryCover,
+                                   view().listAutoPowOffCover, view().btnGoUp));
+}
+
+TEST_F(Window, FocusCanBeSeenEverywhere) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  controller().btnPlay_Click();
+  for (QWidget* const widget : std::initializer_list<QWidget*>{
+           view().btnGoUp, view().lblFolder, view().btnOpenFolder, view().tableFile,
+           view().btnPlayPause, view().sliderTime, view().btnVolume, view().sliderVolume,
+           view().sliderStereo, view().sliderGain, view().btnExport, view().btnMenu,
+           view().listBatteryCover}) {
+    QWidget* const other =
+        widget == view().sliderGain ? static_cast<QWidget*>(view().btnGoUp) : view().sliderGain;
+    other->setFocus(Qt::TabFocusReason);
+    const QImage before = widget->grab().toImage();
+    widget->setFocus(Qt::TabFocusReason);
+    EXPECT_NE(widget->grab().toImage(), before) << widget->accessibleName().toStdString();
+  }
+}
+
+TEST_F(Window, RunningTimeDoesNotJitter) {
+  startOnTakes();
+  TabularLabel& label = *view().lblTimeCurrent;
+  label.setText("00:00:00");
+  const double width = label.textWidth();
+  for (int digit = 1; digit < 10; ++digit) {
+    label.setText(QStringLiteral("%1%1:%1%1:%1%1").arg(digit));
+    EXPECT_DOUBLE_EQ(label.textWidth(), width);
+  }
+}
+
+TEST_F(Window, TextsHaveTheRoomThatTheyNeed) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  plugIn();
+  for (const QLabel* const label : view().findChildren<QLabel*>()) {
+    if (!label->isVisible() || label->wordWrap() || label == view().lblFileName) continue;
+    const double needed = QFontMetricsF(label->font()).horizontalAdvance(label->text());
+    EXPECT_LE(needed, label->width()) << label->text().toStdString();
+    EXPECT_LE(QFontMetricsF(label->font()).height(), label->height() + 1)
+        << label->text().toStdString();
+  }
+}
+
+TEST_F(Window, NothingOverlapsNothing) {
+  startOnTakes();
+  const std::vector<const QWidget*> parts = {
+      view().lblFileName,    view().lblFormat,    view().btnExport,      view().btnMenu,
+      view().tickOfGain,     view().sliderGain,   view().lblGain,        view().lblGainValue,
+      view().tickOfLevel,    view().lvlLeft,      view().lvlRight,       view().lblStereo,
+      view().lblStereoValue, view().sliderTime,   view().lblTimeCurrent, view().lblTimeTotal,
+      view().btnVolume,      view().sliderVolume, view().btnPlayPause,   view().lblStatus};
+  const auto frame = [this](const QWidget* widget) {
+    return QRect(widget->mapTo(&view(), QPoint()), widget->size());
+  };
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    EXPECT_TRUE(frame(view().viewRightBG).contains(frame(parts[i]))) << i;
+    for (std::size_t j = 0; j < i; ++j) {
+      EXPECT_FALSE(frame(parts[i]).intersects(frame(parts[j]))) << i << " and " << j;
+    }
+  }
+}
+
+TEST_F(Window, LabelsMeetTheKnobAndTheMetersEnds) {
+  startOnTakes();
+  view().sliderGain->setValue(0.0);
+  const auto middleOf = [this](const QWidget* widget, double y) {
+    return widget->mapTo(&view(), QPoint()).y() + y;
+  };
+  view().tickOfGain->grab();
+  const TickTextInfo& zero = view().tickOfGain->textRectList()[3];
+  const double label = view().tickOfGain->height() - zero.frame().center().y();
+  EXPECT_NEAR(middleOf(view().tickOfGain, label),
+              middleOf(view().sliderGain, view().sliderGain->height() / 2.0), 1.0);
+  view().tickOfLevel->grab();
+  const auto& levels = view().tickOfLevel->textRectList();
+  const double top = view().tickOfLevel->height() - levels.front().frame().center().y();
+  EXPECT_NEAR(middleOf(view().tickOfLevel, top), middleOf(view().lvlLeft, 0.0), 1.0);
+}
+
+TEST_F(Window, DialHasTheRoomItNeeds) {
+  startOnTakes();
+  EXPECT_EQ(view().sliderStereo->size(), view().sliderStereo->sizeHint());
+  const QRect dial(view().sliderStereo->mapTo(&view(), QPoint()), view().sliderStereo->size());
+  EXPECT_TRUE(QRect(view().viewRightBG->pos(), view().viewRightBG->size()).contains(dial));
+}
+
+TEST_F(Window, EndsWithItsLastWindow) {
+  EXPECT_TRUE(AppDelegate::applicationShouldTerminateAfterLastWindowClosed());
+  EXPECT_TRUE(AppDelegate::applicationSupportsSecureRestorableState());
+  startOnTakes();
+  view().actionQuit->trigger();
+  EXPECT_FALSE(view().isVisible());
+}
+
+TEST_F(Window, StatusLineShowsTheNewestUntilItIsWellAgain) {
+  StatusLine line;
+  using Topic = StatusLine::Topic;
+  line.say(Topic::Folder, "one");
+  line.say(Topic::Sound, "two");
+  line.say(Topic::Folder, "one");
+  EXPECT_EQ(line.text(), "two") << "what was said before is not said again";
+  line.clear(Topic::Sound);
+  EXPECT_EQ(line.text(), "one");
+  line.say(Topic::Folder, "three");
+  EXPECT_EQ(line.text(), "three");
+  line.clear(Topic::Folder);
+  EXPECT_EQ(line.text(), "");
+}
+
+TEST(Options, TakeAFolderOrARecordingOrNothing) {
+  TemporaryFolder folder;
+  const std::string path = folder.path().string();
+  const auto parse = [](std::vector<const char*> words) {
+    words.insert(words.begin(), "mixdeck");
+    return ProgramOptions::parse(static_cast<int>(words.size()), words.data());
+  };
+  EXPECT_TRUE(parse({}).start.empty());
+  EXPECT_FALSE(parse({}).simulatesRecorder);
+  EXPECT_EQ(parse({path.c_str()}).start, path);
+  EXPECT_TRUE(parse({"--simulate-recorder"}).simulatesRecorder);
+  EXPECT_EQ(parse({"--help"}).status, 0);
+  EXPECT_EQ(parse({"--version"}).status, 0);
+  EXPECT_EQ(parse({"--wrong"}).status, 2);
+  EXPECT_EQ(parse({"/no/such/place"}).status, 2);
+  EXPECT_EQ(parse({path.c_str()}).status, std::nullopt);
+}
+
+}  // namespace
