@@ -24,6 +24,10 @@ void DeviceWatchTask::onLost() {
   if (_hasShown) show(DeviceReport());
 }
 
+void DeviceWatchTask::onAbsent(std::int64_t step) {
+  if (asJson()) show(DeviceReport(step));
+}
+
 void DeviceWatchTask::show(const DeviceReport& report) {
   const bool isNew = !_hasShown || report.json() != _shown.json();
   if (!isNew) return;

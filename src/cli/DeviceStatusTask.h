@@ -27,7 +27,8 @@ class DeviceWatchTask final : public DeviceTask {
   void onRecord() override { show(DeviceReport(info(), 0)); }
   void onStopped(std::int64_t step) override { show(DeviceReport(info(), step)); }
   void onLost() override;
-  void onAbsent(std::int64_t /*step*/) override { show(DeviceReport()); }
+  void onWaiting() override { show(DeviceReport()); }
+  void onAbsent(std::int64_t step) override;
 
   void show(const DeviceReport& report);
 

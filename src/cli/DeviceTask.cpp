@@ -50,6 +50,7 @@ void DeviceTask::start() {
   const bool isPatient = length() == Length::UntilInterrupted && !_setup.wait;
   if (!isPatient) _deadline = deadlineIn(_setup.wait.value_or(kUsualWait));
   _manager.scanTarnDevice();
+  if (_manager.state() == MIDIManager::Disconnected) onWaiting();
 }
 
 void DeviceTask::MIDIManagerConnected() {

@@ -35,6 +35,8 @@ class DeviceTask : public MIDIManagerDelegate {
 
   /// How long the task takes when all is well; asked once.
   [[nodiscard]] virtual Length length() const { return Length::OneAnswer; }
+  /// There is no recorder yet.
+  virtual void onWaiting() {}
   /// The handshake has come to its end, or the recorder has told something more.
   virtual void onRecord() = 0;
   /// The handshake waits in `step` and gets no answer.
