@@ -1,0 +1,158 @@
+# SPDX-FileCopyrightText: 2026 The Mixdeck developers
+# SPDX-License-Identifier: MIT
+"""Exports through the dialogs, byte for byte what the tool writes."""
+
+import subprocess
+import unittest
+
+from window import CLI, Case, noise
+
+DATE = slice(56 + 320, 56 + 338)  # of origination, in the broadcast extension
+
+
+class ExportTest(Case):
+    def loaded(self, name="R0001.WAV"):
+        """The program with a take that has been opened."""
+        program = self.start()
+        self.open(program, name)
+        program.wait(lambda: program.find("push button", "Export").has("enabled"), "the take")
+        return program
+
+    def open_dialog(self, program):
+        program.find("push button", "Export").click()
+        return program.find("dialog", "Export")
+
+    def save(self, program, name=None):
+        """Presses Save and takes the proposed name, or another one."""
+        program.find("push button", "Save").click()
+        panel = program.find("dialog", "Saving checkboard...")
+        self.assertIn("Please select a path where to save decoded wav.", program.labels())
+        edit = program.wait(lambda: self.edit_of(panel), "the name's field")
+        proposed = edit.text
+        if name is not None:
+            edit.click()
+            program.key("ctrl+a")
+            program.type(name)
+            program.wait(lambda: edit.text == name, "the typed name")
+        next(item for item in panel.walk() if item.name == "Save").act("Press")
+        return proposed
+
+    @staticmethod
+    def edit_of(panel):
+        return next((item for item in panel.walk() if item.role == "text" and item.text), None)
+
+    def by_tool(self, *options):
+        path = self.home / "tool.wav"
+        subprocess.run([CLI, "export", "--force", "--output", path, *map(str, options),
+                        self.takes / "R0001.WAV"], check=True)
+        return self.undated(path)
+
+    @staticmethod
+    def undated(path):
+        content = bytearray(path.read_bytes())
+        content[DATE] = bytes(18)
+        return content
+
+    def assert_same(self, path, wanted):
+        self.assertEqual(len(self.undated(path)), len(wanted))
+        self.assertTrue(self.undated(path) == wanted, "the same bytes")
+
+    def test_what_the_tool_exports(self):
+        self.take("R0001.WAV", noise(48000, 24))
+        program = self.loaded()
+        program.find("dial", "Stereo width").value = 75
+        program.find("slider", "Gain").value = 6
+        program.wait_label("75°")
+        program.wait_label("+6 dB")
+        self.open_dialog(program)
+        for text in ("R0001.WAV", "Stereo width", "75°", "Gain", "+6 dB", "File size", "288.7 kB"):
+            self.assertIn(text, program.labels())
+        self.assertTrue(program.find("radio button", "24-bit Linear").has("checked"))
+        self.assertEqual(self.save(program), "R0001_Decode.WAV")
+        self.wait_files(program, "R0001.WAV", "R0001_Decode.WAV")
+        program.wait(lambda: self.selected(program) == ["R0001_Decode.WAV"], "the selection")
+        self.assertIsNone(program.look("dialog"))
+        self.assert_same(self.takes / "R0001_Decode.WAV",
+                         self.by_tool("--angle", 75, "--gain", 6, "--format", 24))
+
+    def test_floats_to_full_scale_in_place_of_a_file(self):
+        self.take("R0001.WAV", noise(48000, 24, level=0.2))
+        (self.takes / "out.WAV").write_bytes(b"old")
+        program = self.loaded()
+        program.find("dial", "Stereo width").value = 120
+        self.open_dialog(program)
+        program.find("radio button", "32-bit Float").click(x=0.1)
+        program.find("check box").click(x=0.1)
+        program.wait_label("384.7 kB")
+        program.wait_label("To full scale")
+        self.save(program, "out")
+        program.wait(lambda: any("out.WAV" in text for text in program.labels()), "the question")
+        program.find("push button", "Replace").click()
+        program.wait_gone("dialog")
+        wanted = self.by_tool("--angle", 120, "--normalize", "--format", "float32")
+        program.wait(lambda: (self.takes / "out.WAV").stat().st_size == len(wanted), "the export")
+        self.assert_same(self.takes / "out.WAV", wanted)
+
+    def test_the_source_stays(self):
+        path = self.take("R0001.WAV")
+        before = path.read_bytes()
+        program = self.loaded()
+        self.open_dialog(program)
+        self.save(program, "R0001.WAV")
+        program.wait_label("Fail to open.")
+        program.find("push button", "Ok").click()
+        program.wait_gone("dialog")
+        self.assertIn("The target is the source itself.", program.labels())
+        self.assertEqual(path.read_bytes(), before)
+
+    def test_a_folder_that_is_not_there(self):
+        self.take("R0001.WAV")
+        program = self.loaded()
+        self.open_dialog(program)
+        self.save(program, str(self.home / "none/out"))
+        program.wait_label("Fail to save.")
+        program.find("push button", "Ok").click()
+        program.wait_gone("dialog")
+
+    def test_cancelled_dialogs_write_nothing(self):
+        self.take("R0001.WAV")
+        program = self.loaded()
+        self.open_dialog(program)
+        program.find("push button", "Save").click()
+        panel = program.find("dialog", "Saving checkboard...")
+        program.key("Escape")
+        program.wait_gone("dialog", panel.name)
+        program.find("dialog", "Export")
+        program.find("push button", "Cancel").click()
+        program.wait_gone("dialog", "Export")
+        self.assertEqual(self.files(program), ["R0001.WAV"])
+
+    def test_a_long_export_is_told_and_cancelled(self):
+        self.long_take("R0001.WAV", 12000)
+        program = self.loaded()
+        self.open_dialog(program)
+        self.save(program)
+        bar = program.find("progress bar", "Progress")
+        self.assertIn("Exporting R0001.WAV", program.labels())
+        self.assertIn("to R0001_Decode.WAV", program.labels())
+        program.wait(lambda: bar.value > 0, "progress")
+        program.find("push button", "Cancel").click()
+        program.wait_gone("progress bar", "Progress")
+        self.assertIsNone(program.look("dialog"))
+        self.assertEqual(sorted(path.name for path in self.takes.iterdir()), ["R0001.WAV"])
+
+    def test_the_end_asks_while_an_export_runs(self):
+        self.long_take("R0001.WAV", 12000)
+        program = self.loaded()
+        self.open_dialog(program)
+        self.save(program)
+        program.find("progress bar", "Progress")
+        program.find("list", "Files").click(y=0.9)
+        program.key("ctrl+q")
+        program.find("push button", "Cancel export and quit").click()
+        self.assertEqual(program.wait_end(), 0, program.output())
+        self.assertEqual(sorted(path.name for path in self.takes.iterdir()), ["R0001.WAV"])
+
+
+if __name__ == "__main__":
+    unittest.main()
