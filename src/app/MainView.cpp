@@ -3,6 +3,7 @@
 
 #include "app/MainView.h"
 
+#include <QAccessibleWidget>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QVBoxLayout>
@@ -45,9 +46,16 @@ QString lookOfParts() {
            Colors::accent().name());
 }
 
+// The toolkit takes a plain widget for a filler, also where it is the window.
+QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
+  auto* const view = qobject_cast<MainView*>(object);
+  return view == nullptr ? nullptr : new QAccessibleWidget(view, QAccessible::Window);
+}
+
 }  // namespace
 
 MainView::MainView(QWidget* parent) : QWidget(parent) {
+  QAccessible::installFactory(makeInterface);
   setStyleSheet(lookOfParts());
   auto* const left = new QVBoxLayout;
   left->setSpacing(kGap);

@@ -3,6 +3,7 @@
 #include "controls/ControlsAccessible.h"
 
 #include <QAccessible>
+#include <QComboBox>
 
 #include "controls/AdjustableAccessible.h"
 #include "controls/AngleViewer.h"
@@ -11,6 +12,7 @@
 #include "controls/LevelMeterAccessible.h"
 #include "controls/PathViewer.h"
 #include "controls/PathViewerAccessible.h"
+#include "controls/PopupAccessible.h"
 #include "controls/ScaleAccessible.h"
 #include "controls/Slider.h"
 
@@ -26,6 +28,8 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
   if (auto* meter = qobject_cast<LevelMeter*>(object)) return new LevelMeterAccessible(*meter);
   if (auto* scale = qobject_cast<GainTickTitle*>(object)) return new ScaleAccessible(*scale);
   if (auto* path = qobject_cast<PathViewer*>(object)) return new PathViewerAccessible(*path);
+  auto* popup = qobject_cast<QComboBox*>(object);
+  if (popup != nullptr && !popup->accessibleName().isEmpty()) return new PopupAccessible(*popup);
   return nullptr;
 }
 

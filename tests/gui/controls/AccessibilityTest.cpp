@@ -3,7 +3,9 @@
 
 #include <gmock/gmock.h>
 
+#include <QAbstractItemView>
 #include <QAccessible>
+#include <QComboBox>
 #include <QTest>
 #include <algorithm>
 #include <limits>
@@ -263,6 +265,34 @@ TEST(Accessibility, InterfacesGoWithTheirControls) {
   scale.reset();
   EXPECT_EQ(nullptr, QAccessible::accessibleInterface(group));
   EXPECT_EQ(nullptr, QAccessible::accessibleInterface(label));
+}
+
+TEST(Accessibility, APopUpKeepsItsNameAndTellsItsChoice) {
+  QWidget window;
+  const LevelMeter anyControl;  // makes the controls readable
+  auto* const popup = new QComboBox(&window);
+  popup->setAccessibleName("Battery");
+  popup->addItems({"Alkaline", "Lithium"});
+  popup->setCurrentIndex(1);
+  window.show();
+  EXPECT_EQ(QAccessible::ComboBox, of(*popup).role());
+  EXPECT_EQ(QString("Battery"), name(*popup));
+  EXPECT_EQ(QString("Lithium"), value(*popup));
+  EXPECT_EQ(QString("Lithium"), of(*popup).text(QAccessible::Description));
+  QAccessibleInterface* const list = of(*popup).child(0);
+  ASSERT_EQ(1, of(*popup).childCount());
+  EXPECT_EQ(0, of(*popup).indexOfChild(list));
+  EXPECT_EQ(2, list->childCount());
+  QAccessibleActionInterface* const actions = of(*popup).actionInterface();
+  EXPECT_TRUE(of(*popup).state().collapsed);
+  actions->doAction(QAccessibleActionInterface::showMenuAction());
+  EXPECT_TRUE(popup->view()->isVisible());
+  EXPECT_TRUE(of(*popup).state().expanded);
+  popup->hidePopup();
+  popup->setEnabled(false);
+  EXPECT_FALSE(actions->actionNames().contains(QAccessibleActionInterface::showMenuAction()));
+  actions->doAction(QAccessibleActionInterface::showMenuAction());
+  EXPECT_FALSE(popup->view()->isVisible());
 }
 
 }  // namespace
