@@ -4,10 +4,12 @@
 """Small rules that hold for every source file.
 
 usage: check_sources.py ROOT
-Two SPDX lines a file, no source over 400 lines, clang-format has nothing to change. Prints what is
-wrong; status 1 if anything is.
+Two SPDX lines a file, no source over 400 lines, a source includes its own header first so that the
+header is known to compile alone, clang-format has nothing to change. Prints what is wrong; status 1
+if anything is.
 """
 
+import re
 import subprocess
 import sys
 from pathlib import Path
@@ -30,6 +32,14 @@ def is_script(path):
     return path.suffix == "" and path.read_bytes().startswith(b"#!")
 
 
+def includes_another_first(path):
+    header = path.with_suffix(".h")
+    if path.suffix != ".cpp" or not header.exists():
+        return False
+    first = re.search(r'^#include [<"](.*)[>"]', path.read_text("utf-8"), re.MULTILINE)
+    return not (first and header.as_posix().endswith("/" + first[1]))
+
+
 def main():
     root = Path(sys.argv[1])
     files = list(sources(root))
@@ -43,6 +53,8 @@ def main():
         lines = path.read_text("utf-8").count("\n")
         if path.parts[len(root.parts)] == "src" and lines > LONGEST:
             found.append(f"{path}: {lines} lines")
+        if includes_another_first(path):
+            found.append(f"{path}: its own header is not the first that it includes")
     formatted = subprocess.run(["clang-format", "--dry-run", "-Werror", *map(str, code)],
                                capture_output=True, text=True)
     if formatted.returncode != 0:
