@@ -196,7 +196,8 @@ TEST_F(Browsing, ColumnIsAsWideAsTheLongestName) {
   const QFontMetricsF metrics(view().tableFile->font());
   const double width = metrics.horizontalAdvance(QString::fromStdString(longName));
   waitFor([&] { return view().tableFile->columnWidth() == std::ceil(width) + 31; }, "the width");
-  EXPECT_GT(view().tableFile->horizontalScrollBar()->maximum(), 0);
+  waitFor([this] { return view().tableFile->horizontalScrollBar()->maximum() > 0; },
+          "a scroll bar");
 }
 
 TEST_F(Browsing, CommandLineFolderIsOpenedAndRemembered) {
