@@ -11,6 +11,7 @@
 #include "app/MainViewParts.h"
 #include "controls/Artwork.h"
 #include "controls/Colors.h"
+#include "controls/ControlsAccessible.h"
 
 namespace {
 
@@ -55,6 +56,7 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
 }  // namespace
 
 MainView::MainView(QWidget* parent) : QWidget(parent) {
+  ControlsAccessible::install();  // before the pop-ups, which are the toolkit's
   QAccessible::installFactory(makeInterface);
   setStyleSheet(lookOfParts());
   auto* const left = new QVBoxLayout;

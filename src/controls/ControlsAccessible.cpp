@@ -29,7 +29,7 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
   if (auto* scale = qobject_cast<GainTickTitle*>(object)) return new ScaleAccessible(*scale);
   if (auto* path = qobject_cast<PathViewer*>(object)) return new PathViewerAccessible(*path);
   auto* popup = qobject_cast<QComboBox*>(object);
-  if (popup != nullptr && !popup->accessibleName().isEmpty()) return new PopupAccessible(*popup);
+  if (popup != nullptr && !popup->isEditable()) return new PopupAccessible(*popup);
   return nullptr;
 }
 

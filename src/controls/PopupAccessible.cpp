@@ -10,7 +10,9 @@ PopupAccessible::PopupAccessible(QComboBox& popup)
     : QAccessibleWidget(&popup, QAccessible::ComboBox), _popup(popup) {}
 
 QString PopupAccessible::text(QAccessible::Text kind) const {
-  const bool isEntry = kind == QAccessible::Value || kind == QAccessible::Description;
+  const bool hasName = !_popup.accessibleName().isEmpty();
+  const bool isEntry = kind == QAccessible::Value || kind == QAccessible::Description ||
+                       (kind == QAccessible::Name && !hasName);
   return isEntry ? _popup.currentText() : QAccessibleWidget::text(kind);
 }
 

@@ -7,8 +7,8 @@
 class QComboBox;
 
 /// A pop-up button for assistive software, named as it is called. The toolkit's own interface takes
-/// the chosen entry for the name. The entry is its value and description, and the one that is
-/// selected in the list below it. Interface thread.
+/// the chosen entry for the name, as this one does where there is no other. The entry is its value
+/// and description, and the one that is selected in the list below it. Interface thread.
 class PopupAccessible : public QAccessibleWidget {
  public:
   explicit PopupAccessible(QComboBox& popup);
