@@ -5,6 +5,7 @@
 
 option(MIXDECK_TESTS "Build the tests" OFF)
 option(MIXDECK_BENCHMARKS "Build the benchmarks" OFF)
+option(MIXDECK_DEVICE_PROBE "Build the device link's probe without the tests" OFF)
 option(MIXDECK_FUZZ "Build the libFuzzer targets (clang only)" OFF)
 option(MIXDECK_COVERAGE "Count the lines that run" OFF)
 set(MIXDECK_BUILD_NUMBER "1" CACHE STRING "Tells builds of one version apart")

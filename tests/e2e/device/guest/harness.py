@@ -7,6 +7,7 @@ The guest's processors are emulated: time-outs are long, and nothing is measured
 
 import json
 import os
+import signal
 import subprocess
 import threading
 import time
@@ -17,13 +18,13 @@ PROBE = os.environ["MIXDECK_LINK_PROBE"]
 PATIENCE = 60.0
 
 
-def until(what, condition, seconds=PATIENCE):
+def until(what, condition, seconds=PATIENCE, pause=0.02):
     """The first true value of `condition`; it fails with `what` after `seconds`."""
     end = time.monotonic() + seconds
     while not (value := condition()):
         if time.monotonic() > end:
             raise AssertionError(f"not in {seconds:.0f} s: {what}")
-        time.sleep(0.02)
+        time.sleep(pause)
     return value
 
 
@@ -77,6 +78,13 @@ class Program:
     def end(self):
         if self._process.poll() is None:
             self.say("quit")
+        return self._ended()
+
+    def interrupt(self):
+        self._process.send_signal(signal.SIGINT)
+        return self._ended()
+
+    def _ended(self):
         status = self._process.wait(PATIENCE)
         self._reader.join(PATIENCE)
         self._process.stdin.close()
