@@ -39,14 +39,13 @@ std::string checkScript(const std::string& simulate) {
 }
 
 CLI::Validator valueOf(std::span<const RecorderChoice> choices) {
-  return CLI::Validator(
-      [choices](const std::string& text) -> std::string {
-        for (const RecorderChoice& choice : choices) {
-          if (text == std::to_string(choice.value)) return "";
-        }
-        return "the recorder does not know the value " + text;
-      },
-      "");
+  const auto check = [choices](const std::string& text) -> std::string {
+    for (const RecorderChoice& choice : choices) {
+      if (text == std::to_string(choice.value)) return "";
+    }
+    return "the recorder does not know the value " + text;
+  };
+  return {check, ""};
 }
 
 // "0 Alkaline, 1 Ni-MH"

@@ -157,10 +157,14 @@ TEST_P(LinkFaultTest, SurvivesRemovalAtEveryStep) {
   }
 }
 
-TEST_P(LinkFaultTest, SurvivesRemovalInTheMiddleOfAnAnswer) {
-  for (std::size_t bytes = 1; bytes < 15; ++bytes) {
+// The handshake's answers have 87 bytes.
+TEST_P(LinkFaultTest, SurvivesRemovalAfterEachByteOfTheHandshake) {
+  for (std::size_t bytes = 1; bytes <= 87; ++bytes) {
+    SCOPED_TRACE(bytes);
     std::size_t left = bytes;
-    bench.recorder.misbehave(RecorderRequest::Identity, RecorderFault::SplitAtEveryByte);
+    for (const RecorderRequest at : handshake()) {
+      bench.recorder.misbehave(at, RecorderFault::SplitAtEveryByte);
+    }
     bench.plugIn();
     const auto source = bench.system->endpoints(MIDIDirection::Source).at(0).reference;
     bench.recorder.plugIn({[&](const auto& piece) {
@@ -169,7 +173,9 @@ TEST_P(LinkFaultTest, SurvivesRemovalInTheMiddleOfAnAnswer) {
                            },
                            [] {}});
     bench.clock->advance(1.5);
+    EXPECT_EQ(left, 0U);
     EXPECT_EQ(bench.manager.state(), 0);
+    EXPECT_FALSE(bench.sequences.isSeqRunning());
     bench.recorder.behave();
     expectHealthy();
     bench.pullOut();

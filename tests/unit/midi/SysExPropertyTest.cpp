@@ -80,6 +80,23 @@ TEST_P(SysExPropertyTest, ArrivesWhereverTheWireIsCut) {
   }
 }
 
+// Two messages in one stream of eleven bytes, in each of the 1024 ways to cut it.
+TEST_P(SysExPropertyTest, ArrivesInEveryWayToCutAShortStream) {
+  const std::vector<Bytes> expected = {{0xF0, 0x52, 0x00, 0x00, 0x00, 0x15, 0xF7},
+                                       {0xF0, 0x01, 0x02, 0xF7}};
+  Bytes stream = expected[0];
+  stream.insert(stream.end(), expected[1].begin(), expected[1].end());
+  for (std::uint32_t cuts = 0; cuts < 1U << (stream.size() - 1); ++cuts) {
+    Bytes piece;
+    for (std::size_t i = 0; i < stream.size(); ++i) {
+      piece.push_back(stream[i]);
+      const bool isCut = i + 1 == stream.size() || (cuts >> i & 1) != 0;
+      if (isCut) receiveWire(std::exchange(piece, {}));
+    }
+    expectArrived(expected, cuts);
+  }
+}
+
 TEST_P(SysExPropertyTest, ArrivesWithRealTimeAnywhere) {
   for (std::uint32_t seed = 0; seed < kRuns; ++seed) {
     std::mt19937 random(seed);
