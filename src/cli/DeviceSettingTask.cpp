@@ -17,7 +17,7 @@ DeviceSettingTask::DeviceSettingTask(Setup setup, Setting setting, std::uint8_t 
 // The record comes again with every message while nothing else runs.
 void DeviceSettingTask::onRecord() {
   if (std::exchange(_isSent, true)) return;
-  const auto done = [this] { acknowledged(); };
+  const auto done = [this] { isAnswered() ? acknowledged() : refuse(); };
   _setting == Setting::BatteryType ? sequences().startChangeBatteryTypeSeq(_value, done)
                                    : sequences().startChangeAutoPowOffSeq(_value, done);
 }

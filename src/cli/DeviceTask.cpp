@@ -58,12 +58,16 @@ void DeviceTask::MIDIManagerConnected() {
   if (length() == Length::UntilInterrupted) {
     _deadline = deadlineIn(_setup.wait.value_or(kUsualWait));
   }
-  _sequences.startConnectSeq([this] {
+  _sequences.startConnectSeq([this] { completed(); });
+  noteStep();
+}
+
+void DeviceTask::completed() {
+  if (_phase == Phase::Asking && isAnswered()) {
     _phase = Phase::Ready;
     if (length() == Length::UntilInterrupted) _deadline = QDeadlineTimer(QDeadlineTimer::Forever);
-    onRecord();
-  });
-  noteStep();
+  }
+  if (_phase == Phase::Ready) onRecord();
 }
 
 // A handshake would wait for ever for the recorder that is gone, and in front of the next one.
@@ -75,11 +79,13 @@ void DeviceTask::MIDIManagerDisconnected() {
 }
 
 void DeviceTask::MIDIManagerReceivedData(const MIDIEventPacket& packet) {
+  _wasRunning = _sequences.isSeqRunning();
   _sequences.receivedMidi(packet);
   noteStep();
 }
 
 void DeviceTask::MIDIManagerReceivedData_iOS13(const MIDIPacket& packet, bool isLast) {
+  _wasRunning = _sequences.isSeqRunning();
   _sequences.receivedMidi_iOS13(packet, isLast);
   noteStep();
 }
@@ -133,13 +139,14 @@ void DeviceTask::end(int status) {
 
 void DeviceTask::fail(std::string_view reason) {
   if (_status) return;
-  fmt::print(stderr, "mixdeck-cli: {}\n", reason);
+  const std::string line = fmt::format("mixdeck-cli: {}\n", reason);
+  std::fputs(line.c_str(), stderr);
   end(Command::kFailed);
 }
 
 bool DeviceTask::say(const std::string& text) {
   const bool isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
   if (isWritten && std::fflush(stdout) == 0) return true;
-  end(Command::kFailed);
+  fail("Cannot write to standard output.");
   return false;
 }

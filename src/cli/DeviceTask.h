@@ -55,6 +55,9 @@ class DeviceTask : public MIDIManagerDelegate {
   /// On standard output at once; false, and the task ends, where it cannot be written.
   bool say(const std::string& text);
 
+  /// In a completion: the sequence ended with this message. One that timed out is completed too,
+  /// but only by the next message, whatever that is.
+  [[nodiscard]] bool isAnswered() const { return _wasRunning; }
   [[nodiscard]] bool asJson() const { return _setup.asJson; }
   [[nodiscard]] MIDISequenceManager& sequences() { return _sequences; }
   [[nodiscard]] static const TARNDeviceInfo& info() {
@@ -73,6 +76,7 @@ class DeviceTask : public MIDIManagerDelegate {
   void MIDIManagerReceivedData_iOS13(const MIDIPacket& packet, bool isLast) override;
   void start();
   void tick();
+  void completed();
   void noteStep();
   void stop();
   void expire();
@@ -82,7 +86,8 @@ class DeviceTask : public MIDIManagerDelegate {
   MIDIManager _manager;
   MIDISequenceManager _sequences;
   Phase _phase = Phase::Absent;
-  std::int64_t _step = 0;  ///< the last that the handshake waited in
+  std::int64_t _step = 0;    ///< the last that the handshake waited in
+  bool _wasRunning = false;  ///< a sequence, before the message that is being handed on
   QDeadlineTimer _deadline;
   std::optional<int> _status;
 };

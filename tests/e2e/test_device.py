@@ -207,6 +207,13 @@ class WatchTest(FollowingCase):
         self.assertEqual(records[1:], [NO_RECORDER, RECORD])
         self.assertEqual(self.interrupt(signal.SIGINT), "")
 
+    def test_a_report_does_not_complete_a_handshake_that_timed_out(self):
+        self.start("watch", "--json", "--simulate=silent@start,report@6,unplug@6.5")
+        records = [json.loads(self.line()) for _ in range(2)]
+        self.assertEqual(records[0]["step"], 4)
+        self.assertEqual(records[1], NO_RECORDER)
+        self.assertEqual(self.interrupt(signal.SIGINT), "")
+
     def test_a_wait_for_a_recorder(self):
         self.start("watch", "--json", "--simulate=unplugged,plug@0.5")
         self.assertEqual(json.loads(self.line()), NO_RECORDER)
@@ -219,6 +226,14 @@ class WatchTest(FollowingCase):
         self.line()
         self.process.stdout.close()
         self.assertEqual(self.process.wait(60), 1)
+        self.assertIn(b"standard output", self.process.stderr.read())
+
+    def test_an_output_that_is_full(self):
+        with open("/dev/full", "wb") as full:
+            done = subprocess.run([CLI, "device", "--simulate"], stdout=full,
+                                  stderr=subprocess.PIPE, timeout=60, check=False)
+        self.assertEqual(done.returncode, 1)
+        self.assertIn(b"standard output", done.stderr)
 
 
 class MonitorTest(FollowingCase):
