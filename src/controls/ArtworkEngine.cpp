@@ -23,12 +23,23 @@ ArtworkEngine::ArtworkEngine(const QString& file)
     : _drawing(std::make_shared<QSvgRenderer>(file)) {}
 
 void ArtworkEngine::paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
-                          QIcon::State /*state*/) {
+                          QIcon::State state) {
+  if (mode == QIcon::Disabled) return paintDimmed(*painter, rect, state);
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
-  if (mode == QIcon::Disabled) painter->setOpacity(painter->opacity() * kDisabledOpacity);
   _drawing->render(painter, fitted(_drawing->viewBoxF().size(), rect));
   painter->restore();
+}
+
+// As one layer: parts of a drawing that lie over each other are not to shine through.
+void ArtworkEngine::paintDimmed(QPainter& painter, const QRect& rect, QIcon::State state) {
+  const double scale = painter.device()->devicePixelRatioF();
+  QPixmap layer = pixmap((QSizeF(rect.size()) * scale).toSize(), QIcon::Normal, state);
+  layer.setDevicePixelRatio(scale);
+  painter.save();
+  painter.setOpacity(painter.opacity() * kDisabledOpacity);
+  painter.drawPixmap(rect.topLeft(), layer);
+  painter.restore();
 }
 
 QPixmap ArtworkEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) {

@@ -21,5 +21,7 @@ class ArtworkEngine : public QIconEngine {
   [[nodiscard]] QIconEngine* clone() const override { return new ArtworkEngine(*this); }
 
  private:
+  void paintDimmed(QPainter& painter, const QRect& rect, QIcon::State state);
+
   std::shared_ptr<QSvgRenderer> _drawing;
 };

@@ -4,10 +4,12 @@
 #include "dialogs/SavePanel.h"
 
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTreeView>
 #include <utility>
 
 namespace {
@@ -30,7 +32,18 @@ SavePanel::SavePanel(const QString& folder, const QString& name, std::filesystem
   setDirectory(folder);
   selectFile(name);
   addMessage();
+  giveRoom();
+}
+
+// All files are of one type; their dates are worth more room.
+void SavePanel::giveRoom() {
   resize(kSize);
+  auto* const files = findChild<QTreeView*>(QStringLiteral("treeView"));
+  if (files == nullptr) return;
+  constexpr int kTypeColumn = 2;
+  files->hideColumn(kTypeColumn);
+  files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  files->header()->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
 // The toolkit's panel has no message of its own; its layout has a place above everything.

@@ -30,6 +30,7 @@ class SavePanel : public QFileDialog {
 
  private:
   void addMessage();
+  void giveRoom();
   void askToReplace(const QString& path);
   void choose(const QString& path, AtomicFile::Existing existing);
 

@@ -180,7 +180,8 @@ class Item:
         """x, y, width, height on the screen."""
         from gi.repository import Atspi
         box = self.accessible.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
-        return box.x, box.y, box.width, box.height
+        scale = self.program.desktop.scale  # the toolkit tells its own pixels
+        return tuple(scale * side for side in (box.x, box.y, box.width, box.height))
 
     def at(self, x=0.5, y=0.5):
         """A point of it on the screen, as shares of its width and height."""
@@ -308,6 +309,18 @@ class Program:
 
     def wait_label(self, text):
         self.wait(lambda: text in self.labels(), f"the text {text!r}")
+
+    def settle(self):
+        """Until two looks at the screen, a tenth of a second apart, show the same; what goes on
+        moving, as a progress bar, is waited for a second."""
+        path = self.desktop.folder / "settling.ppm"
+        before = None
+        for _ in range(10):
+            self.desktop.picture(path)
+            if path.read_bytes() == before:
+                return
+            before = path.read_bytes()
+            time.sleep(0.1)
 
     def hands(self, *arguments):
         subprocess.run(["xdotool", *arguments], env=self.desktop.environment, check=True, timeout=20)

@@ -81,6 +81,14 @@ TEST(Artwork, IsDimmedWhenDisabled) {
   EXPECT_NEAR(255 * 0.35, disabled, 2);
 }
 
+// The triangle is filled and has an edge that lies half over it: one tone when dimmed.
+TEST(Artwork, DimsADrawingAsAWhole) {
+  const QImage image = picture("play_play", 240, 240, QIcon::Disabled);
+  int most = 0;
+  for (int x = 0; x < image.width(); ++x) most = std::max(most, qAlpha(image.pixel(x, 120)));
+  EXPECT_NEAR(255 * 0.35, most, 2);
+}
+
 TEST(Artwork, KeepsItsShapeInTheMiddle) {
   const QImage image = picture("device_j4", 160, 160);
   EXPECT_EQ(0, qAlpha(image.pixel(43, 80)));
