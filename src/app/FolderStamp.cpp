@@ -37,12 +37,14 @@ FolderStamp::FolderStamp(const std::filesystem::path& folder) {
   _isTelling = keepsFolderTimes(folder);
   _device = status.st_dev;
   _inode = status.st_ino;
-  _changed = std::max(nanoseconds(status.st_mtim), nanoseconds(status.st_ctim));
+  _changed = nanoseconds(status.st_mtim);
+  _rightsChanged = nanoseconds(status.st_ctim);
   _taken = nanoseconds(now);
 }
 
 bool FolderStamp::provesUnchangedSince(const FolderStamp& before) const {
   if (!_isTelling || !before._isTelling) return false;
   if (_device != before._device || _inode != before._inode) return false;
+  if (_rightsChanged != before._rightsChanged) return false;
   return _changed == before._changed && before._taken - before._changed > kCoarsest;
 }

@@ -23,5 +23,6 @@ class FolderStamp {
   std::uint64_t _device = 0;
   std::uint64_t _inode = 0;
   std::int64_t _changed = 0;  ///< nanoseconds
+  std::int64_t _rightsChanged = 0;
   std::int64_t _taken = 0;
 };

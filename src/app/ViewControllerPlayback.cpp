@@ -19,7 +19,7 @@ constexpr float kNoSample = -2.0F;
 constexpr double kMostGain = 36.0;
 
 QString text(const std::string& from) {
-  return QString::fromStdString(from);
+  return QString::fromStdString(from).simplified();
 }
 
 }  // namespace

@@ -108,9 +108,6 @@ TEST_F(Browsing, GoesIntoFoldersAndUpAgain) {
 }
 
 TEST_F(Browsing, RootHasNothingAboveIt) {
-  startOnTakes();
-  controller().openFolder("/");
-  end();
   Utility::store(Utility::kLastOpenFolder, "/");
   start();
   EXPECT_EQ(folderName(), "/");

@@ -121,6 +121,17 @@ TEST_F(Folder, IsNotTrustedToBeUnchangedRightAfterAChange) {
   EXPECT_FALSE(FolderHelper(folder.path()).isCurrent());
 }
 
+TEST_F(Folder, IsTrustedToBeUnchangedLaterUntilSomethingHappens) {
+  add("a.wav");
+  makeOld();
+  const FolderHelper helper(folder.path());
+  EXPECT_TRUE(helper.isCurrent());
+  add("b.wav");
+  EXPECT_FALSE(helper.isCurrent());
+  makeOld();
+  EXPECT_FALSE(helper.isCurrent()) << "put back, but not at the same moment";
+}
+
 TEST_F(Folder, AnswersWithWhatIsKnownWhereNothingHasChanged) {
   add("a.wav");
   const auto known = std::make_shared<const FolderHelper>(folder.path());

@@ -1,0 +1,132 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "support/SlowReads.h"
+
+#include <dlfcn.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <mutex>
+#include <thread>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::size_t kPiece = 1 << 16;
+
+struct Medium {
+  std::mutex mutex;
+  std::string folder;
+  Clock::time_point free;  ///< when the medium has done what was asked of it
+  std::atomic<std::uint64_t> rate{0};
+  std::atomic<bool> isActive{false};
+  std::atomic<bool> isGone{false};
+};
+
+// Never destroyed: reads may come from threads that outlive everything.
+Medium& medium() {
+  static auto* const kOnly = new Medium;
+  return *kOnly;
+}
+
+const bool kIsPreloaded = [] {
+  const char* const folder = std::getenv("MIXDECK_SLOW_FOLDER");
+  const char* const rate = std::getenv("MIXDECK_SLOW_RATE");
+  if (folder != nullptr && rate != nullptr)
+    SlowReads::limit(folder, std::strtoull(rate, nullptr, 10));
+  return folder != nullptr;
+}();
+
+bool isOnMedium(int file) {
+  Medium& all = medium();
+  if (!all.isActive) return false;
+  std::array<char, 4096> path{};
+  const std::string link = "/proc/self/fd/" + std::to_string(file);
+  const ssize_t length = readlink(link.c_str(), path.data(), path.size());
+  const std::lock_guard lock(all.mutex);
+  return length > 0 && std::string_view(path.data(), static_cast<std::size_t>(length))
+                           .starts_with(all.folder + "/");
+}
+
+void waitFor(std::size_t bytes) {
+  Medium& all = medium();
+  if (all.rate == 0) return;
+  Clock::time_point done;
+  {
+    const std::lock_guard lock(all.mutex);
+    const std::chrono::duration<double> taken(static_cast<double>(bytes) /
+                                              static_cast<double>(all.rate));
+    all.free =
+        std::max(all.free, Clock::now()) + std::chrono::duration_cast<Clock::duration>(taken);
+    done = all.free;
+  }
+  std::this_thread::sleep_until(done);
+}
+
+// Piece by piece, so that readers take turns as at a real medium.
+template <class Real>
+ssize_t slowly(int file, std::byte* to, std::size_t count, Real real) {
+  if (!isOnMedium(file)) return real(to, count, 0);
+  std::size_t done = 0;
+  while (done < count) {
+    if (medium().isGone) {
+      errno = EIO;
+      return -1;
+    }
+    const ssize_t got = real(to + done, std::min(kPiece, count - done), done);
+    if (got <= 0) return done > 0 ? static_cast<ssize_t>(done) : got;
+    waitFor(static_cast<std::size_t>(got));
+    done += static_cast<std::size_t>(got);
+  }
+  return static_cast<ssize_t>(done);
+}
+
+template <class Function>
+Function next(const char* name) {
+  return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
+}
+
+}  // namespace
+
+void SlowReads::limit(const std::string& folder, std::uint64_t bytesPerSecond) {
+  Medium& all = medium();
+  const std::lock_guard lock(all.mutex);
+  all.folder = folder;
+  all.free = Clock::now();
+  all.rate = bytesPerSecond;
+  all.isGone = false;
+  all.isActive = true;
+}
+
+void SlowReads::pullOut() {
+  medium().isGone = true;
+}
+
+void SlowReads::reset() {
+  medium().isActive = false;
+}
+
+extern "C" {
+
+ssize_t read(int file, void* to, size_t count) {
+  static const auto kReal = next<ssize_t (*)(int, void*, size_t)>("read");
+  return slowly(
+      file, static_cast<std::byte*>(to), count,
+      [&](std::byte* at, std::size_t wanted, std::size_t) { return kReal(file, at, wanted); });
+}
+
+ssize_t pread64(int file, void* to, size_t count, off64_t offset) {
+  static const auto kReal = next<ssize_t (*)(int, void*, size_t, off64_t)>("pread64");
+  return slowly(file, static_cast<std::byte*>(to), count,
+                [&](std::byte* at, std::size_t wanted, std::size_t done) {
+                  return kReal(file, at, wanted, offset + static_cast<off64_t>(done));
+                });
+}
+}

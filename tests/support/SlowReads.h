@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+/// Makes the reads of files under one folder as slow as a medium, or fail as those of one that was
+/// pulled out. A shared library that stands before the C library; linked, or preloaded with
+/// MIXDECK_SLOW_FOLDER and MIXDECK_SLOW_RATE (bytes per second) in the environment. Any thread.
+class SlowReads {
+ public:
+  /// All readers share the rate, piece by piece; nothing is cached. 0 is full speed.
+  static void limit(const std::string& folder, std::uint64_t bytesPerSecond);
+  /// Every read from now on fails with an input/output error.
+  static void pullOut();
+  static void reset();
+};

@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/FolderLister.h"
+
+#include <gmock/gmock.h>
+
+#include <QCoreApplication>
+#include <QTimer>
+#include <vector>
+
+#include "support/TemporaryFolder.h"
+
+namespace {
+
+class Lister : public testing::Test {
+ protected:
+  /// Runs the event loop until the condition holds.
+  template <class Condition>
+  void runUntil(Condition condition) {
+    QTimer deadline;
+    deadline.setSingleShot(true);
+    deadline.start(std::chrono::seconds(20));
+    while (!condition() && deadline.isActive()) {
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    EXPECT_TRUE(condition());
+  }
+  [[nodiscard]] FolderLister::Question about(const TemporaryFolder& place) const {
+    return {place.path(), other.path(), answers.empty() ? nullptr : answers.back().listing};
+  }
+  [[nodiscard]] std::size_t rows() const { return answers.back().listing->files().size(); }
+
+  int count = 1;
+  char name[5] = "test";
+  char* arguments[2] = {name, nullptr};
+  QCoreApplication application{count, arguments};
+  TemporaryFolder folder;
+  TemporaryFolder other;
+  std::vector<FolderLister::Answer> answers;
+  FolderLister lister{[this](const FolderLister::Answer& answer) { answers.push_back(answer); }};
+};
+
+TEST_F(Lister, AnswersFromTheEventLoop) {
+  folder.file("a.wav", {});
+  lister.list(about(folder));
+  EXPECT_TRUE(answers.empty());
+  runUntil([this] { return !answers.empty(); });
+  EXPECT_EQ(answers[0].listing->folderPath(), folder.path());
+  EXPECT_EQ(rows(), 1U);
+  EXPECT_FALSE(answers[0].isSame);
+}
+
+TEST_F(Lister, LooksAgainWhereItWasAskedMeanwhile) {
+  lister.list(about(folder));
+  folder.file("late.wav", {});
+  lister.list(about(folder));
+  runUntil([this] { return answers.size() == 2; });
+  EXPECT_EQ(rows(), 1U);
+}
+
+TEST_F(Lister, GivesUpTheFolderThatIsNoLongerWanted) {
+  lister.list(about(folder));
+  lister.list(about(other));
+  runUntil([this] { return !answers.empty(); });
+  QCoreApplication::processEvents();
+  ASSERT_EQ(answers.size(), 1U);
+  EXPECT_EQ(answers[0].listing->folderPath(), other.path());
+}
+
+TEST_F(Lister, KeepsUpWithAFolderThatChangesAllTheTime) {
+  constexpr int kFiles = 100;
+  for (int i = 0; i < kFiles; ++i) {
+    folder.file(std::to_string(i) + ".wav", {});
+    lister.list(about(folder));
+    if (i % 3 == 0) QCoreApplication::processEvents();
+  }
+  runUntil([this] { return !answers.empty() && rows() == kFiles; });
+}
+
+TEST_F(Lister, MayGoWhileItLists) {
+  for (int i = 0; i < 50; ++i) {
+    FolderLister brief([](const FolderLister::Answer&) { FAIL() << "nobody is there any more"; });
+    brief.list(about(folder));
+  }
+  QCoreApplication::processEvents();
+}
+
+TEST_F(Lister, TellsWhetherAnythingChanged) {
+  folder.file("a.wav", {});
+  lister.list(about(folder));
+  runUntil([this] { return answers.size() == 1; });
+  lister.list(about(folder));
+  runUntil([this] { return answers.size() == 2; });
+  EXPECT_TRUE(answers[1].isSame);
+}
+
+}  // namespace
