@@ -75,6 +75,7 @@ void DeviceTask::MIDIManagerDisconnected() {
   _phase = Phase::Absent;
   _sequences.forceStopSeq();
   if (length() == Length::UntilInterrupted) _deadline = QDeadlineTimer(QDeadlineTimer::Forever);
+  if (!_setup.unavailable().empty()) warn(_setup.unavailable());
   onLost();
 }
 
@@ -139,9 +140,13 @@ void DeviceTask::end(int status) {
 
 void DeviceTask::fail(std::string_view reason) {
   if (_status) return;
+  warn(reason);
+  end(Command::kFailed);
+}
+
+void DeviceTask::warn(std::string_view reason) {
   const std::string line = fmt::format("mixdeck-cli: {}\n", reason);
   std::fputs(line.c_str(), stderr);
-  end(Command::kFailed);
 }
 
 bool DeviceTask::say(const std::string& text) {

@@ -77,6 +77,7 @@ class DeviceTask : public MIDIManagerDelegate {
   void start();
   void tick();
   void completed();
+  static void warn(std::string_view reason);
   void noteStep();
   void stop();
   void expire();
