@@ -66,11 +66,11 @@ class Desktop:
         bus = self.folder / "run/bus"
         self.address = f"unix:path={bus}"
         self._start_display()  # first: what the bus starts wants to know the display
-        self._spawn("dbus-daemon", "--session", "--nofork", "--nopidfile",
+        self.spawn("dbus-daemon", "--session", "--nofork", "--nopidfile",
                     f"--address={self.address}")
         wait_for(bus.exists, "the session bus")
         (self.folder / "openbox.xml").write_text(OPENBOX)
-        self._spawn("openbox", "--sm-disable", "--config-file", f"{self.folder}/openbox.xml")
+        self.spawn("openbox", "--sm-disable", "--config-file", f"{self.folder}/openbox.xml")
         wait_for(lambda: "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
                  "the window manager")
         self._start_accessibility()
@@ -78,7 +78,7 @@ class Desktop:
     def _start_display(self):
         reading, writing = os.pipe()
         width, height = (side * self.scale for side in self.size)
-        self._spawn("Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24",
+        self.spawn("Xvfb", "-displayfd", str(writing), "-screen", "0", f"{width}x{height}x24",
                     "-dpi", "96", "-nolisten", "tcp", "-noreset", keep=writing)
         os.close(writing)
         with os.fdopen(reading) as pipe:
@@ -105,7 +105,8 @@ class Desktop:
             "QT_QPA_PLATFORM": "xcb", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
             "QT_SCALE_FACTOR": str(self.scale)}
 
-    def _spawn(self, *command, keep=None):
+    def spawn(self, *command, keep=None):
+        """Starts a service that ends with the desktop."""
         with open(self.folder / "services.log", "ab") as log:
             process = subprocess.Popen(
                 ["setpriv", "--pdeathsig", "KILL", *command], stdin=subprocess.DEVNULL, stdout=log,
