@@ -22,8 +22,8 @@ constexpr int kTickMilliseconds = 20;
 constexpr double kUsualWait = 5.5;
 
 QDeadlineTimer deadlineIn(double seconds) {
-  return QDeadlineTimer(
-      std::chrono::round<std::chrono::milliseconds>(std::chrono::duration<double>(seconds)));
+  const std::chrono::duration<double> exact(seconds);
+  return {std::chrono::round<std::chrono::milliseconds>(exact)};
 }
 
 }  // namespace
