@@ -71,7 +71,9 @@ std::string RecorderProgram::start() {
 std::unique_ptr<CableEnd> RecorderProgram::makeCable() {
   CableEnd::Told told{[this] { pluggedIn(); }, [this] { pulledOut(); },
                       [this](std::span<const std::uint8_t> bytes) { received(bytes); }};
-  if (_options.device.empty()) return std::make_unique<SequencerEnd>(_options.portName, told);
+  if (_options.device.empty()) {
+    return std::make_unique<SequencerEnd>(_options.portName, _options.sendsWhole, told);
+  }
   const auto content =
       _options.hasWords ? RawDeviceEnd::Content::Words : RawDeviceEnd::Content::Bytes;
   return std::make_unique<RawDeviceEnd>(_options.device, content, told);

@@ -16,10 +16,11 @@ class QSocketNotifier;
 /// What the program was asked to be.
 struct RecorderOptions {
   std::string portName = "J4 TARN";
-  std::string device;      ///< a raw MIDI device file; empty: a port of the sequencer
-  bool hasWords = false;   ///< the file carries Universal MIDI Packets
-  double reportEvery = 0;  ///< seconds; 0: only when asked to
-  bool logs = false;       ///< every message as a line of JSON
+  std::string device;       ///< a raw MIDI device file; empty: a port of the sequencer
+  bool sendsWhole = false;  ///< to the sequencer: one event a message, however long
+  bool hasWords = false;    ///< the file carries Universal MIDI Packets
+  double reportEvery = 0;   ///< seconds; 0: only when asked to
+  bool logs = false;        ///< every message as a line of JSON
   std::vector<std::string> words;
 };
 

@@ -17,8 +17,8 @@ constexpr const char* kClientName = "mixdeck-recorder-sim";
 
 }  // namespace
 
-SequencerEnd::SequencerEnd(std::string portName, Told told)
-    : CableEnd(std::move(told)), _portName(std::move(portName)) {}
+SequencerEnd::SequencerEnd(std::string portName, bool sendsWhole, Told told)
+    : CableEnd(std::move(told)), _portName(std::move(portName)), _sendsWhole(sendsWhole) {}
 
 SequencerEnd::~SequencerEnd() = default;
 
@@ -56,10 +56,17 @@ void SequencerEnd::pullOut() {
 }
 
 void SequencerEnd::transmit(std::span<const std::uint8_t> bytes) {
+  if (_sendsWhole) {
+    send({bytes.begin(), bytes.end()});
+    return;
+  }
+  for (auto& piece : _reader.feed(bytes)) send(std::move(piece));
+}
+
+void SequencerEnd::send(std::vector<std::uint8_t> bytes) {
   if (_port < 0) return;
-  _output->send({static_cast<std::uint8_t>(_port),
-                 AlsaSequencer::subscribers(),
-                 {{bytes.begin(), bytes.end()}, {}}});
+  const auto port = static_cast<std::uint8_t>(_port);
+  _output->send({port, AlsaSequencer::subscribers(), {std::move(bytes), {}}});
 }
 
 void SequencerEnd::readable() {

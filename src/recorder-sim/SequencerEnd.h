@@ -4,18 +4,22 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "midi/QtMIDIClock.h"
+#include "midi/memory/MIDIWireReader.h"
 #include "recorder-sim/CableEnd.h"
 
 class AlsaOutput;
 class AlsaSequencer;
 class QSocketNotifier;
 
-/// A port of the ALSA sequencer, which anyone may connect to.
+/// A port of the ALSA sequencer, which anyone may connect to. It sends as drivers of devices do:
+/// message by message, what is long in pieces of at most 256 bytes, only real-time bytes are left
+/// out. If wished so it sends all that it gets at once, as it is, in one event.
 class SequencerEnd final : public CableEnd {
  public:
-  SequencerEnd(std::string portName, Told told);
+  SequencerEnd(std::string portName, bool sendsWhole, Told told);
   ~SequencerEnd() override;
 
   std::string plugIn() override;
@@ -24,10 +28,13 @@ class SequencerEnd final : public CableEnd {
 
  private:
   std::string open();
+  void send(std::vector<std::uint8_t> bytes);
   void readable();
 
   std::string _portName;
+  bool _sendsWhole;
   int _port = -1;
+  MIDIWireReader _reader;
   QtMIDIClock _clock;
   std::unique_ptr<AlsaSequencer> _sequencer;
   std::unique_ptr<AlsaOutput> _output;

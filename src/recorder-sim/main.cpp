@@ -27,9 +27,11 @@ constexpr const char* kFooter =
 void declare(CLI::App& program, RecorderOptions& options) {
   auto* name =
       program.add_option("--name", options.portName, "The port's name")->capture_default_str();
+  auto* whole = program.add_flag("--whole", options.sendsWhole,
+                                 "Send what goes out at once as one event, however long");
   auto* device = program.add_option("--device", options.device,
                                     "Serve a raw MIDI device file instead, whenever it is there");
-  device->excludes(name);
+  device->excludes(name)->excludes(whole);
   program.add_flag("--ump", options.hasWords, "The file carries Universal MIDI Packets")
       ->needs(device);
   program.add_option("--report-every", options.reportEvery, "Send a card report every S seconds")

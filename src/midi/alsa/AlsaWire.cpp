@@ -18,15 +18,21 @@ AlsaEvent::Announcement announcementOf(snd_seq_event_type_t type) {
   return isOther ? Other : None;
 }
 
+/// Whole, and no SysEx message or part of one.
+bool isShortMessage(const std::vector<std::uint8_t>& bytes) {
+  return !bytes.empty() && bytes[0] >= 0x80 && bytes[0] != 0xF0 && bytes[0] != 0xF7 &&
+         bytes.size() <= 3;
+}
+
 /// Carries pieces of a MIDI 1.0 byte stream.
 class AlsaByteWire final : public AlsaWire {
  public:
   explicit AlsaByteWire(snd_seq_t* sequencer) : _sequencer(sequencer) {
-    if (snd_midi_event_new(kLongestShortMessage, &_decoder) < 0) _decoder = nullptr;
-    if (_decoder != nullptr) snd_midi_event_no_status(_decoder, 1);
+    if (snd_midi_event_new(kLongestShortMessage, &_coder) < 0) _coder = nullptr;
+    if (_coder != nullptr) snd_midi_event_no_status(_coder, 1);
   }
   ~AlsaByteWire() override {
-    if (_decoder != nullptr) snd_midi_event_free(_decoder);
+    if (_coder != nullptr) snd_midi_event_free(_coder);
   }
 
   [[nodiscard]] MIDIPacketKind kind() const override { return MIDIPacketKind::BytePackets; }
@@ -44,31 +50,41 @@ class AlsaByteWire final : public AlsaWire {
   int write(std::uint8_t port, AlsaAddress to, const AlsaPayload& payload) override {
     snd_seq_event_t raw;
     snd_seq_ev_clear(&raw);
+    isShortMessage(payload.bytes) ? encode(payload.bytes, raw) : refer(payload.bytes, raw);
     snd_seq_ev_set_source(&raw, port);
     snd_seq_ev_set_dest(&raw, to.client, to.port);
     snd_seq_ev_set_direct(&raw);
-    raw.type = SND_SEQ_EVENT_SYSEX;
-    raw.flags = SND_SEQ_EVENT_LENGTH_VARIABLE;
-    raw.data.ext.len = static_cast<unsigned>(payload.bytes.size());
-    // Only read from: the sequencer's record has no other pointer.
-    raw.data.ext.ptr = const_cast<std::uint8_t*>(payload.bytes.data());
     return snd_seq_event_output_direct(_sequencer, &raw);
   }
 
  private:
+  void encode(const std::vector<std::uint8_t>& bytes, snd_seq_event_t& raw) const {
+    if (_coder == nullptr) return;
+    snd_midi_event_reset_encode(_coder);
+    snd_midi_event_encode(_coder, bytes.data(), static_cast<long>(bytes.size()), &raw);
+  }
+
+  static void refer(const std::vector<std::uint8_t>& bytes, snd_seq_event_t& raw) {
+    raw.type = SND_SEQ_EVENT_SYSEX;
+    raw.flags = SND_SEQ_EVENT_LENGTH_VARIABLE;
+    raw.data.ext.len = static_cast<unsigned>(bytes.size());
+    // Only read from: the sequencer's record has no other pointer.
+    raw.data.ext.ptr = const_cast<std::uint8_t*>(bytes.data());
+  }
+
   [[nodiscard]] std::vector<std::uint8_t> bytesOf(const snd_seq_event_t& raw) const {
     if (raw.type == SND_SEQ_EVENT_SYSEX) {
       const auto* bytes = static_cast<const std::uint8_t*>(raw.data.ext.ptr);
       return {bytes, bytes + raw.data.ext.len};
     }
     std::array<std::uint8_t, kLongestShortMessage> bytes{};
-    if (_decoder == nullptr || snd_seq_ev_is_variable(&raw)) return {};
-    const long size = snd_midi_event_decode(_decoder, bytes.data(), bytes.size(), &raw);
+    if (_coder == nullptr || snd_seq_ev_is_variable(&raw)) return {};
+    const long size = snd_midi_event_decode(_coder, bytes.data(), bytes.size(), &raw);
     return {bytes.begin(), bytes.begin() + std::max(size, 0L)};
   }
 
   snd_seq_t* _sequencer;
-  snd_midi_event_t* _decoder = nullptr;
+  snd_midi_event_t* _coder = nullptr;
 };
 
 }  // namespace

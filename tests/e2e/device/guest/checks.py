@@ -44,6 +44,10 @@ class Link(unittest.TestCase):
         self.recorder.skip()
         self.recorder.say(line)
 
+    def go_wrong(self, fault):
+        for request in STEPS:
+            self.recorder.say(f"{fault}@{request}")
+
     def check_settings(self):
         for what, code in (("battery", 2), ("auto-power-off", 3), ("battery", 0), ("auto-power-off", 1)):
             self.link.skip()
@@ -126,7 +130,8 @@ class T2Sequencer(Link):
     @classmethod
     def setUpClass(cls):
         cls.link = probe()
-        cls.recorder = recorder()
+        # One event of 15,000 bytes is more than fits a client's usual pool.
+        cls.recorder = recorder() if HAS_UMP else recorder("--whole")
 
     @classmethod
     def tearDownClass(cls):
@@ -181,8 +186,7 @@ class T2Sequencer(Link):
     def test_7_odd_ways_to_answer(self):
         for fault in ("split", "merged", "interleaved"):
             with self.subTest(fault):
-                for request in STEPS:
-                    self.recorder.say(f"{fault}@{request}")
+                self.go_wrong(fault)
                 self.says("plug")
                 self.assertEqual(self.connects(), RECORD)
                 self.recorder.say("behave")
@@ -200,7 +204,8 @@ class T3Usb(Link):
         cls.link = probe()
         cls.link.wait(event="availability")
         # There before the device: a recorder answers from the first moment.
-        cls.recorder = recorder("--device", next_usb_device())
+        words = ("--ump",) if HAS_UMP else ()
+        cls.recorder = recorder("--device", next_usb_device(HAS_UMP), *words)
 
     @classmethod
     def tearDownClass(cls):
@@ -208,7 +213,7 @@ class T3Usb(Link):
         cls.link.end()
 
     def plug(self):
-        usb("plug", self.NAME)
+        usb("plug2" if HAS_UMP else "plug", self.NAME)
         self.recorder.wait(event="plugged in")
 
     def unplug(self):
@@ -241,12 +246,18 @@ class T3Usb(Link):
                 self.assertEqual(self.link.wait(event="disconnected")["step"], step)
                 self.assertEqual(self.link.unseen(event="record"), [])
                 self.says("behave")
-        self.plug()
-        self.assertEqual(self.connects(), RECORD)
-        self.unplug()
-        self.link.wait(event="disconnected")
 
-    def test_6_an_unrelated_device_comes_and_goes(self):
+    def test_6_odd_ways_to_answer(self):
+        for fault in ("split", "merged", "interleaved"):
+            with self.subTest(fault):
+                self.go_wrong(fault)
+                self.plug()
+                self.assertEqual(self.connects(), RECORD)
+                self.says("behave")
+                self.unplug()
+                self.link.wait(event="disconnected")
+
+    def test_7_an_unrelated_device_comes_and_goes(self):
         player = recorder()
         self.connects()
         self.link.skip()

@@ -1,6 +1,10 @@
 # SPDX-FileCopyrightText: 2026 The Mixdeck developers
 # SPDX-License-Identifier: MIT
-"""A display that nobody sees and an accessibility bus, for as long as the guest lives."""
+"""A display that nobody sees, an accessibility bus, and eyes.
+
+Less than tests/support/desktop.py has, which is made for real processors: no window manager, no
+hands, and few looks.
+"""
 
 import os
 import subprocess

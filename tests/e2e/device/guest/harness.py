@@ -112,12 +112,12 @@ def usb(*words):
     return done.stdout.strip()
 
 
-def next_usb_device():
+def next_usb_device(has_ump=False):
     """The file that the far end of the next emulated device will have: its card comes first."""
     with open("/proc/asound/cards", encoding="utf-8") as cards:
         taken = {line.split()[0] for line in cards if line[:3].strip().isdigit()}
     card = next(number for number in range(32) if str(number) not in taken)
-    return f"/dev/snd/midiC{card}D0"
+    return f"/dev/snd/{'ump' if has_ump else 'midi'}C{card}D0"
 
 
 def numbered(length):
