@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
@@ -25,16 +26,27 @@ constexpr mode_t kPrivate = 0600;
 constexpr std::size_t kMostBytes = 1 << 20;  // far above what two keys can need
 constexpr int kMostLinks = 40;
 constexpr auto kLockPatience = std::chrono::milliseconds(500);
-constexpr auto kLockPoll = std::chrono::milliseconds(5);
+constexpr auto kMostLockPatience = std::chrono::seconds(3);
+constexpr auto kLockPoll = std::chrono::milliseconds(1);
 
-/// Holds a lock file; goes on without it where that cannot be had.
+/// Tells one state of a file from the next: each save makes a new file.
+ino_t stateOf(const fs::path& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 ? status.st_ino : 0;
+}
+
+/// Holds the lock beside a settings file. A program that hangs on it is not waited for: after half
+/// a second in which nobody saved it goes on without, after three in any case.
 class FileLock {
  public:
-  explicit FileLock(const fs::path& path)
-      : _file(open(path.c_str(), O_CREAT | O_RDWR | O_CLOEXEC, kPrivate)) {
-    const auto end = std::chrono::steady_clock::now() + kLockPatience;
-    while (_file >= 0 && flock(_file, LOCK_EX | LOCK_NB) != 0 &&
-           std::chrono::steady_clock::now() < end) {
+  explicit FileLock(const fs::path& settings)
+      : _file(open((settings.native() + ".lock").c_str(), O_CREAT | O_RDWR | O_CLOEXEC, kPrivate)) {
+    const auto start = Clock::now();
+    auto patience = start + kLockPatience;
+    for (ino_t seen = stateOf(settings); _file >= 0 && flock(_file, LOCK_EX | LOCK_NB) != 0;) {
+      const ino_t now = stateOf(settings);
+      if (std::exchange(seen, now) != now) patience = Clock::now() + kLockPatience;
+      if (Clock::now() > std::min(patience, start + kMostLockPatience)) return;
       std::this_thread::sleep_for(kLockPoll);
     }
   }
@@ -45,6 +57,8 @@ class FileLock {
   }
 
  private:
+  using Clock = std::chrono::steady_clock;
+
   int _file;
 };
 
@@ -118,7 +132,7 @@ std::optional<std::string> SettingsFile::get(const std::string& key) const {
   if (!fs::exists(fs::symlink_status(_path, error))) return std::nullopt;
   auto values = load();
   if (!values) {
-    const FileLock lock(with(_path, ".lock"));
+    const FileLock lock(_path);
     values = loadOrSetAside();
   }
   const auto found = values->find(key);
@@ -128,7 +142,7 @@ std::optional<std::string> SettingsFile::get(const std::string& key) const {
 bool SettingsFile::set(const std::string& key, const std::string& value) const {
   std::error_code error;
   fs::create_directories(_path.parent_path(), error);
-  const FileLock lock(with(_path, ".lock"));
+  const FileLock lock(_path);
   SettingsText::Values values = loadOrSetAside();
   values[key] = value;
   return save(values);
