@@ -11,10 +11,6 @@
 
 namespace {
 
-QString tr(const char* text) {
-  return QCoreApplication::translate("ExportVC", text);
-}
-
 QString sizeOf(std::uint64_t bytes) {
   return QLocale().formattedDataSize(static_cast<qint64>(bytes), 1, QLocale::DataSizeSIFormat);
 }
@@ -38,12 +34,12 @@ QString ExportFacts::proposedName() const {
 }
 
 QString ExportFacts::widthText() const {
-  if (!isRawMidSide) return tr("Channels as recorded");
+  if (!isRawMidSide) return QCoreApplication::translate("ExportFacts", "Channels as recorded");
   return QStringLiteral("%1°").arg(WaveFileReader::wholeAngle(angle));
 }
 
 QString ExportFacts::gainText(bool isNormalized) const {
-  if (isNormalized) return tr("To full scale");
+  if (isNormalized) return QCoreApplication::translate("ExportFacts", "To full scale");
   return QStringLiteral("%1%2 dB").arg(gain > 0 ? QStringLiteral("+") : QString()).arg(gain);
 }
 
@@ -54,10 +50,11 @@ QString ExportFacts::sizeText(bool is24bit) const {
 QString ExportFacts::warning(bool is24bit) const {
   const std::uint64_t size = is24bit ? size24 : size32;
   if (size > std::numeric_limits<std::uint32_t>::max()) {
-    return tr("Too long: a WAVE file ends at 4 GiB");
+    return QCoreApplication::translate("ExportFacts", "Too long: a WAVE file ends at 4 GiB");
   }
   std::error_code error;
   const auto space = std::filesystem::space(folder, error);
   if (error || space.available >= size) return {};
-  return tr("Only %1 free in this folder").arg(sizeOf(space.available));
+  return QCoreApplication::translate("ExportFacts", "Only %1 free in this folder")
+      .arg(sizeOf(space.available));
 }
