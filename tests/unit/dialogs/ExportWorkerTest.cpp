@@ -37,6 +37,14 @@ class ExportWorkerTest : public testing::Test {
   static void waitFor(const ExportWorker& worker) {
     while (!worker.isFinished()) std::this_thread::yield();
   }
+  static void expectWritten(const ExportOrder& order) {
+    const ExportWorker worker(order);
+    waitFor(worker);
+    EXPECT_TRUE(worker.isWritten()) << worker.failure();
+    EXPECT_FALSE(worker.wasCancelled());
+    EXPECT_EQ("", worker.failure());
+    EXPECT_EQ(1.0, worker.done());
+  }
   static void waitForBegin(const ExportWorker& worker) {
     while (worker.done() == 0.0 && !worker.isFinished()) std::this_thread::yield();
   }
@@ -56,12 +64,7 @@ TEST_F(ExportWorkerTest, WritesWhatAJobWithTheSameSettingsWrites) {
       order.is24bit = is24bit;
       order.isNormalized = isNormalized;
       order.existing = AtomicFile::Existing::Replace;
-      const ExportWorker worker(order);
-      waitFor(worker);
-      EXPECT_TRUE(worker.isWritten()) << worker.failure();
-      EXPECT_FALSE(worker.wasCancelled());
-      EXPECT_EQ("", worker.failure());
-      EXPECT_EQ(1.0, worker.done());
+      expectWritten(order);
       Export job(order.source);
       job.setGain(order.gain);
       job.setAngle(order.angle);
