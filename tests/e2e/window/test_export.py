@@ -141,6 +141,23 @@ class ExportTest(Case):
         self.assertIsNone(program.look("dialog"))
         self.assertEqual(sorted(path.name for path in self.takes.iterdir()), ["R0001.WAV"])
 
+    def test_another_take_may_be_opened_meanwhile(self):
+        self.long_take("R0001.WAV", 12000)
+        self.take("R0002.WAV")
+        program = self.loaded()
+        self.open_dialog(program)
+        self.save(program)
+        bar = program.find("progress bar", "Progress")
+        program.find("list item", "R0002.WAV").double_click()
+        program.wait_label("R0002.WAV")
+        done = bar.value
+        program.wait(lambda: bar.value > done, "progress")
+        self.assertIn("Exporting R0001.WAV", program.labels())
+        program.find("push button", "Export").click()  # shows the one that runs
+        self.assertIsNone(program.look("radio button"))
+        program.find("push button", "Cancel").click()
+        program.wait_gone("progress bar", "Progress")
+
     def test_the_end_asks_while_an_export_runs(self):
         self.long_take("R0001.WAV", 12000)
         program = self.loaded()
