@@ -24,6 +24,17 @@ struct AlsaMIDISystem::Port {
     MIDIWireReader reader;
   };
 
+  /// The connected source that an event from `address` belongs to, or none. A UMP device that was
+  /// connected as a whole sends from its groups' ports.
+  Heard* hearing(AlsaAddress address) {
+    Heard* found = nullptr;
+    for (auto& [source, each] : heard) {
+      if (each.address == address) return &each;
+      if (each.address.client == address.client) found = &each;
+    }
+    return found;
+  }
+
   MIDIObjectRef client = 0;
   MIDIDirection direction = MIDIDirection::Source;
   std::uint8_t number = 0;
@@ -150,9 +161,7 @@ void AlsaMIDISystem::tell(std::int32_t messageID) {
 AlsaMIDISystem::Port* AlsaMIDISystem::listener(const AlsaEvent& event) {
   for (const auto& [reference, port] : _ports) {
     const bool isIt = port->direction == MIDIDirection::Source && port->number == event.port;
-    for (const auto& [source, heard] : port->heard) {
-      if (isIt && heard.address == event.source) return port.get();
-    }
+    if (isIt && port->hearing(event.source) != nullptr) return port.get();
   }
   return nullptr;
 }
@@ -160,10 +169,7 @@ AlsaMIDISystem::Port* AlsaMIDISystem::listener(const AlsaEvent& event) {
 void AlsaMIDISystem::deliverBytes(const AlsaEvent& event) {
   Port* port = listener(event);
   if (port == nullptr) return;
-  std::vector<MIDIWireReader::Piece> pieces;
-  for (auto& [source, heard] : port->heard) {
-    if (heard.address == event.source) pieces = heard.reader.feed(event.payload.bytes);
-  }
+  const auto pieces = port->hearing(event.source)->reader.feed(event.payload.bytes);
   for (const auto& piece : pieces) {
     const MIDIPacket packet{_options.clock->hostTime(), piece};
     hand(event, MIDIPacketList(&packet, 1));
