@@ -134,7 +134,7 @@ class GoingServerTest(Case):
                                   stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
         time.sleep(0.4)  # the slowness itself
         self.server.send(signal.SIGCONT)
-        self.assertEqual(player.communicate(timeout=20)[1], "")
+        self.assertNotIn("The sound", player.communicate(timeout=20)[1])
         self.assertEqual(player.returncode, 0)
 
     def test_the_sink_is_removed(self):
