@@ -11,6 +11,7 @@
 #include <QWidget>
 
 #include "app/ElidedButton.h"
+#include "app/ElidedLabel.h"
 #include "app/FileList.h"
 #include "app/ImageView.h"
 #include "app/StatusLine.h"
@@ -43,7 +44,7 @@ class MainView : public QWidget {
   QToolButton* btnOpenFolder = nullptr;
   FileList* tableFile = nullptr;
 
-  QLabel* lblFileName = nullptr;
+  ElidedLabel* lblFileName = nullptr;
   QLabel* lblFormat = nullptr;  ///< what the file holds, in a few words
   QPushButton* btnExport = nullptr;
   QToolButton* btnMenu = nullptr;

@@ -52,8 +52,7 @@ QWidget* MainView::makePlayerPane() {
 }
 
 QLayout* MainView::makeHeader() {
-  lblFileName = MainViewParts::label(viewRightBG, "title");
-  lblFileName->setMinimumWidth(0);
+  lblFileName = MainViewParts::label<ElidedLabel>(viewRightBG, "title");
   lblFormat = MainViewParts::label(viewRightBG, "dim");
   auto* const words = new QVBoxLayout;
   words->setContentsMargins(0, 2, 0, 0);
@@ -154,6 +153,7 @@ QLayout* MainView::makeTransport() {
   btnPlayPause->setObjectName(QStringLiteral("btnPlayPause"));
   lblStatus = new StatusLine(viewRightBG);
   lblStatus->setProperty("role", "dim");
+  lblStatus->setFixedHeight(btnPlayPause->height());  // three lines; the tool tip has all
   lblStatus->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   auto* const volume = new QHBoxLayout;
   volume->setContentsMargins(0, 0, 0, 0);

@@ -8,6 +8,7 @@
 StatusLine::StatusLine(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
   setWordWrap(true);
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 }
 
 void StatusLine::say(Topic topic, const QString& sentence) {

@@ -152,6 +152,20 @@ TEST_F(Window, TextsHaveTheRoomThatTheyNeed) {
   }
 }
 
+TEST_F(Window, LongTextsTakeNoMoreRoomThanThereIs) {
+  const std::string name = std::string(200, 'w') + ".WAV";
+  take(name);
+  startOnTakes();
+  open(name);
+  view().lblStatus->say(StatusLine::Topic::Export, QString(60, u'm') + QString(" mm").repeated(90));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(view().lblFileName->text().toStdString(), name) << "read whole";
+  const QSize least = view().minimumSizeHint();
+  EXPECT_LE(least.width(), 1050);
+  EXPECT_LE(least.height(), 668);
+  EXPECT_EQ(view().size(), QSize(1050, 668));
+}
+
 TEST_F(Window, NothingOverlapsNothing) {
   startOnTakes();
   const std::vector<const QWidget*> parts = {
