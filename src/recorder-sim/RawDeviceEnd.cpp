@@ -129,15 +129,20 @@ void RawDeviceEnd::takeWords() {
 
 void RawDeviceEnd::transmit(std::span<const std::uint8_t> bytes) {
   if (_content == Content::Words) {
-    for (const auto& piece : _reader.feed(bytes)) {
-      for (const auto& words : _events.feed(piece)) enqueue(memoryOf(words));
-    }
+    for (const auto& piece : _reader.feed(bytes)) enqueueWords(piece);
     return;
   }
   constexpr std::size_t kPiece = 256;
   for (std::size_t at = 0; at < bytes.size(); at += kPiece) {
     enqueue(bytes.subspan(at, std::min(kPiece, bytes.size() - at)));
   }
+}
+
+// Together: the kernel's gadget loses packets that are written one by one.
+void RawDeviceEnd::enqueueWords(const MIDIWireReader::Piece& piece) {
+  std::vector<std::uint32_t> all;
+  for (const auto& words : _events.feed(piece)) all.insert(all.end(), words.begin(), words.end());
+  enqueue(memoryOf(all));
 }
 
 void RawDeviceEnd::enqueue(std::span<const std::uint8_t> bytes) {

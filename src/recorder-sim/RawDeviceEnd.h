@@ -37,6 +37,7 @@ class RawDeviceEnd final : public CableEnd {
   void readable();
   void take(std::span<const std::uint8_t> input);
   void takeWords();
+  void enqueueWords(const MIDIWireReader::Piece& piece);
   void enqueue(std::span<const std::uint8_t> bytes);
   void write();
 

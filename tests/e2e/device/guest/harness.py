@@ -61,9 +61,11 @@ class Program:
                     self._seen += 1
                     if _fits(line, wanted) and (where is None or where(line)):
                         return line
-                if not self._news.wait(max(0.0, end - time.monotonic())):
+                if time.monotonic() > end:
                     raise AssertionError(f"{self.name} told nothing like {wanted} in {seconds:.0f} s;"
-                                         f" the last was {self._lines[-4:]}")
+                                         f" the last of {len(self._lines)} lines: "
+                                         f"{self._lines[-4:]}")
+                self._news.wait(max(0.0, end - time.monotonic()))
 
     def skip(self):
         """Goes past what has been told so far."""
