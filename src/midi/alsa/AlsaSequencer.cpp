@@ -96,7 +96,8 @@ AlsaSequencer::Opened AlsaSequencer::open(const std::string& devicePath,
   if (status < 0) return {nullptr, problemOf(devicePath, -status)};
   std::unique_ptr<AlsaSequencer> sequencer(new AlsaSequencer(handle));
   sequencer->makeRoom();
-  if (sequencer->chooseWire(kind)) return {std::move(sequencer), ""};
+  sequencer->_wire = chooseAlsaWire(handle, kind);
+  if (sequencer->_wire) return {std::move(sequencer), ""};
   return {nullptr, "This kernel or alsa-lib has no Universal MIDI Packets, which were asked for."};
 }
 
@@ -111,12 +112,6 @@ void AlsaSequencer::makeRoom() {
   snd_seq_set_client_pool_output(_sequencer, kPoolCells);
   snd_seq_set_client_pool_input(_sequencer, kPoolCells);
   snd_seq_set_input_buffer_size(_sequencer, kInputBuffer);
-}
-
-bool AlsaSequencer::chooseWire(std::optional<MIDIPacketKind> kind) {
-  if (kind != MIDIPacketKind::BytePackets) _wire = makeAlsaEventWire(_sequencer);
-  if (!_wire && kind != MIDIPacketKind::EventLists) _wire = makeAlsaByteWire(_sequencer);
-  return _wire != nullptr;
 }
 
 MIDIPacketKind AlsaSequencer::kind() const {

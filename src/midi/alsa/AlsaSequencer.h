@@ -61,7 +61,6 @@ class AlsaSequencer {
  private:
   explicit AlsaSequencer(snd_seq_t* sequencer);
   void makeRoom();
-  bool chooseWire(std::optional<MIDIPacketKind> kind);
 
   snd_seq_t* _sequencer;
   std::unique_ptr<AlsaWire> _wire;

@@ -102,3 +102,10 @@ AlsaEvent AlsaWire::headOf(const snd_seq_event_t& raw) {
 std::unique_ptr<AlsaWire> makeAlsaByteWire(snd_seq_t* sequencer) {
   return std::make_unique<AlsaByteWire>(sequencer);
 }
+
+std::unique_ptr<AlsaWire> chooseAlsaWire(snd_seq_t* sequencer, std::optional<MIDIPacketKind> kind) {
+  std::unique_ptr<AlsaWire> wire;
+  if (kind != MIDIPacketKind::BytePackets) wire = makeAlsaEventWire(sequencer);
+  if (!wire && kind != MIDIPacketKind::EventLists) wire = makeAlsaByteWire(sequencer);
+  return wire;
+}

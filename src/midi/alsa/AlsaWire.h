@@ -5,6 +5,7 @@
 #include <alsa/asoundlib.h>
 
 #include <memory>
+#include <optional>
 
 #include "midi/MIDISystem.h"
 #include "midi/alsa/AlsaEvent.h"
@@ -31,3 +32,6 @@ class AlsaWire {
 /// MIDI Packets.
 std::unique_ptr<AlsaWire> makeAlsaByteWire(snd_seq_t* sequencer);
 std::unique_ptr<AlsaWire> makeAlsaEventWire(snd_seq_t* sequencer);
+
+/// The kind that is asked for, or none; without a wish the best there is.
+std::unique_ptr<AlsaWire> chooseAlsaWire(snd_seq_t* sequencer, std::optional<MIDIPacketKind> kind);
