@@ -16,7 +16,7 @@
 #include "midi/MIDISequenceManager.h"
 #include "midi/memory/InMemoryMIDISystem.h"
 #include "midi/simulator/SimulatedRecorder.h"
-#include "unit/midi/VirtualClock.h"
+#include "support/SteppedMIDIClock.h"
 
 namespace {
 
@@ -25,7 +25,7 @@ using Bytes = RecorderMessages::Bytes;
 /// The link with a recorder that can be plugged in, as the window uses it.
 class Link : public MIDIManagerDelegate {
  public:
-  Link(std::shared_ptr<InMemoryMIDISystem> made, VirtualClock& time)
+  Link(std::shared_ptr<InMemoryMIDISystem> made, SteppedMIDIClock& time)
       : system(std::move(made)), clock(time) {
     manager.setDelegate(this);
   }
@@ -42,7 +42,7 @@ class Link : public MIDIManagerDelegate {
   }
 
   std::shared_ptr<InMemoryMIDISystem> system;
-  VirtualClock& clock;
+  SteppedMIDIClock& clock;
   MIDIManager manager;
   MIDISequenceManager sequences;
   SimulatedRecorder recorder{clock};
@@ -145,7 +145,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                                           : MIDIPacketKind::EventLists;
   MIDILog::setSink([](std::string_view) {});
   Log::setSink([](std::string_view) {});
-  const auto clock = std::make_shared<VirtualClock>();
+  const auto clock = std::make_shared<SteppedMIDIClock>();
   const auto system = std::make_shared<InMemoryMIDISystem>(kind);
   MIDIPlatform::install(system, clock);
   Link link(system, *clock);

@@ -8,7 +8,7 @@
 #include "midi/MIDIManager.h"
 #include "midi/MIDIPlatform.h"
 #include "midi/memory/InMemoryMIDISystem.h"
-#include "unit/midi/VirtualClock.h"
+#include "support/SteppedMIDIClock.h"
 
 /// One sequence alone, with a transport that writes down what is sent.
 class SequenceBench : public MIDIManagerDelegate {
@@ -36,7 +36,7 @@ class SequenceBench : public MIDIManagerDelegate {
     return good;
   }
 
-  std::shared_ptr<VirtualClock> clock = std::make_shared<VirtualClock>();
+  std::shared_ptr<SteppedMIDIClock> clock = std::make_shared<SteppedMIDIClock>();
   std::shared_ptr<InMemoryMIDISystem> system = installed(clock);
   MIDIManager manager;
   Message sent;  ///< all bytes so far
@@ -44,7 +44,8 @@ class SequenceBench : public MIDIManagerDelegate {
  private:
   void MIDIManagerFound() override { manager.connect(); }
 
-  static std::shared_ptr<InMemoryMIDISystem> installed(const std::shared_ptr<VirtualClock>& clock) {
+  static std::shared_ptr<InMemoryMIDISystem> installed(
+      const std::shared_ptr<SteppedMIDIClock>& clock) {
     auto system = std::make_shared<InMemoryMIDISystem>(MIDIPacketKind::BytePackets);
     MIDIPlatform::install(system, clock);
     return system;

@@ -12,7 +12,6 @@
 #include <string>
 #include <vector>
 
-#include "SteppedMIDIClock.h"
 #include "app/WindowController.h"
 #include "gui/controls/Hands.h"
 #include "midi/MIDIManager.h"
@@ -21,6 +20,7 @@
 #include "playback/memory/MemoryOutput.h"
 #include "support/EnvironmentVariable.h"
 #include "support/LogLines.h"
+#include "support/SteppedMIDIClock.h"
 #include "support/TemporaryFolder.h"
 
 /// The whole window with a home, settings and recordings of its own, an output on a virtual clock,

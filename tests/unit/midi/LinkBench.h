@@ -26,7 +26,7 @@ class LinkBench : public MIDIManagerDelegate {
   [[nodiscard]] bool isPluggedIn() const { return link.isPluggedIn(); }
   [[nodiscard]] static TARNDeviceInfo& info() { return *MIDISequenceManager::getDeviceInfo(); }
 
-  std::shared_ptr<VirtualClock> clock = std::make_shared<VirtualClock>();
+  std::shared_ptr<SteppedMIDIClock> clock = std::make_shared<SteppedMIDIClock>();
   SimulatedLink link;
   std::shared_ptr<InMemoryMIDISystem> system = link.system();
   InstalledPlatform platform{system, clock};

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "RecordingMIDISystem.h"
-#include "VirtualClock.h"
 #include "base/Log.h"
 #include "midi/AbsentMIDISystem.h"
 #include "midi/MIDICommon.h"
@@ -19,6 +18,7 @@
 #include "midi/MIDISequenceManager.h"
 #include "midi/QtMIDIClock.h"
 #include "midi/memory/MIDIWireEvents.h"
+#include "support/SteppedMIDIClock.h"
 
 /// Puts a platform in place for one test, and takes what is logged away from the output.
 class InstalledPlatform {
@@ -87,7 +87,7 @@ class LinkTest : public testing::TestWithParam<MIDIPacketKind> {
     });
   }
 
-  std::shared_ptr<VirtualClock> clock = std::make_shared<VirtualClock>();
+  std::shared_ptr<SteppedMIDIClock> clock = std::make_shared<SteppedMIDIClock>();
   std::shared_ptr<RecordingMIDISystem> system = std::make_shared<RecordingMIDISystem>(GetParam());
   InstalledPlatform platform{system, clock};
   MIDIManager manager;

@@ -431,7 +431,7 @@ TEST_P(MIDIManagerEventTest, HandsOnPacketsInOrder) {
 }
 
 TEST(MIDIManager, FindsNothingOnAMachineWithoutMIDI) {
-  const auto clock = std::make_shared<VirtualClock>();
+  const auto clock = std::make_shared<SteppedMIDIClock>();
   const InstalledPlatform platform(std::make_shared<AbsentMIDISystem>(), clock);
   Listener listener;
   MIDIManager manager;

@@ -30,7 +30,7 @@ class Stepped : public MIDIStepSequence {
 
 class MIDISequenceBaseTest : public testing::Test {
  protected:
-  std::shared_ptr<VirtualClock> clock = std::make_shared<VirtualClock>();
+  std::shared_ptr<SteppedMIDIClock> clock = std::make_shared<SteppedMIDIClock>();
   InstalledPlatform platform{std::make_shared<AbsentMIDISystem>(), clock};
   Timed timed;
 };

@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-#include "VirtualClock.h"
+#include "support/SteppedMIDIClock.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ class RecorderWordsTest : public testing::Test {
  protected:
   bool apply(std::string_view word) { return RecorderWords::apply(word, recorder); }
 
-  VirtualClock clock;
+  SteppedMIDIClock clock;
   SimulatedRecorder recorder{clock};
 };
 

@@ -23,7 +23,7 @@ class RecorderScriptTest : public testing::Test {
            link.system()->endpoints(MIDIDirection::Destination).size();
   }
 
-  std::shared_ptr<VirtualClock> clock = std::make_shared<VirtualClock>();
+  std::shared_ptr<SteppedMIDIClock> clock = std::make_shared<SteppedMIDIClock>();
   SimulatedLink link{MIDIPacketKind::BytePackets, clock};
   RecorderScript script;
 };
@@ -76,7 +76,7 @@ TEST_F(RecorderScriptTest, StopsWithTheScript) {
 }
 
 TEST(SimulatedLink, PullsTheRecorderOutAtItsEnd) {
-  const auto clock = std::make_shared<VirtualClock>();
+  const auto clock = std::make_shared<SteppedMIDIClock>();
   std::shared_ptr<InMemoryMIDISystem> system;
   {
     SimulatedLink link(MIDIPacketKind::BytePackets, clock);
@@ -89,7 +89,7 @@ TEST(SimulatedLink, PullsTheRecorderOutAtItsEnd) {
 }
 
 TEST(SimulatedLink, GoesUnderTheDeviceLink) {
-  const auto clock = std::make_shared<VirtualClock>();
+  const auto clock = std::make_shared<SteppedMIDIClock>();
   SimulatedLink link(MIDIPacketKind::EventLists, clock);
   const InstalledPlatform guard(link.system(), clock);
   MIDIPlatform::install(std::make_shared<AbsentMIDISystem>(), std::make_shared<QtMIDIClock>());

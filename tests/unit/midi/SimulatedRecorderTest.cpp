@@ -24,7 +24,7 @@ class SimulatedRecorderTest : public testing::Test {
     clock.advance(0.5);
   }
 
-  VirtualClock clock;
+  SteppedMIDIClock clock;
   SimulatedRecorder recorder{clock};
   std::vector<Bytes> wire;
   int pulled = 0;

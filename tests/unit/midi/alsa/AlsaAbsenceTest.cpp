@@ -10,8 +10,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "support/SteppedMIDIClock.h"
 #include "support/TemporaryFolder.h"
-#include "unit/midi/VirtualClock.h"
 
 namespace {
 
@@ -50,7 +50,7 @@ class AlsaAbsenceTest : public testing::Test {
   QCoreApplication application{argc, argv};
   TemporaryFolder folder;
   fs::path node = folder.path() / "snd" / "seq";
-  std::shared_ptr<VirtualClock> clock = std::make_shared<VirtualClock>();
+  std::shared_ptr<SteppedMIDIClock> clock = std::make_shared<SteppedMIDIClock>();
   Told told;
   int observed = 0;
 };

@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 
 #include "midi/alsa/AlsaSettling.h"
-#include "unit/midi/VirtualClock.h"
+#include "support/SteppedMIDIClock.h"
 
 namespace {
 
@@ -117,7 +117,7 @@ TEST_F(AlsaEndpointTableTest, ANewNameIsAnAddition) {
 
 class AlsaSettlingTest : public testing::Test {
  protected:
-  VirtualClock clock;
+  SteppedMIDIClock clock;
   int settled = 0;
   AlsaSettling settling{clock, [this] { ++settled; }};
 };

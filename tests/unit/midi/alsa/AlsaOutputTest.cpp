@@ -7,7 +7,7 @@
 
 #include <cerrno>
 
-#include "unit/midi/VirtualClock.h"
+#include "support/SteppedMIDIClock.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ class AlsaOutputTest : public testing::Test {
     for (std::size_t sent = 0; sent < total; sent += piece) send(piece);
   }
 
-  VirtualClock clock;
+  SteppedMIDIClock clock;
   int status = 0;
   int attempts = 0;
   std::size_t taken = 0;

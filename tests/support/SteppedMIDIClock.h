@@ -12,7 +12,7 @@
 #include "midi/MIDIClock.h"
 
 /// A clock that moves only when it is told to; timers fire in the order in which they are due.
-class VirtualClock final : public MIDIClock {
+class SteppedMIDIClock final : public MIDIClock {
  public:
   std::unique_ptr<MIDITimer> after(double seconds, std::function<void()> fire) override {
     const Key key{_now + nanoseconds(seconds), ++_last};
