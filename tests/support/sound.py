@@ -43,7 +43,7 @@ cookie-file = {folder}/cookie
 """
 
 
-def wait_for(condition, what, patience=PATIENCE):
+def wait_for(condition, what, patience=PATIENCE, pause=0.005):
     """Polls until the condition holds and returns its value; raises after the patience is over."""
     end = time.monotonic() + patience
     while True:
@@ -52,7 +52,7 @@ def wait_for(condition, what, patience=PATIENCE):
             return value
         if time.monotonic() > end:
             raise TimeoutError(f"waited in vain for {what}")
-        time.sleep(0.005)
+        time.sleep(pause)
 
 
 class SoundServer:
@@ -133,7 +133,8 @@ class SoundServer:
         if self.kind == "pipewire":
             self.pactl("load-module", "module-null-sink", f"sink_name={SINK}", "rate=48000",
                        "channels=2", "format=float32le", "channel_map=front-left,front-right")
-            self.pactl("set-default-sink", SINK)
+            # Refused until its session manager is up.
+            wait_for(lambda: self.pactl("set-default-sink", SINK, check=False), "the default sink")
         if self.has_sink:
             wait_for(lambda: SINK in self.pactl("list", "short", "sinks"), "the sink")
 
@@ -164,6 +165,22 @@ class SoundServer:
         if check:
             raise RuntimeError(f"pactl {arguments}: {done.stderr}")
         return ""
+
+    def sink_of_stream(self):
+        """Name of the sink at which the server shows the one stream; none while there is none."""
+        streams = self.pactl("list", "short", "sink-inputs").split()
+        sinks = dict(line.split()[:2] for line in self.pactl("list", "short", "sinks").splitlines())
+        return sinks.get(streams[1]) if len(streams) > 1 else None
+
+    def move_stream(self, sink):
+        """Sends the one stream to another sink and returns when the server shows it there. Servers
+        have been seen to accept the wish and not to follow it: they are asked again."""
+        def is_moved():
+            if self.sink_of_stream() == sink:
+                return True
+            self.pactl("move-sink-input", self.pactl("list", "short", "sink-inputs").split()[0], sink)
+            return False
+        wait_for(is_moved, f"the stream at {sink}", pause=0.25)
 
     def send(self, number):
         """Sends the serving process a signal."""

@@ -8,6 +8,7 @@ usage of each test: test_TOPIC.py pulse|pipewire. MIXDECK_BIN names the folder o
 import fcntl
 import os
 import pty
+import re
 import select
 import struct
 import subprocess
@@ -198,6 +199,11 @@ class Player:
     def line(self):
         """The time line as it is now."""
         return self.shown.rsplit("\x1b[K", 1)[-1]
+
+    def seconds(self):
+        """The time that the line tells."""
+        told = re.findall(r"(\d+):(\d\d):(\d\d) /", self.shown)[-1]
+        return sum(int(part) * unit for part, unit in zip(told, (3600, 60, 1)))
 
     def wait_line(self, text):
         wait_for(lambda: text in self.line(), f"{text} in {self.line()!r}")

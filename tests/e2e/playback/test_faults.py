@@ -152,7 +152,7 @@ class GoingServerTest(Case):
             self.assertEqual(player.wait(5), 0)
 
     def test_the_stream_is_moved_to_another_sink(self):
-        frames = noise(3 * RATE, 32)
+        frames = noise(21 * RATE, 32)
         self.server.pactl("load-module", "module-null-sink", "sink_name=other", "rate=48000",
                           "format=float32le", "channels=2",
                           *(["norewinds=1"] if KIND == "pulse" else []))
@@ -161,11 +161,14 @@ class GoingServerTest(Case):
             other = self.server.record("other")
             self.wait_sound(recorder)
             before = heard(recorder.samples())
-            listed = self.server.pactl("list", "short", "sink-inputs").split()
-            self.server.pactl("move-sink-input", listed[0], "other")
+            self.server.move_stream("other")
             self.wait_sound(other)
+            while (now := player.seconds()) < 15:
+                player.press("\x1b[C")
+                wait_for(lambda: player.seconds() >= now + 5, "the seek")
             self.assertEqual(player.wait(), 0)
             self.assertNotIn("The sound", player.shown)
+            other.wait_silence()
         begin = expected(frames, 32, 120, 0)
         start = numpy.flatnonzero((begin == before[0]).all(axis=1))[0]
         self.assertTrue((before == begin[start:start + len(before)]).all())
