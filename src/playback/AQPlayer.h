@@ -8,9 +8,11 @@
 
 #include "playback/AQPlayerState.h"
 
+class PlayingFile;
+
 /// Plays one WAVE file through an output queue with three buffers of a tenth of a second.
 ///
-/// There is one playing file per process: `AQPlayerState` belongs to whichever player was made
+/// There is one playing file per process (`PlayingFile`): it belongs to whichever player was made
 /// last, and the one before is cleaned up first. Fires "EB_PLAY_FINISH" whenever the queue has
 /// stopped, at the end and in every seek. Errors are only logged: a file that cannot be opened
 /// plays nothing. Owner's thread only, which has an event loop; the data callback and the event
@@ -20,7 +22,6 @@ class AQPlayer {
   explicit AQPlayer(std::string filePath);
   AQPlayer(const AQPlayer&) = delete;
   AQPlayer& operator=(const AQPlayer&) = delete;
-  /// Cleans up, unless another player has been made meanwhile.
   ~AQPlayer();
 
   /// Starts at packet 0, or goes on where the queue is. After the output was lost it goes on, with
@@ -36,6 +37,7 @@ class AQPlayer {
   /// Linear, passed on as it is.
   void setVolume(double volume);
   void setDataCB(AQDataCallback callback);
+  /// Ends at once and closes the file, unless another player has been made meanwhile.
   void cleanUp();
 
   /// Told, with a sentence for people, when the sound system has gone or was never there. Nothing
@@ -51,16 +53,11 @@ class AQPlayer {
                                       std::uint32_t framesPerPacket);
 
  private:
-  void AQOpenFile();
-  void AQSetUpQueue();
-  static void AQOutputCallback(AudioQueueBuffer& buffer);
-  static void AQIsRunningListener();
-  static void AQOutputLost(const std::string& why);
-  static void readPackets(AudioQueueBuffer& buffer, AudioFile::Read& read);
-  void makeOutput();
+  [[nodiscard]] AQPlayerState& state() const;
   void seekTo(std::int64_t packet);
   void recover(bool resume);
 
   std::string _filePath;
+  PlayingFile& _playing;
   double _seek_time = 0;  ///< ms from the start of the file to where the queue began
 };

@@ -17,7 +17,7 @@
 using AQDataCallback =
     std::function<void(AudioQueueBuffer& buffer, const AudioFormat& format, std::int64_t packet)>;
 
-/// The one playing file of the process; every `AQPlayer` works on it. Owner's thread only.
+/// What there is to know of a playing file; see `PlayingFile`. Owner's thread only.
 struct AQPlayerState {
   AudioFormat dataFormat;
   std::unique_ptr<AudioOutput> output;   ///< kept from queue to queue, so that a seek is quick

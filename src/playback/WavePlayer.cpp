@@ -37,7 +37,7 @@ WavePlayer::WavePlayer(const std::string& filePath)
   });
 }
 
-void WavePlayer::changeState(std::uint64_t state) {
+void WavePlayer::changeState(PlayState state) {
   if (_play_state != state) _play_state = state;
 }
 
@@ -46,12 +46,12 @@ void WavePlayer::notifyStateChanged() {
 }
 
 // The delegate may delete the player: nothing is touched after it was told.
-void WavePlayer::setState(std::uint64_t state) {
+void WavePlayer::setState(PlayState state) {
   changeState(state);
   notifyStateChanged();
 }
 
-std::string WavePlayer::state2Str(std::uint64_t state) {
+std::string WavePlayer::state2Str(PlayState state) {
   switch (state) {
     case PLAY_STATE_INIT:
       return "PLAY_STATE_INIT";

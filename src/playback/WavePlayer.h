@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 
 #include "dsp/AdjustInfo.h"
@@ -11,6 +12,7 @@
 #include "wav/WavArray.h"
 #include "wav/WaveFileReader.h"
 
+/// Where a player is.
 enum PlayState : std::uint64_t {
   PLAY_STATE_INIT = 0,
   PLAY_STATE_PLAY = 1,
@@ -64,11 +66,12 @@ class WavePlayer {
 
   /// As it was opened.
   [[nodiscard]] const std::string& fileUrl() const { return _fileUrl; }
-  [[nodiscard]] std::uint64_t play_state() const { return _play_state; }
+  [[nodiscard]] PlayState play_state() const { return _play_state; }
   /// Sets the state and tells nobody.
-  void changeState(std::uint64_t state);
+  void changeState(PlayState state);
   void notifyStateChanged();
-  static std::string state2Str(std::uint64_t state);
+  /// "STATE NOT FOUND" for a value that is none.
+  static std::string state2Str(PlayState state);
 
   /// The file has been read to its end; it may still be heard.
   [[nodiscard]] bool getIsDone() const { return _player->getIsDone(); }
@@ -118,8 +121,8 @@ class WavePlayer {
   static WavArrayFloat32& floatScratch();
 
  private:
-  void processFrames(int bits, float* samples, std::uint64_t frames);
-  void setState(std::uint64_t state);
+  void processFrames(std::span<float> frames);
+  void setState(PlayState state);
   void outputLost(const std::string& why);
 
   std::string _fileUrl;
@@ -129,7 +132,7 @@ class WavePlayer {
   double _setPositionOldVal = -1.0;  ///< -1.0: none, or ended by itself
   bool _isSeeking = false;
   double _volume = 1.0;
-  std::uint64_t _play_state = PLAY_STATE_INIT;
+  PlayState _play_state = PLAY_STATE_INIT;
   std::int64_t _gain = 0;
   std::int64_t _angle = 0;
   std::shared_ptr<const WaveFileReader> _reader;

@@ -9,7 +9,9 @@
 #include <cstring>
 #include <span>
 
+#include "dsp/GainStage.h"
 #include "dsp/Kernels.h"
+#include "dsp/MidSideDecoder.h"
 #include "dsp/PlainKernels.h"
 #include "playback/WavePlayer.h"
 
@@ -97,28 +99,27 @@ void WavePlayer::convertFloat2Byte24Bit(AudioQueueBuffer& buffer) {
   }
 }
 
-void WavePlayer::processFrames(int bits, float* samples, std::uint64_t frames) {
+void WavePlayer::processFrames(std::span<float> frames) {
   if (_reader && _reader->isBoMSFormat()) {
     _angleinfo.prevAngle = _angleinfo.curAngle;
     _angleinfo.curAngle = _angle;
-    WaveFileReader::COM_MSDecodeForPlaying(bits, samples, frames, &_angleinfo);
+    MidSideDecoder::glide(frames, _angleinfo);
   }
   _dbinfo.prevGain = _dbinfo.curGain;
   _dbinfo.curGain = -_gain;
-  WaveFileReader::COM_AdjustdBForPlaying(bits, samples, frames, &_dbinfo);
+  GainStage::glide(frames, _dbinfo);
 }
 
 void WavePlayer::processSampleBuffer(AudioQueueBuffer& buffer, const AudioFormat& info,
                                      std::int64_t /*curPackage*/) {
   if (buffer.data == nullptr) return;
-  const int bits = static_cast<int>(info.bitsPerChannel);
-  if (bits == 24) {
+  if (info.bitsPerChannel == 24) {
     prepareFloatBuffer(buffer);
     convertByte24bit2Float(buffer);
-    processFrames(bits, floatScratch().bytes, pairsInScratch(buffer));
+    processFrames({floatScratch().bytes, 2 * pairsInScratch(buffer)});
     convertFloat2Byte24Bit(buffer);
-  } else if (bits == 32 && (info.formatFlags & kAudioFormatFlagIsFloat) != 0) {
+  } else if (info.bitsPerChannel == 32 && (info.formatFlags & kAudioFormatFlagIsFloat) != 0) {
     auto* const samples = reinterpret_cast<float*>(buffer.data);
-    processFrames(bits, samples, pairsIn(buffer, kPairBytes32));
+    processFrames({samples, 2 * pairsIn(buffer, kPairBytes32)});
   }
 }

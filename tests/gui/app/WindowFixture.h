@@ -78,7 +78,7 @@ class WindowFixture : public testing::Test {
   [[nodiscard]] ViewController& controller() { return window->viewController(); }
   [[nodiscard]] MainView& view() const { return window->window(); }
   [[nodiscard]] WavePlayer& player() { return *controller().wavPlayer(); }
-  [[nodiscard]] std::uint64_t state() { return player().play_state(); }
+  [[nodiscard]] PlayState state() { return player().play_state(); }
 
   TemporaryFolder home;
   TemporaryFolder settings;

@@ -21,7 +21,7 @@ class Told : public WavePlayerDelegate {
   void WavePlayerStateChanged() override { states.push_back(_player.play_state()); }
   void WavePlayerOutputLost(const std::string& message) override { lost = message; }
 
-  std::vector<std::uint64_t> states;
+  std::vector<PlayState> states;
   std::string lost;
 
  private:
@@ -41,17 +41,29 @@ class WavePlayerTest : public PlaybackFixture {
     told = std::make_shared<Told>(*player);
     player->setDelegate(told);
   }
+  /// A second of sound in a player that has come to this state by its own operations.
+  void openIn(PlayState state) {
+    open();
+    if (state == kFinish) player->playFinish();
+    if (state == kPlay || state == kPause) {
+      player->play();
+      clock.advance(50);
+    }
+    if (state == kPause) player->pause();
+    ASSERT_EQ(player->play_state(), state);
+    takeStates();
+  }
   /// As the window does it.
   void forwardFinish() {
     NotificationCenter::defaultCenter().addObserver(
         this, [this](const Notification&) { player->playFinish(); }, EB::kPlayFinish);
   }
-  std::vector<std::uint64_t> takeStates() { return std::exchange(told->states, {}); }
+  std::vector<PlayState> takeStates() { return std::exchange(told->states, {}); }
 
-  static constexpr std::uint64_t kInit = PLAY_STATE_INIT;
-  static constexpr std::uint64_t kPlay = PLAY_STATE_PLAY;
-  static constexpr std::uint64_t kPause = PLAY_STATE_PAUSE;
-  static constexpr std::uint64_t kFinish = PLAY_STATE_FINISH;
+  static constexpr PlayState kInit = PLAY_STATE_INIT;
+  static constexpr PlayState kPlay = PLAY_STATE_PLAY;
+  static constexpr PlayState kPause = PLAY_STATE_PAUSE;
+  static constexpr PlayState kFinish = PLAY_STATE_FINISH;
 
   std::unique_ptr<WavePlayer> player;
   std::shared_ptr<Told> told;
@@ -105,12 +117,11 @@ TEST_F(WavePlayerTest, PauseAndResumePlayEverythingOnce) {
 }
 
 TEST_F(WavePlayerTest, FinishesFromAnyState) {
-  for (const std::uint64_t state : {kInit, kPlay, kPause, kFinish}) {
-    open();
-    player->changeState(state);
+  for (const PlayState state : {kInit, kPlay, kPause, kFinish}) {
+    openIn(state);
     player->playFinish();
-    EXPECT_EQ(player->play_state(), kFinish);
-    EXPECT_THAT(takeStates(), ElementsAre(kFinish));
+    EXPECT_EQ(player->play_state(), kFinish) << state;
+    EXPECT_THAT(takeStates(), ElementsAre(kFinish)) << state;
   }
 }
 
@@ -210,19 +221,26 @@ TEST_F(WavePlayerTest, ASeekInAFinishedFileIsPaused) {
 }
 
 TEST_F(WavePlayerTest, ASeekToTheEndFinishesFromAnyState) {
-  for (const std::uint64_t state : {kInit, kPlay, kPause, kFinish}) {
-    open();
-    if (state == kPlay) {
-      player->play();
-      clock.advance(50);
-    }
-    player->changeState(state);
-    takeStates();
+  for (const PlayState state : {kInit, kPlay, kPause, kFinish}) {
+    openIn(state);
+    EXPECT_LT(player->curremtTime(), 1.0) << state;
     player->setPosition(1.0);
     EXPECT_THAT(takeStates(), ElementsAre(kFinish)) << state;
+    EXPECT_EQ(player->curremtTime(), 1.0) << state;
+    EXPECT_TRUE(player->getIsDone()) << state;
     clock.advance(200);
-    EXPECT_TRUE(told->states.empty());
+    EXPECT_TRUE(told->states.empty()) << state;
   }
+}
+
+TEST_F(WavePlayerTest, AnOlderPlayerThatGoesLeavesTheNewOneAlone) {
+  open(4800);
+  const auto older = std::move(player);
+  open(4800);
+  older->cleanUp();
+  player->play();
+  clock.advance(300);
+  EXPECT_EQ(output->played(), ramp(0, 4800));
 }
 
 // The stop within the seek counts as a finish, and so does the seek itself.
@@ -288,11 +306,11 @@ TEST_F(WavePlayerTest, ADelegateThatIsGoneIsNotTold) {
 }
 
 TEST_F(WavePlayerTest, StatesHaveNames) {
-  EXPECT_EQ(WavePlayer::state2Str(0), "PLAY_STATE_INIT");
-  EXPECT_EQ(WavePlayer::state2Str(1), "PLAY_STATE_PLAY");
-  EXPECT_EQ(WavePlayer::state2Str(2), "PLAY_STATE_PAUSE");
-  EXPECT_EQ(WavePlayer::state2Str(3), "PLAY_STATE_FINISH");
-  EXPECT_EQ(WavePlayer::state2Str(4), "STATE NOT FOUND");
+  EXPECT_EQ(WavePlayer::state2Str(PLAY_STATE_INIT), "PLAY_STATE_INIT");
+  EXPECT_EQ(WavePlayer::state2Str(PLAY_STATE_PLAY), "PLAY_STATE_PLAY");
+  EXPECT_EQ(WavePlayer::state2Str(PLAY_STATE_PAUSE), "PLAY_STATE_PAUSE");
+  EXPECT_EQ(WavePlayer::state2Str(PLAY_STATE_FINISH), "PLAY_STATE_FINISH");
+  EXPECT_EQ(WavePlayer::state2Str(static_cast<PlayState>(4)), "STATE NOT FOUND");
 }
 
 TEST_F(WavePlayerTest, SecondsAreShownAsHoursMinutesSeconds) {

@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "playback/PlayingFile.h"
+
+#include <fmt/format.h>
+
+#include <cstdio>
+
+#include "base/EB.h"
+#include "base/Log.h"
+#include "playback/AQPlayer.h"
+#include "playback/AudioBackends.h"
+
+namespace {
+
+constexpr double kMsPerSecond = 1000.0;
+
+}  // namespace
+
+PlayingFile& PlayingFile::get() {
+  static auto* const kOnly = new PlayingFile;
+  return *kOnly;
+}
+
+void PlayingFile::takeOver(const AQPlayer* player) {
+  _state.queue.reset();  // before the output that it stands on
+  _state = AQPlayerState();
+  _player = player;
+}
+
+void PlayingFile::cleanUp() {
+  if (_state.output) _state.underruns += _state.output->underruns();
+  _state.queue.reset();
+  _state.output.reset();
+  _state.audioFile.reset();
+  _state.openedPath.clear();
+  _state.isInitialized = false;
+  _state.dataCallback = nullptr;
+  _state.lostCallback = nullptr;
+}
+
+double PlayingFile::milliseconds(double frames) const {
+  const double rate = _state.dataFormat.sampleRate;
+  return rate > 0 ? frames * kMsPerSecond / rate : 0.0;
+}
+
+std::uint64_t PlayingFile::underruns() const {
+  return _state.underruns + (_state.output ? _state.output->underruns() : 0);
+}
+
+void PlayingFile::setVolume(float volume) {
+  _state.volume = volume;
+  if (_state.output) _state.output->setVolume(volume);
+}
+
+void PlayingFile::AQOpenFile(const std::string& path) {
+  if (!_state.openedPath.empty()) return;
+  _state.audioFile = AudioBackends::makeFile();
+  if (!_state.audioFile->open(path)) {
+    _state.readFailure = _state.audioFile->failure();
+    Log::line("Open File Failed");
+  }
+  _state.dataFormat = _state.audioFile->format();
+  _state.packetCount = _state.audioFile->frameCount();
+  _state.durationSeconds = milliseconds(static_cast<double>(_state.packetCount)) / kMsPerSecond;
+  _state.openedPath = path;
+}
+
+void PlayingFile::makeOutput() {
+  if (_state.output) _state.underruns += _state.output->underruns();
+  const AudioFormat& format = _state.dataFormat;
+  _state.output = AudioBackends::makeOutput({format.sampleRate, format.channelsPerFrame});
+  _state.output->setVolume(_state.volume);
+}
+
+void PlayingFile::AQSetUpQueue() {
+  const bool isLost = _state.queue && _state.queue->isLost();
+  _state.queue.reset();
+  if (!_state.output || isLost) makeOutput();
+  _state.queue = std::make_unique<AudioQueue>(
+      *_state.output, _state.dataFormat,
+      AudioQueue::Callbacks{[this](AudioQueueBuffer& buffer) { AQOutputCallback(buffer); },
+                            [this] { AQIsRunningListener(); },
+                            [this](const std::string& why) { AQOutputLost(why); }});
+  const AudioFormat& format = _state.dataFormat;
+  const std::uint32_t maxPacketSize = format.bytesPerPacket;
+  _state.bufferByteSize =
+      AQPlayer::bufferByteSize(maxPacketSize, format.sampleRate, format.framesPerPacket);
+  _state.numPacketsToRead = maxPacketSize > 0 ? _state.bufferByteSize / maxPacketSize : 0;
+  _state.queue->allocateBuffers(_state.bufferByteSize);
+  _state.isInitialized = true;
+}
+
+void PlayingFile::prime() {
+  for (AudioQueueBuffer& buffer : _state.queue->buffers()) AQOutputCallback(buffer);
+}
+
+AudioFile::Read PlayingFile::readPackets(AudioQueueBuffer& buffer) {
+  const auto first = static_cast<std::uint64_t>(_state.currentPacket);
+  const AudioFile::Read read =
+      _state.audioFile->readFrames(first, _state.numPacketsToRead, {buffer.data, buffer.capacity});
+  if (read.error == 0) return read;
+  _state.readFailure = _state.audioFile->failure();
+  std::printf("AudioFileReadPackets failed: %d\n", read.error);
+  return {};
+}
+
+void PlayingFile::AQOutputCallback(AudioQueueBuffer& buffer) {
+  if (_state.isDone) return;
+  const AudioFile::Read read = readPackets(buffer);
+  if (read.frames == 0) {
+    _state.isDone = true;
+    _state.queue->stop(AudioQueue::Stop::AfterDraining);
+    return;
+  }
+  buffer.byteSize = read.frames * _state.dataFormat.bytesPerPacket;
+  buffer.packetDescriptionCount = read.frames;
+  if (_state.dataCallback) {
+    _state.dataCallback(buffer, _state.dataFormat, _state.currentPacket);
+  }
+  _state.queue->enqueue(buffer);
+  _state.currentPacket += read.frames;
+}
+
+void PlayingFile::AQIsRunningListener() {
+  const bool isRunning = _state.queue && _state.queue->isRunning();
+  Log::line(fmt::format("result = {}, state = {}", 0, isRunning ? 1 : 0));
+  if (isRunning) return;
+  _state.isRunning = false;
+  EB::FIRE(EB::kPlayFinish);
+}
+
+// A copy is called: the player may be cleaned up meanwhile.
+void PlayingFile::AQOutputLost(const std::string& why) {
+  const auto callback = _state.lostCallback;
+  if (callback) callback(why);
+}

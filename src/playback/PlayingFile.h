@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "playback/AQPlayerState.h"
+
+class AQPlayer;
+
+/// The playing file of the process: the one `AQPlayerState`, which player it belongs to, and what
+/// happens between file and queue.
+///
+/// There is one object of this class, so there is one playing file: a player that is made takes it
+/// over from the one before. It outlives every thread and event loop. Owner's thread only.
+class PlayingFile {
+ public:
+  static PlayingFile& get();
+
+  PlayingFile(const PlayingFile&) = delete;
+  PlayingFile& operator=(const PlayingFile&) = delete;
+
+  /// Forgets the file, queue and output that were there; the state is new, and `player`'s.
+  void takeOver(const AQPlayer* player);
+  [[nodiscard]] bool belongsTo(const AQPlayer* player) const { return _player == player; }
+  /// Disposes of queue and output, closes the file and drops the callbacks.
+  void cleanUp();
+
+  AQPlayerState& state() { return _state; }
+
+  void AQOpenFile(const std::string& path);
+  /// A queue made anew on the output, which is made anew too where there is none or it was lost.
+  void AQSetUpQueue();
+  /// Fills all three buffers from the current packet on.
+  void prime();
+  void setVolume(float volume);
+  /// Milliseconds that this many frames last; 0 without an open file.
+  [[nodiscard]] double milliseconds(double frames) const;
+  /// Of all outputs since the state is new.
+  [[nodiscard]] std::uint64_t underruns() const;
+
+ private:
+  PlayingFile() = default;
+
+  void AQOutputCallback(AudioQueueBuffer& buffer);
+  void AQIsRunningListener();
+  void AQOutputLost(const std::string& why);
+  void makeOutput();
+  AudioFile::Read readPackets(AudioQueueBuffer& buffer);
+
+  AQPlayerState _state;
+  const AQPlayer* _player = nullptr;
+};
