@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <numeric>
+#include <utility>
 
 namespace {
 
@@ -16,8 +17,8 @@ constexpr auto kRedraw = std::chrono::milliseconds(100);
 
 }  // namespace
 
-ProgressLine::ProgressLine(std::size_t jobs)
-    : _isTerminal(isatty(STDERR_FILENO) == 1), _done(jobs) {}
+ProgressLine::ProgressLine(std::size_t jobs, Now now)
+    : _isTerminal(isatty(STDERR_FILENO) == 1), _done(jobs), _now(std::move(now)) {}
 
 ProgressLine::~ProgressLine() {
   clear();
@@ -27,7 +28,7 @@ void ProgressLine::update(std::size_t index, const std::string& name, double don
   if (!_isTerminal) return;
   const std::lock_guard lock(_mutex);
   _done[index] = done;
-  const auto now = std::chrono::steady_clock::now();
+  const Clock::time_point now = _now();
   if (now < _nextDraw) return;
   _nextDraw = now + kRedraw;
   const auto finished = std::count(_done.begin(), _done.end(), 1.0);

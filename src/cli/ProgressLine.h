@@ -4,17 +4,22 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <vector>
 
-/// One line on standard error that tells how far a number of jobs are. Silent unless standard
-/// error is a terminal. Safe on any thread.
+/// One line on standard error that tells how far a number of jobs are, drawn ten times a second at
+/// most. Silent unless standard error is a terminal. Safe on any thread.
 class ProgressLine {
  public:
   static constexpr const char* kEraseLine = "\r\x1b[K";  ///< of a terminal
 
-  explicit ProgressLine(std::size_t jobs);
+  using Clock = std::chrono::steady_clock;
+  /// What time it is.
+  using Now = std::function<Clock::time_point()>;
+
+  explicit ProgressLine(std::size_t jobs, Now now = Clock::now);
   ~ProgressLine();
   ProgressLine(const ProgressLine&) = delete;
   ProgressLine& operator=(const ProgressLine&) = delete;
@@ -31,5 +36,6 @@ class ProgressLine {
   std::mutex _mutex;
   std::vector<double> _done;
   bool _isShown = false;
-  std::chrono::steady_clock::time_point _nextDraw;
+  const Now _now;
+  Clock::time_point _nextDraw;
 };
