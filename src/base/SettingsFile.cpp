@@ -25,8 +25,6 @@ namespace {
 constexpr mode_t kPrivate = 0600;
 constexpr std::size_t kMostBytes = 1 << 20;  // far above what two keys can need
 constexpr int kMostLinks = 40;
-constexpr auto kLockPatience = std::chrono::milliseconds(500);
-constexpr auto kMostLockPatience = std::chrono::seconds(3);
 constexpr auto kLockPoll = std::chrono::milliseconds(1);
 
 /// Tells one state of a file from the next: each save makes a new file.
@@ -35,18 +33,17 @@ ino_t stateOf(const fs::path& path) {
   return stat(path.c_str(), &status) == 0 ? status.st_ino : 0;
 }
 
-/// Holds the lock beside a settings file. A program that hangs on it is not waited for: after half
-/// a second in which nobody saved it goes on without, after three in any case.
+/// Holds the lock beside a settings file, or goes on without where the patience is at its end.
 class FileLock {
  public:
-  explicit FileLock(const fs::path& settings)
+  FileLock(const fs::path& settings, const SettingsFile::Patience& patience)
       : _file(open((settings.native() + ".lock").c_str(), O_CREAT | O_RDWR | O_CLOEXEC, kPrivate)) {
     const auto start = Clock::now();
-    auto patience = start + kLockPatience;
+    auto end = start + patience.unsaved;
     for (ino_t seen = stateOf(settings); _file >= 0 && flock(_file, LOCK_EX | LOCK_NB) != 0;) {
       const ino_t now = stateOf(settings);
-      if (std::exchange(seen, now) != now) patience = Clock::now() + kLockPatience;
-      if (Clock::now() > std::min(patience, start + kMostLockPatience)) return;
+      if (std::exchange(seen, now) != now) end = Clock::now() + patience.unsaved;
+      if (Clock::now() > std::min(end, start + patience.most)) return;
       std::this_thread::sleep_for(kLockPoll);
     }
   }
@@ -102,7 +99,8 @@ fs::path withoutLinks(fs::path path) {
 
 }  // namespace
 
-SettingsFile::SettingsFile(fs::path path) : _path(withoutLinks(std::move(path))) {}
+SettingsFile::SettingsFile(fs::path path, Patience patience)
+    : _path(withoutLinks(std::move(path))), _patience(patience) {}
 
 fs::path SettingsFile::defaultPath() {
   const char* const config = std::getenv("XDG_CONFIG_HOME");
@@ -132,7 +130,7 @@ std::optional<std::string> SettingsFile::get(const std::string& key) const {
   if (!fs::exists(fs::symlink_status(_path, error))) return std::nullopt;
   auto values = load();
   if (!values) {
-    const FileLock lock(_path);
+    const FileLock lock(_path, _patience);
     values = loadOrSetAside();
   }
   const auto found = values->find(key);
@@ -142,7 +140,7 @@ std::optional<std::string> SettingsFile::get(const std::string& key) const {
 bool SettingsFile::set(const std::string& key, const std::string& value) const {
   std::error_code error;
   fs::create_directories(_path.parent_path(), error);
-  const FileLock lock(_path);
+  const FileLock lock(_path, _patience);
   SettingsText::Values values = loadOrSetAside();
   values[key] = value;
   return save(values);

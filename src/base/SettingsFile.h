@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "base/SettingsText.h"
 
@@ -13,13 +15,20 @@
 /// It is replaced whole, through a temporary file beside it and a rename, so a kill at any moment
 /// leaves the old one or the new one. A change reads the file afresh under a lock, so several
 /// running programs keep each other's keys. A damaged, empty or unreadable file is set aside under
-/// the name with ".damaged" added and counts as absent. A lock that another program holds for more
-/// than half a second is not waited for any longer.
+/// the name with ".damaged" added and counts as absent. A lock that another program holds is not
+/// waited for any longer than `Patience`: the change is then made without it.
 ///
 /// Nothing throws. Any thread; each call stands for itself.
 class SettingsFile {
  public:
-  explicit SettingsFile(std::filesystem::path path);
+  /// How long a change waits for the lock.
+  struct Patience {
+    std::chrono::milliseconds unsaved{500};  ///< while nobody saves: its holder hangs
+    std::chrono::milliseconds most{3000};    ///< in any case
+  };
+
+  explicit SettingsFile(std::filesystem::path path) : SettingsFile(std::move(path), Patience{}) {}
+  SettingsFile(std::filesystem::path path, Patience patience);
 
   /// "mixdeck/settings" under $XDG_CONFIG_HOME, else under ~/.config.
   static std::filesystem::path defaultPath();
@@ -34,4 +43,5 @@ class SettingsFile {
   [[nodiscard]] bool save(const SettingsText::Values& values) const;
 
   std::filesystem::path _path;
+  Patience _patience;
 };
