@@ -38,7 +38,7 @@ class FolderLister::Desk {
   std::unique_ptr<ThreadSignal> _signal;
 };
 
-FolderLister::FolderLister(Done done) : _done(std::move(done)) {}
+FolderLister::FolderLister(Done done, Look look) : _done(std::move(done)), _look(std::move(look)) {}
 
 FolderLister::~FolderLister() {
   if (_desk) _desk->leave();
@@ -55,9 +55,11 @@ void FolderLister::start() {
   if (_desk) _desk->leave();
   _desk = std::make_shared<Desk>([this] { collect(); });
   try {
-    std::thread([desk = _desk, question = _question] { desk->put(answerTo(question)); }).detach();
+    std::thread([desk = _desk, look = _look, question = _question] {
+      desk->put(look(question));
+    }).detach();
   } catch (const std::system_error&) {
-    _desk->put(answerTo(_question));  // no thread to be had
+    _desk->put(_look(_question));  // no thread to be had
   }
 }
 

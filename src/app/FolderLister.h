@@ -27,7 +27,10 @@ class FolderLister {
     std::shared_ptr<const FolderHelper> known;
   };
 
-  explicit FolderLister(Done done);
+  /// How a folder is listed. On threads of its own, several at once.
+  using Look = std::function<Answer(const Question& question)>;
+
+  explicit FolderLister(Done done, Look look = answerTo);
   FolderLister(const FolderLister&) = delete;
   FolderLister& operator=(const FolderLister&) = delete;
   ~FolderLister();
@@ -36,7 +39,7 @@ class FolderLister {
   /// since it may have missed what has just changed; that of another folder is given up.
   void list(Question question);
 
-  /// What `list` does on its thread.
+  /// Lists the folder, or tells that nothing has changed in it.
   static Answer answerTo(const Question& question);
 
  private:
@@ -46,6 +49,7 @@ class FolderLister {
   void collect();
 
   Done _done;
+  Look _look;
   std::shared_ptr<Desk> _desk;  ///< null while nothing is under way
   Question _question;
   bool _isDueAgain = false;

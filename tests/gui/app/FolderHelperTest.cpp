@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
+#include <ctime>
 #include <filesystem>
 
 #include "app/FolderLister.h"
@@ -31,10 +32,27 @@ class Folder : public testing::Test {
     }
     return names;
   }
-  /// Times of the folder as they would be long after a change.
+  /// Times of the folder as they would be long after a change. The moment at which they were put
+  /// back is another one at each call, however coarse the file system's clock is.
   void makeOld() const {
-    const timespec times[2] = {{1'000'000'000, 0}, {1'000'000'000, 0}};
-    utimensat(AT_FDCWD, folder.path().c_str(), times, 0);
+    const timespec before = putBackAt();
+    do {
+      setChanged({1'000'000'000, 0});
+    } while (isSame(before, putBackAt()));
+  }
+  /// As if the folder had changed just now, however slow what follows is.
+  void makeYoung() const { setChanged({std::time(nullptr) + 3600, 0}); }
+  void setChanged(timespec time) const {
+    const timespec times[2] = {time, time};
+    ASSERT_EQ(utimensat(AT_FDCWD, folder.path().c_str(), times, 0), 0);
+  }
+  [[nodiscard]] timespec putBackAt() const {
+    struct stat status {};
+    stat(folder.path().c_str(), &status);
+    return status.st_ctim;
+  }
+  static bool isSame(const timespec& a, const timespec& b) {
+    return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
   }
 
   LogLines log;
@@ -118,6 +136,7 @@ TEST_F(Folder, GrabsAnewAndInTheFileSystemsOrder) {
 
 TEST_F(Folder, IsNotTrustedToBeUnchangedRightAfterAChange) {
   add("a.wav");
+  makeYoung();
   EXPECT_FALSE(FolderHelper(folder.path()).isCurrent());
 }
 
@@ -134,6 +153,7 @@ TEST_F(Folder, IsTrustedToBeUnchangedLaterUntilSomethingHappens) {
 
 TEST_F(Folder, AnswersWithWhatIsKnownWhereNothingHasChanged) {
   add("a.wav");
+  makeYoung();
   const auto known = std::make_shared<const FolderHelper>(folder.path());
   const auto answer = FolderLister::answerTo({folder.path(), {}, known});
   EXPECT_TRUE(answer.isSame);

@@ -7,20 +7,41 @@
 
 #include <QCoreApplication>
 #include <QTimer>
+#include <memory>
+#include <semaphore>
+#include <thread>
 #include <vector>
 
+#include "playback/ThreadSignal.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
 
 class Lister : public testing::Test {
  protected:
+  /// Runs the event loop until all that was raised before has been told.
+  void runAll() {
+    bool isTold = false;
+    ThreadSignal last([&isTold] { isTold = true; });
+    last.raise();
+    runUntil([&isTold] { return isTold; });
+    QCoreApplication::processEvents();
+  }
+  /// Until no more threads list than there are listers that may start one, and all have put down
+  /// their answers, wanted or not. The test's time limit is the only one.
+  void waitForLooks(long listers) const {
+    while (watch.use_count() > 1 + listers) std::this_thread::yield();
+  }
+  /// Lists; each thread holds on to the watch until its answer is put down.
+  [[nodiscard]] FolderLister::Look watched() const {
+    return [watch = watch](const auto& question) { return FolderLister::answerTo(question); };
+  }
   /// Runs the event loop until the condition holds.
   template <class Condition>
   void runUntil(Condition condition) {
     QTimer deadline;
     deadline.setSingleShot(true);
-    deadline.start(std::chrono::seconds(20));
+    deadline.start(std::chrono::seconds(120));
     while (!condition() && deadline.isActive()) {
       QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
@@ -38,7 +59,11 @@ class Lister : public testing::Test {
   TemporaryFolder folder;
   TemporaryFolder other;
   std::vector<FolderLister::Answer> answers;
-  FolderLister lister{[this](const FolderLister::Answer& answer) { answers.push_back(answer); }};
+  FolderLister::Done tell = [this](const FolderLister::Answer& answer) {
+    answers.push_back(answer);
+  };
+  FolderLister lister{tell};
+  std::shared_ptr<int> watch = std::make_shared<int>();
 };
 
 TEST_F(Lister, AnswersFromTheEventLoop) {
@@ -60,10 +85,17 @@ TEST_F(Lister, LooksAgainWhereItWasAskedMeanwhile) {
 }
 
 TEST_F(Lister, GivesUpTheFolderThatIsNoLongerWanted) {
-  lister.list(about(folder));
-  lister.list(about(other));
+  std::binary_semaphore door{0};
+  FolderLister choosy(tell, [&, look = watched()](const FolderLister::Question& question) {
+    if (question.folder == folder.path()) door.acquire();
+    return look(question);
+  });
+  choosy.list(about(folder));
+  choosy.list(about(other));
   runUntil([this] { return !answers.empty(); });
-  QCoreApplication::processEvents();
+  door.release();
+  waitForLooks(1);
+  runAll();
   ASSERT_EQ(answers.size(), 1U);
   EXPECT_EQ(answers[0].listing->folderPath(), other.path());
 }
@@ -80,10 +112,12 @@ TEST_F(Lister, KeepsUpWithAFolderThatChangesAllTheTime) {
 
 TEST_F(Lister, MayGoWhileItLists) {
   for (int i = 0; i < 50; ++i) {
-    FolderLister brief([](const FolderLister::Answer&) { FAIL() << "nobody is there any more"; });
+    FolderLister brief([](const FolderLister::Answer&) { FAIL() << "nobody is there any more"; },
+                       watched());
     brief.list(about(folder));
   }
-  QCoreApplication::processEvents();
+  waitForLooks(0);
+  runAll();
 }
 
 TEST_F(Lister, TellsWhetherAnythingChanged) {
