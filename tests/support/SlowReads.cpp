@@ -11,6 +11,7 @@
 #include <atomic>
 #include <cerrno>
 #include <chrono>
+#include <condition_variable>
 #include <cstdlib>
 #include <mutex>
 #include <thread>
@@ -24,7 +25,11 @@ constexpr std::size_t kPiece = 1 << 16;
 struct Medium {
   std::mutex mutex;
   std::string folder;
-  Clock::time_point free;  ///< when the medium has done what was asked of it
+  std::condition_variable changed;
+  std::uint64_t round = 0;     ///< counts the calls that set the medium up
+  std::uint64_t share = 0;     ///< bytes a thread may have; 0 is any number
+  std::thread::id privileged;  ///< who is not held to it
+  Clock::time_point free;      ///< when the medium has done what was asked of it
   std::atomic<std::uint64_t> rate{0};
   std::atomic<bool> isActive{false};
   std::atomic<bool> isGone{false};
@@ -55,8 +60,32 @@ bool isOnMedium(int file) {
                            .starts_with(all.folder + "/");
 }
 
+// What this thread has read, and in which round.
+struct Account {
+  std::uint64_t round = 0;
+  std::uint64_t taken = 0;
+};
+
+Account& account() {
+  thread_local Account account;
+  if (account.round != medium().round) account = {medium().round, 0};
+  return account;
+}
+
+void waitForShare(std::size_t bytes) {
+  Medium& all = medium();
+  std::unique_lock lock(all.mutex);
+  const std::uint64_t taken = account().taken += bytes;
+  if (all.share == 0 || all.privileged == std::this_thread::get_id()) return;
+  const auto mayGoOn = [&, round = all.round] {
+    return taken <= all.share || all.round != round || all.isGone || !all.isActive;
+  };
+  all.changed.wait(lock, mayGoOn);
+}
+
 void waitFor(std::size_t bytes) {
   Medium& all = medium();
+  waitForShare(bytes);
   if (all.rate == 0) return;
   Clock::time_point done;
   {
@@ -88,6 +117,20 @@ ssize_t slowly(int file, std::byte* to, std::size_t count, Real real) {
   return static_cast<ssize_t>(done);
 }
 
+void setUp(const std::string& folder, std::uint64_t rate, std::uint64_t share) {
+  Medium& all = medium();
+  const std::lock_guard lock(all.mutex);
+  all.folder = folder;
+  all.free = Clock::now();
+  all.rate = rate;
+  all.share = share;
+  all.privileged = std::this_thread::get_id();
+  all.isGone = false;
+  all.isActive = true;
+  ++all.round;
+  all.changed.notify_all();
+}
+
 template <class Function>
 Function next(const char* name) {
   return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
@@ -96,21 +139,28 @@ Function next(const char* name) {
 }  // namespace
 
 void SlowReads::limit(const std::string& folder, std::uint64_t bytesPerSecond) {
-  Medium& all = medium();
-  const std::lock_guard lock(all.mutex);
-  all.folder = folder;
-  all.free = Clock::now();
-  all.rate = bytesPerSecond;
-  all.isGone = false;
-  all.isActive = true;
+  setUp(folder, bytesPerSecond, 0);
+}
+
+void SlowReads::share(const std::string& folder, std::uint64_t bytesPerThread) {
+  setUp(folder, 0, bytesPerThread);
+}
+
+std::uint64_t SlowReads::takenHere() {
+  const std::lock_guard lock(medium().mutex);
+  return account().taken;
 }
 
 void SlowReads::pullOut() {
+  const std::lock_guard lock(medium().mutex);
   medium().isGone = true;
+  medium().changed.notify_all();
 }
 
 void SlowReads::reset() {
+  const std::lock_guard lock(medium().mutex);
   medium().isActive = false;
+  medium().changed.notify_all();
 }
 
 extern "C" {

@@ -12,6 +12,11 @@ class SlowReads {
  public:
   /// All readers share the rate, piece by piece; nothing is cached. 0 is full speed.
   static void limit(const std::string& folder, std::uint64_t bytesPerSecond);
+  /// A medium without a clock: every other thread gets so many bytes and then waits, until the next
+  /// call here or `reset`. The calling thread is never held up; `takenHere` tells what it took.
+  static void share(const std::string& folder, std::uint64_t bytesPerThread);
+  /// Bytes that the calling thread has read since the last `limit` or `share`.
+  static std::uint64_t takenHere();
   /// Every read from now on fails with an input/output error.
   static void pullOut();
   static void reset();

@@ -15,13 +15,31 @@
 namespace {
 
 constexpr int kEntries = 20'000;
-constexpr double kMostMilliseconds = 50.0;
+constexpr int kAttempts = 3;
+/// The longest stall beside the time to list the folder on the interface thread, which is what must
+/// not happen: some 4 to 14 ms beside 60 ms where this was measured.
+constexpr double kMostOfAListing = 0.5;
 
 /// Time of the interface thread itself: what others on the machine take does not count.
 double threadMilliseconds() {
   timespec time{};
   clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
   return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
+/// What the work takes.
+template <class Work>
+double timeOf(Work work) {
+  const double before = threadMilliseconds();
+  work();
+  return threadMilliseconds() - before;
+}
+
+template <class Measure>
+double leastOf(Measure measure) {
+  double least = measure();
+  for (int i = 1; i < kAttempts; ++i) least = std::min(least, measure());
+  return least;
 }
 
 class LargeFolder : public WindowFixture {
@@ -45,12 +63,22 @@ class LargeFolder : public WindowFixture {
     double longest = 0.0;
     int quiet = 0;  // rounds: what follows from the listing is measured too
     while (answers.count() == 0 || quiet < 200) {
-      const double before = threadMilliseconds();
-      QCoreApplication::processEvents();
-      longest = std::max(longest, threadMilliseconds() - before);
+      longest = std::max(longest, timeOf([] { QCoreApplication::processEvents(); }));
       quiet = answers.count() == 0 ? 0 : quiet + 1;
     }
     return longest;
+  }
+  /// What the stall is at its best after this change, the busy machine left aside.
+  template <class Change>
+  double leastStall(Change change) {
+    return leastOf([&] {
+      change();
+      return longestStall();
+    });
+  }
+  /// The time to list the folder, in parts of which stalls are told.
+  [[nodiscard]] double listingTime() const {
+    return leastOf([this] { return timeOf([this] { FolderHelper(takes.path()); }); });
   }
 };
 
@@ -63,21 +91,31 @@ TEST_F(LargeFolder, NeverHoldsUpTheInterface) {
   waitFor([this] { return view().tableFile->verticalScrollBar()->maximum() > kPlace; },
           "the layout");
   view().tableFile->verticalScrollBar()->setValue(kPlace);
-  EXPECT_LT(longestStall(), kMostMilliseconds) << "unchanged";
-  touch("take 105000b.WAV");
-  EXPECT_LT(longestStall(), kMostMilliseconds) << "one more";
-  EXPECT_EQ(view().tableFile->model()->rowCount(), kEntries + 1);
+  const double most = kMostOfAListing * listingTime();
+  EXPECT_LT(leastStall([] {}), most) << "unchanged";
+  int more = 0;
+  const auto addOne = [&] { touch("take 105000 " + std::to_string(++more) + ".WAV"); };
+  EXPECT_LT(leastStall(addOne), most) << "one more";
+  EXPECT_EQ(view().tableFile->model()->rowCount(), kEntries + more);
   EXPECT_EQ(selected(), "take 110000.WAV");
   EXPECT_EQ(view().tableFile->verticalScrollBar()->value(), kPlace);
-  for (int i = 0; i < 1000; ++i) touch("more " + std::to_string(i) + ".WAV");
-  EXPECT_LT(longestStall(), kMostMilliseconds) << "many more";
+  const auto addMany = [&] {
+    for (int i = 0; i < 400; ++i) touch("more " + std::to_string(++more) + ".WAV");
+  };
+  EXPECT_LT(leastStall(addMany), most) << "many more";
   EXPECT_EQ(selected(), "take 110000.WAV");
-  TemporaryFolder elsewhere;
-  changeTo(elsewhere.path());
-  EXPECT_LT(longestStall(), kMostMilliseconds) << "gone";
+  const TemporaryFolder elsewhere;
+  double anew = most;
+  const auto comeAndGo = [&] {
+    changeTo(takes.path());
+    anew = std::min(anew, longestStall());
+    changeTo(elsewhere.path());
+  };
+  EXPECT_LT(leastStall(comeAndGo), most) << "gone";
+  EXPECT_LT(anew, most) << "all of them anew";
   changeTo(takes.path());
-  EXPECT_LT(longestStall(), kMostMilliseconds) << "all of them anew";
-  EXPECT_EQ(view().tableFile->model()->rowCount(), kEntries + 1001);
+  longestStall();
+  EXPECT_EQ(view().tableFile->model()->rowCount(), kEntries + more);
 
   // As it would be a while after the last change.
   const timespec old[2] = {{1'000'000'000, 0}, {1'000'000'000, 0}};
@@ -87,9 +125,10 @@ TEST_F(LargeFolder, NeverHoldsUpTheInterface) {
   const auto listing = controller().folderHelper();
   refresh();
   EXPECT_EQ(controller().folderHelper(), listing) << "not listed again";
-  const double before = threadMilliseconds();
-  EXPECT_EQ(FolderLister::answerTo({takes.path(), {}, listing}).listing, listing);
-  EXPECT_LT(threadMilliseconds() - before, 1.0);
+  const auto ask = [&] {
+    EXPECT_EQ(FolderLister::answerTo({takes.path(), {}, listing}).listing, listing);
+  };
+  EXPECT_LT(leastOf([&] { return timeOf(ask); }), most / 10);
 }
 
 }  // namespace
