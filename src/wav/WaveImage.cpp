@@ -150,7 +150,11 @@ bool WaveImage::waitUntilLoaded(std::uint64_t end, const std::atomic<bool>* canc
   while (loaded() < end) {
     const bool cancelled = cancel != nullptr && cancel->load(std::memory_order_relaxed);
     if (cancelled || _stopped.load(std::memory_order_relaxed)) return false;
-    _progressed.wait_for(lock, kCancelPoll);
+    if (cancel != nullptr) {
+      _progressed.wait_for(lock, kCancelPoll);
+    } else {
+      _progressed.wait(lock);
+    }
   }
   return true;
 }

@@ -49,8 +49,8 @@ class WaveImage : public std::enable_shared_from_this<WaveImage> {
   /// Gives up loading; waiters return. Returns at once, even when the medium hangs.
   void abandon();
   /// Waits until the first `end` bytes (at most `size`) are there. False when loading failed or was
-  /// given up, or `*cancel` became true first (checked every 20 ms). An image
-  /// that nobody loads is waited for until then.
+  /// given up, or `*cancel` became true first (checked every 20 ms). An image that nobody loads is
+  /// waited for until then.
   bool waitUntilLoaded(std::uint64_t end, const std::atomic<bool>* cancel = nullptr) const;
   /// Why reading the file failed; empty when it did not.
   [[nodiscard]] std::string failure() const;
