@@ -41,7 +41,7 @@ void BackgroundWriter::run() {
     if (_written == _submitted) return;
     const Block& block = _slots[_written % kSlots];
     lock.unlock();
-    if (!hasFailed() && !_file.write(block)) _hasFailed = true;
+    if (!hasFailed() && !_append(block)) _hasFailed = true;
     lock.lock();
     ++_written;
     _changed.notify_all();

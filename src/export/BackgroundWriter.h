@@ -6,30 +6,35 @@
 #include <atomic>
 #include <condition_variable>
 #include <cstddef>
+#include <functional>
 #include <mutex>
+#include <span>
 #include <thread>
+#include <utility>
 #include <vector>
-
-#include "export/AtomicFile.h"
 
 /// Appends blocks to a file on a thread of its own, so that the next block is made while the last
 /// one is written. A few blocks are in flight at most; then `submit` waits.
 ///
-/// Threads: all operations by one thread; the file belongs to the writer from the first `submit`
-/// to `finish`.
+/// Threads: all operations by one thread, but `hasFailed` by any; the file belongs to the writer
+/// from the first `submit` to `finish`.
 class BackgroundWriter {
  public:
-  explicit BackgroundWriter(AtomicFile& file) : _file(file) {}
+  /// Appends the bytes to the file; false when that failed. Called on the writer's thread.
+  using Append = std::function<bool(std::span<const std::byte>)>;
+
+  explicit BackgroundWriter(Append append) : _append(std::move(append)) {}
   BackgroundWriter(const BackgroundWriter&) = delete;
   BackgroundWriter& operator=(const BackgroundWriter&) = delete;
-  /// Drops what has not been written yet.
+  /// Drops what has not been written yet, once a write that is under way is over.
   ~BackgroundWriter();
 
   /// Takes the bytes out of `block` to append them, and gives an empty block with room in return.
   void submit(std::vector<std::byte>& block);
   /// Waits until all is written. After it the file is the caller's again.
   void finish();
-  /// True once a write failed; the file tells why after `finish`.
+  /// True once a write failed, after which nothing is written any more, or the rest is dropped. The
+  /// file tells why after `finish`.
   [[nodiscard]] bool hasFailed() const { return _hasFailed.load(std::memory_order_relaxed); }
 
  private:
@@ -39,7 +44,7 @@ class BackgroundWriter {
   void run();
   void end(bool dropRest);
 
-  AtomicFile& _file;
+  const Append _append;
   std::mutex _mutex;  ///< guards the members below
   std::condition_variable _changed;
   std::array<Block, kSlots> _slots;

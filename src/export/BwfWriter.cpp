@@ -115,7 +115,8 @@ bool BwfWriter::streamTo(const std::filesystem::path& path, AtomicFile::Existing
   _streamPath = path;
   _streamed = 0;
   _stream->hasRoomFor(expectedSize);
-  _sender = std::make_unique<BackgroundWriter>(*_stream);
+  _sender = std::make_unique<BackgroundWriter>(
+      [file = _stream.get()](std::span<const std::byte> bytes) { return file->write(bytes); });
   _failure = _stream->failure();
   return _failure.empty();
 }

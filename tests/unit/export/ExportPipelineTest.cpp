@@ -86,12 +86,11 @@ TEST_F(ExportPipelineTest, ScalesBothSignsBy8388607AndTruncates) {
   EXPECT_EQ(stored(std::numeric_limits<float>::denorm_min()), 0);
 }
 
-// In single precision the product next to full scale rounds up to the whole number above.
-TEST_F(ExportPipelineTest, ReachesTheLargestValueJustBelowOne) {
+// The product next to full scale is 8388606.5 in single precision; it is not rounded up.
+TEST_F(ExportPipelineTest, TruncatesJustBelowOne) {
   const float below = std::nextafter(1.0F, 0.0F);
-  const auto product = static_cast<std::int32_t>(below * 8388607.0F);
-  EXPECT_EQ(stored(below), product);
-  EXPECT_EQ(stored(-below), -product);
+  EXPECT_EQ(stored(below), 8388606);
+  EXPECT_EQ(stored(-below), -8388606);
 }
 
 TEST_F(ExportPipelineTest, ClipsAt24Bit) {

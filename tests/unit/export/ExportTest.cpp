@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <chrono>
 #include <string>
 
@@ -20,6 +21,16 @@ using testing::StartsWith;
 class ExportTest : public ExportFixture {
  protected:
   static bool accepts(Export& job, const WaveBytes& file) { return job.checkFileValid(file.get()); }
+
+  /// A recording whose extension has a time, loudness values and more in the reserve, as version 2
+  /// knows them, and another history.
+  static Bytes laterVersion() {
+    constexpr std::ptrdiff_t kReserve = 412;
+    Bytes payload = WaveBytes::bextPayload("TARN J4", "A=PCM,F=96000,W=16,M=dual-mono;MSRAW=ON;");
+    payload[346] = std::byte{2};
+    std::fill_n(payload.begin() + kReserve, 190, std::byte{0x5A});
+    return WaveBytes().format24().chunk("bext", payload).data(Bytes(12)).get();
+  }
 
   Export _job{_folder.path() / "missing.wav"};
 };
@@ -117,15 +128,24 @@ TEST_F(ExportTest, CarriesFullFieldsOver) {
 }
 
 TEST_F(ExportTest, DoesNotCarryDateTimeReferenceAndHistoryOver) {
-  ASSERT_TRUE(accepts(_job, WaveBytes().format24().recorderBext().data(Bytes(6))));
+  ASSERT_TRUE(_job.checkFileValid(laterVersion()));
   const auto before = std::chrono::system_clock::now();
   const BextChunkInfo info = _job.buildBextInfo();
   EXPECT_GE(info.OriginationDateTime, before);
   EXPECT_LE(info.OriginationDateTime, std::chrono::system_clock::now());
   EXPECT_EQ(info.TimeReference, 0);
+  EXPECT_EQ(info.CodingHistory, "A=PCM,F=48000,W=32,M=stereo,T=J4;VERSION=1.00;MSRAW=OFF;");
   EXPECT_EQ(info.Version, 1);
   ASSERT_EQ(info.Reserved.length, 190U);
   for (std::size_t i = 0; i < 190; ++i) EXPECT_EQ(info.Reserved.bytes[i], 0);
+}
+
+TEST_F(ExportTest, WritesVersion1AndAZeroedReserveWhateverTheSourceHas) {
+  for (const bool is24bit : {true, false}) {
+    const ByteView file = exported(laterVersion(), is24bit, {});
+    EXPECT_EQ(file.u16(402), 1U);
+    EXPECT_EQ(file.text(468, 190), std::string(190, '\0'));
+  }
 }
 
 TEST_F(ExportTest, WritesItsOwnHistory) {
