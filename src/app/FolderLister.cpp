@@ -8,7 +8,7 @@
 #include <thread>
 #include <utility>
 
-#include "playback/ThreadSignal.h"
+#include "base/ThreadSignal.h"
 
 /// Where a thread leaves its answer, whether or not someone still waits for it.
 class FolderLister::Desk {

@@ -8,7 +8,7 @@
 #include <cmath>
 #include <utility>
 
-#include "midi/MainThreadQueue.h"
+#include "base/MainThreadQueue.h"
 #include "midi/WorkerPool.h"
 
 namespace {

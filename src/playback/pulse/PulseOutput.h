@@ -5,8 +5,8 @@
 #include <memory>
 #include <thread>
 
+#include "base/ThreadSignal.h"
 #include "playback/AudioOutput.h"
-#include "playback/ThreadSignal.h"
 
 struct PulseControls;
 class PulseConnection;

@@ -10,7 +10,6 @@
 
 #include "playback/SourceSlot.h"
 #include "playback/SpscRing.h"
-#include "playback/ThreadSignal.h"
 #include "playback/pulse/PulseOutput.h"
 #include "support/EnvironmentVariable.h"
 #include "support/TemporaryFolder.h"
@@ -89,25 +88,6 @@ TEST(SourceSlot, NobodyPullsFromASourceThatWasTakenAway) {
   }
   isOver = true;
   output.join();
-}
-
-TEST_F(Application, ASignalFromAnotherThreadWakesTheLoop) {
-  std::thread::id seen;
-  ThreadSignal signal([&] { seen = std::this_thread::get_id(); });
-  std::thread([&] { signal.raise(); }).join();
-  runUntil([&] { return seen != std::thread::id(); });
-  EXPECT_EQ(seen, std::this_thread::get_id());
-}
-
-TEST_F(Application, ASignalMayBeDeletedByItsOwnCall) {
-  bool isCalled = false;
-  std::unique_ptr<ThreadSignal> signal;
-  signal = std::make_unique<ThreadSignal>([&] {
-    signal.reset();
-    isCalled = true;
-  });
-  signal->raise();
-  runUntil([&] { return isCalled; });
 }
 
 class LossListener : public AudioOutputListener {

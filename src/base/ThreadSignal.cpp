@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "playback/ThreadSignal.h"
+#include "base/ThreadSignal.h"
 
 #include <sys/eventfd.h>
 #include <unistd.h>

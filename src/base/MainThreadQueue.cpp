@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "midi/MainThreadQueue.h"
+#include "base/MainThreadQueue.h"
 
 #include <QCoreApplication>
 #include <QEvent>
