@@ -20,6 +20,8 @@ using nlohmann::ordered_json;
 
 namespace {
 
+constexpr std::size_t kLeastRun = 8;
+
 std::string identifierText(std::uint32_t identifier) {
   const auto bytes = reinterpret_cast<const std::uint8_t*>(&identifier);
   return WaveFileReader::DecodeAsString(bytes, sizeof identifier);
@@ -69,6 +71,16 @@ std::string durationText(double seconds) {
                      std::fmod(seconds, 60.0));
 }
 
+// How many chunks with the same identifier and size follow this one.
+std::size_t equalAfter(const std::vector<ChunkInfo>& chunks, std::size_t first) {
+  std::size_t end = first + 1;
+  while (end < chunks.size() && chunks[end].chunkID == chunks[first].chunkID &&
+         chunks[end].chunkSize == chunks[first].chunkSize) {
+    ++end;
+  }
+  return end - first - 1;
+}
+
 std::string_view encodingText(const WaveHeader& header) {
   constexpr std::uint16_t kFormatExtensible = 0xFFFE;
   switch (header.AudioFormat) {
@@ -115,7 +127,7 @@ void FileDescription::describeChunks() {
 void FileDescription::describeBext() {
   const auto chunk = _reader->getBextChunk();
   if (!chunk) return;
-  const WavArray data = _reader->getChunkData(*chunk);
+  const WavArray data = _reader->getChunkData(*chunk, bext::kMostUsed);
   if (data.length < bext::kFixedSize) return;
   _json["bext"] = {
       {"Description", field(data, bext::kDescription)},
@@ -143,16 +155,28 @@ std::string FileDescription::text() const {
   text += fmt::format("  {} channels, {} Hz, {}-bit {}, {}\n", header.NumChannels,
                       header.SampleRate, header.BitsPerSample, encodingText(header),
                       durationText(_reader->durationSeconds()));
-  for (const ordered_json& chunk : _json["chunks"]) {
-    text += fmt::format("  chunk {}  at {:>10}  {:>10} bytes\n",
-                        printable(chunk["id"].get<std::string>()),
-                        chunk["position"].get<std::uint32_t>(), chunk["size"].get<std::uint32_t>());
-  }
+  text += chunkLines();
   for (const auto& [name, value] : _json["bext"].items()) {
     const std::string shown = value.is_string() ? value.get<std::string>() : value.dump();
     text += fmt::format("  {}: {}\n", name, printable(shown));
   }
   return text;
+}
+
+// A line a chunk; zeros where chunks should be are thousands of empty ones, which share a line.
+std::string FileDescription::chunkLines() const {
+  std::string lines;
+  const std::vector<ChunkInfo>& chunks = _reader->chunks();
+  for (std::size_t i = 0; i < chunks.size(); ++i) {
+    lines += fmt::format("  chunk {}  at {:>10}  {:>10} bytes",
+                         printable(identifierText(chunks[i].chunkID)), chunks[i].streamPos,
+                         chunks[i].chunkSize);
+    const std::size_t more = equalAfter(chunks, i);
+    const bool isRun = chunks[i].chunkSize == 0 && more >= kLeastRun;
+    if (isRun) i += more;
+    lines += isRun ? fmt::format(", and {} more of it\n", more) : "\n";
+  }
+  return lines;
 }
 
 std::string FileDescription::audioWarning(const WaveFileReader& reader) {

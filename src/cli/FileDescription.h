@@ -29,6 +29,7 @@ class FileDescription {
  private:
   void describeChunks();
   void describeBext();
+  [[nodiscard]] std::string chunkLines() const;
 
   std::unique_ptr<WaveFileReader> _reader;
   nlohmann::ordered_json _json;

@@ -32,7 +32,7 @@ std::string Recognition::examine(const WaveFileReader& reader) {
   if (!reader.isValidFile()) return fmt::format("Not a WAVE file: {}", reader.whyInvalid());
   const auto chunk = reader.getBextChunk();
   if (!chunk) return "No broadcast extension (bext chunk)";
-  _bextChunk = reader.getChunkData(*chunk);
+  _bextChunk = reader.getChunkData(*chunk, bext::kMostUsed);
   if (_bextChunk.length < bext::kFixedSize) {
     return fmt::format("The broadcast extension has {} bytes, fewer than {}", _bextChunk.length,
                        bext::kFixedSize);

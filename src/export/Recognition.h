@@ -21,7 +21,7 @@ class Recognition {
   [[nodiscard]] bool isRawMidSide() const { return _isRawMidSide; }
   /// Why `isRecorder` is false, in words for people; empty when it is true.
   [[nodiscard]] const std::string& whyNot() const { return _whyNot; }
-  /// The payload of the bext chunk; empty where there is none.
+  /// The payload of the bext chunk, as much of it as is ever used; empty where there is none.
   [[nodiscard]] const WavArray& bextChunk() const { return _bextChunk; }
   WavArray takeBextChunk() { return std::move(_bextChunk); }
 

@@ -24,5 +24,8 @@ inline constexpr BextField kVersion{346, 2};
 inline constexpr BextField kUniqueMaterialIdentifier{348, 64};
 inline constexpr BextField kReserved{412, 190};
 inline constexpr std::size_t kFixedSize = 602;
+/// So much of a coding history is looked at: hundreds of generations. A chunk may claim 4 GiB.
+inline constexpr std::size_t kMostHistory = 65536;
+inline constexpr std::size_t kMostUsed = kFixedSize + kMostHistory;
 
 }  // namespace bext

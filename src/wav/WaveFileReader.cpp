@@ -66,11 +66,12 @@ const WavArray& WaveFileReader::raw() const {
   return _image ? _image->raw() : kNone;
 }
 
-WavArray WaveFileReader::getChunkData(const ChunkInfo& chunk) const {
+WavArray WaveFileReader::getChunkData(const ChunkInfo& chunk, std::uint64_t most) const {
   WavArray data;
   const std::uint64_t size = _image ? _image->size() : 0;
   if (chunk.streamPos > size) return data;
-  const auto length = std::min<std::uint64_t>(chunk.chunkSize, size - chunk.streamPos);
+  const std::uint64_t length =
+      std::min({std::uint64_t{chunk.chunkSize}, size - chunk.streamPos, most});
   data.bytes = static_cast<std::uint8_t*>(std::malloc(std::max<std::uint64_t>(length, 1)));
   if (data.bytes == nullptr) return data;
   const std::span block(reinterpret_cast<std::byte*>(data.bytes), length);

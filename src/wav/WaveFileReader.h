@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -27,6 +28,8 @@
 /// used shows as `isValidFile` false.
 class WaveFileReader {
  public:
+  static constexpr std::uint64_t kWholeChunk = std::numeric_limits<std::uint64_t>::max();
+
   /// A reader over a copy of `data`. Always a reader: ask `isValidFile`.
   static std::unique_ptr<WaveFileReader> readFromData(std::span<const std::byte> data);
 
@@ -55,8 +58,10 @@ class WaveFileReader {
 
   /// The first "bext" chunk, or none.
   [[nodiscard]] std::optional<ChunkInfo> getBextChunk() const { return _index->find("bext"); }
-  /// A copy of the chunk's payload, owned by the caller; cut at the end of the image.
-  [[nodiscard]] WavArray getChunkData(const ChunkInfo& chunk) const;
+  /// A copy of the chunk's payload, owned by the caller; cut at the end of the image, and after
+  /// `most` bytes.
+  [[nodiscard]] WavArray getChunkData(const ChunkInfo& chunk,
+                                      std::uint64_t most = kWholeChunk) const;
   /// The bytes up to the first zero or `length` as text: each byte one Latin-1 character, in UTF-8.
   static std::string DecodeAsString(const std::uint8_t* bytes, std::uint64_t length);
 

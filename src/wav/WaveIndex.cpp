@@ -61,8 +61,11 @@ void readData(std::uint32_t size, std::uint32_t payload, WaveHeader& header) {
   header.dataChunkEnd = payload + size;  // wraps on purpose
 }
 
-// Takes in the chunk; false when it runs past the end of the image and ends the walk.
+// Takes in the chunk; false when it is one too many, or it runs past the end of the image and ends
+// the walk.
 bool readChunk(Fields& fields, const ChunkInfo& chunk, std::uint64_t length, WaveIndex& index) {
+  index.hasTooManyChunks = index.chunks.size() == WaveIndex::kMostChunks;
+  if (index.hasTooManyChunks) return false;
   if (chunk.chunkID == kFmtID) {
     readFormat(fields, chunk.chunkSize, chunk.streamPos, index);
   } else if (chunk.chunkID == kDataID) {
@@ -89,6 +92,7 @@ void walk(Fields& fields, std::uint64_t length, std::uint64_t limit, WaveIndex& 
 
 void WaveIndex::parse(const WaveImage& image) {
   isValidFile = false;
+  hasTooManyChunks = false;
   const std::uint64_t length = image.size();
   if (length < kSmallestFile) return;
   Fields fields(image);
@@ -100,7 +104,8 @@ void WaveIndex::parse(const WaveImage& image) {
   const std::uint32_t riffEnd = header.ChunkSize + kChunkHeader;  // wraps on purpose
   const std::uint64_t limit = std::min<std::uint64_t>(length, riffEnd);
   if (limit >= kSmallestWalk) walk(fields, length, limit, *this);
-  isValidFile = header.dataChunkPosition != 0 && header.Subchunk1ID == kFmtID;
+  const bool isComplete = header.dataChunkPosition != 0 && header.Subchunk1ID == kFmtID;
+  isValidFile = isComplete && !hasTooManyChunks;
 }
 
 std::optional<ChunkInfo> WaveIndex::find(std::string_view identifier) const {
@@ -120,6 +125,7 @@ std::string_view WaveIndex::whyInvalid(std::uint64_t imageSize) const {
   if (imageSize < kSmallestFile) return "shorter than 48 bytes";
   if (header.ChunkID != kRiffID) return "not a RIFF file";
   if (header.Format != kWaveID) return "a RIFF file, but not WAVE";
+  if (hasTooManyChunks) return "more chunks than a recording has";
   if (header.Subchunk1ID != kFmtID) return "no format chunk";
   return "no data chunk";
 }

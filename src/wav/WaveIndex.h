@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -16,8 +17,13 @@
 /// pad byte, a data chunk may claim more bytes than the file has, and a later "fmt " or "data"
 /// chunk overrides an earlier one.
 struct WaveIndex {
-  bool isValidFile = false;    ///< RIFF/WAVE with a format and a data chunk
-  std::uint64_t encoding = 0;  ///< AudioFormat of the last format chunk
+  /// No recording has nearly as many chunks. Each eight zero bytes would be one more, so that a
+  /// file of zeros would fill the memory and be read to its end.
+  static constexpr std::size_t kMostChunks = 16384;
+
+  bool isValidFile = false;       ///< RIFF/WAVE with a format and a data chunk, and not too many
+  bool hasTooManyChunks = false;  ///< the walk was given up after `kMostChunks`
+  std::uint64_t encoding = 0;     ///< AudioFormat of the last format chunk
   std::vector<ChunkInfo> chunks;
   WaveHeader header;
 

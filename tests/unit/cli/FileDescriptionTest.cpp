@@ -42,6 +42,18 @@ class FileDescriptionTest : public testing::Test {
   TemporaryFolder _folder;
 };
 
+TEST_F(FileDescriptionTest, RunOfEmptyChunksIsOneLine) {
+  WaveBytes few = WaveBytes().format24();
+  WaveBytes many = WaveBytes().format24();
+  for (int i = 0; i < 8; ++i) few.chunk("none", {});
+  for (int i = 0; i < 9; ++i) many.chunk("none", {});
+  EXPECT_THAT(describe(few).text(), Not(HasSubstr("more")));
+  const FileDescription file = describe(many.chunk("last", {}));
+  EXPECT_THAT(file.text(), HasSubstr("  chunk none  at         44           0 bytes, and 8 more of "
+                                     "it\n  chunk last  at        116           0 bytes\n"));
+  EXPECT_EQ(file.json()["chunks"].size(), 11U);
+}
+
 TEST_F(FileDescriptionTest, HasAllKeysInOrder) {
   const FileDescription file = describe(WaveBytes().format24().recorderBext().data(Bytes(6)));
   EXPECT_TRUE(file.isReadable());

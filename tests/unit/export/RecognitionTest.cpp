@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "support/WaveBytes.h"
+#include "wav/BextLayout.h"
 
 namespace {
 
@@ -107,6 +108,17 @@ TEST(RecognitionTest, TellsWhyNot) {
             "No broadcast extension (bext chunk)");
   EXPECT_EQ(recognise("Someone", "").whyNot(),
             "Not a recording of the TARN J4: its originator is \"Someone\"");
+}
+
+// A sane history has some lines; a chunk may claim four gigabytes of it.
+TEST(RecognitionTest, LooksAtAsMuchOfAHistoryAsThereIsInAnyRecording) {
+  const std::string mark = "MSRAW=ON";
+  const std::string before(bext::kMostHistory - mark.size(), 'a');
+  EXPECT_TRUE(recognise("TARN J4", before + mark).isRawMidSide());
+  const Recognition tooFar = recognise("TARN J4", before + "a" + mark);
+  EXPECT_TRUE(tooFar.isRecorder());
+  EXPECT_FALSE(tooFar.isRawMidSide());
+  EXPECT_EQ(tooFar.bextChunk().length, bext::kMostUsed);
 }
 
 TEST(RecognitionTest, HandsOutThePayload) {

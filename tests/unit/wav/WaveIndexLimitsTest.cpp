@@ -177,6 +177,29 @@ TEST(WaveIndexLimitsTest, LessThanAChunkHeaderAtTheEndIsIgnored) {
   EXPECT_EQ(indexWithRiffSize(file.get(), 0xFFFF).chunks.size(), 5U);
 }
 
+// Each eight zero bytes are a chunk without a name and a payload.
+TEST(WaveIndexLimitsTest, AFileWithMoreChunksThanAnyRecordingIsNotValid) {
+  const Bytes start = fourChunks();
+  const std::size_t most = WaveIndex::kMostChunks - 4;
+  const WaveIndex just = indexWithRiffSize(ByteBuilder().bytes(start).zeros(8 * most).get(), ~8U);
+  EXPECT_TRUE(just.isValidFile);
+  EXPECT_EQ(just.chunks.size(), WaveIndex::kMostChunks);
+  const Bytes file = ByteBuilder().bytes(start).zeros(8 * most + 8).get();
+  const WaveIndex tooMany = indexWithRiffSize(file, ~8U);
+  EXPECT_FALSE(tooMany.isValidFile);
+  EXPECT_EQ(tooMany.whyInvalid(file.size()), "more chunks than a recording has");
+  EXPECT_EQ(tooMany.chunks.size(), WaveIndex::kMostChunks);
+  EXPECT_EQ(tooMany.header.SampleRate, 48000U) << "what was found on the way stays";
+}
+
+TEST(WaveIndexLimitsTest, IndexingAgainForgetsThatThereWereTooMany) {
+  WaveIndex index = indexWithRiffSize(
+      ByteBuilder().bytes(fourChunks()).zeros(8 * WaveIndex::kMostChunks).get(), ~8U);
+  ASSERT_FALSE(index.isValidFile);
+  index.parse(*WaveImage::fromBytes(fourChunks()));
+  EXPECT_TRUE(index.isValidFile);
+}
+
 // Headers at every distance from where a look into a file that is not loaded may end.
 TEST(WaveIndexLimitsTest, ChunkHeadersAreFoundAtAnyPlaceOfAFile) {
   const TemporaryFolder folder;
