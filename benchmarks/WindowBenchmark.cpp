@@ -60,7 +60,7 @@ double openToSound(WindowController& window, const std::filesystem::path& file) 
   ViewController& controller = window.viewController();
   const auto& files = controller.folderHelper()->files();
   const auto found = std::ranges::find(files, file.string(), &WavItem::fullPath);
-  window.window().tableFile->selectRow(static_cast<int>(found - files.begin()));
+  window.window().browser->tableFile->selectRow(static_cast<int>(found - files.begin()));
   QElapsedTimer watch;
   watch.start();
   controller.table_cell_double_click();

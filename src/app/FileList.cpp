@@ -39,11 +39,18 @@ void FileList::selectRow(int row) {
   setAutoScroll(true);
 }
 
-void FileList::keepPlace(const std::function<void()>& change) {
-  const int place = verticalScrollBar()->value();
-  change();
+int FileList::place() const {
+  return verticalScrollBar()->value();
+}
+
+void FileList::goToPlace(int place) {
   doItemsLayout();
   verticalScrollBar()->setValue(place);
+}
+
+void FileList::initViewItemOption(QStyleOptionViewItem* option) const {
+  QListView::initViewItemOption(option);
+  option->state.setFlag(QStyle::State_KeyboardFocusChange, hasFocus() && _focus.isShown());
 }
 
 void FileList::keyPressEvent(QKeyEvent* event) {

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QListView>
-#include <functional>
 
 #include "app/FileListCell.h"
 #include "controls/KeyboardFocus.h"
@@ -24,13 +23,13 @@ class FileList : public QListView {
   [[nodiscard]] int selectedRow() const;
   /// Selects this row alone, without scrolling; -1: none.
   void selectRow(int row);
-  /// Changes the rows and stays where it was scrolled to.
-  void keepPlace(const std::function<void()>& change);
-
-  /// Whether the current row should show the focus ring.
-  [[nodiscard]] bool showsFocus() const { return hasFocus() && _focus.isShown(); }
+  /// Where it is scrolled to, to be gone back to after a change of the rows.
+  [[nodiscard]] int place() const;
+  void goToPlace(int place);
 
  protected:
+  /// The current row shows the focus ring as long as the keyboard is what is used.
+  void initViewItemOption(QStyleOptionViewItem* option) const override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
 

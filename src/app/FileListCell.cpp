@@ -5,8 +5,8 @@
 
 #include <QIcon>
 #include <QPainter>
+#include <algorithm>
 
-#include "app/FileList.h"
 #include "controls/Colors.h"
 
 namespace {
@@ -14,6 +14,7 @@ namespace {
 constexpr int kIconLeft = 12;
 constexpr int kIconSide = 20;
 constexpr int kNameLeft = 44;
+constexpr int kMargin = 4;  // over and under a large name
 constexpr double kRadius = 3.0;
 
 }  // namespace
@@ -37,8 +38,8 @@ void FileListCell::drawGround(QPainter& painter, const QStyleOptionViewItem& opt
     painter.setBrush(Colors::selection());
     painter.drawRoundedRect(ground, kRadius, kRadius);
   }
-  const auto* const list = qobject_cast<const FileList*>(option.widget);
-  if (list != nullptr && list->showsFocus() && option.state.testFlag(QStyle::State_HasFocus)) {
+  constexpr auto kRing = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+  if ((option.state & kRing) == kRing) {
     painter.setPen(QPen(Colors::focusRing(), 2.0));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(ground.adjusted(1.0, 1.0, -1.0, -1.0), kRadius, kRadius);
@@ -57,7 +58,7 @@ void FileListCell::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->restore();
 }
 
-QSize FileListCell::sizeHint(const QStyleOptionViewItem& /*option*/,
+QSize FileListCell::sizeHint(const QStyleOptionViewItem& option,
                              const QModelIndex& /*index*/) const {
-  return {_columnWidth, kHeight};
+  return {_columnWidth, std::max(kHeight, option.fontMetrics.height() + 2 * kMargin)};
 }

@@ -4,14 +4,15 @@
 
 #include <QStyledItemDelegate>
 
-/// Draws one row of the file list: icon and name, on a rounded ground where it is selected.
-/// Interface thread.
+/// Draws one row of the file list: icon and name, on a rounded ground where it is selected, with a
+/// ring where it has the focus by the keyboard. Interface thread.
 class FileListCell : public QStyledItemDelegate {
   Q_OBJECT
 
  public:
   /// The name under which the list has the cell; also its object name.
   static constexpr const char* CELL_ID = "fileListCellID";  // NOLINT(readability-identifier-naming)
+  /// The least of a row; a large font takes more.
   static constexpr int kHeight = 32;
 
   explicit FileListCell(QObject* parent = nullptr);

@@ -38,6 +38,8 @@ class FolderLister {
   /// Asks for a listing. One that is under way for the same folder is followed by another one,
   /// since it may have missed what has just changed; that of another folder is given up.
   void list(Question question);
+  /// Whether an answer is still to come; asked from inside an answer, another one.
+  [[nodiscard]] bool isListing() const { return _desk != nullptr; }
 
   /// Lists the folder, or tells that nothing has changed in it.
   static Answer answerTo(const Question& question);

@@ -61,7 +61,8 @@ MainView::MainView(QWidget* parent) : QWidget(parent) {
   setStyleSheet(lookOfParts());
   auto* const left = new QVBoxLayout;
   left->setSpacing(kGap);
-  left->addWidget(makeBrowserPane(), 1);
+  browser = new BrowserView(this);
+  left->addWidget(browser, 1);
   left->addWidget(makeDevicePane());
   auto* const all = new QHBoxLayout(this);
   all->setContentsMargins(kOuter, kOuter, kOuter, kOuter);
@@ -78,43 +79,6 @@ void MainView::setAlpha(QLabel& caption, double alpha) {
   colour.setAlphaF(static_cast<float>(alpha));
   palette.setColor(QPalette::WindowText, colour);
   caption.setPalette(palette);
-}
-
-void MainView::setFace(QAbstractButton& button, const QString& artwork, const QString& name) {
-  button.setIcon(Artwork::icon(artwork));
-  button.setAccessibleName(name);
-  button.setToolTip(name);
-}
-
-QWidget* MainView::makeBrowserPane() {
-  viewLeftBG = MainViewParts::ground(this, "viewLeftBG");
-  viewLeftBG->setFixedWidth(kLeftWidth);
-  auto* const layout = new QVBoxLayout(viewLeftBG);
-  layout->setContentsMargins(10, 10, 10, 10);
-  layout->setSpacing(9);
-  layout->addWidget(makeFolderBar());
-  tableFile = new FileList(viewLeftBG);
-  layout->addWidget(tableFile, 1);
-  return viewLeftBG;
-}
-
-QWidget* MainView::makeFolderBar() {
-  viewPathBG = MainViewParts::ground(viewLeftBG, "viewPathBG");
-  viewPathBG->setFixedHeight(34);
-  btnGoUp = MainViewParts::pictureButton(viewPathBG, 28, 20);
-  setFace(*btnGoUp, QStringLiteral("go_up"), tr("Go up"));
-  lblFolder = new ElidedButton(viewPathBG);
-  lblFolder->setProperty("role", "heading");
-  lblFolder->setAccessibleName(tr("Current folder"));
-  btnOpenFolder = MainViewParts::pictureButton(viewPathBG, 28, 20);
-  setFace(*btnOpenFolder, QStringLiteral("open_folder"), tr("Open folder"));
-  auto* const layout = new QHBoxLayout(viewPathBG);
-  layout->setContentsMargins(6, 0, 6, 0);
-  layout->setSpacing(2);
-  layout->addWidget(btnGoUp);
-  layout->addWidget(lblFolder, 1);
-  layout->addWidget(btnOpenFolder);
-  return viewPathBG;
 }
 
 QAction* MainView::addAction(const QString& text, const QKeySequence& keys) {
@@ -147,15 +111,12 @@ void MainView::makeMenu() {
 }
 
 void MainView::setTabOrders() {
-  QWidget* before = btnGoUp;
-  for (QWidget* const next : std::initializer_list<QWidget*>{
-           lblFolder, btnOpenFolder, tableFile, btnPlayPause, sliderTime, btnVolume, sliderVolume,
-           sliderStereo, sliderGain, btnExport, btnMenu, popupBattery, listBatteryCover,
-           popupAutoPow, listAutoPowOffCover}) {
-    setTabOrder(before, next);
-    before = next;
-  }
-  tableFile->setFocus();
+  QWidgetList order = browser->tabOrder();
+  order +=
+      {btnPlayPause, sliderTime, btnVolume,    sliderVolume,     sliderStereo, sliderGain,
+       btnExport,    btnMenu,    popupBattery, listBatteryCover, popupAutoPow, listAutoPowOffCover};
+  for (qsizetype next = 1; next < order.size(); ++next) setTabOrder(order[next - 1], order[next]);
+  browser->tableFile->setFocus();
 }
 
 QWidget* MainView::makeDevicePane() {

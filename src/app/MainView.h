@@ -10,9 +10,8 @@
 #include <QToolButton>
 #include <QWidget>
 
-#include "app/ElidedButton.h"
+#include "app/BrowserView.h"
 #include "app/ElidedLabel.h"
-#include "app/FileList.h"
 #include "app/ImageView.h"
 #include "app/StatusLine.h"
 #include "app/TabularLabel.h"
@@ -32,17 +31,9 @@ class MainView : public QWidget {
 
   /// Text colour of a caption at this opacity, 0 to 1.
   static void setAlpha(QLabel& caption, double alpha);
-  /// Marks an action that stands for a button: picture and name for assistive software.
-  static void setFace(QAbstractButton& button, const QString& artwork, const QString& name);
 
-  QWidget* viewPathBG = nullptr;
-  QWidget* viewLeftBG = nullptr;
+  BrowserView* browser = nullptr;
   QWidget* viewRightBG = nullptr;
-
-  QToolButton* btnGoUp = nullptr;
-  ElidedButton* lblFolder = nullptr;
-  QToolButton* btnOpenFolder = nullptr;
-  FileList* tableFile = nullptr;
 
   ElidedLabel* lblFileName = nullptr;
   QLabel* lblFormat = nullptr;  ///< what the file holds, in a few words
@@ -87,8 +78,6 @@ class MainView : public QWidget {
   QAction* actionAbout = nullptr;
 
  private:
-  QWidget* makeBrowserPane();
-  QWidget* makeFolderBar();
   QWidget* makePlayerPane();
   QLayout* makeHeader();
   QWidget* makeStage();

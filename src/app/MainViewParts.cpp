@@ -3,10 +3,16 @@
 
 #include "app/MainViewParts.h"
 
+#include "controls/Artwork.h"
+
+void MainViewParts::makeGround(QWidget& widget, const char* name) {
+  widget.setObjectName(QLatin1String(name));
+  widget.setAttribute(Qt::WA_StyledBackground);
+}
+
 QWidget* MainViewParts::ground(QWidget* parent, const char* name) {
   auto* const made = new QWidget(parent);
-  made->setObjectName(QLatin1String(name));
-  made->setAttribute(Qt::WA_StyledBackground);
+  makeGround(*made, name);
   return made;
 }
 
@@ -21,4 +27,10 @@ QToolButton* MainViewParts::pictureButton(QWidget* parent, int side, int picture
   made->setFixedSize(side, side);
   made->setIconSize({picture, picture});
   return made;
+}
+
+void MainViewParts::setFace(QAbstractButton& button, const QString& artwork, const QString& name) {
+  button.setIcon(Artwork::icon(artwork));
+  button.setAccessibleName(name);
+  button.setToolTip(name);
 }

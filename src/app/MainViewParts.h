@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QAbstractButton>
 #include <QLabel>
 #include <QToolButton>
 #include <QWidget>
@@ -9,7 +10,9 @@
 /// Small pieces that the main view is put together from. Interface thread.
 class MainViewParts {
  public:
-  /// A rounded ground of a named colour; see the view's style sheet.
+  /// Makes the widget a rounded ground of a named colour; see the window's style sheet.
+  static void makeGround(QWidget& widget, const char* name);
+  /// A ground of its own.
   static QWidget* ground(QWidget* parent, const char* name);
   /// A line of text in one of the style sheet's roles; an empty role is plain text.
   template <class Label = QLabel>
@@ -20,6 +23,8 @@ class MainViewParts {
   }
   /// A button that is only a picture.
   static QToolButton* pictureButton(QWidget* parent, int side, int picture);
+  /// Marks an action that stands for a button: picture and name for assistive software.
+  static void setFace(QAbstractButton& button, const QString& artwork, const QString& name);
 
  private:
   static void style(QLabel& label, const char* role, const QString& text);

@@ -64,7 +64,7 @@ QLayout* MainView::makeHeader() {
   btnExport->setObjectName(QStringLiteral("btnExport"));
   btnExport->setFixedSize(96, 36);
   btnMenu = MainViewParts::pictureButton(viewRightBG, 36, 20);
-  setFace(*btnMenu, QStringLiteral("menu"), tr("Menu"));
+  MainViewParts::setFace(*btnMenu, QStringLiteral("menu"), tr("Menu"));
   auto* const row = new QHBoxLayout;
   row->setContentsMargins(kInset - kStageInset, 0, kInset - kStageInset - 8, 0);
   row->setSpacing(8);

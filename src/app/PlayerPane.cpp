@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/MainViewParts.h"
 #include "controls/J4SliderCell.h"
 
 namespace {
@@ -94,9 +95,10 @@ void PlayerPane::showFile(const QString& name, const WaveFileReader& reader) {
 
 void PlayerPane::showPlayButton(bool isPlaying) {
   if (isPlaying) {
-    MainView::setFace(*_view.btnPlayPause, QStringLiteral("play_pause"), MainView::tr("Pause"));
+    MainViewParts::setFace(*_view.btnPlayPause, QStringLiteral("play_pause"),
+                           MainView::tr("Pause"));
   } else {
-    MainView::setFace(*_view.btnPlayPause, QStringLiteral("play_play"), MainView::tr("Play"));
+    MainViewParts::setFace(*_view.btnPlayPause, QStringLiteral("play_play"), MainView::tr("Play"));
   }
 }
 
@@ -108,7 +110,7 @@ void PlayerPane::showVolume(float volume, bool isMuted) {
     picture = volume < kHigh ? QStringLiteral("speaker_2") : QStringLiteral("speaker_3");
     if (volume < kLow) picture = QStringLiteral("speaker_1");
   }
-  MainView::setFace(*_view.btnVolume, picture, MainView::tr("Mute"));
+  MainViewParts::setFace(*_view.btnVolume, picture, MainView::tr("Mute"));
 }
 
 void PlayerPane::setLevels(double left, double right) {

@@ -8,9 +8,8 @@
 #include <memory>
 #include <string>
 
-#include "app/ColumnMeasure.h"
-#include "app/FileListModel.h"
-#include "app/FolderLister.h"
+#include "app/BrowserPane.h"
+#include "app/FolderBrowser.h"
 #include "app/MainView.h"
 #include "app/PlayerPane.h"
 #include "base/NotificationCenter.h"
@@ -57,14 +56,14 @@ class ViewController : public QObject,
   void notify(const Notification& event);
 
   /// Remembers the folder and shows it.
-  void openFolder(const std::filesystem::path& folder);
+  void openFolder(const std::filesystem::path& folder) { _browser.openFolder(folder); }
   /// Lists the folder again, in the background.
-  void updateFileBrowser();
-  void autoResizeColumn();
+  void updateFileBrowser() { _browser.refresh(); }
+  void autoResizeColumn() { _browserPane.autoResizeColumn(); }
   /// Opens what is selected: goes into a folder, plays a file. Also what Return does.
-  void table_cell_double_click();
-  void btnGoUp_Click();
-  void txtFolder_Click();
+  void table_cell_double_click() { _browserPane.openSelected(); }
+  void btnGoUp_Click() { _browser.goUp(); }
+  void txtFolder_Click() { _browserPane.askForFolder(); }
   void btnOpenFolder_Click() { txtFolder_Click(); }
   void btnAbout_Click();
   void showIntroduction();
@@ -112,10 +111,12 @@ class ViewController : public QObject,
   void popupAutoPow_SelectionChanged();
 
   [[nodiscard]] MainView& view() const { return _view; }
-  [[nodiscard]] const std::filesystem::path& urlOfFileList() const { return _urlOfFileList; }
+  [[nodiscard]] const std::filesystem::path& urlOfFileList() const {
+    return _browser.requestedFolder();
+  }
   /// Null until the first listing has come.
   [[nodiscard]] const std::shared_ptr<const FolderHelper>& folderHelper() const {
-    return _folderHelper;
+    return _browser.listing();
   }
   [[nodiscard]] WavePlayer* wavPlayer() const { return _wavPlayer.get(); }
   /// The job of the loaded file; null without one.
@@ -135,16 +136,10 @@ class ViewController : public QObject,
   void initUI();
   void initMIDI();
   void initSliders();
-  void connectBrowser();
   void connectPlayback();
   void connectDevice();
   void connectMenu();
-  void showListing(const FolderLister::Answer& answer);
-  void showFolderName(const std::filesystem::path& folder);
-  void replaceListing(std::shared_ptr<const FolderHelper> listing);
-  void selectByName(const QString& name, bool isToBeSeen);
   void present(DialogWindow* dialog) const;
-  void openStart();
 
   void showIdle();
   void showLoaded(const WavItem& item);
@@ -160,8 +155,6 @@ class ViewController : public QObject,
   void clearDevice();
 
   MainView& _view;
-  std::shared_ptr<const FolderHelper> _folderHelper;
-  std::filesystem::path _urlOfFileList;
   std::unique_ptr<WavePlayer> _wavPlayer;
   std::shared_ptr<Export> _export;
   std::shared_ptr<TARNDeviceInfo> _info;
@@ -170,7 +163,6 @@ class ViewController : public QObject,
   std::shared_ptr<J4SliderCell> _sliderGainCell;
   QTimer _timerUpdateCurrentTime{this};
   QTimer _timerLevel{this};
-  QTimer _timerUpdateFolder{this};
   double _lastVolume = 0.0;
   bool _isMuteVolume = false;
   bool _isSeeking = false;  ///< a seek was asked for and the player has not played since
@@ -180,10 +172,8 @@ class ViewController : public QObject,
   double _stereo_before_pause = 0.0;
 
   PlayerPane _pane;
-  FileListModel _model;
-  FolderLister _lister;
-  ColumnMeasure _columnMeasure;
-  QString _nameToSelect;  ///< to be selected and seen in the next listing
+  FolderBrowser _browser{this};
+  BrowserPane _browserPane;
   std::filesystem::path _start;
   double _volumeBefore = 0.0;  ///< before the last movement of the slider
   bool _isSpaceDown = false;

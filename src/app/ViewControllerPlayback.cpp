@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
+#include <QFile>
 #include <algorithm>
 #include <cmath>
 
@@ -305,12 +306,12 @@ void ViewController::btnExport_Click() {
   if (!_export) return;
   _export->setGain(static_cast<double>(_view.sliderGain->integerValue()));
   _export->setAngle(_view.sliderStereo->angle());
-  if (_folderHelper) _export->setDirPath(_folderHelper->folderPath());
+  if (_browser.listing()) _export->setDirPath(_browser.listing()->folderPath());
   auto* const dialog = new ExportVC(&_view);
   dialog->setExporter(_export);
   connect(dialog, &ExportVC::exported, this, [this](const QString& path) {
     _view.lblStatus->clear(StatusLine::Topic::Export);
-    _nameToSelect = path.section(u'/', -1);
+    _browser.wishFor(QFile::encodeName(path).toStdString());
     updateFileBrowser();
   });
   connect(dialog, &ExportVC::failed, this,

@@ -20,7 +20,7 @@ using testing::ElementsAre;
 
 class Browsing : public WindowFixture {
  protected:
-  [[nodiscard]] QString folderName() const { return view().lblFolder->text(); }
+  [[nodiscard]] QString folderName() const { return view().browser->lblFolder->text(); }
   void waitForFolder(const std::filesystem::path& path) {
     waitFor([&] { return controller().folderHelper()->folderPath() == path; }, path.c_str());
   }
@@ -58,7 +58,7 @@ TEST_F(Browsing, BeginsWhereItEndedAndLooksEveryFiveSeconds) {
   startOnTakes();
   EXPECT_EQ(controller().urlOfFileList(), takes.path());
   EXPECT_EQ(folderName().toStdString(), takes.path().filename());
-  EXPECT_EQ(view().lblFolder->toolTip(), folderName());
+  EXPECT_EQ(view().browser->lblFolder->toolTip(), folderName());
   EXPECT_THAT(rows(), ElementsAre("R0001.WAV"));
   const auto* const timer = controller().findChild<QTimer*>("timerUpdateFolder");
   EXPECT_TRUE(timer->isActive());
@@ -76,7 +76,7 @@ TEST_F(Browsing, ShowsTheDesktopWhileTheFolderIsGone) {
   std::filesystem::remove(vanishing);
   refresh();
   EXPECT_EQ(folderName(), "Desktop");
-  EXPECT_EQ(view().lblFolder->toolTip(), "Desktop");
+  EXPECT_EQ(view().browser->lblFolder->toolTip(), "Desktop");
   EXPECT_EQ(controller().urlOfFileList(), vanishing);
   EXPECT_EQ(Utility::getStringValue(Utility::kLastOpenFolder), vanishing.string());
   std::filesystem::create_directory(vanishing);
@@ -101,7 +101,7 @@ TEST_F(Browsing, GoesIntoFoldersAndUpAgain) {
   EXPECT_THAT(rows(), ElementsAre("Deep"));
   EXPECT_EQ(folderName(), "Bells");
   EXPECT_EQ(Utility::getStringValue(Utility::kLastOpenFolder), inner.string());
-  QTest::mouseClick(view().btnGoUp, Qt::LeftButton);
+  QTest::mouseClick(view().browser->btnGoUp, Qt::LeftButton);
   waitForFolder(takes.path());
   EXPECT_THAT(rows(), ElementsAre("Bells"));
   EXPECT_EQ(controller().urlOfFileList(), takes.path());
@@ -111,17 +111,17 @@ TEST_F(Browsing, RootHasNothingAboveIt) {
   Utility::store(Utility::kLastOpenFolder, "/");
   start();
   EXPECT_EQ(folderName(), "/");
-  QTest::mouseClick(view().btnGoUp, Qt::LeftButton);
+  QTest::mouseClick(view().browser->btnGoUp, Qt::LeftButton);
   EXPECT_EQ(controller().urlOfFileList(), "/");
 }
 
 TEST_F(Browsing, ReturnOpensWhatIsSelected) {
   const auto inner = folder("Bells");
   startOnTakes();
-  QTest::keyClick(view().tableFile, Qt::Key_Return);
+  QTest::keyClick(view().browser->tableFile, Qt::Key_Return);
   EXPECT_EQ(controller().urlOfFileList(), takes.path()) << "nothing is selected";
   clickRow("Bells");
-  QTest::keyClick(view().tableFile, Qt::Key_Return);
+  QTest::keyClick(view().browser->tableFile, Qt::Key_Return);
   waitForFolder(inner);
 }
 
@@ -166,14 +166,16 @@ TEST_F(Browsing, RenamedSelectionIsNone) {
 TEST_F(Browsing, ScrollingStaysOnRefresh) {
   for (int i = 100; i < 200; ++i) file(std::to_string(i) + ".wav");
   startOnTakes();
-  waitFor([this] { return view().tableFile->verticalScrollBar()->maximum() > 777; }, "the layout");
-  view().tableFile->verticalScrollBar()->setValue(777);
+  waitFor([this] { return view().browser->tableFile->verticalScrollBar()->maximum() > 777; },
+          "the layout");
+  view().browser->tableFile->verticalScrollBar()->setValue(777);
   file("150b.wav");
   refresh();
-  EXPECT_EQ(view().tableFile->verticalScrollBar()->value(), 777);
+  EXPECT_EQ(view().browser->tableFile->verticalScrollBar()->value(), 777);
   for (int i = 200; i < 300; ++i) file(std::to_string(i) + ".wav");
   refresh();
-  EXPECT_EQ(view().tableFile->verticalScrollBar()->value(), 777) << "after a change of many rows";
+  EXPECT_EQ(view().browser->tableFile->verticalScrollBar()->value(), 777)
+      << "after a change of many rows";
 }
 
 TEST_F(Browsing, ReloadEventListsAgain) {
@@ -185,15 +187,16 @@ TEST_F(Browsing, ReloadEventListsAgain) {
 
 TEST_F(Browsing, ColumnIsAsWideAsTheLongestName) {
   startOnTakes();
-  EXPECT_EQ(view().tableFile->columnWidth(), 31);
+  EXPECT_EQ(view().browser->tableFile->columnWidth(), 31);
   const std::string longName = std::string(80, 'w') + ".wav";
   file(longName);
   file("i.wav");
   refresh();
-  const QFontMetricsF metrics(view().tableFile->font());
+  const QFontMetricsF metrics(view().browser->tableFile->font());
   const double width = metrics.horizontalAdvance(QString::fromStdString(longName));
-  waitFor([&] { return view().tableFile->columnWidth() == std::ceil(width) + 31; }, "the width");
-  waitFor([this] { return view().tableFile->horizontalScrollBar()->maximum() > 0; },
+  waitFor([&] { return view().browser->tableFile->columnWidth() == std::ceil(width) + 31; },
+          "the width");
+  waitFor([this] { return view().browser->tableFile->horizontalScrollBar()->maximum() > 0; },
           "a scroll bar");
 }
 
@@ -214,7 +217,7 @@ TEST_F(Browsing, CommandLineRecordingIsSelectedAndPlays) {
 
 TEST_F(Browsing, FolderPanelOpensThePlaceWhereItCanBeWritten) {
   startOnTakes();
-  QTest::mouseClick(view().lblFolder, Qt::LeftButton);
+  QTest::mouseClick(view().browser->lblFolder, Qt::LeftButton);
   auto* const panel = shown<QFileDialog>();
   ASSERT_NE(panel, nullptr);
   EXPECT_EQ(panel->windowTitle(), "Choose a file");
@@ -235,7 +238,7 @@ TEST_F(Browsing, FolderPanelLeavesAPathWithASpaceToItself) {
 TEST_F(Browsing, ChosenFolderIsOpened) {
   const auto inner = folder("Bells");
   startOnTakes();
-  QTest::mouseClick(view().btnOpenFolder, Qt::LeftButton);
+  QTest::mouseClick(view().browser->btnOpenFolder, Qt::LeftButton);
   emit shown<QFileDialog>()->fileSelected(QString::fromStdString(inner.string()));
   waitForFolder(inner);
   EXPECT_EQ(controller().urlOfFileList(), inner);

@@ -84,21 +84,21 @@ class LargeFolder : public WindowFixture {
 
 TEST_F(LargeFolder, NeverHoldsUpTheInterface) {
   startOnTakes();
-  EXPECT_EQ(view().tableFile->model()->rowCount(), kEntries);
+  EXPECT_EQ(view().browser->tableFile->model()->rowCount(), kEntries);
   // Not by a click, after which the list brings the row into sight half a second later.
-  view().tableFile->selectRow(rowOf("take 110000.WAV"));
+  view().browser->tableFile->selectRow(rowOf("take 110000.WAV"));
   constexpr int kPlace = 123'456;
-  waitFor([this] { return view().tableFile->verticalScrollBar()->maximum() > kPlace; },
+  waitFor([this] { return view().browser->tableFile->verticalScrollBar()->maximum() > kPlace; },
           "the layout");
-  view().tableFile->verticalScrollBar()->setValue(kPlace);
+  view().browser->tableFile->verticalScrollBar()->setValue(kPlace);
   const double most = kMostOfAListing * listingTime();
   EXPECT_LT(leastStall([] {}), most) << "unchanged";
   int more = 0;
   const auto addOne = [&] { touch("take 105000 " + std::to_string(++more) + ".WAV"); };
   EXPECT_LT(leastStall(addOne), most) << "one more";
-  EXPECT_EQ(view().tableFile->model()->rowCount(), kEntries + more);
+  EXPECT_EQ(view().browser->tableFile->model()->rowCount(), kEntries + more);
   EXPECT_EQ(selected(), "take 110000.WAV");
-  EXPECT_EQ(view().tableFile->verticalScrollBar()->value(), kPlace);
+  EXPECT_EQ(view().browser->tableFile->verticalScrollBar()->value(), kPlace);
   const auto addMany = [&] {
     for (int i = 0; i < 400; ++i) touch("more " + std::to_string(++more) + ".WAV");
   };
@@ -115,7 +115,7 @@ TEST_F(LargeFolder, NeverHoldsUpTheInterface) {
   EXPECT_LT(anew, most) << "all of them anew";
   changeTo(takes.path());
   longestStall();
-  EXPECT_EQ(view().tableFile->model()->rowCount(), kEntries + more);
+  EXPECT_EQ(view().browser->tableFile->model()->rowCount(), kEntries + more);
 
   // As it would be a while after the last change.
   const timespec old[2] = {{1'000'000'000, 0}, {1'000'000'000, 0}};

@@ -197,7 +197,7 @@ TEST_F(Playback, SpaceAndButtonToggle) {
   take("R0001.WAV");
   startOnTakes();
   open("R0001.WAV");
-  QTest::keyClick(view().tableFile, Qt::Key_Space);
+  QTest::keyClick(view().browser->tableFile, Qt::Key_Space);
   EXPECT_EQ(state(), PLAY_STATE_PAUSE);
   EXPECT_EQ(playName(), "Play");
   EXPECT_FALSE(timer("timerLevel")->isActive());
@@ -213,14 +213,14 @@ TEST_F(Playback, SpaceThatBeganElsewhereOrRepeatsDoesNothing) {
   take("R0001.WAV");
   startOnTakes();
   open("R0001.WAV");
-  QTest::keyRelease(view().tableFile, Qt::Key_Space);
+  QTest::keyRelease(view().browser->tableFile, Qt::Key_Space);
   EXPECT_EQ(state(), PLAY_STATE_PLAY);
-  QTest::keyPress(view().tableFile, Qt::Key_Space);
+  QTest::keyPress(view().browser->tableFile, Qt::Key_Space);
   EXPECT_EQ(state(), PLAY_STATE_PLAY) << "the release counts";
   QKeyEvent repeat(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, " ", true);
   QApplication::sendEvent(&view(), &repeat);
   EXPECT_EQ(state(), PLAY_STATE_PLAY);
-  QTest::keyRelease(view().tableFile, Qt::Key_Space);
+  QTest::keyRelease(view().browser->tableFile, Qt::Key_Space);
   EXPECT_EQ(state(), PLAY_STATE_PAUSE);
 }
 

@@ -21,11 +21,11 @@ class Soak : public WindowFixture {
   }
   QWidget& anyControl() {
     const auto all = std::to_array<QWidget*>(
-        {view().tableFile->viewport(), view().btnGoUp, view().sliderTime, view().sliderVolume,
-         view().sliderGain, view().sliderStereo, view().tickOfGain, view().tickOfLevel,
-         view().btnVolume, view().btnPlayPause, view().btnPlayPause, view().popupBattery,
-         view().popupAutoPow, view().listBatteryCover, view().btnExport, view().sliderStereo,
-         view().sliderTime, view().lvlLeft});
+        {view().browser->tableFile->viewport(), view().browser->btnGoUp, view().sliderTime,
+         view().sliderVolume, view().sliderGain, view().sliderStereo, view().tickOfGain,
+         view().tickOfLevel, view().btnVolume, view().btnPlayPause, view().btnPlayPause,
+         view().popupBattery, view().popupAutoPow, view().listBatteryCover, view().btnExport,
+         view().sliderStereo, view().sliderTime, view().lvlLeft});
     return *all[static_cast<std::size_t>(upTo(static_cast<int>(all.size()) - 1))];
   }
 
@@ -132,7 +132,7 @@ TEST_F(Soak, SurvivesTwoThousandActions) {
   file("broken.wav");
   folder("Bells");
   startOnTakes();
-  view().btnGoUp->setEnabled(false);  // see goUp
+  view().browser->btnGoUp->setEnabled(false);  // see goUp
   for (int step = 0; step < kActions; ++step) {
     act();
     tidy();

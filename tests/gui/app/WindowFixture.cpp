@@ -94,7 +94,7 @@ void WindowFixture::refresh() {
 
 std::vector<std::string> WindowFixture::rows() const {
   std::vector<std::string> names;
-  const QAbstractItemModel& model = *view().tableFile->model();
+  const QAbstractItemModel& model = *view().browser->tableFile->model();
   for (int row = 0; row < model.rowCount(); ++row) {
     names.push_back(model.index(row, 0).data().toString().toStdString());
   }
@@ -107,12 +107,12 @@ int WindowFixture::rowOf(const std::string& name) const {
 }
 
 std::string WindowFixture::selected() const {
-  const int row = view().tableFile->selectedRow();
+  const int row = view().browser->tableFile->selectedRow();
   return row < 0 ? "" : rows()[static_cast<std::size_t>(row)];
 }
 
 void WindowFixture::clickRow(const std::string& name) {
-  FileList& list = *view().tableFile;
+  FileList& list = *view().browser->tableFile;
   const QModelIndex index = list.model()->index(rowOf(name), 0);
   list.scrollTo(index);
   QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(index).center());
@@ -120,7 +120,7 @@ void WindowFixture::clickRow(const std::string& name) {
 
 void WindowFixture::doubleClickRow(const std::string& name) {
   clickRow(name);
-  FileList& list = *view().tableFile;
+  FileList& list = *view().browser->tableFile;
   const QModelIndex index = list.model()->index(rowOf(name), 0);
   QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(index).center());
 }

@@ -45,8 +45,8 @@ TEST_F(Window, GroundsHaveTheirColours) {
   startOnTakes();
   const QImage image = picture();
   EXPECT_EQ(colourAt(image, &view(), {4, 4}), Colors::AppBG());
-  EXPECT_EQ(colourAt(image, view().viewPathBG, {3, 17}), Colors::ControlColor());
-  EXPECT_EQ(colourAt(image, view().viewLeftBG, {4, 100}), Colors::AppBGLight());
+  EXPECT_EQ(colourAt(image, view().browser->viewPathBG, {3, 17}), Colors::ControlColor());
+  EXPECT_EQ(colourAt(image, view().browser, {4, 100}), Colors::AppBGLight());
   EXPECT_EQ(colourAt(image, view().viewRightBG, {4, 100}), Colors::AppBGLight());
   EXPECT_EQ(colourAt(image, view().btnExport, {8, 18}), Colors::ControlColor());
 }
@@ -54,10 +54,10 @@ TEST_F(Window, GroundsHaveTheirColours) {
 TEST_F(Window, ControlsHaveTheirNamesForAssistiveSoftware) {
   startOnTakes();
   const std::initializer_list<std::pair<QWidget*, const char*>> names = {
-      {view().tableFile, "Files"},
-      {view().lblFolder, "Current folder"},
-      {view().btnGoUp, "Go up"},
-      {view().btnOpenFolder, "Open folder"},
+      {view().browser->tableFile, "Files"},
+      {view().browser->lblFolder, "Current folder"},
+      {view().browser->btnGoUp, "Go up"},
+      {view().browser->btnOpenFolder, "Open folder"},
       {view().btnPlayPause, "Play"},
       {view().sliderTime, "Position"},
       {view().sliderVolume, "Volume"},
@@ -85,27 +85,28 @@ TEST_F(Window, StaticTextsAreReadAsLabels) {
     EXPECT_EQ(interface->role(), QAccessible::StaticText);
     EXPECT_EQ(interface->text(QAccessible::Name), label->text());
   }
-  auto* const folder = QAccessible::queryAccessibleInterface(view().lblFolder);
-  EXPECT_EQ(folder->text(QAccessible::Description), view().lblFolder->text());
+  auto* const folder = QAccessible::queryAccessibleInterface(view().browser->lblFolder);
+  EXPECT_EQ(folder->text(QAccessible::Description), view().browser->lblFolder->text());
 }
 
 TEST_F(Window, TabReachesEverythingInOrder) {
   take("R0001.WAV");
   startOnTakes();
   open("R0001.WAV");
-  view().btnGoUp->setFocus();
+  view().browser->btnGoUp->setFocus();
   std::vector<QWidget*> reached;
   for (int i = 0; i < 20; ++i) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     reached.push_back(QApplication::focusWidget());
-    if (reached.back() == view().btnGoUp) break;
+    if (reached.back() == view().browser->btnGoUp) break;
   }
   EXPECT_THAT(reached,
-              testing::ElementsAre(view().lblFolder, view().btnOpenFolder, view().tableFile,
-                                   view().btnPlayPause, view().sliderTime, view().btnVolume,
-                                   view().sliderVolume, view().sliderStereo, view().sliderGain,
-                                   view().btnExport, view().btnMenu, view().listBatteryCover,
-                                   view().listAutoPowOffCover, view().btnGoUp));
+              testing::ElementsAre(view().browser->lblFolder, view().browser->btnOpenFolder,
+                                   view().browser->tableFile, view().btnPlayPause,
+                                   view().sliderTime, view().btnVolume, view().sliderVolume,
+                                   view().sliderStereo, view().sliderGain, view().btnExport,
+                                   view().btnMenu, view().listBatteryCover,
+                                   view().listAutoPowOffCover, view().browser->btnGoUp));
 }
 
 TEST_F(Window, FocusCanBeSeenEverywhere) {
@@ -114,12 +115,13 @@ TEST_F(Window, FocusCanBeSeenEverywhere) {
   open("R0001.WAV");
   controller().btnPlay_Click();
   for (QWidget* const widget : std::initializer_list<QWidget*>{
-           view().btnGoUp, view().lblFolder, view().btnOpenFolder, view().tableFile,
-           view().btnPlayPause, view().sliderTime, view().btnVolume, view().sliderVolume,
-           view().sliderStereo, view().sliderGain, view().btnExport, view().btnMenu,
-           view().listBatteryCover}) {
-    QWidget* const other =
-        widget == view().sliderGain ? static_cast<QWidget*>(view().btnGoUp) : view().sliderGain;
+           view().browser->btnGoUp, view().browser->lblFolder, view().browser->btnOpenFolder,
+           view().browser->tableFile, view().btnPlayPause, view().sliderTime, view().btnVolume,
+           view().sliderVolume, view().sliderStereo, view().sliderGain, view().btnExport,
+           view().btnMenu, view().listBatteryCover}) {
+    QWidget* const other = widget == view().sliderGain
+                               ? static_cast<QWidget*>(view().browser->btnGoUp)
+                               : view().sliderGain;
     other->setFocus(Qt::TabFocusReason);
     const QImage before = widget->grab().toImage();
     widget->setFocus(Qt::TabFocusReason);

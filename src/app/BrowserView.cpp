@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/BrowserView.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "app/MainViewParts.h"
+
+namespace {
+
+constexpr int kLeastWidth = 318;
+constexpr int kLeastBarHeight = 34;
+
+}  // namespace
+
+BrowserView::BrowserView(QWidget* parent) : QWidget(parent) {
+  MainViewParts::makeGround(*this, "viewLeftBG");
+  setMinimumWidth(kLeastWidth);
+  makeFolderBar();
+  tableFile = new FileList(this);
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(10, 10, 10, 10);
+  layout->setSpacing(9);
+  layout->addWidget(viewPathBG);
+  layout->addWidget(tableFile, 1);
+}
+
+void BrowserView::makeFolderBar() {
+  viewPathBG = new QWidget(this);
+  MainViewParts::makeGround(*viewPathBG, "viewPathBG");
+  viewPathBG->setMinimumHeight(kLeastBarHeight);
+  btnGoUp = MainViewParts::pictureButton(viewPathBG, 28, 20);
+  MainViewParts::setFace(*btnGoUp, QStringLiteral("go_up"), tr("Go up"));
+  lblFolder = new ElidedButton(viewPathBG);
+  lblFolder->setProperty("role", "heading");
+  lblFolder->setAccessibleName(tr("Current folder"));
+  btnOpenFolder = MainViewParts::pictureButton(viewPathBG, 28, 20);
+  MainViewParts::setFace(*btnOpenFolder, QStringLiteral("open_folder"), tr("Open folder"));
+  auto* const layout = new QHBoxLayout(viewPathBG);
+  layout->setContentsMargins(6, 0, 6, 0);
+  layout->setSpacing(2);
+  layout->addWidget(btnGoUp);
+  layout->addWidget(lblFolder, 1);
+  layout->addWidget(btnOpenFolder);
+}
+
+QWidgetList BrowserView::tabOrder() const {
+  return {btnGoUp, lblFolder, btnOpenFolder, tableFile};
+}

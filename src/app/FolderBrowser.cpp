@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/FolderBrowser.h"
+
+#include <QDir>
+#include <QFile>
+#include <algorithm>
+
+#include "base/Utility.h"
+
+namespace {
+
+constexpr int kFolderRefresh = 5000;  // ms
+
+std::filesystem::path desktopFolder() {
+  return QFile::encodeName(QDir::homePath() + QStringLiteral("/Desktop")).toStdString();
+}
+
+QString lastComponent(const std::filesystem::path& folder) {
+  const std::filesystem::path name = folder.filename();
+  return QFile::decodeName((name.empty() ? folder : name).c_str());
+}
+
+// As it is stored: absolute and without a slash at its end.
+std::filesystem::path tidy(const std::filesystem::path& path) {
+  std::error_code error;
+  std::filesystem::path whole = std::filesystem::absolute(path, error).lexically_normal();
+  return whole.has_filename() || !whole.has_relative_path() ? whole : whole.parent_path();
+}
+
+}  // namespace
+
+FolderBrowser::FolderBrowser(QObject* parent)
+    : QObject(parent), _lister([this](const FolderLister::Answer& answer) { showAnswer(answer); }) {
+  _timerUpdateFolder.setObjectName(QStringLiteral("timerUpdateFolder"));
+  connect(&_timerUpdateFolder, &QTimer::timeout, this, &FolderBrowser::refresh);
+}
+
+void FolderBrowser::begin(const std::filesystem::path& start) {
+  if (start.empty()) {
+    const auto last = Utility::getStringValue(Utility::kLastOpenFolder);
+    return openFolder(last ? std::filesystem::path(*last) : desktopFolder());
+  }
+  const std::filesystem::path path = tidy(start);
+  std::error_code error;
+  if (std::filesystem::is_directory(path, error)) return openFolder(path);
+  openFolder(path.parent_path());
+  wishFor(path);
+  emit takeChosen({false, lastComponent(path), FolderHelper::kFileIcon, path});
+}
+
+void FolderBrowser::openFolder(const std::filesystem::path& folder) {
+  if (folder.empty()) return;
+  _requested = tidy(folder);
+  Utility::store(Utility::kLastOpenFolder, _requested.native());
+  emit named(lastComponent(_requested));
+  if (!_timerUpdateFolder.isActive()) _timerUpdateFolder.start(kFolderRefresh);
+  refresh();
+}
+
+void FolderBrowser::refresh() {
+  _lister.list({_requested, desktopFolder(), _listing});
+}
+
+void FolderBrowser::goUp() {
+  if (!_listing) return;
+  const std::filesystem::path& folder = _listing->folderPath();
+  const std::filesystem::path parent = folder.parent_path();
+  std::error_code error;
+  if (parent != folder && std::filesystem::exists(parent, error)) openFolder(parent);
+}
+
+void FolderBrowser::choose(int row) {
+  if (row < 0 || row >= _model.rowCount()) return;
+  const WavItem item = _model.files()[static_cast<std::size_t>(row)];
+  std::error_code error;
+  if (!std::filesystem::exists(item.fullPath, error)) return;
+  if (item.isFolder) return openFolder(item.fullPath);
+  emit takeChosen(item);
+}
+
+void FolderBrowser::wishFor(const std::filesystem::path& file) {
+  const std::filesystem::path path = tidy(file);
+  _wish = Wish{path.parent_path(), lastComponent(path)};
+}
+
+QString FolderBrowser::failure() const {
+  if (!_listing || _listing->failure().empty()) return {};
+  return tr("“%1” cannot be read: %2")
+      .arg(lastComponent(_listing->folderPath()), QString::fromStdString(_listing->failure()));
+}
+
+void FolderBrowser::showAnswer(const FolderLister::Answer& answer) {
+  emit named(lastComponent(answer.listing->folderPath()));
+  if (answer.isSame) {
+    _listing = answer.listing;
+  } else {
+    replaceRows(answer.listing);
+  }
+  lookForWish();
+  emit listed();
+}
+
+void FolderBrowser::replaceRows(const std::shared_ptr<const FolderHelper>& listing) {
+  const bool isSameFolder = _listing && _listing->folderPath() == listing->folderPath();
+  emit rowsAboutToChange();
+  _listing = listing;
+  _model.show(_listing->files());
+  emit rowsChanged(isSameFolder);
+}
+
+// A file that was written while the folder was listed is in the listing that follows.
+void FolderBrowser::lookForWish() {
+  if (!_wish) return;
+  const bool isItsFolder = _wish->folder == _listing->folderPath();
+  const auto& files = _model.files();
+  const auto found = std::ranges::find(files, _wish->name, &WavItem::fileName);
+  const bool isGranted = isItsFolder && found != files.end();
+  if (isGranted || !isItsFolder || !_lister.isListing()) _wish.reset();
+  if (isGranted) emit wishGranted(static_cast<int>(found - files.begin()));
+}

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+#include "app/FileListModel.h"
+#include "app/FolderLister.h"
+
+/// Which folder was asked for, which one is shown, and its rows; knows no widget.
+///
+/// The folder that was asked for stays so while it is gone and the Desktop is shown in its place.
+/// It is remembered in the settings, and listed again every five seconds from the first one on.
+/// Interface thread, which has an event loop.
+class FolderBrowser : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit FolderBrowser(QObject* parent = nullptr);
+
+  /// Opens a folder to begin with, or chooses a recording in its folder. Without a path it is the
+  /// folder of the last time, or the Desktop.
+  void begin(const std::filesystem::path& start);
+  void openFolder(const std::filesystem::path& folder);
+  /// Lists again, in the background.
+  void refresh();
+  /// Opens the folder above the one that is shown, if there is one.
+  void goUp();
+  /// Goes into the folder in this row, or tells of the recording in it. What has gone is left
+  /// alone.
+  void choose(int row);
+  /// Wishes for this file to be selected as soon as its folder shows it. Another folder ends the
+  /// wish.
+  void wishFor(const std::filesystem::path& file);
+
+  [[nodiscard]] const std::filesystem::path& requestedFolder() const { return _requested; }
+  /// Null until the first listing has come.
+  [[nodiscard]] const std::shared_ptr<const FolderHelper>& listing() const { return _listing; }
+  [[nodiscard]] FileListModel& model() { return _model; }
+  /// Why the folder that is shown could not be read, a sentence for people; empty when it could.
+  [[nodiscard]] QString failure() const;
+
+ signals:
+  /// What to call the folder that is shown, or about to be.
+  void named(const QString& name);
+  void rowsAboutToChange();
+  void rowsChanged(bool isSameFolder);
+  /// The wish for a file has come true.
+  void wishGranted(int row);
+  /// The rows are what the folder held a moment ago.
+  void listed();
+  void takeChosen(const WavItem& take);
+
+ private:
+  /// A file by name together with the folder in which it is meant.
+  struct Wish {
+    std::filesystem::path folder;
+    QString name;
+  };
+
+  void showAnswer(const FolderLister::Answer& answer);
+  void replaceRows(const std::shared_ptr<const FolderHelper>& listing);
+  void lookForWish();
+
+  std::filesystem::path _requested;
+  std::shared_ptr<const FolderHelper> _listing;
+  FileListModel _model;
+  FolderLister _lister;
+  std::optional<Wish> _wish;
+  QTimer _timerUpdateFolder{this};
+};

@@ -1,0 +1,213 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/FolderBrowser.h"
+
+#include <gmock/gmock.h>
+
+#include <QCoreApplication>
+#include <QSignalSpy>
+#include <QTimer>
+#include <filesystem>
+
+#include "base/Utility.h"
+#include "support/EnvironmentVariable.h"
+#include "support/LogLines.h"
+#include "support/TemporaryFolder.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+class Browser : public testing::Test {
+ protected:
+  void waitForListing() {
+    QSignalSpy answers(&browser, &FolderBrowser::listed);
+    ASSERT_TRUE(answers.wait(20'000));
+  }
+  std::filesystem::path inner(const std::string& name) const {
+    std::filesystem::create_directories(takes.path() / name);
+    return takes.path() / name;
+  }
+  [[nodiscard]] std::vector<std::string> rows() {
+    std::vector<std::string> found;
+    for (const WavItem& item : browser.model().files())
+      found.push_back(item.fileName.toStdString());
+    return found;
+  }
+  [[nodiscard]] static std::string stored() {
+    return Utility::getStringValue(Utility::kLastOpenFolder).value_or("");
+  }
+
+  TemporaryFolder home;
+  TemporaryFolder settings;
+  TemporaryFolder takes;
+  EnvironmentVariable homeVariable{"HOME", home.path().string()};
+  EnvironmentVariable settingsVariable{"XDG_CONFIG_HOME", settings.path().string()};
+  LogLines log;
+  FolderBrowser browser;
+  QSignalSpy names{&browser, &FolderBrowser::named};
+  QSignalSpy chosen{&browser, &FolderBrowser::takeChosen};
+  QSignalSpy granted{&browser, &FolderBrowser::wishGranted};
+};
+
+TEST_F(Browser, RemembersNamesAndListsTheFolder) {
+  takes.file("a.wav", {});
+  browser.openFolder(takes.path() / "");
+  EXPECT_EQ(browser.requestedFolder(), takes.path());
+  EXPECT_EQ(stored(), takes.path());
+  EXPECT_EQ(names.last().first().toString().toStdString(), takes.path().filename());
+  EXPECT_EQ(browser.listing(), nullptr) << "nobody waits for it";
+  waitForListing();
+  EXPECT_THAT(rows(), ElementsAre("a.wav"));
+  const auto* const timer = browser.findChild<QTimer*>("timerUpdateFolder");
+  EXPECT_TRUE(timer->isActive());
+  EXPECT_EQ(timer->interval(), 5000);
+}
+
+TEST_F(Browser, NoFolderIsNone) {
+  browser.openFolder({});
+  EXPECT_EQ(stored(), "");
+  EXPECT_FALSE(browser.findChild<QTimer*>("timerUpdateFolder")->isActive());
+}
+
+TEST_F(Browser, BeginsWithTheFolderOfTheLastTimeOrTheDesktop) {
+  browser.begin({});
+  EXPECT_EQ(browser.requestedFolder(), home.path() / "Desktop");
+  Utility::store(Utility::kLastOpenFolder, takes.path().string());
+  browser.begin({});
+  EXPECT_EQ(browser.requestedFolder(), takes.path());
+}
+
+TEST_F(Browser, BeginsWithARecordingThatItChoosesAndShows) {
+  takes.file("a.wav", {});
+  const auto path = takes.file("b.wav", {});
+  browser.begin(path);
+  ASSERT_EQ(chosen.count(), 1);
+  EXPECT_EQ(chosen.first().first().value<WavItem>().fullPath, path);
+  EXPECT_EQ(browser.requestedFolder(), takes.path());
+  waitForListing();
+  ASSERT_EQ(granted.count(), 1);
+  EXPECT_EQ(granted.first().first().toInt(), 1);
+}
+
+TEST_F(Browser, ShowsTheDesktopWhileTheFolderIsGone) {
+  takes.file("a.wav", {});
+  std::filesystem::create_directory(home.path() / "Desktop");
+  browser.openFolder(inner("gone"));
+  waitForListing();
+  std::filesystem::remove(takes.path() / "gone");
+  browser.refresh();
+  waitForListing();
+  EXPECT_EQ(browser.listing()->folderPath(), home.path() / "Desktop");
+  EXPECT_EQ(names.last().first().toString(), "Desktop");
+  EXPECT_EQ(browser.requestedFolder(), takes.path() / "gone");
+  EXPECT_EQ(stored(), takes.path() / "gone");
+}
+
+TEST_F(Browser, SaysWhatCannotBeRead) {
+  browser.openFolder(takes.path() / "nothing");
+  EXPECT_EQ(browser.failure(), "");
+  waitForListing();
+  EXPECT_EQ(browser.failure(), "“Desktop” cannot be read: No such file or directory");
+}
+
+TEST_F(Browser, GoesUpAsFarAsThereIsSomething) {
+  browser.goUp();
+  EXPECT_EQ(browser.requestedFolder(), "") << "nothing is shown yet";
+  browser.openFolder(inner("Bells"));
+  waitForListing();
+  browser.goUp();
+  EXPECT_EQ(browser.requestedFolder(), takes.path());
+  browser.openFolder("/");
+  waitForListing();
+  browser.goUp();
+  EXPECT_EQ(browser.requestedFolder(), "/");
+}
+
+TEST_F(Browser, DoesNotGoUpToAParentThatHasGone) {
+  browser.openFolder(inner("Bells"));
+  waitForListing();
+  std::filesystem::remove_all(takes.path());
+  browser.goUp();
+  EXPECT_EQ(browser.requestedFolder(), takes.path() / "Bells");
+}
+
+TEST_F(Browser, ChoosesFoldersAndRecordingsThatAreStillThere) {
+  const auto path = takes.file("a.wav", {});
+  const auto gone = takes.file("b.wav", {});
+  const auto bells = inner("Bells");
+  browser.openFolder(takes.path());
+  waitForListing();
+  ASSERT_THAT(rows(), ElementsAre("Bells", "a.wav", "b.wav"));
+  std::filesystem::remove(gone);
+  for (const int row : {-1, 2, 3}) browser.choose(row);
+  EXPECT_EQ(chosen.count(), 0);
+  browser.choose(1);
+  ASSERT_EQ(chosen.count(), 1);
+  EXPECT_EQ(chosen.first().first().value<WavItem>().fullPath, path);
+  browser.choose(0);
+  EXPECT_EQ(browser.requestedFolder(), bells);
+}
+
+TEST_F(Browser, WishIsForItsFolderAlone) {
+  takes.file("a_Decode.wav", {});
+  const auto elsewhere = inner("Bells") / "a_Decode.wav";
+  browser.openFolder(takes.path());
+  waitForListing();
+  browser.wishFor(elsewhere);
+  browser.refresh();
+  waitForListing();
+  EXPECT_EQ(granted.count(), 0) << "a file of that name is here too";
+  std::filesystem::copy_file(takes.path() / "a_Decode.wav", elsewhere);
+  browser.openFolder(takes.path() / "Bells");
+  waitForListing();
+  EXPECT_EQ(granted.count(), 0) << "the wish has ended";
+}
+
+TEST_F(Browser, WishOutlivesTheListingThatCameTooEarly) {
+  browser.openFolder(takes.path());  // this listing may not have the file
+  takes.file("new.wav", {});
+  browser.wishFor(takes.path() / "new.wav");
+  browser.refresh();
+  waitForListing();
+  if (granted.empty()) waitForListing();
+  EXPECT_EQ(granted.count(), 1);
+  browser.refresh();
+  waitForListing();
+  EXPECT_EQ(granted.count(), 1) << "once";
+}
+
+TEST_F(Browser, WishForWhatIsNotThereEnds) {
+  browser.openFolder(takes.path());
+  waitForListing();
+  browser.wishFor(takes.path() / "new.wav");
+  browser.refresh();
+  waitForListing();
+  takes.file("new.wav", {});
+  browser.refresh();
+  waitForListing();
+  EXPECT_EQ(granted.count(), 0);
+}
+
+TEST_F(Browser, TellsBeforeAndAfterTheRowsChange) {
+  takes.file("a.wav", {});
+  std::vector<std::size_t> counts;
+  QObject::connect(&browser, &FolderBrowser::rowsAboutToChange, &browser,
+                   [&] { counts.push_back(rows().size()); });
+  QSignalSpy changes(&browser, &FolderBrowser::rowsChanged);
+  browser.openFolder(takes.path());
+  waitForListing();
+  takes.file("b.wav", {});
+  browser.refresh();
+  waitForListing();
+  EXPECT_THAT(counts, ElementsAre(0U, 1U));
+  ASSERT_EQ(changes.count(), 2);
+  EXPECT_FALSE(changes[0].first().toBool());
+  EXPECT_TRUE(changes[1].first().toBool());
+  browser.refresh();
+  waitForListing();
+  EXPECT_EQ(changes.count(), 2) << "nothing has changed";
+}
+
+}  // namespace
