@@ -5,16 +5,14 @@
 #include <memory>
 
 #include "LinkTest.h"
+#include "midi/RecorderLink.h"
 #include "midi/simulator/SimulatedLink.h"
 
-/// The whole link in memory: both managers, a delegate that does what the window does, and a
-/// recorder to plug in, on a virtual clock.
-class LinkBench : public MIDIManagerDelegate {
+/// The whole link in memory: both managers, the way between them, and a recorder to plug in, on a
+/// virtual clock.
+class LinkBench {
  public:
-  explicit LinkBench(MIDIPacketKind kind) : link(kind, clock) {
-    manager.setDelegate(this);
-    manager.scanTarnDevice();
-  }
+  explicit LinkBench(MIDIPacketKind kind) : link(kind, clock) { way.open(); }
 
   void plugIn() { link.plugIn(); }
   void pullOut() { link.pullOut(); }
@@ -36,21 +34,6 @@ class LinkBench : public MIDIManagerDelegate {
   int connections = 0;
   int disconnections = 0;
   int updates = 0;
-
- private:
-  void MIDIManagerFound() override { manager.connect(); }
-  void MIDIManagerConnected() override {
-    ++connections;
-    sequences.startConnectSeq([this] { ++updates; });
-  }
-  void MIDIManagerDisconnected() override {
-    ++disconnections;
-    sequences.forceStopSeq();
-  }
-  void MIDIManagerReceivedData(const MIDIEventPacket& packet) override {
-    sequences.receivedMidi(packet);
-  }
-  void MIDIManagerReceivedData_iOS13(const MIDIPacket& packet, bool isLast) override {
-    sequences.receivedMidi_iOS13(packet, isLast);
-  }
+  RecorderLink way{
+      {[this] { ++connections; }, [this] { ++updates; }, [this] { ++disconnections; }}};
 };

@@ -325,7 +325,7 @@ TEST_P(LinkFaultTest, OutlivesTenThousandRandomEvents) {
   }
   EXPECT_GT(bench.connections, 100);
   EXPECT_GT(bench.disconnections, 100);
-  EXPECT_GT(bench.updates, 100);
+  EXPECT_GT(bench.updates, 20) << "whole records; most of these recorders fail";
   bench.pullOut();
   bench.recorder.behave();
   bench.recorder.state() = {};

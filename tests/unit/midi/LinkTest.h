@@ -18,6 +18,7 @@
 #include "midi/MIDISequenceManager.h"
 #include "midi/QtMIDIClock.h"
 #include "midi/memory/MIDIWireEvents.h"
+#include "support/PacketKinds.h"
 #include "support/SteppedMIDIClock.h"
 
 /// Puts a platform in place for one test, and takes what is logged away from the output.
@@ -106,12 +107,3 @@ class LinkTest : public testing::TestWithParam<MIDIPacketKind> {
     return messages;
   }
 };
-
-inline std::string kindName(const testing::TestParamInfo<MIDIPacketKind>& info) {
-  return info.param == MIDIPacketKind::EventLists ? "EventLists" : "BytePackets";
-}
-
-#define MIXDECK_BOTH_KINDS(suite)                                                            \
-  INSTANTIATE_TEST_SUITE_P(                                                                  \
-      Link, suite, testing::Values(MIDIPacketKind::BytePackets, MIDIPacketKind::EventLists), \
-      kindName)
