@@ -22,7 +22,7 @@ DeviceLink::~DeviceLink() {
 }
 
 void DeviceLink::attach(MainView& view) {
-  view.lblSimulated->setVisible(_simulated != nullptr);
+  view.device->lblSimulated->setVisible(_simulated != nullptr);
   if (!_machine) return;
   _machine->setAvailabilityObserver([this, &view] { showReason(view); });
   showReason(view);

@@ -18,12 +18,11 @@ namespace {
 constexpr int kOuter = 16;
 constexpr int kGap = 12;
 constexpr int kLeftWidth = 318;
-constexpr int kDeviceHeight = 220;
 
 QString lookOfParts() {
   return QStringLiteral(
              "#viewPathBG { background: %1; border-radius: 3px; }"
-             "#viewLeftBG, #viewRightBG, #viewDeviceBG { background: %2; border-radius: 2px; }"
+             "#viewLeftBG, #viewRightBG { background: %2; border-radius: 2px; }"
              "FileList { background: transparent; border: none; }"
              "QToolButton { background: transparent; border: 2px solid transparent;"
              "  border-radius: 6px; padding: 0; }"
@@ -37,14 +36,9 @@ QString lookOfParts() {
              "#btnPlayPause:focus { border-color: %5; }"
              "#btnExport { background: %1; border-radius: 8px; padding: 0; min-height: 32px; }"
              "#btnExport:hover { background: %3; }"
-             "#btnExport:pressed { background: %4; }"
-             "#listBatteryCover, #listAutoPowOffCover { background: transparent;"
-             "  border-radius: 4px; padding: 0; min-height: 22px; }"
-             "#barUsed { background: %6; border: none; border-radius: 3px; }"
-             "#barUsed::chunk { background: %7; border-radius: 3px; }")
+             "#btnExport:pressed { background: %4; }")
       .arg(Colors::ControlColor().name(), Colors::AppBGLight().name(), Colors::hover().name(),
-           Colors::pressed().name(), Colors::focusRing().name(), Colors::ControlColor().name(),
-           Colors::accent().name());
+           Colors::pressed().name(), Colors::focusRing().name());
 }
 
 // The toolkit takes a plain widget for a filler, also where it is the window.
@@ -63,7 +57,8 @@ MainView::MainView(QWidget* parent) : QWidget(parent) {
   left->setSpacing(kGap);
   browser = new BrowserView(this);
   left->addWidget(browser, 1);
-  left->addWidget(makeDevicePane());
+  device = new DeviceView(this);
+  left->addWidget(device);
   auto* const all = new QHBoxLayout(this);
   all->setContentsMargins(kOuter, kOuter, kOuter, kOuter);
   all->setSpacing(kGap);
@@ -112,62 +107,9 @@ void MainView::makeMenu() {
 
 void MainView::setTabOrders() {
   QWidgetList order = browser->tabOrder();
-  order +=
-      {btnPlayPause, sliderTime, btnVolume,    sliderVolume,     sliderStereo, sliderGain,
-       btnExport,    btnMenu,    popupBattery, listBatteryCover, popupAutoPow, listAutoPowOffCover};
+  order += {btnPlayPause, sliderTime, btnVolume, sliderVolume,
+            sliderStereo, sliderGain, btnExport, btnMenu};
+  order += device->tabOrder();
   for (qsizetype next = 1; next < order.size(); ++next) setTabOrder(order[next - 1], order[next]);
   browser->tableFile->setFocus();
-}
-
-QWidget* MainView::makeDevicePane() {
-  QWidget* const pane = MainViewParts::ground(this, "viewDeviceBG");
-  pane->setFixedSize(kLeftWidth, kDeviceHeight);
-  placeDeviceState(pane);
-  placeDeviceSettings(pane);
-  return pane;
-}
-
-void MainView::placeDeviceState(QWidget* pane) {
-  imgJ4 = new ImageView(pane);
-  imgJ4->setImage(Artwork::icon(QStringLiteral("device_j4")));
-  imgJ4->setGeometry(16, 20, 54, 112);
-  lblConnect = MainViewParts::label(pane, "heading");
-  lblConnect->setGeometry(86, 20, 140, 22);
-  lblVersion = MainViewParts::label(pane, "dim");
-  lblVersion->setGeometry(212, 20, 90, 22);
-  lblVersion->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  lblSimulated = MainViewParts::label(pane, "dim", tr("Simulated recorder"));
-  lblSimulated->setGeometry(86, 40, 216, 18);
-  lblSimulated->hide();
-  lblUsed = MainViewParts::label(pane, "");
-  lblUsed->setGeometry(86, 60, 216, 18);
-  barUsed = new QProgressBar(pane);
-  barUsed->setObjectName(QStringLiteral("barUsed"));
-  barUsed->setRange(0, 1000);
-  barUsed->setTextVisible(false);
-  barUsed->setAccessibleName(tr("Card used"));
-  barUsed->setGeometry(86, 84, 216, 6);
-  MainViewParts::label(pane, "dim", tr("Remaining"))->setGeometry(86, 102, 110, 20);
-  lblRemain = MainViewParts::label<TabularLabel>(pane, "");
-  lblRemain->setGeometry(202, 102, 100, 20);
-  lblRemain->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-}
-
-void MainView::placeDeviceSettings(QWidget* pane) {
-  const auto place = [&](const QString& name, int y, QComboBox*& popup, QPushButton*& cover) {
-    QLabel* const caption = MainViewParts::label(pane, "dim", name);
-    caption->setGeometry(16, y, 106, 26);
-    popup = new QComboBox(pane);
-    popup->setAccessibleName(name);
-    popup->setGeometry(126, y, 176, 26);
-    caption->setBuddy(popup);
-    cover = new QPushButton(pane);
-    cover->setAccessibleName(tr("%1, no recorder connected").arg(name));
-    cover->setGeometry(popup->geometry());
-    cover->setFocusPolicy(Qt::TabFocus);
-  };
-  place(tr("Battery"), 144, popupBattery, listBatteryCover);
-  place(tr("Auto power off"), 178, popupAutoPow, listAutoPowOffCover);
-  listBatteryCover->setObjectName(QStringLiteral("listBatteryCover"));
-  listAutoPowOffCover->setObjectName(QStringLiteral("listAutoPowOffCover"));
 }

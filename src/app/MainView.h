@@ -3,14 +3,13 @@
 #pragma once
 
 #include <QAction>
-#include <QComboBox>
 #include <QLabel>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QToolButton>
 #include <QWidget>
 
 #include "app/BrowserView.h"
+#include "app/DeviceView.h"
 #include "app/ElidedLabel.h"
 #include "app/ImageView.h"
 #include "app/StatusLine.h"
@@ -58,17 +57,7 @@ class MainView : public QWidget {
   QToolButton* btnPlayPause = nullptr;
   StatusLine* lblStatus = nullptr;
 
-  ImageView* imgJ4 = nullptr;
-  QLabel* lblConnect = nullptr;
-  QLabel* lblVersion = nullptr;
-  QLabel* lblSimulated = nullptr;  ///< shown while the recorder is a simulated one
-  QLabel* lblUsed = nullptr;
-  QProgressBar* barUsed = nullptr;  ///< thousandths of the card
-  TabularLabel* lblRemain = nullptr;
-  QComboBox* popupBattery = nullptr;
-  QComboBox* popupAutoPow = nullptr;
-  QPushButton* listBatteryCover = nullptr;
-  QPushButton* listAutoPowOffCover = nullptr;
+  DeviceView* device = nullptr;
 
   QAction* actionOpenFolder = nullptr;
   QAction* actionExport = nullptr;
@@ -86,9 +75,6 @@ class MainView : public QWidget {
   void placeLevels(QWidget* stage);
   QLayout* makeTimes();
   QLayout* makeTransport();
-  QWidget* makeDevicePane();
-  void placeDeviceState(QWidget* pane);
-  void placeDeviceSettings(QWidget* pane);
   void makeMenu();
   QAction* addAction(const QString& text, const QKeySequence& keys);
   void setTabOrders();

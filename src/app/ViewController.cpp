@@ -21,6 +21,7 @@ ViewController::ViewController(MainView& view)
     : _view(view),
       _pane(view),
       _browserPane(*view.browser, _browser, *view.lblStatus),
+      _device(*view.device),
       _self(this, [](ViewController*) {}) {
   connect(&_browser, &FolderBrowser::listed, this, &ViewController::listed);
   connect(&_browser, &FolderBrowser::takeChosen, this, &ViewController::openWavFile);
@@ -51,7 +52,7 @@ void ViewController::initUI() {
   initSliders();
   connectPlayback();
   showIdle();
-  connectDevice();
+  connect(&_device, &DevicePane::recorderMissing, this, &ViewController::showNoDevice);
   MIDIManagerDisconnected();
 }
 

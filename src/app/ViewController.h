@@ -9,13 +9,13 @@
 #include <string>
 
 #include "app/BrowserPane.h"
+#include "app/DevicePane.h"
 #include "app/FolderBrowser.h"
 #include "app/MainView.h"
 #include "app/PlayerPane.h"
 #include "base/NotificationCenter.h"
 #include "export/Export.h"
 #include "midi/MIDIManagerDelegate.h"
-#include "midi/TARNDeviceInfo.h"
 #include "playback/WavePlayer.h"
 
 class DialogWindow;
@@ -137,7 +137,6 @@ class ViewController : public QObject,
   void initMIDI();
   void initSliders();
   void connectPlayback();
-  void connectDevice();
   void connectMenu();
   void present(DialogWindow* dialog) const;
 
@@ -151,13 +150,10 @@ class ViewController : public QObject,
   void showGain();
   void showFailures();
   [[nodiscard]] bool isLoadedUntil(double seconds) const;
-  void showCard(const TARNDeviceInfo& info);
-  void clearDevice();
 
   MainView& _view;
   std::unique_ptr<WavePlayer> _wavPlayer;
   std::shared_ptr<Export> _export;
-  std::shared_ptr<TARNDeviceInfo> _info;
   std::shared_ptr<J4SliderCell> _sliderVolumeCell;
   std::shared_ptr<J4SliderCell> _sliderTimeCell;
   std::shared_ptr<J4SliderCell> _sliderGainCell;
@@ -174,6 +170,7 @@ class ViewController : public QObject,
   PlayerPane _pane;
   FolderBrowser _browser{this};
   BrowserPane _browserPane;
+  DevicePane _device;
   std::filesystem::path _start;
   double _volumeBefore = 0.0;  ///< before the last movement of the slider
   bool _isSpaceDown = false;

@@ -24,8 +24,8 @@ class Soak : public WindowFixture {
         {view().browser->tableFile->viewport(), view().browser->btnGoUp, view().sliderTime,
          view().sliderVolume, view().sliderGain, view().sliderStereo, view().tickOfGain,
          view().tickOfLevel, view().btnVolume, view().btnPlayPause, view().btnPlayPause,
-         view().popupBattery, view().popupAutoPow, view().listBatteryCover, view().btnExport,
-         view().sliderStereo, view().sliderTime, view().lvlLeft});
+         view().device->popupBattery, view().device->popupAutoPow, view().device->listBatteryCover,
+         view().btnExport, view().sliderStereo, view().sliderTime, view().lvlLeft});
     return *all[static_cast<std::size_t>(upTo(static_cast<int>(all.size()) - 1))];
   }
 

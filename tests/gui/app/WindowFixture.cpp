@@ -14,7 +14,7 @@
 #include "playback/AudioBackends.h"
 #include "support/WaveBytes.h"
 
-WindowFixture::WindowFixture() {
+WindowFixture::WindowFixture(MIDIPacketKind kind) : link(kind, midiClock) {
   Appearance::apply(*qobject_cast<QApplication*>(QCoreApplication::instance()));
   AudioBackends::addOutput("memory", [this](const AudioOutput::Format& format) {
     auto made = std::make_unique<MemoryOutput>(clock, format);

@@ -27,7 +27,7 @@
 /// and a recorder that can be plugged in.
 class WindowFixture : public testing::Test {
  protected:
-  WindowFixture();
+  explicit WindowFixture(MIDIPacketKind kind = MIDIPacketKind::BytePackets);
   ~WindowFixture() override;
 
   /// Makes the window, shows it, and waits for the first listing.
@@ -91,7 +91,7 @@ class WindowFixture : public testing::Test {
   int outputsMade = 0;
 
   std::shared_ptr<SteppedMIDIClock> midiClock = std::make_shared<SteppedMIDIClock>();
-  SimulatedLink link{MIDIPacketKind::BytePackets, midiClock};
+  SimulatedLink link;
   std::unique_ptr<MIDIManager> manager;
   std::unique_ptr<MIDISequenceManager> sequences;
   std::unique_ptr<WindowController> window;

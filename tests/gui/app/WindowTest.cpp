@@ -67,8 +67,8 @@ TEST_F(Window, ControlsHaveTheirNamesForAssistiveSoftware) {
       {view().lvlLeft, "Level left"},
       {view().lvlRight, "Level right"},
       {view().btnExport, "Export"},
-      {view().popupBattery, "Battery"},
-      {view().popupAutoPow, "Auto power off"}};
+      {view().device->popupBattery, "Battery"},
+      {view().device->popupAutoPow, "Auto power off"}};
   for (const auto& [widget, name] : names) {
     auto* const interface = QAccessible::queryAccessibleInterface(widget);
     ASSERT_NE(interface, nullptr) << name;
@@ -79,8 +79,9 @@ TEST_F(Window, ControlsHaveTheirNamesForAssistiveSoftware) {
 TEST_F(Window, StaticTextsAreReadAsLabels) {
   startOnTakes();
   for (const QLabel* const label :
-       {view().lblConnect, view().lblUsed, static_cast<QLabel*>(view().lblRemain),
-        static_cast<QLabel*>(view().lblTimeCurrent), view().lblStereo, view().lblGain}) {
+       {view().device->lblConnect, view().device->lblUsed,
+        static_cast<QLabel*>(view().device->lblRemain), static_cast<QLabel*>(view().lblTimeCurrent),
+        view().lblStereo, view().lblGain}) {
     auto* const interface = QAccessible::queryAccessibleInterface(const_cast<QLabel*>(label));
     EXPECT_EQ(interface->role(), QAccessible::StaticText);
     EXPECT_EQ(interface->text(QAccessible::Name), label->text());
@@ -105,8 +106,8 @@ TEST_F(Window, TabReachesEverythingInOrder) {
                                    view().browser->tableFile, view().btnPlayPause,
                                    view().sliderTime, view().btnVolume, view().sliderVolume,
                                    view().sliderStereo, view().sliderGain, view().btnExport,
-                                   view().btnMenu, view().listBatteryCover,
-                                   view().listAutoPowOffCover, view().browser->btnGoUp));
+                                   view().btnMenu, view().device->listBatteryCover,
+                                   view().device->listAutoPowOffCover, view().browser->btnGoUp));
 }
 
 TEST_F(Window, FocusCanBeSeenEverywhere) {
@@ -118,7 +119,7 @@ TEST_F(Window, FocusCanBeSeenEverywhere) {
            view().browser->btnGoUp, view().browser->lblFolder, view().browser->btnOpenFolder,
            view().browser->tableFile, view().btnPlayPause, view().sliderTime, view().btnVolume,
            view().sliderVolume, view().sliderStereo, view().sliderGain, view().btnExport,
-           view().btnMenu, view().listBatteryCover}) {
+           view().btnMenu, view().device->listBatteryCover}) {
     QWidget* const other = widget == view().sliderGain
                                ? static_cast<QWidget*>(view().browser->btnGoUp)
                                : view().sliderGain;
@@ -145,6 +146,7 @@ TEST_F(Window, TextsHaveTheRoomThatTheyNeed) {
   startOnTakes();
   open("R0001.WAV");
   plugIn();
+  QCoreApplication::processEvents();
   for (const QLabel* const label : view().findChildren<QLabel*>()) {
     if (!label->isVisible() || label->wordWrap() || label == view().lblFileName) continue;
     const double needed = QFontMetricsF(label->font()).horizontalAdvance(label->text());
