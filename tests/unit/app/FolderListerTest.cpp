@@ -12,7 +12,7 @@
 #include <thread>
 #include <vector>
 
-#include "playback/ThreadSignal.h"
+#include "base/ThreadSignal.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
