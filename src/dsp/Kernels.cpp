@@ -53,7 +53,12 @@ void raiseMaxima(const float* frames, std::size_t count, float& left, float& rig
 
 namespace hn = hwy::HWY_NAMESPACE;
 
+// Where the width of a vector is known at run time only, its bound would be taken for it below.
+#if HWY_HAVE_SCALABLE
+using FloatTag = hn::FixedTag<float, 4>;
+#else
 using FloatTag = hn::ScalableTag<float>;
+#endif
 using ByteTag = hn::Repartition<std::uint8_t, FloatTag>;
 using Int32Tag = hn::RebindToSigned<FloatTag>;
 

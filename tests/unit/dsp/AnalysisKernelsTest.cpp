@@ -4,7 +4,6 @@
 #include "dsp/AnalysisKernels.h"
 
 #include <gtest/gtest.h>
-#include <hwy/targets.h>
 
 #include <bit>
 #include <cmath>
@@ -13,6 +12,7 @@
 #include <vector>
 
 #include "GuardedBuffer.h"
+#include "InstructionSetTest.h"
 #include "SampleInputs.h"
 #include "dsp/PlainAnalysisKernels.h"
 
@@ -22,23 +22,7 @@ constexpr std::size_t kCounts = 48;  // frames: several of the widest vectors
 constexpr std::size_t kOffsets = 16;
 constexpr float kFar = std::numeric_limits<float>::infinity();
 
-// Each test runs once for every instruction set that was compiled in and that this machine has.
-class AnalysisKernelsTest : public testing::TestWithParam<std::int64_t> {
- protected:
-  void SetUp() override {
-    hwy::SetSupportedTargetsForTest(GetParam());
-    hwy::GetChosenTarget().Update(GetParam());
-    ASSERT_EQ(hwy::SupportedTargets(), GetParam());
-  }
-  void TearDown() override {
-    hwy::SetSupportedTargetsForTest(0);
-    hwy::GetChosenTarget().DeInit();
-  }
-};
-
-std::string targetName(const testing::TestParamInfo<std::int64_t>& target) {
-  return hwy::TargetName(target.param);
-}
+class AnalysisKernelsTest : public InstructionSetTest {};
 
 std::vector<float> finite(SampleInputs& inputs, std::size_t count) {
   std::vector<float> values(count);
@@ -138,7 +122,7 @@ void expectWeighingAsPlain(const std::vector<std::vector<float>>& stretches, Wei
 }  // namespace
 
 INSTANTIATE_TEST_SUITE_P(InstructionSets, AnalysisKernelsTest,
-                         testing::ValuesIn(hwy::SupportedAndGeneratedTargets()), targetName);
+                         testing::ValuesIn(InstructionSetTest::all()), InstructionSetTest::name);
 
 TEST_P(AnalysisKernelsTest, FindsTheOneSampleThatIsNotFinite) {
   for (std::size_t count = 1; count <= kCounts; ++count) {

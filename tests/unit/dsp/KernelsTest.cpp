@@ -4,7 +4,6 @@
 #include "dsp/Kernels.h"
 
 #include <gtest/gtest.h>
-#include <hwy/targets.h>
 
 #include <bit>
 #include <cmath>
@@ -12,6 +11,7 @@
 #include <vector>
 
 #include "GuardedBuffer.h"
+#include "InstructionSetTest.h"
 #include "SampleInputs.h"
 #include "dsp/PlainKernels.h"
 
@@ -20,23 +20,7 @@ namespace {
 constexpr std::size_t kCounts = 100;  // several of the widest vectors
 constexpr std::size_t kOffsets = 16;  // every misalignment of a float in 64 bytes, and of a byte
 
-// Each test runs once for every instruction set that was compiled in and that this machine has.
-class KernelsTest : public testing::TestWithParam<std::int64_t> {
- protected:
-  void SetUp() override {
-    hwy::SetSupportedTargetsForTest(GetParam());
-    hwy::GetChosenTarget().Update(GetParam());
-    ASSERT_EQ(hwy::SupportedTargets(), GetParam());
-  }
-  void TearDown() override {
-    hwy::SetSupportedTargetsForTest(0);
-    hwy::GetChosenTarget().DeInit();
-  }
-};
-
-std::string targetName(const testing::TestParamInfo<std::int64_t>& target) {
-  return hwy::TargetName(target.param);
-}
+class KernelsTest : public InstructionSetTest {};
 
 // Only the sum of two NaN may differ: which of both payloads survives is the compiler's choice.
 bool isSameDecode(std::span<const float> before, std::span<const float> wanted,
@@ -59,6 +43,18 @@ void expectDecodeAsPlain(std::span<const float> frames, std::size_t offset, floa
   Kernels::decodeMidSide(buffer.span(), sideGain);
   ASSERT_TRUE(isSameDecode(frames, wanted, buffer.span(), sideGain))
       << frames.size() << " floats, offset " << offset << ", gain " << sideGain;
+  ASSERT_TRUE(buffer.guardsUntouched()) << frames.size() << " floats, offset " << offset;
+}
+
+void expectDecodeAndDivideAsPlain(std::span<const float> frames, std::size_t offset, float sideGain,
+                                  float left, float right) {
+  std::vector<float> wanted(frames.begin(), frames.end());
+  PlainKernels::decodeAndDivide(wanted, sideGain, left, right);
+  GuardedBuffer<float> buffer(frames, offset);
+  Kernels::decodeAndDivide(buffer.span(), sideGain, left, right);
+  ASSERT_EQ(bitsOf(buffer.span()), bitsOf(wanted))
+      << frames.size() << " floats, offset " << offset << ", gain " << sideGain << ", divisors "
+      << left << ' ' << right;
   ASSERT_TRUE(buffer.guardsUntouched()) << frames.size() << " floats, offset " << offset;
 }
 
@@ -116,16 +112,31 @@ void expectMaximaAsPlain(std::span<const float> frames, std::size_t offset, floa
       << frames.size() << " floats, offset " << offset << ", from " << left << ' ' << right;
 }
 
-// A divisor as a gain makes it, or one that no gain makes.
-float divisor(SampleInputs& inputs) {
+// Frames of any values, of which one at most is not a number: which payload two of them leave
+// behind is the compiler's choice.
+std::vector<float> framesForASum(SampleInputs& inputs, std::size_t count) {
+  auto frames = inputs.any(count);
+  for (std::size_t i = 0; i < count; i += 2) {
+    if (!std::isfinite(frames[i])) frames[i + 1] = inputs.audio();
+  }
+  return frames;
+}
+
+// A divisor as a gain makes it.
+float plainDivisor(SampleInputs& inputs) {
   constexpr float kPlain[] = {0.0F, -0.0F, 1.0F, 0.5F, 3.0F, 1.9952623F};
-  return inputs.upTo(1) == 0 ? kPlain[inputs.upTo(5)] : inputs.any();
+  return kPlain[inputs.upTo(5)];
+}
+
+// The same, or one that no gain makes.
+float divisor(SampleInputs& inputs) {
+  return inputs.upTo(1) == 0 ? plainDivisor(inputs) : inputs.any();
 }
 
 }  // namespace
 
-INSTANTIATE_TEST_SUITE_P(InstructionSets, KernelsTest,
-                         testing::ValuesIn(hwy::SupportedAndGeneratedTargets()), targetName);
+INSTANTIATE_TEST_SUITE_P(InstructionSets, KernelsTest, testing::ValuesIn(InstructionSetTest::all()),
+                         InstructionSetTest::name);
 
 TEST_P(KernelsTest, Unpack24IsThePlainLoopForAnyCountAndMisalignment) {
   SampleInputs inputs(24);
@@ -205,6 +216,18 @@ TEST_P(KernelsTest, DecodeMidSideIsThePlainLoopForAnyCountAndMisalignment) {
   }
 }
 
+TEST_P(KernelsTest, DecodeAndDivideIsThePlainLoopForAnyCountAndMisalignment) {
+  SampleInputs inputs(1080);
+  for (std::size_t count = 0; count <= kCounts; count += 2) {
+    for (std::size_t offset = 0; offset < kOffsets; ++offset) {
+      const float gain = offset == 0 ? 0.0F : 2.0F * std::fabs(inputs.audio());
+      const float left = plainDivisor(inputs);
+      ASSERT_NO_FATAL_FAILURE(expectDecodeAndDivideAsPlain(framesForASum(inputs, count), 4 * offset,
+                                                           gain, left, plainDivisor(inputs)));
+    }
+  }
+}
+
 TEST_P(KernelsTest, DivideIsThePlainLoopForAnyCountAndMisalignment) {
   SampleInputs inputs(960);
   for (std::size_t count = 0; count <= kCounts; count += 2) {
@@ -270,6 +293,7 @@ TEST_P(KernelsTest, LongBuffersAreAsThePlainLoops) {
   expectUnpackAsPlain(inputs.bytes(3 * 4099), 1, 4);
   expectPackAsPlain(odd, 4, 1);
   expectDecodeAsPlain(even, 4, 1.5F);
+  expectDecodeAndDivideAsPlain(framesForASum(inputs, 4098), 4, 1.5F, 0.3F, 7.0F);
   expectDivideAsPlain(even, 4, 0.3F, 7.0F);
   expectPeakAsPlain(odd, 4, 0.0F);
   expectMaximaAsPlain(even, 4, -2, -2);
@@ -295,6 +319,8 @@ TEST_P(KernelsTest, NothingOutsideTheBuffersIsReadOrWritten) {
       Kernels::decodeMidSide(samples.span(), 1.0F);
       Kernels::divide(samples.span(), 2.0F, 4.0F);
       ASSERT_EQ(count == 0 ? 0.5F : samples.span()[count - 2], 0.5F);
+      Kernels::decodeAndDivide(samples.span(), 1.0F, 0.5F, 2.0F);
+      ASSERT_EQ(count == 0 ? 1.0F : samples.span()[count - 2], 1.0F);
     }
   }
 }
