@@ -13,9 +13,11 @@ class FolderStamp {
   /// Of the folder now.
   explicit FolderStamp(const std::filesystem::path& folder);
 
-  /// Whether the folder has surely not changed between `before` and this. False where it cannot be
-  /// told: right after a change, since times are as coarse as two seconds on some media, and on
-  /// file systems that do not keep the time of a folder, as over a network.
+  /// Whether the folder has no other entries than at `before`, as far as its times tell: nothing
+  /// was made, removed or renamed in it. What an entry is a link to may have changed all the same.
+  /// False where the times do not tell: when the last change lay less than 3 s before `before`,
+  /// since they are as coarse as two seconds on some media, and on network file systems and those
+  /// of user space, which may keep no time of a folder or an old one.
   [[nodiscard]] bool provesUnchangedSince(const FolderStamp& before) const;
 
  private:

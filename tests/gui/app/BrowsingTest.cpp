@@ -107,6 +107,20 @@ TEST_F(Browsing, GoesIntoFoldersAndUpAgain) {
   EXPECT_EQ(controller().urlOfFileList(), takes.path());
 }
 
+TEST_F(Browsing, GoingUpToAVanishedParentDoesNothing) {
+  const auto inner = folder("Bells/Deep");
+  startOnTakes();
+  doubleClickRow("Bells");
+  waitForFolder(inner.parent_path());
+  doubleClickRow("Deep");
+  waitForFolder(inner);
+  std::filesystem::remove_all(inner.parent_path());
+  QTest::mouseClick(view().browser->btnGoUp, Qt::LeftButton);
+  refresh();
+  EXPECT_EQ(controller().urlOfFileList(), inner);
+  EXPECT_EQ(Utility::getStringValue(Utility::kLastOpenFolder), inner.string());
+}
+
 TEST_F(Browsing, RootHasNothingAboveIt) {
   Utility::store(Utility::kLastOpenFolder, "/");
   start();

@@ -158,6 +158,18 @@ TEST_F(Playback, LevelsAreMeasuredAsTheyAreHeard) {
   EXPECT_EQ(view().lvlLeft->level(), 54) << "the highest that a meter shows";
 }
 
+TEST_F(Playback, LevelsShowWhatIsLeftAndRightAtTheAngleOfTheDial) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  const auto image = controller().exportJob()->reader()->image();
+  ASSERT_TRUE(image->waitUntilLoaded(image->size()));
+  view().sliderStereo->setNewAngle(120.0);
+  controller().updateLevelMeter(1.0 / 30.0);
+  EXPECT_EQ(view().lvlLeft->level(), 46) << "20 log10(0.75) + 48 = 45.50";
+  EXPECT_EQ(view().lvlRight->level(), 36) << "20 log10(0.25) + 48 = 35.96";
+}
+
 TEST_F(Playback, SilenceIsTheLowestLevel) {
   takes.file(
       "S.WAV",
