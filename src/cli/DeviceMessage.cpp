@@ -7,96 +7,107 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "cli/Printable.h"
 #include "midi/DeviceText.h"
 #include "midi/SDCardReport.h"
-#include "midi/simulator/RecorderRequest.h"
 
 namespace {
 
 using Json = nlohmann::ordered_json;
-using View = std::span<const std::uint8_t>;
+using View = RecorderProtocol::View;
+using Request = RecorderProtocol::Request;
+using Reply = RecorderProtocol::Reply;
 
 constexpr const char* kBattery = "battery_type";
 constexpr const char* kAutoPowerOff = "auto_power_off";
 
-std::string characters(View bytes) {
-  return {bytes.begin(), bytes.end()};
+std::string characters(const RecorderProtocol::Text& text) {
+  return {text.begin(), text.end()};
 }
 
-std::string date(View bytes) {
-  return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", 100 * bytes[6] + bytes[7], bytes[8],
-                     bytes[9], bytes[10], bytes[11], bytes[12]);
+std::string date(const MIDICalendarTime& time) {
+  return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", time.year, time.month, time.day,
+                     time.hour, time.minute, time.second);
 }
 
-/// Replies are known by their length, without F7, and by the bytes 4 and 5.
-bool isReply(View bytes, std::size_t length, std::uint8_t code, std::uint8_t sub) {
-  return bytes.size() == length + 1 && bytes[0] == 0xF0 && bytes.back() == 0xF7 &&
-         bytes[4] == code && bytes[5] == sub;
-}
-
-bool isAcknowledgement(View bytes) {
-  return bytes.size() == 7 && bytes[0] == 0xF0 && bytes[4] == 0x00 && bytes.back() == 0xF7;
-}
-
-bool isIdentity(View bytes) {
-  return bytes.size() == 15 && bytes[0] == 0xF0 && bytes[4] == 0x02 && bytes.back() == 0xF7;
+/// A whole SysEx message without its F7, as replies are known by; none of any other message.
+std::optional<View> opened(View bytes) {
+  if (bytes.size() < 2 || bytes.front() != 0xF0 || bytes.back() != 0xF7) return std::nullopt;
+  return bytes.first(bytes.size() - 1);
 }
 
 }  // namespace
 
 DeviceMessage DeviceMessage::sent(View bytes) {
-  const auto request = recorderRequest(bytes);
+  const auto request = RecorderProtocol::requestOf(bytes);
   if (!request) return unknown(bytes);
   switch (*request) {
-    case RecorderRequest::Identity:
+    case Request::Identity:
       return DeviceMessage("identity request");
-    case RecorderRequest::Start:
+    case Request::Start:
       return DeviceMessage("application start");
-    case RecorderRequest::Version:
+    case Request::Version:
       return DeviceMessage("version request");
-    case RecorderRequest::Card:
+    case Request::Card:
       return DeviceMessage("SD card request");
-    case RecorderRequest::Battery:
+    case Request::BatteryType:
       return DeviceMessage("battery type request");
-    case RecorderRequest::AutoPowerOff:
+    case Request::AutoPowerOff:
       return DeviceMessage("auto power-off request");
-    case RecorderRequest::DateTime:
-      return DeviceMessage("set date and time", {{"date_time", date(bytes)}});
-    case RecorderRequest::SetBattery:
-      return DeviceMessage("set battery type", {{kBattery, bytes[6]}});
-    case RecorderRequest::SetAutoPowerOff:
-      return DeviceMessage("set auto power-off", {{kAutoPowerOff, bytes[6]}});
+    case Request::SetDateTime:
+      return DeviceMessage("set date and time",
+                           {{"date_time", date(RecorderProtocol::dateTimeOf(bytes))}});
+    case Request::SetBatteryType:
+      return DeviceMessage("set battery type", {{kBattery, RecorderProtocol::codeOf(bytes)}});
+    case Request::SetAutoPowerOff:
+      return DeviceMessage("set auto power-off",
+                           {{kAutoPowerOff, RecorderProtocol::codeOf(bytes)}});
   }
   return unknown(bytes);
 }
 
 DeviceMessage DeviceMessage::received(View bytes) {
-  if (isIdentity(bytes)) return identity(bytes);
-  if (isAcknowledgement(bytes)) return acknowledgement(bytes[5]);
-  if (isReply(bytes, 30, 0x67, 0x00)) return card(bytes);
-  if (isReply(bytes, 10, 0x11, 0x01)) {
-    return DeviceMessage("version", {{"version", characters(bytes.subspan(6, 4))}});
+  const auto message = opened(bytes);
+  if (!message) return unknown(bytes);
+  if (const auto code = RecorderProtocol::acknowledgedBy(*message)) {
+    return acknowledgement(*message, *code);
   }
-  if (isReply(bytes, 7, 0x45, 0x01)) return DeviceMessage("battery type", {{kBattery, bytes[6]}});
-  if (isReply(bytes, 7, 0x45, 0x02)) {
-    return DeviceMessage("auto power-off", {{kAutoPowerOff, bytes[6]}});
-  }
-  return unknown(bytes);
+  const auto reply = RecorderProtocol::replyOf(*message);
+  return reply ? told(*reply, *message) : unknown(bytes);
 }
 
-DeviceMessage DeviceMessage::identity(View bytes) {
+DeviceMessage DeviceMessage::told(RecorderProtocol::Reply reply, View message) {
+  switch (reply) {
+    case Reply::Identity:
+      return identity(message);
+    case Reply::Version:
+      return DeviceMessage("version",
+                           {{"version", characters(RecorderProtocol::versionOf(message))}});
+    case Reply::Card:
+      return card(message);
+    case Reply::BatteryType:
+      return DeviceMessage("battery type", {{kBattery, RecorderProtocol::valueOf(message)}});
+    case Reply::AutoPowerOff:
+      return DeviceMessage("auto power-off", {{kAutoPowerOff, RecorderProtocol::valueOf(message)}});
+    default:
+      return unknown(message);
+  }
+}
+
+DeviceMessage DeviceMessage::identity(View message) {
+  const auto identity = RecorderProtocol::identityOf(message);
   TARNDeviceInfo info;
-  std::ranges::copy(bytes.subspan(5, 4), info._device_id.begin());
+  info._device_id = identity.deviceId;
   return DeviceMessage("identity", {{"device_id", DeviceText::deviceId(info)},
-                                    {"version", characters(bytes.subspan(9, 4))}});
+                                    {"version", characters(identity.version)}});
 }
 
-DeviceMessage DeviceMessage::card(View bytes) {
+DeviceMessage DeviceMessage::card(View message) {
   TARNDeviceInfo info;
-  SDCardReport::read(bytes.data(), info);
+  SDCardReport::read(message.data(), info);
   if (!DeviceText::hasCard(info)) return DeviceMessage("SD card", {{"sd_present", false}});
   return DeviceMessage("SD card", {{"sd_present", true},
                                    {"sd_used", info._sdUsedSize},
@@ -104,13 +115,14 @@ DeviceMessage DeviceMessage::card(View bytes) {
                                    {"remaining", DeviceText::remaining(info)}});
 }
 
-DeviceMessage DeviceMessage::acknowledgement(std::uint8_t code) {
-  static constexpr std::array<std::pair<std::uint8_t, const char*>, 4> kWhat = {
-      {{0x0F, "date and time"},
-       {0x10, "battery type"},
-       {0x11, "auto power-off"},
-       {0x15, "application start"}}};
-  const auto* const what = std::ranges::find(kWhat, code, &decltype(kWhat)::value_type::first);
+DeviceMessage DeviceMessage::acknowledgement(View message, std::uint8_t code) {
+  static constexpr std::array<std::pair<Reply, const char*>, 4> kWhat = {
+      {{Reply::DateTimeSet, "date and time"},
+       {Reply::BatteryTypeSet, "battery type"},
+       {Reply::AutoPowerOffSet, "auto power-off"},
+       {Reply::Started, "application start"}}};
+  const auto reply = RecorderProtocol::replyOf(message);
+  const auto* const what = std::ranges::find(kWhat, reply, &decltype(kWhat)::value_type::first);
   if (what != kWhat.end()) return DeviceMessage("acknowledgement", {{"of", what->second}});
   return DeviceMessage("acknowledgement", {{"of", fmt::format("{:02X}", code)}});
 }

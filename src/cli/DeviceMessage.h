@@ -8,6 +8,8 @@
 #include <string>
 #include <utility>
 
+#include "midi/RecorderProtocol.h"
+
 /// What a message between the program and the recorder means, and the values in it.
 class DeviceMessage {
  public:
@@ -30,9 +32,10 @@ class DeviceMessage {
   explicit DeviceMessage(std::string name, nlohmann::ordered_json values = {})
       : _name(std::move(name)), _values(std::move(values)) {}
 
-  static DeviceMessage identity(std::span<const std::uint8_t> bytes);
-  static DeviceMessage card(std::span<const std::uint8_t> bytes);
-  static DeviceMessage acknowledgement(std::uint8_t code);
+  static DeviceMessage told(RecorderProtocol::Reply reply, std::span<const std::uint8_t> message);
+  static DeviceMessage identity(std::span<const std::uint8_t> message);
+  static DeviceMessage card(std::span<const std::uint8_t> message);
+  static DeviceMessage acknowledgement(std::span<const std::uint8_t> message, std::uint8_t code);
   static DeviceMessage unknown(std::span<const std::uint8_t> bytes);
 
   std::string _name;

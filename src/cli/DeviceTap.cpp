@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "midi/MIDICommon.h"
-#include "midi/memory/MIDIWireEvents.h"
+#include "midi/MIDIWireEvents.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "midi/MIDISystem.h"
-#include "midi/memory/MIDIWireReader.h"
+#include "midi/MIDIWireReader.h"
 
 /// A MIDI system between a client and the real one that shows each whole message that passes, both
 /// ways, before it is passed on. One client. Interface thread only.

@@ -9,13 +9,14 @@
 #include <utility>
 
 #include "midi/MIDIStepSequence.h"
+#include "midi/RecorderProtocol.h"
 #include "midi/TARNDeviceInfo.h"
 
 /// The handshake of each connection: who the recorder is, its version, card and settings go into
 /// the record, and its clock is set.
 ///
 /// The first two requests time out after two seconds. The later ones wait for ever, which is kept
-/// on purpose. Bytes 1 to 3 of a reply are not looked at.
+/// on purpose.
 class MIDIConnectSequence : public MIDIStepSequence {
  public:
   void setDeviceInfo(std::shared_ptr<TARNDeviceInfo> info) { _deviceInfo = std::move(info); }
@@ -30,17 +31,19 @@ class MIDIConnectSequence : public MIDIStepSequence {
   static std::string buildSizeString(float size);
 
  private:
-  struct Reply;
-  static const std::array<Reply, 7>& replies();
+  using View = RecorderProtocol::View;
 
-  void identified(const std::uint8_t* bytes);
-  void started(const std::uint8_t* bytes);
-  void versionTold(const std::uint8_t* bytes);
-  void cardTold(const std::uint8_t* bytes);
-  void batteryTold(const std::uint8_t* bytes);
-  void autoPowOffTold(const std::uint8_t* bytes);
-  void dateTimeSet(const std::uint8_t* bytes);
-  static void sendDateTime();
+  struct Awaited;
+  static const std::array<Awaited, 7>& steps();
+
+  void ask(RecorderProtocol::Request request, std::int64_t step);
+  void identified(View reply);
+  void started(View reply);
+  void versionTold(View reply);
+  void cardTold(View reply);
+  void batteryTold(View reply);
+  void autoPowOffTold(View reply);
+  void dateTimeSet(View reply);
 
   std::shared_ptr<TARNDeviceInfo> _deviceInfo;
 };

@@ -11,14 +11,15 @@ constexpr std::int64_t kWaiting = 2;
 
 void MIDISettingSequence::startSequence() {
   markTimeOutWithDescription(_setting.description);
-  send(
-      {0xF0, 0x52, 0x00, 0x00, 0x31, _setting.subCommand, static_cast<std::uint8_t>(_param), 0xF7});
+  send(RecorderProtocol::setting(_setting.request, static_cast<std::uint8_t>(_param)));
   setSeq(kWaiting);
 }
 
 void MIDISettingSequence::receivedMidi(const std::uint8_t* bytes, std::int32_t length) {
+  const RecorderProtocol::View message(bytes, static_cast<std::size_t>(length));
   const bool isAwaited =
-      seq() == kWaiting && length == 6 && bytes[4] == 0x00 && bytes[5] == _setting.acknowledgement;
+      seq() == kWaiting &&
+      RecorderProtocol::isReply(RecorderProtocol::replyTo(_setting.request), message);
   if (!isAwaited) return;
   cleanTimeOutTimer();
   setSeq(0);

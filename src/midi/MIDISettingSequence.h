@@ -5,9 +5,10 @@
 #include <cstdint>
 
 #include "midi/MIDIStepSequence.h"
+#include "midi/RecorderProtocol.h"
 
-/// Changes one setting of the recorder: F0 52 00 00 31 sub-command code F7, acknowledged within two
-/// seconds or not. The device record is not touched; the next handshake tells.
+/// Changes one setting of the recorder, acknowledged within two seconds or not. The device record
+/// is not touched; the next handshake tells.
 class MIDISettingSequence : public MIDIStepSequence {
  public:
   /// The code to set; its low 8 bits are sent.
@@ -19,8 +20,7 @@ class MIDISettingSequence : public MIDIStepSequence {
  protected:
   struct Setting {
     const char* description;
-    std::uint8_t subCommand;
-    std::uint8_t acknowledgement;
+    RecorderProtocol::Request request;
   };
 
   explicit MIDISettingSequence(const Setting& setting) : _setting(setting) {}
@@ -32,10 +32,14 @@ class MIDISettingSequence : public MIDIStepSequence {
 
 class MIDIBatteryTypeSequence : public MIDISettingSequence {
  public:
-  MIDIBatteryTypeSequence() : MIDISettingSequence({"CONTROL_SEQUENCE_BT_CHG_REQ", 0x01, 0x10}) {}
+  MIDIBatteryTypeSequence()
+      : MIDISettingSequence(
+            {"CONTROL_SEQUENCE_BT_CHG_REQ", RecorderProtocol::Request::SetBatteryType}) {}
 };
 
 class MIDIAutoPowOffSequence : public MIDISettingSequence {
  public:
-  MIDIAutoPowOffSequence() : MIDISettingSequence({"CONTROL_SEQUENCE_APO_CHG_REQ", 0x02, 0x11}) {}
+  MIDIAutoPowOffSequence()
+      : MIDISettingSequence(
+            {"CONTROL_SEQUENCE_APO_CHG_REQ", RecorderProtocol::Request::SetAutoPowerOff}) {}
 };

@@ -15,6 +15,6 @@ void MIDIStepSequence::dispose() {
   _seq = 0;
 }
 
-void MIDIStepSequence::send(std::initializer_list<std::uint8_t> message) {
-  MIDIManager::get().send(message.begin(), static_cast<std::int64_t>(message.size()));
+void MIDIStepSequence::send(std::span<const std::uint8_t> message) {
+  MIDIManager::get().send(message.data(), static_cast<std::int64_t>(message.size()));
 }

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <cstdint>
-#include <initializer_list>
+#include <span>
 #include <string>
 
 #include "midi/MIDISequenceBase.h"
@@ -18,7 +18,7 @@ class MIDIStepSequence : public MIDISequenceBase {
 
  protected:
   /// Sends a whole message from F0 to F7.
-  static void send(std::initializer_list<std::uint8_t> message);
+  static void send(std::span<const std::uint8_t> message);
 
   [[nodiscard]] std::int64_t seq() const { return _seq; }
   void setSeq(std::int64_t step) { _seq = step; }

@@ -6,19 +6,20 @@
 #include <algorithm>
 #include <cmath>
 
-#include "midi/MIDIConnectSequence.h"
+#include "midi/RecorderProtocol.h"
+#include "midi/SizeText.h"
 
 namespace {
 
-constexpr std::int32_t kLength = 30;
+constexpr std::size_t kLength = 30;
 constexpr const char* kNoSize = "-- GB";
 
-void readCard(const std::uint8_t* bytes, TARNDeviceInfo& info) {
-  std::copy_n(bytes + 7, info._sdRemaining.size(), info._sdRemaining.begin());
-  std::copy_n(bytes + 10, info._sdUsedBuff.size(), info._sdUsedBuff.begin());
-  std::copy_n(bytes + 20, info._sdMaxBuff.size(), info._sdMaxBuff.begin());
-  info._sdUsedSize = MIDIConnectSequence::buildSizeString(SDCardReport::size(info._sdUsedBuff));
-  info._sdMaxSize = MIDIConnectSequence::buildSizeString(SDCardReport::size(info._sdMaxBuff));
+void fillCard(const RecorderProtocol::Card& card, TARNDeviceInfo& info) {
+  info._sdRemaining = card.remaining;
+  info._sdUsedBuff = card.used;
+  info._sdMaxBuff = card.capacity;
+  info._sdUsedSize = SizeText::of(SDCardReport::size(info._sdUsedBuff));
+  info._sdMaxSize = SizeText::of(SDCardReport::size(info._sdMaxBuff));
 }
 
 void clearCard(TARNDeviceInfo& info) {
@@ -31,12 +32,14 @@ void clearCard(TARNDeviceInfo& info) {
 }  // namespace
 
 bool SDCardReport::isOne(const std::uint8_t* bytes, std::int32_t length) {
-  return length == kLength && bytes[4] == 0x67 && bytes[5] == 0x00;
+  const RecorderProtocol::View message(bytes, static_cast<std::size_t>(length));
+  return RecorderProtocol::isReply(RecorderProtocol::Reply::Card, message);
 }
 
 void SDCardReport::read(const std::uint8_t* bytes, TARNDeviceInfo& info) {
-  info._sdExist = bytes[6];
-  info._sdExist != 0 ? readCard(bytes, info) : clearCard(info);
+  const auto card = RecorderProtocol::cardOf({bytes, kLength});
+  info._sdExist = card.isThere;
+  info._sdExist != 0 ? fillCard(card, info) : clearCard(info);
 }
 
 float SDCardReport::size(const Groups& groups) {

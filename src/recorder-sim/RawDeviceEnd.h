@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "midi/MIDIWireEvents.h"
+#include "midi/MIDIWireReader.h"
 #include "midi/QtMIDIClock.h"
 #include "midi/alsa/AlsaOutput.h"
-#include "midi/memory/MIDIWireEvents.h"
-#include "midi/memory/MIDIWireReader.h"
 #include "recorder-sim/CableEnd.h"
 
 class DeviceNodeWatch;

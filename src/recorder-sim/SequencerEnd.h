@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "midi/MIDIWireReader.h"
 #include "midi/QtMIDIClock.h"
-#include "midi/memory/MIDIWireReader.h"
 #include "recorder-sim/CableEnd.h"
 
 class AlsaOutput;

@@ -10,13 +10,13 @@
 #include <string_view>
 #include <utility>
 
+#include "midi/MIDIWireReader.h"
 #include "midi/QtMIDIClock.h"
 #include "midi/alsa/AlsaEndpointTable.h"
 #include "midi/alsa/AlsaOutput.h"
 #include "midi/alsa/AlsaSequencer.h"
 #include "midi/alsa/AlsaSettling.h"
 #include "midi/alsa/DeviceNodeWatch.h"
-#include "midi/memory/MIDIWireReader.h"
 
 struct AlsaMIDISystem::Port {
   struct Heard {

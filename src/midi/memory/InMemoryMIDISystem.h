@@ -9,8 +9,8 @@
 #include <string>
 
 #include "midi/MIDISystem.h"
-#include "midi/memory/MIDIWireEvents.h"
-#include "midi/memory/MIDIWireReader.h"
+#include "midi/MIDIWireEvents.h"
+#include "midi/MIDIWireReader.h"
 
 /// A MIDI system without a machine: endpoints come and go by the calls below, and bytes go straight
 /// from one end to the other. It carries one kind of packet, as made.

@@ -16,8 +16,8 @@
 #include "midi/MIDIManager.h"
 #include "midi/MIDIPlatform.h"
 #include "midi/MIDISequenceManager.h"
+#include "midi/MIDIWireEvents.h"
 #include "midi/QtMIDIClock.h"
-#include "midi/memory/MIDIWireEvents.h"
 #include "support/PacketKinds.h"
 #include "support/SteppedMIDIClock.h"
 

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "midi/memory/MIDIWireReader.h"
+#include "midi/MIDIWireReader.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "midi/memory/MIDIWireEvents.h"
+#include "midi/MIDIWireEvents.h"
 
 namespace {
 

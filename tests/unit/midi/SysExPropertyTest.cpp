@@ -6,7 +6,7 @@
 #include <random>
 
 #include "LinkTest.h"
-#include "midi/memory/MIDIWireReader.h"
+#include "midi/MIDIWireReader.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "midi/memory/MIDIWireReader.h"
+#include "midi/MIDIWireReader.h"
 
 #include <utility>
 

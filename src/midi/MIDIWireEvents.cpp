@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "midi/memory/MIDIWireEvents.h"
+#include "midi/MIDIWireEvents.h"
 
 #include <utility>
 
