@@ -14,6 +14,7 @@
 #include "midi/MIDIManager.h"
 #include "midi/MIDIPlatform.h"
 #include "midi/MIDISequenceManager.h"
+#include "midi/RecorderLink.h"
 #include "midi/memory/InMemoryMIDISystem.h"
 #include "midi/simulator/SimulatedRecorder.h"
 #include "support/SteppedMIDIClock.h"
@@ -23,11 +24,11 @@ namespace {
 using Bytes = RecorderMessages::Bytes;
 
 /// The link with a recorder that can be plugged in, as the window uses it.
-class Link : public MIDIManagerDelegate {
+class Link {
  public:
   Link(std::shared_ptr<InMemoryMIDISystem> made, SteppedMIDIClock& time)
       : system(std::move(made)), clock(time) {
-    manager.setDelegate(this);
+    way.open();
   }
 
   void plugIn() {
@@ -47,20 +48,8 @@ class Link : public MIDIManagerDelegate {
   MIDISequenceManager sequences;
   SimulatedRecorder recorder{clock};
   InMemoryMIDISystem::Plug plug;
-  int completions = 0;
-
- private:
-  void MIDIManagerFound() override { manager.connect(); }
-  void MIDIManagerConnected() override {
-    sequences.startConnectSeq([this] { ++completions; });
-  }
-  void MIDIManagerDisconnected() override { sequences.forceStopSeq(); }
-  void MIDIManagerReceivedData(const MIDIEventPacket& packet) override {
-    sequences.receivedMidi(packet);
-  }
-  void MIDIManagerReceivedData_iOS13(const MIDIPacket& packet, bool isLast) override {
-    sequences.receivedMidi_iOS13(packet, isLast);
-  }
+  int records = 0;
+  RecorderLink way{{{}, [this] { ++records; }, {}}};
 };
 
 template <class Value>
@@ -127,11 +116,11 @@ void requireHealthy(Link& link) {
   link.pullOut();
   link.recorder.behave();
   link.recorder.state() = {};
-  link.completions = 0;
+  link.records = 0;
   link.plugIn();
   link.clock.advance(1.5);
   const auto info = MIDISequenceManager::getDeviceInfo();
-  require(link.completions == 1, "a healthy recorder connects");
+  require(link.records == 1, "a healthy recorder connects");
   require(!link.sequences.isSeqRunning(), "nothing runs after a handshake");
   require(info->_sdMaxSize == "29.7 GB", "the card is read");
   require(info->_version[3] == '2', "the version is read");

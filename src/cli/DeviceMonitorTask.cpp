@@ -37,11 +37,6 @@ DeviceMonitorTask::DeviceMonitorTask(Setup setup, DeviceTap& tap)
   tap.setShow([this](DeviceTap::Way way, const DeviceTap::Bytes& bytes) { message(way, bytes); });
 }
 
-void DeviceMonitorTask::MIDIManagerConnected() {
-  event("The recorder is there.");
-  DeviceTask::MIDIManagerConnected();
-}
-
 void DeviceMonitorTask::event(const std::string& what) {
   say(asJson() ? line({{"time", seconds()}, {"event", what}})
                : fmt::format("{:9.3f}   {}\n", seconds(), what));

@@ -16,7 +16,7 @@ class DeviceMonitorTask final : public DeviceTask {
   void onRecord() override {}
   void onStopped(std::int64_t step) override { event(noAnswer(step)); }
   void onLost() override { event("The recorder is gone."); }
-  void MIDIManagerConnected() override;
+  void onConnected() override { event("The recorder is there."); }
 
   void event(const std::string& what);
   void message(DeviceTap::Way way, const DeviceTap::Bytes& bytes);

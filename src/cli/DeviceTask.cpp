@@ -28,9 +28,8 @@ QDeadlineTimer deadlineIn(double seconds) {
 
 }  // namespace
 
-DeviceTask::DeviceTask(Setup setup) : _setup(std::move(setup)), _deadline(QDeadlineTimer::Forever) {
-  _manager.setDelegate(this);
-}
+DeviceTask::DeviceTask(Setup setup)
+    : _setup(std::move(setup)), _deadline(QDeadlineTimer::Forever) {}
 
 int DeviceTask::run() {
   QTimer timer;
@@ -44,63 +43,44 @@ int DeviceTask::run() {
 void DeviceTask::start() {
   const std::string reason = _setup.unavailable();
   if (!reason.empty()) {
-    onAbsent(_step);
+    onAbsent(_link.step());
     return fail(reason);
   }
   const bool isPatient = length() == Length::UntilInterrupted && !_setup.wait;
   if (!isPatient) _deadline = deadlineIn(_setup.wait.value_or(kUsualWait));
-  _manager.scanTarnDevice();
+  _link.open();
   if (_manager.state() == MIDIManager::Disconnected) onWaiting();
 }
 
-void DeviceTask::MIDIManagerConnected() {
+void DeviceTask::connected() {
   _phase = Phase::Asking;
   if (length() == Length::UntilInterrupted) {
     _deadline = deadlineIn(_setup.wait.value_or(kUsualWait));
   }
-  _sequences.startConnectSeq([this] { completed(); });
-  noteStep();
+  onConnected();
 }
 
-void DeviceTask::completed() {
-  if (_phase == Phase::Asking && isAnswered()) {
+// A handshake that was given up may come to its end all the same; nobody waits for it any more.
+void DeviceTask::recordChanged() {
+  if (_phase == Phase::Asking) {
     _phase = Phase::Ready;
     if (length() == Length::UntilInterrupted) _deadline = QDeadlineTimer(QDeadlineTimer::Forever);
   }
   if (_phase == Phase::Ready) onRecord();
 }
 
-// A handshake would wait for ever for the recorder that is gone, and in front of the next one.
-void DeviceTask::MIDIManagerDisconnected() {
+void DeviceTask::lost() {
   _phase = Phase::Absent;
-  _sequences.forceStopSeq();
   if (length() == Length::UntilInterrupted) _deadline = QDeadlineTimer(QDeadlineTimer::Forever);
   if (!_setup.unavailable().empty()) warn(_setup.unavailable());
   onLost();
-}
-
-void DeviceTask::MIDIManagerReceivedData(const MIDIEventPacket& packet) {
-  _wasRunning = _sequences.isSeqRunning();
-  _sequences.receivedMidi(packet);
-  noteStep();
-}
-
-void DeviceTask::MIDIManagerReceivedData_iOS13(const MIDIPacket& packet, bool isLast) {
-  _wasRunning = _sequences.isSeqRunning();
-  _sequences.receivedMidi_iOS13(packet, isLast);
-  noteStep();
-}
-
-// After a time-out the manager no longer knows where it was.
-void DeviceTask::noteStep() {
-  if (_sequences.connectStep() != 0) _step = _sequences.connectStep();
 }
 
 void DeviceTask::tick() {
   if (Interrupt::requested()) {
     return length() == Length::UntilInterrupted ? end(Command::kDone) : fail("Interrupted.");
   }
-  if (_phase == Phase::Asking && _sequences.connectStep() == 0) stop();
+  if (_phase == Phase::Asking && !_link.isAsking()) stop();
   if (_deadline.hasExpired()) expire();
   if (!_status) onTick();
 }
@@ -108,14 +88,14 @@ void DeviceTask::tick() {
 void DeviceTask::stop() {
   _phase = Phase::Stopped;
   _deadline = QDeadlineTimer(QDeadlineTimer::Forever);
-  onStopped(_step);
+  onStopped(_link.step());
 }
 
 void DeviceTask::expire() {
   _deadline = QDeadlineTimer(QDeadlineTimer::Forever);
   if (_phase == Phase::Asking) return stop();
   if (_phase != Phase::Absent) return onLate();
-  onAbsent(_step);
+  onAbsent(_link.step());
   fail(absence());
 }
 
@@ -123,9 +103,10 @@ std::string DeviceTask::absence() const {
   if (_manager.state() != MIDIManager::Disconnected) {
     return "The recorder is there, but the time to wait was over before it could be asked.";
   }
-  if (_step == 0) return "No recorder found.";
+  const std::int64_t step = _link.step();
+  if (step == 0) return "No recorder found.";
   return fmt::format("The recorder was unplugged. The last that it was asked for: {} (step {}).",
-                     DeviceReport::stepName(_step), _step);
+                     DeviceReport::stepName(step), step);
 }
 
 std::string DeviceTask::noAnswer(std::int64_t step) {

@@ -11,13 +11,14 @@
 
 #include "midi/MIDIManager.h"
 #include "midi/MIDISequenceManager.h"
+#include "midi/RecorderLink.h"
 
 /// Something to be done with the recorder from the command line: waits for the recorder, goes
 /// through the handshake, and leaves the rest to what is derived from it.
 ///
 /// It makes the device link of the process, over the installed platform. Main thread, with a
 /// `QCoreApplication`.
-class DeviceTask : public MIDIManagerDelegate {
+class DeviceTask {
  public:
   struct Setup {
     std::optional<double> wait;  ///< seconds for the recorder and its answers, if it was said
@@ -26,6 +27,9 @@ class DeviceTask : public MIDIManagerDelegate {
   };
 
   explicit DeviceTask(Setup setup);
+  DeviceTask(const DeviceTask&) = delete;
+  DeviceTask& operator=(const DeviceTask&) = delete;
+  virtual ~DeviceTask() = default;
 
   /// Until the task has ended; its exit status.
   int run();
@@ -37,6 +41,8 @@ class DeviceTask : public MIDIManagerDelegate {
   [[nodiscard]] virtual Length length() const { return Length::OneAnswer; }
   /// There is no recorder yet.
   virtual void onWaiting() {}
+  /// The recorder is there; the handshake begins next.
+  virtual void onConnected() {}
   /// The handshake has come to its end, or the recorder has told something more.
   virtual void onRecord() = 0;
   /// The handshake waits in `step` and gets no answer.
@@ -55,9 +61,8 @@ class DeviceTask : public MIDIManagerDelegate {
   /// On standard output at once; false, and the task ends, where it cannot be written.
   bool say(const std::string& text);
 
-  /// In a completion: the sequence ended with this message. One that timed out is completed too,
-  /// but only by the next message, whatever that is.
-  [[nodiscard]] bool isAnswered() const { return _wasRunning; }
+  /// As `RecorderLink`.
+  [[nodiscard]] bool isAnswered() const { return _link.isAnswered(); }
   [[nodiscard]] bool asJson() const { return _setup.asJson; }
   [[nodiscard]] MIDISequenceManager& sequences() { return _sequences; }
   [[nodiscard]] static const TARNDeviceInfo& info() {
@@ -65,20 +70,15 @@ class DeviceTask : public MIDIManagerDelegate {
   }
   static std::string noAnswer(std::int64_t step);
 
-  void MIDIManagerConnected() override;
-  void MIDIManagerDisconnected() override;
-
  private:
   enum class Phase { Absent, Asking, Ready, Stopped };
 
-  void MIDIManagerFound() override { _manager.connect(); }
-  void MIDIManagerReceivedData(const MIDIEventPacket& packet) override;
-  void MIDIManagerReceivedData_iOS13(const MIDIPacket& packet, bool isLast) override;
   void start();
   void tick();
-  void completed();
+  void connected();
+  void recordChanged();
+  void lost();
   static void warn(std::string_view reason);
-  void noteStep();
   void stop();
   void expire();
   [[nodiscard]] std::string absence() const;
@@ -86,9 +86,8 @@ class DeviceTask : public MIDIManagerDelegate {
   Setup _setup;
   MIDIManager _manager;
   MIDISequenceManager _sequences;
+  RecorderLink _link{{[this] { connected(); }, [this] { recordChanged(); }, [this] { lost(); }}};
   Phase _phase = Phase::Absent;
-  std::int64_t _step = 0;    ///< the last that the handshake waited in
-  bool _wasRunning = false;  ///< a sequence, before the message that is being handed on
   QDeadlineTimer _deadline;
   std::optional<int> _status;
 };
