@@ -30,6 +30,10 @@ void raiseExtremes(std::span<const float> frames, std::span<const float> gains,
   PlainAnalysisKernels::raiseExtremes(frames, gains, extremes);
 }
 
+bool areUnder(std::span<const float> frames, const PeakGate& gate) {
+  return PlainAnalysisKernels::areUnder(frames, gate);
+}
+
 void raisePeaks(std::span<const float> frames, const PeakGate& gate, std::span<const float> gains,
                 std::span<float> left, std::span<float> right) {
   PlainAnalysisKernels::raisePeaks(frames, gate, gains, left, right);
@@ -86,12 +90,28 @@ HWY_INLINE void widenDecoded(Range& range, Floats mid, Floats side) {
   widen(range, hn::Add(mid, hn::Mul(side, range.gain)));
 }
 
+// Halves a vector until left and right are all that is left.
+template <class D, class Pick>
+HWY_INLINE void foldToPair(D d, hn::Vec<D> value, const Pick& pick, float* pair) {
+  if constexpr (hn::MaxLanes(D()) <= 2) {
+    hn::StoreU(value, d, pair);
+  } else {
+    const hn::Half<D> half;
+    foldToPair(half, pick(hn::LowerHalf(half, value), hn::UpperHalf(half, value)), pick, pair);
+  }
+}
+
 HWY_INLINE void store(const Range& range, std::span<float> extremes) {
-  const FloatTag df;
-  extremes[0] = HWY_MAX(extremes[0], hn::GetLane(hn::MaxOfLanes(df, hn::DupEven(range.most))));
-  extremes[1] = HWY_MIN(extremes[1], hn::GetLane(hn::MinOfLanes(df, hn::DupEven(range.least))));
-  extremes[2] = HWY_MAX(extremes[2], hn::GetLane(hn::MaxOfLanes(df, hn::DupOdd(range.most))));
-  extremes[3] = HWY_MIN(extremes[3], hn::GetLane(hn::MinOfLanes(df, hn::DupOdd(range.least))));
+  const auto greater = [](auto a, auto b) HWY_ATTR { return hn::Max(a, b); };
+  const auto lesser = [](auto a, auto b) HWY_ATTR { return hn::Min(a, b); };
+  std::array<float, 2> most;
+  std::array<float, 2> least;
+  foldToPair(FloatTag(), range.most, greater, most.data());
+  foldToPair(FloatTag(), range.least, lesser, least.data());
+  extremes[0] = HWY_MAX(extremes[0], most[0]);
+  extremes[1] = HWY_MIN(extremes[1], least[0]);
+  extremes[2] = HWY_MAX(extremes[2], most[1]);
+  extremes[3] = HWY_MIN(extremes[3], least[1]);
 }
 
 // The last vector overlaps the one before it: an extreme may be met twice.
@@ -141,6 +161,23 @@ HWY_ATTR void raiseExtremes(std::span<const float> frames, std::span<const float
   std::size_t g = 0;
   for (; g + 3 <= gains.size(); g += 3) raiseThree(frames, &gains[g], &extremes[4 + 4 * g]);
   for (; g < gains.size(); ++g) raiseOne(frames, gains[g], &extremes[4 + 4 * g]);
+}
+
+HWY_ATTR bool areUnder(std::span<const float> frames, const PeakGate& gate) {
+  const FloatTag df;
+  const std::size_t lanes = hn::Lanes(df);
+  if (lanes < 2 || frames.size() < lanes) return PlainAnalysisKernels::areUnder(frames, gate);
+  for (std::size_t g = 0; g < gate.gains.size(); ++g) {
+    const Range range = emptyRange(gate.gains[g]);
+    const auto line = hn::OddEven(hn::Set(df, gate.right[g]), hn::Set(df, gate.left[g]));
+    auto isUnder = hn::Eq(line, line);
+    forEachVector(frames, [&](Floats frame) HWY_ATTR {
+      const auto decoded = hn::Add(hn::DupEven(frame), hn::Mul(hn::DupOdd(frame), range.gain));
+      isUnder = hn::And(isUnder, hn::Le(hn::Abs(decoded), line));
+    });
+    if (!hn::AllTrue(df, isUnder)) return false;
+  }
+  return true;
 }
 
 // Not Max: what a processor makes of NaN there differs.
@@ -310,6 +347,7 @@ namespace {
 
 HWY_EXPORT(areFinite);
 HWY_EXPORT(raiseExtremes);
+HWY_EXPORT(areUnder);
 HWY_EXPORT(raisePeaks);
 HWY_EXPORT(interpolate);
 HWY_EXPORT(weigh);
@@ -326,6 +364,10 @@ bool AnalysisKernels::areFinite(std::span<const float> samples) {
 void AnalysisKernels::raiseExtremes(std::span<const float> frames, std::span<const float> gains,
                                     std::span<float> extremes) {
   HWY_DYNAMIC_DISPATCH(raiseExtremes)(frames, gains, extremes);
+}
+
+bool AnalysisKernels::areUnder(std::span<const float> frames, const PeakGate& gate) {
+  return HWY_DYNAMIC_DISPATCH(areUnder)(frames, gate);
 }
 
 void AnalysisKernels::raisePeaks(std::span<const float> frames, const PeakGate& gate,

@@ -24,7 +24,7 @@ struct WeighingLanes {
   alignas(64) Row product{};   ///< sums of first times second, the same in both elements
 };
 
-/// The line at each width that a frame has to pass to raise a peak; see `raisePeaks`.
+/// The line at each width that a frame has to pass to raise a peak; see `areUnder`.
 struct PeakGate {
   std::span<const float> gains;
   std::span<const float> left;   ///< as many as gains
@@ -47,6 +47,9 @@ class AnalysisKernels {
   /// extremes.size() == 4 + 4 * gains.size().
   static void raiseExtremes(std::span<const float> frames, std::span<const float> gains,
                             std::span<float> extremes);
+
+  /// True where at every gain of the gate no frame exceeds it; what is not a number exceeds it.
+  static bool areUnder(std::span<const float> frames, const PeakGate& gate);
 
   /// Raises left[i] and right[i] to |M + g S| and |M - g S| with g = gains[i], each rounded as the
   /// decode rounds it, of every frame that exceeds the gate at one of its gains or more; where a

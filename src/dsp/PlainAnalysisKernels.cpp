@@ -68,6 +68,13 @@ void PlainAnalysisKernels::raiseExtremes(std::span<const float> frames,
   }
 }
 
+bool PlainAnalysisKernels::areUnder(std::span<const float> frames, const PeakGate& gate) {
+  for (std::size_t i = 0; i + 1 < frames.size(); i += 2) {
+    if (passes(frames[i], frames[i + 1], gate)) return false;
+  }
+  return true;
+}
+
 void PlainAnalysisKernels::raisePeaks(std::span<const float> frames, const PeakGate& gate,
                                       std::span<const float> gains, std::span<float> left,
                                       std::span<float> right) {

@@ -15,6 +15,7 @@ class PlainAnalysisKernels {
   static bool areFinite(std::span<const float> samples);
   static void raiseExtremes(std::span<const float> frames, std::span<const float> gains,
                             std::span<float> extremes);
+  static bool areUnder(std::span<const float> frames, const PeakGate& gate);
   static void raisePeaks(std::span<const float> frames, const PeakGate& gate,
                          std::span<const float> gains, std::span<float> left,
                          std::span<float> right);

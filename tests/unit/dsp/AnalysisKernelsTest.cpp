@@ -81,6 +81,8 @@ void expectPeaksAsPlain(const PeakCase& peakCase, const std::vector<float>& fram
   PlainAnalysisKernels::raisePeaks(frames, peakCase.gate(), peakCase.gains, wanted.left,
                                    wanted.right);
   GuardedBuffer<float> buffer(frames, offset);
+  ASSERT_EQ(AnalysisKernels::areUnder(buffer.span(), peakCase.gate()),
+            PlainAnalysisKernels::areUnder(frames, peakCase.gate()));
   AnalysisKernels::raisePeaks(buffer.span(), peakCase.gate(), peakCase.gains, got.left, got.right);
   ASSERT_EQ(bitsOf(got.left), bitsOf(wanted.left));
   ASSERT_EQ(bitsOf(got.right), bitsOf(wanted.right));
@@ -183,6 +185,24 @@ TEST_P(AnalysisKernelsTest, AFrameUnderTheGateRaisesNothing) {
   AnalysisKernels::raisePeaks(over, {gains, line, line}, gains, left, right);
   EXPECT_EQ(left, (std::vector<float>{0.5F, 0.875F}));
   EXPECT_EQ(right, (std::vector<float>{0.5F, 0.125F}));
+}
+
+TEST_P(AnalysisKernelsTest, OneFrameOverTheGateIsSeenWhereverItIs) {
+  const std::vector<float> gains = {0.0F, 1.0F};
+  const std::vector<float> left = {0.5F, 0.75F};
+  const std::vector<float> right = {0.5F, 0.5F};
+  const PeakGate gate{gains, left, right};
+  for (std::size_t count = 1; count <= kCounts; ++count) {
+    std::vector<float> frames(2 * count, 0.25F);
+    ASSERT_TRUE(AnalysisKernels::areUnder(frames, gate));
+    for (std::size_t i = 1; i < frames.size(); i += 2) {
+      for (const float side : {0.625F, -0.375F, std::nanf("")}) {
+        frames[i] = side;
+        ASSERT_FALSE(AnalysisKernels::areUnder(frames, gate)) << i << " of " << count;
+      }
+      frames[i] = 0.25F;
+    }
+  }
 }
 
 TEST_P(AnalysisKernelsTest, InterpolationIsThePlainLoopForAnyCountAndMisalignment) {
