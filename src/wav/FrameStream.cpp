@@ -23,7 +23,15 @@ FrameStream::FrameStream(const WaveFileReader& reader, const std::atomic<bool>* 
       _cancel(cancel),
       _needsWhole(_decoder.reach() > _decoder.frameBytes()),
       _position(reader.header().dataChunkPosition),
-      _framesLeft(framesIn(reader)) {}
+      _framesLeft(framesIn(reader)),
+      _frames(_framesLeft) {}
+
+void FrameStream::seek(std::uint64_t frame) {
+  _position -= (_frames - _framesLeft) * _decoder.frameBytes();
+  _framesLeft = _frames - std::min(frame, _frames);
+  _position += (_frames - _framesLeft) * _decoder.frameBytes();
+  _held = {};
+}
 
 std::uint64_t FrameStream::read(std::span<float> frames) {
   const std::uint64_t wanted = std::min<std::uint64_t>(frames.size() / 2, _framesLeft);

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <filesystem>
@@ -95,6 +96,27 @@ TEST_F(FrameStreamTest, ReadsOnWhileTheImageIsLoading) {
   FrameStream stream(*reader);
   reader->image()->startLoading();
   EXPECT_EQ(oneByOne(file), all(stream, 64));
+}
+
+TEST_F(FrameStreamTest, ReadsFromWhereverItGoes) {
+  const Bytes file = longTake();
+  const auto reader = opened(_folder.file("take.wav", file));
+  const std::vector<float> expected = oneByOne(file);
+  FrameStream stream(*reader);
+  std::vector<float> block(2000);
+  for (const std::uint64_t frame : {149'000U, 3U, 0U, 77'777U, 77'778U, 149'500U}) {
+    stream.seek(frame);
+    ASSERT_EQ(kFrames - frame, stream.framesLeft());
+    const std::uint64_t count = stream.read(block);
+    ASSERT_EQ(std::min<std::uint64_t>(1000, kFrames - frame), count);
+    EXPECT_TRUE(std::equal(block.begin(), block.begin() + static_cast<long>(2 * count),
+                           expected.begin() + static_cast<long>(2 * frame)));
+  }
+  stream.seek(kFrames + 5);
+  EXPECT_EQ(0U, stream.framesLeft());
+  EXPECT_EQ(0U, stream.read(block));
+  stream.seek(0);
+  EXPECT_EQ(expected, all(stream, 5120));
 }
 
 TEST_F(FrameStreamTest, EveryFormatReadsAsSingleFramesDo) {
