@@ -16,6 +16,7 @@ ALLOWED = {
     "base": set(),
     "dsp": set(),
     "wav": {"dsp"},
+    "analysis": {"wav", "dsp"},
     "export": {"wav", "dsp"},
     "playback": {"base", "wav", "dsp"},
     "midi": {"base"},
@@ -25,7 +26,7 @@ ALLOWED = {
     "recorder-sim": {"midi"},
     "cli": {"base", "dsp", "wav", "export", "playback", "midi"},
 }
-WITHOUT_QT = {"dsp", "wav", "export"}
+WITHOUT_QT = {"dsp", "wav", "export", "analysis"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^">]+)[">]', re.MULTILINE)
 
 

@@ -1,0 +1,205 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "analysis/TakeAnalyzer.h"
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <system_error>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "analysis/UnitPass.h"
+
+namespace {
+
+constexpr std::uint64_t kMostMemory = 28U << 20;  // of all workers
+constexpr auto kReportEvery = std::chrono::milliseconds(100);
+
+TakeLayout layoutOf(const WaveFileReader& reader, const TakeAnalyzer::Options& options) {
+  const std::uint64_t frames = FrameStream(reader).framesLeft();
+  const std::uint64_t end = std::min(options.endFrame, frames);
+  const std::uint64_t count = end - std::min(options.firstFrame, end);
+  return {reader.header().SampleRate, count, reader.isBoMSFormat()};
+}
+
+unsigned workersFor(const TakeLayout& layout, unsigned wanted) {
+  const unsigned most = wanted > 0 ? wanted : std::max(1U, std::thread::hardware_concurrency());
+  const std::uint64_t fit = std::max<std::uint64_t>(1, kMostMemory / UnitPass::memory(layout));
+  return static_cast<unsigned>(std::min({std::uint64_t{most}, fit, std::uint64_t{layout.units()}}));
+}
+
+}  // namespace
+
+/// What the workers share: each takes the next unit, works on it alone, and adds what it found.
+class TakeAnalyzer::Work {
+ public:
+  Work(const WaveFileReader& reader, const TakeLayout& layout, std::uint64_t firstFrame)
+      : _reader(reader), _firstFrame(firstFrame), _findings(layout), _isTaken(layout.units()) {}
+
+  void begin(unsigned workers, const std::shared_ptr<Work>& self);
+  void lookAt(std::uint64_t frame);
+  void cancel();
+  double progress();
+  bool isFinished();
+  std::string failure();
+  TakeFindings copy();
+  std::shared_ptr<const TakeAnalysis> handOver();
+  void waitForMore();
+
+ private:
+  void run();
+  bool takeNext(UnitResult& result);
+  void add(const UnitResult& result);
+  void end(const std::string& failure);
+
+  const WaveFileReader _reader;
+  const std::uint64_t _firstFrame;
+  std::atomic<bool> _isCancelled{false};
+  std::mutex _mutex;  ///< guards all that follows
+  std::condition_variable _progressed;
+  TakeFindings _findings;
+  std::vector<bool> _isTaken;
+  std::size_t _next = 0;
+  unsigned _workers = 0;
+  std::string _failure;
+};
+
+// A worker keeps the work alive by itself, so that nobody ever waits for a hanging medium.
+void TakeAnalyzer::Work::begin(unsigned workers, const std::shared_ptr<Work>& self) {
+  _workers = workers;
+  for (unsigned i = 0; i < workers; ++i) {
+    try {
+      std::thread([self] { self->run(); }).detach();
+    } catch (const std::system_error& error) {
+      end(i == 0 ? error.what() : "");
+    }
+  }
+}
+
+void TakeAnalyzer::Work::run() {
+  UnitPass pass(_reader, _findings.layout, _firstFrame, &_isCancelled);
+  UnitResult result;
+  while (takeNext(result) && pass.run(result)) add(result);
+  end(pass.failure());
+}
+
+bool TakeAnalyzer::Work::takeNext(UnitResult& result) {
+  const std::lock_guard lock(_mutex);
+  if (_isCancelled || !_failure.empty()) return false;
+  const auto from = _isTaken.begin() + static_cast<std::ptrdiff_t>(_next);
+  auto found = std::find(from, _isTaken.end(), false);
+  if (found == _isTaken.end()) found = std::find(_isTaken.begin(), from, false);
+  if (found == _isTaken.end() || *found) return false;
+  *found = true;
+  result.unit = static_cast<std::size_t>(found - _isTaken.begin());
+  _next = result.unit;
+  result.samplePeaks = _findings.samplePeaks;
+  result.truePeaks = _findings.truePeaks;
+  return true;
+}
+
+void TakeAnalyzer::Work::add(const UnitResult& result) {
+  const std::lock_guard lock(_mutex);
+  _findings.add(result);
+  _progressed.notify_all();
+}
+
+void TakeAnalyzer::Work::end(const std::string& failure) {
+  const std::lock_guard lock(_mutex);
+  if (_failure.empty()) _failure = failure;
+  --_workers;
+  _progressed.notify_all();
+}
+
+void TakeAnalyzer::Work::lookAt(std::uint64_t frame) {
+  const std::lock_guard lock(_mutex);
+  const std::size_t unit = frame / _findings.layout.framesPerUnit();
+  _next = std::min(unit, _isTaken.size());
+}
+
+void TakeAnalyzer::Work::cancel() {
+  const std::lock_guard lock(_mutex);
+  _isCancelled = true;
+  _progressed.notify_all();
+}
+
+double TakeAnalyzer::Work::progress() {
+  const std::lock_guard lock(_mutex);
+  if (_isTaken.empty()) return 1;
+  return static_cast<double>(_findings.unitsKnown) / static_cast<double>(_isTaken.size());
+}
+
+bool TakeAnalyzer::Work::isFinished() {
+  const std::lock_guard lock(_mutex);
+  return _workers == 0 || _isCancelled;
+}
+
+std::string TakeAnalyzer::Work::failure() {
+  const std::lock_guard lock(_mutex);
+  return _failure;
+}
+
+TakeFindings TakeAnalyzer::Work::copy() {
+  const std::lock_guard lock(_mutex);
+  return _findings;
+}
+
+std::shared_ptr<const TakeAnalysis> TakeAnalyzer::Work::handOver() {
+  const std::lock_guard lock(_mutex);
+  const bool isWhole = _workers == 0 && _findings.unitsKnown == _isTaken.size();
+  if (!isWhole) return nullptr;
+  return std::make_shared<const TakeAnalysis>(std::exchange(_findings, TakeFindings(TakeLayout())));
+}
+
+void TakeAnalyzer::Work::waitForMore() {
+  std::unique_lock lock(_mutex);
+  if (_workers > 0 && !_isCancelled) _progressed.wait_for(lock, kReportEvery);
+}
+
+TakeAnalyzer::TakeAnalyzer(const WaveFileReader& reader, const Options& options) {
+  const TakeLayout layout = layoutOf(reader, options);
+  _work = std::make_shared<Work>(reader, layout, options.firstFrame);
+  _work->begin(workersFor(layout, options.workers), _work);
+}
+
+TakeAnalyzer::~TakeAnalyzer() {
+  _work->cancel();
+}
+
+void TakeAnalyzer::lookAt(std::uint64_t frame) {
+  _work->lookAt(frame);
+}
+
+void TakeAnalyzer::cancel() {
+  _work->cancel();
+}
+
+double TakeAnalyzer::progress() const {
+  return _work->progress();
+}
+
+bool TakeAnalyzer::isFinished() const {
+  return _work->isFinished();
+}
+
+std::string TakeAnalyzer::failure() const {
+  return _work->failure();
+}
+
+std::shared_ptr<const TakeAnalysis> TakeAnalyzer::soFar() const {
+  return std::make_shared<const TakeAnalysis>(_work->copy());
+}
+
+std::shared_ptr<const TakeAnalysis> TakeAnalyzer::wait(const std::atomic<bool>* cancel,
+                                                       const Progress& report) {
+  while (!_work->isFinished()) {
+    _work->waitForMore();
+    if (cancel != nullptr && *cancel) _work->cancel();
+    if (report) report(_work->progress());
+  }
+  return _work->handOver();
+}

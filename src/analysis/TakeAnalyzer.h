@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <string>
+
+#include "analysis/TakeAnalysis.h"
+#include "wav/WaveFileReader.h"
+
+/// The pass over a take on workers: units of some 4 s, shared out between them, from the front or
+/// from where someone is looking.
+///
+/// What comes out does not depend on the number of workers or on the order of the units. Memory
+/// besides the result is at most 32 MiB. Every operation may be called from any thread. Letting go
+/// of an analyzer cancels it and returns at once, even when the medium hangs.
+class TakeAnalyzer {
+ public:
+  struct Options {
+    /// The frames of the file that count, [first, end), as if the rest were not there.
+    std::uint64_t firstFrame = 0;
+    std::uint64_t endFrame = std::numeric_limits<std::uint64_t>::max();
+    unsigned workers = 0;  ///< 0: one a processor
+  };
+  /// Told how much of the work is done, 0 to 1, on the thread that waits.
+  using Progress = std::function<void(double done)>;
+
+  /// Of a valid file. The reader is copied, and may go.
+  explicit TakeAnalyzer(const WaveFileReader& reader) : TakeAnalyzer(reader, Options()) {}
+  TakeAnalyzer(const WaveFileReader& reader, const Options& options);
+  TakeAnalyzer(const TakeAnalyzer&) = delete;
+  TakeAnalyzer& operator=(const TakeAnalyzer&) = delete;
+  ~TakeAnalyzer();
+
+  /// Units from this frame of the analysis to the end are read next, then those before it.
+  void lookAt(std::uint64_t frame);
+  void cancel();
+  /// 0 to 1.
+  [[nodiscard]] double progress() const;
+  /// No more units come: all are done, it was cancelled, or it failed.
+  [[nodiscard]] bool isFinished() const;
+  /// Why reading failed; empty when it did not.
+  [[nodiscard]] std::string failure() const;
+  /// What has been found by now; a copy, of a few milliseconds for an hour.
+  [[nodiscard]] std::shared_ptr<const TakeAnalysis> soFar() const;
+
+  /// Waits, with a report ten times a second, until no more units come; gives up when `*cancel` is
+  /// true. The whole analysis, or none where it was cancelled or failed. What was found is handed
+  /// over: `soFar` has nothing after that.
+  std::shared_ptr<const TakeAnalysis> wait(const std::atomic<bool>* cancel = nullptr,
+                                           const Progress& report = {});
+
+ private:
+  class Work;
+  std::shared_ptr<Work> _work;  ///< shared with the workers, which may outlive the analyzer
+};

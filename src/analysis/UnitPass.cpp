@@ -1,0 +1,240 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "analysis/UnitPass.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "analysis/WidthGrid.h"
+#include "dsp/AnalysisKernels.h"
+#include "dsp/Oversampling.h"
+#include "dsp/PlainAnalysisKernels.h"
+
+namespace {
+
+constexpr std::size_t kMostPieceFrames = 256;
+constexpr std::size_t kPartFrames = 32;  // of a piece, for the values between samples
+constexpr std::size_t kReach = std::max(Oversampling::kBefore, Oversampling::kAfter);
+using Values = PeakEnvelope::Values;
+
+constexpr float kFar = std::numeric_limits<float>::infinity();
+
+std::span<const float> gainsOf(const TakeLayout& layout) {
+  if (!layout.isRawMidSide()) return {};
+  return WidthGrid::nodeGains().subspan(1);
+}
+
+void widen(std::span<float> extremes, std::span<const float> by) {
+  for (std::size_t i = 0; i < extremes.size(); i += 2) {
+    extremes[i] = std::max(extremes[i], by[i]);
+    extremes[i + 1] = std::min(extremes[i + 1], by[i + 1]);
+  }
+}
+
+template <std::size_t Size>
+void makeEmpty(std::array<float, Size>& extremes) {
+  for (std::size_t i = 0; i < Size; ++i) extremes[i] = i % 2 == 0 ? -kFar : kFar;
+}
+
+}  // namespace
+
+UnitPass::UnitPass(const WaveFileReader& reader, const TakeLayout& layout, std::uint64_t firstFrame,
+                   const std::atomic<bool>* cancel)
+    : _layout(layout),
+      _firstFrame(firstFrame),
+      _extremes(layout.isRawMidSide() ? PeakEnvelope::kRawExtremes : PeakEnvelope::kPlainExtremes),
+      _mayBeInfinite(reader.encoding() == kFormatFloat),
+      _stream(reader, cancel),
+      _between(2 * kPartFrames) {
+  if (layout.hasLoudness()) _weighting = KWeighting::forRate(layout.sampleRate());
+}
+
+std::uint64_t UnitPass::memory(const TakeLayout& layout) {
+  constexpr std::uint64_t kSmall = 1U << 19;  // pieces, and what the stream holds
+  return (layout.framesPerUnit() + layout.blockFrames()) * 2 * sizeof(float) + kSmall;
+}
+
+std::span<float> UnitPass::frames(std::size_t begin, std::size_t end) {
+  return std::span(_buffer).subspan(2 * begin, 2 * (end - begin));
+}
+
+bool UnitPass::run(UnitResult& result) {
+  if (!fill(result.unit)) return false;
+  findExtremes(result);
+  findLoudest();
+  raiseSamplePeaks(result.samplePeaks);
+  makeFinite();
+  result.truePeaks.merge(result.samplePeaks);
+  raiseTruePeaks(result.truePeaks);
+  weigh(result);
+  return true;
+}
+
+// Outside the take there is silence.
+bool UnitPass::fill(std::size_t unit) {
+  const std::size_t lead = _layout.blockFrames();
+  const std::uint64_t begin = std::uint64_t{unit} * _layout.framesPerUnit();
+  const std::uint64_t from = begin < lead ? 0 : begin - lead;
+  const std::uint64_t end = std::min(begin + _layout.framesPerUnit(), _layout.frames());
+  const std::uint64_t to = std::min(end + kReach, _layout.frames());
+  _unitFrames = end - begin;
+  _buffer.resize(2 * (lead + _layout.framesPerUnit() + kReach));
+  const std::size_t skipped = lead - (begin - from);
+  const std::size_t count = to - from;
+  std::ranges::fill(frames(0, skipped), 0.0F);
+  std::ranges::fill(frames(skipped + count, _buffer.size() / 2), 0.0F);
+  _stream.seek(_firstFrame + from);
+  if (_stream.read(frames(skipped, skipped + count)) != count) return false;
+  _isFinite = !_mayBeInfinite || AnalysisKernels::areFinite(_buffer);
+  return true;
+}
+
+void UnitPass::findExtremes(UnitResult& result) {
+  const std::size_t lead = _layout.blockFrames();
+  const std::uint64_t start = std::uint64_t{result.unit} * _layout.framesPerUnit();
+  const std::size_t firstBin = _layout.binOf(start);
+  const std::size_t bins = _layout.binOf(start + _unitFrames - 1) + 1 - firstBin;
+  result.keys.assign(bins * _extremes, UpperKey::kNothing);
+  _pieces.clear();
+  addPiece(lead - kReach, lead);
+  for (std::size_t bin = 0; bin < bins; ++bin) {
+    const std::size_t firstPiece = _pieces.size();
+    addBin(lead + _layout.binStart(firstBin + bin) - start,
+           lead + _layout.binStart(firstBin + bin + 1) - start);
+    storeKeys(result, bin, firstPiece);
+  }
+  addPiece(lead + _unitFrames, lead + _unitFrames + kReach);
+}
+
+// Into pieces of nearly the same length, so that each is long enough to reach over.
+void UnitPass::addBin(std::size_t begin, std::size_t end) {
+  const std::size_t count = (end - begin + kMostPieceFrames - 1) / kMostPieceFrames;
+  for (std::size_t i = 0; i < count; ++i) {
+    addPiece(begin + (end - begin) * i / count, begin + (end - begin) * (i + 1) / count);
+  }
+}
+
+void UnitPass::addPiece(std::size_t begin, std::size_t end) {
+  Piece& piece = _pieces.emplace_back(Piece{begin, end, {}});
+  makeEmpty(piece.extremes);
+  const std::span extremes = std::span(piece.extremes).first(_extremes);
+  if (_isFinite) {
+    AnalysisKernels::raiseExtremes(frames(begin, end), gainsOf(_layout), extremes);
+  } else {
+    PlainAnalysisKernels::raiseExtremes(frames(begin, end), gainsOf(_layout), extremes);
+  }
+}
+
+void UnitPass::storeKeys(UnitResult& result, std::size_t bin, std::size_t firstPiece) {
+  const std::size_t bins = result.keys.size() / _extremes;
+  auto extremes = _pieces[firstPiece].extremes;
+  for (std::size_t i = firstPiece + 1; i < _pieces.size(); ++i) {
+    widen(extremes, _pieces[i].extremes);
+  }
+  for (std::size_t plane = 0; plane < _extremes; ++plane) {
+    const float value = plane % 2 == 0 ? extremes[plane] : -extremes[plane];
+    result.keys[plane * bins + bin] = UpperKey::of(value);
+  }
+}
+
+// The pieces with the greatest values: once these are known, most others are out.
+void UnitPass::findLoudest() {
+  _loudest.clear();
+  for (std::size_t plane = 0; plane < _extremes; plane += 4) {
+    const auto isLess = [plane](const Piece& a, const Piece& b) {
+      return a.extremes[plane] < b.extremes[plane];
+    };
+    const auto found = std::max_element(_pieces.begin() + 1, _pieces.end() - 1, isLess);
+    _loudest.push_back(static_cast<std::size_t>(found - _pieces.begin()));
+  }
+}
+
+void UnitPass::raiseSamplePeaks(PeakEnvelope& peaks) {
+  const auto raise = [&](const Piece& piece) {
+    if (peaks.mayRaise(piece.extremes, Values::Samples))
+      peaks.raise(frames(piece.begin, piece.end));
+  };
+  for (const std::size_t i : _loudest) raise(_pieces[i]);
+  for (std::size_t i = 1; i + 1 < _pieces.size(); ++i) raise(_pieces[i]);
+}
+
+void UnitPass::makeFinite() {
+  if (_isFinite) return;
+  for (float& sample : _buffer) {
+    if (!std::isfinite(sample)) sample = 0.0F;
+  }
+}
+
+void UnitPass::raiseTruePeaks(PeakEnvelope& peaks) {
+  if (!_layout.hasLoudness() || Oversampling::factor(_layout.sampleRate()) == 1) return;
+  for (const std::size_t i : _loudest) raiseBetween(i, peaks);
+  for (std::size_t i = 1; i + 1 < _pieces.size(); ++i) raiseBetween(i, peaks);
+}
+
+void UnitPass::raiseBetween(std::size_t piece, PeakEnvelope& peaks) {
+  if (!peaks.mayRaise(around(piece), Values::Between)) return;
+  const Piece& whole = _pieces[piece];
+  for (std::size_t begin = whole.begin; begin < whole.end; begin += kPartFrames) {
+    const std::size_t end = std::min(begin + kPartFrames, whole.end);
+    const auto reach = frames(begin - Oversampling::kBefore, end + Oversampling::kAfter);
+    if (peaks.framesMayRaise(reach, Values::Between)) raiseBetween(reach, peaks);
+  }
+}
+
+void UnitPass::raiseBetween(std::span<const float> reach, PeakEnvelope& peaks) {
+  const std::size_t floats = reach.size() - 2 * (Oversampling::kTaps - 1);
+  for (const auto& taps : Oversampling::phases(Oversampling::factor(_layout.sampleRate()))) {
+    const std::span between = std::span(_between).first(floats);
+    AnalysisKernels::interpolate(reach, taps, between);
+    if (peaks.framesMayRaise(between, Values::Samples)) peaks.raise(between);
+  }
+}
+
+std::array<float, PeakEnvelope::kRawExtremes> UnitPass::around(std::size_t piece) const {
+  auto extremes = _pieces[piece].extremes;
+  widen(extremes, _pieces[piece - 1].extremes);
+  widen(extremes, _pieces[piece + 1].extremes);
+  return extremes;
+}
+
+// The first block of each stretch only settles the filters.
+void UnitPass::weigh(UnitResult& result) {
+  const std::size_t block = _layout.blockFrames();
+  const std::size_t blocks = (_unitFrames + block - 1) / block;
+  result.blocks.assign(blocks, BlockSums());
+  WeighingLanes lanes;
+  for (std::size_t step = 0; step <= std::min(_layout.blocksPerStretch(), blocks); ++step) {
+    lanes.plain = lanes.product = {};
+    weighHalf(step, 0, block / 2, lanes);
+    if (step > 0) storeWeighted(result, step - 1, 0, lanes);
+    weighHalf(step, block / 2, block, lanes);
+    if (step > 0) storeWeighted(result, step - 1, 1, lanes);
+  }
+}
+
+void UnitPass::weighHalf(std::size_t step, std::size_t from, std::size_t to, WeighingLanes& lanes) {
+  std::array<std::span<const float>, WeighingLanes::kStretches> stretches;
+  for (std::size_t i = 0; i < stretches.size(); ++i) {
+    const std::size_t begin = (i * _layout.blocksPerStretch() + step) * _layout.blockFrames();
+    stretches[i] = frames(begin + from, begin + to);
+  }
+  lanes.weighted = {};
+  AnalysisKernels::weigh(_weighting, stretches, lanes);
+}
+
+// After the second half the plain sums are those of the block.
+void UnitPass::storeWeighted(UnitResult& result, std::size_t block, std::size_t half,
+                             const WeighingLanes& lanes) const {
+  for (std::size_t i = 0; i < WeighingLanes::kStretches; ++i) {
+    const std::size_t at = i * _layout.blocksPerStretch() + block;
+    if (at >= result.blocks.size()) return;
+    BlockSums& sums = result.blocks[at];
+    sums.weighted[half] = {static_cast<float>(lanes.weighted[2 * i]),
+                           static_cast<float>(lanes.weighted[2 * i + 1])};
+    sums.first = lanes.plain[2 * i];
+    sums.second = lanes.plain[2 * i + 1];
+    sums.product = lanes.product[2 * i];
+  }
+}

@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "analysis/TakeLayout.h"
+
+#include <gtest/gtest.h>
+
+#include "analysis/UnitPass.h"
+#include "analysis/WidthGrid.h"
+
+TEST(TakeLayoutTest, BlocksAreATenthOfASecond) {
+  EXPECT_EQ(TakeLayout(48000, 1, true).blockFrames(), 4800U);
+  EXPECT_EQ(TakeLayout(44100, 1, true).blockFrames(), 4410U);
+  EXPECT_EQ(TakeLayout(11025, 1, true).blockFrames(), 1103U);
+  EXPECT_EQ(TakeLayout(768000, 1, true).blockFrames(), 76800U);
+}
+
+TEST(TakeLayoutTest, WhereLoudnessIsNotDefinedABlockIsNominal) {
+  for (const std::uint32_t rate : {0U, 1U, 7999U, 768001U, 4294967295U}) {
+    EXPECT_FALSE(TakeLayout(rate, 1, true).hasLoudness());
+    EXPECT_EQ(TakeLayout(rate, 1, true).blockFrames(), 4800U);
+  }
+  EXPECT_EQ(TakeLayout(0, 100, true).seconds(), 0);
+}
+
+TEST(TakeLayoutTest, BinsCoverEveryFrameOnce) {
+  for (const std::uint32_t rate : {8000U, 11025U, 48000U}) {
+    for (const std::uint64_t frames : {1U, 551U, 552U, 1103U, 2400U, 4801U, 100000U}) {
+      const TakeLayout layout(rate, frames, true);
+      EXPECT_EQ(layout.binStart(0), 0U);
+      EXPECT_EQ(layout.binStart(layout.bins()), frames);
+      for (std::size_t bin = 0; bin < layout.bins(); ++bin) {
+        ASSERT_LT(layout.binStart(bin), layout.binStart(bin + 1));
+        ASSERT_EQ(layout.binOf(layout.binStart(bin)), bin);
+        ASSERT_EQ(layout.binOf(layout.binStart(bin + 1) - 1), bin);
+      }
+    }
+  }
+}
+
+TEST(TakeLayoutTest, NothingHasNoParts) {
+  const TakeLayout layout(48000, 0, true);
+  EXPECT_EQ(layout.blocks() + layout.bins() + layout.units() + layout.wholeBlocks(), 0U);
+}
+
+TEST(TakeLayoutTest, ThePassesOfSeveralWorkersFitTheMemory) {
+  for (const std::uint32_t rate : {0U, 8000U, 48000U, 96000U, 192000U, 384000U, 768000U}) {
+    EXPECT_LT(UnitPass::memory(TakeLayout(rate, 1, true)), 10U << 20) << rate;
+  }
+}
+
+TEST(WidthGridTest, PlacesAreOnTheLineBetweenTheirNodes) {
+  for (int angle = 0; angle <= 150; ++angle) {
+    const auto [node, weight] = WidthGrid::locate(angle);
+    const float low = WidthGrid::nodeGains()[node];
+    const float high = weight > 0 ? WidthGrid::nodeGains()[node + 1] : low;
+    EXPECT_NEAR(low + weight * (high - low), SideGain::factor(angle), 1e-6) << angle;
+    EXPECT_GE(weight, 0.0F);
+    EXPECT_LT(weight, 1.0F);
+  }
+  EXPECT_EQ(WidthGrid::locate(-5).node, 0U);
+  EXPECT_EQ(WidthGrid::locate(500).node, WidthGrid::kNodes.size() - 1);
+}
