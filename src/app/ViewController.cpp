@@ -4,6 +4,7 @@
 #include "app/ViewController.h"
 
 #include <QDesktopServices>
+#include <QFile>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QUrl>
@@ -13,7 +14,6 @@
 #include "base/Version.h"
 #include "controls/J4SliderCell.h"
 #include "dialogs/AboutVC.h"
-#include "dialogs/ExportVC.h"
 #include "dialogs/IntroductionVC.h"
 #include "dialogs/NodeviceVC.h"
 
@@ -53,6 +53,7 @@ void ViewController::initUI() {
   connectPlayback();
   showIdle();
   connect(&_device, &DevicePane::recorderMissing, this, &ViewController::showNoDevice);
+  connectExports();
   MIDIManagerDisconnected();
 }
 
@@ -111,8 +112,18 @@ void ViewController::showNoDevice() {
   present(new NodeviceVC(&_view));
 }
 
+void ViewController::connectExports() {
+  connect(&_exportDesk, &ExportDesk::exported, this, [this](const QString& path) {
+    _view.lblStatus->clear(StatusLine::Topic::Export);
+    _browser.wishFor(QFile::encodeName(path).toStdString());
+    updateFileBrowser();
+  });
+  connect(&_exportDesk, &ExportDesk::failed, this,
+          [this](const QString& why) { _view.lblStatus->say(StatusLine::Topic::Export, why); });
+}
+
 bool ViewController::mayEnd() {
-  if (!ExportVC::isExporting() || _isEnding) return true;
+  if (!_exportQueue.isBusy() || _isEnding) return true;
   auto* const question =
       new QMessageBox(QMessageBox::NoIcon, _view.windowTitle(), {}, QMessageBox::NoButton, &_view);
   question->setAttribute(Qt::WA_DeleteOnClose);
@@ -122,7 +133,7 @@ bool ViewController::mayEnd() {
   question->addButton(tr("Go on"), QMessageBox::RejectRole);
   connect(end, &QAbstractButton::clicked, this, [this] {
     _isEnding = true;
-    ExportVC::cancelRunning();
+    _exportQueue.cancelAll();
     emit endRequested();
   });
   question->open();

@@ -14,9 +14,11 @@
 #include "app/MainView.h"
 #include "app/PlayerPane.h"
 #include "base/NotificationCenter.h"
+#include "dialogs/ExportDesk.h"
 #include "export/Export.h"
 #include "midi/MIDIManagerDelegate.h"
 #include "playback/WavePlayer.h"
+#include "queue/ExportQueue.h"
 
 class DialogWindow;
 
@@ -121,6 +123,8 @@ class ViewController : public QObject,
   [[nodiscard]] WavePlayer* wavPlayer() const { return _wavPlayer.get(); }
   /// The job of the loaded file; null without one.
   [[nodiscard]] const std::shared_ptr<Export>& exportJob() const { return _export; }
+  /// The exports that run or wait.
+  [[nodiscard]] ExportQueue& exportQueue() { return _exportQueue; }
   [[nodiscard]] const QString& versionString() const { return _versionString; }
   [[nodiscard]] bool isMuteVolume() const { return _isMuteVolume; }
 
@@ -137,6 +141,7 @@ class ViewController : public QObject,
   void initMIDI();
   void initSliders();
   void connectPlayback();
+  void connectExports();
   void connectMenu();
   void present(DialogWindow* dialog) const;
 
@@ -176,5 +181,7 @@ class ViewController : public QObject,
   bool _isSpaceDown = false;
   QString _fileName;  ///< of the loaded recording
   bool _isEnding = false;
+  ExportQueue _exportQueue;
+  ExportDesk _exportDesk{_exportQueue, _view};
   std::shared_ptr<ViewController> _self;  ///< owns nothing; delegates hold it weakly
 };

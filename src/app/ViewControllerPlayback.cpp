@@ -1,14 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include <QFile>
 #include <algorithm>
 #include <cmath>
 
 #include "app/ViewController.h"
 #include "controls/J4SliderCell.h"
 #include "dialogs/Alert.h"
-#include "dialogs/ExportVC.h"
 #include "midi/MIDICommon.h"
 
 namespace {
@@ -307,14 +305,5 @@ void ViewController::btnExport_Click() {
   _export->setGain(static_cast<double>(_view.sliderGain->integerValue()));
   _export->setAngle(_view.sliderStereo->angle());
   if (_browser.listing()) _export->setDirPath(_browser.listing()->folderPath());
-  auto* const dialog = new ExportVC(&_view);
-  dialog->setExporter(_export);
-  connect(dialog, &ExportVC::exported, this, [this](const QString& path) {
-    _view.lblStatus->clear(StatusLine::Topic::Export);
-    _browser.wishFor(QFile::encodeName(path).toStdString());
-    updateFileBrowser();
-  });
-  connect(dialog, &ExportVC::failed, this,
-          [this](const QString& why) { _view.lblStatus->say(StatusLine::Topic::Export, why); });
-  present(dialog);
+  _exportDesk.ask(_export);
 }

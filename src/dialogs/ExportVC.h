@@ -11,34 +11,23 @@
 
 #include "dialogs/DialogWindow.h"
 #include "dialogs/ExportFacts.h"
-#include "dialogs/ExportRun.h"
 #include "export/Export.h"
+#include "queue/ExportOrder.h"
 
-/// Asks for the format of an export, asks where to save it, and exports in the background.
+/// Asks for the format of an export and for a place to save it; makes an order of that.
 ///
-/// `open` shows it, window modal, without waiting. From the choice of a place on it is hidden and
-/// lives until the export has ended; then it fires "EB_RELOAD_FILE_LIST", shows the alert where the
-/// export failed, and deletes itself, as it does when it is cancelled. Where it is deleted before,
-/// as with its parent, the export is cancelled. One export runs at a time. Interface thread.
+/// `open` shows it, window modal, without waiting. From the choice of a place on it is hidden; it
+/// deletes itself then, as it does when it is cancelled. Interface thread.
 class ExportVC : public DialogWindow {
   Q_OBJECT
 
  public:
   explicit ExportVC(QWidget* parent = nullptr);
-  ~ExportVC() override;
 
-  /// The job whose file, gain, angle and folder count, as they are when the dialog is shown. It is
-  /// not used by the export itself and may be closed once the dialog is shown.
+  /// The job whose file, gain, angle and folder count, as they are when the dialog is shown. The
+  /// order stands without it, so it may be closed once the dialog is shown.
   void setExporter(std::shared_ptr<Export> exporter) { _exporter = std::move(exporter); }
   [[nodiscard]] const std::shared_ptr<Export>& exporter() const { return _exporter; }
-
-  /// Whether an export is under way, in the process.
-  static bool isExporting();
-  /// Asks the export that is under way to stop; it ends as a cancelled one does.
-  static void cancelRunning();
-
-  /// Shows the dialog; while an export runs, shows that one's progress instead and goes.
-  void open() override;
 
   /// The buttons exclude each other; nothing follows from a choice but the numbers shown.
   void radio_check();
@@ -46,10 +35,8 @@ class ExportVC : public DialogWindow {
   void btnSave_Click();
 
  signals:
-  /// An export has been written to `path`, and the list was told.
-  void exported(const QString& path);
-  /// An export could not be written; `why` is a sentence for the window's quiet line.
-  void failed(const QString& why);
+  /// The user has chosen everything; the dialog is gone from the screen.
+  void ordered(const ExportOrder& order);
 
  protected:
   void viewDidLoad();
@@ -63,9 +50,6 @@ class ExportVC : public DialogWindow {
   QLayout* buttons();
   void showFacts();
   void save(const QString& path, AtomicFile::Existing existing);
-  void start(const ExportOrder& order);
-  void finish(const QString& path);
-  void refuse(const QString& alert, const QString& why);
   [[nodiscard]] ExportOrder order(const QString& path, AtomicFile::Existing existing) const;
 
   static constexpr int kTextWidth = 320;
@@ -81,5 +65,4 @@ class ExportVC : public DialogWindow {
   QPushButton* _save;
   std::shared_ptr<Export> _exporter;
   ExportFacts _facts;
-  std::unique_ptr<ExportRun> _run;
 };

@@ -21,8 +21,9 @@ ALLOWED = {
     "playback": {"base", "wav", "dsp"},
     "midi": {"base"},
     "controls": set(),
-    "dialogs": {"controls", "export", "base"},
-    "app": {"base", "dsp", "wav", "export", "playback", "midi", "controls", "dialogs"},
+    "queue": {"export", "base"},
+    "dialogs": {"controls", "queue", "export", "base"},
+    "app": {"base", "dsp", "wav", "export", "queue", "playback", "midi", "controls", "dialogs"},
     "recorder-sim": {"midi"},
     "cli": {"base", "dsp", "wav", "export", "playback", "midi"},
 }

@@ -9,15 +9,16 @@
 
 #include "WindowFixture.h"
 #include "dialogs/ExportVC.h"
+#include "support/LongTake.h"
 #include "support/SlowReads.h"
 
 namespace {
 
 class Closing : public WindowFixture {
  protected:
-  /// Begins an export that takes a while.
+  /// Begins an export that would take minutes.
   void beginExport() {
-    take("R0001.WAV", 480'000);
+    LongTake::make(takes, "R0001.WAV", 300'000'000);
     SlowReads::limit(takes.path().string(), 1'000'000);
     startOnTakes();
     open("R0001.WAV");
@@ -28,13 +29,17 @@ class Closing : public WindowFixture {
     const auto target = takes.path() / "out.WAV";
     panel->findChild<QLineEdit*>()->setText(QString::fromStdString(target.string()));
     QTest::keyClick(panel->findChild<QLineEdit*>(), Qt::Key_Return);
-    waitFor([] { return ExportVC::isExporting(); }, "the export");
+    waitFor([this] { return exports().isBusy(); }, "the export");
   }
   void TearDown() override {
     SlowReads::reset();
-    ExportVC::cancelRunning();
-    waitFor([] { return !ExportVC::isExporting(); }, "the end of the export");
+    exports().cancelAll();
+    waitForEnd();
   }
+  void waitForEnd() {
+    waitFor([this] { return !exports().isBusy(); }, "the end of the export");
+  }
+  ExportQueue& exports() { return controller().exportQueue(); }
 };
 
 TEST_F(Closing, WithoutAnExportItClosesAtOnce) {
@@ -51,7 +56,7 @@ TEST_F(Closing, DuringAnExportItAsksFirst) {
   ASSERT_NE(question, nullptr);
   press(question, "Go on");
   EXPECT_TRUE(view().isVisible());
-  EXPECT_TRUE(ExportVC::isExporting());
+  EXPECT_TRUE(exports().isBusy());
 }
 
 TEST_F(Closing, ExportIsCancelledWhereTheUserWantsTheEnd) {
@@ -60,7 +65,7 @@ TEST_F(Closing, ExportIsCancelledWhereTheUserWantsTheEnd) {
   press(shown<QMessageBox>(), "Cancel export and quit");
   EXPECT_FALSE(view().isVisible());
   SlowReads::reset();
-  waitFor([] { return !ExportVC::isExporting(); }, "the end of the export");
+  waitForEnd();
   EXPECT_FALSE(std::filesystem::exists(takes.path() / "out.WAV"));
 }
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
+#include <QMessageBox>
 #include <QTest>
 #include <QTimer>
 #include <cmath>
@@ -475,15 +476,16 @@ TEST_F(Playback, ExportGetsGainAngleAndFolder) {
 }
 
 TEST_F(Playback, NewExportIsListedAndSelectedAndAFailedOneIsToldQuietly) {
-  take("a.WAV");
+  const auto source = take("a.WAV", 1000);
   startOnTakes();
   open("a.WAV");
   controller().btnExport_Click();
-  const auto written = take("a_Decode.WAV", 10);
-  emit shown<ExportVC>()->exported(QString::fromStdString(written.string()));
+  emit shown<ExportVC>()->ordered({.source = source, .target = takes.path() / "a_Decode.WAV"});
   waitFor([this] { return selected() == "a_Decode.WAV"; }, "the new file");
-  emit shown<ExportVC>()->failed("No space left.");
-  EXPECT_EQ(view().lblStatus->text(), "No space left.");
+  emit shown<ExportVC>()->ordered({.source = source, .target = takes.path() / "none/b.WAV"});
+  waitFor([] { return shown<QMessageBox>() != nullptr; }, "the alert");
+  EXPECT_THAT(view().lblStatus->text().toStdString(), testing::HasSubstr("No such file"));
+  closeAlert("Fail to save.");
 }
 
 }  // namespace

@@ -17,7 +17,6 @@
 
 namespace {
 
-constexpr int kPatience = 60'000;  // milliseconds
 constexpr std::ptrdiff_t kFirstSample = 748;
 
 }  // namespace
@@ -31,10 +30,24 @@ DialogFixture::DialogFixture() : _mainWindow(std::make_unique<QWidget>()) {
   NotificationCenter::defaultCenter().addObserver(
       this, [this](const Notification& event) { _told.push_back(event.name); },
       EB::kReloadFileList);
+  _held.releaseAll();
+  makeDesk();
+}
+
+void DialogFixture::makeDesk() {
+  _queue = std::make_unique<ExportQueue>(_held.work(), [this] { return _now; });
+  _desk = std::make_unique<ExportDesk>(*_queue, *_mainWindow);
+  QObject::connect(_desk.get(), &ExportDesk::exported, [this](const QString& path) {
+    _told.push_back("exported " + path.toStdString());
+  });
+  QObject::connect(_desk.get(), &ExportDesk::failed,
+                   [this](const QString& why) { _told.push_back("failed " + why.toStdString()); });
 }
 
 DialogFixture::~DialogFixture() {
   NotificationCenter::defaultCenter().removeObserver(this);
+  _desk.reset();
+  _queue.reset();
   _mainWindow.reset();
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   for (QWidget* const left : QApplication::topLevelWidgets()) delete left;
@@ -45,10 +58,6 @@ QRect DialogFixture::showMainWindow() {
   _mainWindow->show();
   EXPECT_TRUE(QTest::qWaitForWindowExposed(_mainWindow.get()));
   return _mainWindow->frameGeometry();
-}
-
-bool DialogFixture::waitUntil(const std::function<bool()>& condition) {
-  return QTest::qWaitFor(condition, kPatience);
 }
 
 QPushButton* DialogFixture::button(QWidget& dialog, const QString& text) {
@@ -103,15 +112,9 @@ std::shared_ptr<Export> DialogFixture::job(bool isRaw) const {
 }
 
 QPointer<ExportVC> DialogFixture::openExport(const std::shared_ptr<Export>& job) {
-  QPointer<ExportVC> dialog(new ExportVC(_mainWindow.get()));
-  dialog->setExporter(job);
-  dialog->setParentFrame(showMainWindow());
-  QObject::connect(dialog, &ExportVC::exported, dialog, [this](const QString& path) {
-    _told.push_back("exported " + path.toStdString());
-  });
-  QObject::connect(dialog, &ExportVC::failed, dialog,
-                   [this](const QString& why) { _told.push_back("failed " + why.toStdString()); });
-  dialog->open();
+  showMainWindow();
+  _desk->ask(job);
+  QPointer<ExportVC> dialog(shown<ExportVC>());
   QApplication::setActiveWindow(dialog);
   return dialog;
 }
@@ -125,7 +128,7 @@ void DialogFixture::saveAs(ExportVC& dialog, const std::string& path) const {
 }
 
 std::vector<std::string> DialogFixture::told(const QPointer<ExportVC>& dialog) const {
-  EXPECT_TRUE(waitUntil([&] { return dialog.isNull(); }));
+  EXPECT_TRUE(waitUntil([&] { return dialog.isNull() && !_queue->isBusy(); }));
   return _told;
 }
 

@@ -14,14 +14,21 @@
 #include <string>
 #include <vector>
 
+#include "dialogs/ExportDesk.h"
 #include "dialogs/ExportVC.h"
 #include "dialogs/SavePanel.h"
+#include "queue/ExportQueue.h"
 #include "support/EnvironmentVariable.h"
+#include "support/EventLoop.h"
+#include "support/HeldWork.h"
 #include "support/LogLines.h"
 #include "support/TemporaryFolder.h"
 
 /// A main window, a folder with takes, settings of its own, and a record of what dialogs tell.
 class DialogFixture : public testing::Test {
+ private:
+  void makeDesk();
+
  protected:
   DialogFixture();
   ~DialogFixture() override;
@@ -44,8 +51,10 @@ class DialogFixture : public testing::Test {
     EXPECT_TRUE(isThere) << Widget::staticMetaObject.className() << " was not shown";
     return found;
   }
-  /// Lets the program run until the condition holds; false after a minute.
-  static bool waitUntil(const std::function<bool()>& condition);
+  /// Lets the program run until the condition holds; false when it never does.
+  static bool waitUntil(const std::function<bool()>& condition) {
+    return EventLoop::runUntil(condition);
+  }
   /// The button with this text.
   static QPushButton* button(QWidget& dialog, const QString& text);
   static void click(QWidget& dialog, const QString& text);
@@ -59,11 +68,12 @@ class DialogFixture : public testing::Test {
   std::filesystem::path take(const std::string& name, bool isRaw = true) const;
   /// A job as the window hands it over: 90.7 degrees, +6 dB, on a take named R0001.WAV.
   std::shared_ptr<Export> job(bool isRaw = true) const;
-  /// An export dialog over the main window, shown; what it tells goes to the record.
+  /// Asks for an export over the main window and returns the dialog, shown; what is told of the
+  /// export goes to the record.
   QPointer<ExportVC> openExport(const std::shared_ptr<Export>& job);
   /// Presses Save, types the path and presses Return.
   void saveAs(ExportVC& dialog, const std::string& path) const;
-  /// Waits until the export is over and returns the record.
+  /// Waits until dialog and export are over and returns the record.
   std::vector<std::string> told(const QPointer<ExportVC>& dialog) const;
   std::vector<std::byte> samplesOf(const std::filesystem::path& path) const;
 
@@ -77,4 +87,8 @@ class DialogFixture : public testing::Test {
   LogLines _log;
   std::vector<std::string> _told;
   std::unique_ptr<QWidget> _mainWindow;
+  HeldWork _held{ExportWorker::carryOut};  ///< open, unless a test holds it
+  std::chrono::milliseconds _now{0};       ///< stands still, unless a test moves it
+  std::unique_ptr<ExportQueue> _queue;
+  std::unique_ptr<ExportDesk> _desk;
 };

@@ -4,34 +4,45 @@
 #include "dialogs/ExportProgress.h"
 
 #include <QMessageBox>
+#include <QSignalSpy>
 #include <QTest>
 
 #include "DialogFixture.h"
 #include "dialogs/TimeLeft.h"
-#include "support/LongTake.h"
 
 namespace {
 
 using testing::ElementsAre;
-
-constexpr std::uint32_t kLong = 3'000'000'000;
+using namespace std::chrono_literals;
 
 class ExportProgressTest : public DialogFixture {
  protected:
-  /// A long export, its progress on the screen.
-  QPointer<ExportVC> exportLong() {
-    const auto dialog =
-        openExport(std::make_shared<Export>(LongTake::make(_folder, "long.wav", kLong)));
+  /// Begins an export that stands still at 25 %.
+  QPointer<ExportVC> begin() {
+    _held.hold();
+    _held.setDone(0.25);
+    auto dialog = openExport(job());
     saveAs(*dialog, "out");
+    return dialog;
+  }
+  /// The same, its progress on the screen.
+  QPointer<ExportVC> exportLong() {
+    auto dialog = begin();
+    pass(250ms);
     _progress = waitForShown<ExportProgress>();
     return dialog;
+  }
+  /// Lets the time pass and waits until the queue has looked at the work since.
+  void pass(std::chrono::milliseconds time) {
+    _now += time;
+    const QSignalSpy looks(_queue.get(), &ExportQueue::progressed);
+    EXPECT_TRUE(waitUntil([&] { return looks.count() >= 2; }));
   }
   void expectCancelled(const QPointer<ExportVC>& dialog) {
     EXPECT_THAT(told(dialog), ElementsAre("EB_RELOAD_FILE_LIST"));
     EXPECT_EQ(nullptr, shown<QMessageBox>());
     EXPECT_TRUE(_progress.isNull());
-    EXPECT_FALSE(ExportVC::isExporting());
-    EXPECT_THAT(_folder.names(), ElementsAre("long.wav"));
+    EXPECT_THAT(_folder.names(), ElementsAre("R0001.WAV"));
   }
 
   QPointer<ExportProgress> _progress;
@@ -41,24 +52,35 @@ TEST_F(ExportProgressTest, TellsWhatAndHowMuch) {
   const auto dialog = exportLong();
   EXPECT_EQ(QString("Export"), _progress->windowTitle());
   EXPECT_EQ(Qt::NonModal, _progress->windowModality());
+  expectInTheMiddle(*_progress, _mainWindow->frameGeometry());
   const QStringList texts = labels(*_progress);
-  EXPECT_TRUE(texts.contains("Exporting long.wav"));
+  EXPECT_TRUE(texts.contains("Exporting R0001.WAV"));
   EXPECT_TRUE(texts.contains("to out.WAV"));
-  auto* const bar = _progress->findChild<QProgressBar*>();
-  EXPECT_TRUE(waitUntil([&] { return bar->value() > 0; }));
-  EXPECT_TRUE(_progress->findChild<QLabel*>("state")->text().contains(" %"));
-  _progress->reject();
-  expectCancelled(dialog);
+  EXPECT_EQ(250, _progress->findChild<QProgressBar*>()->value());
+  pass(750ms);
+  EXPECT_EQ(QString("25 % · About 3 s left"), _progress->findChild<QLabel*>("state")->text());
+  _held.releaseAll();
+  EXPECT_THAT(told(dialog),
+              ElementsAre("EB_RELOAD_FILE_LIST", "exported " + path("out.WAV").string()));
+  EXPECT_TRUE(_progress.isNull());
+}
+
+TEST_F(ExportProgressTest, ComesAfterAQuarterOfASecond) {
+  begin();
+  pass(249ms);
+  EXPECT_EQ(nullptr, shown<ExportProgress>());
+  pass(1ms);
+  EXPECT_NE(nullptr, shown<ExportProgress>());
 }
 
 TEST_F(ExportProgressTest, AShortExportNeedsNone) {
-  const auto dialog = openExport(job());
-  saveAs(*dialog, "out");
+  const auto dialog = begin();
+  pass(249ms);
   bool wasShown = false;
-  EXPECT_TRUE(waitUntil([&] {
-    wasShown = wasShown || shown<ExportProgress>() != nullptr;
-    return dialog.isNull();
-  }));
+  QObject::connect(_queue.get(), &ExportQueue::finished, _queue.get(),
+                   [&] { wasShown = shown<ExportProgress>() != nullptr; });
+  _held.releaseAll();
+  told(dialog);
   EXPECT_FALSE(wasShown);
 }
 
@@ -80,34 +102,44 @@ TEST_F(ExportProgressTest, EscapeAndClosingAreCancels) {
 
 TEST_F(ExportProgressTest, TheWindowMayCancelIt) {
   const auto dialog = exportLong();
-  EXPECT_TRUE(ExportVC::isExporting());
-  ExportVC::cancelRunning();
+  _queue->cancelAll();
   expectCancelled(dialog);
-  ExportVC::cancelRunning();  // nothing to cancel any more
 }
 
 TEST_F(ExportProgressTest, ASecondExportShowsTheOneThatRuns) {
   const auto dialog = exportLong();
   _progress->hide();
-  const QPointer<ExportVC> second(new ExportVC(_mainWindow.get()));
-  second->setExporter(job());
-  second->open();
-  EXPECT_FALSE(second->isVisible());
+  _desk->ask(job());
+  EXPECT_EQ(nullptr, shown<ExportVC>());
   EXPECT_TRUE(_progress->isVisible());
-  EXPECT_TRUE(waitUntil([&] { return second.isNull(); }));
-  EXPECT_TRUE(ExportVC::isExporting());
-  std::filesystem::remove(path("R0001.WAV"));
-  ExportVC::cancelRunning();
+  EXPECT_EQ(1U, _queue->ids().size());
+  _queue->cancelAll();
   expectCancelled(dialog);
 }
 
+TEST_F(ExportProgressTest, EachOrderHasItsOwn) {
+  exportLong();
+  _queue->add({.source = path("R0001.WAV"), .target = path("second.WAV")});
+  pass(1000ms);
+  EXPECT_TRUE(labels(*shown<ExportProgress>()).contains("to out.WAV"));
+  _held.release(path("out.WAV"));
+  EXPECT_TRUE(waitUntil([&] { return _progress.isNull(); }));
+  EXPECT_EQ(nullptr, shown<ExportProgress>());  // its time begins with its work
+  pass(250ms);
+  auto* const second = waitForShown<ExportProgress>();
+  EXPECT_TRUE(labels(*second).contains("to second.WAV"));
+  click(*second, "Cancel");
+  EXPECT_TRUE(waitUntil([&] { return !_queue->isBusy(); }));
+  EXPECT_FALSE(std::filesystem::exists(path("second.WAV")));
+}
+
 TEST_F(ExportProgressTest, TheEndOfTheWindowIsTheEndOfTheExport) {
-  const auto dialog = exportLong();
-  _mainWindow.reset();
-  EXPECT_TRUE(dialog.isNull());
+  exportLong();
+  _desk.reset();
   EXPECT_TRUE(_progress.isNull());
-  EXPECT_FALSE(ExportVC::isExporting());
-  EXPECT_THAT(_folder.names(), ElementsAre("long.wav"));
+  _queue.reset();
+  EXPECT_THAT(_told, testing::IsEmpty());
+  EXPECT_THAT(_folder.names(), ElementsAre("R0001.WAV"));
 }
 
 // It comes by itself while the user may be typing: keys meant for the player do not reach Cancel.

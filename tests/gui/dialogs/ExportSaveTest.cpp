@@ -52,14 +52,15 @@ TEST_F(ExportSaveTest, ThePanelStartsInTheFolderOfTheList) {
 }
 
 TEST_F(ExportSaveTest, TheDialogIsGoneBeforeTheEventComes) {
+  _held.hold();
   const auto dialog = openExport(job());
   saveAs(*dialog, "out");
-  ASSERT_TRUE(dialog);
-  EXPECT_FALSE(dialog->isVisible());
-  EXPECT_TRUE(ExportVC::isExporting());
+  EXPECT_EQ(nullptr, shown<ExportVC>());
+  EXPECT_TRUE(_queue->isBusy());
   EXPECT_THAT(_told, IsEmpty());
+  _held.releaseAll();
   EXPECT_EQ(done("out.WAV"), told(dialog));
-  EXPECT_FALSE(ExportVC::isExporting());
+  EXPECT_FALSE(_queue->isBusy());
 }
 
 TEST_F(ExportSaveTest, FormatAndNormaliseAreHonoured) {
@@ -104,7 +105,7 @@ TEST_F(ExportSaveTest, CancellingThePanelLeavesTheDialog) {
   ASSERT_TRUE(dialog);
   EXPECT_TRUE(dialog->isVisible());
   EXPECT_THAT(_told, IsEmpty());
-  EXPECT_FALSE(ExportVC::isExporting());
+  EXPECT_FALSE(_queue->isBusy());
   EXPECT_THAT(_folder.names(), ElementsAre("R0001.WAV"));
 }
 

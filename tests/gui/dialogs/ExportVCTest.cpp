@@ -98,7 +98,7 @@ TEST_F(ExportVCTest, CancelAndEscapeDismissItAndTellNothing) {
   third->close();
   EXPECT_THAT(told(third), IsEmpty());
   EXPECT_THAT(_folder.names(), testing::ElementsAre("R0001.WAV"));
-  EXPECT_FALSE(ExportVC::isExporting());
+  EXPECT_FALSE(_queue->isBusy());
 }
 
 TEST_F(ExportVCTest, TabVisitsEverythingFromTheTop) {

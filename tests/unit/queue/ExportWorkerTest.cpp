@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "dialogs/ExportWorker.h"
+#include "queue/ExportWorker.h"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <atomic>
 #include <thread>
 #include <vector>
 
@@ -18,6 +19,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using End = ExportResult::End;
 
 constexpr std::uint32_t kLong = 3'000'000'000;
 
@@ -40,9 +42,8 @@ class ExportWorkerTest : public testing::Test {
   static void expectWritten(const ExportOrder& order) {
     const ExportWorker worker(order);
     waitFor(worker);
-    EXPECT_TRUE(worker.isWritten()) << worker.failure();
-    EXPECT_FALSE(worker.wasCancelled());
-    EXPECT_EQ("", worker.failure());
+    EXPECT_EQ(End::Written, worker.result().end);
+    EXPECT_EQ("", worker.result().failure);
     EXPECT_EQ(1.0, worker.done());
   }
   static void waitForBegin(const ExportWorker& worker) {
@@ -80,8 +81,8 @@ TEST_F(ExportWorkerTest, StopsWhenItIsCancelled) {
   waitForBegin(worker);
   worker.cancel();
   waitFor(worker);
-  EXPECT_TRUE(worker.wasCancelled());
-  EXPECT_FALSE(worker.isWritten());
+  EXPECT_EQ(End::Cancelled, worker.result().end);
+  EXPECT_EQ("", worker.result().failure);
   EXPECT_LT(worker.done(), 1.0);
   EXPECT_THAT(_folder.names(), ElementsAre("long.wav"));
 }
@@ -98,17 +99,42 @@ TEST_F(ExportWorkerTest, ItsEndIsTheEndOfTheExport) {
 TEST_F(ExportWorkerTest, TellsWhyItFailed) {
   const ExportWorker missing(order(_folder.path() / "none.wav"));
   waitFor(missing);
-  EXPECT_FALSE(missing.isWritten());
-  EXPECT_FALSE(missing.wasCancelled());
-  EXPECT_NE("", missing.failure());
+  EXPECT_EQ(End::Failed, missing.result().end);
+  EXPECT_NE("", missing.result().failure);
 
   ExportOrder existing = order(shortTake());
   existing.target = _folder.file("there.WAV", {});
   const ExportWorker refused(existing);
   waitFor(refused);
-  EXPECT_FALSE(refused.isWritten());
-  EXPECT_THAT(refused.failure(), HasSubstr("exists"));
+  EXPECT_EQ(End::Failed, refused.result().end);
+  EXPECT_THAT(refused.result().failure, HasSubstr("exists"));
   EXPECT_TRUE(TemporaryFolder::read(existing.target).empty());
+}
+
+TEST_F(ExportWorkerTest, RefusesTheSourceAsItsTarget) {
+  ExportOrder order = this->order(shortTake());
+  order.existing = AtomicFile::Existing::Replace;
+  order.target = order.source;
+  const auto before = TemporaryFolder::read(order.source);
+  const ExportWorker plain(order);
+  waitFor(plain);
+  EXPECT_EQ(End::TargetIsSource, plain.result().end);
+  EXPECT_EQ("The target is the source itself", plain.result().failure);
+  order.target = _folder.path() / "link.WAV";
+  std::filesystem::create_symlink(order.source, order.target);
+  const ExportWorker linked(order);
+  waitFor(linked);
+  EXPECT_EQ(End::TargetIsSource, linked.result().end);
+  EXPECT_EQ(before, TemporaryFolder::read(order.source));
+}
+
+TEST_F(ExportWorkerTest, TellsItsEndOnce) {
+  std::atomic<int> ends = 0;
+  {
+    const ExportWorker worker(order(shortTake()), ExportWorker::carryOut, [&] { ++ends; });
+    waitFor(worker);
+  }
+  EXPECT_EQ(1, ends);
 }
 
 }  // namespace

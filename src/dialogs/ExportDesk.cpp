@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "dialogs/ExportDesk.h"
+
+#include <QFile>
+#include <utility>
+
+#include "base/EB.h"
+#include "dialogs/Alert.h"
+#include "dialogs/ExportVC.h"
+#include "dialogs/TimeLeft.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kBeforeShown = 250ms;  // a short export needs no window
+
+QString nameOf(const std::filesystem::path& path) {
+  return QFile::decodeName(path.filename().c_str());
+}
+
+// What went wrong, as the jobs tell it, ends without a full stop.
+QString sentence(const std::string& text) {
+  return QString::fromStdString(text) + QStringLiteral(".");
+}
+
+}  // namespace
+
+ExportDesk::ExportDesk(ExportQueue& queue, QWidget& window) : _queue(queue), _window(window) {
+  connect(&queue, &ExportQueue::began, this, &ExportDesk::prepareProgress);
+  connect(&queue, &ExportQueue::progressed, this, &ExportDesk::showProgress);
+  connect(&queue, &ExportQueue::finished, this, &ExportDesk::end);
+}
+
+void ExportDesk::ask(const std::shared_ptr<Export>& job) {
+  if (_queue.isBusy()) return raiseProgress();
+  auto* const dialog = new ExportVC(&_window);
+  dialog->setExporter(job);
+  dialog->setParentFrame(_window.window()->frameGeometry());
+  connect(dialog, &ExportVC::ordered, &_queue, &ExportQueue::add);
+  dialog->open();
+}
+
+void ExportDesk::prepareProgress(int id, const ExportOrder& order) {
+  auto progress =
+      std::make_unique<ExportProgress>(nameOf(order.source), nameOf(order.target), &_window);
+  progress->setParentFrame(_window.window()->frameGeometry());
+  connect(progress.get(), &ExportProgress::cancelRequested, this,
+          [this, id] { _queue.cancel(id); });
+  _progress[id] = std::move(progress);
+}
+
+void ExportDesk::showProgress(int id, double done, std::chrono::milliseconds elapsed) {
+  ExportProgress& progress = *_progress.at(id);
+  const double seconds = std::chrono::duration<double>(elapsed).count();
+  progress.update(done, TimeLeft::text(seconds, done));
+  if (elapsed >= kBeforeShown) progress.show();
+}
+
+void ExportDesk::raiseProgress() {
+  if (_progress.empty()) return;
+  ExportProgress& oldest = *_progress.begin()->second;
+  oldest.show();
+  oldest.raise();
+  oldest.activateWindow();
+}
+
+void ExportDesk::end(int id, const ExportOrder& order, const ExportResult& result) {
+  _progress.erase(id);
+  EB::FIRE(EB::kReloadFileList);
+  switch (result.end) {
+    case ExportResult::End::Written:
+      emit exported(QFile::decodeName(order.target.c_str()));
+      break;
+    case ExportResult::End::TargetIsSource:
+      refuse(tr("Fail to open."), result.failure);
+      break;
+    case ExportResult::End::Failed:
+      refuse(tr("Fail to save."), result.failure);
+      break;
+    case ExportResult::End::Cancelled:
+      break;
+  }
+}
+
+void ExportDesk::refuse(const QString& alert, const std::string& why) {
+  emit failed(sentence(why));
+  Alert::show(&_window, alert);
+}

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+/// What became of an order.
+struct ExportResult {
+  enum class End : std::uint8_t {
+    Written,
+    Cancelled,       ///< nothing was written
+    TargetIsSource,  ///< refused before anything was written
+    Failed           ///< nothing was written
+  };
+
+  End end = End::Failed;
+  std::string failure;  ///< why, in words for people, no full stop; empty when written or cancelled
+};
