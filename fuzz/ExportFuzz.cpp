@@ -31,7 +31,7 @@ struct Settings {
   [[nodiscard]] bool hasOldTarget() const { return (switches & 2) != 0; }
   [[nodiscard]] bool refusesOldTarget() const { return (switches & 4) != 0; }
   [[nodiscard]] bool isFromMemory() const { return (switches & 8) != 0; }
-  [[nodiscard]] bool isLoaded() const { return (switches & 16) != 0; }
+  [[nodiscard]] bool isFollowed() const { return (switches & 16) != 0; }
   [[nodiscard]] bool isCancelled() const { return (switches & 0xE0) == 0xE0; }
   [[nodiscard]] AtomicFile::Existing existing() const {
     return refusesOldTarget() ? AtomicFile::Existing::Refuse : AtomicFile::Existing::Replace;
@@ -116,7 +116,7 @@ class Exports {
       require(_job.checkFileValid(_file) == _job.IsFileValid(), "a file is what its bytes are");
     }
     checkRecognition(_job);
-    if (_settings.isLoaded()) _job.reader()->image()->startLoading();
+    if (_settings.isFollowed()) _job.reader()->follow(0, 1);
     _job.setCancelFlag(&_cancel);
     _job.setExisting(_settings.existing());
     _job.setAngle(_settings.angle);

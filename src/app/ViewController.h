@@ -154,7 +154,6 @@ class ViewController : public QObject,
   void seekTo(double position);
   void showGain();
   void showFailures();
-  [[nodiscard]] bool isLoadedUntil(double seconds) const;
 
   MainView& _view;
   std::unique_ptr<WavePlayer> _wavPlayer;

@@ -109,8 +109,6 @@ void ViewController::makePlayer(const WavItem& item) {
   _pane.setStereo(_export->reader()->isBoMSFormat());
   _wavPlayer->setDelegate(_self);
   _wavPlayer->play();
-  // The player has its first buffers by now; the rest of the medium's speed is for the meters.
-  _export->reader()->image()->startLoading();
 }
 
 void ViewController::showLoaded(const WavItem& item) {
@@ -228,20 +226,11 @@ void ViewController::refreshUIWhenPlay() {
   updateLevelMeter(1.0 / 30.0);
 }
 
-bool ViewController::isLoadedUntil(double seconds) const {
-  const WaveFileReader& reader = *_export->reader();
-  const WaveHeader& header = reader.header();
-  const double frameBytes = header.NumChannels * header.BitsPerSample / 8.0;
-  const double end = header.dataChunkPosition + seconds * header.SampleRate * frameBytes;
-  const auto loaded = static_cast<double>(reader.image()->loaded());
-  return loaded >= std::min(end, static_cast<double>(reader.image()->size()));
-}
-
 void ViewController::updateLevelMeter(double interval) {
   if (!_wavPlayer || !_export) return;
   const double time = _wavPlayer->curremtTime();
-  // What has not been loaded yet is not known; the bars do not stand at what was before.
-  if (!isLoadedUntil(time + interval)) return _pane.clearLevels();
+  // What is not at hand yet is not known; the bars do not stand at what was before.
+  if (!_export->reader()->follow(time, time + interval)) return _pane.clearLevels();
   float left = 0.0F;
   float right = 0.0F;
   _export->reader()->getSampleLevelMeterFrom(time, time + interval, left, right,

@@ -14,7 +14,6 @@
 #include "cli/Printable.h"
 #include "export/Recognition.h"
 #include "wav/BextLayout.h"
-#include "wav/FrameStream.h"
 
 using nlohmann::ordered_json;
 
@@ -192,7 +191,7 @@ std::string FileDescription::audioWarning(const WaveFileReader& reader) {
   const std::uint64_t held =
       reader.image()->size() -
       std::min<std::uint64_t>(header.dataChunkPosition, reader.image()->size());
-  if (FrameStream(reader).framesLeft() == 0) {
+  if (reader.frameCount() == 0) {
     return fmt::format("No audio: the data chunk states {} bytes, the file holds {} after it",
                        header.dataChunkLength, held);
   }

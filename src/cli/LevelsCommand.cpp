@@ -36,15 +36,15 @@ int LevelsCommand::run() {
     fmt::print(stderr, "{}\n", problemLine(_file, kFileNotSupported, job.failure()));
     return kFailed;
   }
-  WaveImage& image = *job.reader()->image();
-  image.startLoading();
-  if (!image.waitUntilLoaded(image.size(), &Interrupt::requested())) {
-    fmt::print(stderr, "{}\n", problemLine(_file, kFailToOpen, image.failure()));
-    return kFailed;
-  }
   float left = 0;
   float right = 0;
+  job.reader()->waitForMedium(&Interrupt::requested());
   job.reader()->getSampleLevelMeterFrom(_from, _to, left, right, -_gain, _angle);
+  if (Interrupt::requested()) return kFailed;
+  if (const std::string failure = job.reader()->image()->failure(); !failure.empty()) {
+    fmt::print(stderr, "{}\n", problemLine(_file, kFailToOpen, failure));
+    return kFailed;
+  }
   fmt::print("{:.9g} {:.9g}\n", left, right);
   return kDone;
 }

@@ -81,7 +81,7 @@ bool Export::isSource(const std::filesystem::path& path) const {
 std::uint64_t Export::outputSize(bool is24bit) const {
   const int bits = is24bit ? 24 : 32;
   const std::uint64_t frameBytes = 2 * static_cast<std::uint64_t>(bits) / 8;
-  return BwfWriter::fileSize(historyOf(bits), FrameStream(*_reader).framesLeft() * frameBytes);
+  return BwfWriter::fileSize(historyOf(bits), _reader->frameCount() * frameBytes);
 }
 
 bool Export::export2File(const std::filesystem::path& path, bool Is24bit, bool IsNormalize) {
@@ -113,7 +113,7 @@ bool Export::prepare(const std::filesystem::path& path, BwfWriter& writer) {
 }
 
 void Export::editAndWriteSample(BwfWriter& writer) {
-  FrameStream source(*_reader, _cancel);
+  FrameStream source(*_reader);
   _framesDone = 0;
   _framesToDo = source.framesLeft() * (_normalize ? 2 : 1);
   const Attenuation attenuation = this->attenuation();
@@ -135,7 +135,7 @@ void Export::editAndWriteSample(BwfWriter& writer) {
 
 Export::Attenuation Export::attenuation() {
   if (!_normalize) return {-_gain, -_gain};
-  FrameStream source(*_reader, _cancel);
+  FrameStream source(*_reader);
   float peak = 0;
   std::array<float, kBlockFloats> block;
   while (const std::uint64_t count = fillBlock(source, block)) {

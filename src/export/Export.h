@@ -19,10 +19,9 @@
 
 /// One open recording: whether it is the recorder's, and its export as a decoded Left/Right file.
 ///
-/// A job indexes its file but does not hold it: an export streams from the file, or from the
-/// reader's image as far as that is loaded. Who needs the samples in memory, as the meters do,
-/// calls `reader()->image()->startLoading()`. Nothing throws: operations return false, and
-/// `failure` tells why in words for people.
+/// A job indexes its file but does not hold it: an export streams from the file. Who must not wait
+/// for samples, as the meters, has them read ahead by `reader()->follow`. Nothing throws:
+/// operations return false, and `failure` tells why in words for people.
 ///
 /// Threads: one thread at a time, but for the cancel flag, which any thread may set. An export has
 /// a stream of its own, so it may run on a worker while others read through copies of `reader`.
@@ -53,7 +52,7 @@ class Export {
   /// Decodes, scales and writes every frame. Stops early on a cancel or a failure.
   void editAndWriteSample(BwfWriter& writer);
 
-  /// Lets go of the file; ends a load that is under way without waiting for it.
+  /// Lets go of the file; nothing is read ahead any more. Waits for nothing where it was.
   void cleanUp();
 
   /// True when writing to `path` would replace the source: the same text or the same file.

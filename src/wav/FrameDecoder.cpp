@@ -3,6 +3,7 @@
 
 #include "wav/FrameDecoder.h"
 
+#include <array>
 #include <bit>
 #include <cstring>
 
@@ -74,6 +75,32 @@ void FrameDecoder::decode(std::span<const std::byte> bytes, float& left, float& 
     if (offset + _sampleBytes > bytes.size()) return;
     (channel == 0 ? left : right) = sampleAt(bytes.data() + offset);
   }
+}
+
+// Where the last sample lies that is all there; 0 where there is none but the first.
+std::uint64_t FrameDecoder::lastSampleWithin(std::uint64_t available) const {
+  std::uint64_t offset = 0;
+  std::uint64_t last = 0;
+  for (std::uint64_t channel = 1; channel < _numChannels; ++channel) {
+    offset += channel * _sampleBytes;
+    if (offset + _sampleBytes > available) break;
+    last = offset;
+  }
+  return last;
+}
+
+bool FrameDecoder::decodeApart(std::uint64_t available, const ReadAt& read, float& left,
+                               float& right) const {
+  if (_sample == Sample::None || _sampleBytes > available) return true;
+  std::array<std::byte, sizeof(float)> sample{};
+  const std::span<std::byte> bytes = std::span(sample).first(_sampleBytes);
+  if (!read(0, bytes)) return false;
+  left = sampleAt(sample.data());
+  const std::uint64_t last = lastSampleWithin(available);
+  if (last == 0) return true;
+  if (!read(last, bytes)) return false;
+  right = sampleAt(sample.data());
+  return true;
 }
 
 void FrameDecoder::decode(std::span<const std::byte> bytes, std::span<float> frames) const {

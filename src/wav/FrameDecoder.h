@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 
 /// Turns the stored samples of interleaved frames into floats, channel 1 to left, every later
@@ -31,6 +32,13 @@ class FrameDecoder {
   /// Decodes the frame at the start of `bytes`; samples that end past it leave their output alone.
   void decode(std::span<const std::byte> bytes, float& left, float& right) const;
 
+  /// Copies bytes from an offset on; false when they are not all there.
+  using ReadAt = std::function<bool(std::uint64_t offset, std::span<std::byte> to)>;
+  /// Decodes one frame whose samples lie far apart by reading no more than the two that count.
+  /// Offsets are taken from the start of the frame; bytes from `available` on do not exist. False
+  /// when `read` was, with the outputs undefined.
+  bool decodeApart(std::uint64_t available, const ReadAt& read, float& left, float& right) const;
+
   /// Decodes `frames.size() / 2` frames into interleaved left and right. `bytes` starts at the
   /// first frame, holds all of them, and goes on for as long as later bytes may be looked at.
   void decode(std::span<const std::byte> bytes, std::span<float> frames) const;
@@ -39,6 +47,7 @@ class FrameDecoder {
   enum class Sample { None, Unsigned16, Signed24, Signed32, Float32 };
 
   [[nodiscard]] float sampleAt(const std::byte* bytes) const;
+  [[nodiscard]] std::uint64_t lastSampleWithin(std::uint64_t available) const;
   void decodePairs(const std::byte* bytes, std::span<float> frames) const;
 
   Sample _sample = Sample::None;

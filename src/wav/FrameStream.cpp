@@ -9,21 +9,14 @@ namespace {
 
 constexpr std::size_t kBlockBytes = 245760;
 
-std::uint64_t framesIn(const WaveFileReader& reader) {
-  SampleCursor cursor = WaveFileReader(reader).cursor();
-  cursor.beginReadSample();
-  return cursor.framesLeft();
-}
-
 }  // namespace
 
-FrameStream::FrameStream(const WaveFileReader& reader, const std::atomic<bool>* cancel)
+FrameStream::FrameStream(const WaveFileReader& reader)
     : _image(reader.image()),
       _decoder(reader.header().NumChannels, reader.header().BitsPerSample, reader.encoding()),
-      _cancel(cancel),
-      _needsWhole(_decoder.reach() > _decoder.frameBytes()),
+      _isApart(_decoder.reach() > kBlockBytes),
       _position(reader.header().dataChunkPosition),
-      _framesLeft(framesIn(reader)),
+      _framesLeft(reader.frameCount()),
       _frames(_framesLeft) {}
 
 void FrameStream::seek(std::uint64_t frame) {
@@ -31,16 +24,19 @@ void FrameStream::seek(std::uint64_t frame) {
   _framesLeft = _frames - std::min(frame, _frames);
   _position += (_frames - _framesLeft) * _decoder.frameBytes();
   _held = {};
+  _heldFrames = 0;
 }
 
 std::uint64_t FrameStream::read(std::span<float> frames) {
   const std::uint64_t wanted = std::min<std::uint64_t>(frames.size() / 2, _framesLeft);
+  if (_isApart) return readApart(frames.first(2 * wanted));
   std::uint64_t done = 0;
   while (done < wanted) {
-    if (_held.size() < _decoder.frameBytes() && !fetch()) return 0;
-    const auto count = std::min(wanted - done, _held.size() / _decoder.frameBytes());
+    if (_heldFrames == 0 && !fetch()) return fail();
+    const std::uint64_t count = std::min(wanted - done, _heldFrames);
     _decoder.decode(_held, frames.subspan(2 * done, 2 * count));
     _held = _held.subspan(count * _decoder.frameBytes());
+    _heldFrames -= count;
     _position += count * _decoder.frameBytes();
     _framesLeft -= count;
     done += count;
@@ -48,22 +44,34 @@ std::uint64_t FrameStream::read(std::span<float> frames) {
   return done;
 }
 
+// Later channels lie beyond their frame, but not beyond the end of the image.
 bool FrameStream::fetch() {
-  if (_needsWhole) return fetchWhole();
   const std::uint64_t frame = _decoder.frameBytes();
   const std::uint64_t most = std::max<std::uint64_t>(1, kBlockBytes / frame);
-  const auto count = static_cast<std::size_t>(std::min(_framesLeft, most) * frame);
-  _held = _image->view(_position, count, _block);
-  if (_held.size() == count) return true;
-  _failure = _image->failure().empty() ? "The file became shorter" : _image->failure();
-  return false;
+  const std::uint64_t count = std::min(_framesLeft, most);
+  const std::uint64_t bytes =
+      std::min((count - 1) * frame + _decoder.reach(), _image->size() - _position);
+  _held = _image->view(_position, static_cast<std::size_t>(bytes), _block);
+  if (_held.size() < bytes) return false;
+  _heldFrames = count;
+  return true;
 }
 
-// Later channels lie beyond their frame, as far as the end of the image.
-bool FrameStream::fetchWhole() {
-  _image->startLoading();
-  const bool isLoaded = _image->waitUntilLoaded(_image->size(), _cancel);
-  if (isLoaded) _held = _image->bytes().subspan(_position);
+std::uint64_t FrameStream::readApart(std::span<float> frames) {
+  const auto readAt = [this](std::uint64_t offset, std::span<std::byte> to) {
+    return _image->readAt(_position + offset, to) == to.size();
+  };
+  for (std::size_t i = 0; i + 1 < frames.size(); i += 2) {
+    frames[i] = frames[i + 1] = FrameDecoder::kNoSample;
+    const std::uint64_t available = _image->size() - _position;
+    if (!_decoder.decodeApart(available, readAt, frames[i], frames[i + 1])) return fail();
+    _position += _decoder.frameBytes();
+    --_framesLeft;
+  }
+  return frames.size() / 2;
+}
+
+std::uint64_t FrameStream::fail() {
   _failure = _image->failure();
-  return isLoaded;
+  return 0;
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -13,14 +12,14 @@
 #include "wav/FrameDecoder.h"
 #include "wav/WaveFileReader.h"
 
-/// The frames of a file, from the first or any other to the last, in large blocks: from memory
-/// where the image is loaded, else straight from the file, so that a long recording passes through
-/// without being held. Reads wait for the medium; not for the interface thread. One thread at a
-/// time, any number of streams over one image.
+/// The frames of a file, from the first or any other to the last, in large blocks, straight from
+/// the file where the image is not in memory: a recording of any length passes through without
+/// being held. Reads wait for the medium; not for the interface thread. One thread at a time, any
+/// number of streams over one image.
 class FrameStream {
  public:
-  /// Starts at the first frame. `*cancel`, where given, ends a wait for the medium early.
-  explicit FrameStream(const WaveFileReader& reader, const std::atomic<bool>* cancel = nullptr);
+  /// Starts at the first frame.
+  explicit FrameStream(const WaveFileReader& reader);
 
   /// Whole frames from here to the end.
   [[nodiscard]] std::uint64_t framesLeft() const { return _framesLeft; }
@@ -29,7 +28,7 @@ class FrameStream {
   void seek(std::uint64_t frame);
 
   /// Fills `frames` with interleaved pairs; returns the number of frames, less than asked only at
-  /// the end, and 0 there, on a cancel or a failure.
+  /// the end, and 0 there or on a failure.
   std::uint64_t read(std::span<float> frames);
 
   /// Why reading failed; empty when it did not.
@@ -37,16 +36,17 @@ class FrameStream {
 
  private:
   bool fetch();
-  bool fetchWhole();
+  std::uint64_t readApart(std::span<float> frames);
+  std::uint64_t fail();
 
   std::shared_ptr<WaveImage> _image;
   FrameDecoder _decoder;
-  const std::atomic<bool>* _cancel;
-  bool _needsWhole;         ///< frames read bytes beyond themselves
+  bool _isApart;            ///< samples of a frame lie further apart than a block holds
   std::uint64_t _position;  ///< of the next frame, in the image
   std::uint64_t _framesLeft;
   std::uint64_t _frames;             ///< of the whole file
   std::vector<std::byte> _block;     ///< what was read from the file, where it was
-  std::span<const std::byte> _held;  ///< bytes from `_position` on that are at hand
+  std::span<const std::byte> _held;  ///< bytes from `_position` on that are at hand,
+  std::uint64_t _heldFrames = 0;     ///< enough for as many frames
   std::string _failure;
 };

@@ -101,9 +101,18 @@ void WaveFileReader::getSample(float& left, float& changeRight,
 
 double WaveFileReader::durationSeconds() const {
   if (header().SampleRate == 0) return 0.0;
-  SampleCursor all = _cursor;
-  all.beginReadSample();
-  return static_cast<double>(all.framesLeft()) / header().SampleRate;
+  return static_cast<double>(frameCount()) / header().SampleRate;
+}
+
+bool WaveFileReader::follow(double from, double to) {
+  if (!_image || _cursor.frameBytes() == 0) return true;
+  const std::uint64_t start = byteOffset(from) + header().dataChunkPosition;
+  const std::uint64_t end = levelEnd(to);
+  _image->follow(start);
+  if (start >= end) return true;
+  const std::uint64_t starting = (end - start + _cursor.frameBytes() - 1) / _cursor.frameBytes();
+  const std::uint64_t count = std::min(starting, _cursor.framesFrom(start));
+  return _image->heldFrom(start) >= _cursor.endFor(start, count) - start;
 }
 
 std::uint64_t WaveFileReader::byteOffset(double seconds) const {
@@ -111,6 +120,14 @@ std::uint64_t WaveFileReader::byteOffset(double seconds) const {
   const std::uint64_t frame = _cursor.frameBytes();
   const std::uint64_t offset = truncated(rate * seconds * static_cast<double>(frame));
   return offset % frame == 0 ? offset : (offset / frame + 1) * frame;
+}
+
+// As a file position, though bounded by a length.
+std::uint64_t WaveFileReader::levelEnd(double seconds) const {
+  const double rate = header().SampleRate;
+  const double end = rate * seconds * static_cast<double>(_cursor.frameBytes()) +
+                     static_cast<double>(header().dataChunkPosition);
+  return std::min<std::uint64_t>(truncated(end), header().dataChunkLength);
 }
 
 void WaveFileReader::measureMaxima(std::uint64_t end, float& left, float& right) {
@@ -129,14 +146,9 @@ void WaveFileReader::getSampleLevelMeterFrom(double from, double to, float& chan
                                              float& chanelRight, double gain, double angle) {
   chanelLeft = chanelRight = FrameDecoder::kNoSample;
   if (_cursor.frameBytes() == 0) return;
-  const std::uint64_t start = header().dataChunkPosition;
-  const auto frame = static_cast<double>(_cursor.frameBytes());
-  const double rate = header().SampleRate;
-  const double end = rate * to * frame + static_cast<double>(start);
   std::array<float, 2> maxima{FrameDecoder::kNoSample, FrameDecoder::kNoSample};
-  _cursor.setReadDataIdx(byteOffset(from) + start);
-  measureMaxima(std::min<std::uint64_t>(truncated(end), header().dataChunkLength), maxima[0],
-                maxima[1]);
+  _cursor.setReadDataIdx(byteOffset(from) + header().dataChunkPosition);
+  measureMaxima(levelEnd(to), maxima[0], maxima[1]);
   const int bits = header().BitsPerSample;
   if (_isBoMSFormat) COM_MSDecode(bits, maxima.data(), maxima.size(), wholeAngle(angle));
   COM_AdjustdB(bits, maxima.data(), maxima.size(), gain, gain);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -33,8 +34,9 @@ class WaveFileReader {
   /// A reader over a copy of `data`. Always a reader: ask `isValidFile`.
   static std::unique_ptr<WaveFileReader> readFromData(std::span<const std::byte> data);
 
-  /// A reader over the file at `path`, indexed but not loaded: `image()->startLoading()` begins
-  /// that. None where the file cannot be read, with the reason in `whyNot`.
+  /// A reader over the file at `path`, which is indexed but not held. Its samples are read ahead
+  /// where `follow` says, or, after `waitForMedium`, when they are asked for. None where the file
+  /// cannot be read, with the reason in `whyNot`.
   static std::unique_ptr<WaveFileReader> openFile(const std::filesystem::path& path,
                                                   std::string& whyNot);
 
@@ -47,7 +49,7 @@ class WaveFileReader {
   [[nodiscard]] const WaveHeader& header() const { return _index->header; }
   [[nodiscard]] const std::vector<ChunkInfo>& chunks() const { return _index->chunks; }
   [[nodiscard]] std::uint64_t encoding() const { return _index->encoding; }
-  /// The image's block; an empty array after `dispose`.
+  /// The whole file for a reader over data; an empty array otherwise and after `dispose`.
   [[nodiscard]] const WavArray& raw() const;
   /// The shared image; null after `dispose`.
   [[nodiscard]] const std::shared_ptr<WaveImage>& image() const { return _image; }
@@ -76,6 +78,15 @@ class WaveFileReader {
   /// Decodes the frame at the start of `data`; see `FrameDecoder`.
   void getSample(float& left, float& changeRight, std::span<const std::byte> data) const;
 
+  /// Lets samples be read from the file where they are not at hand; see `SampleCursor`.
+  void waitForMedium(const std::atomic<bool>* cancel = nullptr) { _cursor.waitForMedium(cancel); }
+  /// Has the samples from this time on read ahead, in seconds, and tells whether those up to `to`
+  /// are at hand already: a level measured then is that of the whole stretch. Never waits. A
+  /// stretch that needs more than 3.75 MiB of the file at a time never is.
+  bool follow(double from, double to);
+
+  /// Whole frames that can be read.
+  [[nodiscard]] std::uint64_t frameCount() const { return _cursor.frameCount(); }
   /// Audio that can be read, in seconds; 0 where the rate or the frame size is 0.
   [[nodiscard]] double durationSeconds() const;
 
@@ -85,7 +96,8 @@ class WaveFileReader {
   /// Starts at the first whole frame at or after `from`. The end is bounded by the data chunk's
   /// LENGTH although it is compared with a file position: the last `dataChunkPosition` bytes of the
   /// data are never measured, on purpose. With nothing read the pair (-2, -2) goes through decode
-  /// and gain; frames without bytes give exactly -2. Measures only what is loaded.
+  /// and gain; frames without bytes give exactly -2. Measures only what is at hand,
+  /// unless `waitForMedium` was called.
   void getSampleLevelMeterFrom(double from, double to, float& chanelLeft, float& chanelRight,
                                double gain, double angle);
 
@@ -112,6 +124,7 @@ class WaveFileReader {
  private:
   explicit WaveFileReader(std::shared_ptr<WaveImage> image);
   [[nodiscard]] std::uint64_t byteOffset(double seconds) const;
+  [[nodiscard]] std::uint64_t levelEnd(double seconds) const;
   void measureMaxima(std::uint64_t end, float& left, float& right);
 
   std::shared_ptr<WaveImage> _image;

@@ -80,8 +80,7 @@ TEST_F(ExportParallelTest, LetsOthersReadDuringAnExport) {
     EXPECT_TRUE(job.export2File(target(), true, true)) << job.failure();
     isDone = true;
   });
-  meter.image()->startLoading();
-  ASSERT_TRUE(meter.image()->waitUntilLoaded(meter.image()->size()));
+  while (!meter.follow(0.5, 0.6)) std::this_thread::yield();
   float first = 0;
   float right = 0;
   meter.getSampleLevelMeterFrom(0.5, 0.6, first, right, 0, 120);

@@ -70,7 +70,7 @@ TEST_F(FrameStreamTest, ReadsFromTheFileWhatSingleFramesReadFromMemory) {
   EXPECT_EQ(static_cast<std::uint64_t>(kFrames), stream.framesLeft());
   EXPECT_EQ(oneByOne(file), all(stream, 5120));
   EXPECT_EQ(0U, stream.framesLeft());
-  EXPECT_EQ(0U, reader->image()->loaded()) << "a stream does not load the image";
+  EXPECT_EQ(0U, reader->image()->heldFrom(0)) << "a stream has nothing read ahead";
 }
 
 TEST_F(FrameStreamTest, BlockSizesDoNotMatter) {
@@ -83,18 +83,18 @@ TEST_F(FrameStreamTest, BlockSizesDoNotMatter) {
   }
 }
 
-TEST_F(FrameStreamTest, ReadsFromALoadedImage) {
+TEST_F(FrameStreamTest, ReadsFromMemory) {
   const Bytes file = longTake();
   const auto reader = WaveFileReader::readFromData(file);
   FrameStream stream(*reader);
   EXPECT_EQ(oneByOne(file), all(stream, 5120));
 }
 
-TEST_F(FrameStreamTest, ReadsOnWhileTheImageIsLoading) {
+TEST_F(FrameStreamTest, ReadsWhileTheImageIsFollowed) {
   const Bytes file = longTake();
   const auto reader = opened(_folder.file("take.wav", file));
   FrameStream stream(*reader);
-  reader->image()->startLoading();
+  reader->image()->follow(0);
   EXPECT_EQ(oneByOne(file), all(stream, 64));
 }
 
@@ -142,15 +142,26 @@ TEST_F(FrameStreamTest, AFileThatBecomesShorterFails) {
   EXPECT_EQ("The file became shorter", stream.failure());
 }
 
-// Three channels are read beyond their frame, so the whole image is wanted first.
-TEST_F(FrameStreamTest, CancelEndsAWaitForTheImage) {
-  const Bytes file = WaveBytes().format(1, 3, 48000, 24).data(Bytes(9000)).get();
-  const auto reader = opened(_folder.file("take.wav", file));
-  reader->image()->abandon();
-  const std::atomic<bool> cancel{true};
-  FrameStream stream(*reader, &cancel);
-  std::vector<float> block(10);
-  EXPECT_EQ(0U, stream.read(block));
+// Channels beyond the second lie further and further behind their frame; the 32nd of 24 bits ends
+// 1491 bytes after it began, the 700th 733,953.
+TEST_F(FrameStreamTest, FramesThatReachFarReadAsSingleFramesDo) {
+  Bytes samples(2'500'000);
+  for (std::size_t i = 0; i < samples.size(); ++i) samples[i] = static_cast<std::byte>(i * i / 97);
+  for (const std::uint16_t channels : std::to_array<std::uint16_t>({32, 700, 1000, 65535})) {
+    const Bytes file = WaveBytes().format(1, channels, 48000, 24).data(samples).get();
+    const auto reader = opened(_folder.file("take.wav", file));
+    FrameStream stream(*reader);
+    EXPECT_EQ(oneByOne(file), all(stream, 998)) << channels;
+    EXPECT_EQ("", stream.failure());
+  }
+}
+
+TEST_F(FrameStreamTest, FramesOfHalfAGigabyteAreNotHeld) {
+  const auto path = _folder.file(
+      "take.wav", WaveBytes().format(1, 65535, 48000, 65535).chunk("data", 0xF000'0000, {}).get());
+  std::filesystem::resize_file(path, 0xF000'0000);
+  FrameStream stream(*opened(path));
+  EXPECT_EQ(std::vector<float>(14, -2.0F), all(stream, 10)) << "frames of an unknown width";
 }
 
 }  // namespace

@@ -8,17 +8,19 @@
 
 #include <stdexcept>
 #include <string>
+#include <thread>
 
 namespace fs = std::filesystem;
 
 namespace {
 
+// -1 where there is none.
 int descriptorOn(const fs::path& path) {
   for (const auto& entry : fs::directory_iterator("/proc/self/fd")) {
     std::error_code error;
     if (fs::read_symlink(entry.path(), error) == path) return std::stoi(entry.path().filename());
   }
-  throw std::runtime_error("not open: " + path.native());
+  return -1;
 }
 
 }  // namespace
@@ -40,9 +42,30 @@ std::shared_ptr<WaveImage> imageOf(const fs::path& path) {
   return image;
 }
 
+// The time limit of the test is the only one.
+bool comesToHand(WaveImage& image, std::uint64_t offset, std::uint64_t end) {
+  image.follow(offset);
+  while (image.heldFrom(offset) < end - offset) {
+    if (!image.failure().empty()) return false;
+    std::this_thread::yield();
+  }
+  return true;
+}
+
+std::vector<std::byte> heldAt(const WaveImage& image, std::uint64_t offset, std::size_t count) {
+  std::vector<std::byte> bytes(count, std::byte{0xEE});
+  bytes.resize(image.readHeld(offset, bytes));
+  return bytes;
+}
+
+bool isOpen(const fs::path& path) {
+  return descriptorOn(path) >= 0;
+}
+
 void makeUnreadable(const fs::path& path) {
   const int reading = descriptorOn(path);
   const int writing = open(path.c_str(), O_WRONLY | O_CLOEXEC);
-  if (writing < 0 || dup2(writing, reading) < 0) throw std::runtime_error("cannot swap");
+  if (reading < 0 || writing < 0 || dup2(writing, reading) < 0)
+    throw std::runtime_error("cannot swap");
   close(writing);
 }

@@ -145,7 +145,7 @@ TEST(RandomLayoutsTest, AFileThatIsNotLoadedHasTheSameIndex) {
     std::string whyNot;
     const auto reader = WaveFileReader::openFile(folder.file("random.wav", file), whyNot);
     ASSERT_NE(reader, nullptr) << whyNot;
-    EXPECT_EQ(reader->image()->loaded(), 0U);
+    EXPECT_EQ(reader->image()->heldFrom(0), 0U);
     expectSameIndex(*reader, PlainWave(file));
     expectSameChunkData(*reader, file);
   }

@@ -12,6 +12,8 @@ namespace {
 
 std::atomic<std::uint64_t> readCount{0};
 std::atomic<std::uint64_t> byteCount{0};
+std::atomic<bool> isHanging{false};
+std::atomic<int> hangingReads{0};
 
 }  // namespace
 
@@ -27,8 +29,25 @@ std::uint64_t ReadMeter::bytes() {
   return byteCount;
 }
 
+void ReadMeter::hang() {
+  isHanging = true;
+}
+
+void ReadMeter::letGo() {
+  isHanging = false;
+  isHanging.notify_all();
+}
+
+void ReadMeter::waitUntilHanging() {
+  hangingReads.wait(0);
+}
+
 // Offsets have 64 bits everywhere here, so `pread` is this too.
 extern "C" ssize_t pread64(int file, void* to, size_t count, off64_t offset) {
+  ++hangingReads;
+  hangingReads.notify_all();
+  isHanging.wait(true);
+  --hangingReads;
   const ssize_t got = syscall(SYS_pread64, file, to, count, offset);
   ++readCount;
   if (got > 0) byteCount += static_cast<std::uint64_t>(got);

@@ -64,18 +64,6 @@ void expectNoNext(SampleCursor& cursor) {
   EXPECT_EQ(cursor.readDataIdx(), before);
 }
 
-// An image that will never hold more than its first part: the file lost its end on the way.
-std::shared_ptr<WaveImage> partlyLoaded(const TemporaryFolder& folder, const Bytes& file,
-                                        std::size_t left) {
-  const auto path = folder.file("cut.wav", file);
-  std::string whyNot;
-  auto image = WaveImage::fromFile(path, whyNot);
-  std::filesystem::resize_file(path, left);
-  image->startLoading();
-  EXPECT_FALSE(image->waitUntilLoaded(file.size()));
-  return image;
-}
-
 }  // namespace
 
 TEST(SampleCursorTest, ReadsFrameAfterFrame) {
@@ -214,62 +202,13 @@ TEST(SampleCursorTest, CopiesReadOnTheirOwn) {
   expectNext(second, 0.0F, 0.0F);
 }
 
-TEST(SampleCursorTest, NothingIsReadBeforeItIsLoaded) {
-  const TemporaryFolder folder;
-  std::string whyNot;
-  const auto image = WaveImage::fromFile(folder.file("a.wav", numberedFrames(10)), whyNot);
-  ASSERT_NE(image, nullptr) << whyNot;
-  SampleCursor cursor = cursorOver(image);
-  EXPECT_FALSE(cursor.isFinishReadSample());
-  EXPECT_EQ(cursor.framesLeft(), 10U);
-  EXPECT_EQ(cursor.loadedEndFor(1), kDataStart + 6);
-  expectNoNext(cursor);
-  std::array<float, 20> block{};
-  EXPECT_EQ(cursor.readFrames(block), 0U);
-  image->startLoading();
-  ASSERT_TRUE(image->waitUntilLoaded(cursor.loadedEndFor(10)));
-  EXPECT_EQ(cursor.readFrames(block), 10U);
-}
-
-TEST(SampleCursorTest, ReadingStopsWhereLoadingDid) {
-  const TemporaryFolder folder;
-  constexpr std::int32_t kFrames = 500000;  // 3 MB
-  const auto image = partlyLoaded(folder, numberedFrames(kFrames), 1500000);
-  const std::uint64_t loaded = image->loaded();
-  ASSERT_GT(loaded, kDataStart + 6);
-  ASSERT_LE(loaded, 1500000U);
-  const std::uint64_t whole = (loaded - kDataStart) / 6;
-  SampleCursor cursor = cursorOver(image);
-  EXPECT_EQ(cursor.framesLeft(), static_cast<std::uint64_t>(kFrames));
-  std::vector<float> block(2 * kFrames);
-  ASSERT_EQ(cursor.readFrames(block), whole);
-  EXPECT_EQ(block[2 * (whole - 1)], static_cast<float>(whole - 1) * 0x1.0p-23F);
-  EXPECT_FALSE(cursor.isFinishReadSample());
-  expectNoNext(cursor);
-  cursor.setReadDataIdx(kDataStart + 6 * (whole - 1));
-  expectNext(cursor, static_cast<float>(whole - 1) * 0x1.0p-23F,
-             -static_cast<float>(whole - 1) * 0x1.0p-23F);
-}
-
-TEST(SampleCursorTest, AFrameWaitsForItsFurthestChannel) {
-  const TemporaryFolder folder;
-  const Bytes file = WaveBytes().format(1, 3, 48000, 24).data(Bytes(3000006)).get();
-  const auto image = partlyLoaded(folder, file, 1500000);
-  SampleCursor cursor = cursorOver(image);
-  std::vector<float> block(2 * 400000);
-  const std::uint64_t count = cursor.readFrames(block);
-  ASSERT_GT(count, 0U);
-  // Frames are 9 bytes apart, and the third channel of each ends after 12.
-  EXPECT_LE(kDataStart + 9 * (count - 1) + 12, image->loaded());
-  EXPECT_GT(kDataStart + 9 * count + 12, image->loaded());
-}
-
-TEST(SampleCursorTest, LoadedEndIsThatOfTheLastFrameAskedFor) {
+TEST(SampleCursorTest, EndIsThatOfTheLastFrameAskedFor) {
   const SampleCursor stereo = cursorOver(numberedFrames(10));
-  EXPECT_EQ(stereo.loadedEndFor(0), kDataStart);
-  EXPECT_EQ(stereo.loadedEndFor(4), kDataStart + 24);
-  EXPECT_EQ(stereo.loadedEndFor(10), kDataStart + 60);
+  EXPECT_EQ(stereo.endFor(kDataStart, 0), kDataStart);
+  EXPECT_EQ(stereo.endFor(kDataStart, 4), kDataStart + 24);
+  EXPECT_EQ(stereo.endFor(kDataStart, 10), kDataStart + 60);
   const Bytes three = WaveBytes().format(1, 3, 48000, 24).data(Bytes(90)).get();
-  EXPECT_EQ(cursorOver(three).loadedEndFor(2), kDataStart + 9 + 12);
-  EXPECT_EQ(cursorOver(three).loadedEndFor(10), kDataStart + 90) << "cut at the end of the file";
+  EXPECT_EQ(cursorOver(three).endFor(kDataStart, 2), kDataStart + 9 + 12);
+  EXPECT_EQ(cursorOver(three).endFor(kDataStart, 10), kDataStart + 90)
+      << "cut at the end of the file";
 }

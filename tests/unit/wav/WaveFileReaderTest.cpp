@@ -215,7 +215,7 @@ TEST(WaveFileReaderTest, DurationIsThatOfTheFramesThatCanBeRead) {
   EXPECT_EQ(seconds(WaveBytes().format(1, 0, 48000, 24).data(Bytes(600)).get()), 0.0);
 }
 
-TEST(WaveFileReaderTest, AnOpenedFileIsIndexedButNotLoaded) {
+TEST(WaveFileReaderTest, AnOpenedFileIsIndexedButNotHeld) {
   const TemporaryFolder folder;
   std::string whyNot = "?";
   const auto reader = WaveFileReader::openFile(folder.file("a.wav", recording()), whyNot);
@@ -223,7 +223,7 @@ TEST(WaveFileReaderTest, AnOpenedFileIsIndexedButNotLoaded) {
   EXPECT_EQ(whyNot, "");
   EXPECT_TRUE(reader->isValidFile());
   EXPECT_EQ(reader->chunks().size(), 3U);
-  EXPECT_EQ(reader->image()->loaded(), 0U);
+  EXPECT_EQ(reader->image()->heldFrom(0), 0U);
   EXPECT_EQ(reader->raw().bytes, nullptr);
   const WavArray data = reader->getChunkData(*reader->getBextChunk());
   EXPECT_EQ(WaveFileReader::DecodeAsString(data.bytes + 256, 32), "TARN J4");

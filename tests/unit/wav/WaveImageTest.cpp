@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <string>
 #include <system_error>
+#include <thread>
 #include <vector>
 
 #include "ImageFile.h"
@@ -27,74 +28,62 @@ std::vector<std::byte> readAt(const WaveImage& image, std::uint64_t offset, std:
 
 }  // namespace
 
-TEST(WaveImageTest, AnImageOfBytesIsCompleteAtOnce) {
+TEST(WaveImageTest, AnImageOfBytesHoldsThem) {
   const auto bytes = numberedBytes(1000);
   const auto image = WaveImage::fromBytes(bytes);
   EXPECT_EQ(image->size(), 1000U);
-  EXPECT_EQ(image->loaded(), 1000U);
+  EXPECT_TRUE(image->isInMemory());
+  EXPECT_EQ(image->heldFrom(0), 1000U);
+  EXPECT_EQ(image->heldFrom(999), 1U);
+  EXPECT_EQ(image->heldFrom(1000), 0U);
   EXPECT_EQ(image->failure(), "");
   EXPECT_TRUE(std::ranges::equal(image->bytes(), bytes));
   EXPECT_EQ(image->raw().length, 1000U);
-  EXPECT_TRUE(image->waitUntilLoaded(1000));
 }
 
 TEST(WaveImageTest, AnImageOfNoBytesIsComplete) {
   const auto image = WaveImage::fromBytes({});
   EXPECT_EQ(image->size(), 0U);
   EXPECT_TRUE(image->bytes().empty());
-  EXPECT_TRUE(image->waitUntilLoaded(0));
+  EXPECT_EQ(image->heldFrom(0), 0U);
   EXPECT_TRUE(readAt(*image, 0, 10).empty());
 }
 
-TEST(WaveImageTest, LoadingAnImageOfBytesChangesNothing) {
+TEST(WaveImageTest, FollowingAnImageOfBytesChangesNothing) {
   const auto bytes = numberedBytes(1000);
   const auto image = WaveImage::fromBytes(bytes);
   const auto* const block = image->raw().bytes;
-  image->startLoading();
+  image->follow(500);
+  image->abandon();
   EXPECT_EQ(image->raw().bytes, block);
   EXPECT_TRUE(std::ranges::equal(image->bytes(), bytes));
+  EXPECT_EQ(heldAt(*image, 990, 100), numberedBytes(10, 990));
 }
 
-TEST(WaveImageTest, AnImageOfAFileStartsEmptyAndFills) {
+TEST(WaveImageTest, AnImageOfAFileHoldsNothingBeforeItIsFollowed) {
   const TemporaryFolder folder;
   const auto bytes = numberedBytes(3 * kMegabyte + 17);
   const auto image = imageOf(folder.file("a.wav", bytes));
   EXPECT_EQ(image->size(), bytes.size());
-  EXPECT_EQ(image->loaded(), 0U);
+  EXPECT_FALSE(image->isInMemory());
+  EXPECT_EQ(image->heldFrom(0), 0U);
+  EXPECT_TRUE(heldAt(*image, 0, 10).empty());
   EXPECT_TRUE(image->bytes().empty());
   EXPECT_EQ(image->raw().length, 0U);
-  image->startLoading();
-  ASSERT_TRUE(image->waitUntilLoaded(bytes.size()));
-  EXPECT_EQ(image->loaded(), bytes.size());
-  EXPECT_EQ(image->raw().length, bytes.size());
-  EXPECT_TRUE(std::ranges::equal(image->bytes(), bytes));
+  ASSERT_TRUE(comesToHand(*image, 0, bytes.size())) << image->failure();
+  EXPECT_EQ(heldAt(*image, 0, bytes.size() + 1), bytes);
+  EXPECT_TRUE(image->bytes().empty());
   EXPECT_EQ(image->failure(), "");
 }
 
-TEST(WaveImageTest, AnEmptyFileIsCompleteFromTheStart) {
+TEST(WaveImageTest, AnEmptyFileHasNothingToFollow) {
   const TemporaryFolder folder;
   const auto image = imageOf(folder.file("a.wav", {}));
+  image->follow(0);
   EXPECT_EQ(image->size(), 0U);
-  EXPECT_TRUE(image->waitUntilLoaded(1));
-  image->startLoading();
-  EXPECT_TRUE(image->waitUntilLoaded(1));
-  EXPECT_TRUE(image->bytes().empty());
-}
-
-TEST(WaveImageTest, StartingTwiceLoadsOnce) {
-  const TemporaryFolder folder;
-  const auto bytes = numberedBytes(kMegabyte);
-  const auto image = imageOf(folder.file("a.wav", bytes));
-  image->startLoading();
-  const auto* const block = image->raw().bytes;
-  image->startLoading();
-  EXPECT_EQ(image->raw().bytes, block);
-  ASSERT_TRUE(image->waitUntilLoaded(bytes.size()));
-  EXPECT_TRUE(std::ranges::equal(image->bytes(), bytes));
-}
-
-TEST(WaveImageTest, WaitingPastTheEndIsWaitingForTheEnd) {
-  EXPECT_TRUE(WaveImage::fromBytes(numberedBytes(10))->waitUntilLoaded(1000000));
+  EXPECT_EQ(image->heldFrom(0), 0U);
+  EXPECT_TRUE(readAt(*image, 0, 10).empty());
+  EXPECT_EQ(image->failure(), "");
 }
 
 TEST(WaveImageTest, AMissingFileGivesTheReason) {
@@ -104,13 +93,27 @@ TEST(WaveImageTest, AMissingFileGivesTheReason) {
   EXPECT_EQ(whyNot, std::make_error_code(std::errc::no_such_file_or_directory).message());
 }
 
-TEST(WaveImageTest, BytesAreReadFromTheFileWhereTheyHaveNotArrived) {
+TEST(WaveImageTest, BytesAreReadFromTheFileWhereTheyAreNotAtHand) {
   const TemporaryFolder folder;
   const auto bytes = numberedBytes(1000);
   const auto image = imageOf(folder.file("a.wav", bytes));
   EXPECT_EQ(readAt(*image, 0, 1000), bytes);
   EXPECT_EQ(readAt(*image, 990, 10), numberedBytes(10, 990));
-  EXPECT_EQ(image->loaded(), 0U);
+  EXPECT_EQ(image->heldFrom(0), 0U);
+}
+
+TEST(WaveImageTest, AViewIsInPlaceOrCopied) {
+  const TemporaryFolder folder;
+  const auto inMemory = WaveImage::fromBytes(numberedBytes(1000));
+  const auto onDisk = imageOf(folder.file("a.wav", numberedBytes(1000)));
+  for (const auto& image : {inMemory, onDisk}) {
+    std::vector<std::byte> scratch;
+    EXPECT_TRUE(std::ranges::equal(image->view(100, 50, scratch), numberedBytes(50, 100)));
+    EXPECT_EQ(scratch.empty(), image->isInMemory());
+    EXPECT_TRUE(std::ranges::equal(image->view(990, 50, scratch), numberedBytes(10, 990)));
+    EXPECT_TRUE(image->view(1000, 50, scratch).empty());
+    EXPECT_TRUE(image->view(~std::uint64_t{0}, 50, scratch).empty());
+  }
 }
 
 TEST(WaveImageTest, ReadingEndsWithTheImage) {
@@ -121,6 +124,8 @@ TEST(WaveImageTest, ReadingEndsWithTheImage) {
     EXPECT_TRUE(readAt(*image, 1000, 1).empty());
     EXPECT_TRUE(readAt(*image, ~std::uint64_t{0}, 8).empty());
     EXPECT_TRUE(readAt(*image, 0, 0).empty());
+    EXPECT_TRUE(heldAt(*image, ~std::uint64_t{0}, 8).empty());
+    EXPECT_EQ(image->failure(), "");
   }
 }
 
@@ -130,26 +135,23 @@ TEST(WaveImageTest, BytesAddedToTheFileLaterDoNotExist) {
   const auto image = imageOf(path);
   fs::resize_file(path, 2000);
   EXPECT_EQ(readAt(*image, 990, 100).size(), 10U);
-  image->startLoading();
-  ASSERT_TRUE(image->waitUntilLoaded(2000));
-  EXPECT_EQ(image->bytes().size(), 1000U);
+  ASSERT_TRUE(comesToHand(*image, 0, 1000));
+  EXPECT_EQ(image->heldFrom(0), 1000U);
 }
 
-TEST(WaveImageTest, AFileThatShrinksFailsWithWhatItHadLeft) {
+TEST(WaveImageTest, AFileThatShrinksFailsWithWhatItHasLeft) {
   const TemporaryFolder folder;
   const auto bytes = numberedBytes(4 * kMegabyte);
   const auto path = folder.file("a.wav", bytes);
   const auto image = imageOf(path);
-  fs::resize_file(path, 5 * kMegabyte / 2);
-  image->startLoading();
-  EXPECT_FALSE(image->waitUntilLoaded(bytes.size()));
-  EXPECT_NE(image->failure(), "");
-  EXPECT_GT(image->loaded(), 0U);
-  EXPECT_LE(image->loaded(), 5 * kMegabyte / 2);
-  EXPECT_TRUE(std::ranges::equal(image->bytes(), std::span(bytes).first(image->loaded())));
-  EXPECT_TRUE(image->waitUntilLoaded(image->loaded())) << "what has arrived stays";
+  const std::size_t left = 5 * kMegabyte / 2 - 100;
+  fs::resize_file(path, left);
+  EXPECT_FALSE(comesToHand(*image, 0, bytes.size()));
+  EXPECT_EQ(image->failure(), "The file became shorter");
+  while (image->heldFrom(0) < left) std::this_thread::yield();
+  EXPECT_EQ(heldAt(*image, 0, bytes.size()), numberedBytes(left));
   EXPECT_EQ(readAt(*image, 3 * kMegabyte, 10).size(), 0U);
-  EXPECT_EQ(readAt(*image, 5 * kMegabyte / 2 - 10, 20).size(), 10U);
+  EXPECT_EQ(readAt(*image, left - 10, 20).size(), 10U);
 }
 
 TEST(WaveImageTest, AFileThatVanishesFromItsFolderIsStillRead) {
@@ -158,23 +160,21 @@ TEST(WaveImageTest, AFileThatVanishesFromItsFolderIsStillRead) {
   const auto path = folder.file("a.wav", bytes);
   const auto image = imageOf(path);
   fs::remove(path);
-  image->startLoading();
-  ASSERT_TRUE(image->waitUntilLoaded(1000));
-  EXPECT_TRUE(std::ranges::equal(image->bytes(), bytes));
+  ASSERT_TRUE(comesToHand(*image, 0, 1000));
+  EXPECT_EQ(heldAt(*image, 0, 1000), bytes);
 }
 
-TEST(WaveImageTest, AReadErrorWhileLoadingIsToldToWaiters) {
+TEST(WaveImageTest, AReadErrorOfTheWorkerIsTold) {
   const TemporaryFolder folder;
   const auto path = folder.file("a.wav", numberedBytes(1000));
   const auto image = imageOf(path);
   makeUnreadable(path);
-  image->startLoading();
-  EXPECT_FALSE(image->waitUntilLoaded(1));
+  EXPECT_FALSE(comesToHand(*image, 0, 1000));
   EXPECT_EQ(image->failure(), std::make_error_code(std::errc::bad_file_descriptor).message());
-  EXPECT_EQ(image->loaded(), 0U);
+  EXPECT_EQ(image->heldFrom(0), 0U);
 }
 
-TEST(WaveImageTest, AReadErrorOutsideLoadingIsToldToo) {
+TEST(WaveImageTest, AReadErrorOfOthersIsToldToo) {
   const TemporaryFolder folder;
   const auto path = folder.file("a.wav", numberedBytes(1000));
   const auto image = imageOf(path);
@@ -183,27 +183,11 @@ TEST(WaveImageTest, AReadErrorOutsideLoadingIsToldToo) {
   EXPECT_EQ(image->failure(), std::make_error_code(std::errc::bad_file_descriptor).message());
 }
 
-TEST(WaveImageTest, AbandonedBeforeItStartsNothingIsLoaded) {
+TEST(WaveImageTest, GivingUpKeepsWhatIsAtHand) {
   const TemporaryFolder folder;
   const auto image = imageOf(folder.file("a.wav", numberedBytes(1000)));
+  ASSERT_TRUE(comesToHand(*image, 0, 1000));
   image->abandon();
-  image->startLoading();
-  EXPECT_FALSE(image->waitUntilLoaded(1));
-  EXPECT_EQ(image->loaded(), 0U);
+  EXPECT_EQ(heldAt(*image, 0, 1000), numberedBytes(1000));
   EXPECT_EQ(image->failure(), "") << "giving up is not a failure";
-}
-
-TEST(WaveImageTest, AbandoningKeepsWhatHasArrived) {
-  const auto image = WaveImage::fromBytes(numberedBytes(10));
-  image->abandon();
-  EXPECT_TRUE(image->waitUntilLoaded(10));
-  EXPECT_EQ(image->bytes().size(), 10U);
-}
-
-TEST(WaveImageTest, ACancelFlagThatIsSetEndsAWaitAtOnce) {
-  const TemporaryFolder folder;
-  const auto image = imageOf(folder.file("a.wav", numberedBytes(1000)));
-  const std::atomic<bool> cancel{true};
-  EXPECT_FALSE(image->waitUntilLoaded(1000, &cancel));
-  EXPECT_TRUE(image->waitUntilLoaded(0, &cancel)) << "nothing to wait for";
 }

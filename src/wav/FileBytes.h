@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <span>
+#include <string>
+
+/// A regular file that is open for reading, as long as it was when it was opened. Nothing throws.
+///
+/// Threads: everything from any thread at any time; a read waits for the medium, and so may the
+/// end of the last owner, which closes the file.
+class FileBytes {
+ public:
+  /// On failure none, with the reason in `whyNot`.
+  static std::shared_ptr<const FileBytes> open(const std::filesystem::path& path,
+                                               std::string& whyNot);
+
+  FileBytes(const FileBytes&) = delete;
+  FileBytes& operator=(const FileBytes&) = delete;
+  ~FileBytes();
+
+  /// In bytes.
+  [[nodiscard]] std::uint64_t size() const { return _size; }
+  /// Copies bytes from `offset` on and returns how many, less than asked only at the end or where
+  /// reading failed, which `failure` then tells: that of a file that became shorter, too.
+  std::size_t readAt(std::uint64_t offset, std::span<std::byte> to) const;
+
+  /// Why reading failed the last time that it did; empty when it never did.
+  [[nodiscard]] std::string failure() const;
+  /// Remembers a failure to read that others met.
+  void fail(const std::string& reason) const;
+
+ private:
+  explicit FileBytes(int file) : _file(file) {}
+
+  int _file;
+  std::uint64_t _size = 0;
+  mutable std::mutex _mutex;  ///< guards `_failure`
+  mutable std::string _failure;
+};
