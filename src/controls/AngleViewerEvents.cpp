@@ -44,7 +44,6 @@ void AngleViewer::measureTitles() {
   for (const AngleInfo& title : _angleTextList) {
     _titleSizes.emplace_back(metrics.horizontalAdvance(title.text()), metrics.height());
   }
-  update();
 }
 
 QSize AngleViewer::sizeHint() const {

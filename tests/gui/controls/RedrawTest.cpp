@@ -1,0 +1,169 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+//
+// What changes the look of a control has it painted again; what does not, leaves it alone.
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QTest>
+#include <cmath>
+#include <numbers>
+
+#include "Hands.h"
+#include "controls/AngleViewer.h"
+#include "controls/GainTickTitle.h"
+#include "controls/J4GainSlider.h"
+#include "controls/J4SliderCell.h"
+#include "controls/LevelMeter.h"
+#include "controls/PathViewer.h"
+
+namespace {
+
+class PaintCounter : public QObject {
+ public:
+  explicit PaintCounter(QWidget& control) { control.installEventFilter(this); }
+  [[nodiscard]] int count() const { return _count; }
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++_count;
+    return false;
+  }
+
+ private:
+  int _count = 0;
+};
+
+/// Paints at once what a control has asked for.
+void flush(QWidget& control) {
+  QEvent request(QEvent::UpdateRequest);
+  QApplication::sendEvent(control.window(), &request);
+}
+
+template <class Action>
+bool repaints(QWidget& control, const Action& action) {
+  flush(control);
+  const PaintCounter paints(control);
+  action();
+  flush(control);
+  return paints.count() > 0;
+}
+
+template <class Control>
+class Redraw : public testing::Test {
+ protected:
+  explicit Redraw(QSize size) { Hands::show(control, size); }
+  template <class Action>
+  bool repaints(const Action& action) {
+    return ::repaints(control, action);
+  }
+  /// Sets it to what it is not; the toolkit asks for nothing where the font stays the same.
+  bool repaintsForAFont() {
+    QFont font = control.font();
+    font.setPixelSize(font.pixelSize() + 5);
+    return repaints([&] { control.setFont(font); });
+  }
+
+  Control control;
+};
+
+struct RedrawOfDial : Redraw<AngleViewer> {
+  RedrawOfDial() : Redraw({400, 400}) { control.setEnable(true); }
+  static QPointF onArc(double angle) {
+    const double t = (angle + 90.0) * std::numbers::pi / 180.0;
+    return {200.0 + 160.0 * std::cos(t), 200.0 + 160.0 * std::sin(t)};  // y upward
+  }
+};
+
+TEST_F(RedrawOfDial, ForAnAngle) {
+  EXPECT_TRUE(repaints([this] { control.setNewAngle(30.0); }));
+  EXPECT_TRUE(repaints([this] { control.adjust(40.0, AdjustCause::Assistive); }));
+  EXPECT_TRUE(repaints([this] { control.moveTheThumb(onArc(60.0), false); }));
+  EXPECT_TRUE(repaints([this] { control.detectClick(onArc(70.0)); }));
+}
+
+TEST_F(RedrawOfDial, ForAnEndOfTheArc) {
+  control.setNewAngle(30.0);
+  EXPECT_TRUE(repaints([this] { control.moveTheThumb({210.0, 350.0}, false); }));
+  EXPECT_EQ(0.0, control.angle());
+  EXPECT_TRUE(repaints([this] { control.moveTheThumb(onArc(152.0), false); }));
+  EXPECT_EQ(150.0, control.angle());
+  EXPECT_TRUE(repaints([this] { control.resetTo0(); }));
+}
+
+TEST_F(RedrawOfDial, ForWhetherItIsEnabled) {
+  EXPECT_TRUE(repaints([this] { control.setEnable(false); }));
+  EXPECT_TRUE(repaints([this] { control.setEnable(true); }));
+}
+
+TEST_F(RedrawOfDial, ForAFontAndForTheFocusRing) {
+  EXPECT_TRUE(repaintsForAFont());
+  EXPECT_TRUE(repaints([this] { QTest::keyClick(&control, Qt::Key_Home); }));
+}
+
+TEST_F(RedrawOfDial, NotForAnAngleThatIsOnlyStored) {
+  EXPECT_FALSE(repaints([this] { control.setAngle(50.0); }));
+}
+
+struct RedrawOfSlider : Redraw<J4GainSlider> {
+  RedrawOfSlider() : Redraw({24, 200}) { control.setRange(-36.0, 36.0); }
+};
+
+TEST_F(RedrawOfSlider, ForAValue) {
+  EXPECT_TRUE(repaints([this] { control.setValue(3.0); }));
+  EXPECT_TRUE(repaints([this] { control.adjust(4.0, AdjustCause::Assistive); }));
+  EXPECT_FALSE(repaints([this] { control.setValue(4.0); }));
+  EXPECT_FALSE(repaints([this] { control.setValue(std::nan("")); }));
+}
+
+TEST_F(RedrawOfSlider, ForARange) {
+  EXPECT_EQ(0.0, control.value());
+  EXPECT_TRUE(repaints([this] { control.setRange(-36.0, 10.0); }));
+  EXPECT_EQ(0.0, control.value());
+}
+
+TEST_F(RedrawOfSlider, ForTheFocusRingAfterAKeyThatMovesNothing) {
+  control.setValue(36.0);
+  EXPECT_TRUE(repaints([this] { QTest::keyClick(&control, Qt::Key_End); }));
+  EXPECT_EQ(36.0, control.value());
+}
+
+TEST_F(RedrawOfSlider, ForItsCell) {
+  EXPECT_TRUE(repaints([this] { control.cell()->setSliderEnabled(true); }));
+  EXPECT_TRUE(repaints([this] { control.cell()->setIsVertical(true); }));
+  EXPECT_TRUE(repaints([this] { control.setCell(std::make_shared<J4SliderCell>()); }));
+}
+
+struct RedrawOfScale : Redraw<GainTickTitle> {
+  RedrawOfScale() : Redraw({50, 300}) {}
+};
+
+TEST_F(RedrawOfScale, ForItsLabelsAndLook) {
+  control.setTexts({"36", "0", "-36"});
+  EXPECT_TRUE(repaints([this] { control.initTick(); }));
+  EXPECT_TRUE(repaints([this] { control.setEnable(true); }));
+  EXPECT_TRUE(repaintsForAFont());
+  EXPECT_FALSE(repaints([this] { control.setTexts({"1", "2"}); }));
+}
+
+struct RedrawOfMeter : Redraw<LevelMeter> {
+  RedrawOfMeter() : Redraw({16, 260}) {}
+};
+
+TEST_F(RedrawOfMeter, ForALevelThatShows) {
+  EXPECT_TRUE(repaints([this] { control.setLevel(24); }));
+  EXPECT_FALSE(repaints([this] { control.setLevel(24); }));
+  EXPECT_TRUE(repaints([this] { control.setLevel(0); }));
+}
+
+struct RedrawOfPath : Redraw<PathViewer> {
+  RedrawOfPath() : Redraw({200, 30}) {}
+};
+
+TEST_F(RedrawOfPath, ForItsTextAndFont) {
+  EXPECT_TRUE(repaints([this] { control.setText("/takes/today"); }));
+  EXPECT_TRUE(repaintsForAFont());
+}
+
+}  // namespace
