@@ -19,8 +19,9 @@ struct Notification {
 /// A registry of observers by event name. Delivery is synchronous: every observer of the name runs
 /// on the posting thread, in the order of registration, before `post` returns.
 ///
-/// Any thread may do anything at any time, from inside an observer too. An observer that is removed
-/// while another thread is posting may still be called once by that post.
+/// Any thread may do anything at any time, from inside an observer too. A post that is under way,
+/// on this thread or another, still calls an observer that is removed meanwhile, and does not call
+/// one that is added.
 class NotificationCenter {
  public:
   using Observer = std::function<void(const Notification&)>;

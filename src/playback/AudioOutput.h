@@ -45,8 +45,8 @@ class AudioOutputListener {
 
 /// The seam to the sound system: one stream of floats, stopped at first.
 ///
-/// All operations belong to the thread that made the object, return at once and never wait for the
-/// sound system. What is not there is reported through `outputLost`.
+/// All operations belong to the thread that made the object, never wait for the sound system and
+/// throw nothing. What is not there or cannot be started is reported through `outputLost`.
 class AudioOutput {
  public:
   /// What a stream needs to know.

@@ -18,10 +18,11 @@
 ///
 /// The owner fills a buffer and enqueues it; the output's thread takes the samples out, converts
 /// them to floats and hands the empty buffer back through a ring without locks; the owner's event
-/// loop then calls `refill` with it. Neither side allocates or locks for a buffer.
+/// loop then calls `refill` with it. Nothing in here allocates or locks for a buffer; what the
+/// event loop and the sound system's library do on their way is theirs.
 ///
-/// Threads: `pull` on the output's, everything else and all callbacks on the owner's. A callback
-/// may delete the queue.
+/// Threads: `pull` on the output's, everything else and all callbacks on the owner's. All callbacks
+/// but `refill` may delete the queue.
 class AudioQueue : private AudioSource, private AudioOutputListener {
  public:
   static constexpr std::size_t kBuffers = 3;

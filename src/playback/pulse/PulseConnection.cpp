@@ -110,7 +110,5 @@ void PulseConnection::lose(const std::string& why) {
   _stream.stopClock();
   _stream.disconnect();  // should the server come to itself again, it is to play nothing
   if (_context != nullptr) pa_context_disconnect(_context);
-  _controls.why = why;
-  _controls.isLost.store(true);
-  _controls.tellOwner();
+  _controls.lose(why);
 }

@@ -19,6 +19,14 @@ struct PulseControls {
   explicit PulseControls(const AudioOutput::Format& outputFormat)
       : format(outputFormat), clock(outputFormat.sampleRate) {}
 
+  /// Tells the owner that the output is gone; why is a sentence for people. The output's thread, or
+  /// the owner's where that could not be started.
+  void lose(const std::string& reason) {
+    why = reason;
+    isLost.store(true);
+    tellOwner();
+  }
+
   AudioOutput::Format format;  ///< constant
   SourceSlot source;
   PlayedClock clock;

@@ -3,6 +3,11 @@
 
 #include "playback/pulse/PulseOutput.h"
 
+#include <fmt/format.h>
+
+#include <string>
+#include <system_error>
+
 #include "playback/pulse/PulseConnection.h"
 #include "playback/pulse/PulseControls.h"
 
@@ -27,8 +32,13 @@ void PulseOutput::attach(AudioSource* source, AudioOutputListener* listener) {
 
 void PulseOutput::start() {
   _controls->isRunning.store(true);
-  if (_thread.joinable()) return wake();
-  _thread = std::thread([this] { _connection->run(); });
+  if (_thread.joinable() || _controls->isLost.load()) return wake();
+  try {
+    _thread = std::thread([this] { _connection->run(); });
+  } catch (const std::system_error& error) {
+    const std::string reason = error.code().message();
+    _controls->lose(fmt::format("The sound output could not be started ({}).", reason));
+  }
 }
 
 void PulseOutput::pause() {
