@@ -24,6 +24,7 @@
 #include "app/DeviceLink.h"
 #include "app/WindowController.h"
 #include "controls/Appearance.h"
+#include "playback/system/SystemBackends.h"
 
 namespace {
 
@@ -124,6 +125,7 @@ int main(int argc, char** argv) {
   const std::string argument = argv[2];
   QApplication application(argc, argv);
   Appearance::apply(application);
+  SystemBackends::choose();
   DeviceLink link(false);
   WindowController window;
   link.attach(window.window());

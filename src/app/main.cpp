@@ -11,6 +11,7 @@
 #include "app/ProgramOptions.h"
 #include "app/WindowController.h"
 #include "controls/Appearance.h"
+#include "playback/system/SystemBackends.h"
 
 namespace {
 
@@ -21,6 +22,7 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
 
 int run(QApplication& application, const ProgramOptions& options) {
   Appearance::apply(application);
+  SystemBackends::choose();
   const AppDelegate delegate(application);
   DeviceLink link(options.simulatesRecorder);
   WindowController window;

@@ -18,13 +18,14 @@
 #include "export/Export.h"
 #include "playback/AudioBackends.h"
 #include "playback/LimitedAudioFile.h"
+#include "playback/system/SystemBackends.h"
 
 namespace {
 
 // Files seem to end at a time.
 void endFilesAt(double seconds) {
   AudioBackends::addFile("limited", [seconds] {
-    return std::make_unique<LimitedAudioFile>(AudioBackends::makeFile("sndfile"), seconds);
+    return std::make_unique<LimitedAudioFile>(AudioBackends::makeFile("wave"), seconds);
   });
   AudioBackends::chooseFile("limited");
 }
@@ -64,6 +65,7 @@ int PlayCommand::run() {
   std::array<char*, 2> arguments{name.data(), nullptr};
   const QCoreApplication application(argumentCount, arguments.data());
   EB::initData();
+  SystemBackends::choose();
   if (_to < kMostSeconds) endFilesAt(_to);
   return play(std::make_shared<const WaveFileReader>(*job.reader()));
 }

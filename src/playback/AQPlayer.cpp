@@ -51,10 +51,10 @@ void AQPlayer::play(bool resume) {
   s.isDone = false;
   if (!resume) {
     s.currentPacket = 0;
-    s.queue->rewind();
+    if (s.queue) s.queue->rewind();
     _playing.prime();
   }
-  s.queue->start();
+  if (s.queue) s.queue->start();
 }
 
 // What a vanished sound system still held is read again: it was not heard.
@@ -87,7 +87,7 @@ void AQPlayer::setPosition(double position, bool play) {
   const double fraction = position > 0.0 ? std::min(position, 1.0) : 0.0;
   seekTo(static_cast<std::int64_t>(static_cast<double>(s.packetCount) * fraction));
   // At the very end there is nothing to start, and the stop above has told so already.
-  if (play && !s.queue->isEmpty()) s.queue->start();
+  if (play && s.queue && !s.queue->isEmpty()) s.queue->start();
 }
 
 double AQPlayer::timeFromPosition(double position) const {

@@ -4,21 +4,16 @@
 #include "playback/AudioBackends.h"
 
 #include <map>
+#include <string>
 #include <utility>
-
-#include "playback/pulse/PulseOutput.h"
-#include "playback/sndfile/SndfileAudioFile.h"
 
 namespace {
 
 struct Registry {
-  std::map<std::string, AudioBackends::FileFactory, std::less<>> files{
-      {"sndfile", [] { return std::make_unique<SndfileAudioFile>(); }}};
-  std::map<std::string, AudioBackends::OutputFactory, std::less<>> outputs{
-      {"pulse",
-       [](const AudioOutput::Format& format) { return std::make_unique<PulseOutput>(format); }}};
-  std::string file = "sndfile";
-  std::string output = "pulse";
+  std::map<std::string, AudioBackends::FileFactory, std::less<>> files;
+  std::map<std::string, AudioBackends::OutputFactory, std::less<>> outputs;
+  std::string file;
+  std::string output;
 };
 
 Registry& registry() {
@@ -53,9 +48,11 @@ std::unique_ptr<AudioFile> AudioBackends::makeFile() {
 }
 
 std::unique_ptr<AudioFile> AudioBackends::makeFile(std::string_view name) {
-  return registry().files.find(name)->second();
+  const auto found = registry().files.find(name);
+  return found != registry().files.end() ? found->second() : nullptr;
 }
 
 std::unique_ptr<AudioOutput> AudioBackends::makeOutput(const AudioOutput::Format& format) {
-  return registry().outputs.at(registry().output)(format);
+  const auto found = registry().outputs.find(registry().output);
+  return found != registry().outputs.end() ? found->second(format) : nullptr;
 }

@@ -4,7 +4,6 @@
 
 #include <functional>
 #include <memory>
-#include <string>
 #include <string_view>
 
 #include "playback/AudioFile.h"
@@ -12,7 +11,8 @@
 
 /// The back ends of the two seams by name, and which of them new players use.
 ///
-/// Files: "sndfile". Outputs: "pulse". Others can be added. Owner's thread only.
+/// There are none until the place that composes a program, or a test, adds them. Owner's thread
+/// only.
 class AudioBackends {
  public:
   using FileFactory = std::function<std::unique_ptr<AudioFile>()>;
@@ -26,7 +26,7 @@ class AudioBackends {
   static bool chooseFile(std::string_view name);
   static bool chooseOutput(std::string_view name);
 
-  /// The chosen one, or the one of that name, which exists.
+  /// The chosen one, or the one of that name; none where there is no such.
   static std::unique_ptr<AudioFile> makeFile();
   static std::unique_ptr<AudioFile> makeFile(std::string_view name);
   static std::unique_ptr<AudioOutput> makeOutput(const AudioOutput::Format& format);

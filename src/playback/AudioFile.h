@@ -8,10 +8,10 @@
 
 #include "playback/AudioFormat.h"
 
-/// The seam to the library that reads sound files.
+/// The seam to what reads sound files.
 ///
-/// Lifetime: one file, opened once; the destructor closes it. Thread: the owner's only. Nothing
-/// throws or blocks but for the medium itself.
+/// Lifetime: one file, opened once; the destructor closes it. Thread: any, one at a time. Whatever
+/// touches the file waits for the medium, and for nothing else. Failures are told, not thrown.
 class AudioFile {
  public:
   /// What a read brought: frames, 0 at the end, and an error number, 0 when all went well.
@@ -33,6 +33,6 @@ class AudioFile {
   [[nodiscard]] virtual AudioFormat format() const = 0;
   [[nodiscard]] virtual std::uint64_t frameCount() const = 0;
   /// Reads up to `frames` whole frames from frame `first` on into `to`, which holds them. No
-  /// allocation.
+  /// allocation but for the words of a failure.
   virtual Read readFrames(std::uint64_t first, std::uint32_t frames, std::span<std::byte> to) = 0;
 };

@@ -54,13 +54,16 @@ void PlayingFile::setVolume(float volume) {
   if (_state.output) _state.output->setVolume(volume);
 }
 
+void PlayingFile::failToOpen(const std::string& why) {
+  _state.readFailure = why;
+  Log::line("Open File Failed");
+}
+
 void PlayingFile::AQOpenFile(const std::string& path) {
   if (!_state.openedPath.empty()) return;
   _state.audioFile = AudioBackends::makeFile();
-  if (!_state.audioFile->open(path)) {
-    _state.readFailure = _state.audioFile->failure();
-    Log::line("Open File Failed");
-  }
+  if (!_state.audioFile) return failToOpen("No file can be read");
+  if (!_state.audioFile->open(path)) failToOpen(_state.audioFile->failure());
   _state.dataFormat = _state.audioFile->format();
   _state.packetCount = _state.audioFile->frameCount();
   _state.durationSeconds = milliseconds(static_cast<double>(_state.packetCount)) / kMsPerSecond;
@@ -71,13 +74,15 @@ void PlayingFile::makeOutput() {
   if (_state.output) _state.underruns += _state.output->underruns();
   const AudioFormat& format = _state.dataFormat;
   _state.output = AudioBackends::makeOutput({format.sampleRate, format.channelsPerFrame});
-  _state.output->setVolume(_state.volume);
+  if (_state.output) _state.output->setVolume(_state.volume);
 }
 
 void PlayingFile::AQSetUpQueue() {
   const bool isLost = _state.queue && _state.queue->isLost();
   _state.queue.reset();
   if (!_state.output || isLost) makeOutput();
+  _state.isInitialized = _state.audioFile && _state.output;
+  if (!_state.isInitialized) return;
   _state.queue = std::make_unique<AudioQueue>(
       *_state.output, _state.dataFormat,
       AudioQueue::Callbacks{[this](AudioQueueBuffer& buffer) { AQOutputCallback(buffer); },
@@ -89,10 +94,10 @@ void PlayingFile::AQSetUpQueue() {
       AQPlayer::bufferByteSize(maxPacketSize, format.sampleRate, format.framesPerPacket);
   _state.numPacketsToRead = maxPacketSize > 0 ? _state.bufferByteSize / maxPacketSize : 0;
   _state.queue->allocateBuffers(_state.bufferByteSize);
-  _state.isInitialized = true;
 }
 
 void PlayingFile::prime() {
+  if (!_state.queue) return;
   for (AudioQueueBuffer& buffer : _state.queue->buffers()) AQOutputCallback(buffer);
 }
 

@@ -31,6 +31,7 @@ class PlayingFile {
 
   void AQOpenFile(const std::string& path);
   /// A queue made anew on the output, which is made anew too where there is none or it was lost.
+  /// None without a back end for file or output.
   void AQSetUpQueue();
   /// Fills all three buffers from the current packet on.
   void prime();
@@ -46,6 +47,7 @@ class PlayingFile {
   void AQOutputCallback(AudioQueueBuffer& buffer);
   void AQIsRunningListener();
   void AQOutputLost(const std::string& why);
+  void failToOpen(const std::string& why);
   void makeOutput();
   AudioFile::Read readPackets(AudioQueueBuffer& buffer);
 

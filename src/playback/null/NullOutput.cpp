@@ -16,11 +16,11 @@ NullOutput::NullOutput(VirtualClock& clock, const Format& format)
     : _clock(clock), _format(format), _ramp(format.sampleRate, format.channels) {
   const double frames = format.sampleRate * kDelayMilliseconds / kMilliseconds;
   _device.reserve(static_cast<std::size_t>(frames) * format.channels);
-  _clock._outputs.push_back(this);
+  _clock.add(*this);
 }
 
 NullOutput::~NullOutput() {
-  std::erase(_clock._outputs, this);
+  _clock.remove(*this);
 }
 
 void NullOutput::attach(AudioSource* source, AudioOutputListener* listener) {
@@ -66,7 +66,7 @@ void NullOutput::playFrames(std::size_t frames) {
   _hasDrained = _hasDrained || (_isDraining && _device.empty());
 }
 
-void NullOutput::playMillisecond() {
+void NullOutput::passMillisecond() {
   if (!_isRunning) return;
   takeFrames();
   _framesDue += _format.sampleRate / kMilliseconds;

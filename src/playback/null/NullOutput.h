@@ -15,7 +15,7 @@
 
 /// Plays to nowhere on a virtual clock, with a delay like a sound system's: it takes frames from
 /// its source this long before they are "heard". One thread.
-class NullOutput : public AudioOutput {
+class NullOutput : public AudioOutput, private VirtualClock::Dial {
  public:
   static constexpr int kDelayMilliseconds = 40;
 
@@ -43,12 +43,10 @@ class NullOutput : public AudioOutput {
   virtual void heard(std::span<const float> /*frames*/) {}
 
  private:
-  friend class VirtualClock;
-
-  void playMillisecond();
+  void passMillisecond() override;
+  void deliver() override;
   void takeFrames();
   void playFrames(std::size_t frames);
-  void deliver();
 
   VirtualClock& _clock;
   Format _format;

@@ -5,16 +5,14 @@
 
 #include <cstddef>
 
-#include "playback/null/NullOutput.h"
-
 void VirtualClock::advance(int milliseconds) {
   for (int i = 0; i < milliseconds; ++i) {
-    // By index: a listener may make and delete outputs.
+    // By index: an owner may make and delete dials.
     std::size_t next = 0;
-    while (next < _outputs.size()) {
-      NullOutput* const output = _outputs[next++];
-      output->playMillisecond();
-      if (!_isOwnerStalled) output->deliver();
+    while (next < _dials.size()) {
+      Dial* const dial = _dials[next++];
+      dial->passMillisecond();
+      if (!_isOwnerStalled) dial->deliver();
     }
   }
 }

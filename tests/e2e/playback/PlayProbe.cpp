@@ -16,6 +16,7 @@
 #include "base/Log.h"
 #include "export/Export.h"
 #include "playback/WavePlayer.h"
+#include "playback/system/SystemBackends.h"
 
 namespace {
 
@@ -50,6 +51,7 @@ void handle(WavePlayer& player) {
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
   EB::initData();
+  SystemBackends::choose();
   Log::setSink([](std::string_view) {});
   const Export job(argv[1]);
   if (!job.IsFileValid()) return 1;

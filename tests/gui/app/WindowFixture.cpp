@@ -12,10 +12,12 @@
 #include "base/Version.h"
 #include "controls/Appearance.h"
 #include "playback/AudioBackends.h"
+#include "playback/system/SystemBackends.h"
 #include "support/WaveBytes.h"
 
 WindowFixture::WindowFixture(MIDIPacketKind kind) : link(kind, midiClock) {
   Appearance::apply(*qobject_cast<QApplication*>(QCoreApplication::instance()));
+  SystemBackends::choose();
   AudioBackends::addOutput("memory", [this](const AudioOutput::Format& format) {
     auto made = std::make_unique<MemoryOutput>(clock, format);
     output = made.get();
@@ -30,7 +32,7 @@ WindowFixture::WindowFixture(MIDIPacketKind kind) : link(kind, midiClock) {
 
 WindowFixture::~WindowFixture() {
   end();
-  AudioBackends::chooseOutput("pulse");
+  SystemBackends::choose();
 }
 
 void WindowFixture::start(const std::filesystem::path& path) {
@@ -54,8 +56,7 @@ void WindowFixture::end() {
 std::filesystem::path WindowFixture::take(const std::string& name, std::uint32_t frames, bool isRaw,
                                           bool isFloat) const {
   WaveBytes wave;
-  // Of even length: what reads the sound for the player looks for the next chunk behind a pad byte.
-  wave.bext("TARN J4", isRaw ? "MSRAW=ON" : "MSRAW=OF");
+  wave.bext("TARN J4", isRaw ? "MSRAW=ON" : "MSRAW=OFF");
   if (isFloat) {
     std::vector<float> samples(2 * std::size_t{frames}, 0.5F);
     for (std::size_t i = 1; i < samples.size(); i += 2) samples[i] = 0.25F;

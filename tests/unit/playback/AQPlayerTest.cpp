@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "PlaybackFixture.h"
+#include "playback/wave/WaveAudioFile.h"
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -248,7 +249,8 @@ TEST_F(AQPlayerTest, AnEmptyFileEndsAtOnce) {
 }
 
 TEST_F(AQPlayerTest, AFileThatCannotBeOpenedPlaysNothing) {
-  AudioBackends::chooseFile("sndfile");
+  AudioBackends::addFile("wave", [] { return std::make_unique<WaveAudioFile>(); });
+  AudioBackends::chooseFile("wave");
   AQPlayer player("/nowhere/at all.wav");
   EXPECT_THAT(log.get(), Contains("Open File Failed"));
   EXPECT_FALSE(player.readFailure().empty());

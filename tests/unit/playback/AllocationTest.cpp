@@ -6,6 +6,7 @@
 
 #include "PlaybackFixture.h"
 #include "playback/WavePlayer.h"
+#include "playback/wave/WaveAudioFile.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -59,7 +60,8 @@ class AllocationTest : public PlaybackFixture {
       return std::make_unique<NullOutput>(clock, outputFormat);
     });
     AudioBackends::chooseOutput("null");
-    AudioBackends::chooseFile("sndfile");
+    AudioBackends::addFile("wave", [] { return std::make_unique<WaveAudioFile>(); });
+    AudioBackends::chooseFile("wave");
   }
 
   long countWhilePlaying(const WaveBytes::Bytes& wave) {

@@ -41,11 +41,6 @@ class PlaybackFixture : public testing::Test {
     AudioBackends::chooseOutput("memory");
   }
 
-  void TearDown() override {
-    AudioBackends::chooseFile("sndfile");
-    AudioBackends::chooseOutput("pulse");
-  }
-
   /// Frame i is (i + 1, -(i + 1)) times 2^-23, different from silence and from all others.
   static float left(std::uint64_t frame) { return static_cast<float>(frame + 1) * 0x1p-23F; }
   static std::vector<float> ramp(std::uint64_t first, std::uint64_t end) {

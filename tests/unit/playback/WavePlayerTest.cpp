@@ -30,10 +30,7 @@ class Told : public WavePlayerDelegate {
 
 class WavePlayerTest : public PlaybackFixture {
  protected:
-  void TearDown() override {
-    NotificationCenter::defaultCenter().removeObserver(this);
-    PlaybackFixture::TearDown();
-  }
+  void TearDown() override { NotificationCenter::defaultCenter().removeObserver(this); }
 
   void open(std::uint64_t frames = 48000) {
     useFloatFile(frames);
