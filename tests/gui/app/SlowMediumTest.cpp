@@ -18,6 +18,32 @@ constexpr std::uint64_t kRate = 20'000'000;  // bytes per second, as of a slow c
 /// What a thread gets in half a second, with two others that read all the time.
 constexpr std::uint64_t kShare = kRate / 2 / 3;
 
+constexpr std::uint64_t kMegabyte = 1 << 20;
+
+/// How much more memory the program has had at once since now than it has now.
+class PeakMemory {
+ public:
+  PeakMemory() {
+    std::ofstream("/proc/self/clear_refs") << "5";  // the peak is what there is now
+    _before = bytes("VmHWM:");
+  }
+  [[nodiscard]] std::uint64_t growth() const { return bytes("VmHWM:") - _before; }
+
+ private:
+  static std::uint64_t bytes(const std::string& wanted) {
+    std::ifstream status("/proc/self/status");
+    std::string key;
+    std::uint64_t kilobytes = 0;
+    while (status >> key && key != wanted) {
+    }
+    status >> kilobytes;
+    EXPECT_GT(kilobytes, 0U) << "the system tells of its memory";
+    return 1024 * kilobytes;
+  }
+
+  std::uint64_t _before;
+};
+
 /// The takes lie on a medium that has given each thread what it gives within half a second.
 class SlowMedium : public WindowFixture {
  protected:
@@ -28,12 +54,12 @@ class SlowMedium : public WindowFixture {
   }
 
   /// A raw take as long as a WAVE file of the recorder can be, without taking the room.
-  std::filesystem::path longTake(const std::string& name) const {
-    constexpr std::uint32_t kBytes = 0x7FFF'0000;
+  std::filesystem::path longTake(const std::string& name,
+                                 std::uint32_t sampleBytes = 0x7FFF'0000) const {
     const auto header =
-        WaveBytes().bext("TARN J4", "MSRAW=ON").format24().chunk("data", kBytes, {});
+        WaveBytes().bext("TARN J4", "MSRAW=ON").format24().chunk("data", sampleBytes, {});
     const auto path = takes.file(name, header.get());
-    std::filesystem::resize_file(path, std::filesystem::file_size(path) + kBytes);
+    std::filesystem::resize_file(path, std::filesystem::file_size(path) + sampleBytes);
     return path;
   }
   /// Lets music play until it holds.
@@ -101,6 +127,25 @@ TEST_F(SlowMedium, LevelsFollowWhatIsAtHand) {
   player().setPosition(0.9);
   controller().updateLevelMeter(1.0 / 30.0);
   EXPECT_EQ(view().lvlLeft->level(), 0) << "not known yet";
+}
+
+TEST_F(SlowMedium, TakeOfAlmostFourGiBNeedsLittleMemory) {
+  SlowReads::limit(takes.path().string(), 0);
+  longTake("R0001.WAV", 0xFA00'0000 / 6 * 6);
+  startOnTakes();
+  const PeakMemory memory;
+  openToSound("R0001.WAV");
+  EXPECT_EQ(view().lblTimeTotal->text(), "04:02:43");
+  for (const double position : {0.0, 0.3, 0.6, 0.9, 0.1, 0.999}) {
+    player().setPosition(position);
+    play(500);
+    const double time = player().curremtTime();
+    WaveFileReader& reader = *controller().exportJob()->reader();
+    playUntil([&] { return reader.follow(time, time + 0.1); }, "levels at hand");
+    controller().updateLevelMeter(1.0 / 30.0);
+  }
+  RecordProperty("MiB", std::to_string(memory.growth() / kMegabyte));
+  EXPECT_LT(memory.growth(), 64 * kMegabyte);
 }
 
 TEST_F(SlowMedium, PulledOutWhilePlayingIsAQuietLine) {
