@@ -4,6 +4,7 @@
 
 import os
 import signal
+import struct
 import unittest
 
 import numpy
@@ -134,6 +135,36 @@ class TerminalTest(Case):
             player.wait_line("take.wav  00:00:01 / 00:00:02  width 120  gain +0 dB")
             self.assertEqual(player.wait(), 0)
             wait_for(lambda: "00:00:02 / 00:00:02" in player.shown, "the last line")
+
+    def peak_memory(self, path, begin):
+        """Most memory until half a second of what begins there was heard, in bytes."""
+        with Player(self.server, "--from", begin, path) as player:
+            before = len(heard(self.recorder.samples()))
+            wait_for(lambda: len(heard(self.recorder.samples())) > before + RATE // 2, "sound")
+            with open(f"/proc/{player.process.pid}/status", encoding="ascii") as file:
+                peak = int(file.read().split("VmHWM:")[1].split()[0]) * 1024
+            player.press("q")
+            self.assertEqual(player.wait(), 0)
+        self.recorder.wait_silence(RATE // 5)
+        return peak
+
+    def test_a_take_of_almost_four_gigabytes_needs_no_more_memory(self):
+        last = 20 * RATE  # frames with sound; zeros before them take no room on the disk
+        short = self.file(noise(last, 24), 24)
+        content = short.read_bytes()
+        size = 0xFA00_0000 // 6 * 6
+        head = bytearray(content[:-6 * last])
+        head[4:8] = struct.pack("<I", len(head) - 8 + size)
+        head[-4:] = struct.pack("<I", size)
+        long = self.folder / "long.wav"
+        with open(long, "wb") as file:
+            file.write(head)
+            file.seek(len(head) + size - 6 * last)
+            file.write(content[-6 * last:])
+        needed = self.peak_memory(short, 2)
+        peak = self.peak_memory(long, (size // 6 - last) / RATE + 2)
+        print(f"playing: {peak >> 20} MiB, for a take of 20 seconds {needed >> 20} MiB")
+        self.assertLess(peak - needed, 16 << 20)
 
     def test_mixers_see_who_plays(self):
         with Player(self.server, self.file(noise(30 * RATE, 24), 24)) as player:
