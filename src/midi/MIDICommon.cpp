@@ -6,8 +6,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <utility>
+#include <string>
 
+#include "base/Log.h"
 #include "base/MainThreadQueue.h"
 #include "midi/WorkerPool.h"
 
@@ -54,8 +55,11 @@ GLPacket MIDICommon::createPackage(std::uint8_t group, std::uint8_t status, int 
   return {{bigEndian(bytes.data()), bigEndian(bytes.data() + 4)}, 2};
 }
 
-void MIDICommon::runBackground(std::function<void()> task) {
-  WorkerPool::ofProcess().start(std::move(task));
+void MIDICommon::runBackground(const std::function<void()>& task) {
+  const std::string problem = WorkerPool::ofProcess().start(task);
+  if (problem.empty()) return;
+  Log::line("No thread for work in the background: " + problem);
+  task();
 }
 
 void MIDICommon::runOnUIThread(const std::function<void()>& task) {

@@ -22,19 +22,24 @@ class MIDICommon {
   static GLPacket createPackage(std::uint8_t group, std::uint8_t status, int realByteCount,
                                 const std::uint8_t* realData);
 
-  /// The four fields of a message's first word, from the top.
+  /// Three of the four fields of a message's first word, from the top.
   static constexpr std::uint8_t messageType(std::uint32_t word) { return nibble(word, 28); }
-  static constexpr std::uint8_t messageGroup(std::uint32_t word) { return nibble(word, 24); }
   static constexpr std::uint8_t messageStatus(std::uint32_t word) { return nibble(word, 20); }
   /// For a SysEx packet: the number of payload bytes.
   static constexpr std::uint8_t messageChannel(std::uint32_t word) { return nibble(word, 16); }
 
-  /// Runs the task some time later on a worker; tasks may run side by side.
-  static void runBackground(std::function<void()> task);
   /// Runs the task on the main thread and returns when it is done: at once there, otherwise as soon
   /// as the main thread's event loop comes to it. A thread that the main thread waits for must not
   /// call it. Without a QCoreApplication any thread counts as the main one.
   static void runOnUIThread(const std::function<void()>& task);
+
+  // No program calls these; their names are the system's interfaces'.
+
+  /// The second field.
+  static constexpr std::uint8_t messageGroup(std::uint32_t word) { return nibble(word, 24); }
+  /// Runs the task some time later on a worker; tasks may run side by side. Where no thread can be
+  /// started it runs at once on the caller's, with a line in the log.
+  static void runBackground(const std::function<void()>& task);
 
  private:
   static constexpr std::uint8_t nibble(std::uint32_t word, int shift) {

@@ -4,6 +4,7 @@
 #include "midi/WorkerPool.h"
 
 #include <algorithm>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -17,18 +18,30 @@ std::size_t mostThreads() {
 
 // Never destroyed: its threads outlive the statics.
 WorkerPool& WorkerPool::ofProcess() {
-  static auto* const kPool = new WorkerPool;
+  static auto* const kPool =
+      new WorkerPool([](std::function<void()> work) { std::thread(std::move(work)).detach(); });
   return *kPool;
 }
 
-void WorkerPool::start(std::function<void()> task) {
+std::string WorkerPool::start(const std::function<void()>& task) {
   const std::lock_guard lock(_mutex);
-  _tasks.push_back(std::move(task));
-  if (_idle < _tasks.size() && _threads < mostThreads()) {
-    ++_threads;
-    std::thread(&WorkerPool::work, this).detach();
-  }
+  const bool needsThread = _idle <= _tasks.size() && _threads < mostThreads();
+  const std::string problem = needsThread ? addThread() : std::string();
+  if (_threads == 0) return problem;
+  _tasks.push_back(task);
   _arrived.notify_one();
+  return {};
+}
+
+// Whoever is busy takes the task later.
+std::string WorkerPool::addThread() {
+  try {
+    _startThread([this] { work(); });
+    ++_threads;
+    return {};
+  } catch (const std::system_error& error) {
+    return error.what();
+  }
 }
 
 void WorkerPool::work() {
