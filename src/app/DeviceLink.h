@@ -8,9 +8,8 @@
 #include "midi/alsa/AlsaMIDISystem.h"
 #include "midi/simulator/SimulatedLink.h"
 
-/// Puts a MIDI system under the device link: the machine's, or one with a simulated recorder in
-/// it, which writes every message that it receives to the log. Made before the window, lives until
-/// after it. Interface thread.
+/// Puts a MIDI system under the device link: the machine's, or one with a simulated recorder in it.
+/// Made before the window, lives until after it. Interface thread.
 class DeviceLink {
  public:
   explicit DeviceLink(bool isSimulated);

@@ -47,8 +47,6 @@ class MIDIManager final : private MIDISystemClient {
   /// not sent at all.
   void send(const std::uint8_t* bytes, std::int64_t size);
 
-  /// "DISCONNECTED", "SCAN", "FOUND", "CONNECTING", "CONNECTED", else "".
-  static std::string_view stateToString(std::int64_t state);
   [[nodiscard]] std::int64_t state() const { return _state; }
   void changeStateTo(std::int64_t state);
 
@@ -70,6 +68,10 @@ class MIDIManager final : private MIDISystemClient {
   /// Held weakly; none once it is gone.
   [[nodiscard]] MIDIManagerDelegate* delegate() const;
   void setDelegate(MIDIManagerDelegate* delegate);
+
+  /// "DISCONNECTED", "SCAN", "FOUND", "CONNECTING", "CONNECTED", else "". No program calls it; the
+  /// name is the system's interface's.
+  static std::string_view stateToString(std::int64_t state);
 
  private:
   void setupChanged(std::int32_t messageID) override;

@@ -33,19 +33,23 @@ class MIDISequenceBase {
   /// True when nothing is waited for (any more).
   [[nodiscard]] virtual bool didCompleted() const { return true; }
 
-  /// Start the time-out: 2.0 seconds and the last description, unless they are given.
-  void markTimeOut();
-  void markTimeOut(double seconds);
+  /// Starts the time-out of 2.0 seconds, with this description.
   void markTimeOutWithDescription(const std::string& description);
-  void markTimeOut(const std::string& description, double seconds);
   /// Cancels the time-out, whoever started it.
   static void cleanTimeOutTimer();
 
-  [[nodiscard]] const std::string& SEQ_Name() const { return _seqName; }
-  void setSEQ_Name(const std::string& name) { _seqName = name; }
   /// Called by the manager after each complete message that finds the sequence completed.
   [[nodiscard]] const Completion& onCompleted() const { return _onCompleted; }
   void setOnCompleted(Completion completion) { _onCompleted = std::move(completion); }
+
+  // No sequence of a program calls these; their names are the system's interfaces'.
+
+  /// Start the time-out: 2.0 seconds and the last description, unless they are given.
+  void markTimeOut();
+  void markTimeOut(double seconds);
+  void markTimeOut(const std::string& description, double seconds);
+  [[nodiscard]] const std::string& SEQ_Name() const { return _seqName; }
+  void setSEQ_Name(const std::string& name) { _seqName = name; }
 
  private:
   std::string _timeout_description;

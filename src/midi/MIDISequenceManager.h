@@ -50,22 +50,24 @@ class MIDISequenceManager {
   [[nodiscard]] bool isSeqRunning() const;
   /// The step in which a handshake waits; 0 when none is under way.
   [[nodiscard]] std::int64_t connectStep() const;
-  /// Puts a sequence first, before the current one if that is still waiting; starts neither.
-  void switchToNewSeq(const Sequence& sequence);
   /// Gives up whatever runs or waits, and listens. Also for when the recorder has gone.
   void forceStopSeq();
-
-  /// Only keeps the callable.
-  void send(const std::uint8_t* bytes, std::int32_t size, const Response& response);
-  /// Sends the bytes as they are. `callback` sees each complete message, before the sequences do,
-  /// until it returns true.
-  void exeCommand(const std::uint8_t* bytes, std::int32_t length, const Response& callback);
 
   void receivedMidi(const MIDIEventPacket& packet);
   void receivedMidi_iOS13(const MIDIPacket& packet, bool isLast);
   /// Something arrived; `isComplete` when the buffer holds a message.
   void notifyNewData(bool isComplete);
   void notifyUI_IFNeeded();
+
+  // No program calls these; their names are the system's interfaces'.
+
+  /// Puts a sequence first, before the current one if that is still waiting; starts neither.
+  void switchToNewSeq(const Sequence& sequence);
+  /// Only keeps the callable.
+  void send(const std::uint8_t* bytes, std::int32_t size, const Response& response);
+  /// Sends the bytes as they are. `callback` sees each complete message, before the sequences do,
+  /// until it returns true.
+  void exeCommand(const std::uint8_t* bytes, std::int32_t length, const Response& callback);
 
  private:
   void enqueue(const Sequence& sequence);

@@ -22,7 +22,7 @@ class AlsaOutput {
     AlsaAddress to;
     AlsaPayload payload;
   };
-  /// 0 when it has gone, else the negative error.
+  /// Not negative when it has gone, else the negative error.
   using Write = std::function<int(const Item& item)>;
 
   static constexpr std::size_t kAllowance = 3000;  ///< bytes; drivers hold 4,096
@@ -37,7 +37,6 @@ class AlsaOutput {
   void send(Item item);
   /// Drops what waits for this receiver.
   void drop(AlsaAddress to);
-  [[nodiscard]] bool isIdle() const { return _waiting.empty(); }
 
  private:
   void run();

@@ -15,7 +15,8 @@
 class AlsaWire;
 
 /// One client of the sequencer, open from the start to the end of its life, with room for long
-/// SysEx messages both ways. Interface thread only; nothing blocks.
+/// SysEx messages both ways. Interface thread only. Nothing waits but `deletePort` and the end: the
+/// kernel plays out what a driver was still given, for up to ten seconds.
 class AlsaSequencer {
  public:
   /// What others may do with a port of ours.

@@ -103,8 +103,8 @@ std::vector<MIDIEndpoint> InMemoryMIDISystem::endpoints(MIDIDirection direction)
 
 MIDICreatedPort InMemoryMIDISystem::createPort(MIDIObjectRef client, MIDIDirection direction,
                                                std::string_view name) {
-  const bool isInput = direction == MIDIDirection::Source;
-  if (isInput && _inputPortStatus != 0) return {_inputPortStatus, 0};
+  const auto refusal = _refusals.find(direction);
+  if (refusal != _refusals.end() && refusal->second != 0) return {refusal->second, 0};
   _ports[++_last] = {client, direction, std::string(name), {}};
   return {0, _last};
 }

@@ -45,8 +45,8 @@ class InMemoryMIDISystem final : public MIDISystem {
   /// A list as it is, to the connected ports; the rules for what arrives are the caller's.
   void deliver(MIDIObjectRef source, MIDIPacketList packets);
   void deliver(MIDIObjectRef source, MIDIEventList events);
-  /// What later input ports are refused with; 0 = they are not.
-  void refuseInputPorts(std::int32_t status) { _inputPortStatus = status; }
+  /// What later ports of this direction are refused with; 0 = they are not.
+  void refusePorts(MIDIDirection direction, std::int32_t status) { _refusals[direction] = status; }
   [[nodiscard]] std::size_t openPorts() const { return _ports.size(); }
   [[nodiscard]] std::string clientName() const;
 
@@ -91,7 +91,7 @@ class InMemoryMIDISystem final : public MIDISystem {
 
   MIDIPacketKind _kind;
   MIDIObjectRef _last = 0;
-  std::int32_t _inputPortStatus = 0;
+  std::map<MIDIDirection, std::int32_t> _refusals;
   std::map<MIDIObjectRef, Client> _clients;
   std::map<MIDIObjectRef, Port> _ports;
   std::map<MIDIObjectRef, Endpoint> _endpoints;

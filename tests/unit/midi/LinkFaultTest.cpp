@@ -143,6 +143,21 @@ TEST_P(LinkFaultTest, GoesOnWithSettingsAfterAnyFault) {
   }
 }
 
+TEST_P(LinkFaultTest, AnOutputPortThatIsRefusedEndsInATimeOut) {
+  bench.system->refusePorts(MIDIDirection::Destination, -1);
+  bench.connect();
+  EXPECT_EQ(bench.manager.state(), 5);
+  EXPECT_TRUE(bench.way.isAsking());
+  bench.clock->advance(5.0);
+  EXPECT_FALSE(bench.way.isAsking());
+  EXPECT_THAT(bench.recorder.received(), testing::IsEmpty());
+  EXPECT_EQ(bench.updates, 0);
+  bench.pullOut();
+  EXPECT_EQ(bench.system->openPorts(), 0U);
+  bench.system->refusePorts(MIDIDirection::Destination, 0);
+  expectHealthy();
+}
+
 TEST_P(LinkFaultTest, SurvivesRemovalAtEveryStep) {
   for (const RecorderRequest at : handshake()) {
     bench.recorder.misbehave(at, RecorderFault::Disappear);

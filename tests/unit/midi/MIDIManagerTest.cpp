@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
+
 #include "LinkTest.h"
 
 namespace {
@@ -204,6 +206,18 @@ TEST_P(MIDIManagerTest, LeavesTheOutputPortWithoutAnInputPort) {
   EXPECT_EQ(clock->running(), 0U);
   manager.scanTarnDevice();
   EXPECT_EQ(system->calls.front(), "dispose 12");
+}
+
+TEST_P(MIDIManagerTest, GoesOnWithoutAnOutputPort) {
+  system->outputPortStatus = -10830;
+  connect();
+  EXPECT_EQ(manager.state(), 5);
+  const std::array<std::uint8_t, 3> message = {0xF0, 0x01, 0xF7};
+  manager.send(message.data(), 3);
+  EXPECT_THAT(system->calls, ElementsAre("send 0 22")) << "no port, and nobody gets it";
+  system->calls.clear();
+  manager.DeviceDisconnected();
+  EXPECT_THAT(system->calls, ElementsAre("disconnect 11 21", "dispose 11", "flush 21", "flush 22"));
 }
 
 TEST_P(MIDIManagerTest, ClosesEverythingInOrder) {

@@ -21,6 +21,7 @@ class RecordingMIDISystem final : public MIDISystem {
   std::vector<MIDIEndpoint> sources;
   std::vector<MIDIEndpoint> destinations;
   std::int32_t inputPortStatus = 0;
+  std::int32_t outputPortStatus = 0;
   std::vector<std::string> calls;
   std::vector<std::vector<std::pair<std::uint64_t, Bytes>>> packetLists;
   std::vector<std::vector<std::pair<std::uint64_t, Words>>> eventLists;
@@ -45,7 +46,8 @@ class RecordingMIDISystem final : public MIDISystem {
                              std::string_view name) override {
     const bool isInput = direction == MIDIDirection::Source;
     note((isInput ? "input of " : "output of ") + std::to_string(owner) + " " + std::string(name));
-    if (isInput && inputPortStatus != 0) return {inputPortStatus, 0};
+    const std::int32_t status = isInput ? inputPortStatus : outputPortStatus;
+    if (status != 0) return {status, 0};
     return {0, isInput ? MIDIObjectRef{11} : MIDIObjectRef{12}};
   }
   void connectSource(MIDIObjectRef port, MIDIObjectRef source) override {

@@ -158,7 +158,7 @@ TEST_P(InMemoryMIDISystemTest, KeepsNoPortsAfterALink) {
 
 TEST_P(InMemoryMIDISystemTest, KeepsAtMostOnePortWithoutInput) {
   LinkBench bench(GetParam());
-  bench.system->refuseInputPorts(-1);
+  bench.system->refusePorts(MIDIDirection::Source, -1);
   for (int i = 0; i < 5; ++i) {
     bench.connect();
     EXPECT_EQ(bench.system->openPorts(), 1U);
