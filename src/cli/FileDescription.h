@@ -16,7 +16,7 @@ class FileDescription {
 
   [[nodiscard]] bool isReadable() const { return _reader != nullptr; }
   /// Keys: path, valid, recorder, raw_ms, reason, header, chunks, bext (null without one),
-  /// duration_seconds.
+  /// duration_seconds, frames (whole ones that can be read), sample_rate.
   [[nodiscard]] const nlohmann::ordered_json& json() const { return _json; }
   /// The same over several lines.
   [[nodiscard]] std::string text() const;

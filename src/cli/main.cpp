@@ -16,6 +16,7 @@
 #include "cli/InfoCommand.h"
 #include "cli/Interrupt.h"
 #include "cli/LevelsCommand.h"
+#include "cli/MeasureCommand.h"
 #include "cli/PlayCommand.h"
 
 namespace {
@@ -28,12 +29,13 @@ int runProgram(int argc, char** argv) {
   ExportCommand exportCommand;
   InfoCommand info;
   LevelsCommand levels;
+  MeasureCommand measure;
   PlayCommand play;
   DeviceCommand device;
   DemoCommand demo;
   std::vector<std::pair<CLI::App*, Command*>> commands;
   for (Command* command :
-       std::to_array<Command*>({&exportCommand, &info, &levels, &play, &device, &demo})) {
+       std::to_array<Command*>({&exportCommand, &info, &levels, &measure, &play, &device, &demo})) {
     commands.emplace_back(command->declare(program), command);
   }
   try {

@@ -25,7 +25,7 @@ ALLOWED = {
     "dialogs": {"controls", "queue", "export", "base"},
     "app": {"base", "dsp", "wav", "export", "queue", "playback", "midi", "controls", "dialogs"},
     "recorder-sim": {"midi"},
-    "cli": {"base", "dsp", "wav", "export", "playback", "midi"},
+    "cli": {"base", "dsp", "wav", "analysis", "export", "playback", "midi"},
 }
 WITHOUT_QT = {"dsp", "wav", "export", "analysis"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^">]+)[">]', re.MULTILINE)

@@ -14,7 +14,7 @@ from mixdeck import (CLI, Case, as_nobody, bext, chunk, fmt, pack24, recording, 
                      unpack24, unpack_floats, wave)
 
 KEYS = ["path", "valid", "recorder", "raw_ms", "reason", "header", "chunks", "bext",
-        "duration_seconds"]
+        "duration_seconds", "frames", "sample_rate"]
 HEADER = ["ChunkID", "ChunkSize", "Format", "Subchunk1ID", "Subchunk1Size", "AudioFormat",
           "NumChannels", "SampleRate", "ByteRate", "BlockAlign", "BitsPerSample",
           "dataChunkPosition", "dataChunkLength", "dataChunkEnd"]
@@ -35,6 +35,7 @@ class InfoTest(Case):
         self.assertEqual((info["path"], info["valid"], info["recorder"], info["raw_ms"],
                           info["reason"]), (self.path("a.wav"), True, True, True, ""))
         self.assertEqual(info["duration_seconds"], 1.0)
+        self.assertEqual((info["frames"], info["sample_rate"]), (48000, 48000))
         self.assertEqual(info["bext"]["TimeReference"], 99)
         self.assertEqual(info["bext"]["OriginationDate"], "2026-05-04")
         self.assertEqual([one["id"] for one in info["chunks"]], ["fmt ", "bext", "data"])

@@ -57,8 +57,9 @@ TEST_F(FileDescriptionTest, RunOfEmptyChunksIsOneLine) {
 TEST_F(FileDescriptionTest, HasAllKeysInOrder) {
   const FileDescription file = describe(WaveBytes().format24().recorderBext().data(Bytes(6)));
   EXPECT_TRUE(file.isReadable());
-  EXPECT_EQ(keysOf(file.json()), (Names{"path", "valid", "recorder", "raw_ms", "reason", "header",
-                                        "chunks", "bext", "duration_seconds"}));
+  EXPECT_EQ(keysOf(file.json()),
+            (Names{"path", "valid", "recorder", "raw_ms", "reason", "header", "chunks", "bext",
+                   "duration_seconds", "frames", "sample_rate"}));
   EXPECT_EQ(keysOf(file.json()["header"]),
             (Names{"ChunkID", "ChunkSize", "Format", "Subchunk1ID", "Subchunk1Size", "AudioFormat",
                    "NumChannels", "SampleRate", "ByteRate", "BlockAlign", "BitsPerSample",

@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/MeasureCommand.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <thread>
+
+#include "cli/AngleList.h"
+#include "cli/FileDescription.h"
+#include "cli/Interrupt.h"
+#include "cli/MeasureReport.h"
+#include "cli/NumberCheck.h"
+#include "cli/Printable.h"
+#include "cli/Problem.h"
+
+namespace {
+
+unsigned processors() {
+  return std::max(1U, std::thread::hardware_concurrency());
+}
+
+std::uint64_t frameAt(double seconds, std::uint32_t rate) {
+  return static_cast<std::uint64_t>(std::llround(seconds * rate));
+}
+
+}  // namespace
+
+CLI::App* MeasureCommand::declare(CLI::App& program) {
+  CLI::App* command = program.add_subcommand(
+      "measure", "Measure loudness, peaks and stereo width, decoded, at one width or at all");
+  auto* angle = command->add_option("--angle", _angle, "Stereo width in degrees; 0 is mono")
+                    ->check(realBetween(0, kMostAngle))
+                    ->capture_default_str();
+  command->add_option("--angles", _angles, "Several widths: all, or whole degrees and commas")
+      ->check(AngleList::check())
+      ->excludes(angle);
+  command->add_option("--gain", _gain, "Gain in dB; positive is louder")
+      ->check(realBetween(-kMostGain, kMostGain))
+      ->capture_default_str();
+  command->add_option("--from", _from, "Start in seconds")
+      ->check(realBetween(0, kMostSeconds))
+      ->capture_default_str();
+  command->add_option("--to", _to, "End in seconds; default: that of the recording")
+      ->check(realBetween(0, kMostSeconds));
+  auto* json = command->add_flag("--json", _asJson, "One JSON object a line for each file");
+  command->add_flag("--csv", _asCsv, "Comma-separated values, a line a width")->excludes(json);
+  command->add_option("FILE", _files, "Recordings")->required();
+  command->callback([this] { checkOptions(); });
+  return command;
+}
+
+void MeasureCommand::checkOptions() const {
+  if (_to && *_to < _from) throw CLI::ValidationError("--to", "is before --from");
+}
+
+std::vector<int> MeasureCommand::angles() const {
+  return _angles.empty() ? std::vector{WaveFileReader::wholeAngle(_angle)}
+                         : AngleList::parse(_angles);
+}
+
+// Texts are printed in the order of the command line.
+int MeasureCommand::run() {
+  const Texts texts = measureAll();
+  if (_asCsv) fmt::print("{}", MeasureReport::csvHead());
+  for (const auto& text : texts) fmt::print("{}", text.value_or(""));
+  const bool isAllDone =
+      std::ranges::all_of(texts, [](const auto& text) { return text.has_value(); });
+  return isAllDone ? kDone : kFailed;
+}
+
+MeasureCommand::Texts MeasureCommand::measureAll() const {
+  ProgressLine line(_files.size());
+  Texts texts(_files.size());
+  std::atomic<std::size_t> next{0};
+  const auto work = [&] {
+    for (std::size_t i = next++; i < _files.size() && !Interrupt::requested(); i = next++) {
+      texts[i] = measure(i, line);
+    }
+  };
+  std::vector<std::jthread> helpers;
+  for (std::size_t i = 1; i < std::min<std::size_t>(processors(), _files.size()); ++i) {
+    helpers.emplace_back(work);
+  }
+  work();
+  helpers.clear();
+  if (Interrupt::requested()) line.message("mixdeck-cli: cancelled");
+  return texts;
+}
+
+std::optional<std::string> MeasureCommand::measure(std::size_t index, ProgressLine& line) const {
+  const std::filesystem::path& file = _files[index];
+  const Export job(file);
+  if (!job.IsFileValid()) {
+    line.message(problemLine(file, kFileNotSupported, job.failure()));
+    return std::nullopt;
+  }
+  const std::string warning = FileDescription::audioWarning(*job.reader());
+  if (!warning.empty()) line.message(problemLine(file, "Warning:", warning));
+  const auto analysis = analyse(job, index, line);
+  if (!analysis) return std::nullopt;
+  return text(file, *analysis);
+}
+
+// A single file is worked on by all processors, several by one each.
+TakeAnalyzer::Options MeasureCommand::options(const Export& job) const {
+  const std::uint32_t rate = job.reader()->header().SampleRate;
+  TakeAnalyzer::Options options;
+  options.firstFrame = frameAt(_from, rate);
+  if (_to) options.endFrame = frameAt(*_to, rate);
+  const auto files = static_cast<unsigned>(std::min<std::size_t>(_files.size(), processors()));
+  options.workers = std::max(1U, processors() / files);
+  return options;
+}
+
+std::shared_ptr<const TakeAnalysis> MeasureCommand::analyse(const Export& job, std::size_t index,
+                                                            ProgressLine& line) const {
+  TakeAnalyzer analyzer(*job.reader(), options(job));
+  const std::string name = printable(_files[index].filename().native());
+  auto analysis =
+      analyzer.wait(&Interrupt::requested(), [&](double done) { line.update(index, name, done); });
+  if (!analysis && !analyzer.failure().empty()) {
+    line.message(problemLine(_files[index], kFailToOpen, analyzer.failure()));
+  }
+  return analysis;
+}
+
+std::string MeasureCommand::text(const std::filesystem::path& file,
+                                 const TakeAnalysis& analysis) const {
+  const MeasureReport report(file, analysis, angles(), _gain);
+  // A name that is not UTF-8 is shown with replacement characters.
+  constexpr auto kReplace = nlohmann::ordered_json::error_handler_t::replace;
+  if (_asJson) return report.json().dump(-1, ' ', false, kReplace) + "\n";
+  return _asCsv ? report.csv() : report.table();
+}

@@ -1,0 +1,205 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 The Mixdeck developers
+# SPDX-License-Identifier: MIT
+"""The word measure: against exact arithmetic, against an export, and against another program."""
+
+import csv
+import io
+import json
+import math
+import random
+import re
+import struct
+import subprocess
+import unittest
+
+from mixdeck import Case, bext, chunk, decoded, fmt, recording, single, wave
+
+KEYS = ["path", "seconds", "sample_rate", "raw_ms", "widths"]
+FIGURES = ["angle", "gain_db", "integrated_lufs", "range_lu", "momentary_max_lufs",
+           "short_term_max_lufs", "true_peak_dbtp", "sample_peak_dbfs", "correlation", "balance_db"]
+
+
+def tone(seconds, level, frequency=1000, rate=48000):
+    """Mid and Side of a tone: loud in the middle, something at the sides."""
+    top = 10 ** (level / 20) * 8388607
+    samples = []
+    for i in range(int(seconds * rate)):
+        turn = 2 * math.pi * frequency * i / rate
+        samples += [int(top * math.sin(turn)), int(0.4 * top * math.sin(1.7 * turn + 1))]
+    return samples
+
+
+class MeasureTest(Case):
+    def measure(self, *arguments):
+        lines = self.expect(0, "measure", "--json", *arguments, err="").stdout.splitlines()
+        return [json.loads(line) for line in lines]
+
+    def figures(self, *arguments):
+        return self.measure(*arguments)[0]["widths"][0]
+
+    def test_keys_and_defaults(self):
+        self.file("a.wav", recording(tone(0.5, -20)))
+        found = self.measure("a.wav")[0]
+        self.assertEqual(list(found), KEYS)
+        self.assertEqual([list(row) for row in found["widths"]], [FIGURES])
+        self.assertEqual((found["path"], found["seconds"], found["sample_rate"], found["raw_ms"]),
+                         ("a.wav", 0.5, 48000, True))
+        self.assertEqual((found["widths"][0]["angle"], found["widths"][0]["gain_db"]), (120, 0))
+
+    def test_known_loudness_at_width_0(self):
+        self.file("a.wav", recording(tone(4, -23)))
+        row = self.figures("--angle", "0", "a.wav")
+        for name in ("integrated_lufs", "momentary_max_lufs", "short_term_max_lufs"):
+            self.assertAlmostEqual(row[name], -23, delta=0.1)
+        self.assertAlmostEqual(row["range_lu"], 0, delta=0.1)
+        self.assertAlmostEqual(row["true_peak_dbtp"], -23, delta=0.2)
+        self.assertEqual((row["correlation"], row["balance_db"]), (1, 0))
+
+    def test_a_gain_is_added(self):
+        self.file("a.wav", recording(tone(1, -30)))
+        plain = self.figures("--angle", "77", "a.wav")
+        louder = self.figures("--angle", "77", "--gain", "6.5", "a.wav")
+        for name in ("integrated_lufs", "momentary_max_lufs", "true_peak_dbtp", "sample_peak_dbfs"):
+            self.assertAlmostEqual(louder[name], plain[name] + 6.5, places=5)
+        for name in ("correlation", "balance_db"):
+            self.assertEqual(louder[name], plain[name])
+
+    def test_peak_correlation_and_balance_are_those_of_the_decoded_samples(self):
+        samples = tone(0.3, -12)
+        self.file("a.wav", recording(samples))
+        floats = [single(value / 8388608) for value in samples]
+        rows = self.measure("--angles", "0,33,120,150", "a.wav")[0]["widths"]
+        for row in rows:
+            pairs = decoded(floats, row["angle"])
+            left, right = pairs[0::2], pairs[1::2]
+            peak = max(abs(value) for value in pairs)
+            self.assertAlmostEqual(row["sample_peak_dbfs"], 20 * math.log10(peak), places=5)
+            power = [math.fsum(x * x for x in side) for side in (left, right)]
+            both = math.fsum(x * y for x, y in zip(left, right))
+            self.assertAlmostEqual(row["correlation"], both / math.sqrt(power[0] * power[1]),
+                                   places=5)
+            self.assertAlmostEqual(row["balance_db"], 10 * math.log10(power[0] / power[1]),
+                                   places=4)
+
+    def test_all_widths(self):
+        self.file("a.wav", recording(tone(0.5, -20)))
+        rows = self.measure("--angles", "all", "a.wav")[0]["widths"]
+        self.assertEqual([row["angle"] for row in rows], list(range(151)))
+        loudness = [row["integrated_lufs"] for row in rows]
+        self.assertEqual(loudness, sorted(loudness))
+
+    def test_an_export_measures_as_its_source_at_that_width(self):
+        self.file("a.wav", recording(tone(3.5, -18)))
+        for angle in (20, 90, 150):
+            self.expect(0, "export", "--angle", angle, "--format", "float32", "--gain", "-3",
+                        "--output", "b.wav", "--force", "a.wav")
+            wanted = self.figures("--angle", angle, "--gain", "-3", "a.wav")
+            for any_width in ("0", "150"):
+                got = self.figures("--angle", any_width, "b.wav")
+                for name in FIGURES[2:]:
+                    self.assertAlmostEqual(got[name], wanted[name], places=3, msg=name)
+
+    def test_agrees_with_another_program(self):
+        noise = random.Random(5)
+        samples = []
+        for i in range(48000 * 8):
+            level = 300000 * (1 + (i // 96000) % 3)
+            samples += [int(noise.gauss(0, level)), int(noise.gauss(0, level * 0.6))]
+        self.file("a.wav", recording([max(-8388608, min(8388607, value)) for value in samples]))
+        for angle in (30, 120):
+            self.expect(0, "export", "--angle", angle, "--format", "float32", "--output", "b.wav",
+                        "--force", "a.wav")
+            said = subprocess.run(["ffmpeg", "-nostats", "-i", self.path("b.wav"), "-af",
+                                   "ebur128=peak=true+sample", "-f", "null", "-"], check=True,
+                                  capture_output=True, text=True).stderr.split("Summary:")[1]
+            peaks = [float(value) for value in re.findall(r"Peak:\s+(\S+) dBFS", said)]
+            row = self.figures("--angle", angle, "a.wav")
+            self.assertAlmostEqual(row["integrated_lufs"],
+                                   float(re.search(r"I:\s+(\S+) LUFS", said)[1]), delta=0.11)
+            # It takes ten short-term values a second; we take one, as is usual for files.
+            self.assertAlmostEqual(row["range_lu"],
+                                   float(re.search(r"LRA:\s+(\S+) LU", said)[1]), delta=1.0)
+            self.assertAlmostEqual(row["sample_peak_dbfs"], peaks[0], delta=0.06)
+            self.assertAlmostEqual(row["true_peak_dbtp"], peaks[1], delta=0.3)
+
+    def test_a_stretch_is_measured_as_if_cut_out(self):
+        samples = tone(1, -30) + tone(1.5, -10) + tone(1, -40)
+        self.file("a.wav", recording(samples))
+        self.file("b.wav", recording(samples[2 * 52800:2 * 100800]))
+        got = self.measure("--from", "1.1", "--to", "2.1", "a.wav")[0]
+        self.assertEqual(got["seconds"], 1.0)
+        self.assertEqual(got["widths"], self.measure("b.wav")[0]["widths"])
+        self.assertEqual(self.measure("--from", "99", "a.wav")[0]["seconds"], 0)
+
+    def test_null_where_there_is_no_figure(self):
+        self.file("a.wav", recording([0] * 96000))
+        row = self.figures("a.wav")
+        self.assertEqual({row[name] for name in FIGURES[2:]}, {None})
+        self.file("b.wav", recording(tone(0.2, -10)))
+        row = self.figures("b.wav")
+        self.assertIsNone(row["integrated_lufs"])
+        self.assertIsNotNone(row["sample_peak_dbfs"])
+
+    def test_broken_samples(self):
+        values = [0.25, math.nan, math.inf, -math.inf, 1e38, -1e-42] * 4000
+        data = struct.pack(f"<{len(values)}f", *values)
+        self.file("a.wav", wave(fmt(3, 2, 48000, 32), bext(), chunk("data", data)))
+        row = self.figures("a.wav")
+        self.assertIsNone(row["sample_peak_dbfs"])
+        self.expect(0, "measure", "--angles", "all", "a.wav")
+
+    def test_table(self):
+        self.file("a.wav", recording(tone(4, -6)))
+        text = self.expect(0, "measure", "--angles", "0,120,150", "--gain", "12", "a.wav",
+                           err="").stdout
+        lines = text.splitlines()
+        self.assertEqual(lines[0], "a.wav")
+        self.assertIn("4.000 s, 48000 Hz, raw M/S, gain +12 dB", lines[1])
+        self.assertEqual([line.split()[0] for line in lines[4:]], ["0", "120", "150"])
+        self.assertTrue(lines[4].endswith("over full scale"))
+        self.assertNotIn("over full scale", self.expect(0, "measure", "a.wav").stdout)
+
+    def test_csv(self):
+        self.file('a,"b.wav', recording(tone(0.5, -20)))
+        self.file("c.wav", recording([0, 0]))
+        text = self.expect(0, "measure", "--csv", "--angles", "5,6", 'a,"b.wav', "c.wav",
+                           err="").stdout
+        rows = list(csv.DictReader(io.StringIO(text)))
+        self.assertEqual(list(rows[0]), KEYS[:-1] + FIGURES)
+        self.assertEqual([(row["path"], row["angle"]) for row in rows],
+                         [('a,"b.wav', "5"), ('a,"b.wav', "6"), ("c.wav", "5"), ("c.wav", "6")])
+        wanted = self.measure("--angles", "5,6", 'a,"b.wav')[0]["widths"]
+        self.assertEqual(float(rows[1]["true_peak_dbtp"]), wanted[1]["true_peak_dbtp"])
+        self.assertEqual(rows[2]["integrated_lufs"], "")
+
+    def test_several_files_in_the_order_of_the_command_line(self):
+        names = [f"{i}.wav" for i in range(9)]
+        for i, name in enumerate(names):
+            self.file(name, recording([1000 * (i + 1), 0] * 5000))
+        found = self.measure(*names)
+        self.assertEqual([one["path"] for one in found], names)
+        peaks = [one["widths"][0]["sample_peak_dbfs"] for one in found]
+        self.assertEqual(peaks, sorted(peaks))
+        for name, one in zip(names, found):
+            self.assertEqual(one, self.measure(name)[0])
+
+    def test_what_cannot_be_measured_is_told_and_the_rest_done(self):
+        self.file("a.wav", recording(tone(0.1, -20)))
+        self.file("b.wav", b"no sound")
+        result = self.expect(1, "measure", "--json", "b.wav", "a.wav", "c.wav")
+        self.assertEqual(result.stdout.count("\n"), 1)
+        self.assertIn("mixdeck-cli: b.wav: File not supported. ", result.stderr)
+        self.assertIn("mixdeck-cli: c.wav: File not supported. ", result.stderr)
+
+    def test_wrong_usage(self):
+        self.file("a.wav", recording())
+        for words in (["--angle", "151"], ["--angles", "1,x"], ["--angle", "1", "--angles", "2"],
+                      ["--json", "--csv"], ["--gain", "99"], ["--from", "-1"],
+                      ["--from", "2", "--to", "1"]):
+            self.expect(2, "measure", *words, "a.wav", out="")
+        self.expect(2, "measure", out="")
+
+
+if __name__ == "__main__":
+    unittest.main()
