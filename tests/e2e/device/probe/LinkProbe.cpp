@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 //
-// The device link over the ALSA sequencer, with the delegate that the window has, told and asked by
-// lines: what happens is printed as lines of JSON, and what is typed is done.
+// The device link over the ALSA sequencer, with the way to the record that the window has, told and
+// asked by lines: what happens is printed as lines of JSON, and what is typed is done.
 //
 //   battery N, auto-power-off N    change a setting
 //   send LENGTH                    a SysEx message of so many bytes, numbered
@@ -25,6 +25,7 @@
 #include "midi/MIDIPlatform.h"
 #include "midi/MIDISequenceManager.h"
 #include "midi/QtMIDIClock.h"
+#include "midi/RecorderLink.h"
 #include "midi/alsa/AlsaMIDISystem.h"
 
 namespace {
@@ -56,14 +57,13 @@ Json described(const TARNDeviceInfo& info) {
           {"remaining", info._sdRemaining}};
 }
 
-class Probe final : public MIDIManagerDelegate {
+class Probe {
  public:
   explicit Probe(std::shared_ptr<AlsaMIDISystem> system) : _system(std::move(system)) {
     tellAvailability();
     _system->setAvailabilityObserver([this] { tellAvailability(); });
     listen();
-    MIDIManager::get().setDelegate(this);
-    MIDIManager::get().scanTarnDevice();
+    _link.open();
   }
 
   void carryOut(const std::string& line) {
@@ -111,27 +111,16 @@ class Probe final : public MIDIManagerDelegate {
     print({{"event", "endpoints"}, {"sources", names}});
   }
 
-  void MIDIManagerFound() override {
-    print({{"event", "found"}});
-    MIDIManager::get().connect();
-  }
-  void MIDIManagerConnected() override {
-    print({{"event", "connected"}});
-    MIDISequenceManager::get().startConnectSeq([] {
-      print({{"event", "record"}, {"record", described(*MIDISequenceManager::getDeviceInfo())}});
-    });
-  }
-  void MIDIManagerDisconnected() override {
-    print({{"event", "disconnected"}, {"step", MIDISequenceManager::get().connectStep()}});
-    MIDISequenceManager::get().forceStopSeq();
-  }
-  void MIDIManagerReceivedData(const MIDIEventPacket& packet) override {
-    MIDISequenceManager::get().receivedMidi(packet);
-  }
-  void MIDIManagerReceivedData_iOS13(const MIDIPacket& packet, bool isLast) override {
-    MIDISequenceManager::get().receivedMidi_iOS13(packet, isLast);
-  }
+  void tellLost() const { print({{"event", "disconnected"}, {"step", _link.step()}}); }
 
+  RecorderLink _link{
+      {[] {
+         print({{"event", "connected"}});
+       },
+       [] {
+         print({{"event", "record"}, {"record", described(*RecorderLink::record())}});
+       },
+       [this] { tellLost(); }}};
   std::shared_ptr<AlsaMIDISystem> _system;
 };
 
