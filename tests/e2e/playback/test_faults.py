@@ -9,17 +9,28 @@ import time
 import unittest
 
 import numpy
-from playing import CLI, KIND, RATE, Case, Player, SoundServer, expected, heard, noise, wait_for
+from playing import (CLI, KIND, PATIENCE, RATE, Case, Player, SoundServer, expected, heard,
+                     is_in_order, noise, problems, wait_for)
+
+
+def has_socket(process):
+    """The process has begun to talk to somebody."""
+    def target(file):
+        try:
+            return os.readlink(file)
+        except OSError:
+            return ""
+    return any(target(file.path).startswith("socket:")
+               for file in os.scandir(f"/proc/{process}/fd"))
 
 
 class NoServerTest(Case):
-    def test_no_server_is_told_within_a_second_or_two(self):
-        path = self.file(noise(RATE, 24), 24)
+    def test_no_server_is_told_instead_of_waited_for(self):
+        # The recording lasts far longer than the patience: it cannot have ended by itself.
+        path = self.file(noise(60 * RATE, 24), 24)
         environment = dict(self.server.environment, PULSE_SERVER=f"unix:{self.folder}/nobody")
-        start = time.monotonic()
         done = subprocess.run([CLI, "play", path], env=environment, stdin=subprocess.DEVNULL,
-                              capture_output=True, text=True, timeout=20)
-        self.assertLess(time.monotonic() - start, 2.5)
+                              capture_output=True, text=True, timeout=PATIENCE)
         self.assertEqual(done.returncode, 1)
         self.assertEqual(done.stderr,
                          "mixdeck-cli: There is no sound server (Connection refused).\n")
@@ -52,28 +63,30 @@ class GoingServerTest(Case):
         wait_for(lambda: recorder.samples()[-RATE // 10:].any(), "sound")
 
     def test_killed_and_back(self):
-        count = 3 * RATE
+        count = 5 * RATE
         numbers = numpy.arange(1, count + 1)
         frames = numpy.stack([numbers, 0 * numbers], axis=1)
         with Player(self.server, self.file(frames, 24)) as player:
             recorder = self.server.record()
             self.wait_sound(recorder)
             self.server.stop(signal.SIGKILL)
-            wait_for(lambda: "The sound server has gone" in player.shown, "the message", 2)
+            wait_for(lambda: "The sound server has gone" in player.shown, "the message")
             player.wait_line("paused")
             player.press(" ")
-            wait_for(lambda: "There is no sound server" in player.shown, "the next message", 2)
+            wait_for(lambda: "There is no sound server" in player.shown, "the next message")
             before = heard(recorder.stop().samples())[:, 0] * 2 ** 23
+            paused_at = player.seconds()
             self.server.start()
             recorder = self.server.record()
             player.press(" ")
             self.assertEqual(player.wait(), 0)
             recorder.wait_silence()
         after = heard(recorder.stop().samples())[:, 0] * 2 ** 23
-        self.assertTrue((numpy.diff(after) == 1).all(), "in one piece")
+        self.assertTrue(is_in_order(after), "in one piece")
         self.assertEqual(after[-1], count, "to the end")
-        # From where it was heard last; what the vanished server held back may have been recorded.
-        self.assertLess(abs(after[0] - before[-1]), RATE // 5)
+        # From where the time line stood.
+        self.assertGreater(len(before), 0)
+        self.assertEqual((after[0] - 1) // RATE, paused_at)
 
     def test_killed_without_a_terminal(self):
         process = subprocess.Popen([CLI, "play", self.file(noise(30 * RATE, 24), 24)],
@@ -82,23 +95,22 @@ class GoingServerTest(Case):
         with self.server.record() as recorder:
             self.wait_sound(recorder)
             self.server.stop(signal.SIGKILL)
-        _, problems = process.communicate(timeout=3)
+        _, told = process.communicate(timeout=PATIENCE)
         self.assertEqual(process.returncode, 1)
-        self.assertIn("The sound server has gone", problems)
+        self.assertIn("The sound server has gone", told)
 
     def test_a_server_that_hangs_hangs_nobody_else(self):
         with Player(self.server, self.file(noise(30 * RATE, 24), 24)) as player:
             with self.server.record() as recorder:
                 self.wait_sound(recorder)
             self.server.send(signal.SIGSTOP)
-            wait_for(lambda: "The sound server does not answer." in player.shown, "the message", 3)
+            wait_for(lambda: "The sound server does not answer." in player.shown, "the message")
             player.wait_line("paused")
             player.press(" ")
-            wait_for(lambda: player.shown.count("does not answer") == 2, "the next message", 3)
-            start = time.monotonic()
+            wait_for(lambda: player.shown.count("does not answer") == 2, "the next message")
             player.press("q")
-            player.wait(5)
-            self.assertLess(time.monotonic() - start, 1.0)
+            # The server hangs for good: who waits for it never ends.
+            self.assertEqual(player.wait(), 0)
         self.server.send(signal.SIGCONT)
 
     def test_keys_work_while_a_server_hangs(self):
@@ -106,15 +118,13 @@ class GoingServerTest(Case):
             with self.server.record() as recorder:
                 self.wait_sound(recorder)
             self.server.send(signal.SIGSTOP)
-            start = time.monotonic()
             player.press("]")
             player.wait_line("width 125")
+            before = player.seconds()
             player.press("\x1b[C")
-            player.wait_line("00:00:05")
-            self.assertLess(time.monotonic() - start, 1.0)
+            wait_for(lambda: player.seconds() >= before + 5, "the seek")
             player.press("q")
-            player.wait(5)
-            self.assertLess(time.monotonic() - start, 2.0)
+            self.assertEqual(player.wait(), 0)
         self.server.send(signal.SIGCONT)
 
     def test_a_forgotten_drain_is_no_hang(self):
@@ -122,20 +132,30 @@ class GoingServerTest(Case):
         environment = dict(self.server.environment, LD_PRELOAD=os.environ["FORGET_DRAIN"])
         start = time.monotonic()
         done = subprocess.run([CLI, "play", path], env=environment, stdin=subprocess.DEVNULL,
-                              capture_output=True, text=True, timeout=20)
-        self.assertEqual((done.returncode, done.stderr), (0, ""))
-        self.assertGreater(time.monotonic() - start, 1.5, "it did forget")
-        self.assertLess(time.monotonic() - start, 5)
+                              capture_output=True, text=True, timeout=PATIENCE)
+        self.assertEqual((done.returncode, problems(done.stderr)), (0, ""))
+        # Half a second of sound, and a second and a half in which the drain may yet be answered.
+        self.assertGreater(time.monotonic() - start, 1.9, "it did forget")
 
     def test_a_slow_start_is_no_loss(self):
-        frames = noise(RATE // 2, 24)
-        self.server.send(signal.SIGSTOP)
-        player = subprocess.Popen([CLI, "play", self.file(frames, 24)], env=self.server.environment,
-                                  stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
-        time.sleep(0.4)  # the slowness itself
-        self.server.send(signal.SIGCONT)
-        self.assertNotIn("The sound", player.communicate(timeout=20)[1])
-        self.assertEqual(player.returncode, 0)
+        path = self.file(noise(RATE // 2, 24), 24)
+        for _ in range(20):
+            recorder = self.server.record()
+            start = time.monotonic()
+            self.server.send(signal.SIGSTOP)
+            player = subprocess.Popen([CLI, "play", path], env=self.server.environment,
+                                      stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
+            wait_for(lambda: has_socket(player.pid), "the connection")
+            time.sleep(0.4)  # the slowness itself
+            self.server.send(signal.SIGCONT)
+            held = time.monotonic() - start
+            told = problems(player.communicate(timeout=PATIENCE)[1])
+            # On a busy machine the server may have been slow for longer than it is waited for.
+            if held < 1 or not told:
+                break
+        self.assertEqual((player.returncode, told), (0, ""))
+        recorder.wait_silence()
+        self.assertEqual(len(heard(recorder.stop().samples())), RATE // 2)
 
     def test_the_sink_is_removed(self):
         with Player(self.server, self.file(noise(30 * RATE, 24), 24)) as player:
@@ -143,13 +163,13 @@ class GoingServerTest(Case):
                 self.wait_sound(recorder)
             self.server.pactl("unload-module", "module-null-sink")
             if KIND == "pulse":
-                wait_for(lambda: "mixdeck-cli: The sound output" in player.shown, "the message", 5)
+                wait_for(lambda: "mixdeck-cli: The sound output" in player.shown, "the message")
                 player.wait_line("paused")
             else:  # PipeWire puts another sink in its place by itself
                 player.wait_line("00:00:03")
                 self.assertNotIn("mixdeck-cli:", player.shown)
             player.press("q")
-            self.assertEqual(player.wait(5), 0)
+            self.assertEqual(player.wait(), 0)
 
     def test_the_stream_is_moved_to_another_sink(self):
         frames = noise(21 * RATE, 32)
