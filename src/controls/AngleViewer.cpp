@@ -7,8 +7,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "controls/AccessibleFactory.h"
+#include "controls/AdjustableAccessible.h"
 #include "controls/Colors.h"
-#include "controls/ControlsAccessible.h"
 #include "controls/Upward.h"
 
 namespace {
@@ -18,10 +19,14 @@ constexpr double kFullTurn = 360.0;
 constexpr int kGrey = 88;
 constexpr double kTitleReach = 10.0;
 
+QAccessibleInterface* makeReadable(AngleViewer& dial) {
+  return new AdjustableAccessible(&dial, dial, QAccessible::Dial);
+}
+
 }  // namespace
 
 AngleViewer::AngleViewer(QWidget* parent) : QWidget(parent) {
-  ControlsAccessible::install();
+  AccessibleFactory::install<AngleViewer, makeReadable>();
   setAccessibleName(tr("Stereo width"));
   initUI();
 }

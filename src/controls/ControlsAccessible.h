@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Makes the controls readable for assistive software. Each control's constructor calls it, and a
-/// window with pop-ups before it makes them; calling again changes nothing. Interface thread.
+#include "controls/PopupAccessible.h"
+
+/// Makes readable for assistive software what cannot see to it by itself: the toolkit's pop-ups. A
+/// window calls it before it makes them. Interface thread.
 class ControlsAccessible {
  public:
-  static void install();
+  static void install() { PopupAccessible::install(); }
 };

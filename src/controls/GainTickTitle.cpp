@@ -9,8 +9,8 @@
 #include <cmath>
 #include <cstddef>
 
+#include "controls/AccessibleFactory.h"
 #include "controls/Colors.h"
-#include "controls/ControlsAccessible.h"
 #include "controls/Upward.h"
 
 namespace {
@@ -22,10 +22,14 @@ QRectF hitArea(const QRectF& frame) {
   return {0.0, frame.y() - kReachBelow, frame.x() + frame.width(), frame.height() + kReachBelow};
 }
 
+QAccessibleInterface* makeReadable(GainTickTitle& scale) {
+  return new ScaleAccessible(scale, scale);
+}
+
 }  // namespace
 
 GainTickTitle::GainTickTitle(QWidget* parent) : QWidget(parent) {
-  ControlsAccessible::install();
+  AccessibleFactory::install<GainTickTitle, makeReadable>();
   setAccessibleName(tr("Scale"));
   initUI();
 }

@@ -8,6 +8,7 @@
 #include <memory>
 #include <vector>
 
+#include "controls/ScaleAccessible.h"
 #include "controls/TickTextInfo.h"
 
 class GainTickTitle;
@@ -27,7 +28,7 @@ class GainTickTitleDelegate {
 /// A column of labels beside a control, flush right, evenly spaced: the first is centred 30 below
 /// the upper edge, the last 30 above the lower one. Lengths in device-independent pixels. Interface
 /// thread.
-class GainTickTitle : public QWidget {
+class GainTickTitle : public QWidget, public ReadableScale {
   Q_OBJECT
 
  public:
@@ -39,15 +40,18 @@ class GainTickTitle : public QWidget {
   /// Makes the labels of `texts`; none is placed before the next drawing.
   void initTick();
 
-  [[nodiscard]] bool enable() const { return _enable; }
+  [[nodiscard]] bool enable() const override { return _enable; }
   /// White or dimmed. Clicks are reported either way.
   void setEnable(bool enable);
   [[nodiscard]] std::weak_ptr<GainTickTitleDelegate> delegate() const { return _delegate; }
   void setDelegate(const std::weak_ptr<GainTickTitleDelegate>& delegate) { _delegate = delegate; }
 
-  [[nodiscard]] const std::vector<TickTextInfo>& textRectList() const { return _textRectList; }
+  [[nodiscard]] const std::vector<TickTextInfo>& textRectList() const override {
+    return _textRectList;
+  }
   /// Reports a click on this label, as the pointer would.
-  void click(const TickTextInfo& label);
+  void click(const TickTextInfo& label) override;
+  [[nodiscard]] bool isHeard() const override { return !_delegate.expired(); }
 
   [[nodiscard]] QSize sizeHint() const override { return {40, 320}; }
 

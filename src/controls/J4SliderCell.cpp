@@ -9,7 +9,6 @@
 #include "controls/AngleViewer.h"
 #include "controls/Colors.h"
 #include "controls/KeyboardFocus.h"
-#include "controls/Slider.h"
 
 namespace {
 
@@ -48,15 +47,13 @@ void J4SliderCell::setIsVertical(bool vertical) {
   changed();
 }
 
-void J4SliderCell::setControlView(Slider* view) {
+void J4SliderCell::setControlView(SliderCellView* view) {
   _controlView = view;
   changed();
 }
 
 void J4SliderCell::changed() const {
-  if (!_controlView) return;
-  _controlView->updateGeometry();
-  _controlView->update();
+  if (_controlView) _controlView->cellChanged();
 }
 
 QColor J4SliderCell::activeColor() const {
@@ -70,7 +67,7 @@ QRectF J4SliderCell::backgroundOf(const QRectF& track) const {
 
 QRectF J4SliderCell::filledPartOf(const QRectF& track) const {
   const double fraction = _controlView ? _controlView->fraction() : 0.0;
-  const QSizeF view = _controlView ? QSizeF(_controlView->size()) : QSizeF();
+  const QSizeF view = _controlView ? _controlView->viewSize() : QSizeF();
   // The track is not shortened by the margins of the knob, its filled part is; the knob hides both.
   if (!_isVertical)
     return {track.x(), track.y(), fraction * (view.width() - kKnobMargins), kThickness};

@@ -5,7 +5,22 @@
 #include <QPainter>
 #include <QRectF>
 
-class Slider;
+/// What a cell draws.
+class SliderCellView {
+ public:
+  SliderCellView() = default;
+  SliderCellView(const SliderCellView&) = delete;
+  SliderCellView& operator=(const SliderCellView&) = delete;
+  virtual ~SliderCellView() = default;
+
+  /// Where the value lies in the range, 0 to 1.
+  [[nodiscard]] virtual double fraction() const = 0;
+  [[nodiscard]] virtual QSizeF viewSize() const = 0;
+  /// Whether the knob should show the focus ring.
+  [[nodiscard]] virtual bool showsFocus() const = 0;
+  /// The cell draws other than before.
+  virtual void cellChanged() = 0;
+};
 
 /// Draws a slider: a thin round track, its filled part, a round knob; bright, or all grey.
 ///
@@ -20,7 +35,7 @@ class J4SliderCell {
   void setIsVertical(bool vertical);
 
   /// The slider drawn; a slider sets itself when it takes the cell. None: nothing is filled.
-  void setControlView(Slider* view);
+  void setControlView(SliderCellView* view);
 
   /// The track within its rectangle; `flipped` says that y is downward, as it always is here.
   void drawBarInside(QPainter& painter, const QRectF& track, bool flipped) const;
@@ -42,5 +57,5 @@ class J4SliderCell {
 
   bool _sliderEnabled = false;
   bool _isVertical = false;
-  Slider* _controlView = nullptr;  ///< takes itself away when it goes
+  SliderCellView* _controlView = nullptr;  ///< takes itself away when it goes
 };

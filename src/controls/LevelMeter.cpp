@@ -5,11 +5,19 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "controls/ControlsAccessible.h"
+#include "controls/AccessibleFactory.h"
 #include "controls/Upward.h"
 
+namespace {
+
+QAccessibleInterface* makeReadable(LevelMeter& meter) {
+  return new LevelMeterAccessible(meter, meter);
+}
+
+}  // namespace
+
 LevelMeter::LevelMeter(QWidget* parent) : QWidget(parent) {
-  ControlsAccessible::install();
+  AccessibleFactory::install<LevelMeter, makeReadable>();
   initUI();
 }
 

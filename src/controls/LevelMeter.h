@@ -7,6 +7,7 @@
 #include <QWidget>
 #include <cstdint>
 
+#include "controls/LevelMeterAccessible.h"
 #include "controls/LevelMeterPicture.h"
 #include "controls/LevelMeterScale.h"
 
@@ -16,18 +17,18 @@
 ///
 /// All meters of a process share the unit heights of the first that was laid out; they are not
 /// computed again, also not on a resize, on purpose. Interface thread.
-class LevelMeter : public QWidget {
+class LevelMeter : public QWidget, public ReadableLevel {
   Q_OBJECT
 
  public:
   explicit LevelMeter(QWidget* parent = nullptr);
 
-  [[nodiscard]] std::int64_t level() const { return _level; }
+  [[nodiscard]] std::int64_t level() const override { return _level; }
   /// Clamped to at most `maxValue`, then to at least `minValue`. Shown once the meter is laid out.
   void setLevel(std::int64_t level);
-  [[nodiscard]] std::int64_t maxValue() const { return _maxValue; }
+  [[nodiscard]] std::int64_t maxValue() const override { return _maxValue; }
   void setMaxValue(std::int64_t value) { _maxValue = value; }
-  [[nodiscard]] std::int64_t minValue() const { return _minValue; }
+  [[nodiscard]] std::int64_t minValue() const override { return _minValue; }
   void setMinValue(std::int64_t value) { _minValue = value; }
 
   /// Where the mask lies, y upward. The bright picture shows from the bottom up to its upper edge.

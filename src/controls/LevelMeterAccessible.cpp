@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "controls/LevelMeterAccessible.h"
 
-#include "controls/LevelMeter.h"
-
-LevelMeterAccessible::LevelMeterAccessible(LevelMeter& meter)
-    : QAccessibleWidget(&meter, QAccessible::ProgressBar), _meter(meter) {}
+LevelMeterAccessible::LevelMeterAccessible(QWidget& meter, const ReadableLevel& level)
+    : QAccessibleWidget(&meter, QAccessible::ProgressBar), _meter(level) {}
 
 void* LevelMeterAccessible::interface_cast(QAccessible::InterfaceType type) {
   if (type == QAccessible::ValueInterface) return static_cast<QAccessibleValueInterface*>(this);

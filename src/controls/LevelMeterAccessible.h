@@ -3,14 +3,27 @@
 #pragma once
 
 #include <QAccessibleWidget>
+#include <cstdint>
 
-class LevelMeter;
+/// What assistive software reads of a meter.
+class ReadableLevel {
+ public:
+  ReadableLevel() = default;
+  ReadableLevel(const ReadableLevel&) = delete;
+  ReadableLevel& operator=(const ReadableLevel&) = delete;
+  virtual ~ReadableLevel() = default;
+
+  [[nodiscard]] virtual std::int64_t level() const = 0;
+  [[nodiscard]] virtual std::int64_t minValue() const = 0;
+  [[nodiscard]] virtual std::int64_t maxValue() const = 0;
+};
 
 /// A level meter for assistive software: its level in units, to be read only. It sends no events:
 /// nobody wants thirty levels a second read out. Interface thread.
 class LevelMeterAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
  public:
-  explicit LevelMeterAccessible(LevelMeter& meter);
+  /// `level` is of the widget itself.
+  LevelMeterAccessible(QWidget& meter, const ReadableLevel& level);
 
   void* interface_cast(QAccessible::InterfaceType type) override;
   [[nodiscard]] QString text(QAccessible::Text kind) const override;
@@ -23,5 +36,5 @@ class LevelMeterAccessible : public QAccessibleWidget, public QAccessibleValueIn
   [[nodiscard]] QVariant minimumStepSize() const override { return 1.0; }
 
  private:
-  LevelMeter& _meter;
+  const ReadableLevel& _meter;
 };

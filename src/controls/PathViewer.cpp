@@ -7,11 +7,20 @@
 #include <QFontMetricsF>
 #include <QPainter>
 
-#include "controls/ControlsAccessible.h"
+#include "controls/AccessibleFactory.h"
+#include "controls/PathViewerAccessible.h"
 #include "controls/Upward.h"
 
+namespace {
+
+QAccessibleInterface* makeReadable(PathViewer& path) {
+  return new PathViewerAccessible(path, [&path] { return path.lastPathComponent(); });
+}
+
+}  // namespace
+
 PathViewer::PathViewer(QWidget* parent) : QWidget(parent) {
-  ControlsAccessible::install();
+  AccessibleFactory::install<PathViewer, makeReadable>();
   setAccessibleName(tr("Current folder"));
   initUI();
 }

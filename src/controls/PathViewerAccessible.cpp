@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "controls/PathViewerAccessible.h"
 
-#include "controls/PathViewer.h"
+#include <utility>
 
-PathViewerAccessible::PathViewerAccessible(PathViewer& path)
-    : QAccessibleWidget(&path, QAccessible::StaticText), _path(path) {}
+PathViewerAccessible::PathViewerAccessible(QWidget& path, Shown shown)
+    : QAccessibleWidget(&path, QAccessible::StaticText), _shown(std::move(shown)) {}
 
 QString PathViewerAccessible::text(QAccessible::Text kind) const {
-  return kind == QAccessible::Value ? _path.lastPathComponent() : QAccessibleWidget::text(kind);
+  return kind == QAccessible::Value ? _shown() : QAccessibleWidget::text(kind);
 }
 
 QAccessible::State PathViewerAccessible::state() const {

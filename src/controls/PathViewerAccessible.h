@@ -3,17 +3,19 @@
 #pragma once
 
 #include <QAccessibleWidget>
-
-class PathViewer;
+#include <functional>
 
 /// The folder's name for assistive software: a text whose value is what it shows. Interface thread.
 class PathViewerAccessible : public QAccessibleWidget {
  public:
-  explicit PathViewerAccessible(PathViewer& path);
+  using Shown = std::function<QString()>;
+
+  /// `shown` is asked as long as `path` lives.
+  PathViewerAccessible(QWidget& path, Shown shown);
 
   [[nodiscard]] QString text(QAccessible::Text kind) const override;
   [[nodiscard]] QAccessible::State state() const override;
 
  private:
-  PathViewer& _path;
+  Shown _shown;
 };

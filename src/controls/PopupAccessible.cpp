@@ -6,6 +6,21 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 
+#include "controls/AccessibleFactory.h"
+
+namespace {
+
+// One that is edited is a field, as the toolkit has it.
+QAccessibleInterface* makeReadable(QComboBox& popup) {
+  return popup.isEditable() ? nullptr : new PopupAccessible(popup);
+}
+
+}  // namespace
+
+void PopupAccessible::install() {
+  AccessibleFactory::install<QComboBox, makeReadable>();
+}
+
 PopupAccessible::PopupAccessible(QComboBox& popup)
     : QAccessibleWidget(&popup, QAccessible::ComboBox), _popup(popup) {}
 

@@ -11,6 +11,10 @@ class QComboBox;
 /// and description, and the one that is selected in the list below it. Interface thread.
 class PopupAccessible : public QAccessibleWidget {
  public:
+  /// Has the toolkit's pop-ups, which cannot ask for it themselves, read this way from now on. To
+  /// be called before they are made; calling again changes nothing.
+  static void install();
+
   explicit PopupAccessible(QComboBox& popup);
 
   [[nodiscard]] QString text(QAccessible::Text kind) const override;

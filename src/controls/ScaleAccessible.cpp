@@ -4,18 +4,17 @@
 
 #include <cstddef>
 
-#include "controls/GainTickTitle.h"
 #include "controls/Upward.h"
 
-ScaleLabelAccessible::ScaleLabelAccessible(GainTickTitle& scale, int index)
-    : _scale(scale), _index(index) {}
+ScaleLabelAccessible::ScaleLabelAccessible(QWidget& widget, ReadableScale& scale, int index)
+    : _widget(widget), _scale(scale), _index(index) {}
 
 bool ScaleLabelAccessible::isValid() const {
   return static_cast<std::size_t>(_index) < _scale.textRectList().size();
 }
 
 QAccessibleInterface* ScaleLabelAccessible::parent() const {
-  return QAccessible::queryAccessibleInterface(&_scale);
+  return QAccessible::queryAccessibleInterface(&_widget);
 }
 
 QString ScaleLabelAccessible::text(QAccessible::Text kind) const {
@@ -26,15 +25,15 @@ QString ScaleLabelAccessible::text(QAccessible::Text kind) const {
 QRect ScaleLabelAccessible::rect() const {
   if (!isValid()) return {};
   const QRectF frame = _scale.textRectList()[static_cast<std::size_t>(_index)].frame();
-  const QRect local = Upward::rect(frame, _scale.height()).toAlignedRect();
-  return {_scale.mapToGlobal(local.topLeft()), local.size()};
+  const QRect local = Upward::rect(frame, _widget.height()).toAlignedRect();
+  return {_widget.mapToGlobal(local.topLeft()), local.size()};
 }
 
 QAccessible::State ScaleLabelAccessible::state() const {
   QAccessible::State state;
   state.readOnly = true;
   state.disabled = isValid() && !_scale.enable();
-  state.invisible = !isValid() || !_scale.isVisible();
+  state.invisible = !isValid() || !_widget.isVisible();
   return state;
 }
 
@@ -44,7 +43,7 @@ void* ScaleLabelAccessible::interface_cast(QAccessible::InterfaceType type) {
 }
 
 QStringList ScaleLabelAccessible::actionNames() const {
-  const bool isHeard = isValid() && !_scale.delegate().expired();
+  const bool isHeard = isValid() && _scale.isHeard();
   return isHeard ? QStringList{pressAction()} : QStringList{};
 }
 
@@ -53,8 +52,8 @@ void ScaleLabelAccessible::doAction(const QString& name) {
   _scale.click(_scale.textRectList()[static_cast<std::size_t>(_index)]);
 }
 
-ScaleAccessible::ScaleAccessible(GainTickTitle& scale)
-    : QAccessibleWidget(&scale, QAccessible::Grouping), _scale(scale) {}
+ScaleAccessible::ScaleAccessible(QWidget& widget, ReadableScale& scale)
+    : QAccessibleWidget(&widget, QAccessible::Grouping), _widget(widget), _scale(scale) {}
 
 ScaleAccessible::~ScaleAccessible() {
   for (const QAccessible::Id label : _labels) {
@@ -71,7 +70,7 @@ QAccessibleInterface* ScaleAccessible::child(int index) const {
   const auto at = static_cast<std::size_t>(index);
   if (_labels.size() <= at) _labels.resize(at + 1, 0);
   if (_labels[at] == 0) {
-    auto* label = new ScaleLabelAccessible(_scale, index);
+    auto* label = new ScaleLabelAccessible(_widget, _scale, index);
     // The registry keeps it. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
     _labels[at] = QAccessible::registerAccessibleInterface(label);
   }

@@ -4,15 +4,32 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QWidget>
 #include <vector>
 
-class GainTickTitle;
+#include "controls/TickTextInfo.h"
+
+/// What assistive software reads of a scale, and does to it.
+class ReadableScale {
+ public:
+  ReadableScale() = default;
+  ReadableScale(const ReadableScale&) = delete;
+  ReadableScale& operator=(const ReadableScale&) = delete;
+  virtual ~ReadableScale() = default;
+
+  /// Top label first.
+  [[nodiscard]] virtual const std::vector<TickTextInfo>& textRectList() const = 0;
+  [[nodiscard]] virtual bool enable() const = 0;
+  /// Whether anybody hears of clicks.
+  [[nodiscard]] virtual bool isHeard() const = 0;
+  virtual void click(const TickTextInfo& label) = 0;
+};
 
 /// One label of a scale for assistive software; where the scale reports clicks it can be pressed.
 /// It goes with its scale. Interface thread.
 class ScaleLabelAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
-  ScaleLabelAccessible(GainTickTitle& scale, int index);
+  ScaleLabelAccessible(QWidget& widget, ReadableScale& scale, int index);
 
   [[nodiscard]] bool isValid() const override;
   [[nodiscard]] QObject* object() const override { return nullptr; }
@@ -33,7 +50,8 @@ class ScaleLabelAccessible : public QAccessibleInterface, public QAccessibleActi
   [[nodiscard]] QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
  private:
-  GainTickTitle& _scale;
+  QWidget& _widget;
+  ReadableScale& _scale;
   int _index;
 };
 
@@ -41,7 +59,8 @@ class ScaleLabelAccessible : public QAccessibleInterface, public QAccessibleActi
 /// Interface thread.
 class ScaleAccessible : public QAccessibleWidget {
  public:
-  explicit ScaleAccessible(GainTickTitle& scale);
+  /// `scale` is the widget itself.
+  ScaleAccessible(QWidget& widget, ReadableScale& scale);
   ~ScaleAccessible() override;
 
   [[nodiscard]] int childCount() const override;
@@ -50,6 +69,7 @@ class ScaleAccessible : public QAccessibleWidget {
   [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override;
 
  private:
-  GainTickTitle& _scale;
+  QWidget& _widget;
+  ReadableScale& _scale;
   mutable std::vector<QAccessible::Id> _labels;  ///< made when asked for; 0 until then
 };

@@ -10,8 +10,8 @@
 #include <cmath>
 #include <utility>
 
-#include "controls/ControlsAccessible.h"
-#include "controls/J4SliderCell.h"
+#include "controls/AccessibleFactory.h"
+#include "controls/AdjustableAccessible.h"
 
 namespace {
 
@@ -28,10 +28,14 @@ double travel(double length) {
   return length - J4SliderCell::knobDiameter(kKnobSide, kKnobSide);
 }
 
+QAccessibleInterface* makeReadable(Slider& slider) {
+  return new AdjustableAccessible(&slider, slider, QAccessible::Slider);
+}
+
 }  // namespace
 
 Slider::Slider(QWidget* parent) : QWidget(parent) {
-  ControlsAccessible::install();
+  AccessibleFactory::install<Slider, makeReadable>();
   setFocusPolicy(Qt::StrongFocus);
   setCell(std::make_shared<J4SliderCell>());
 }
@@ -44,6 +48,12 @@ void Slider::setCell(std::shared_ptr<J4SliderCell> cell) {
   if (_cell) _cell->setControlView(nullptr);
   _cell = std::move(cell);
   if (_cell) _cell->setControlView(this);
+  update();
+}
+
+void Slider::cellChanged() {
+  updateGeometry();
+  update();
 }
 
 bool Slider::isVertical() const {

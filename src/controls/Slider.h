@@ -9,15 +9,14 @@
 #include <memory>
 
 #include "controls/Adjustable.h"
+#include "controls/J4SliderCell.h"
 #include "controls/KeyboardFocus.h"
 #include "controls/StepInput.h"
-
-class J4SliderCell;
 
 /// A slider over a range of doubles, drawn by a J4SliderCell, which also says whether it is
 /// upright. A press on the knob takes hold of it; a press elsewhere brings it there. Interface
 /// thread.
-class Slider : public QWidget, public Adjustable {
+class Slider : public QWidget, public Adjustable, public SliderCellView {
   Q_OBJECT
 
  public:
@@ -26,7 +25,7 @@ class Slider : public QWidget, public Adjustable {
   ~Slider() override;
 
   [[nodiscard]] std::shared_ptr<J4SliderCell> cell() const { return _cell; }
-  /// A cell draws one slider: it leaves the one that had it before.
+  /// A cell draws one slider, the last that took it. Without a cell nothing is drawn.
   void setCell(std::shared_ptr<J4SliderCell> cell);
 
   [[nodiscard]] double minimum() const { return _minimum; }
@@ -39,7 +38,7 @@ class Slider : public QWidget, public Adjustable {
   /// Clamped to the range; not a number is ignored. Does not emit `valueAdjusted`.
   void setValue(double value);
   /// Where the value lies in the range, 0 to 1; 0 in an empty range.
-  [[nodiscard]] double fraction() const;
+  [[nodiscard]] double fraction() const override;
   /// For keys and wheel, in units of the value; 0 is a hundredth or a tenth of the range, as it is
   /// from the start.
   void setSteps(double fine, double coarse);
@@ -48,7 +47,10 @@ class Slider : public QWidget, public Adjustable {
   [[nodiscard]] QRectF barRect() const;
   [[nodiscard]] QRectF knobRect() const;
   /// Whether the knob should show the focus ring.
-  [[nodiscard]] bool showsFocus() const { return hasFocus() && _focus.isShown(); }
+  [[nodiscard]] bool showsFocus() const override { return hasFocus() && _focus.isShown(); }
+
+  [[nodiscard]] QSizeF viewSize() const override { return size(); }
+  void cellChanged() override;
 
   [[nodiscard]] bool isAdjustable() const override { return isEnabled(); }
   [[nodiscard]] double adjustableValue() const override { return _value; }

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QTest>
 #include <cmath>
+#include <memory>
 #include <numbers>
 
 #include "Hands.h"
@@ -133,6 +134,7 @@ TEST_F(RedrawOfSlider, ForItsCell) {
   EXPECT_TRUE(repaints([this] { control.cell()->setSliderEnabled(true); }));
   EXPECT_TRUE(repaints([this] { control.cell()->setIsVertical(true); }));
   EXPECT_TRUE(repaints([this] { control.setCell(std::make_shared<J4SliderCell>()); }));
+  EXPECT_TRUE(repaints([this] { control.setCell(nullptr); }));
 }
 
 struct RedrawOfScale : Redraw<GainTickTitle> {
