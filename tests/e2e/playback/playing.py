@@ -27,6 +27,7 @@ from sound import PATIENCE, RATE, SoundServer, wait_for  # noqa: E402
 KIND = sys.argv.pop(1) if len(sys.argv) > 1 and sys.argv[1] in ("pulse", "pipewire") else "pulse"
 CLI = os.path.join(os.environ["MIXDECK_BIN"], "mixdeck-cli")
 BUFFER = 4800  # frames
+HOLE = 100  # frames of silence that no recording in here has
 SCALE = numpy.float32(2.0 ** -23)
 
 
@@ -147,14 +148,16 @@ class Case(unittest.TestCase):
 
     def play_recorded(self, *arguments):
         """Plays and returns all that the sink heard, silence at both ends included. A machine so
-        busy that the output ran dry, which the program tells, gets another try."""
+        busy that the output ran dry, which the program tells, or that the sound server left a hole
+        gets another try; what the player does wrong it does each time."""
         for _ in range(20):
             with self.server.record() as recorder:
                 recorder.wait_frames(RATE // 20)
                 done = self.run_play(*arguments)
                 recorder.wait_silence()
                 samples = recorder.stop().samples()
-            if "ran dry" not in done.stderr:
+            places = numpy.flatnonzero(samples.any(axis=1))
+            if "ran dry" not in done.stderr and (numpy.diff(places) < HOLE).all():
                 break
         self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
         return samples

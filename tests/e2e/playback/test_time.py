@@ -9,7 +9,7 @@ import time
 import unittest
 
 import numpy
-from playing import KIND, RATE, Case, noise
+from playing import KIND, RATE, Case
 
 # PulseAudio's null sink renders as far ahead as the recorder asks for, and hands that to its monitor
 # when it begins to be heard.
@@ -42,12 +42,12 @@ class TimedRecorder:
         self.process.stdout.close()
         raw = b"".join(self.pieces)
         self.samples = numpy.frombuffer(raw[:len(raw) // 8 * 8], "<f4").reshape(-1, 2)
-        # A block arrives as soon as it begins to be heard; the least delayed tells when.
-        self.origin = min(at - total / RATE for at, total in self.arrivals) + AHEAD
 
     def moment(self, frame):
-        """When a frame was heard."""
-        return self.origin + frame / RATE
+        """When a frame was heard. A block arrives as soon as it begins to be heard; the least delayed
+        of the next second tells when, as a busy server's time may stand still now and then."""
+        near = [at - total / RATE for at, total in self.arrivals if frame <= total <= frame + RATE]
+        return min(near) + frame / RATE + AHEAD
 
 
 class TimeTest(Case):
@@ -63,14 +63,20 @@ class TimeTest(Case):
 
     def errors(self):
         """How far the told times are from what was heard, in one run."""
-        lines, recorder = self.probe(noise(4 * RATE, 32))
+        numbers = numpy.arange(1, 4 * RATE + 1)
+        frames = numpy.stack([numbers * 2.0 ** -23, 0 * numbers], axis=1).astype(numpy.float32)
+        lines, recorder = self.probe(frames)
         told = [(float(at), float(seconds)) for at, seconds in lines]
         times = [seconds for _, seconds in told]
         self.assertEqual(times, sorted(times))
         self.assertEqual(times[-1], 4.0)
-        first = numpy.argmax(recorder.samples.any(axis=1))
-        return numpy.array([seconds - (at - recorder.moment(first)) for at, seconds in told
-                            if 0.1 < seconds < 3.9])
+        # Each frame's place in the recording; a busy server may have left some out.
+        place = numpy.full(4 * RATE + 1, -1)
+        heard_numbers = numpy.rint(recorder.samples[:, 0] * 2.0 ** 23).astype(int)
+        place[heard_numbers] = numpy.arange(len(heard_numbers))
+        return numpy.array([at - recorder.moment(place[int(seconds * RATE)])
+                            for at, seconds in told
+                            if 0.1 < seconds < 3.9 and place[int(seconds * RATE)] >= 0])
 
     def test_it_follows_what_is_heard_within_50_ms(self):
         """A busy machine makes the errors larger, never smaller, and single ones very large where
@@ -100,17 +106,16 @@ class TimeTest(Case):
         return {what: recorder.moment(frame) - at[what] for what, frame in changes.items()}
 
     def test_volume_seek_and_pause_are_heard_within_100_ms(self):
-        """A busy machine makes it later, never sooner: the soonest of some runs counts."""
-        soonest = {}
+        """On a busy machine it is later, or seems to be sooner where the sound had run dry, but not
+        in every run; what is wrong in the player is wrong in every run."""
+        wrong = {"volume", "seek", "pause"}
         for _ in range(10):
             for what, delay in self.delays().items():
                 print(f"{KIND}: {what} is heard after {1000 * delay:.0f} ms")
-                soonest[what] = min(delay, soonest.get(what, delay))
-            if max(soonest.values()) < 0.1:
+                wrong -= {what} if -0.02 < delay < 0.1 else set()
+            if not wrong:
                 break
-        for what, delay in soonest.items():
-            self.assertLess(delay, 0.1, what)
-            self.assertGreater(delay, -0.02, what)
+        self.assertEqual(wrong, set())
 
 
 if __name__ == "__main__":
