@@ -27,8 +27,8 @@ struct AQPlayerState {
   std::int64_t currentPacket = 0;  ///< next one to read
   std::uint32_t numPacketsToRead = 0;
   std::uint64_t packetCount = 0;
-  bool isRunning = false;
-  bool isDone = false;  ///< read to the end, or a read failed
+  bool isRunning = false;  ///< nothing reads it; the queue knows whether it runs
+  bool isDone = false;     ///< read to the end, or a read failed
   bool isInitialized = false;
   std::string openedPath;
   double durationSeconds = 0;

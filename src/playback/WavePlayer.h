@@ -61,17 +61,12 @@ class WavePlayer {
   void setPosition(double position);
   /// Linear; ignored outside 0.0 to 1.0.
   void setVolume(double volume);
-  [[nodiscard]] double volume() const { return _volume; }
   void cleanUp();
 
-  /// As it was opened.
-  [[nodiscard]] const std::string& fileUrl() const { return _fileUrl; }
   [[nodiscard]] PlayState play_state() const { return _play_state; }
   /// Sets the state and tells nobody.
   void changeState(PlayState state);
   void notifyStateChanged();
-  /// "STATE NOT FOUND" for a value that is none.
-  static std::string state2Str(PlayState state);
 
   /// The file has been read to its end; it may still be heard.
   [[nodiscard]] bool getIsDone() const { return _player->getIsDone(); }
@@ -105,6 +100,14 @@ class WavePlayer {
     return _player->timeFromPosition(position);
   }
 
+  // What belongs to the interface of a player although no program calls it.
+  /// As it was opened.
+  [[nodiscard]] const std::string& fileUrl() const { return _fileUrl; }
+  [[nodiscard]] double volume() const { return _volume; }
+  /// "STATE NOT FOUND" for a value that is none.
+  static std::string state2Str(PlayState state);
+
+  // The steps of a buffer's way; nobody but the player itself calls them in a program.
   /// Decodes and scales one buffer in place: 24-bit integers and 32-bit floats; all else is left
   /// untouched. No allocation once the scratch is large enough.
   void processSampleBuffer(AudioQueueBuffer& buffer, const AudioFormat& info,
