@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Exports through the dialogs, byte for byte what the tool writes."""
 
+import os
 import subprocess
 import unittest
 
@@ -11,12 +12,20 @@ DATE = slice(56 + 320, 56 + 338)  # of origination, in the broadcast extension
 
 
 class ExportTest(Case):
-    def loaded(self, name="R0001.WAV"):
+    def loaded(self, name="R0001.WAV", environment=None):
         """The program with a take that has been opened."""
-        program = self.start()
+        program = self.start(environment=environment)
         self.open(program, name)
         program.wait(lambda: program.find("push button", "Export").has("enabled"), "the take")
         return program
+
+    def loaded_slowly(self):
+        """The same, with a long take on a slow medium: its export takes minutes, however fast or
+        busy the machine is, so that there is time for any number of questions meanwhile."""
+        self.long_take("R0001.WAV", 12000)
+        return self.loaded(environment={"LD_PRELOAD": os.environ["SLOW_READS"],
+                                        "MIXDECK_SLOW_FOLDER": str(self.takes.resolve()),
+                                        "MIXDECK_SLOW_RATE": "20000000"})
 
     def open_dialog(self, program):
         program.find("push button", "Export").click()
@@ -128,8 +137,7 @@ class ExportTest(Case):
         self.assertEqual(self.files(program), ["R0001.WAV"])
 
     def test_a_long_export_is_told_and_cancelled(self):
-        self.long_take("R0001.WAV", 12000)
-        program = self.loaded()
+        program = self.loaded_slowly()
         self.open_dialog(program)
         self.save(program)
         bar = program.find("progress bar", "Progress")
@@ -142,9 +150,8 @@ class ExportTest(Case):
         self.assertEqual(sorted(path.name for path in self.takes.iterdir()), ["R0001.WAV"])
 
     def test_another_take_may_be_opened_meanwhile(self):
-        self.long_take("R0001.WAV", 12000)
         self.take("R0002.WAV")
-        program = self.loaded()
+        program = self.loaded_slowly()
         self.open_dialog(program)
         self.save(program)
         bar = program.find("progress bar", "Progress")
@@ -159,8 +166,7 @@ class ExportTest(Case):
         program.wait_gone("progress bar", "Progress")
 
     def test_the_end_asks_while_an_export_runs(self):
-        self.long_take("R0001.WAV", 12000)
-        program = self.loaded()
+        program = self.loaded_slowly()
         self.open_dialog(program)
         self.save(program)
         program.find("progress bar", "Progress")
