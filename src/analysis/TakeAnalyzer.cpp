@@ -20,7 +20,7 @@ constexpr std::uint64_t kMostMemory = 28U << 20;  // of all workers
 constexpr auto kReportEvery = std::chrono::milliseconds(100);
 
 TakeLayout layoutOf(const WaveFileReader& reader, const TakeAnalyzer::Options& options) {
-  const std::uint64_t frames = FrameStream(reader).framesLeft();
+  const std::uint64_t frames = reader.frameCount();
   const std::uint64_t end = std::min(options.endFrame, frames);
   const std::uint64_t count = end - std::min(options.firstFrame, end);
   return {reader.header().SampleRate, count, reader.isBoMSFormat()};

@@ -15,6 +15,7 @@
 namespace {
 
 constexpr std::size_t kMostPieceFrames = 256;
+constexpr std::size_t kMostReadFrames = 1 << 15;
 constexpr std::size_t kPartFrames = 32;  // of a piece, for the values between samples
 constexpr std::size_t kReach = std::max(Oversampling::kBefore, Oversampling::kAfter);
 using Values = PeakEnvelope::Values;
@@ -46,7 +47,8 @@ UnitPass::UnitPass(const WaveFileReader& reader, const TakeLayout& layout, std::
       _firstFrame(firstFrame),
       _extremes(layout.isRawMidSide() ? PeakEnvelope::kRawExtremes : PeakEnvelope::kPlainExtremes),
       _mayBeInfinite(reader.encoding() == kFormatFloat),
-      _stream(reader, cancel),
+      _cancel(cancel),
+      _stream(reader),
       _between(2 * kPartFrames) {
   if (layout.hasLoudness()) _weighting = KWeighting::forRate(layout.sampleRate());
 }
@@ -86,8 +88,18 @@ bool UnitPass::fill(std::size_t unit) {
   std::ranges::fill(frames(0, skipped), 0.0F);
   std::ranges::fill(frames(skipped + count, _buffer.size() / 2), 0.0F);
   _stream.seek(_firstFrame + from);
-  if (_stream.read(frames(skipped, skipped + count)) != count) return false;
+  if (!read(skipped, skipped + count)) return false;
   _isFinite = !_mayBeInfinite || AnalysisKernels::areFinite(_buffer);
+  return true;
+}
+
+// In parts, so that a cancel does not wait for a slow medium.
+bool UnitPass::read(std::size_t begin, std::size_t end) {
+  while (begin < end) {
+    const std::size_t part = std::min(end, begin + kMostReadFrames);
+    if (*_cancel || _stream.read(frames(begin, part)) != part - begin) return false;
+    begin = part;
+  }
   return true;
 }
 

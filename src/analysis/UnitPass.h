@@ -27,7 +27,7 @@
 /// waveform, where infinity counts. One thread at a time.
 class UnitPass {
  public:
-  /// `firstFrame` of the file is frame 0 of the layout. `*cancel` ends a wait for the medium.
+  /// `firstFrame` of the file is frame 0 of the layout. `*cancel` ends a run early.
   UnitPass(const WaveFileReader& reader, const TakeLayout& layout, std::uint64_t firstFrame,
            const std::atomic<bool>* cancel);
 
@@ -50,6 +50,7 @@ class UnitPass {
   };
 
   bool fill(std::size_t unit);
+  bool read(std::size_t begin, std::size_t end);
   [[nodiscard]] std::span<float> frames(std::size_t begin, std::size_t end);
   void findExtremes(UnitResult& result);
   void addBin(std::size_t begin, std::size_t end);
@@ -72,6 +73,7 @@ class UnitPass {
   KWeighting _weighting;
   std::size_t _extremes;  ///< values of each piece that count
   bool _mayBeInfinite;    ///< as samples of the file
+  const std::atomic<bool>* _cancel;
   FrameStream _stream;
   std::vector<float> _buffer;  ///< a block before the unit, the unit, and a few frames after it
   std::size_t _unitFrames = 0;

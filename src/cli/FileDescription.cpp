@@ -113,7 +113,7 @@ FileDescription::FileDescription(const std::filesystem::path& path) {
     describeBext();
   }
   _json["duration_seconds"] = _reader ? _reader->durationSeconds() : 0.0;
-  _json["frames"] = _reader ? FrameStream(*_reader).framesLeft() : 0;
+  _json["frames"] = _reader ? _reader->frameCount() : 0;
   _json["sample_rate"] = _reader ? _reader->header().SampleRate : 0;
 }
 
