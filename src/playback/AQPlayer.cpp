@@ -12,9 +12,6 @@
 namespace {
 
 constexpr double kMsPerSecond = 1000.0;
-constexpr double kBufferSeconds = 0.1;
-constexpr std::uint32_t kMostBytes = 0x10000;
-constexpr std::uint32_t kLeastBytes = 0x4000;
 
 }  // namespace
 
@@ -31,17 +28,6 @@ AQPlayer::~AQPlayer() {
 
 AQPlayerState& AQPlayer::state() const {
   return _playing.state();
-}
-
-std::uint32_t AQPlayer::bufferByteSize(std::uint32_t maxPacketSize, double sampleRate,
-                                       std::uint32_t framesPerPacket) {
-  std::uint32_t size = std::max(maxPacketSize, kMostBytes);
-  if (framesPerPacket != 0) {
-    const double packets = sampleRate / framesPerPacket * kBufferSeconds;
-    size = static_cast<std::uint32_t>(std::min(maxPacketSize * packets, double{UINT32_MAX}));
-  }
-  if (size > kMostBytes && size > maxPacketSize) return kMostBytes;
-  return std::max(size, kLeastBytes);
 }
 
 void AQPlayer::play(bool resume) {

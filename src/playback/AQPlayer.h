@@ -48,10 +48,6 @@ class AQPlayer {
   /// Why the file could not be opened or read to its end; empty when it could.
   [[nodiscard]] const std::string& readFailure() const;
 
-  /// Bytes of one buffer: a tenth of a second of packets, between 16 KiB and 64 KiB.
-  static std::uint32_t bufferByteSize(std::uint32_t maxPacketSize, double sampleRate,
-                                      std::uint32_t framesPerPacket);
-
  private:
   [[nodiscard]] AQPlayerState& state() const;
   void seekTo(std::int64_t packet);

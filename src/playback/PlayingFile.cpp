@@ -5,16 +5,19 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdio>
 
 #include "base/EB.h"
 #include "base/Log.h"
-#include "playback/AQPlayer.h"
 #include "playback/AudioBackends.h"
 
 namespace {
 
 constexpr double kMsPerSecond = 1000.0;
+constexpr double kBufferSeconds = 0.1;
+constexpr std::uint32_t kMostBytes = 0x10000;
+constexpr std::uint32_t kLeastBytes = 0x4000;
 
 }  // namespace
 
@@ -70,6 +73,17 @@ void PlayingFile::AQOpenFile(const std::string& path) {
   _state.openedPath = path;
 }
 
+std::uint32_t PlayingFile::bufferByteSize(std::uint32_t maxPacketSize, double sampleRate,
+                                          std::uint32_t framesPerPacket) {
+  std::uint32_t size = std::max(maxPacketSize, kMostBytes);
+  if (framesPerPacket != 0) {
+    const double packets = sampleRate / framesPerPacket * kBufferSeconds;
+    size = static_cast<std::uint32_t>(std::min(maxPacketSize * packets, double{UINT32_MAX}));
+  }
+  if (size > kMostBytes && size > maxPacketSize) return kMostBytes;
+  return std::max(size, kLeastBytes);
+}
+
 void PlayingFile::makeOutput() {
   if (_state.output) _state.underruns += _state.output->underruns();
   const AudioFormat& format = _state.dataFormat;
@@ -90,8 +104,7 @@ void PlayingFile::AQSetUpQueue() {
                             [this](const std::string& why) { AQOutputLost(why); }});
   const AudioFormat& format = _state.dataFormat;
   const std::uint32_t maxPacketSize = format.bytesPerPacket;
-  _state.bufferByteSize =
-      AQPlayer::bufferByteSize(maxPacketSize, format.sampleRate, format.framesPerPacket);
+  _state.bufferByteSize = bufferByteSize(maxPacketSize, format.sampleRate, format.framesPerPacket);
   _state.numPacketsToRead = maxPacketSize > 0 ? _state.bufferByteSize / maxPacketSize : 0;
   _state.queue->allocateBuffers(_state.bufferByteSize);
 }

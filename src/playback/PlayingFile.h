@@ -41,6 +41,10 @@ class PlayingFile {
   /// Of all outputs since the state is new.
   [[nodiscard]] std::uint64_t underruns() const;
 
+  /// Bytes of one buffer: a tenth of a second of packets, between 16 KiB and 64 KiB.
+  static std::uint32_t bufferByteSize(std::uint32_t maxPacketSize, double sampleRate,
+                                      std::uint32_t framesPerPacket);
+
  private:
   PlayingFile() = default;
 

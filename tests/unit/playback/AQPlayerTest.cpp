@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "PlaybackFixture.h"
+#include "playback/PlayingFile.h"
 #include "playback/wave/WaveAudioFile.h"
 
 using testing::Contains;
@@ -30,14 +31,14 @@ class AQPlayerTest : public PlaybackFixture {
 };
 
 TEST(AQPlayerBufferSize, IsATenthOfASecondWithinLimits) {
-  EXPECT_EQ(AQPlayer::bufferByteSize(6, 48000, 1), 28800U);
-  EXPECT_EQ(AQPlayer::bufferByteSize(4, 44100, 1), 17640U);
-  EXPECT_EQ(AQPlayer::bufferByteSize(6, 192000, 1), 65536U);
-  EXPECT_EQ(AQPlayer::bufferByteSize(2, 8000, 1), 16384U);
-  EXPECT_EQ(AQPlayer::bufferByteSize(100, 48000, 0), 65536U);
-  EXPECT_EQ(AQPlayer::bufferByteSize(70000, 48000, 0), 70000U);
-  EXPECT_EQ(AQPlayer::bufferByteSize(70000, 48000, 4800), 70000U);
-  EXPECT_EQ(AQPlayer::bufferByteSize(0, 0, 0), 65536U);
+  EXPECT_EQ(PlayingFile::bufferByteSize(6, 48000, 1), 28800U);
+  EXPECT_EQ(PlayingFile::bufferByteSize(4, 44100, 1), 17640U);
+  EXPECT_EQ(PlayingFile::bufferByteSize(6, 192000, 1), 65536U);
+  EXPECT_EQ(PlayingFile::bufferByteSize(2, 8000, 1), 16384U);
+  EXPECT_EQ(PlayingFile::bufferByteSize(100, 48000, 0), 65536U);
+  EXPECT_EQ(PlayingFile::bufferByteSize(70000, 48000, 0), 70000U);
+  EXPECT_EQ(PlayingFile::bufferByteSize(70000, 48000, 4800), 70000U);
+  EXPECT_EQ(PlayingFile::bufferByteSize(0, 0, 0), 65536U);
 }
 
 TEST_F(AQPlayerTest, PlaysTheWholeFileOnceAndTellsTheEnd) {
