@@ -8,6 +8,7 @@ import pty
 import re
 import signal
 import subprocess
+import time
 import unittest
 
 from mixdeck import (CLI, Case, as_nobody, bext, chunk, fmt, pack24, recording, side_gain, single,
@@ -184,11 +185,20 @@ class DemoTest(Case):
 
 
 class ProgressTest(Case):
-    def run_on_terminal(self, *arguments, interrupt_at=None):
-        """Runs an export with a terminal for standard error; returns status and what it showed."""
+    @staticmethod
+    def hold(process):
+        """Lets more time pass for the program than between two drawings, however fast it is."""
+        process.send_signal(signal.SIGSTOP)
+        time.sleep(0.15)
+        process.send_signal(signal.SIGCONT)
+
+    def run_on_terminal(self, *arguments, at=None, do=None):
+        """Runs an export with a terminal for standard error; returns status and what it showed.
+        When it first shows `at`, `do` is called with the process, which lets the test go first
+        wherever both want to run."""
         master, slave = pty.openpty()
         with subprocess.Popen([CLI, "export", *arguments], stdout=subprocess.PIPE, stderr=slave,
-                              cwd=self.folder) as process:
+                              cwd=self.folder, preexec_fn=lambda: os.nice(5)) as process:
             os.close(slave)
             shown = b""
             while True:
@@ -199,16 +209,16 @@ class ProgressTest(Case):
                 if not part:
                     break
                 shown += part
-                if interrupt_at and interrupt_at in shown:
-                    process.send_signal(signal.SIGINT)
-                    interrupt_at = None
+                if at and at in shown:
+                    do(process)
+                    at = None
             process.wait(timeout=60)
         os.close(master)
         return process.returncode, shown.decode()
 
     def test_a_terminal_shows_how_far_it_is(self):
         self.big_recording("long.wav", 1800)
-        status, shown = self.run_on_terminal("long.wav")
+        status, shown = self.run_on_terminal("long.wav", at=b" %  0 of 1 done", do=self.hold)
         self.assertEqual(status, 0)
         percents = [int(text) for text in re.findall(r"(\d+) %  0 of 1 done  long.wav", shown)]
         self.assertGreater(len(percents), 1)
@@ -227,7 +237,8 @@ class ProgressTest(Case):
 
     def test_an_interrupt_clears_the_line(self):
         self.big_recording("long.wav", 3600)
-        status, shown = self.run_on_terminal("long.wav", interrupt_at=b" %  0 of 1 done")
+        status, shown = self.run_on_terminal("long.wav", at=b" %  0 of 1 done",
+                                             do=lambda process: process.send_signal(signal.SIGINT))
         self.assertEqual(status, 1)
         self.assertTrue(shown.endswith("\r\x1b[Kmixdeck-cli: cancelled\r\n"), repr(shown[-80:]))
         self.assertEqual(self.names(), ["long.wav"])

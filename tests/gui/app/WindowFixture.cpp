@@ -80,7 +80,7 @@ std::filesystem::path WindowFixture::folder(const std::string& name) const {
 void WindowFixture::waitFor(const std::function<bool()>& condition, const char* what) {
   QTimer deadline;
   deadline.setSingleShot(true);
-  deadline.start(std::chrono::seconds(10));
+  deadline.start(std::chrono::minutes(1));
   while (!condition() && deadline.isActive()) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }

@@ -44,7 +44,7 @@ class WindowFixture : public testing::Test {
   std::filesystem::path file(const std::string& name) const;
   std::filesystem::path folder(const std::string& name) const;
 
-  /// Lets the event loop run until it holds; fails the test after ten seconds.
+  /// Lets the event loop run until it holds; fails the test after a minute.
   static void waitFor(const std::function<bool()>& condition, const char* what);
   /// Lists again and waits for the answer.
   void refresh();
