@@ -18,7 +18,9 @@
 #include "cli/Problem.h"
 #include "dsp/Kernels.h"
 #include "dsp/MidSideDecoder.h"
+#include "dsp/SideGain.h"
 #include "export/BwfWriter.h"
+#include "export/Recognition.h"
 
 namespace fs = std::filesystem;
 
@@ -37,7 +39,6 @@ constexpr std::array kRecordings{
     Recording{"R0003.WAV", "Mixdeck demo: the same walk as plain left and right", true, false},
 };
 
-constexpr int kPlainAngle = 120;
 constexpr std::size_t kBlockFloats = 9600;
 
 // What the recorder's header has in common with an export's: two channels and the rate.
@@ -58,10 +59,9 @@ std::unique_ptr<WaveFileReader> blankRecording() {
 BextChunkInfo extensionOf(const Recording& recording) {
   BextChunkInfo info;
   info.Description = recording.description;
-  info.Originator = "TARN J4";
+  info.Originator = Recognition::kRecorder;
   info.OriginatorReference = fmt::format("DEMO{}", recording.name).substr(0, 9);
-  info.CodingHistory = fmt::format("A=PCM,F=48000,W={},M=stereo,T=J4;VERSION=1.00;MSRAW={};",
-                                   recording.is24bit ? 24 : 32, recording.isRaw ? "ON" : "OFF");
+  info.CodingHistory = Recognition::codingHistory(recording.is24bit ? 24 : 32, recording.isRaw);
   return info;
 }
 
@@ -72,7 +72,7 @@ void writeSamples(const Recording& recording, BwfWriter& writer) {
   for (std::uint64_t left = 2 * DemoScene::kFrames; left > 0; left -= block.size()) {
     block.resize(std::min<std::uint64_t>(left, kBlockFloats));
     scene.fill(block);
-    if (!recording.isRaw) MidSideDecoder::decode(block, kPlainAngle);
+    if (!recording.isRaw) MidSideDecoder::decode(block, SideGain::kUnityAngle);
     if (!recording.is24bit) {
       writer.Write(block.data(), static_cast<std::uint32_t>(4 * block.size()));
       continue;

@@ -10,6 +10,7 @@
 
 #include "cli/Command.h"
 #include "cli/ExportPlan.h"
+#include "cli/NumberCheck.h"
 #include "cli/ProgressLine.h"
 #include "export/Export.h"
 
@@ -31,7 +32,7 @@ class ExportCommand : public Command {
   std::vector<std::filesystem::path> _files;
   std::filesystem::path _output;
   std::filesystem::path _outputFolder;
-  double _angle = 120;
+  double _angle = kDefaultAngle;
   double _gain = 0;
   std::string _format = "24";
   unsigned _jobs = 0;

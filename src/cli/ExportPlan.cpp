@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "export/AtomicFile.h"
+#include "export/Export.h"
 
 namespace fs = std::filesystem;
 
@@ -17,7 +18,7 @@ namespace {
 fs::path targetFor(const fs::path& source, const fs::path& output, const fs::path& folder) {
   if (!output.empty()) return output;
   const fs::path where = folder.empty() ? source.parent_path() : folder;
-  return where / (source.stem().native() + "_Decode.WAV");
+  return where / Export::nameFor(source);
 }
 
 // One text for one file, whatever the way to it.

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "cli/Command.h"
+#include "cli/NumberCheck.h"
 
 /// `levels`: the two values that the level meters take for a stretch of a recording.
 class LevelsCommand : public Command {
@@ -17,5 +18,5 @@ class LevelsCommand : public Command {
   double _from = 0;
   double _to = 0;
   double _gain = 0;
-  double _angle = 120;
+  double _angle = kDefaultAngle;
 };

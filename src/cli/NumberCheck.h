@@ -4,9 +4,13 @@
 
 #include <CLI/CLI.hpp>
 
+#include "dsp/GainStage.h"
+#include "dsp/SideGain.h"
+
 /// What the options of the commands accept.
-inline constexpr double kMostAngle = 150;  ///< degrees of stereo width
-inline constexpr double kMostGain = 36;    ///< dB up and down
+inline constexpr double kMostAngle = SideGain::kMaxAngle;       ///< degrees of stereo width
+inline constexpr double kDefaultAngle = SideGain::kUnityAngle;  ///< where none is given
+inline constexpr double kMostGain = GainStage::kMostGain;       ///< dB up and down
 inline constexpr double kMostSeconds = 1e9;
 
 /// Accepts a finite real number from `least` to `most`, both included; not "nan".

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "cli/Command.h"
+#include "cli/NumberCheck.h"
 #include "wav/WaveFileReader.h"
 
 /// `play`: lets a recording be heard as it would be exported. On a terminal it shows a time line
@@ -22,7 +23,7 @@ class PlayCommand : public Command {
   [[nodiscard]] int fail(std::string_view text, std::string_view reason) const;
 
   std::filesystem::path _file;
-  double _angle = 120;
+  double _angle = kDefaultAngle;
   double _gain = 0;
   double _volume = 1;
   double _from = 0;

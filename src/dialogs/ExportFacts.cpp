@@ -30,7 +30,7 @@ ExportFacts::ExportFacts(const Export& job)
 }
 
 QString ExportFacts::proposedName() const {
-  return QFile::decodeName(source.stem().c_str()) + QStringLiteral("_Decode.WAV");
+  return QFile::decodeName(Export::nameFor(source).c_str());
 }
 
 QString ExportFacts::widthText() const {

@@ -15,6 +15,8 @@ class GainStage {
  public:
   /// Frames over which a changed gain glides, 20 ms at 48 kHz.
   static constexpr std::size_t kRampFrames = 960;
+  /// The gains that programs let a user set: so many dB up and down.
+  static constexpr int kMostGain = 36;
 
   /// 10^(dB / 20), taken in double and rounded to float.
   static float factor(double dB);

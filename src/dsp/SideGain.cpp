@@ -11,11 +11,10 @@
 namespace {
 
 constexpr int kLastCoarseAngle = 15;
-constexpr int kUnityAngle = 120;
 
 double sideGainInDB(int angle) {
   if (angle <= kLastCoarseAngle) return -48.0 + (angle - 1) * 27.0 / 14.0;
-  return (angle - kUnityAngle) * 0.2;
+  return (angle - SideGain::kUnityAngle) * 0.2;
 }
 
 using Table = std::array<float, SideGain::kMaxAngle + 1>;

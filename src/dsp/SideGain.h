@@ -12,6 +12,8 @@ class SideGain {
  public:
   static constexpr int kMinAngle = 0;
   static constexpr int kMaxAngle = 150;
+  /// Side as loud as it was recorded: the plain sum and difference.
+  static constexpr int kUnityAngle = 120;
 
   /// The linear factor of an angle in degrees. Angles outside 0..150 are clamped to that range.
   static float factor(std::int64_t angle);

@@ -27,7 +27,7 @@ std::string field(const WavArray& chunk, BextField field) {
 }
 
 std::string historyOf(int bits) {
-  return fmt::format("A=PCM,F=48000,W={},M=stereo,T=J4;VERSION=1.00;MSRAW=OFF;", bits);
+  return Recognition::codingHistory(bits, false);
 }
 
 // Appends floats in the width of the export.
@@ -41,6 +41,10 @@ void write(std::span<const float> samples, bool is24bit, BwfWriter& writer) {
 }
 
 }  // namespace
+
+std::filesystem::path Export::nameFor(const std::filesystem::path& source) {
+  return source.stem().native() + "_Decode.WAV";
+}
 
 Export::Export(const std::filesystem::path& filePath)
     : _dirPath(filePath.parent_path()), _filePath(filePath) {

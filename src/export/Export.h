@@ -30,15 +30,14 @@ class Export {
   /// Told how much of the work is done, 0 to 1, on the thread that exports.
   using Progress = std::function<void(double done)>;
 
+  /// The name that an export of `source` gets where nobody chose one: "<name>_Decode.WAV".
+  static std::filesystem::path nameFor(const std::filesystem::path& source);
+
   explicit Export(const std::filesystem::path& filePath);
   Export(const Export&) = delete;
   Export& operator=(const Export&) = delete;
   ~Export() { cleanUp(); }
 
-  /// Takes `data` as the source: true for a WAVE file with a bext chunk of at least 602 bytes whose
-  /// originator contains "TARN J4". Sets the reader, and its `isBoMSFormat` where the coding
-  /// history contains "MSRAW=ON".
-  bool checkFileValid(std::span<const std::byte> data);
   [[nodiscard]] bool IsFileValid() const { return _isFileValid; }
 
   /// The extension of the output: dated now, version 1, time reference 0; description, originator,
@@ -68,7 +67,6 @@ class Export {
   void setDirPath(const std::filesystem::path& path) { _dirPath = path; }
 
   [[nodiscard]] bool normalize() const { return _normalize; }
-  void setNormalize(bool on) { _normalize = on; }
   /// dB, positive is louder; no part in a normalised export.
   [[nodiscard]] double gain() const { return _gain; }
   void setGain(double dB) { _gain = dB; }
@@ -83,6 +81,15 @@ class Export {
   void setCancelFlag(const std::atomic<bool>* cancel) { _cancel = cancel; }
   /// Whether an existing target may be replaced; it may, unless this says otherwise.
   void setExisting(AtomicFile::Existing existing) { _existing = existing; }
+
+  // No program calls what follows; it belongs to the system's interface.
+
+  /// Takes `data` as the source: true for a WAVE file with a bext chunk of at least 602 bytes whose
+  /// originator contains "TARN J4". Sets the reader, and its `isBoMSFormat` where the coding
+  /// history contains "MSRAW=ON".
+  bool checkFileValid(std::span<const std::byte> data);
+  /// For the `export2File` that is not told.
+  void setNormalize(bool on) { _normalize = on; }
 
  private:
   struct Attenuation {

@@ -5,13 +5,10 @@
 
 #include <fmt/format.h>
 
-#include <string_view>
-
 #include "wav/BextLayout.h"
 
 namespace {
 
-constexpr std::string_view kRecorder = "TARN J4";
 constexpr std::string_view kRawMark = "MSRAW=ON";
 
 bool contains(const std::string& text, std::string_view part) {
@@ -19,6 +16,11 @@ bool contains(const std::string& text, std::string_view part) {
 }
 
 }  // namespace
+
+std::string Recognition::codingHistory(int bits, bool isRawMidSide) {
+  return fmt::format("A=PCM,F=48000,W={},M=stereo,T=J4;VERSION=1.00;MSRAW={};", bits,
+                     isRawMidSide ? "ON" : "OFF");
+}
 
 Recognition::Recognition(const WaveFileReader& reader) : _whyNot(examine(reader)) {
   _isRecorder = _whyNot.empty();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "wav/WavArray.h"
@@ -12,6 +13,11 @@
 /// broadcast extension says. Immutable once made.
 class Recognition {
  public:
+  /// What the recorder's originator holds.
+  static constexpr std::string_view kRecorder = "TARN J4";
+  /// The coding history of a file of this sample width.
+  static std::string codingHistory(int bits, bool isRawMidSide);
+
   Recognition() = default;
   explicit Recognition(const WaveFileReader& reader);
 
@@ -21,8 +27,7 @@ class Recognition {
   [[nodiscard]] bool isRawMidSide() const { return _isRawMidSide; }
   /// Why `isRecorder` is false, in words for people; empty when it is true.
   [[nodiscard]] const std::string& whyNot() const { return _whyNot; }
-  /// The payload of the bext chunk, as much of it as is ever used; empty where there is none.
-  [[nodiscard]] const WavArray& bextChunk() const { return _bextChunk; }
+  /// The payload of the bext chunk, as much of it as is ever used, once; empty where there is none.
   WavArray takeBextChunk() { return std::move(_bextChunk); }
 
  private:
