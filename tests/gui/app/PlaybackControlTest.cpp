@@ -168,8 +168,7 @@ TEST_F(Playback, LevelsShowWhatIsLeftAndRightAtTheAngleOfTheDial) {
   take("R0001.WAV");
   startOnTakes();
   open("R0001.WAV");
-  const auto image = controller().exportJob()->reader()->image();
-  ASSERT_TRUE(image->waitUntilLoaded(image->size()));
+  letLevelsArrive();
   view().sliderStereo->setNewAngle(120.0);
   controller().updateLevelMeter(1.0 / 30.0);
   EXPECT_EQ(view().lvlLeft->level(), 46) << "20 log10(0.75) + 48 = 45.50";
