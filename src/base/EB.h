@@ -24,8 +24,6 @@ class EB {
 
   /// Makes the shared instance and takes hold of the default centre; later calls do nothing.
   static void initData();
-  /// The shared instance, whoever asks and however often; null before `initData`.
-  static EB* init();
   /// The centre that events go through; null before `initData`.
   static NotificationCenter* center();
 
@@ -42,6 +40,11 @@ class EB {
   /// Logs the event, then tells all its subscribers.
   static void FIRE(std::string_view name);
   static void FIRE(std::string_view name, const std::any& data);
+
+  // No program calls what follows; it belongs to the system's interface.
+
+  /// The shared instance, whoever asks and however often; null before `initData`.
+  static EB* init();
 
  private:
   EB() = default;

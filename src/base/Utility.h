@@ -19,6 +19,9 @@ class Utility {
   /// The stored value; none when there is none.
   static std::optional<std::string> getStringValue(std::string_view key);
 
+  // No program calls what follows; it belongs to the system's interface.
+
+  /// Starts the stopwatch.
   static void stopWatch_start();
   /// Seconds since the last start, which goes on counting; 0 without a start.
   static double stopWatch_stop();

@@ -53,11 +53,15 @@ class BwfWriter {
   [[nodiscard]] const std::string& failure() const { return _failure; }
   /// What is held in memory: the whole file, or what has not been streamed yet.
   [[nodiscard]] std::span<const std::byte> data() const { return _data; }
-  [[nodiscard]] std::uint32_t dataLength() const { return _dataLength; }
-  [[nodiscard]] std::uint32_t dataChunkSizePosition() const { return _dataChunkSizePosition; }
-
   /// Four characters as a 32-bit little-endian identifier; 0 for any other length.
   static std::uint32_t stringToInt32(std::string_view text);
+
+  // No program calls what follows; it belongs to the system's interface.
+
+  /// Sample bytes so far.
+  [[nodiscard]] std::uint32_t dataLength() const { return _dataLength; }
+  /// Where the data chunk's size field is.
+  [[nodiscard]] std::uint32_t dataChunkSizePosition() const { return _dataChunkSizePosition; }
 
  private:
   void append(std::span<const std::byte> bytes);

@@ -75,8 +75,6 @@ class WaveFileReader {
   [[nodiscard]] std::uint64_t readDataIdx() const { return _cursor.readDataIdx(); }
   /// The cursor, for reading in blocks.
   SampleCursor& cursor() { return _cursor; }
-  /// Decodes the frame at the start of `data`; see `FrameDecoder`.
-  void getSample(float& left, float& changeRight, std::span<const std::byte> data) const;
 
   /// Lets samples be read from the file where they are not at hand; see `SampleCursor`.
   void waitForMedium(const std::atomic<bool>* cancel = nullptr) { _cursor.waitForMedium(cancel); }
@@ -104,6 +102,14 @@ class WaveFileReader {
   /// Lets go of the image; it is freed with its last reader. No samples after this.
   void dispose();
 
+  /// An angle truncated toward zero to whole degrees and clamped to what the table holds.
+  static int wholeAngle(double angle);
+
+  // No program calls what follows; it belongs to the system's interface.
+
+  /// Decodes the frame at the start of `data`; see `FrameDecoder`.
+  void getSample(float& left, float& changeRight, std::span<const std::byte> data) const;
+
   // The signal operations, in place on interleaved pairs of floats; see `MidSideDecoder` and
   // `GainStage`. `bits` is not used by any of them. The plain forms count `sampleLength` in floats
   // (an odd count also touches the float after it), the ForPlaying forms in frames, on purpose.
@@ -117,9 +123,6 @@ class WaveFileReader {
                            double dBR);
   static void COM_AdjustdBForPlaying(int bits, float* sample, std::uint64_t sampleLength,
                                      const AdjustDBInfo* info);
-
-  /// An angle truncated toward zero to whole degrees and clamped to what the table holds.
-  static int wholeAngle(double angle);
 
  private:
   explicit WaveFileReader(std::shared_ptr<WaveImage> image);
