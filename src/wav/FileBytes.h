@@ -28,7 +28,7 @@ class FileBytes {
   [[nodiscard]] std::uint64_t size() const { return _size; }
   /// Copies bytes from `offset` on and returns how many, less than asked only at the end or where
   /// reading failed, which `failure` then tells: that of a file that became shorter, too.
-  std::size_t readAt(std::uint64_t offset, std::span<std::byte> to) const;
+  [[nodiscard]] std::size_t readAt(std::uint64_t offset, std::span<std::byte> to) const;
 
   /// Why reading failed the last time that it did; empty when it never did.
   [[nodiscard]] std::string failure() const;

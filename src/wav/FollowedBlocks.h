@@ -40,7 +40,7 @@ class FollowedBlocks : public std::enable_shared_from_this<FollowedBlocks> {
   /// How many bytes from `offset` on are at hand.
   [[nodiscard]] std::uint64_t heldFrom(std::uint64_t offset) const;
   /// Copies bytes from `offset` on that are at hand, and returns how many.
-  std::size_t read(std::uint64_t offset, std::span<std::byte> to) const;
+  [[nodiscard]] std::size_t read(std::uint64_t offset, std::span<std::byte> to) const;
 
  private:
   /// What a block of the ring holds: the first bytes of one block of the file.

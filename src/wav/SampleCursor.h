@@ -61,7 +61,7 @@ class SampleCursor {
   std::span<const std::byte> bytesHere();
   std::uint64_t readPiece(std::span<float> frames);
   bool readApart(float& left, float& right);
-  std::size_t read(std::uint64_t offset, std::span<std::byte> to) const;
+  [[nodiscard]] std::size_t read(std::uint64_t offset, std::span<std::byte> to) const;
   void fetch();
 
   std::shared_ptr<const WaveImage> _image;

@@ -52,11 +52,11 @@ class WaveImage {
   /// after they are followed. Never waits.
   [[nodiscard]] std::uint64_t heldFrom(std::uint64_t offset) const;
   /// Copies bytes from `offset` on that are at hand, and returns how many. Never waits.
-  std::size_t readHeld(std::uint64_t offset, std::span<std::byte> to) const;
+  [[nodiscard]] std::size_t readHeld(std::uint64_t offset, std::span<std::byte> to) const;
 
   /// Copies bytes from `offset` on, from memory or the file. Returns how many were there, less than
   /// asked only at the end or on a read error (which `failure` then tells). Waits for the medium.
-  std::size_t readAt(std::uint64_t offset, std::span<std::byte> to) const;
+  [[nodiscard]] std::size_t readAt(std::uint64_t offset, std::span<std::byte> to) const;
   /// `count` bytes from `offset` on, fewer where `readAt` would give fewer: in place where the
   /// image is in memory, else read into `scratch`.
   std::span<const std::byte> view(std::uint64_t offset, std::size_t count,

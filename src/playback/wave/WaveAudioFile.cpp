@@ -67,7 +67,7 @@ std::uint64_t WaveAudioFile::encodingOf(const WaveIndex& index) const {
   const auto isFormat = [](const ChunkInfo& chunk) { return chunk.chunkID == kFmtID; };
   const auto last = std::find_if(index.chunks.rbegin(), index.chunks.rend(), isFormat);
   std::array<std::byte, 2> tag{};
-  _image->readAt(last->streamPos + kSubFormatOffset, tag);
+  if (_image->readAt(last->streamPos + kSubFormatOffset, tag) < tag.size()) return 0;
   return std::to_integer<std::uint64_t>(tag[0]) | std::to_integer<std::uint64_t>(tag[1]) << 8;
 }
 
