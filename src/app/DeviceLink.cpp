@@ -29,6 +29,6 @@ void DeviceLink::attach(MainView& view) {
 }
 
 void DeviceLink::showReason(MainView& view) const {
-  view.lblStatus->say(StatusLine::Topic::Device,
-                      QString::fromStdString(_machine->unavailableReason()));
+  view.player->lblStatus->say(StatusLine::Topic::Device,
+                              QString::fromStdString(_machine->unavailableReason()));
 }

@@ -4,12 +4,10 @@
 #include "app/MainView.h"
 
 #include <QAccessibleWidget>
+#include <QAction>
 #include <QHBoxLayout>
-#include <QMenu>
 #include <QVBoxLayout>
 
-#include "app/MainViewParts.h"
-#include "controls/Artwork.h"
 #include "controls/Colors.h"
 #include "controls/ControlsAccessible.h"
 
@@ -17,7 +15,6 @@ namespace {
 
 constexpr int kOuter = 16;
 constexpr int kGap = 12;
-constexpr int kLeftWidth = 318;
 
 QString lookOfParts() {
   return QStringLiteral(
@@ -34,7 +31,7 @@ QString lookOfParts() {
              "#btnPlayPause:hover { background: %3; }"
              "#btnPlayPause:pressed { background: %4; }"
              "#btnPlayPause:focus { border-color: %5; }"
-             "#btnExport { background: %1; border-radius: 8px; padding: 0; min-height: 32px; }"
+             "#btnExport { background: %1; border-radius: 8px; padding: 0 12px; min-height: 32px; }"
              "#btnExport:hover { background: %3; }"
              "#btnExport:pressed { background: %4; }")
       .arg(Colors::ControlColor().name(), Colors::AppBGLight().name(), Colors::hover().name(),
@@ -63,53 +60,24 @@ MainView::MainView(QWidget* parent) : QWidget(parent) {
   all->setContentsMargins(kOuter, kOuter, kOuter, kOuter);
   all->setSpacing(kGap);
   all->addLayout(left);
-  all->addWidget(makePlayerPane(), 1);
+  player = new PlayerView(this);
+  all->addWidget(player, 1);
   makeMenu();
   setTabOrders();
 }
 
-void MainView::setAlpha(QLabel& caption, double alpha) {
-  QPalette palette = caption.palette();
-  QColor colour = Colors::WHITE();
-  colour.setAlphaF(static_cast<float>(alpha));
-  palette.setColor(QPalette::WindowText, colour);
-  caption.setPalette(palette);
-}
-
-QAction* MainView::addAction(const QString& text, const QKeySequence& keys) {
-  auto* const action = new QAction(text, this);
-  action->setShortcut(keys);
-  QWidget::addAction(action);
-  btnMenu->menu()->addAction(action);
-  return action;
-}
-
 void MainView::makeMenu() {
-  auto* const menu = new QMenu(btnMenu);
-  btnMenu->setMenu(menu);
-  btnMenu->setPopupMode(QToolButton::InstantPopup);
-  actionOpenFolder = addAction(tr("&Open folder…"), QKeySequence::Open);
-  actionExport = addAction(tr("&Export…"), Qt::CTRL | Qt::Key_E);
-  menu->addSeparator();
-  actionIntroduction = addAction(tr("&Introduction"), {});
-  actionHelp = addAction(tr("Online &help"), QKeySequence::HelpContents);
-  actionAbout = addAction(tr("&About"), {});
-  menu->addSeparator();
-  actionQuit = addAction(tr("&Quit"), QKeySequence::Quit);
-  connect(menu, &QMenu::aboutToShow, this,
-          [this] { actionExport->setEnabled(btnExport->isEnabled()); });
-  connect(menu, &QMenu::aboutToHide, this, [this] { actionExport->setEnabled(true); });
+  menu = new WindowMenu(*this);
+  player->btnMenu->setMenu(menu);
+  player->btnMenu->setPopupMode(QToolButton::InstantPopup);
   auto* const open = new QAction(this);
   open->setShortcut(Qt::Key_F10);
-  QWidget::addAction(open);
-  connect(open, &QAction::triggered, btnMenu, &QToolButton::showMenu);
+  addAction(open);
+  connect(open, &QAction::triggered, player->btnMenu, &QToolButton::showMenu);
 }
 
 void MainView::setTabOrders() {
-  QWidgetList order = browser->tabOrder();
-  order += {btnPlayPause, sliderTime, btnVolume, sliderVolume,
-            sliderStereo, sliderGain, btnExport, btnMenu};
-  order += device->tabOrder();
+  const QWidgetList order = browser->tabOrder() + player->tabOrder() + device->tabOrder();
   for (qsizetype next = 1; next < order.size(); ++next) setTabOrder(order[next - 1], order[next]);
   browser->tableFile->setFocus();
 }

@@ -4,6 +4,7 @@
 #include "app/MainViewParts.h"
 
 #include "controls/Artwork.h"
+#include "controls/Colors.h"
 
 void MainViewParts::makeGround(QWidget& widget, const char* name) {
   widget.setObjectName(QLatin1String(name));
@@ -33,4 +34,12 @@ void MainViewParts::setFace(QAbstractButton& button, const QString& artwork, con
   button.setIcon(Artwork::icon(artwork));
   button.setAccessibleName(name);
   button.setToolTip(name);
+}
+
+void MainViewParts::setAlpha(QLabel& caption, double alpha) {
+  QPalette palette = caption.palette();
+  QColor colour = Colors::WHITE();
+  colour.setAlphaF(static_cast<float>(alpha));
+  palette.setColor(QPalette::WindowText, colour);
+  caption.setPalette(palette);
 }

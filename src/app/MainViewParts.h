@@ -25,6 +25,8 @@ class MainViewParts {
   static QToolButton* pictureButton(QWidget* parent, int side, int picture);
   /// Marks an action that stands for a button: picture and name for assistive software.
   static void setFace(QAbstractButton& button, const QString& artwork, const QString& name);
+  /// Text colour of a caption at this opacity, 0 to 1.
+  static void setAlpha(QLabel& caption, double alpha);
 
  private:
   static void style(QLabel& label, const char* role, const QString& text);

@@ -8,7 +8,7 @@
 StatusLine::StatusLine(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
   setWordWrap(true);
-  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 
 void StatusLine::say(Topic topic, const QString& sentence) {
@@ -23,4 +23,10 @@ void StatusLine::say(Topic topic, const QString& sentence) {
 QString StatusLine::message(Topic topic) const {
   const auto found = std::ranges::find(_messages, topic, &Message::topic);
   return found == _messages.end() ? QString() : found->sentence;
+}
+
+QSize StatusLine::sizeHint() const {
+  constexpr int kLines = 3;
+  ensurePolished();
+  return {0, kLines * fontMetrics().height()};
 }

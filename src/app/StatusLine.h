@@ -20,8 +20,9 @@ class StatusLine : public QLabel {
   void clear(Topic topic) { say(topic, {}); }
   [[nodiscard]] QString message(Topic topic) const;
 
-  /// Asks for no width: what does not fit is in the tool tip.
-  [[nodiscard]] QSize minimumSizeHint() const override { return {0, 0}; }
+  /// Asks for three lines and no width: what does not fit is in the tool tip.
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
  private:
   struct Message {

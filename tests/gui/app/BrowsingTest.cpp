@@ -88,7 +88,8 @@ TEST_F(Browsing, NoDesktopEitherIsAnEmptyListAndAQuietLine) {
   Utility::store(Utility::kLastOpenFolder, "/no/such/folder");
   start();
   EXPECT_THAT(rows(), ElementsAre());
-  EXPECT_EQ(view().lblStatus->text(), "“Desktop” cannot be read: No such file or directory");
+  EXPECT_EQ(view().player->lblStatus->text(),
+            "“Desktop” cannot be read: No such file or directory");
   EXPECT_THAT(log.get(), testing::Contains("eeee"));
 }
 
@@ -143,8 +144,8 @@ TEST_F(Browsing, ReturnWorksWhereverTheFocusIs) {
   const auto inner = folder("Bells");
   startOnTakes();
   clickRow("Bells");
-  view().sliderVolume->setFocus();
-  QTest::keyClick(view().sliderVolume, Qt::Key_Return);
+  view().player->sliderVolume->setFocus();
+  QTest::keyClick(view().player->sliderVolume, Qt::Key_Return);
   waitForFolder(inner);
 }
 
@@ -260,12 +261,12 @@ TEST_F(Browsing, ChosenFolderIsOpened) {
 
 TEST_F(Browsing, MenuOpensTheInformationDialogs) {
   startOnTakes();
-  view().actionAbout->trigger();
+  view().menu->actionAbout->trigger();
   ASSERT_NE(shown<AboutVC>(), nullptr);
   EXPECT_EQ(shown<AboutVC>()->versionString(), controller().versionString());
   EXPECT_EQ(shown<AboutVC>()->parentFrame(), view().frameGeometry());
   shown<AboutVC>()->close();
-  view().actionIntroduction->trigger();
+  view().menu->actionIntroduction->trigger();
   ASSERT_NE(shown<IntroductionVC>(), nullptr);
   EXPECT_TRUE(shown<IntroductionVC>()->fromMenu());
 }

@@ -18,21 +18,21 @@ namespace {
 class Playback : public WindowFixture {
  protected:
   void expectIdle() const {
-    EXPECT_EQ(view().lblFileName->text(), "");
-    EXPECT_EQ(view().lblTimeCurrent->text(), "--:--:--");
-    EXPECT_EQ(view().lblTimeTotal->text(), "--:--:--");
+    EXPECT_EQ(view().player->lblFileName->text(), "");
+    EXPECT_EQ(view().player->lblTimeCurrent->text(), "--:--:--");
+    EXPECT_EQ(view().player->lblTimeTotal->text(), "--:--:--");
     for (const QWidget* const control : std::initializer_list<const QWidget*>{
-             view().btnPlayPause, view().btnExport, view().sliderTime, view().sliderGain,
-             view().imgDevice}) {
+             view().player->btnPlayPause, view().player->btnExport, view().player->sliderTime,
+             stage().sliderGain, stage().imgDevice}) {
       EXPECT_FALSE(control->isEnabled());
     }
-    EXPECT_FALSE(view().sliderTime->cell()->sliderEnabled());
-    EXPECT_FALSE(view().sliderGain->cell()->sliderEnabled());
-    EXPECT_EQ(view().sliderTime->value(), 0.0);
-    EXPECT_FALSE(view().sliderStereo->enable());
-    EXPECT_FALSE(view().tickOfGain->enable());
-    EXPECT_EQ(alphaOf(*view().lblStereo), 128);
-    EXPECT_EQ(alphaOf(*view().lblGain), 128);
+    EXPECT_FALSE(view().player->sliderTime->cell()->sliderEnabled());
+    EXPECT_FALSE(stage().sliderGain->cell()->sliderEnabled());
+    EXPECT_EQ(view().player->sliderTime->value(), 0.0);
+    EXPECT_FALSE(stage().sliderStereo->enable());
+    EXPECT_FALSE(stage().tickOfGain->enable());
+    EXPECT_EQ(alphaOf(*stage().lblStereo), 128);
+    EXPECT_EQ(alphaOf(*stage().lblGain), 128);
   }
   static int alphaOf(const QLabel& label) {
     return label.palette().color(QPalette::WindowText).alpha();
@@ -46,25 +46,25 @@ class Playback : public WindowFixture {
   /// Where a position slider's knob stands for a fraction.
   [[nodiscard]] QPointF onTime(double fraction) const {
     const double radius = 9.0;
-    const Slider& slider = *view().sliderTime;
+    const Slider& slider = *view().player->sliderTime;
     return {radius + fraction * (slider.width() - 2 * radius), slider.height() / 2.0};
   }
-  [[nodiscard]] QString playName() const { return view().btnPlayPause->accessibleName(); }
+  [[nodiscard]] QString playName() const { return view().player->btnPlayPause->accessibleName(); }
 };
 
 TEST_F(Playback, IsIdleAtFirst) {
   startOnTakes();
   expectIdle();
   EXPECT_EQ(playName(), "Play");
-  EXPECT_EQ(view().sliderVolume->value(), 0.5);
-  EXPECT_TRUE(view().sliderVolume->cell()->sliderEnabled());
-  EXPECT_EQ(view().sliderTime->maximum(), 100.0);
-  EXPECT_EQ(view().sliderGain->minimum(), -36.0);
-  EXPECT_EQ(view().sliderGain->maximum(), 36.0);
-  EXPECT_EQ(view().lvlLeft->maxValue(), 54);
-  EXPECT_TRUE(view().tickOfLevel->enable());
-  EXPECT_EQ(view().tickOfGain->texts().join(u' '), "+36 +24 +12 0 -12 -24 -36");
-  EXPECT_EQ(view().tickOfLevel->texts().join(u' '), "+6 0 -6 -12 -18 -24 -36 -48");
+  EXPECT_EQ(view().player->sliderVolume->value(), 0.5);
+  EXPECT_TRUE(view().player->sliderVolume->cell()->sliderEnabled());
+  EXPECT_EQ(view().player->sliderTime->maximum(), 100.0);
+  EXPECT_EQ(stage().sliderGain->minimum(), -36.0);
+  EXPECT_EQ(stage().sliderGain->maximum(), 36.0);
+  EXPECT_EQ(stage().lvlLeft->maxValue(), 54);
+  EXPECT_TRUE(stage().tickOfLevel->enable());
+  EXPECT_EQ(stage().tickOfGain->texts().join(u' '), "+36 +24 +12 0 -12 -24 -36");
+  EXPECT_EQ(stage().tickOfLevel->texts().join(u' '), "+6 0 -6 -12 -18 -24 -36 -48");
 }
 
 TEST_F(Playback, ButtonsWithoutAFileDoNothing) {
@@ -85,17 +85,17 @@ TEST_F(Playback, DoubleClickOpensAndPlays) {
   startOnTakes();
   open("R0001.WAV");
   EXPECT_EQ(state(), PLAY_STATE_PLAY);
-  EXPECT_EQ(view().lblFileName->text(), "R0001.WAV");
-  EXPECT_EQ(view().lblFormat->text(), "Raw M/S · 24-bit · 48 kHz");
-  EXPECT_EQ(view().lblTimeTotal->text(), "00:00:10");
-  EXPECT_EQ(view().lblTimeCurrent->text(), "00:00:00");
-  EXPECT_EQ(view().sliderTime->maximum(), 1.0);
+  EXPECT_EQ(view().player->lblFileName->text(), "R0001.WAV");
+  EXPECT_EQ(view().player->lblFormat->text(), "Raw M/S · 24-bit · 48 kHz");
+  EXPECT_EQ(view().player->lblTimeTotal->text(), "00:00:10");
+  EXPECT_EQ(view().player->lblTimeCurrent->text(), "00:00:00");
+  EXPECT_EQ(view().player->sliderTime->maximum(), 1.0);
   EXPECT_EQ(playName(), "Pause");
-  EXPECT_TRUE(view().sliderStereo->enable());
-  EXPECT_TRUE(view().imgDevice->isEnabled());
-  EXPECT_TRUE(view().tickOfGain->enable());
-  EXPECT_EQ(alphaOf(*view().lblStereo), 255);
-  EXPECT_EQ(alphaOf(*view().lblGain), 255);
+  EXPECT_TRUE(stage().sliderStereo->enable());
+  EXPECT_TRUE(stage().imgDevice->isEnabled());
+  EXPECT_TRUE(stage().tickOfGain->enable());
+  EXPECT_EQ(alphaOf(*stage().lblStereo), 255);
+  EXPECT_EQ(alphaOf(*stage().lblGain), 255);
   EXPECT_EQ(timer("timerUpdateCurrentTime")->interval(), 200);
   EXPECT_EQ(timer("timerLevel")->interval(), 33);
   EXPECT_TRUE(timer("timerLevel")->isActive());
@@ -107,30 +107,29 @@ TEST_F(Playback, StereoFileKeepsTheDialDisabledAndItsAngle) {
   take("LR.WAV", 480'000, false, true);
   startOnTakes();
   open("MS.WAV");
-  view().sliderStereo->setNewAngle(90.7);
+  stage().sliderStereo->setNewAngle(90.7);
   EXPECT_EQ(player().angle(), 90);
-  EXPECT_EQ(view().lblStereoValue->text(), "90°");
+  EXPECT_EQ(stage().lblStereoValue->text(), "90°");
   open("LR.WAV");
-  EXPECT_EQ(view().lblFormat->text(), "Stereo · 32-bit float · 48 kHz");
-  EXPECT_FALSE(view().sliderStereo->enable());
-  EXPECT_FALSE(view().imgDevice->isEnabled());
-  EXPECT_EQ(alphaOf(*view().lblStereo), 128);
-  EXPECT_EQ(alphaOf(*view().lblGain), 255);
+  EXPECT_EQ(view().player->lblFormat->text(), "Stereo · 32-bit float · 48 kHz");
+  EXPECT_FALSE(stage().sliderStereo->enable());
+  EXPECT_FALSE(stage().imgDevice->isEnabled());
+  EXPECT_EQ(alphaOf(*stage().lblStereo), 128);
+  EXPECT_EQ(alphaOf(*stage().lblGain), 255);
   EXPECT_EQ(player().angle(), 90);
 }
 
 TEST_F(Playback, WhatIsHeardFollowsDialGainAndVolume) {
   take("R0001.WAV");
   startOnTakes();
-  view().sliderVolume->setValue(1.0);
+  view().player->sliderVolume->setValue(1.0);
   open("R0001.WAV");
   play(1000);
   // Mono is the middle alone, on both sides.
   EXPECT_NEAR(output->played()[90'000], 0.5F, 1e-5);
   EXPECT_NEAR(output->played()[90'001], 0.5F, 1e-5);
-  view().sliderGain->setValue(-6.0);
-  controller().sliderGainValueChanged(view().sliderGain);
-  view().sliderStereo->setNewAngle(90.0);
+  setGain(-6.0);
+  stage().sliderStereo->setNewAngle(90.0);
   play(1000);
   const auto& played = output->played();
   EXPECT_LT(played[played.size() - 2], 0.5F);
@@ -143,8 +142,8 @@ TEST_F(Playback, TimeAndSliderFollowThePlayer) {
   open("R0001.WAV");
   play(2500);
   controller().sliderTimerUpdate();
-  EXPECT_EQ(view().lblTimeCurrent->text(), "00:00:02");
-  EXPECT_NEAR(view().sliderTime->value(), 0.25, 0.01);
+  EXPECT_EQ(view().player->lblTimeCurrent->text(), "00:00:02");
+  EXPECT_NEAR(view().player->sliderTime->value(), 0.25, 0.01);
 }
 
 TEST_F(Playback, LevelsAreMeasuredAsTheyAreHeard) {
@@ -154,14 +153,14 @@ TEST_F(Playback, LevelsAreMeasuredAsTheyAreHeard) {
   letLevelsArrive();
   controller().updateLevelMeter(1.0 / 30.0);
   // 20 log10(0.5) + 48 = 41.98.
-  EXPECT_EQ(view().lvlLeft->level(), 42);
-  EXPECT_EQ(view().lvlRight->level(), 42);
-  view().sliderGain->setValue(6.0);
+  EXPECT_EQ(stage().lvlLeft->level(), 42);
+  EXPECT_EQ(stage().lvlRight->level(), 42);
+  setGain(6.0);
   controller().updateLevelMeter(1.0 / 30.0);
-  EXPECT_EQ(view().lvlLeft->level(), 48);
-  view().sliderGain->setValue(36.0);
+  EXPECT_EQ(stage().lvlLeft->level(), 48);
+  setGain(36.0);
   controller().updateLevelMeter(1.0 / 30.0);
-  EXPECT_EQ(view().lvlLeft->level(), 54) << "the highest that a meter shows";
+  EXPECT_EQ(stage().lvlLeft->level(), 54) << "the highest that a meter shows";
 }
 
 TEST_F(Playback, LevelsShowWhatIsLeftAndRightAtTheAngleOfTheDial) {
@@ -169,10 +168,10 @@ TEST_F(Playback, LevelsShowWhatIsLeftAndRightAtTheAngleOfTheDial) {
   startOnTakes();
   open("R0001.WAV");
   letLevelsArrive();
-  view().sliderStereo->setNewAngle(120.0);
+  stage().sliderStereo->setNewAngle(120.0);
   controller().updateLevelMeter(1.0 / 30.0);
-  EXPECT_EQ(view().lvlLeft->level(), 46) << "20 log10(0.75) + 48 = 45.50";
-  EXPECT_EQ(view().lvlRight->level(), 36) << "20 log10(0.25) + 48 = 35.96";
+  EXPECT_EQ(stage().lvlLeft->level(), 46) << "20 log10(0.75) + 48 = 45.50";
+  EXPECT_EQ(stage().lvlRight->level(), 36) << "20 log10(0.25) + 48 = 35.96";
 }
 
 TEST_F(Playback, SilenceIsTheLowestLevel) {
@@ -183,7 +182,7 @@ TEST_F(Playback, SilenceIsTheLowestLevel) {
   open("S.WAV");
   letLevelsArrive();
   controller().updateLevelMeter(1.0 / 30.0);
-  EXPECT_EQ(view().lvlLeft->level(), 0);
+  EXPECT_EQ(stage().lvlLeft->level(), 0);
 }
 
 TEST_F(Playback, LevelsStandWhereThereIsNothingToMeasure) {
@@ -191,21 +190,21 @@ TEST_F(Playback, LevelsStandWhereThereIsNothingToMeasure) {
   startOnTakes();
   open("LR.WAV");
   letLevelsArrive();
-  view().lvlLeft->setLevel(17);
+  stage().lvlLeft->setLevel(17);
   player().setPosition(1.0);
-  view().lvlLeft->setLevel(17);
+  stage().lvlLeft->setLevel(17);
   controller().updateLevelMeter(1.0 / 30.0);
-  EXPECT_EQ(view().lvlLeft->level(), 17);
+  EXPECT_EQ(stage().lvlLeft->level(), 17);
 }
 
 TEST_F(Playback, LevelCallOfThePlayerShowsItsMagnitude) {
   startOnTakes();
   controller().WavePlayerLevelChanged(0.1, -0.5);
-  EXPECT_EQ(view().lvlLeft->level(), 20);
-  EXPECT_EQ(view().lvlRight->level(), 6);
+  EXPECT_EQ(stage().lvlLeft->level(), 20);
+  EXPECT_EQ(stage().lvlRight->level(), 6);
   controller().WavePlayerLevelChanged(0.0, 1.0);
-  EXPECT_EQ(view().lvlLeft->level(), 54);
-  EXPECT_EQ(view().lvlRight->level(), 0);
+  EXPECT_EQ(stage().lvlLeft->level(), 54);
+  EXPECT_EQ(stage().lvlRight->level(), 0);
 }
 
 TEST_F(Playback, SpaceAndButtonToggle) {
@@ -216,11 +215,11 @@ TEST_F(Playback, SpaceAndButtonToggle) {
   EXPECT_EQ(state(), PLAY_STATE_PAUSE);
   EXPECT_EQ(playName(), "Play");
   EXPECT_FALSE(timer("timerLevel")->isActive());
-  EXPECT_EQ(view().lvlLeft->level(), 0);
-  QTest::mouseClick(view().btnPlayPause, Qt::LeftButton);
+  EXPECT_EQ(stage().lvlLeft->level(), 0);
+  QTest::mouseClick(view().player->btnPlayPause, Qt::LeftButton);
   EXPECT_EQ(state(), PLAY_STATE_PLAY);
-  view().btnPlayPause->setFocus();
-  QTest::keyClick(view().btnPlayPause, Qt::Key_Space);
+  view().player->btnPlayPause->setFocus();
+  QTest::keyClick(view().player->btnPlayPause, Qt::Key_Space);
   EXPECT_EQ(state(), PLAY_STATE_PAUSE) << "toggled once, not twice";
 }
 
@@ -251,8 +250,8 @@ TEST_F(Playback, ResumeAfterAChangeOfSoundStartsAtTheSlider) {
   controller().btnPlay_Click();
   EXPECT_DOUBLE_EQ(player().curremtTime(), before) << "without a change it goes on";
   controller().btnPlay_Click();
-  view().sliderGain->setValue(3.0);
-  view().sliderTime->setValue(0.5);
+  setGain(3.0);
+  view().player->sliderTime->setValue(0.5);
   controller().btnPlay_Click();
   EXPECT_NEAR(player().curremtTime(), 5.0, 0.01);
   EXPECT_EQ(state(), PLAY_STATE_PLAY);
@@ -265,17 +264,17 @@ TEST_F(Playback, DraggingMovesOnlyTheTimeLabelUntilTheRelease) {
   open("R0001.WAV");
   play(1000);
   controller().sliderTimerUpdate();
-  Hands::press(*view().sliderTime, onTime(0.3));
-  EXPECT_TRUE(view().sliderTime->isSeeking());
-  Hands::move(*view().sliderTime, onTime(0.8));
-  EXPECT_EQ(view().lblTimeCurrent->text(), "00:00:08");
+  Hands::press(*view().player->sliderTime, onTime(0.3));
+  EXPECT_TRUE(view().player->sliderTime->isSeeking());
+  Hands::move(*view().player->sliderTime, onTime(0.8));
+  EXPECT_EQ(view().player->lblTimeCurrent->text(), "00:00:08");
   EXPECT_NEAR(player().curremtTime(), 1.0, 0.1);
   play(400);
   controller().sliderTimerUpdate();
-  EXPECT_EQ(view().lblTimeCurrent->text(), "00:00:08");
-  EXPECT_NEAR(view().sliderTime->value(), 0.8, 0.01);
-  Hands::release(*view().sliderTime, onTime(0.8));
-  EXPECT_FALSE(view().sliderTime->isSeeking());
+  EXPECT_EQ(view().player->lblTimeCurrent->text(), "00:00:08");
+  EXPECT_NEAR(view().player->sliderTime->value(), 0.8, 0.01);
+  Hands::release(*view().player->sliderTime, onTime(0.8));
+  EXPECT_FALSE(view().player->sliderTime->isSeeking());
   EXPECT_NEAR(player().curremtTime(), 8.0, 0.05);
   EXPECT_EQ(state(), PLAY_STATE_PLAY);
 }
@@ -284,10 +283,10 @@ TEST_F(Playback, KeysSeekAtOnce) {
   take("R0001.WAV");
   startOnTakes();
   open("R0001.WAV");
-  QTest::keyClick(view().sliderTime, Qt::Key_PageUp);
+  QTest::keyClick(view().player->sliderTime, Qt::Key_PageUp);
   EXPECT_NEAR(player().curremtTime(), 1.0, 0.05);
-  EXPECT_FALSE(view().sliderTime->isSeeking());
-  QTest::keyClick(view().sliderTime, Qt::Key_End);
+  EXPECT_FALSE(view().player->sliderTime->isSeeking());
+  QTest::keyClick(view().player->sliderTime, Qt::Key_End);
   EXPECT_EQ(state(), PLAY_STATE_FINISH);
 }
 
@@ -298,10 +297,10 @@ TEST_F(Playback, EndOfTheFileIsReadyToBeReplayed) {
   play(1500);
   EXPECT_EQ(state(), PLAY_STATE_FINISH);
   EXPECT_EQ(playName(), "Play");
-  EXPECT_EQ(view().lblTimeCurrent->text(), "00:00:00");
-  EXPECT_EQ(view().sliderTime->value(), 0.0);
+  EXPECT_EQ(view().player->lblTimeCurrent->text(), "00:00:00");
+  EXPECT_EQ(view().player->sliderTime->value(), 0.0);
   EXPECT_FALSE(timer("timerUpdateCurrentTime")->isActive());
-  EXPECT_TRUE(view().btnPlayPause->isEnabled());
+  EXPECT_TRUE(view().player->btnPlayPause->isEnabled());
   controller().btnPlay_Click();
   EXPECT_EQ(state(), PLAY_STATE_PLAY);
   EXPECT_NEAR(player().curremtTime(), 0.0, 0.01);
@@ -313,23 +312,23 @@ TEST_F(Playback, AFileWithoutFramesEndsAtOnceAndStaysLoaded) {
   open("R0001.WAV");
   play(200);
   EXPECT_EQ(state(), PLAY_STATE_FINISH);
-  EXPECT_EQ(view().sliderTime->value(), 0.0);
+  EXPECT_EQ(view().player->sliderTime->value(), 0.0);
 }
 
 TEST_F(Playback, VolumeShowsAndMutes) {
   take("R0001.WAV");
   startOnTakes();
   open("R0001.WAV");
-  const auto cacheKey = [this] { return view().btnVolume->icon().cacheKey(); };
+  const auto cacheKey = [this] { return view().player->btnVolume->icon().cacheKey(); };
   const auto half = cacheKey();
-  QTest::mouseClick(view().btnVolume, Qt::LeftButton);
+  QTest::mouseClick(view().player->btnVolume, Qt::LeftButton);
   EXPECT_TRUE(controller().isMuteVolume());
-  EXPECT_EQ(view().sliderVolume->value(), 0.0);
+  EXPECT_EQ(view().player->sliderVolume->value(), 0.0);
   EXPECT_EQ(player().volume(), 0.0);
   EXPECT_NE(cacheKey(), half);
-  QTest::mouseClick(view().btnVolume, Qt::LeftButton);
+  QTest::mouseClick(view().player->btnVolume, Qt::LeftButton);
   EXPECT_FALSE(controller().isMuteVolume());
-  EXPECT_EQ(view().sliderVolume->value(), 0.5);
+  EXPECT_EQ(view().player->sliderVolume->value(), 0.5);
   EXPECT_EQ(player().volume(), 0.5);
 }
 
@@ -337,7 +336,7 @@ TEST_F(Playback, DraggingToZeroMutesAndTheSpeakerRestoresWhereTheDragBegan) {
   take("R0001.WAV");
   startOnTakes();
   open("R0001.WAV");
-  Slider& slider = *view().sliderVolume;
+  Slider& slider = *view().player->sliderVolume;
   const auto at = [&](double fraction) {
     return QPointF(9.0 + fraction * (slider.width() - 18.0), slider.height() / 2.0);
   };
@@ -350,23 +349,23 @@ TEST_F(Playback, DraggingToZeroMutesAndTheSpeakerRestoresWhereTheDragBegan) {
   Hands::release(slider, at(-1.0));
   EXPECT_TRUE(controller().isMuteVolume());
   EXPECT_EQ(player().volume(), 0.0);
-  QTest::mouseClick(view().btnVolume, Qt::LeftButton);
+  QTest::mouseClick(view().player->btnVolume, Qt::LeftButton);
   EXPECT_EQ(slider.value(), begun);
   EXPECT_EQ(player().volume(), begun);
 }
 
 TEST_F(Playback, KeysToZeroMuteAndTheSpeakerRestoresWhatWasHeard) {
   startOnTakes();
-  QTest::keyClick(view().sliderVolume, Qt::Key_Home);
+  QTest::keyClick(view().player->sliderVolume, Qt::Key_Home);
   EXPECT_TRUE(controller().isMuteVolume());
-  QTest::mouseClick(view().btnVolume, Qt::LeftButton);
-  EXPECT_EQ(view().sliderVolume->value(), 0.5);
+  QTest::mouseClick(view().player->btnVolume, Qt::LeftButton);
+  EXPECT_EQ(view().player->sliderVolume->value(), 0.5);
 }
 
 TEST_F(Playback, MutedStaysMutedInTheNextFile) {
   take("a.WAV");
   startOnTakes();
-  QTest::mouseClick(view().btnVolume, Qt::LeftButton);
+  QTest::mouseClick(view().player->btnVolume, Qt::LeftButton);
   open("a.WAV");
   EXPECT_EQ(player().volume(), 0.0);
 }
@@ -375,15 +374,15 @@ TEST_F(Playback, GainLabelsJumpWhileAFileIsLoaded) {
   take("a.WAV");
   startOnTakes();
   const auto clickLabel = [this](const QString& text) {
-    for (const TickTextInfo& label : view().tickOfGain->textRectList()) {
+    for (const TickTextInfo& label : stage().tickOfGain->textRectList()) {
       if (label.text() != text) continue;
       const QPointF centre = label.frame().center();
-      Hands::click(*view().tickOfGain, {centre.x(), view().tickOfGain->height() - centre.y()});
+      Hands::click(*stage().tickOfGain, {centre.x(), stage().tickOfGain->height() - centre.y()});
     }
   };
-  view().tickOfGain->grab();
+  stage().tickOfGain->grab();
   clickLabel("+24");
-  EXPECT_EQ(view().sliderGain->value(), 0.0) << "no file";
+  EXPECT_EQ(stage().sliderGain->value(), 0.0) << "no file";
   open("a.WAV");
   for (const auto& [text, gain] : {std::pair{"+36", 36},
                                    {"+24", 24},
@@ -393,25 +392,24 @@ TEST_F(Playback, GainLabelsJumpWhileAFileIsLoaded) {
                                    {"-24", -24},
                                    {"-36", -36}}) {
     clickLabel(QString::fromLatin1(text));
-    EXPECT_EQ(view().sliderGain->value(), gain);
+    EXPECT_EQ(stage().sliderGain->value(), gain);
     EXPECT_EQ(player().gain(), gain);
   }
-  EXPECT_EQ(view().lblGainValue->text(), "-36 dB");
-  controller().GainTickTitle(view().tickOfLevel, "+6");
-  EXPECT_EQ(view().sliderGain->value(), -36.0) << "another scale";
+  EXPECT_EQ(stage().lblGainValue->text(), "-36 dB");
+  controller().GainTickTitle(stage().tickOfLevel, "+6");
+  EXPECT_EQ(stage().sliderGain->value(), -36.0) << "another scale";
 }
 
 TEST_F(Playback, DoubleClickOnTheGainKnobResets) {
   take("a.WAV");
   startOnTakes();
   open("a.WAV");
-  view().sliderGain->setValue(12.0);
-  controller().sliderGainValueChanged(view().sliderGain);
-  const QPointF knob = view().sliderGain->knobRect().center();
-  Hands::doubleClick(*view().sliderGain, knob);
-  EXPECT_EQ(view().sliderGain->value(), 0.0);
+  setGain(12.0);
+  const QPointF knob = stage().sliderGain->knobRect().center();
+  Hands::doubleClick(*stage().sliderGain, knob);
+  EXPECT_EQ(stage().sliderGain->value(), 0.0);
   EXPECT_EQ(player().gain(), 0);
-  EXPECT_EQ(view().lblGainValue->text(), "0 dB");
+  EXPECT_EQ(stage().lblGainValue->text(), "0 dB");
 }
 
 TEST_F(Playback, GainAndAngleCarryOverToTheNextFile) {
@@ -419,8 +417,8 @@ TEST_F(Playback, GainAndAngleCarryOverToTheNextFile) {
   take("b.WAV");
   startOnTakes();
   open("a.WAV");
-  view().sliderGain->setValue(-5.5);
-  view().sliderStereo->setNewAngle(33.9);
+  setGain(-5.5);
+  stage().sliderStereo->setNewAngle(33.9);
   open("b.WAV");
   EXPECT_EQ(player().gain(), -5);
   EXPECT_EQ(player().angle(), 33);
@@ -438,10 +436,10 @@ TEST_F(Playback, UnsupportedFileUnloadsAndSaysSo) {
   expectIdle();
   EXPECT_EQ(playName(), "Play");
   closeAlert("File not supported.");
-  EXPECT_TRUE(view().lblStatus->text().startsWith("b.wav: "))
-      << view().lblStatus->text().toStdString();
+  EXPECT_TRUE(view().player->lblStatus->text().startsWith("b.wav: "))
+      << view().player->lblStatus->text().toStdString();
   open("a.WAV");
-  EXPECT_EQ(view().lblStatus->text(), "");
+  EXPECT_EQ(view().player->lblStatus->text(), "");
 }
 
 TEST_F(Playback, LostOutputIsAQuietLineAndPlayTriesAgain) {
@@ -451,11 +449,11 @@ TEST_F(Playback, LostOutputIsAQuietLineAndPlayTriesAgain) {
   play(500);
   output->lose("The sound server has ended.");
   play(20);
-  EXPECT_EQ(view().lblStatus->text(), "The sound server has ended.");
+  EXPECT_EQ(view().player->lblStatus->text(), "The sound server has ended.");
   EXPECT_EQ(state(), PLAY_STATE_PAUSE);
   EXPECT_EQ(playName(), "Play");
-  QTest::mouseClick(view().btnPlayPause, Qt::LeftButton);
-  EXPECT_EQ(view().lblStatus->text(), "");
+  QTest::mouseClick(view().player->btnPlayPause, Qt::LeftButton);
+  EXPECT_EQ(view().player->lblStatus->text(), "");
   EXPECT_EQ(outputsMade, 2);
   play(100);
   EXPECT_GT(player().curremtTime(), 0.5);
@@ -465,9 +463,9 @@ TEST_F(Playback, ExportGetsGainAngleAndFolder) {
   take("a.WAV");
   startOnTakes();
   open("a.WAV");
-  view().sliderGain->setValue(4.9);
-  view().sliderStereo->setNewAngle(77.5);
-  QTest::mouseClick(view().btnExport, Qt::LeftButton);
+  setGain(4.9);
+  stage().sliderStereo->setNewAngle(77.5);
+  QTest::mouseClick(view().player->btnExport, Qt::LeftButton);
   auto* const dialog = shown<ExportVC>();
   ASSERT_NE(dialog, nullptr);
   EXPECT_EQ(dialog->exporter(), controller().exportJob());
@@ -486,7 +484,7 @@ TEST_F(Playback, NewExportIsListedAndSelectedAndAFailedOneIsToldQuietly) {
   waitFor([this] { return selected() == "a_Decode.WAV"; }, "the new file");
   emit shown<ExportVC>()->ordered({.source = source, .target = takes.path() / "none/b.WAV"});
   waitFor([] { return shown<QMessageBox>() != nullptr; }, "the alert");
-  EXPECT_THAT(view().lblStatus->text().toStdString(), testing::HasSubstr("No such file"));
+  EXPECT_THAT(view().player->lblStatus->text().toStdString(), testing::HasSubstr("No such file"));
   closeAlert("Fail to save.");
 }
 

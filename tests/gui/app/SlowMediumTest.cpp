@@ -101,7 +101,7 @@ TEST_F(SlowMedium, TakeOfTwoGiBSoundsWithinHalfASecond) {
   longTake("R0001.WAV");
   startOnTakes();
   openToSound("R0001.WAV");
-  EXPECT_EQ(view().lblTimeTotal->text(), "02:04:16");
+  EXPECT_EQ(view().player->lblTimeTotal->text(), "02:04:16");
   playUntil([this] { return image()->heldFrom(0) > 0; }, "it is read ahead for the meters");
   EXPECT_LE(image()->heldFrom(0), kShare);
 }
@@ -123,10 +123,10 @@ TEST_F(SlowMedium, LevelsFollowWhatIsAtHand) {
   constexpr std::uint64_t kWholeBlocks =
       kShare / FollowedBlocks::kBlockBytes * FollowedBlocks::kBlockBytes;
   playUntil([this] { return image()->heldFrom(0) >= kWholeBlocks; }, "all that the worker gets");
-  view().lvlLeft->setLevel(30);
+  stage().lvlLeft->setLevel(30);
   player().setPosition(0.9);
   controller().updateLevelMeter(1.0 / 30.0);
-  EXPECT_EQ(view().lvlLeft->level(), 0) << "not known yet";
+  EXPECT_EQ(stage().lvlLeft->level(), 0) << "not known yet";
 }
 
 TEST_F(SlowMedium, TakeOfAlmostFourGiBNeedsLittleMemory) {
@@ -135,7 +135,7 @@ TEST_F(SlowMedium, TakeOfAlmostFourGiBNeedsLittleMemory) {
   startOnTakes();
   const PeakMemory memory;
   openToSound("R0001.WAV");
-  EXPECT_EQ(view().lblTimeTotal->text(), "04:02:43");
+  EXPECT_EQ(view().player->lblTimeTotal->text(), "04:02:43");
   for (const double position : {0.0, 0.3, 0.6, 0.9, 0.1, 0.999}) {
     player().setPosition(position);
     play(500);
@@ -154,7 +154,7 @@ TEST_F(SlowMedium, PulledOutWhilePlayingIsAQuietLine) {
   openToSound("R0001.WAV");
   SlowReads::pullOut();
   playUntil([this] { return state() == PLAY_STATE_FINISH; }, "the end of what was read");
-  const std::string status = view().lblStatus->text().toStdString();
+  const std::string status = view().player->lblStatus->text().toStdString();
   EXPECT_THAT(status, testing::StartsWith("R0001.WAV cannot be read: "));
   EXPECT_THAT(status, testing::HasSubstr("Input/output error"));
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
@@ -169,7 +169,7 @@ TEST_F(SlowMedium, PulledOutBeforeOpeningIsTheAlert) {
   SlowReads::pullOut();
   doubleClickRow("R0001.WAV");
   closeAlert("File not supported.");
-  EXPECT_NE(view().lblStatus->text(), "");
+  EXPECT_NE(view().player->lblStatus->text(), "");
 }
 
 }  // namespace

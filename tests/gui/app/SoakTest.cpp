@@ -21,11 +21,12 @@ class Soak : public WindowFixture {
   }
   QWidget& anyControl() {
     const auto all = std::to_array<QWidget*>(
-        {view().browser->tableFile->viewport(), view().browser->btnGoUp, view().sliderTime,
-         view().sliderVolume, view().sliderGain, view().sliderStereo, view().tickOfGain,
-         view().tickOfLevel, view().btnVolume, view().btnPlayPause, view().btnPlayPause,
-         view().device->popupBattery, view().device->popupAutoPow, view().device->listBatteryCover,
-         view().btnExport, view().sliderStereo, view().sliderTime, view().lvlLeft});
+        {view().browser->tableFile->viewport(), view().browser->btnGoUp, view().player->sliderTime,
+         view().player->sliderVolume, stage().sliderGain, stage().sliderStereo, stage().tickOfGain,
+         stage().tickOfLevel, view().player->btnVolume, view().player->btnPlayPause,
+         view().player->btnPlayPause, view().device->popupBattery, view().device->popupAutoPow,
+         view().device->listBatteryCover, view().player->btnExport, stage().sliderStereo,
+         view().player->sliderTime, stage().lvlLeft});
     return *all[static_cast<std::size_t>(upTo(static_cast<int>(all.size()) - 1))];
   }
 
@@ -105,19 +106,20 @@ class Soak : public WindowFixture {
     const bool hasFile = controller().wavPlayer() != nullptr;
     stepsWithFile += hasFile ? 1 : 0;
     ASSERT_EQ(hasFile, controller().exportJob() != nullptr) << step;
-    ASSERT_EQ(hasFile, view().btnPlayPause->isEnabled()) << step;
-    ASSERT_EQ(hasFile, view().sliderTime->isEnabled()) << step;
-    ASSERT_EQ(hasFile, view().sliderGain->cell()->sliderEnabled()) << step;
-    ASSERT_EQ(hasFile, !view().lblFileName->text().isEmpty()) << step;
+    ASSERT_EQ(hasFile, view().player->btnPlayPause->isEnabled()) << step;
+    ASSERT_EQ(hasFile, view().player->sliderTime->isEnabled()) << step;
+    ASSERT_EQ(hasFile, stage().sliderGain->cell()->sliderEnabled()) << step;
+    ASSERT_EQ(hasFile, !view().player->lblFileName->text().isEmpty()) << step;
     if (!hasFile) return;
     const bool isPlaying = state() == PLAY_STATE_PLAY;
     stepsPlaying += isPlaying ? 1 : 0;
-    ASSERT_EQ(view().btnPlayPause->accessibleName(), isPlaying ? "Pause" : "Play") << step;
-    ASSERT_EQ(view().sliderStereo->enable(), controller().exportJob()->reader()->isBoMSFormat());
-    ASSERT_EQ(player().gain(), view().sliderGain->integerValue()) << step;
-    ASSERT_EQ(player().angle(), static_cast<std::int64_t>(view().sliderStereo->angle())) << step;
-    ASSERT_EQ(player().volume(), view().sliderVolume->value()) << step;
-    ASSERT_TRUE(!controller().isMuteVolume() || view().sliderVolume->value() == 0.0) << step;
+    ASSERT_EQ(view().player->btnPlayPause->accessibleName(), isPlaying ? "Pause" : "Play") << step;
+    ASSERT_EQ(stage().sliderStereo->enable(), controller().exportJob()->reader()->isBoMSFormat());
+    ASSERT_EQ(player().gain(), stage().sliderGain->integerValue()) << step;
+    ASSERT_EQ(player().angle(), static_cast<std::int64_t>(stage().sliderStereo->angle())) << step;
+    ASSERT_EQ(player().volume(), view().player->sliderVolume->value()) << step;
+    ASSERT_TRUE(!controller().isMuteVolume() || view().player->sliderVolume->value() == 0.0)
+        << step;
   }
 
   std::mt19937 random{20'261'121};

@@ -77,6 +77,12 @@ class WindowFixture : public testing::Test {
 
   [[nodiscard]] ViewController& controller() { return window->viewController(); }
   [[nodiscard]] MainView& view() const { return window->window(); }
+  [[nodiscard]] StageView& stage() const { return *view().player->stage; }
+  /// Moves the gain slider and tells of it, as a hand does.
+  void setGain(double dB) {
+    stage().sliderGain->setValue(dB);
+    controller().sliderGainValueChanged(stage().sliderGain);
+  }
   [[nodiscard]] WavePlayer& player() { return *controller().wavPlayer(); }
   [[nodiscard]] PlayState state() { return player().play_state(); }
 

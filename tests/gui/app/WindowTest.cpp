@@ -47,8 +47,8 @@ TEST_F(Window, GroundsHaveTheirColours) {
   EXPECT_EQ(colourAt(image, &view(), {4, 4}), Colors::AppBG());
   EXPECT_EQ(colourAt(image, view().browser->viewPathBG, {3, 17}), Colors::ControlColor());
   EXPECT_EQ(colourAt(image, view().browser, {4, 100}), Colors::AppBGLight());
-  EXPECT_EQ(colourAt(image, view().viewRightBG, {4, 100}), Colors::AppBGLight());
-  EXPECT_EQ(colourAt(image, view().btnExport, {8, 18}), Colors::ControlColor());
+  EXPECT_EQ(colourAt(image, view().player, {4, 100}), Colors::AppBGLight());
+  EXPECT_EQ(colourAt(image, view().player->btnExport, {8, 18}), Colors::ControlColor());
 }
 
 TEST_F(Window, ControlsHaveTheirNamesForAssistiveSoftware) {
@@ -58,15 +58,15 @@ TEST_F(Window, ControlsHaveTheirNamesForAssistiveSoftware) {
       {view().browser->lblFolder, "Current folder"},
       {view().browser->btnGoUp, "Go up"},
       {view().browser->btnOpenFolder, "Open folder"},
-      {view().btnPlayPause, "Play"},
-      {view().sliderTime, "Position"},
-      {view().sliderVolume, "Volume"},
-      {view().btnVolume, "Mute"},
-      {view().sliderGain, "Gain"},
-      {view().sliderStereo, "Stereo width"},
-      {view().lvlLeft, "Level left"},
-      {view().lvlRight, "Level right"},
-      {view().btnExport, "Export"},
+      {view().player->btnPlayPause, "Play"},
+      {view().player->sliderTime, "Position"},
+      {view().player->sliderVolume, "Volume"},
+      {view().player->btnVolume, "Mute"},
+      {stage().sliderGain, "Gain"},
+      {stage().sliderStereo, "Stereo width"},
+      {stage().lvlLeft, "Level left"},
+      {stage().lvlRight, "Level right"},
+      {view().player->btnExport, "Export"},
       {view().device->popupBattery, "Battery"},
       {view().device->popupAutoPow, "Auto power off"}};
   for (const auto& [widget, name] : names) {
@@ -80,8 +80,8 @@ TEST_F(Window, StaticTextsAreReadAsLabels) {
   startOnTakes();
   for (const QLabel* const label :
        {view().device->lblConnect, view().device->lblUsed,
-        static_cast<QLabel*>(view().device->lblRemain), static_cast<QLabel*>(view().lblTimeCurrent),
-        view().lblStereo, view().lblGain}) {
+        static_cast<QLabel*>(view().device->lblRemain),
+        static_cast<QLabel*>(view().player->lblTimeCurrent), stage().lblStereo, stage().lblGain}) {
     auto* const interface = QAccessible::queryAccessibleInterface(const_cast<QLabel*>(label));
     EXPECT_EQ(interface->role(), QAccessible::StaticText);
     EXPECT_EQ(interface->text(QAccessible::Name), label->text());
@@ -103,10 +103,11 @@ TEST_F(Window, TabReachesEverythingInOrder) {
   }
   EXPECT_THAT(reached,
               testing::ElementsAre(view().browser->lblFolder, view().browser->btnOpenFolder,
-                                   view().browser->tableFile, view().btnPlayPause,
-                                   view().sliderTime, view().btnVolume, view().sliderVolume,
-                                   view().sliderStereo, view().sliderGain, view().btnExport,
-                                   view().btnMenu, view().device->listBatteryCover,
+                                   view().browser->tableFile, view().player->btnPlayPause,
+                                   view().player->sliderTime, view().player->btnVolume,
+                                   view().player->sliderVolume, stage().sliderStereo,
+                                   stage().sliderGain, view().player->btnExport,
+                                   view().player->btnMenu, view().device->listBatteryCover,
                                    view().device->listAutoPowOffCover, view().browser->btnGoUp));
 }
 
@@ -117,12 +118,13 @@ TEST_F(Window, FocusCanBeSeenEverywhere) {
   controller().btnPlay_Click();
   for (QWidget* const widget : std::initializer_list<QWidget*>{
            view().browser->btnGoUp, view().browser->lblFolder, view().browser->btnOpenFolder,
-           view().browser->tableFile, view().btnPlayPause, view().sliderTime, view().btnVolume,
-           view().sliderVolume, view().sliderStereo, view().sliderGain, view().btnExport,
-           view().btnMenu, view().device->listBatteryCover}) {
-    QWidget* const other = widget == view().sliderGain
+           view().browser->tableFile, view().player->btnPlayPause, view().player->sliderTime,
+           view().player->btnVolume, view().player->sliderVolume, stage().sliderStereo,
+           stage().sliderGain, view().player->btnExport, view().player->btnMenu,
+           view().device->listBatteryCover}) {
+    QWidget* const other = widget == stage().sliderGain
                                ? static_cast<QWidget*>(view().browser->btnGoUp)
-                               : view().sliderGain;
+                               : stage().sliderGain;
     other->setFocus(Qt::TabFocusReason);
     const QImage before = widget->grab().toImage();
     widget->setFocus(Qt::TabFocusReason);
@@ -132,7 +134,7 @@ TEST_F(Window, FocusCanBeSeenEverywhere) {
 
 TEST_F(Window, RunningTimeDoesNotJitter) {
   startOnTakes();
-  TabularLabel& label = *view().lblTimeCurrent;
+  TabularLabel& label = *view().player->lblTimeCurrent;
   label.setText("00:00:00");
   const double width = label.textWidth();
   for (int digit = 1; digit < 10; ++digit) {
@@ -148,7 +150,7 @@ TEST_F(Window, TextsHaveTheRoomThatTheyNeed) {
   plugIn();
   QCoreApplication::processEvents();
   for (const QLabel* const label : view().findChildren<QLabel*>()) {
-    if (!label->isVisible() || label->wordWrap() || label == view().lblFileName) continue;
+    if (!label->isVisible() || label->wordWrap() || label == view().player->lblFileName) continue;
     const double needed = QFontMetricsF(label->font()).horizontalAdvance(label->text());
     EXPECT_LE(needed, label->width()) << label->text().toStdString();
     EXPECT_LE(QFontMetricsF(label->font()).height(), label->height() + 1)
@@ -161,9 +163,10 @@ TEST_F(Window, LongTextsTakeNoMoreRoomThanThereIs) {
   take(name);
   startOnTakes();
   open(name);
-  view().lblStatus->say(StatusLine::Topic::Export, QString(60, u'm') + QString(" mm").repeated(90));
+  view().player->lblStatus->say(StatusLine::Topic::Export,
+                                QString(60, u'm') + QString(" mm").repeated(90));
   QCoreApplication::processEvents();
-  EXPECT_EQ(view().lblFileName->text().toStdString(), name) << "read whole";
+  EXPECT_EQ(view().player->lblFileName->text().toStdString(), name) << "read whole";
   const QSize least = view().minimumSizeHint();
   EXPECT_LE(least.width(), 1050);
   EXPECT_LE(least.height(), 668);
@@ -172,17 +175,31 @@ TEST_F(Window, LongTextsTakeNoMoreRoomThanThereIs) {
 
 TEST_F(Window, NothingOverlapsNothing) {
   startOnTakes();
-  const std::vector<const QWidget*> parts = {
-      view().lblFileName,    view().lblFormat,    view().btnExport,      view().btnMenu,
-      view().tickOfGain,     view().sliderGain,   view().lblGain,        view().lblGainValue,
-      view().tickOfLevel,    view().lvlLeft,      view().lvlRight,       view().lblStereo,
-      view().lblStereoValue, view().sliderTime,   view().lblTimeCurrent, view().lblTimeTotal,
-      view().btnVolume,      view().sliderVolume, view().btnPlayPause,   view().lblStatus};
+  const std::vector<const QWidget*> parts = {view().player->lblFileName,
+                                             view().player->lblFormat,
+                                             view().player->btnExport,
+                                             view().player->btnMenu,
+                                             stage().tickOfGain,
+                                             stage().sliderGain,
+                                             stage().lblGain,
+                                             stage().lblGainValue,
+                                             stage().tickOfLevel,
+                                             stage().lvlLeft,
+                                             stage().lvlRight,
+                                             stage().lblStereo,
+                                             stage().lblStereoValue,
+                                             view().player->sliderTime,
+                                             view().player->lblTimeCurrent,
+                                             view().player->lblTimeTotal,
+                                             view().player->btnVolume,
+                                             view().player->sliderVolume,
+                                             view().player->btnPlayPause,
+                                             view().player->lblStatus};
   const auto frame = [this](const QWidget* widget) {
     return QRect(widget->mapTo(&view(), QPoint()), widget->size());
   };
   for (std::size_t i = 0; i < parts.size(); ++i) {
-    EXPECT_TRUE(frame(view().viewRightBG).contains(frame(parts[i]))) << i;
+    EXPECT_TRUE(frame(view().player).contains(frame(parts[i]))) << i;
     for (std::size_t j = 0; j < i; ++j) {
       EXPECT_FALSE(frame(parts[i]).intersects(frame(parts[j]))) << i << " and " << j;
     }
@@ -191,33 +208,33 @@ TEST_F(Window, NothingOverlapsNothing) {
 
 TEST_F(Window, LabelsMeetTheKnobAndTheMetersEnds) {
   startOnTakes();
-  view().sliderGain->setValue(0.0);
+  stage().sliderGain->setValue(0.0);
   const auto middleOf = [this](const QWidget* widget, double y) {
     return widget->mapTo(&view(), QPoint()).y() + y;
   };
-  view().tickOfGain->grab();
-  const TickTextInfo& zero = view().tickOfGain->textRectList()[3];
-  const double label = view().tickOfGain->height() - zero.frame().center().y();
-  EXPECT_NEAR(middleOf(view().tickOfGain, label),
-              middleOf(view().sliderGain, view().sliderGain->height() / 2.0), 1.0);
-  view().tickOfLevel->grab();
-  const auto& levels = view().tickOfLevel->textRectList();
-  const double top = view().tickOfLevel->height() - levels.front().frame().center().y();
-  EXPECT_NEAR(middleOf(view().tickOfLevel, top), middleOf(view().lvlLeft, 0.0), 1.0);
+  stage().tickOfGain->grab();
+  const TickTextInfo& zero = stage().tickOfGain->textRectList()[3];
+  const double label = stage().tickOfGain->height() - zero.frame().center().y();
+  EXPECT_NEAR(middleOf(stage().tickOfGain, label),
+              middleOf(stage().sliderGain, stage().sliderGain->height() / 2.0), 1.0);
+  stage().tickOfLevel->grab();
+  const auto& levels = stage().tickOfLevel->textRectList();
+  const double top = stage().tickOfLevel->height() - levels.front().frame().center().y();
+  EXPECT_NEAR(middleOf(stage().tickOfLevel, top), middleOf(stage().lvlLeft, 0.0), 1.0);
 }
 
 TEST_F(Window, DialHasTheRoomItNeeds) {
   startOnTakes();
-  EXPECT_EQ(view().sliderStereo->size(), view().sliderStereo->sizeHint());
-  const QRect dial(view().sliderStereo->mapTo(&view(), QPoint()), view().sliderStereo->size());
-  EXPECT_TRUE(QRect(view().viewRightBG->pos(), view().viewRightBG->size()).contains(dial));
+  EXPECT_EQ(stage().sliderStereo->size(), stage().sliderStereo->sizeHint());
+  const QRect dial(stage().sliderStereo->mapTo(&view(), QPoint()), stage().sliderStereo->size());
+  EXPECT_TRUE(QRect(view().player->pos(), view().player->size()).contains(dial));
 }
 
 TEST_F(Window, EndsWithItsLastWindow) {
   EXPECT_TRUE(AppDelegate::applicationShouldTerminateAfterLastWindowClosed());
   EXPECT_TRUE(AppDelegate::applicationSupportsSecureRestorableState());
   startOnTakes();
-  view().actionQuit->trigger();
+  view().menu->actionQuit->trigger();
   EXPECT_FALSE(view().isVisible());
 }
 

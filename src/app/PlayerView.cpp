@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/PlayerView.h"
+
+#include <QHBoxLayout>
+
+#include "app/MainViewParts.h"
+
+namespace {
+
+constexpr int kInset = 24;
+// The dial needs more room to its left than the rest of the pane.
+constexpr int kStageInset = 8;
+constexpr QSize kLeastExport{96, 36};
+
+}  // namespace
+
+PlayerView::PlayerView(QWidget* parent) : QWidget(parent) {
+  MainViewParts::makeGround(*this, "viewRightBG");
+  stage = new StageView(this);
+  strips = new QVBoxLayout;
+  strips->setContentsMargins(0, 0, 0, 0);
+  strips->setSpacing(0);
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(kStageInset, 14, kStageInset, 16);
+  layout->setSpacing(0);
+  layout->addLayout(makeHeader());
+  layout->addStretch();
+  layout->addWidget(stage, 0, Qt::AlignHCenter);
+  layout->addStretch();
+  layout->addLayout(makeLower());
+}
+
+QLayout* PlayerView::makeHeader() {
+  lblFileName = MainViewParts::label<ElidedLabel>(this, "title");
+  lblFormat = MainViewParts::label(this, "dim");
+  auto* const words = new QVBoxLayout;
+  words->setContentsMargins(0, 2, 0, 0);
+  words->setSpacing(2);
+  words->addWidget(lblFileName);
+  words->addWidget(lblFormat);
+  words->addStretch();
+  btnExport = new QPushButton(tr("Export"), this);
+  btnExport->setObjectName(QStringLiteral("btnExport"));
+  btnExport->setMinimumSize(kLeastExport);
+  btnExport->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  btnMenu = MainViewParts::pictureButton(this, 36, 20);
+  MainViewParts::setFace(*btnMenu, QStringLiteral("menu"), tr("Menu"));
+  auto* const row = new QHBoxLayout;
+  row->setContentsMargins(kInset - kStageInset, 0, kInset - kStageInset - 8, 0);
+  row->setSpacing(8);
+  row->addLayout(words, 1);
+  row->addWidget(btnExport, 0, Qt::AlignTop);
+  row->addWidget(btnMenu, 0, Qt::AlignTop);
+  return row;
+}
+
+QLayout* PlayerView::makeLower() {
+  sliderTime = new J4Slider(this);
+  auto* const lower = new QVBoxLayout;
+  lower->setContentsMargins(kInset - kStageInset, 0, kInset - kStageInset, 0);
+  lower->setSpacing(0);
+  lower->addLayout(strips);
+  lower->addWidget(sliderTime);
+  lower->addLayout(makeTimes());
+  lower->addSpacing(10);
+  lower->addLayout(makeTransport());
+  return lower;
+}
+
+QLayout* PlayerView::makeTimes() {
+  lblTimeCurrent = MainViewParts::label<TabularLabel>(this, "");
+  lblTimeTotal = MainViewParts::label<TabularLabel>(this, "dim");
+  lblTimeTotal->setAlignment(Qt::AlignRight);
+  auto* const row = new QHBoxLayout;
+  row->setContentsMargins(0, 4, 0, 0);
+  row->addWidget(lblTimeCurrent, 1);
+  row->addWidget(lblTimeTotal, 1);
+  return row;
+}
+
+QLayout* PlayerView::makeVolume() {
+  btnVolume = MainViewParts::pictureButton(this, 28, 22);
+  sliderVolume = new Slider(this);
+  sliderVolume->setAccessibleName(tr("Volume"));
+  sliderVolume->setFixedWidth(110);
+  auto* const volume = new QHBoxLayout;
+  volume->setContentsMargins(0, 0, 0, 0);
+  volume->setSpacing(4);
+  volume->addWidget(btnVolume);
+  volume->addWidget(sliderVolume);
+  volume->addStretch();
+  return volume;
+}
+
+QLayout* PlayerView::makeTransport() {
+  auto* const row = new QHBoxLayout;
+  row->setContentsMargins(-3, 0, 0, 0);
+  row->setSpacing(16);
+  row->addLayout(makeVolume(), 1);
+  btnPlayPause = MainViewParts::pictureButton(this, 48, 24);
+  btnPlayPause->setObjectName(QStringLiteral("btnPlayPause"));
+  row->addWidget(btnPlayPause);
+  lblStatus = new StatusLine(this);
+  lblStatus->setProperty("role", "dim");
+  lblStatus->setMinimumHeight(btnPlayPause->height());
+  lblStatus->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  row->addWidget(lblStatus, 1);
+  return row;
+}
+
+QWidgetList PlayerView::tabOrder() const {
+  return {btnPlayPause,        sliderTime,        btnVolume, sliderVolume,
+          stage->sliderStereo, stage->sliderGain, btnExport, btnMenu};
+}

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QLabel>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <QWidget>
+
+#include "app/ElidedLabel.h"
+#include "app/StageView.h"
+#include "app/StatusLine.h"
+#include "app/TabularLabel.h"
+#include "controls/J4Slider.h"
+
+/// The right half of the window: the take's name, the stage, and the transport under it. Laid out
+/// and named, and nothing more. Interface thread.
+class PlayerView : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit PlayerView(QWidget* parent = nullptr);
+
+  /// What Tab goes through, in order.
+  [[nodiscard]] QWidgetList tabOrder() const;
+
+  ElidedLabel* lblFileName = nullptr;
+  QLabel* lblFormat = nullptr;  ///< what the file holds, in a few words
+  QPushButton* btnExport = nullptr;
+  QToolButton* btnMenu = nullptr;
+  StageView* stage = nullptr;
+  QVBoxLayout* strips = nullptr;  ///< between stage and position, for what else shows the take
+  J4Slider* sliderTime = nullptr;
+  TabularLabel* lblTimeCurrent = nullptr;
+  TabularLabel* lblTimeTotal = nullptr;
+  QToolButton* btnVolume = nullptr;
+  Slider* sliderVolume = nullptr;
+  QToolButton* btnPlayPause = nullptr;
+  StatusLine* lblStatus = nullptr;
+
+ private:
+  QLayout* makeHeader();
+  QLayout* makeLower();
+  QLayout* makeTimes();
+  QLayout* makeVolume();
+  QLayout* makeTransport();
+};

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/TakeMessages.h"
+
+#include "dialogs/Alert.h"
+
+TakeMessages::TakeMessages(QWidget& window, StatusLine& status, TakeSession& take, QObject* parent)
+    : QObject(parent), _window(window), _status(status), _take(take) {
+  connect(&_take, &TakeSession::opening, this, &TakeMessages::forgetTake);
+  connect(&_take, &TakeSession::stateChanged, this, &TakeMessages::forgetSound);
+  connect(&_take, &TakeSession::failed, this, &TakeMessages::tell);
+}
+
+void TakeMessages::forgetTake() {
+  _status.clear(StatusLine::Topic::Recording);
+  _status.clear(StatusLine::Topic::Sound);
+}
+
+// What plays has a sound system.
+void TakeMessages::forgetSound() {
+  if (_take.state() == TakeSession::State::Playing) _status.clear(StatusLine::Topic::Sound);
+}
+
+void TakeMessages::tell(TakeSession::Failure failure, const QString& why) {
+  using Topic = StatusLine::Topic;
+  switch (failure) {
+    case TakeSession::Failure::Unsupported:
+      _status.say(Topic::Recording, tr("%1: %2").arg(_take.name(), why));
+      Alert::show(&_window, tr("File not supported."));
+      break;
+    case TakeSession::Failure::Reading:
+      _status.say(Topic::Recording, tr("%1 cannot be read: %2").arg(_take.name(), why));
+      break;
+    case TakeSession::Failure::Output:
+      _status.say(Topic::Sound, why);
+      break;
+  }
+}

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QWidget>
+
+#include "app/StatusLine.h"
+#include "app/TakeSession.h"
+
+/// Tells people what went wrong with a take: an alert for a file that is not the recorder's, the
+/// quiet line for everything else. Interface thread.
+class TakeMessages : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Alerts appear over `window`. All three outlive this.
+  TakeMessages(QWidget& window, StatusLine& status, TakeSession& take, QObject* parent = nullptr);
+
+ private:
+  void tell(TakeSession::Failure failure, const QString& why);
+  void forgetTake();
+  void forgetSound();
+
+  QWidget& _window;
+  StatusLine& _status;
+  TakeSession& _take;
+};

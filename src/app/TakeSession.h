@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QTimer>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "export/Export.h"
+#include "playback/WavePlayer.h"
+#include "wav/WaveFileReader.h"
+
+/// The take that is open: its player and its export job, what can be done with it, and what happens
+/// to it. Whatever shows, measures, remembers or remotely controls a take sees only this; it knows
+/// no widget.
+///
+/// A take opens between `opening` and either `opened` or `failed` and `closed`; whoever asks for it
+/// relies on the signals, not on the return of `open`. Commands without an open take do nothing.
+/// Volume, gain and width belong to the session: they stay from take to take. Interface thread,
+/// which has an event loop.
+class TakeSession : public QObject, public WavePlayerDelegate {
+  Q_OBJECT
+
+ public:
+  enum class State { Closed, Opening, Opened, Playing, Paused, Finished };
+  Q_ENUM(State)
+  enum class Failure {
+    Unsupported,  ///< the file is not the recorder's, or cannot be opened
+    Reading,      ///< the medium fails; the take stays open
+    Output        ///< the sound system has gone; the take is paused
+  };
+  Q_ENUM(Failure)
+
+  explicit TakeSession(QObject* parent = nullptr);
+  ~TakeSession() override;
+
+  /// Closes the take that is open, opens this one and plays it. `name` is what people call it.
+  void open(const QString& name, const std::filesystem::path& file);
+  void close();
+  /// A toggle: plays, goes on, starts over after the end, or pauses.
+  void play();
+  /// Goes to a fraction of the take; 1.0 ends it.
+  void seek(double position);
+  /// Linear, 0.0 to 1.0; 0.0 while muted.
+  void setVolume(double volume);
+  void setGain(std::int64_t dB);  ///< positive is louder
+  /// Stereo width in degrees. The player takes whole degrees, an export all of it.
+  void setAngle(double degrees);
+  /// The queue of the playing file has stopped, as "EB_PLAY_FINISH" tells.
+  void playFinish();
+
+  [[nodiscard]] State state() const;
+  [[nodiscard]] bool isOpen() const { return _player != nullptr; }
+  /// Of the take that is open or opening; empty without one.
+  [[nodiscard]] const QString& name() const { return _name; }
+  [[nodiscard]] const std::filesystem::path& file() const { return _file; }
+  /// A reader of the take for the caller alone, over the same image; null without a take.
+  [[nodiscard]] std::unique_ptr<WaveFileReader> reader() const;
+  /// Whether the channels are raw Mid and Side, so that the width counts.
+  [[nodiscard]] bool isRawMidSide() const;
+
+  [[nodiscard]] double duration() const;  ///< whole seconds
+  [[nodiscard]] double time() const;      ///< seconds, not beyond the duration
+  /// The player's own time in seconds, which may lie beyond either end.
+  [[nodiscard]] double playedTime() const;
+  /// Time as a fraction of the duration; not a number in a take shorter than a second.
+  [[nodiscard]] double position() const { return time() / duration(); }
+  /// "hh:mm:ss"; of the current time "" where that is negative.
+  [[nodiscard]] QString timeText() const;
+  [[nodiscard]] QString durationText() const;
+  [[nodiscard]] QString textAt(double position) const;
+  [[nodiscard]] QString zeroText() const;
+
+  [[nodiscard]] double volume() const { return _volume; }
+  [[nodiscard]] std::int64_t gain() const { return _gain; }
+  [[nodiscard]] double angle() const { return _angle; }
+  /// Whether gain or width are others than when the take was opened or last stopped.
+  [[nodiscard]] bool hasSoundChanged() const;
+
+  /// The export job of the take with gain and width as they are heard; null without a take.
+  [[nodiscard]] std::shared_ptr<Export> jobToExport() const;
+
+  /// For the window's own names; everybody else uses the session.
+  [[nodiscard]] WavePlayer* player() const { return _player.get(); }
+  [[nodiscard]] const std::shared_ptr<Export>& job() const { return _job; }
+
+  void WavePlayerStateChanged() override;
+  void WavePlayerLevelChanged(double left, double right) override;
+  void WavePlayerOutputLost(const std::string& message) override;
+
+ signals:
+  /// A take is about to go; it can still be asked.
+  void closing();
+  void closed();
+  void opening();
+  /// A take is there and about to be played.
+  void opened();
+  /// It plays, pauses or has finished; or was set to do so again.
+  void stateChanged();
+  /// `why` is a phrase or a sentence for people. A reading failure is told once.
+  void failed(TakeSession::Failure failure, const QString& why);
+  /// Linear levels that a player has sent. None does.
+  void levelsSent(double left, double right);
+
+ private:
+  static std::shared_ptr<Export> recognise(const std::filesystem::path& file);
+  void takeOver(std::shared_ptr<Export> job);
+  void makePlayer();
+  void refuse(const Export& job);
+  void release();
+  void rememberSound();
+  void showState();
+  void checkReading();
+
+  QString _name;
+  std::filesystem::path _file;
+  std::shared_ptr<Export> _job;
+  std::unique_ptr<WavePlayer> _player;
+  bool _isOpening = false;
+  std::uint64_t _opened = 0;  ///< how many takes have been asked for
+  double _volume = 1.0;
+  std::int64_t _gain = 0;
+  double _angle = 0.0;
+  std::int64_t _gain_before_pause = 0;
+  double _stereo_before_pause = 0.0;
+  QString _toldFailure;
+  QTimer _timerReading{this};
+  std::shared_ptr<WavePlayerDelegate> _self;  ///< owns nothing; the player holds it weakly
+};

@@ -1,0 +1,135 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/TransportPane.h"
+
+#include "app/MainViewParts.h"
+
+namespace {
+
+constexpr int kTimeRefresh = 200;  // ms
+
+const QString kNoTime = QStringLiteral("--:--:--");
+
+// "Raw M/S · 24-bit · 48 kHz"
+QString describe(const WaveFileReader& reader) {
+  const WaveHeader& header = reader.header();
+  const bool isFloat = header.AudioFormat == kFormatFloat;
+  const QString bits = QString::number(header.BitsPerSample);
+  const QString kind =
+      reader.isBoMSFormat() ? TransportPane::tr("Raw M/S") : TransportPane::tr("Stereo");
+  const QString width =
+      isFloat ? TransportPane::tr("%1-bit float").arg(bits) : TransportPane::tr("%1-bit").arg(bits);
+  const QString rate = TransportPane::tr("%1 kHz").arg(header.SampleRate / 1000.0);
+  return QStringLiteral("%1 · %2 · %3").arg(kind, width, rate);
+}
+
+}  // namespace
+
+TransportPane::TransportPane(PlayerView& view, TakeSession& take, QObject* parent)
+    : QObject(parent), _view(view), _take(take), _sliderTimeCell(std::make_shared<J4SliderCell>()) {
+  _view.sliderTime->setCell(_sliderTimeCell);
+  _view.sliderTime->setRange(0.0, 100.0);
+  _timerUpdateCurrentTime.setObjectName(QStringLiteral("timerUpdateCurrentTime"));
+  connect(&_timerUpdateCurrentTime, &QTimer::timeout, this, &TransportPane::refresh);
+  connect(_view.btnPlayPause, &QToolButton::clicked, this, &TransportPane::playOrPause);
+  connect(_view.sliderTime, &Slider::valueAdjusted, this, &TransportPane::positionAdjusted);
+  connect(&_take, &TakeSession::closing, this, &TransportPane::stopTimer);
+  connect(&_take, &TakeSession::opening, this, [this] { _view.sliderTime->setIsSeeking(false); });
+  connect(&_take, &TakeSession::opened, this, &TransportPane::showTake);
+  connect(&_take, &TakeSession::closed, this, &TransportPane::showIdle);
+  connect(&_take, &TakeSession::stateChanged, this, &TransportPane::showState);
+  showIdle();
+}
+
+void TransportPane::showIdle() {
+  _view.lblFileName->clear();
+  _view.lblFileName->setToolTip({});
+  _view.lblFormat->clear();
+  _view.lblTimeCurrent->setText(kNoTime);
+  _view.lblTimeTotal->setText(kNoTime);
+  setPlayable(false);
+  _view.sliderTime->setValue(0.0);
+  showButton(false);
+}
+
+void TransportPane::showTake() {
+  _view.lblFileName->setText(_take.name());
+  _view.lblFileName->setToolTip(_take.name());
+  _view.lblFormat->setText(describe(*_take.reader()));
+  _view.lblTimeCurrent->setText(_take.timeText());
+  _view.lblTimeTotal->setText(_take.durationText());
+  setPlayable(true);
+  _view.sliderTime->setRange(0.0, 1.0);
+  _view.sliderTime->setValue(0.0);
+}
+
+void TransportPane::setPlayable(bool isPlayable) {
+  _view.btnPlayPause->setEnabled(isPlayable);
+  _view.sliderTime->setEnabled(isPlayable);
+  _sliderTimeCell->setSliderEnabled(isPlayable);
+}
+
+void TransportPane::showButton(bool isPlaying) {
+  if (isPlaying) {
+    MainViewParts::setFace(*_view.btnPlayPause, QStringLiteral("play_pause"), tr("Pause"));
+  } else {
+    MainViewParts::setFace(*_view.btnPlayPause, QStringLiteral("play_play"), tr("Play"));
+  }
+}
+
+void TransportPane::playOrPause() {
+  if (!_view.btnPlayPause->isEnabled() || !_take.isOpen()) return;
+  const bool isPaused = _take.state() == TakeSession::State::Paused;
+  if (isPaused && _take.hasSoundChanged()) _take.seek(_view.sliderTime->value());
+  _take.play();
+}
+
+void TransportPane::positionAdjusted(AdjustCause cause) {
+  if (!_take.isOpen()) return;
+  const double value = _view.sliderTime->value();
+  if (isFinal(cause)) return seek(value);
+  _view.lblTimeCurrent->setText(_take.textAt(value));
+}
+
+void TransportPane::seek(double position) {
+  _view.sliderTime->setIsSeeking(false);
+  _isSeeking = true;
+  _take.seek(position);
+  const QString time = _take.timeText();
+  if (!time.isEmpty()) _view.lblTimeCurrent->setText(time);
+}
+
+void TransportPane::refresh() {
+  if (!_take.isOpen() || _view.sliderTime->isSeeking()) return;
+  _view.lblTimeCurrent->setText(_take.timeText());
+  _view.sliderTime->setValue(_take.position());
+}
+
+void TransportPane::startTimer() {
+  _timerUpdateCurrentTime.start(kTimeRefresh);
+}
+
+void TransportPane::showState() {
+  const TakeSession::State state = _take.state();
+  const bool isPlaying = state == TakeSession::State::Playing;
+  if (!isPlaying && state != TakeSession::State::Paused && state != TakeSession::State::Finished) {
+    return;
+  }
+  showButton(isPlaying);
+  if (isPlaying) {
+    refresh();
+    startTimer();
+    _isSeeking = false;
+  } else {
+    stopTimer();
+  }
+  if (state == TakeSession::State::Finished) rewind();
+}
+
+// The slider passes the end on its way to the start, but for one that is held.
+void TransportPane::rewind() {
+  if (!_view.sliderTime->isSeeking()) _view.sliderTime->setValue(1.0);
+  _view.lblTimeCurrent->setText(_take.zeroText());
+  _view.sliderTime->setValue(0.0);
+}

@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/WindowCommands.h"
+
+#include <QDesktopServices>
+#include <QFile>
+#include <QMessageBox>
+#include <QUrl>
+#include <utility>
+
+#include "base/Utility.h"
+#include "base/Version.h"
+#include "dialogs/AboutVC.h"
+#include "dialogs/IntroductionVC.h"
+#include "dialogs/NodeviceVC.h"
+
+WindowCommands::WindowCommands(const Place& place, TakeSession& take, FolderBrowser& browser,
+                               QObject* parent)
+    : QObject(parent),
+      _window(place.window),
+      _status(place.status),
+      _exports(place.exports),
+      _desk(place.desk),
+      _take(take),
+      _browser(browser),
+      _menu(place.menu) {
+  QAbstractButton* const button = &place.btnExport;
+  connect(button, &QAbstractButton::clicked, this, &WindowCommands::askForExport);
+  connect(&_take, &TakeSession::opened, button, [button] { button->setEnabled(true); });
+  connect(&_take, &TakeSession::closed, button, [button] { button->setEnabled(false); });
+  button->setEnabled(false);
+  connectMenu();
+  connectExports();
+  _window.installEventFilter(this);
+}
+
+// Greyed out only where it can be seen: its key reaches the command at all times.
+void WindowCommands::connectMenu() {
+  connect(_menu.actionOpenFolder, &QAction::triggered, this, &WindowCommands::openFolderRequested);
+  connect(_menu.actionExport, &QAction::triggered, this, &WindowCommands::askForExport);
+  connect(_menu.actionIntroduction, &QAction::triggered, this, &WindowCommands::showIntroduction);
+  connect(_menu.actionHelp, &QAction::triggered, this, &WindowCommands::showHelp);
+  connect(_menu.actionAbout, &QAction::triggered, this, &WindowCommands::showAbout);
+  connect(_menu.actionQuit, &QAction::triggered, this, &WindowCommands::endRequested);
+  connect(&_menu, &QMenu::aboutToShow, this,
+          [this] { _menu.actionExport->setEnabled(_take.isOpen()); });
+  connect(&_menu, &QMenu::aboutToHide, this, [this] { _menu.actionExport->setEnabled(true); });
+}
+
+void WindowCommands::readVersion() {
+  _versionString =
+      QStringLiteral("%1.%2").arg(QLatin1String(kVersion), QLatin1String(kBuildNumber));
+  const auto seen = Utility::getStringValue(Utility::kDoNotShowAgain);
+  _firstIntroDialog = !seen || *seen != _versionString.toStdString();
+}
+
+void WindowCommands::present(DialogWindow* dialog) const {
+  dialog->setParentFrame(_window.window()->frameGeometry());
+  dialog->open();
+}
+
+void WindowCommands::introduce() {
+  if (std::exchange(_firstIntroDialog, false)) introduce(false);
+}
+
+void WindowCommands::introduce(bool fromMenu) {
+  auto* const dialog = new IntroductionVC(&_window);
+  dialog->setFromMenu(fromMenu);
+  dialog->setVersionString(_versionString);
+  present(dialog);
+}
+
+void WindowCommands::showIntroduction() {
+  introduce(true);
+}
+
+void WindowCommands::showAbout() {
+  auto* const dialog = new AboutVC(&_window);
+  dialog->setVersionString(_versionString);
+  present(dialog);
+}
+
+void WindowCommands::showHelp() {
+  QDesktopServices::openUrl(QUrl(QLatin1String(kHelpAddress)));
+}
+
+void WindowCommands::showNoDevice() {
+  present(new NodeviceVC(&_window));
+}
+
+void WindowCommands::askForExport() {
+  const std::shared_ptr<Export> job = _take.jobToExport();
+  if (!job) return;
+  if (_browser.listing()) job->setDirPath(_browser.listing()->folderPath());
+  _desk.ask(job);
+}
+
+void WindowCommands::connectExports() {
+  connect(&_desk, &ExportDesk::exported, this, [this](const QString& path) {
+    _status.clear(StatusLine::Topic::Export);
+    _browser.wishFor(QFile::encodeName(path).toStdString());
+    _browser.refresh();
+  });
+  connect(&_desk, &ExportDesk::failed, this,
+          [this](const QString& why) { _status.say(StatusLine::Topic::Export, why); });
+}
+
+bool WindowCommands::mayEnd() {
+  if (!_exports.isBusy() || _isEnding) return true;
+  askForTheEnd();
+  return false;
+}
+
+void WindowCommands::askForTheEnd() {
+  auto* const question = new QMessageBox(QMessageBox::NoIcon, _window.windowTitle(), {},
+                                         QMessageBox::NoButton, &_window);
+  question->setAttribute(Qt::WA_DeleteOnClose);
+  question->setInformativeText(tr("An export is still running. Ending now cancels it."));
+  const auto* const end =
+      question->addButton(tr("Cancel export and quit"), QMessageBox::AcceptRole);
+  question->addButton(tr("Go on"), QMessageBox::RejectRole);
+  connect(end, &QAbstractButton::clicked, this, &WindowCommands::endAnyway);
+  question->open();
+}
+
+void WindowCommands::endAnyway() {
+  _isEnding = true;
+  _exports.cancelAll();
+  emit endRequested();
+}
+
+bool WindowCommands::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != &_window) return false;
+  if (event->type() == QEvent::KeyPress) {
+    keyDown(*static_cast<QKeyEvent*>(event));
+    return true;
+  }
+  if (event->type() == QEvent::KeyRelease) {
+    keyUp(*static_cast<QKeyEvent*>(event));
+    return true;
+  }
+  return false;
+}
+
+void WindowCommands::keyDown(const QKeyEvent& event) {
+  if (event.key() == Qt::Key_Space) _isSpaceDown = true;
+  const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+  if (isReturn && !event.isAutoRepeat()) emit openSelectedRequested();
+}
+
+// A release alone may belong to a press that closed a menu or a dialog.
+void WindowCommands::keyUp(const QKeyEvent& event) {
+  if (event.key() != Qt::Key_Space || event.isAutoRepeat()) return;
+  if (std::exchange(_isSpaceDown, false)) emit playRequested();
+}

@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractButton>
+#include <QKeyEvent>
+#include <QObject>
+
+#include "app/FolderBrowser.h"
+#include "app/StatusLine.h"
+#include "app/TakeSession.h"
+#include "app/WindowMenu.h"
+#include "dialogs/ExportDesk.h"
+#include "queue/ExportQueue.h"
+
+class DialogWindow;
+
+/// Menu, keys, dialogs and help of the window, and its end. What a key or an action starts in a
+/// pane goes out as a signal. Interface thread.
+class WindowCommands : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Where `showHelp` leads.
+  static constexpr const char* kHelpAddress = "https://mixdeck.example/help";
+
+  /// What the commands are about; all of it outlives them.
+  struct Place {
+    QWidget& window;  ///< dialogs stand over it; its keys are taken
+    WindowMenu& menu;
+    QAbstractButton& btnExport;
+    StatusLine& status;
+    ExportQueue& exports;
+    ExportDesk& desk;
+  };
+
+  WindowCommands(const Place& place, TakeSession& take, FolderBrowser& browser,
+                 QObject* parent = nullptr);
+
+  /// Looks whether this version has been introduced.
+  void readVersion();
+  /// Introduces the program once, where that is due.
+  void introduce();
+
+  void showAbout();
+  void showIntroduction();
+  static void showHelp();
+  void showNoDevice();
+  /// Asks how to export the take that is open.
+  void askForExport();
+  /// Keys that no control has taken; all are taken here.
+  void keyDown(const QKeyEvent& event);
+  void keyUp(const QKeyEvent& event);
+  /// True when the program may end. While an export runs it asks, and answers false; when the user
+  /// wants the end, the export is cancelled and `endRequested` follows.
+  bool mayEnd();
+
+  [[nodiscard]] const QString& versionString() const { return _versionString; }
+
+ signals:
+  void openSelectedRequested();
+  void openFolderRequested();
+  void playRequested();
+  void endRequested();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void connectMenu();
+  void connectExports();
+  void present(DialogWindow* dialog) const;
+  void introduce(bool fromMenu);
+  void askForTheEnd();
+  void endAnyway();
+
+  QWidget& _window;
+  StatusLine& _status;
+  ExportQueue& _exports;
+  ExportDesk& _desk;
+  TakeSession& _take;
+  FolderBrowser& _browser;
+  WindowMenu& _menu;
+  QString _versionString;
+  bool _firstIntroDialog = false;
+  bool _isSpaceDown = false;
+  bool _isEnding = false;
+};

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/BrowserPane.h"
+#include "app/DevicePane.h"
+#include "app/FolderBrowser.h"
+#include "app/LevelFeed.h"
+#include "app/MainView.h"
+#include "app/SoundPane.h"
+#include "app/TakeMessages.h"
+#include "app/TakeSession.h"
+#include "app/TransportPane.h"
+#include "app/WindowCommands.h"
+#include "dialogs/ExportDesk.h"
+#include "queue/ExportQueue.h"
+
+/// What works behind the window, put together: the take and the folder, and the panes that show
+/// them, in the order in which they are told of things. A further pane is a line here. Interface
+/// thread.
+struct WindowPanes {
+  /// The view and `parent` outlive the panes.
+  WindowPanes(MainView& mainView, QObject& parent) : view(mainView), owner(parent) {}
+
+  MainView& view;
+  QObject& owner;
+  TakeSession take{&owner};
+  FolderBrowser browser{&owner};
+  BrowserPane files{*view.browser, browser, *view.player->lblStatus, &owner};
+  TransportPane transport{*view.player, take, &owner};
+  SoundPane sound{*view.player, take, &owner};
+  LevelFeed levels{*view.player->stage, take, &owner};
+  DevicePane device{*view.device, &owner};
+  TakeMessages messages{view, *view.player->lblStatus, take, &owner};
+  ExportQueue exports;
+  ExportDesk desk{exports, view};
+  WindowCommands commands{
+      {view, *view.menu, *view.player->btnExport, *view.player->lblStatus, exports, desk},
+      take,
+      browser,
+      &owner};
+};
