@@ -42,6 +42,27 @@ constexpr QSize kCaption{90, 20};
 constexpr QSize kValue{90, 18};
 constexpr QSize kLetter{20, 16};
 
+// The dial is as large as its labels ask for; one that is larger than usual moves all down.
+constexpr int kUsualSide = 352;
+
+int sideOf(const AngleViewer& dial) {
+  return dial.sizeHint().width();
+}
+
+int middleOf(const AngleViewer& dial) {
+  return std::max(kMiddle, (sideOf(dial) + 1) / 2);
+}
+
+int downOf(const AngleViewer& dial) {
+  return middleOf(dial) - kMiddle;
+}
+
+// Under the dial, into whose empty lower part they reach.
+int captionTopOf(const AngleViewer& dial) {
+  const int side = std::max(kUsualSide, sideOf(dial));
+  return middleOf(dial) + side * (kCaptionTop - kMiddle) / kUsualSide;
+}
+
 // What its text and font ask for, at least the usual.
 QSize room(const QLabel& label, QSize usual) {
   label.ensurePolished();
@@ -122,9 +143,8 @@ int StageView::scaleWidth(const GainTickTitle& scale) const {
 }
 
 void StageView::place() {
-  const int dialHalf =
-      std::max({(sliderStereo->sizeHint().width() + 1) / 2, halfOf(*lblStereo, kDialCaption),
-                halfOf(*lblStereoValue, kDialValue)});
+  const int dialHalf = std::max({(sideOf(*sliderStereo) + 1) / 2, halfOf(*lblStereo, kDialCaption),
+                                 halfOf(*lblStereoValue, kDialValue)});
   const int gainHalf = std::max(halfOf(*lblGain, kCaption), halfOf(*lblGainValue, kValue));
   const int levelHalf = halfOf(*lblLevel, kCaption);
   const int gainLeft = std::max(gainHalf, scaleWidth(*tickOfGain) - kGainScaleRight);
@@ -142,36 +162,40 @@ void StageView::place() {
 }
 
 void StageView::placeDial(int centre) {
-  const int side = sliderStereo->sizeHint().width();
-  placeCentred(*sliderStereo, centre, kMiddle - side / 2, {side, side});
-  placeCentred(*imgDevice, centre, kMiddle - 78, {68, 156});
+  const int side = sideOf(*sliderStereo);
+  const int middle = middleOf(*sliderStereo);
+  placeCentred(*sliderStereo, centre, middle - side / 2, {side, side});
+  placeCentred(*imgDevice, centre, middle - 78, {68, 156});
 }
 
 void StageView::placeGain(int centre) {
   const int width = scaleWidth(*tickOfGain);
-  tickOfGain->setGeometry(centre + kGainScaleRight - width, kScaleTop, width, kScaleHeight);
-  placeCentred(*sliderGain, centre + 8, kScaleTop + 21, {22, kScaleHeight - 42});
+  const int top = kScaleTop + downOf(*sliderStereo);
+  tickOfGain->setGeometry(centre + kGainScaleRight - width, top, width, kScaleHeight);
+  placeCentred(*sliderGain, centre + 8, top + 21, {22, kScaleHeight - 42});
 }
 
 void StageView::placeLevels(int centre) {
   const int width = scaleWidth(*tickOfLevel);
-  tickOfLevel->setGeometry(centre + kLevelScaleRight - width, kScaleTop, width, kScaleHeight);
-  constexpr int kMeterTop = kScaleTop + kScaleMargin;
+  const int down = downOf(*sliderStereo);
+  const int meterTop = kScaleTop + kScaleMargin + down;
+  tickOfLevel->setGeometry(centre + kLevelScaleRight - width, kScaleTop + down, width,
+                           kScaleHeight);
   constexpr int kMeterHeight = kScaleHeight - 2 * kScaleMargin;
-  lvlLeft->setGeometry(centre - 10, kMeterTop, 16, kMeterHeight);
-  lvlRight->setGeometry(centre + 14, kMeterTop, 16, kMeterHeight);
-  placeCentred(*lblLeft, centre - 2, kLetterTop, room(*lblLeft, kLetter));
-  placeCentred(*lblRight, centre + 22, kLetterTop, room(*lblRight, kLetter));
+  lvlLeft->setGeometry(centre - 10, meterTop, 16, kMeterHeight);
+  lvlRight->setGeometry(centre + 14, meterTop, 16, kMeterHeight);
+  placeCentred(*lblLeft, centre - 2, kLetterTop + down, room(*lblLeft, kLetter));
+  placeCentred(*lblRight, centre + 22, kLetterTop + down, room(*lblRight, kLetter));
 }
 
 // Returns where the lowest of them ends.
 int StageView::placeCaptions(int dial, int gain, int levels) {
-  const int letters = kLetterTop + room(*lblLeft, kLetter).height();
-  const int top = std::max(kCaptionTop, letters + kGap);
+  const int letters = lblLeft->geometry().bottom() + 1;
+  const int top = std::max(captionTopOf(*sliderStereo), letters + kGap);
   int end = placeCentred(*lblStereo, dial, top, room(*lblStereo, kDialCaption));
   end = std::max(end, placeCentred(*lblGain, gain, top, room(*lblGain, kCaption)));
   end = std::max(end, placeCentred(*lblLevel, levels, top, room(*lblLevel, kCaption)));
-  const int values = std::max(kValueTop, end + kGap);
+  const int values = std::max(top + kValueTop - kCaptionTop, end + kGap);
   const int dialEnd =
       placeCentred(*lblStereoValue, dial, values, room(*lblStereoValue, kDialValue));
   return std::max(dialEnd, placeCentred(*lblGainValue, gain, values, room(*lblGainValue, kValue)));

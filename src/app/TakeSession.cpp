@@ -24,6 +24,7 @@ TakeSession::TakeSession(QObject* parent)
 }
 
 TakeSession::~TakeSession() {
+  blockSignals(true);
   _self.reset();
   release();
 }

@@ -36,6 +36,7 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   Q_ENUM(Failure)
 
   explicit TakeSession(QObject* parent = nullptr);
+  /// Lets the take go and tells nobody.
   ~TakeSession() override;
 
   /// Closes the take that is open, opens this one and plays it. `name` is what people call it.

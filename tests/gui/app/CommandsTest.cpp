@@ -1,0 +1,161 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <QDesktopServices>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "TakeFixture.h"
+#include "app/WindowCommands.h"
+#include "base/Utility.h"
+#include "dialogs/AboutVC.h"
+#include "dialogs/ExportVC.h"
+#include "dialogs/IntroductionVC.h"
+#include "dialogs/NodeviceVC.h"
+#include "support/EnvironmentVariable.h"
+
+namespace {
+
+/// Commands over a bare widget, without the window.
+class Commands : public TakeFixture {
+ protected:
+  void TearDown() override {
+    commands.reset();
+    TakeFixture::TearDown();
+  }
+  template <class Dialog>
+  [[nodiscard]] Dialog* dialog() const {
+    return widget.findChild<Dialog*>();
+  }
+  void key(QEvent::Type type, Qt::Key key, bool isRepeated = false) {
+    QKeyEvent event(type, key, Qt::NoModifier, {}, isRepeated);
+    QCoreApplication::sendEvent(&widget, &event);
+    EXPECT_TRUE(event.isAccepted()) << "all keys are taken";
+  }
+
+  TemporaryFolder settings;
+  EnvironmentVariable settingsVariable{"XDG_CONFIG_HOME", settings.path().string()};
+  QWidget widget;
+  WindowMenu menu{widget};
+  QPushButton button;
+  StatusLine status;
+  FolderBrowser browser;
+  ExportQueue exports;
+  ExportDesk desk{exports, widget};
+  std::unique_ptr<WindowCommands> commands = std::make_unique<WindowCommands>(
+      WindowCommands::Place{widget, menu, button, status, exports, desk}, *session, browser);
+  QSignalSpy opens{commands.get(), &WindowCommands::openSelectedRequested};
+  QSignalSpy plays{commands.get(), &WindowCommands::playRequested};
+};
+
+TEST_F(Commands, ReturnOpensOnceAndSpacePlaysOnItsRelease) {
+  key(QEvent::KeyPress, Qt::Key_Return);
+  key(QEvent::KeyPress, Qt::Key_Return, true);
+  EXPECT_EQ(opens.count(), 1);
+  key(QEvent::KeyRelease, Qt::Key_Space);
+  EXPECT_EQ(plays.count(), 0) << "its press was elsewhere";
+  key(QEvent::KeyPress, Qt::Key_Space);
+  key(QEvent::KeyRelease, Qt::Key_Space, true);
+  EXPECT_EQ(plays.count(), 0);
+  key(QEvent::KeyRelease, Qt::Key_Space);
+  EXPECT_EQ(plays.count(), 1);
+  key(QEvent::KeyPress, Qt::Key_F5);
+  EXPECT_EQ(opens.count() + plays.count(), 2);
+}
+
+TEST_F(Commands, MenuShowsDialogsWithTheVersion) {
+  commands->readVersion();
+  menu.actionAbout->trigger();
+  ASSERT_NE(dialog<AboutVC>(), nullptr);
+  EXPECT_EQ(dialog<AboutVC>()->versionString(), commands->versionString());
+  menu.actionIntroduction->trigger();
+  ASSERT_NE(dialog<IntroductionVC>(), nullptr);
+  EXPECT_TRUE(dialog<IntroductionVC>()->fromMenu());
+  commands->showNoDevice();
+  EXPECT_NE(dialog<NodeviceVC>(), nullptr);
+}
+
+TEST_F(Commands, IntroducesAVersionOnce) {
+  commands->readVersion();
+  commands->introduce();
+  ASSERT_NE(dialog<IntroductionVC>(), nullptr);
+  EXPECT_FALSE(dialog<IntroductionVC>()->fromMenu());
+  delete dialog<IntroductionVC>();
+  commands->introduce();
+  EXPECT_EQ(dialog<IntroductionVC>(), nullptr);
+  Utility::store(Utility::kDoNotShowAgain, commands->versionString().toStdString());
+  commands->readVersion();
+  commands->introduce();
+  EXPECT_EQ(dialog<IntroductionVC>(), nullptr) << "it was ticked off";
+}
+
+TEST_F(Commands, MenuAsksForAFolderAndForTheEnd) {
+  QSignalSpy folders(commands.get(), &WindowCommands::openFolderRequested);
+  QSignalSpy ends(commands.get(), &WindowCommands::endRequested);
+  menu.actionOpenFolder->trigger();
+  menu.actionQuit->trigger();
+  EXPECT_EQ(folders.count(), 1);
+  EXPECT_EQ(ends.count(), 1);
+  EXPECT_TRUE(commands->mayEnd()) << "nothing is under way";
+}
+
+/// Takes the address in place of a browser.
+class Reader : public QObject {
+  Q_OBJECT
+
+ public:
+  Reader() { QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "read"); }
+  ~Reader() override { QDesktopServices::unsetUrlHandler(QStringLiteral("https")); }
+  Q_INVOKABLE void read(const QUrl& address) { addresses.push_back(address.toString()); }
+
+  QStringList addresses;
+};
+
+TEST_F(Commands, HelpIsRead) {
+  Reader reader;
+  menu.actionHelp->trigger();
+  EXPECT_EQ(reader.addresses, QStringList{WindowCommands::kHelpAddress});
+}
+
+TEST_F(Commands, ExportIsForATakeThatIsOpen) {
+  EXPECT_FALSE(button.isEnabled());
+  commands->askForExport();
+  EXPECT_EQ(dialog<ExportVC>(), nullptr);
+  emit menu.aboutToShow();
+  EXPECT_FALSE(menu.actionExport->isEnabled());
+  emit menu.aboutToHide();
+  EXPECT_TRUE(menu.actionExport->isEnabled()) << "or its key would be dead";
+  browser.openFolder(takes.path());
+  QSignalSpy listings(&browser, &FolderBrowser::listed);
+  ASSERT_TRUE(listings.wait(20'000));
+  open("a.WAV");
+  EXPECT_TRUE(button.isEnabled());
+  session->setGain(5);
+  session->setAngle(66.5);
+  button.click();
+  auto* const asked = dialog<ExportVC>();
+  ASSERT_NE(asked, nullptr);
+  EXPECT_EQ(asked->exporter()->gain(), 5.0);
+  EXPECT_EQ(asked->exporter()->angle(), 66.5);
+  EXPECT_EQ(asked->exporter()->getDirPath(), takes.path());
+  emit desk.failed("No space left.");
+  EXPECT_EQ(status.text(), "No space left.");
+  session->close();
+  EXPECT_FALSE(button.isEnabled());
+}
+
+TEST_F(Commands, WhatWasExportedIsWishedFor) {
+  QSignalSpy granted(&browser, &FolderBrowser::wishGranted);
+  open("a.WAV");
+  browser.openFolder(takes.path());
+  emit desk.failed("No space left.");
+  emit desk.exported(QString::fromStdString(take("a_Decode.WAV").string()));
+  EXPECT_EQ(status.text(), "");
+  while (granted.empty()) ASSERT_TRUE(granted.wait(20'000));
+  EXPECT_EQ(granted.first().first().toInt(), 1);
+}
+
+}  // namespace
+
+#include "CommandsTest.moc"

@@ -1,0 +1,158 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "WindowFixture.h"
+#include "controls/Appearance.h"
+
+namespace {
+
+class Layout : public WindowFixture {
+ protected:
+  void TearDown() override {
+    window.reset();
+    QApplication::setFont(Appearance::font());
+  }
+  [[nodiscard]] QRect frame(const QWidget* widget) const {
+    return {widget->mapTo(&view(), QPoint()), widget->size()};
+  }
+  /// The window in a font of this many pixels.
+  void startWith(int pixels) {
+    QFont font = Appearance::font();
+    font.setPixelSize(pixels);
+    QApplication::setFont(font);
+    take("R0001.WAV");
+    startOnTakes();
+    open("R0001.WAV");
+    QCoreApplication::processEvents();
+  }
+  [[nodiscard]] std::vector<QLabel*> captions() const {
+    StageView& on = stage();
+    return {on.lblStereo, on.lblStereoValue, on.lblGain, on.lblGainValue,
+            on.lblLevel,  on.lblLeft,        on.lblRight};
+  }
+  [[nodiscard]] std::vector<QWidget*> parts() const {
+    std::vector<QWidget*> all = {stage().tickOfGain,
+                                 stage().sliderGain,
+                                 stage().tickOfLevel,
+                                 stage().lvlLeft,
+                                 stage().lvlRight,
+                                 view().player->btnExport,
+                                 view().player->lblTimeCurrent,
+                                 view().player->lblTimeTotal,
+                                 view().player->lblStatus};
+    const auto labels = captions();
+    all.insert(all.end(), labels.begin(), labels.end());
+    return all;
+  }
+  void expectRoom() const {
+    // The captions under the dial stand where it is empty.
+    EXPECT_TRUE(frame(&stage()).contains(frame(stage().sliderStereo)));
+    for (const QWidget* const other :
+         {static_cast<QWidget*>(stage().tickOfGain), static_cast<QWidget*>(stage().lblGain)}) {
+      EXPECT_FALSE(frame(stage().sliderStereo).intersects(frame(other)));
+    }
+    for (const QLabel* const label : captions()) {
+      const QString text = label->text();
+      EXPECT_LE(label->fontMetrics().horizontalAdvance(text), label->width()) << text.toStdString();
+      EXPECT_LE(label->fontMetrics().height(), label->height()) << text.toStdString();
+    }
+    const auto all = parts();
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      EXPECT_TRUE(view().rect().contains(frame(all[i]))) << i;
+      for (std::size_t j = 0; j < i; ++j) {
+        EXPECT_FALSE(frame(all[i]).intersects(frame(all[j]))) << i << " and " << j;
+      }
+    }
+  }
+};
+
+TEST_F(Layout, StandsToThePixelInTheUsualFont) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  const PlayerView& player = *view().player;
+  const std::vector<std::pair<const QWidget*, QRect>> places = {
+      {view().browser, {16, 16, 318, 404}},
+      {view().browser->viewPathBG, {26, 26, 298, 34}},
+      {view().browser->tableFile, {26, 69, 298, 341}},
+      {view().device, {16, 432, 318, 220}},
+      {&player, {346, 16, 688, 636}},
+      {player.lblFileName, {370, 32, 500, 21}},
+      {player.lblFormat, {370, 55, 500, 16}},
+      {player.btnExport, {878, 30, 96, 36}},
+      {player.btnMenu, {982, 30, 36, 36}},
+      {&stage(), {354, 110, 672, 388}},
+      {stage().sliderStereo, {364, 114, 352, 352}},
+      {stage().imgDevice, {506, 212, 68, 156}},
+      {stage().lblStereo, {480, 456, 120, 20}},
+      {stage().lblStereoValue, {480, 478, 120, 18}},
+      {stage().tickOfGain, {732, 130, 50, 320}},
+      {stage().sliderGain, {791, 151, 22, 278}},
+      {stage().lblGain, {749, 456, 90, 20}},
+      {stage().lblGainValue, {749, 478, 90, 18}},
+      {stage().tickOfLevel, {868, 130, 50, 320}},
+      {stage().lvlLeft, {930, 160, 16, 260}},
+      {stage().lvlRight, {954, 160, 16, 260}},
+      {stage().lblLevel, {895, 456, 90, 20}},
+      {stage().lblLeft, {928, 426, 20, 16}},
+      {stage().lblRight, {952, 426, 20, 16}},
+      {player.sliderTime, {370, 536, 640, 22}},
+      {player.lblTimeCurrent, {370, 562, 320, 16}},
+      {player.lblTimeTotal, {690, 562, 320, 16}},
+      {player.btnVolume, {370, 598, 28, 28}},
+      {player.sliderVolume, {402, 588, 110, 48}},
+      {player.btnPlayPause, {666, 588, 48, 48}},
+      {player.lblStatus, {730, 588, 280, 48}}};
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    const QRect now = frame(places[i].first);
+    EXPECT_EQ(now, places[i].second) << i << ": {" << now.x() << ", " << now.y() << ", "
+                                     << now.width() << ", " << now.height() << "}";
+  }
+}
+
+TEST_F(Layout, LargerFontsGetTheRoomThatTheyNeed) {
+  startWith(22);
+  ASSERT_EQ(stage().lblGain->font().pixelSize(), 22) << "or nothing is shown here";
+  expectRoom();
+  EXPECT_GE(view().browser->viewPathBG->height(),
+            view().browser->lblFolder->fontMetrics().height());
+}
+
+TEST_F(Layout, RowsOfTheListGrowWithTheFont) {
+  startWith(40);
+  FileList& list = *view().browser->tableFile;
+  const int row = list.visualRect(list.model()->index(0, 0)).height();
+  EXPECT_GE(row, list.fontMetrics().height());
+  EXPECT_GT(row, FileListCell::kHeight);
+}
+
+TEST_F(Layout, LongerTextsMoveWhatStandsBesideThem) {
+  startOnTakes();
+  const QSize before = stage().size();
+  stage().lblStereo->setText("Breite des Klangbildes zwischen den Lautsprechern im Raum");
+  stage().lblGain->setText("Verstärkung des Signals");
+  stage().lblLevel->setText("Aussteuerung, links und rechts");
+  view().player->btnExport->setText("Als entschlüsselte Datei ausgeben");
+  QCoreApplication::processEvents();
+  QCoreApplication::processEvents();
+  expectRoom();
+  EXPECT_GT(stage().width(), before.width());
+  EXPECT_EQ(stage().height(), before.height());
+  const QPushButton& button = *view().player->btnExport;
+  EXPECT_LT(button.fontMetrics().horizontalAdvance(button.text()), button.width());
+}
+
+TEST_F(Layout, FurtherPaneStandsBetweenStageAndPosition) {
+  startOnTakes();
+  auto* const strip = new QWidget;
+  strip->setFixedHeight(20);
+  const int before = frame(view().player->sliderTime).top();
+  view().player->strips->addWidget(strip);
+  strip->show();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(frame(strip).bottom() + 1, frame(view().player->sliderTime).top());
+  EXPECT_GE(frame(strip).top(), frame(&stage()).bottom());
+  EXPECT_EQ(frame(view().player->sliderTime).top(), before);
+}
+
+}  // namespace

@@ -1,0 +1,330 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <QMessageBox>
+#include <QTest>
+#include <cmath>
+
+#include "TakeFixture.h"
+#include "app/LevelFeed.h"
+#include "app/SoundPane.h"
+#include "app/TakeMessages.h"
+#include "app/TransportPane.h"
+#include "controls/J4SliderCell.h"
+#include "gui/controls/Hands.h"
+
+namespace {
+
+using State = TakeSession::State;
+
+class Transport : public TakeFixture {
+ protected:
+  PlayerView view;
+  std::unique_ptr<TransportPane> pane = std::make_unique<TransportPane>(view, *session);
+
+  void TearDown() override {
+    pane.reset();
+    TakeFixture::TearDown();
+  }
+  /// Moves the position slider as a hand does.
+  void move(double position, AdjustCause cause) {
+    view.sliderTime->setValue(position);
+    pane->positionAdjusted(cause);
+  }
+};
+
+TEST_F(Transport, ShowsTheTakeAndIsIdleWithoutOne) {
+  EXPECT_FALSE(view.btnPlayPause->isEnabled());
+  EXPECT_EQ(view.lblTimeTotal->text(), "--:--:--");
+  EXPECT_EQ(view.sliderTime->maximum(), 100.0);
+  open("a.WAV");
+  EXPECT_EQ(view.lblFileName->text(), "a.WAV");
+  EXPECT_EQ(view.lblFormat->text(), "Raw M/S · 24-bit · 48 kHz");
+  EXPECT_EQ(view.lblTimeTotal->text(), "00:00:10");
+  EXPECT_EQ(view.sliderTime->maximum(), 1.0);
+  EXPECT_TRUE(view.sliderTime->cell()->sliderEnabled());
+  EXPECT_EQ(view.btnPlayPause->accessibleName(), "Pause");
+  session->close();
+  EXPECT_EQ(view.lblFileName->text(), "");
+  EXPECT_EQ(view.lblTimeCurrent->text(), "--:--:--");
+  EXPECT_FALSE(view.sliderTime->isEnabled());
+  EXPECT_EQ(view.btnPlayPause->accessibleName(), "Play");
+}
+
+TEST_F(Transport, TimerRunsWhileItPlays) {
+  const auto* const timer = pane->findChild<QTimer*>("timerUpdateCurrentTime");
+  open("a.WAV");
+  EXPECT_TRUE(timer->isActive());
+  EXPECT_EQ(timer->interval(), 200);
+  pane->playOrPause();
+  EXPECT_FALSE(timer->isActive());
+  pane->playOrPause();
+  session->close();
+  EXPECT_FALSE(timer->isActive());
+}
+
+TEST_F(Transport, FollowsThePlayerUnlessItIsHeld) {
+  open("a.WAV");
+  play(3000);
+  pane->refresh();
+  EXPECT_NEAR(view.sliderTime->value(), 0.3, 0.01);
+  EXPECT_EQ(view.lblTimeCurrent->text(), "00:00:03");
+  view.sliderTime->setIsSeeking(true);
+  move(0.8, AdjustCause::Drag);
+  pane->refresh();
+  EXPECT_EQ(view.sliderTime->value(), 0.8);
+  EXPECT_EQ(view.lblTimeCurrent->text(), "00:00:08");
+  EXPECT_NEAR(session->time(), 3.0, 0.1) << "moved by the release";
+  move(0.8, AdjustCause::Release);
+  EXPECT_NEAR(session->time(), 8.0, 0.05);
+  EXPECT_FALSE(view.sliderTime->isSeeking());
+}
+
+TEST_F(Transport, GoesOnAtTheSliderWhereTheSoundWasChanged) {
+  open("a.WAV");
+  play(1000);
+  pane->playOrPause();
+  view.sliderTime->setValue(0.5);
+  pane->playOrPause();
+  EXPECT_NEAR(session->time(), 1.0, 0.1) << "nothing was changed";
+  pane->playOrPause();
+  view.sliderTime->setValue(0.5);
+  session->setAngle(60.0);
+  pane->playOrPause();
+  EXPECT_NEAR(session->time(), 5.0, 0.05);
+  EXPECT_EQ(session->state(), State::Playing);
+}
+
+TEST_F(Transport, IsReadyToBeginAgainAtTheEnd) {
+  open("a.WAV");
+  session->seek(0.98);
+  play(1000);
+  EXPECT_EQ(session->state(), State::Finished);
+  EXPECT_EQ(view.sliderTime->value(), 0.0);
+  EXPECT_EQ(view.lblTimeCurrent->text(), "00:00:00");
+  EXPECT_EQ(view.btnPlayPause->accessibleName(), "Play");
+  EXPECT_TRUE(view.btnPlayPause->isEnabled());
+}
+
+TEST_F(Transport, DisabledButtonPlaysNothing) {
+  open("a.WAV");
+  view.btnPlayPause->setEnabled(false);
+  pane->playOrPause();
+  EXPECT_EQ(session->state(), State::Playing);
+}
+
+class Sound : public TakeFixture {
+ protected:
+  PlayerView view;
+  StageView& stage = *view.stage;
+  std::unique_ptr<SoundPane> pane = std::make_unique<SoundPane>(view, *session);
+
+  void TearDown() override {
+    pane.reset();
+    TakeFixture::TearDown();
+  }
+  void moveVolume(double volume, AdjustCause cause) {
+    view.sliderVolume->setValue(volume);
+    pane->volumeAdjusted(cause);
+  }
+  [[nodiscard]] QImage speaker() const {
+    return view.btnVolume->icon().pixmap(view.btnVolume->iconSize()).toImage();
+  }
+};
+
+TEST_F(Sound, IsIdleWithoutATake) {
+  EXPECT_FALSE(stage.sliderGain->isEnabled());
+  EXPECT_FALSE(stage.sliderStereo->enable());
+  EXPECT_EQ(session->volume(), 0.5);
+  open("a.WAV");
+  EXPECT_TRUE(stage.sliderGain->isEnabled());
+  EXPECT_TRUE(stage.sliderGain->cell()->sliderEnabled());
+  EXPECT_TRUE(stage.sliderStereo->enable());
+  EXPECT_TRUE(stage.imgDevice->isEnabled());
+  open("b.WAV", false);
+  EXPECT_FALSE(stage.sliderStereo->enable()) << "there is no width to choose";
+  EXPECT_TRUE(stage.tickOfGain->enable());
+  session->close();
+  EXPECT_FALSE(stage.tickOfGain->enable());
+}
+
+TEST_F(Sound, ControlsAreWhatTheSessionHas) {
+  open("a.WAV");
+  stage.sliderStereo->setNewAngle(77.7);
+  EXPECT_EQ(session->angle(), 77.7);
+  EXPECT_EQ(stage.lblStereoValue->text(), "77°");
+  stage.sliderGain->setValue(-8.0);
+  pane->sliderGainValueChanged(stage.sliderGain);
+  EXPECT_EQ(session->gain(), -8);
+  EXPECT_EQ(stage.lblGainValue->text(), "-8 dB");
+  pane->GainTickTitle(stage.tickOfGain, "+24");
+  EXPECT_EQ(session->gain(), 24);
+  pane->GainTickTitle(stage.tickOfLevel, "+6");
+  pane->GainTickTitle(stage.tickOfGain, "+6");
+  EXPECT_EQ(session->gain(), 24) << "another scale, and no label";
+  moveVolume(0.75, AdjustCause::Drag);
+  EXPECT_EQ(session->volume(), 0.75);
+}
+
+TEST_F(Sound, WhatTheControlsShowCarriesOver) {
+  open("a.WAV");
+  stage.sliderGain->setValue(4.9);
+  stage.sliderStereo->setAngle(12.5);
+  view.sliderVolume->setValue(0.125);
+  open("b.WAV");
+  EXPECT_EQ(session->gain(), 4);
+  EXPECT_EQ(session->angle(), 12.5);
+  EXPECT_EQ(session->volume(), 0.125);
+}
+
+TEST_F(Sound, MutesAndRestores) {
+  pane->toggleMute();
+  EXPECT_TRUE(pane->isMuted());
+  EXPECT_EQ(session->volume(), 0.0);
+  open("a.WAV");
+  EXPECT_EQ(session->volume(), 0.0) << "stays muted";
+  pane->toggleMute();
+  EXPECT_EQ(session->volume(), 0.5);
+  moveVolume(0.75, AdjustCause::Press);
+  moveVolume(0.0, AdjustCause::Drag);
+  moveVolume(0.0, AdjustCause::Release);
+  EXPECT_TRUE(pane->isMuted());
+  pane->toggleMute();
+  EXPECT_EQ(session->volume(), 0.75) << "where the drag began";
+  moveVolume(0.0, AdjustCause::Key);
+  pane->toggleMute();
+  EXPECT_EQ(session->volume(), 0.75) << "what was heard before the key";
+}
+
+TEST_F(Sound, SpeakerShowsThirds) {
+  std::vector<QImage> speakers;
+  for (const float volume : {0.0F, 0.1F, 0.33333334F, 0.6666667F}) {
+    pane->showVolume(volume);
+    speakers.push_back(speaker());
+  }
+  for (std::size_t i = 0; i < speakers.size(); ++i) {
+    for (std::size_t j = 0; j < i; ++j) EXPECT_NE(speakers[i], speakers[j]) << i << " and " << j;
+  }
+  constexpr float kNone = 0.0F;
+  pane->showVolume(std::nextafter(0.33333334F, kNone));
+  EXPECT_EQ(speaker(), speakers[1]);
+  pane->showVolume(std::nextafter(0.6666667F, kNone));
+  EXPECT_EQ(speaker(), speakers[2]);
+  pane->showVolume(1.0F);
+  EXPECT_EQ(speaker(), speakers[3]);
+  pane->toggleMute();
+  pane->showVolume(1.0F);
+  EXPECT_EQ(speaker(), speakers[0]) << "muted";
+}
+
+class Feed : public TakeFixture {
+ protected:
+  StageView view;
+  std::unique_ptr<LevelFeed> feed = std::make_unique<LevelFeed>(view, *session);
+
+  void TearDown() override {
+    feed.reset();
+    TakeFixture::TearDown();
+  }
+  void setLevels(std::int64_t level) {
+    view.lvlLeft->setLevel(level);
+    view.lvlRight->setLevel(level);
+  }
+};
+
+TEST_F(Feed, MeasuresWhatIsAboutToBeHeard) {
+  openAndLoad("a.WAV", false);
+  feed->update(LevelFeed::kInterval);
+  // 20 log10(0.5) + 48 = 41.98; half of it is 6 dB less.
+  EXPECT_EQ(view.lvlLeft->level(), 42);
+  EXPECT_EQ(view.lvlRight->level(), 36);
+  session->setGain(6);
+  feed->update(LevelFeed::kInterval);
+  EXPECT_EQ(view.lvlLeft->level(), 48);
+}
+
+TEST_F(Feed, MeasuresWithTheWidth) {
+  openAndLoad("a.WAV");
+  feed->update(LevelFeed::kInterval);
+  const auto mono = view.lvlLeft->level();
+  EXPECT_EQ(view.lvlRight->level(), mono);
+  session->setAngle(150.0);
+  feed->update(LevelFeed::kInterval);
+  EXPECT_NE(view.lvlLeft->level(), view.lvlRight->level());
+}
+
+TEST_F(Feed, RunsWhileItPlaysAndFallsToNothing) {
+  const auto* const timer = feed->findChild<QTimer*>("timerLevel");
+  EXPECT_FALSE(timer->isActive());
+  openAndLoad("a.WAV");
+  EXPECT_TRUE(timer->isActive());
+  EXPECT_EQ(timer->interval(), 33);
+  EXPECT_EQ(timer->timerType(), Qt::PreciseTimer);
+  setLevels(30);
+  session->play();
+  EXPECT_FALSE(timer->isActive());
+  EXPECT_EQ(view.lvlLeft->level(), 0);
+  setLevels(30);
+  open("b.WAV");
+  session->close();
+  EXPECT_FALSE(timer->isActive());
+  EXPECT_EQ(view.lvlRight->level(), 0);
+}
+
+TEST_F(Feed, WithoutATakeItMeasuresNothing) {
+  setLevels(17);
+  feed->update(1.0);
+  EXPECT_EQ(view.lvlLeft->level(), 17);
+}
+
+TEST_F(Feed, LetsTheTakeGo) {
+  openAndLoad("a.WAV");
+  const std::weak_ptr<WaveImage> image = session->job()->reader()->image();
+  session->close();
+  // The thread that has loaded it may be on its way out.
+  for (int i = 0; i < 10'000 && !image.expired(); ++i) QTest::qWait(1);
+  EXPECT_TRUE(image.expired()) << "or the whole take stays in memory";
+}
+
+TEST_F(Feed, ShowsMagnitudesThatThePlayerSends) {
+  session->WavePlayerLevelChanged(0.1, -0.5);
+  EXPECT_EQ(view.lvlLeft->level(), 20);
+  EXPECT_EQ(view.lvlRight->level(), 6);
+}
+
+class Messages : public TakeFixture {
+ protected:
+  QWidget window;
+  StatusLine status;
+  TakeMessages messages{window, status, *session};
+};
+
+TEST_F(Messages, AlertIsForWhatIsNotTheRecorders) {
+  session->open("b.wav", takes.file("b.wav", {std::byte{'x'}}));
+  EXPECT_TRUE(status.text().startsWith("b.wav: ")) << status.text().toStdString();
+  const auto* const alert = window.findChild<QMessageBox*>();
+  ASSERT_NE(alert, nullptr);
+  EXPECT_EQ(alert->informativeText(), "File not supported.");
+  open("a.WAV");
+  EXPECT_EQ(status.text(), "") << "that was about another take";
+}
+
+TEST_F(Messages, LostOutputIsAQuietLineUntilItPlaysAgain) {
+  open("a.WAV");
+  play(100);
+  output->lose("No sound.");
+  play(20);
+  EXPECT_EQ(status.text(), "No sound.");
+  EXPECT_EQ(window.findChild<QMessageBox*>(), nullptr);
+  session->play();
+  EXPECT_EQ(status.text(), "");
+}
+
+TEST_F(Messages, ReadingFailureNamesTheTake) {
+  badFrame = 30'000;
+  open("a.WAV");
+  play(2000);
+  EXPECT_TRUE(status.text().startsWith("a.WAV cannot be read: ")) << status.text().toStdString();
+}
+
+}  // namespace
