@@ -15,7 +15,8 @@
 ///
 /// The folder that was asked for stays so while it is gone and the Desktop is shown in its place.
 /// It is remembered in the settings, and listed again every five seconds from the first one on.
-/// Interface thread, which has an event loop.
+/// Listing never waits for the medium; `begin`, `goUp` and `choose` do, for one look whether
+/// something is there. Interface thread, which has an event loop.
 class FolderBrowser : public QObject {
   Q_OBJECT
 

@@ -8,7 +8,8 @@
 
 #include "app/FolderHelper.h"
 
-/// Lists folders on a thread of its own, so that nobody waits for a large folder or a slow medium.
+/// Lists folders on a thread of its own, so that nobody waits for a large folder or a slow medium;
+/// only where no thread can be had, on the caller's.
 ///
 /// Interface thread only, which has an event loop. A medium that hangs holds up nothing but its own
 /// answer: no thread is ever waited for.
@@ -27,7 +28,8 @@ class FolderLister {
     std::shared_ptr<const FolderHelper> known;
   };
 
-  /// How a folder is listed. On threads of its own, several at once.
+  /// How a folder is listed. On threads of its own, several at once, or where there are none the
+  /// caller's.
   using Look = std::function<Answer(const Question& question)>;
 
   explicit FolderLister(Done done, Look look = answerTo);

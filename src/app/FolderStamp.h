@@ -15,9 +15,9 @@ class FolderStamp {
 
   /// Whether the folder has no other entries than at `before`, as far as its times tell: nothing
   /// was made, removed or renamed in it. What an entry is a link to may have changed all the same.
-  /// False where the times do not tell: when the last change lay less than 3 s before `before`,
-  /// since they are as coarse as two seconds on some media, and on network file systems and those
-  /// of user space, which may keep no time of a folder or an old one.
+  /// False where the times do not tell: when the last change lay 3 s or less before `before`, since
+  /// they are as coarse as two seconds on some media, and on network file systems and those of user
+  /// space, which may keep no time of a folder or an old one. False too when its rights changed.
   [[nodiscard]] bool provesUnchangedSince(const FolderStamp& before) const;
 
  private:

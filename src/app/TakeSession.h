@@ -18,6 +18,8 @@
 /// to it. Whatever shows, measures, remembers or remotely controls a take sees only this; it knows
 /// no widget.
 ///
+/// Opening waits for the medium, and so does playing, which reads its buffers here.
+///
 /// A take opens between `opening` and either `opened` or `failed` and `closed`; whoever asks for it
 /// relies on the signals, not on the return of `open`. Commands without an open take do nothing.
 /// Volume, gain and width belong to the session: they stay from take to take. Interface thread,
@@ -49,7 +51,7 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   /// Linear, 0.0 to 1.0; 0.0 while muted.
   void setVolume(double volume);
   void setGain(std::int64_t dB);  ///< positive is louder
-  /// Stereo width in degrees. The player takes whole degrees, an export all of it.
+  /// Stereo width in degrees; player and export take the whole ones.
   void setAngle(double degrees);
   /// The queue of the playing file has stopped, as "EB_PLAY_FINISH" tells.
   void playFinish();

@@ -16,7 +16,7 @@ class EB {
  public:
   /// The playing file's queue has stopped: at the end, and for each seek.
   static constexpr std::string_view kPlayFinish = "EB_PLAY_FINISH";
-  /// An export has been written into the folder that is shown.
+  /// An export has ended, however it did: a folder may hold a new file.
   static constexpr std::string_view kReloadFileList = "EB_RELOAD_FILE_LIST";
 
   EB(const EB&) = delete;

@@ -9,9 +9,9 @@
 /// The program's persistent strings, and one stopwatch for diagnosis. Main thread only.
 class Utility {
  public:
-  /// Path of the folder last shown, without a slash at its end.
+  /// Path of the folder last asked for, without a slash at its end.
   static constexpr std::string_view kLastOpenFolder = "UD_LAST_OPEN_FOLDER";
-  /// The version ("1.2.34") whose introduction the user does not want to see again.
+  /// The version ("0.1.0.1") whose introduction the user does not want to see again.
   static constexpr std::string_view kDoNotShowAgain = "UD_DO_NOT_SHOW_AGAIN";
 
   /// Keeps the value for the key, in place of any earlier one. What cannot be written is logged.

@@ -9,8 +9,8 @@
 
 #include "midi/GLPacket.h"
 
-/// SysEx messages as Universal MIDI Packets (M2-104-UM, message type 3, 7-bit System
-/// Exclusive), and two ways to run work on another thread. All of it may be called on any thread.
+/// SysEx messages as Universal MIDI Packets (M2-104-UM, message type 3, 7-bit System Exclusive),
+/// and two ways to run work on another thread. All of it may be called on any thread.
 class MIDICommon {
  public:
   /// The packets of one SysEx message of `size` bytes from F0 to F7, all in group 0. None where the

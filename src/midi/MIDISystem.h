@@ -49,8 +49,8 @@ class MIDISystemClient {
 /// The platform's MIDI, as little of it as the link needs.
 ///
 /// Everything is called, and calls back, on the interface thread. Nothing waits, except that a back
-/// end may have to let a device come to rest in `dispose`. A call about an
-/// object that is not there (any more) does nothing. A system without MIDI has no endpoints and
+/// end may have to let a device come to rest in `dispose` and at its end. A call about an object
+/// that is not there (any more) does nothing. A system without MIDI has no endpoints and
 /// makes no ports; it is not an error to ask.
 ///
 /// What arrives keeps to three rules, which the back end sees to: real-time messages are left out,

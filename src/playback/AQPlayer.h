@@ -14,9 +14,10 @@ class PlayingFile;
 ///
 /// There is one playing file per process (`PlayingFile`): it belongs to whichever player was made
 /// last, and the one before is cleaned up first. Fires "EB_PLAY_FINISH" whenever the queue has
-/// stopped, at the end and in every seek. Errors are only logged: a file that cannot be opened
-/// plays nothing. Owner's thread only, which has an event loop; the data callback and the event
-/// come on it too. Times are milliseconds, `duration` is seconds.
+/// stopped, at the end and in every seek. Errors are logged and kept (`readFailure`), or told
+/// (`setLostCB`): a file that cannot be opened plays nothing. Owner's thread only, which has an
+/// event loop; the data callback and the event come on it too. Times are milliseconds, `duration`
+/// is seconds.
 class AQPlayer {
  public:
   explicit AQPlayer(std::string filePath);

@@ -37,7 +37,7 @@ struct AudioFormat {
   std::uint32_t bytesPerPacket = 0;  ///< also the upper bound of a packet's size
   std::uint32_t framesPerPacket = 0;
   std::uint32_t channelsPerFrame = 0;
-  std::uint32_t bitsPerChannel = 0;  ///< of the file; 0 where the packets are a decoder's output
+  std::uint32_t bitsPerChannel = 0;  ///< of the file
   SampleType sampleType = SampleType::None;
 };
 

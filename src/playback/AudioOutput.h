@@ -77,7 +77,8 @@ class AudioOutput {
   /// Frames really heard since the last `flush`, the sound system's delay taken off. Never goes
   /// back; counts nothing while paused; after a drain it is exactly the number handed over.
   [[nodiscard]] virtual double framesPlayed() const = 0;
-  /// Linear gain on this stream alone; 1.0 leaves samples as they are. Changes glide over 10 ms.
+  /// Linear gain on this stream alone; 1.0 leaves samples as they are. Changes glide, the whole way
+  /// from 0 to 1 in 10 ms.
   virtual void setVolume(float volume) = 0;
   /// How often the source had nothing to play although nothing was draining.
   [[nodiscard]] virtual std::uint64_t underruns() const = 0;

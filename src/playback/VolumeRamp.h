@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <span>
 
-/// Multiplies a stream by a volume that may change at any time; a change glides over 10 ms, so that
-/// it does not click. One thread.
+/// Multiplies a stream by a volume that may change at any time; a change glides, the whole way from
+/// 0 to 1 in 10 ms, so that it does not click. One thread.
 class VolumeRamp {
  public:
   VolumeRamp(double sampleRate, std::uint32_t channels);

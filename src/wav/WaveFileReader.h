@@ -34,9 +34,9 @@ class WaveFileReader {
   /// A reader over a copy of `data`. Always a reader: ask `isValidFile`.
   static std::unique_ptr<WaveFileReader> readFromData(std::span<const std::byte> data);
 
-  /// A reader over the file at `path`, which is indexed but not held. Its samples are read ahead
-  /// where `follow` says, or, after `waitForMedium`, when they are asked for. None where the file
-  /// cannot be read, with the reason in `whyNot`.
+  /// A reader over the file at `path`, which is indexed here, waiting for the medium, but not held.
+  /// Its samples are read ahead where `follow` says, or, after `waitForMedium`, when they are asked
+  /// for. None where the file cannot be read, with the reason in `whyNot`.
   static std::unique_ptr<WaveFileReader> openFile(const std::filesystem::path& path,
                                                   std::string& whyNot);
 
@@ -80,7 +80,7 @@ class WaveFileReader {
   void waitForMedium(const std::atomic<bool>* cancel = nullptr) { _cursor.waitForMedium(cancel); }
   /// Has the samples from this time on read ahead, in seconds, and tells whether those up to `to`
   /// are at hand already: a level measured then is that of the whole stretch. Never waits. A
-  /// stretch that needs more than 3.75 MiB of the file at a time never is.
+  /// stretch that needs more than 3.75 MiB of the file at a time may never be.
   bool follow(double from, double to);
 
   /// Whole frames that can be read.

@@ -32,7 +32,8 @@ class WaveImage {
 
   WaveImage(const WaveImage&) = delete;
   WaveImage& operator=(const WaveImage&) = delete;
-  /// Waits for nothing where the image was followed: the worker closes the file.
+  /// Waits for nothing where the image was followed: the worker closes the file. Else it closes the
+  /// file itself, as its last owner.
   ~WaveImage();
 
   /// Byte count of the whole file.

@@ -27,9 +27,9 @@ struct WaveIndex {
   std::vector<ChunkInfo> chunks;
   WaveHeader header;
 
-  /// Indexes an image of at least 48 bytes, whatever its content; header fields that the image
-  /// does not set keep their values. Bytes are fetched from the image as needed: it may still be
-  /// loading.
+  /// Indexes an image, whatever its content; one of fewer than 48 bytes is not looked at. Header
+  /// fields that the image does not set keep their values. Only the bytes that are needed are
+  /// fetched, which waits for the medium.
   void parse(const WaveImage& image);
 
   /// The first chunk with this four-character identifier, or none.

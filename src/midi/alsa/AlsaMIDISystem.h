@@ -28,10 +28,10 @@ struct AlsaPayload;
 /// device node changes, and what is plugged in when there is one is told as an addition.
 ///
 /// Interface thread only: the sequencer's descriptor is in the event loop of the thread that calls
-/// `create`, which needs a QCoreApplication. Sending and receiving never wait. Removing a port may:
-/// the kernel plays out what a driver was still given, for up to ten seconds where the device takes
-/// nothing. It must not be destroyed while it calls. Set-up changes are reported when they have
-/// settled, some 150 ms after the last of a burst.
+/// `create`, which needs a QCoreApplication. Sending and receiving never wait. Removing a port
+/// and the end may: the kernel plays out what a driver was still given, for up to ten seconds where
+/// the device takes nothing. It must not be destroyed while it calls. Set-up changes are reported
+/// when they have settled, some 150 ms after the last of a burst.
 class AlsaMIDISystem final : public MIDISystem {
  public:
   struct Options {

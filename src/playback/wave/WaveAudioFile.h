@@ -30,7 +30,7 @@ class WaveAudioFile : public AudioFile {
   [[nodiscard]] std::uint64_t encodingOf(const WaveIndex& index) const;
   bool fail(const std::string& why);
 
-  std::shared_ptr<const WaveImage> _image;  ///< never loaded: a descriptor and a size
+  std::shared_ptr<const WaveImage> _image;  ///< never followed: a descriptor and a size
   AudioFormat _format;
   std::uint64_t _dataStart = 0;
   std::uint64_t _frameCount = 0;
