@@ -21,6 +21,8 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr unsigned kMostJobs = 256;
+constexpr double kLeastLoudness = -70;  // the gate
+constexpr double kLeastTruePeak = -60;
 
 }  // namespace
 
@@ -32,8 +34,17 @@ CLI::App* ExportCommand::declare(CLI::App& program) {
   auto* gain = command->add_option("--gain", _gain, "Gain in dB; positive is louder")
                    ->check(realBetween(-kMostGain, kMostGain))
                    ->capture_default_str();
-  command->add_flag("--normalize", _normalize, "Scale the loudest sample to full scale")
-      ->excludes(gain);
+  auto* normalize =
+      command->add_flag("--normalize", _normalize, "Scale the loudest sample to full scale")
+          ->excludes(gain);
+  auto* loudness = command->add_option("--loudness", _loudness, "Bring it to a loudness in LUFS")
+                       ->check(realBetween(kLeastLoudness, 0))
+                       ->excludes(gain)
+                       ->excludes(normalize);
+  command->add_option("--true-peak", _truePeak, "True peak in dBTP that --loudness may not pass")
+      ->check(realBetween(kLeastTruePeak, 0))
+      ->capture_default_str()
+      ->needs(loudness);
   command->add_option("--format", _format, "24 (24-bit integer) or float32 (32-bit float)")
       ->check(CLI::IsMember({"24", "float32"}))
       ->capture_default_str();
@@ -86,11 +97,15 @@ bool ExportCommand::exportItem(const ExportPlan::Item& item, std::size_t index,
   if (_isDryRun) return announce(item, job);
   job.setAngle(_angle);
   job.setGain(_gain);
+  if (_loudness) job.setLoudness(LoudnessTarget{*_loudness, _truePeak});
   job.setExisting(_force ? AtomicFile::Existing::Replace : AtomicFile::Existing::Refuse);
   job.setCancelFlag(&Interrupt::requested());
   const std::string name = printable(item.source.filename().native());
   job.setProgress([&](double done) { line.update(index, name, done); });
-  if (job.export2File(item.target, is24bit(), _normalize)) return true;
+  if (job.export2File(item.target, is24bit(), _normalize)) {
+    if (job.loudnessGain()) tellGain(item, *job.loudnessGain());
+    return true;
+  }
   if (!job.wasCancelled()) line.message(problemLine(item.target, kFailToSave, job.failure()));
   return false;
 }
@@ -114,12 +129,27 @@ bool ExportCommand::isAllowed(const ExportPlan::Item& item, const Export& job,
   return false;
 }
 
+void ExportCommand::tellGain(const ExportPlan::Item& item, const LoudnessGain& found) const {
+  const std::string name = printable(item.source.native());
+  const std::string lowered =
+      found.loweredBy() > 0
+          ? fmt::format(", {:.2f} LU less than asked for a true peak of {:g} dBTP",
+                        found.loweredBy(), _truePeak)
+          : "";
+  fmt::print("{}: gain {:+.2f} dB, {:.2f} LUFS{}\n", name, found.gain().value_or(0),
+             _loudness.value_or(0) - found.loweredBy(), lowered);
+}
+
+std::string ExportCommand::levelText() const {
+  if (_loudness) return fmt::format("{:g} LUFS, at most {:g} dBTP", *_loudness, _truePeak);
+  return _normalize ? "normalised" : fmt::format("gain {:+g} dB", _gain);
+}
+
 bool ExportCommand::announce(const ExportPlan::Item& item, const Export& job) const {
-  const std::string level = _normalize ? "normalised" : fmt::format("gain {:+g} dB", _gain);
   const std::string width = job.reader()->isBoMSFormat()
                                 ? fmt::format("width {}", WaveFileReader::wholeAngle(_angle))
                                 : "not M/S, channels as they are";
   fmt::print("{} -> {}: {}, {}, {}, {} bytes\n", item.source.native(), item.target.native(),
-             is24bit() ? "24-bit" : "32-bit float", width, level, job.outputSize(is24bit()));
+             is24bit() ? "24-bit" : "32-bit float", width, levelText(), job.outputSize(is24bit()));
   return true;
 }

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,8 @@ class ExportCommand : public Command {
                                 ProgressLine& line) const;
   [[nodiscard]] bool isAllowed(const ExportPlan::Item& item, const Export& job,
                                ProgressLine& line) const;
+  void tellGain(const ExportPlan::Item& item, const LoudnessGain& found) const;
+  [[nodiscard]] std::string levelText() const;
   [[nodiscard]] bool announce(const ExportPlan::Item& item, const Export& job) const;
   [[nodiscard]] bool is24bit() const { return _format == "24"; }
 
@@ -34,6 +37,8 @@ class ExportCommand : public Command {
   std::filesystem::path _outputFolder;
   double _angle = kDefaultAngle;
   double _gain = 0;
+  std::optional<double> _loudness;
+  double _truePeak = -1;
   std::string _format = "24";
   unsigned _jobs = 0;
   bool _normalize = false;

@@ -11,6 +11,7 @@
 #include <limits>
 #include <system_error>
 
+#include "analysis/TakeAnalyzer.h"
 #include "dsp/GainStage.h"
 #include "dsp/Kernels.h"
 #include "dsp/SideGain.h"
@@ -119,7 +120,8 @@ bool Export::prepare(const std::filesystem::path& path, BwfWriter& writer) {
 void Export::editAndWriteSample(BwfWriter& writer) {
   FrameStream source(*_reader);
   _framesDone = 0;
-  _framesToDo = source.framesLeft() * (_normalize ? 2 : 1);
+  _framesToDo = source.framesLeft() * passes();
+  _loudnessGain.reset();
   const Attenuation attenuation = this->attenuation();
   const float left = GainStage::factor(attenuation.left);
   const float right = GainStage::factor(attenuation.right);
@@ -138,7 +140,27 @@ void Export::editAndWriteSample(BwfWriter& writer) {
 }
 
 Export::Attenuation Export::attenuation() {
+  if (_loudness) return towardsLoudness();
   if (!_normalize) return {-_gain, -_gain};
+  const int width = WaveFileReader::wholeAngle(_angle);
+  const float peak = isAnalysed() ? _analysis->samplePeak(width) : firstPass();
+  const double dB = 20.0 * std::log10(static_cast<double>(peak));
+  return {dB, dB};
+}
+
+unsigned Export::passes() const {
+  return (_normalize || _loudness) && !isAnalysed() ? 2 : 1;
+}
+
+bool Export::isAnalysed() const {
+  if (!_analysis || !_analysis->isComplete()) return false;
+  const TakeLayout& layout = _analysis->layout();
+  return layout.frames() == _reader->frameCount() &&
+         layout.sampleRate() == _reader->header().SampleRate &&
+         layout.isRawMidSide() == _reader->isBoMSFormat();
+}
+
+float Export::firstPass() {
   FrameStream source(*_reader);
   float peak = 0;
   std::array<float, kBlockFloats> block;
@@ -148,8 +170,31 @@ Export::Attenuation Export::attenuation() {
     peak = Kernels::peakMagnitude(frames, peak);
     report(count);
   }
-  const double dB = 20.0 * std::log10(static_cast<double>(peak));
-  return {dB, dB};
+  return peak;
+}
+
+bool Export::analyse() {
+  if (isAnalysed()) return true;
+  TakeAnalyzer analyzer(*_reader);
+  const auto frames = static_cast<double>(_reader->frameCount());
+  _analysis = analyzer.wait(_cancel, [&](double done) {
+    const auto reached = static_cast<std::uint64_t>(done * frames);
+    report(reached - std::min(reached, _framesDone));
+  });
+  if (_analysis) return true;
+  _wasCancelled = analyzer.failure().empty();
+  return _wasCancelled ? false
+                       : fail(fmt::format("The source cannot be read: {}", analyzer.failure()));
+}
+
+Export::Attenuation Export::towardsLoudness() {
+  if (!analyse()) return {0, 0};
+  _loudnessGain.emplace(*_analysis, WaveFileReader::wholeAngle(_angle), *_loudness);
+  if (!_loudnessGain->gain()) {
+    fail("The recording has no loudness at this width: it is silent or shorter than 0.4 s");
+    return {0, 0};
+  }
+  return {-*_loudnessGain->gain(), -*_loudnessGain->gain()};
 }
 
 // Returns frames; 0 at the end and when the export has to stop.

@@ -7,11 +7,13 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
 #include "export/AtomicFile.h"
 #include "export/BwfWriter.h"
+#include "export/LoudnessGain.h"
 #include "wav/BextChunkInfo.h"
 #include "wav/FrameStream.h"
 #include "wav/WavArray.h"
@@ -70,6 +72,16 @@ class Export {
   /// dB, positive is louder; no part in a normalised export.
   [[nodiscard]] double gain() const { return _gain; }
   void setGain(double dB) { _gain = dB; }
+  /// A loudness to bring the take to, in place of gain and normalisation; none for no target. A
+  /// take without loudness fails.
+  void setLoudness(const std::optional<LoudnessTarget>& target) { _loudness = target; }
+  /// What the last export towards a loudness did; none before one has.
+  [[nodiscard]] const std::optional<LoudnessGain>& loudnessGain() const { return _loudnessGain; }
+  /// The analysis of this whole file, where there is one: it spares normalisation and loudness
+  /// their first pass. One of another length, rate or kind is not used.
+  void setAnalysis(std::shared_ptr<const TakeAnalysis> analysis) {
+    _analysis = std::move(analysis);
+  }
   /// Stereo width in degrees, 0 to 150; whole degrees count.
   [[nodiscard]] double angle() const { return _angle; }
   void setAngle(double degrees) { _angle = degrees; }
@@ -100,6 +112,11 @@ class Export {
   bool recognise();
   bool prepare(const std::filesystem::path& path, BwfWriter& writer);
   Attenuation attenuation();
+  [[nodiscard]] unsigned passes() const;
+  [[nodiscard]] bool isAnalysed() const;
+  bool analyse();
+  Attenuation towardsLoudness();
+  float firstPass();
   std::uint64_t fillBlock(FrameStream& source, std::span<float> block);
   [[nodiscard]] float sideGain() const;
   void report(std::uint64_t framesDone);
@@ -115,6 +132,9 @@ class Export {
   double _angle = 0;
   std::filesystem::path _filePath;
   std::unique_ptr<WaveFileReader> _reader;
+  std::optional<LoudnessTarget> _loudness;
+  std::optional<LoudnessGain> _loudnessGain;
+  std::shared_ptr<const TakeAnalysis> _analysis;
 
   Progress _progress;
   const std::atomic<bool>* _cancel = nullptr;

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+
+#include "analysis/TakeAnalysis.h"
+
+/// The loudness that an export is to have, and the true peak that it must not pass for it.
+struct LoudnessTarget {
+  double lufs = -23;
+  double truePeakDbtp = -1;
+};
+
+/// The gain that brings a take to a loudness at a width, in dB. Immutable; safe on any thread.
+class LoudnessGain {
+ public:
+  /// The gates of the loudness move with the gain, so it is looked for in a few steps.
+  LoudnessGain(const TakeAnalysis& analysis, int width, const LoudnessTarget& target);
+
+  /// None where the take has no loudness: it is silent, too short, or under the gate.
+  [[nodiscard]] std::optional<double> gain() const { return _gain; }
+  /// By how many dB the true peak keeps the gain down; 0 where it does not.
+  [[nodiscard]] double loweredBy() const { return _loweredBy; }
+
+ private:
+  std::optional<double> _gain;
+  double _loweredBy = 0;
+};
