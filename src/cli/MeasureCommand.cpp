@@ -10,15 +10,19 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <span>
 #include <thread>
 
+#include "analysis/WaveformTruth.h"
 #include "cli/AngleList.h"
 #include "cli/FileDescription.h"
 #include "cli/Interrupt.h"
+#include "cli/MeasurePlot.h"
 #include "cli/MeasureReport.h"
 #include "cli/NumberCheck.h"
 #include "cli/Printable.h"
 #include "cli/Problem.h"
+#include "export/AtomicFile.h"
 
 namespace {
 
@@ -51,6 +55,8 @@ CLI::App* MeasureCommand::declare(CLI::App& program) {
       ->check(realBetween(0, kMostSeconds));
   auto* json = command->add_flag("--json", _asJson, "One JSON object a line for each file");
   command->add_flag("--csv", _asCsv, "Comma-separated values, a line a width")->excludes(json);
+  command->add_option("--plot", _plot,
+                      "A picture to write, FILE.svg: the waveform, and figures over all widths");
   command->add_option("FILE", _files, "Recordings")->required();
   command->callback([this] { checkOptions(); });
   return command;
@@ -58,6 +64,9 @@ CLI::App* MeasureCommand::declare(CLI::App& program) {
 
 void MeasureCommand::checkOptions() const {
   if (_to && *_to < _from) throw CLI::ValidationError("--to", "is before --from");
+  if (_plot.empty()) return;
+  if (_files.size() > 1) throw CLI::ValidationError("--plot", "goes with a single FILE");
+  if (_plot.extension() != ".svg") throw CLI::ValidationError("--plot", "is not a FILE.svg");
 }
 
 std::vector<int> MeasureCommand::angles() const {
@@ -105,7 +114,28 @@ std::optional<std::string> MeasureCommand::measure(std::size_t index, ProgressLi
   if (!warning.empty()) line.message(problemLine(file, "Warning:", warning));
   const auto analysis = analyse(job, index, line);
   if (!analysis) return std::nullopt;
+  if (!_plot.empty() && !plot(job, *analysis, line)) return std::nullopt;
   return text(file, *analysis);
+}
+
+bool MeasureCommand::plot(const Export& job, const TakeAnalysis& analysis,
+                          ProgressLine& line) const {
+  const int width = angles().front();
+  Waveform waveform =
+      analysis.waveform(width, _gain, 0, analysis.layout().frames(), MeasurePlot::kColumns);
+  WaveformTruth truth(*job.reader(), options(job).firstFrame, width, _gain);
+  if (!truth.settle(waveform, &Interrupt::requested())) {
+    if (!truth.failure().empty()) {
+      line.message(problemLine(job.getFilePath(), kFailToOpen, truth.failure()));
+    }
+    return false;
+  }
+  const std::string title = printable(job.getFilePath().filename().native());
+  const MeasurePlot picture(title, analysis, waveform, width, _gain);
+  AtomicFile file(_plot, AtomicFile::Existing::Replace);
+  if (file.write(std::as_bytes(std::span(picture.svg()))) && file.commit()) return true;
+  line.message(problemLine(_plot, kFailToSave, file.failure()));
+  return false;
 }
 
 // A single file is worked on by all processors, several by one each.

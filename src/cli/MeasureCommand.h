@@ -33,11 +33,15 @@ class MeasureCommand : public Command {
   [[nodiscard]] std::string text(const std::filesystem::path& file,
                                  const TakeAnalysis& analysis) const;
   [[nodiscard]] std::vector<int> angles() const;
+  /// False where the picture cannot be made, which has been said.
+  [[nodiscard]] bool plot(const Export& job, const TakeAnalysis& analysis,
+                          ProgressLine& line) const;
   void checkOptions() const;
 
   std::vector<std::filesystem::path> _files;
   double _angle = 120;
   std::string _angles;
+  std::filesystem::path _plot;
   double _gain = 0;
   double _from = 0;
   std::optional<double> _to;

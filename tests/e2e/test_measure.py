@@ -12,9 +12,11 @@ import re
 import struct
 import subprocess
 import unittest
+from xml.etree import ElementTree
 
 from mixdeck import Case, bext, chunk, decoded, fmt, recording, single, wave
 
+SVG = "{http://www.w3.org/2000/svg}"
 KEYS = ["path", "seconds", "sample_rate", "raw_ms", "widths"]
 FIGURES = ["angle", "gain_db", "integrated_lufs", "range_lu", "momentary_max_lufs",
            "short_term_max_lufs", "true_peak_dbtp", "sample_peak_dbfs", "correlation", "balance_db"]
@@ -199,6 +201,91 @@ class MeasureTest(Case):
                       ["--from", "2", "--to", "1"]):
             self.expect(2, "measure", *words, "a.wav", out="")
         self.expect(2, "measure", out="")
+
+
+class PlotTest(Case):
+    def plot(self, *words):
+        self.expect(0, "measure", "--plot", "p.svg", *words, "a.wav", err="")
+        return ElementTree.fromstring(self.read("p.svg"))
+
+    def test_a_picture_without_a_display(self):
+        samples = tone(2, -20)
+        for i in range(96000, 96400):
+            samples[i] = 8000000
+        self.file("a.wav", recording(samples))
+        environment = {"PATH": "/usr/bin:/bin"}
+        self.expect(0, "measure", "--plot", "p.svg", "a.wav", env=environment)
+        root = ElementTree.fromstring(self.read("p.svg"))
+        self.assertEqual(root.tag, SVG + "svg")
+        words = [text.text for text in root.iter(SVG + "text")]
+        for word in ("a.wav", "loudness, LUFS", "true peak, dBTP", "correlation", "width", "150"):
+            self.assertIn(word, words)
+        self.assertIn("2.0 s, 48000 Hz, raw M/S, width 120, gain +0 dB", words)
+
+    def test_marks_stand_where_it_clips(self):
+        samples = tone(2, -20)
+        samples[2 * 60000] = 8000000
+        samples[2 * 60000 + 1] = 8000000
+        self.file("a.wav", recording(samples))
+        marks = [path for path in self.plot().iter(SVG + "path") if path.get("class") == "clipped"]
+        places = re.findall(r"M(\S+) ", marks[0].get("d"))
+        self.assertEqual(places, [f"{70 + 60000 // 96:.1f}"])
+        self.assertEqual([path for path in self.plot("--angle", "0").iter(SVG + "path")
+                          if path.get("class") == "clipped"], [])
+
+    def test_a_picture_that_cannot_be_written(self):
+        self.file("a.wav", recording(tone(0.2, -20)))
+        result = self.expect(1, "measure", "--plot", "no/p.svg", "a.wav", out="")
+        self.assertIn("no/p.svg: Fail to save. ", result.stderr)
+
+    def test_wrong_usage(self):
+        self.file("a.wav", recording(tone(0.2, -20)))
+        self.expect(2, "measure", "--plot", "p.svg", "a.wav", "a.wav", out="")
+        self.expect(2, "measure", "--plot", "p.gif", "a.wav", out="")
+        self.assertEqual(self.names(), ["a.wav"])
+
+
+class LoudnessTest(Case):
+    def measured(self, name):
+        line = self.expect(0, "measure", "--json", name).stdout
+        return json.loads(line)["widths"][0]
+
+    def test_an_export_at_a_loudness(self):
+        self.file("a.wav", recording(tone(2, -30)))
+        result = self.expect(0, "export", "--angle", "80", "--loudness", "-18", "--format",
+                             "float32", "a.wav", err="")
+        row = self.measured("a_Decode.WAV")
+        self.assertAlmostEqual(row["integrated_lufs"], -18, delta=0.001)
+        gain = re.fullmatch(r"a.wav: gain (\S+) dB, -18.00 LUFS\n", result.stdout)[1]
+        wanted = json.loads(self.expect(0, "measure", "--json", "--angle", "80", "--gain", gain,
+                                        "a.wav").stdout)["widths"][0]
+        self.assertAlmostEqual(wanted["integrated_lufs"], -18, delta=0.01)
+
+    def test_the_true_peak_lowers_it_and_that_is_said(self):
+        self.file("a.wav", recording(tone(2, -30)))
+        for limit, words in ((-1, []), (-6, ["--true-peak", "-6"])):
+            result = self.expect(0, "export", "--loudness", "0", *words, "--force", "a.wav")
+            self.assertAlmostEqual(self.measured("a_Decode.WAV")["true_peak_dbtp"], limit,
+                                   delta=0.01)
+            self.assertRegex(result.stdout, rf"LU less than asked for a true peak of {limit} dBTP")
+
+    def test_silence_is_refused_with_a_reason(self):
+        self.file("a.wav", recording([0] * 96000))
+        result = self.expect(1, "export", "--loudness", "-23", "a.wav", out="")
+        self.assertIn("no loudness at this width", result.stderr)
+        self.assertEqual(self.names(), ["a.wav"])
+
+    def test_wrong_usage(self):
+        self.file("a.wav", recording(tone(0.5, -30)))
+        for words in (["--loudness", "-23", "--gain", "1"], ["--loudness", "-23", "--normalize"],
+                      ["--true-peak", "-1"], ["--loudness", "1"], ["--loudness", "nan"]):
+            self.expect(2, "export", *words, "a.wav", out="")
+        self.assertEqual(self.names(), ["a.wav"])
+
+    def test_dry_run(self):
+        self.file("a.wav", recording(tone(0.5, -30)))
+        text = self.expect(0, "export", "--loudness", "-23", "--dry-run", "a.wav").stdout
+        self.assertIn("-23 LUFS, at most -1 dBTP", text)
 
 
 if __name__ == "__main__":
