@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+//
+// How fast is each kernel of the analysis, and its plain twin, beside memcpy? Stretches of 4800
+// frames, a block of the analysis. The rate counts the bytes of the frames that go in. Then a
+// question to the analysis of an hour.
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <cstring>
+#include <memory>
+#include <vector>
+
+#include "analysis/TakeAnalysis.h"
+#include "analysis/WidthGrid.h"
+#include "dsp/AnalysisKernels.h"
+#include "dsp/Oversampling.h"
+#include "dsp/PlainAnalysisKernels.h"
+
+namespace {
+
+constexpr std::size_t kFloats = 9600;
+
+std::vector<float> sound() {
+  std::vector<float> frames(kFloats);
+  for (std::size_t i = 0; i < kFloats; ++i) frames[i] = std::sin(static_cast<float>(i * i % 9973));
+  return frames;
+}
+
+void report(benchmark::State& state, std::size_t floats) {
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(floats * sizeof(float)));
+}
+
+void copyMemory(benchmark::State& state) {
+  const auto from = sound();
+  auto to = from;
+  for ([[maybe_unused]] auto iteration : state) {
+    std::memcpy(to.data(), from.data(), kFloats * sizeof(float));
+    benchmark::ClobberMemory();
+  }
+  report(state, kFloats);
+}
+
+template <class Set>
+void raiseExtremes(benchmark::State& state) {
+  const auto frames = sound();
+  std::vector<float> extremes(4 * WidthGrid::kNodes.size());
+  for ([[maybe_unused]] auto iteration : state) {
+    Set::raiseExtremes(frames, WidthGrid::nodeGains().subspan(1), extremes);
+    benchmark::DoNotOptimize(extremes.data());
+  }
+  report(state, kFloats);
+}
+
+template <class Set>
+void areUnder(benchmark::State& state) {
+  const auto frames = sound();
+  const std::vector<float> line(3, 9.0F);
+  const PeakGate gate{WidthGrid::nodeGains().first(3), line, line};
+  for ([[maybe_unused]] auto iteration : state) {
+    benchmark::DoNotOptimize(Set::areUnder(frames, gate));
+  }
+  report(state, kFloats);
+}
+
+template <class Set>
+void interpolate(benchmark::State& state) {
+  const auto frames = sound();
+  std::vector<float> out(kFloats - 2 * (Oversampling::kTaps - 1));
+  for ([[maybe_unused]] auto iteration : state) {
+    Set::interpolate(frames, Oversampling::phases(4)[0], out);
+    benchmark::DoNotOptimize(out.data());
+  }
+  report(state, kFloats);
+}
+
+template <class Set>
+void weigh(benchmark::State& state) {
+  const auto frames = sound();
+  const std::span<const float> all = frames;
+  const KWeighting weighting = KWeighting::forRate(48000);
+  WeighingLanes lanes;
+  for ([[maybe_unused]] auto iteration : state) {
+    Set::weigh(weighting, {all, all, all, all}, lanes);
+    benchmark::DoNotOptimize(lanes.weighted.data());
+  }
+  report(state, 4 * kFloats);
+}
+
+std::unique_ptr<TakeAnalysis> hour() {
+  TakeFindings findings(TakeLayout(48000, 3600ULL * 48000, true));
+  for (std::size_t i = 0; i < findings.blocks.size(); ++i) {
+    const double power = 50 + 40 * std::sin(static_cast<double>(i));
+    const auto half = static_cast<float>(power / 2);
+    findings.blocks[i] = {{{{half, half / 3}, {half, half / 2}}}, power, power / 2, power / 9};
+  }
+  for (std::size_t i = 0; i < findings.keys.size(); ++i) {
+    findings.keys[i] = UpperKey::of(std::sin(static_cast<float>(i)));
+  }
+  findings.unitsKnown = findings.layout.units();
+  return std::make_unique<TakeAnalysis>(std::move(findings));
+}
+
+void figuresOfAnHour(benchmark::State& state) {
+  const auto analysis = hour();
+  int width = 0;
+  for ([[maybe_unused]] auto iteration : state) {
+    benchmark::DoNotOptimize(analysis->at(width = (width + 1) % 151, 3));
+  }
+}
+
+void waveformOfAnHour(benchmark::State& state) {
+  const auto analysis = hour();
+  int width = 0;
+  for ([[maybe_unused]] auto iteration : state) {
+    benchmark::DoNotOptimize(
+        analysis->waveform(width = (width + 1) % 151, 3, 0, analysis->layout().frames(), 1000));
+  }
+}
+
+BENCHMARK(copyMemory)->Name("memcpy");
+BENCHMARK_TEMPLATE(raiseExtremes, AnalysisKernels)->Name("raiseExtremes/vector");
+BENCHMARK_TEMPLATE(raiseExtremes, PlainAnalysisKernels)->Name("raiseExtremes/plain");
+BENCHMARK_TEMPLATE(areUnder, AnalysisKernels)->Name("areUnder/vector");
+BENCHMARK_TEMPLATE(areUnder, PlainAnalysisKernels)->Name("areUnder/plain");
+BENCHMARK_TEMPLATE(interpolate, AnalysisKernels)->Name("interpolate/vector");
+BENCHMARK_TEMPLATE(interpolate, PlainAnalysisKernels)->Name("interpolate/plain");
+BENCHMARK_TEMPLATE(weigh, AnalysisKernels)->Name("weigh/vector");
+BENCHMARK_TEMPLATE(weigh, PlainAnalysisKernels)->Name("weigh/plain");
+BENCHMARK(figuresOfAnHour)->Unit(benchmark::kMillisecond)->Name("figures of an hour");
+BENCHMARK(waveformOfAnHour)->Unit(benchmark::kMillisecond)->Name("waveform of an hour");
+
+}  // namespace
+
+BENCHMARK_MAIN();
