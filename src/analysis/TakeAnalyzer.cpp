@@ -80,11 +80,16 @@ void TakeAnalyzer::Work::begin(unsigned workers, const std::shared_ptr<Work>& se
   }
 }
 
+// What the pass holds is let go of before the last one to wait is told.
 void TakeAnalyzer::Work::run() {
-  UnitPass pass(_reader, _findings.layout, _firstFrame, &_isCancelled);
-  UnitResult result;
-  while (takeNext(result) && pass.run(result)) add(result);
-  end(pass.failure());
+  std::string failure;
+  {
+    UnitPass pass(_reader, _findings.layout, _firstFrame, &_isCancelled);
+    UnitResult result;
+    while (takeNext(result) && pass.run(result)) add(result);
+    failure = pass.failure();
+  }
+  end(failure);
 }
 
 bool TakeAnalyzer::Work::takeNext(UnitResult& result) {

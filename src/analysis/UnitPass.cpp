@@ -82,7 +82,8 @@ bool UnitPass::fill(std::size_t unit) {
   const std::uint64_t end = std::min(begin + _layout.framesPerUnit(), _layout.frames());
   const std::uint64_t to = std::min(end + kReach, _layout.frames());
   _unitFrames = end - begin;
-  _buffer.resize(2 * (lead + _layout.framesPerUnit() + kReach));
+  const std::size_t blocks = (_unitFrames + lead - 1) / lead;
+  _buffer.resize(2 * (lead + blocks * lead + kReach));
   const std::size_t skipped = lead - (begin - from);
   const std::size_t count = to - from;
   std::ranges::fill(frames(0, skipped), 0.0F);
@@ -228,8 +229,11 @@ void UnitPass::weigh(UnitResult& result) {
 
 void UnitPass::weighHalf(std::size_t step, std::size_t from, std::size_t to, WeighingLanes& lanes) {
   std::array<std::span<const float>, WeighingLanes::kStretches> stretches;
+  const std::size_t last = (_unitFrames - 1) / _layout.blockFrames() + 1;
   for (std::size_t i = 0; i < stretches.size(); ++i) {
-    const std::size_t begin = (i * _layout.blocksPerStretch() + step) * _layout.blockFrames();
+    const std::size_t block = i * _layout.blocksPerStretch() + step;
+    // Beyond the take the first stretch goes along once more, and does not count.
+    const std::size_t begin = (block <= last ? block : step) * _layout.blockFrames();
     stretches[i] = frames(begin + from, begin + to);
   }
   lanes.weighted = {};
