@@ -16,9 +16,9 @@ class Replay {
 
   /// The most that the heap may grow by at any moment of an input, the target's own checks
   /// included: 32 bytes a byte of the input, for an export can be 8 times its source and the checks
-  /// hold two more such copies; and 1 MiB, for streams and other buffers of a fixed size.
+  /// hold two more such copies; and 2 MiB, for streams and other buffers of a fixed size.
   static constexpr std::uint64_t kHeapPerByte = 32;
-  static constexpr std::uint64_t kHeapFixed = 1 << 20;
+  static constexpr std::uint64_t kHeapFixed = 2 << 20;
   /// An input that takes longer ends the program with SIGALRM.
   static constexpr unsigned kSecondsPerInput = 20;
 
