@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <span>
 
-#include "analysis/TakeAnalysis.h"
+#include "analysis/TakeFindings.h"
+#include "analysis/Waveform.h"
+#include "analysis/WidthGrid.h"
 
 /// The bins of a take as seen at one width and gain. Lives no longer than the findings.
 class WaveformBins {

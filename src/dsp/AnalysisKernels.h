@@ -3,33 +3,11 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <span>
 
 #include "dsp/KWeighting.h"
-
-/// Filter memory and running sums of four stretches that are weighed side by side. Element 2i
-/// belongs to the first channel of stretch i, element 2i + 1 to its second.
-struct WeighingLanes {
-  static constexpr std::size_t kStretches = 4;
-  static constexpr std::size_t kWidth = 2 * kStretches;
-  using Row = std::array<double, kWidth>;
-
-  alignas(64) Row shelf1{};
-  alignas(64) Row shelf2{};
-  alignas(64) Row high1{};
-  alignas(64) Row high2{};
-  alignas(64) Row weighted{};  ///< sums of squares after the K-weighting
-  alignas(64) Row plain{};     ///< sums of squares as they are
-  alignas(64) Row product{};   ///< sums of first times second, the same in both elements
-};
-
-/// The line at each width that a frame has to pass to raise a peak; see `areUnder`.
-struct PeakGate {
-  std::span<const float> gains;
-  std::span<const float> left;   ///< as many as gains
-  std::span<const float> right;  ///< as many as gains
-};
+#include "dsp/PeakGate.h"
+#include "dsp/WeighingLanes.h"
 
 /// The sample loops of the analysis of a take, as vector code chosen at run time for the processor.
 ///

@@ -3,10 +3,11 @@
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <span>
 
-#include "dsp/AnalysisKernels.h"
+#include "dsp/KWeighting.h"
+#include "dsp/PeakGate.h"
+#include "dsp/WeighingLanes.h"
 
 /// The plain C++ twins of `AnalysisKernels`: the same contracts, one frame at a time.
 /// `raiseExtremes` takes any sample here; what is not a number does not count.

@@ -26,8 +26,6 @@ COMPOSING_FOLDERS = {"recorder-sim"}
 
 # What is being taken apart; this list shrinks to nothing.
 KNOWN = """
-a circle of files: analysis/TakeAnalysis analysis/WaveformBins
-a circle of files: dsp/AnalysisKernels dsp/PlainAnalysisKernels
 """
 
 
