@@ -206,5 +206,6 @@ std::shared_ptr<const TakeAnalysis> TakeAnalyzer::wait(const std::atomic<bool>* 
     if (cancel != nullptr && *cancel) _work->cancel();
     if (report) report(_work->progress());
   }
+  if (report) report(_work->progress());  // it may have been done before the wait began
   return _work->handOver();
 }

@@ -48,9 +48,9 @@ class TakeAnalyzer {
   /// What has been found by now; a copy, of a few milliseconds for an hour.
   [[nodiscard]] std::shared_ptr<const TakeAnalysis> soFar() const;
 
-  /// Waits, with a report ten times a second, until no more units come; gives up when `*cancel` is
-  /// true. The whole analysis, or none where it was cancelled or failed. What was found is handed
-  /// over: `soFar` has nothing after that.
+  /// Waits, with a report ten times a second and one in the end, until no more units come; gives up
+  /// when `*cancel` is true. The whole analysis, or none where it was cancelled or failed. What was
+  /// found is handed over: `soFar` has nothing after that.
   std::shared_ptr<const TakeAnalysis> wait(const std::atomic<bool>* cancel = nullptr,
                                            const Progress& report = {});
 

@@ -75,6 +75,15 @@ TEST_F(TakeAnalyzerTest, ASlowMediumMakesNoDifference) {
   EXPECT_EQ(last, 1.0);
 }
 
+TEST_F(TakeAnalyzerTest, TheLastReportIsThatAllIsDoneHoweverEarlyItWas) {
+  const auto reader = TestTake::reader({0.5F, 0.25F}, kRate, true);
+  TakeAnalyzer analyzer(*reader);
+  while (!analyzer.isFinished()) std::this_thread::yield();
+  std::vector<double> reports;
+  ASSERT_NE(analyzer.wait(nullptr, [&](double done) { reports.push_back(done); }), nullptr);
+  EXPECT_EQ(reports, std::vector{1.0});
+}
+
 TEST_F(TakeAnalyzerTest, UnitsInAnyOrderFindTheSame) {
   const auto wanted = TestTake::analyse(_frames, kRate, true);
   const auto reader = openFile();
