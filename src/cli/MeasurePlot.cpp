@@ -68,11 +68,11 @@ MeasurePlot::MeasurePlot(std::string_view title, const TakeAnalysis& analysis,
                   analysis.layout().isRawMidSide() ? "raw M/S" : "not M/S", width, gain);
   open(title, subtitle);
   const Panel left{70, 120, 1.0, -1.0};
-  const Panel right{200, 120, 1.0, -1.0};
+  const Panel right{206, 120, 1.0, -1.0};
   for (const Panel& panel : {left, right}) addScale(panel, 1.0, "");
   addChannel(waveform, true, left);
   addChannel(waveform, false, right);
-  addMarks(waveform, {66, 258, 1, -1});
+  addMarks(waveform, {66, 264, 1, -1});
   const Panel levels{370, 170, 6, -60};
   const Panel correlation{580, 90, 1, -1};
   addScale(levels, 12, "dB");
