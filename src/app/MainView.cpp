@@ -9,7 +9,7 @@
 #include <QVBoxLayout>
 
 #include "controls/Colors.h"
-#include "controls/ControlsAccessible.h"
+#include "controls/PopupAccessible.h"
 
 namespace {
 
@@ -47,7 +47,7 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
 }  // namespace
 
 MainView::MainView(QWidget* parent) : QWidget(parent) {
-  ControlsAccessible::install();  // before the pop-ups, which are the toolkit's
+  PopupAccessible::install();  // before the pop-ups, which are the toolkit's
   QAccessible::installFactory(makeInterface);
   setStyleSheet(lookOfParts());
   auto* const left = new QVBoxLayout;
