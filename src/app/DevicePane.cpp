@@ -13,9 +13,6 @@
 
 namespace {
 
-const QString kNoCard = QStringLiteral("-- GB / -- GB Used");
-const QString kNoTime = QStringLiteral("--:--:--");
-
 QStringList titles(std::span<const RecorderChoice> choices) {
   QStringList list;
   for (const RecorderChoice& choice : choices) {
@@ -77,9 +74,7 @@ void DevicePane::showSettings(const TARNDeviceInfo& info) {
 void DevicePane::clear() {
   _view.lblConnect->setText(tr("Disconnected"));
   _view.lblVersion->clear();
-  _view.lblUsed->setText(kNoCard);
-  _view.lblRemain->setText(kNoTime);
-  _view.barUsed->setValue(0);
+  showCard({});
   for (QComboBox* const popup : {_view.popupBattery, _view.popupAutoPow}) {
     popup->hidePopup();
     popup->setCurrentIndex(-1);

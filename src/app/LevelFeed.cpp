@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "controls/LevelMeterScale.h"
+
 namespace {
 
 constexpr int kLevelRefresh = 33;  // ms
@@ -38,7 +40,9 @@ LevelFeed::LevelFeed(StageView& view, TakeSession& take, QObject* parent)
   _view.tickOfLevel->setTexts(levelLabels());
   _view.tickOfLevel->setEnable(true);
   _view.tickOfLevel->initTick();
-  for (LevelMeter* const meter : {_view.lvlLeft, _view.lvlRight}) meter->setMaxValue(kLevelRange);
+  for (LevelMeter* const meter : {_view.lvlLeft, _view.lvlRight}) {
+    meter->setMaxValue(LevelMeterScale::kFull);
+  }
   clear();
   _timerLevel.setObjectName(QStringLiteral("timerLevel"));
   _timerLevel.setTimerType(Qt::PreciseTimer);

@@ -15,8 +15,6 @@ class LevelFeed : public QObject {
   Q_OBJECT
 
  public:
-  /// Units of a meter from its lowest to its highest label, -48 to +6 dB.
-  static constexpr std::int64_t kLevelRange = 54;
   /// Seconds from one look to the next; the single-precision value is kept on purpose.
   static constexpr double kInterval = 0.033333335F;
 

@@ -4,12 +4,16 @@
 #include "app/SoundPane.h"
 
 #include "app/MainViewParts.h"
+#include "dsp/GainStage.h"
+#include "dsp/SideGain.h"
 
 namespace {
 
-constexpr double kMostGain = 36.0;
 constexpr double kDimmed = 0.5;
 constexpr double kFirstVolume = 0.5;
+
+static_assert(AngleViewer::kMaxAngle == double{SideGain::kMaxAngle},
+              "the dial turns as far as there are widths");
 
 QStringList gainLabels() {
   return {QStringLiteral("+36"), QStringLiteral("+24"), QStringLiteral("+12"), QStringLiteral("0"),
@@ -55,7 +59,7 @@ void SoundPane::initGain() {
   _sliderGainCell->setIsVertical(true);
   J4GainSlider& slider = *_stage.sliderGain;
   slider.setCell(_sliderGainCell);
-  slider.setRange(-kMostGain, kMostGain);
+  slider.setRange(-GainStage::kMostGain, GainStage::kMostGain);
   slider.setValue(0.0);
   slider.setValueForDoubleClick(0.0);
   slider.setGainParent(_self);

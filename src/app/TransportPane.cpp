@@ -4,12 +4,11 @@
 #include "app/TransportPane.h"
 
 #include "app/MainViewParts.h"
+#include "base/Placeholder.h"
 
 namespace {
 
 constexpr int kTimeRefresh = 200;  // ms
-
-const QString kNoTime = QStringLiteral("--:--:--");
 
 // "Raw M/S · 24-bit · 48 kHz"
 QString describe(const WaveFileReader& reader) {
@@ -46,8 +45,8 @@ void TransportPane::showIdle() {
   _view.lblFileName->clear();
   _view.lblFileName->setToolTip({});
   _view.lblFormat->clear();
-  _view.lblTimeCurrent->setText(kNoTime);
-  _view.lblTimeTotal->setText(kNoTime);
+  _view.lblTimeCurrent->setText(QLatin1String(Placeholder::kTime));
+  _view.lblTimeTotal->setText(QLatin1String(Placeholder::kTime));
   setPlayable(false);
   _view.sliderTime->setValue(0.0);
   showButton(false);

@@ -5,6 +5,18 @@
 
 #include <fmt/format.h>
 
+#include <string_view>
+
+#include "base/Placeholder.h"
+
+namespace {
+
+std::string usedOf(std::string_view used, std::string_view whole) {
+  return fmt::format("{} / {} Used", used, whole);
+}
+
+}  // namespace
+
 std::string DeviceText::firmware(const TARNDeviceInfo& info) {
   const auto& version = info._version;
   const std::string lastTwo(version.begin() + 2, version.end());
@@ -12,12 +24,12 @@ std::string DeviceText::firmware(const TARNDeviceInfo& info) {
 }
 
 std::string DeviceText::used(const TARNDeviceInfo& info) {
-  if (!hasCard(info)) return "-- GB / -- GB Used";
-  return fmt::format("{} / {} Used", info._sdUsedSize, info._sdMaxSize);
+  if (!hasCard(info)) return usedOf(Placeholder::kSize, Placeholder::kSize);
+  return usedOf(info._sdUsedSize, info._sdMaxSize);
 }
 
 std::string DeviceText::remaining(const TARNDeviceInfo& info) {
-  if (!hasCard(info)) return "--:--:--";
+  if (!hasCard(info)) return Placeholder::kTime;
   const auto& left = info._sdRemaining;
   return fmt::format("{:02}:{:02}:{:02}", left[0], left[1], left[2]);
 }

@@ -6,13 +6,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/Placeholder.h"
 #include "midi/RecorderProtocol.h"
 #include "midi/SizeText.h"
 
 namespace {
 
 constexpr std::size_t kLength = 30;
-constexpr const char* kNoSize = "-- GB";
 
 void fillCard(const RecorderProtocol::Card& card, TARNDeviceInfo& info) {
   info._sdRemaining = card.remaining;
@@ -26,7 +26,7 @@ void clearCard(TARNDeviceInfo& info) {
   info._sdRemaining.fill(0);
   std::fill_n(info._sdUsedBuff.begin(), 3, std::uint8_t{0});
   std::fill_n(info._sdMaxBuff.begin(), 3, std::uint8_t{0});
-  info._sdUsedSize = info._sdMaxSize = kNoSize;
+  info._sdUsedSize = info._sdMaxSize = Placeholder::kSize;
 }
 
 }  // namespace
