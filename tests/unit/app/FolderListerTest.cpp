@@ -6,13 +6,13 @@
 #include <gmock/gmock.h>
 
 #include <QCoreApplication>
-#include <QTimer>
 #include <memory>
 #include <semaphore>
 #include <thread>
 #include <vector>
 
 #include "base/ThreadSignal.h"
+#include "support/EventLoop.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -24,7 +24,7 @@ class Lister : public testing::Test {
     bool isTold = false;
     ThreadSignal last([&isTold] { isTold = true; });
     last.raise();
-    runUntil([&isTold] { return isTold; });
+    EXPECT_TRUE(EventLoop::runUntil([&isTold] { return isTold; }));
     QCoreApplication::processEvents();
   }
   /// Until no more threads list than there are listers that may start one, and all have put down
@@ -35,17 +35,6 @@ class Lister : public testing::Test {
   /// Lists; each thread holds on to the watch until its answer is put down.
   [[nodiscard]] FolderLister::Look watched() const {
     return [watch = watch](const auto& question) { return FolderLister::answerTo(question); };
-  }
-  /// Runs the event loop until the condition holds.
-  template <class Condition>
-  void runUntil(Condition condition) {
-    QTimer deadline;
-    deadline.setSingleShot(true);
-    deadline.start(std::chrono::seconds(120));
-    while (!condition() && deadline.isActive()) {
-      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    EXPECT_TRUE(condition());
   }
   [[nodiscard]] FolderLister::Question about(const TemporaryFolder& place) const {
     return {place.path(), other.path(), answers.empty() ? nullptr : answers.back().listing};
@@ -70,7 +59,7 @@ TEST_F(Lister, AnswersFromTheEventLoop) {
   folder.file("a.wav", {});
   lister.list(about(folder));
   EXPECT_TRUE(answers.empty());
-  runUntil([this] { return !answers.empty(); });
+  ASSERT_TRUE(EventLoop::runUntil([this] { return !answers.empty(); }));
   EXPECT_EQ(answers[0].listing->folderPath(), folder.path());
   EXPECT_EQ(rows(), 1U);
   EXPECT_FALSE(answers[0].isSame);
@@ -80,7 +69,7 @@ TEST_F(Lister, LooksAgainWhereItWasAskedMeanwhile) {
   lister.list(about(folder));
   folder.file("late.wav", {});
   lister.list(about(folder));
-  runUntil([this] { return answers.size() == 2; });
+  ASSERT_TRUE(EventLoop::runUntil([this] { return answers.size() == 2; }));
   EXPECT_EQ(rows(), 1U);
 }
 
@@ -92,7 +81,7 @@ TEST_F(Lister, GivesUpTheFolderThatIsNoLongerWanted) {
   });
   choosy.list(about(folder));
   choosy.list(about(other));
-  runUntil([this] { return !answers.empty(); });
+  EXPECT_TRUE(EventLoop::runUntil([this] { return !answers.empty(); }));
   door.release();
   waitForLooks(1);
   runAll();
@@ -107,7 +96,7 @@ TEST_F(Lister, KeepsUpWithAFolderThatChangesAllTheTime) {
     lister.list(about(folder));
     if (i % 3 == 0) QCoreApplication::processEvents();
   }
-  runUntil([this] { return !answers.empty() && rows() == kFiles; });
+  ASSERT_TRUE(EventLoop::runUntil([this] { return !answers.empty() && rows() == kFiles; }));
 }
 
 TEST_F(Lister, MayGoWhileItLists) {
@@ -123,9 +112,9 @@ TEST_F(Lister, MayGoWhileItLists) {
 TEST_F(Lister, TellsWhetherAnythingChanged) {
   folder.file("a.wav", {});
   lister.list(about(folder));
-  runUntil([this] { return answers.size() == 1; });
+  ASSERT_TRUE(EventLoop::runUntil([this] { return answers.size() == 1; }));
   lister.list(about(folder));
-  runUntil([this] { return answers.size() == 2; });
+  ASSERT_TRUE(EventLoop::runUntil([this] { return answers.size() == 2; }));
   EXPECT_TRUE(answers[1].isSame);
 }
 

@@ -7,10 +7,10 @@
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QTimer>
-#include <chrono>
 #include <memory>
 #include <thread>
+
+#include "support/EventLoop.h"
 
 namespace {
 
@@ -18,18 +18,6 @@ class ThreadSignalTest : public testing::Test {
  protected:
   // What deletes itself later does so now.
   void TearDown() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
-
-  /// Runs the event loop until the condition holds.
-  template <class Condition>
-  void runUntil(Condition condition) {
-    QTimer deadline;
-    deadline.setSingleShot(true);
-    deadline.start(std::chrono::seconds(20));
-    while (!condition() && deadline.isActive()) {
-      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    EXPECT_TRUE(condition());
-  }
 
   int count = 1;
   char name[5] = "test";
@@ -41,7 +29,7 @@ TEST_F(ThreadSignalTest, WakesTheLoopFromAnotherThread) {
   std::thread::id seen;
   ThreadSignal signal([&] { seen = std::this_thread::get_id(); });
   std::thread([&] { signal.raise(); }).join();
-  runUntil([&] { return seen != std::thread::id(); });
+  ASSERT_TRUE(EventLoop::runUntil([&] { return seen != std::thread::id(); }));
   EXPECT_EQ(seen, std::this_thread::get_id());
 }
 
@@ -53,7 +41,7 @@ TEST_F(ThreadSignalTest, MayBeDeletedByItsOwnCall) {
     isCalled = true;
   });
   signal->raise();
-  runUntil([&] { return isCalled; });
+  EXPECT_TRUE(EventLoop::runUntil([&] { return isCalled; }));
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QEventLoop>
 #include <atomic>
 #include <ctime>
 #include <memory>
@@ -14,21 +13,13 @@
 #include "midi/MIDICommon.h"
 #include "midi/MIDISequenceBase.h"
 #include "midi/QtMIDIClock.h"
+#include "support/EventLoop.h"
 
 namespace {
 
 /// An application whose main thread is the test's.
 class MIDIThreadTest : public testing::Test {
  protected:
-  /// Turns the event loop until the condition holds, which only the main thread may change.
-  template <class Condition>
-  static void runUntil(Condition condition) {
-    while (!condition()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  }
-  static void wake() {
-    MIDICommon::runOnUIThread([] {});
-  }
-
   int argumentCount = 1;
   char name[5] = "test";
   char* arguments[2] = {name, nullptr};
@@ -64,7 +55,7 @@ TEST_F(MIDIThreadTest, MovesToTheMainThreadAndWaits) {
     wasDone = isDone;
     MIDICommon::runOnUIThread([&isFinished] { isFinished = true; });
   });
-  runUntil([&isFinished] { return isFinished; });
+  EXPECT_TRUE(EventLoop::runUntil([&isFinished] { return isFinished; }));
   worker.join();
   EXPECT_EQ(ranOn, main);
   EXPECT_TRUE(wasDone);
@@ -80,7 +71,7 @@ TEST_F(MIDIThreadTest, TakesTasksOfManyThreadsOneAtATime) {
       for (int k = 0; k < kTasks; ++k) MIDICommon::runOnUIThread([&sum] { ++sum; });
     });
   }
-  runUntil([&sum] { return sum == kThreads * kTasks; });
+  EXPECT_TRUE(EventLoop::runUntil([&sum] { return sum == kThreads * kTasks; }));
   for (std::thread& worker : workers) worker.join();
   EXPECT_EQ(sum, kThreads * kTasks);
 }
@@ -92,7 +83,7 @@ TEST_F(MIDIThreadTest, RunsInTheBackground) {
     ranOn = std::this_thread::get_id();
     MIDICommon::runOnUIThread([&isFinished] { isFinished = true; });
   });
-  runUntil([&isFinished] { return isFinished; });
+  EXPECT_TRUE(EventLoop::runUntil([&isFinished] { return isFinished; }));
   EXPECT_NE(ranOn, main);
 }
 
@@ -102,7 +93,7 @@ TEST_F(MIDIThreadTest, ComesBackFromTheBackground) {
   for (int i = 0; i < kTasks; ++i) {
     MIDICommon::runBackground([&sum] { MIDICommon::runOnUIThread([&sum] { ++sum; }); });
   }
-  runUntil([&sum] { return sum == kTasks; });
+  EXPECT_TRUE(EventLoop::runUntil([&sum] { return sum == kTasks; }));
   EXPECT_EQ(sum, kTasks);
 }
 
@@ -118,7 +109,7 @@ TEST_F(MIDIThreadTest, RunsBackgroundTasksSideBySide) {
       MIDICommon::runOnUIThread([&finished] { ++finished; });
     });
   }
-  runUntil([&finished] { return finished == 2; });
+  EXPECT_TRUE(EventLoop::runUntil([&finished] { return finished == 2; }));
   EXPECT_EQ(arrived, 2);
 }
 
@@ -128,11 +119,11 @@ TEST_F(MIDIThreadTest, FiresATimerOnce) {
   const auto start = clock.hostTime();
   const auto timer = clock.after(0.02, [&fired] { ++fired; });
   EXPECT_EQ(fired, 0);
-  runUntil([&fired] { return fired > 0; });
+  EXPECT_TRUE(EventLoop::runUntil([&fired] { return fired > 0; }));
   EXPECT_GE(clock.hostTime() - start, 19'000'000U);
   bool isLater = false;
   const auto later = clock.after(0.05, [&isLater] { isLater = true; });
-  runUntil([&isLater] { return isLater; });
+  EXPECT_TRUE(EventLoop::runUntil([&isLater] { return isLater; }));
   EXPECT_EQ(fired, 1);
 }
 
@@ -143,7 +134,7 @@ TEST_F(MIDIThreadTest, DoesNotFireACancelledTimer) {
   auto timer = clock.after(0.01, [&isFired] { isFired = true; });
   const auto later = clock.after(0.05, [&isLater] { isLater = true; });
   timer.reset();
-  runUntil([&isLater] { return isLater; });
+  EXPECT_TRUE(EventLoop::runUntil([&isLater] { return isLater; }));
   EXPECT_FALSE(isFired);
 }
 
@@ -155,7 +146,7 @@ TEST_F(MIDIThreadTest, LetsATimerBeDroppedWhileItFires) {
     timer.reset();
     isFired = true;
   });
-  runUntil([&isFired] { return isFired; });
+  EXPECT_TRUE(EventLoop::runUntil([&isFired] { return isFired; }));
   EXPECT_EQ(timer, nullptr);
 }
 
@@ -169,7 +160,7 @@ TEST_F(MIDIThreadTest, TimesOutOnTheMainThreadWhoeverAsked) {
     bool isOut = false;
   } sequence;
   std::thread worker([&sequence] { sequence.markTimeOut(0.01); });
-  runUntil([&sequence] { return sequence.isOut; });
+  EXPECT_TRUE(EventLoop::runUntil([&sequence] { return sequence.isOut; }));
   worker.join();
   EXPECT_EQ(sequence.ranOn, main);
 }
