@@ -3,6 +3,7 @@
 
 #include "export/BackgroundWriter.h"
 
+#include <system_error>
 #include <utility>
 
 BackgroundWriter::~BackgroundWriter() {
@@ -10,13 +11,34 @@ BackgroundWriter::~BackgroundWriter() {
 }
 
 void BackgroundWriter::submit(Block& block) {
-  if (!_thread.joinable()) _thread = std::thread(&BackgroundWriter::run, this);
+  if (startOnce()) {
+    hand(block);
+  } else {
+    append(block);
+  }
+  block.clear();
+}
+
+bool BackgroundWriter::startOnce() {
+  if (_thread.joinable()) return true;
+  try {
+    _thread = std::thread(&BackgroundWriter::run, this);
+  } catch (const std::system_error&) {
+    return false;  // asked for again with the next block, as there may be one by then
+  }
+  return true;
+}
+
+void BackgroundWriter::hand(Block& block) {
   std::unique_lock lock(_mutex);
   _changed.wait(lock, [this] { return _submitted - _written < kSlots; });
   std::swap(_slots[_submitted % kSlots], block);
   ++_submitted;
   _changed.notify_all();
-  block.clear();
+}
+
+void BackgroundWriter::append(const Block& block) {
+  if (!hasFailed() && !_append(block)) _hasFailed = true;
 }
 
 void BackgroundWriter::finish() {
@@ -41,7 +63,7 @@ void BackgroundWriter::run() {
     if (_written == _submitted) return;
     const Block& block = _slots[_written % kSlots];
     lock.unlock();
-    if (!hasFailed() && !_append(block)) _hasFailed = true;
+    append(block);
     lock.lock();
     ++_written;
     _changed.notify_all();

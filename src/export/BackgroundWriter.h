@@ -14,13 +14,15 @@
 #include <vector>
 
 /// Appends blocks to a file on a thread of its own, so that the next block is made while the last
-/// one is written. A few blocks are in flight at most; then `submit` waits.
+/// one is written. A few blocks are in flight at most; then `submit` waits. Where no thread can be
+/// had, `submit` writes the block itself.
 ///
 /// Threads: all operations by one thread, but `hasFailed` by any; the file belongs to the writer
 /// from the first `submit` to `finish`.
 class BackgroundWriter {
  public:
-  /// Appends the bytes to the file; false when that failed. Called on the writer's thread.
+  /// Appends the bytes to the file; false when that failed. Called on the writer's thread, or from
+  /// inside `submit`.
   using Append = std::function<bool(std::span<const std::byte>)>;
 
   explicit BackgroundWriter(Append append) : _append(std::move(append)) {}
@@ -41,6 +43,10 @@ class BackgroundWriter {
   using Block = std::vector<std::byte>;
   static constexpr std::size_t kSlots = 3;
 
+  /// Whether there is a thread.
+  bool startOnce();
+  void hand(Block& block);
+  void append(const Block& block);
   void run();
   void end(bool dropRest);
 

@@ -4,9 +4,11 @@
 #include "export/BackgroundWriter.h"
 
 #include <gtest/gtest.h>
+#include <sys/syscall.h>
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <span>
 #include <thread>
 #include <vector>
@@ -93,6 +95,31 @@ TEST(BackgroundWriter, AFailedWriteIsToldAndNeverBlocks) {
   });
   EXPECT_EQ(0, status);
   EXPECT_TRUE(folder.names().empty());
+}
+
+// As where a process has all the threads that it may have.
+TEST(BackgroundWriter, WritesByItselfWhereNoThreadCanBeStarted) {
+  const TemporaryFolder folder;
+  const int status = Confinement::run([&folder] {
+    if (!Confinement::failSystemCall(SYS_clone3, EAGAIN)) return 2;
+    if (!Confinement::failSystemCall(SYS_clone, EAGAIN)) return 3;
+    AtomicFile file(folder.path() / "out", AtomicFile::Existing::Refuse);
+    BackgroundWriter writer(into(file));
+    for (std::size_t i = 0; i < 10; ++i) {
+      Bytes block = numbered(i, 1000);
+      writer.submit(block);
+      if (!block.empty()) return 4;
+    }
+    writer.finish();
+    return !writer.hasFailed() && file.commit() ? 0 : 1;
+  });
+  EXPECT_EQ(0, status);
+  Bytes expected;
+  for (std::size_t i = 0; i < 10; ++i) {
+    const Bytes block = numbered(i, 1000);
+    expected.insert(expected.end(), block.begin(), block.end());
+  }
+  EXPECT_EQ(expected, TemporaryFolder::read(folder.path() / "out"));
 }
 
 }  // namespace
