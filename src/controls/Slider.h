@@ -25,7 +25,8 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
   ~Slider() override;
 
   [[nodiscard]] std::shared_ptr<J4SliderCell> cell() const { return _cell; }
-  /// A cell draws one slider, the last that took it. Without a cell nothing is drawn.
+  /// A cell is for one slider: value and size are those of the last that took it, until any that
+  /// took it goes or takes another. Without a cell nothing is drawn.
   void setCell(std::shared_ptr<J4SliderCell> cell);
 
   [[nodiscard]] double minimum() const { return _minimum; }
