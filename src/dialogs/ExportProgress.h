@@ -20,7 +20,7 @@ class ExportProgress : public DialogWindow {
   /// `done` is 0 to 1, `timeLeft` a text of its own or empty.
   void update(double done, const QString& timeLeft);
 
-  /// A cancel: the window stays, without its button, until the work has ended.
+  /// A cancel: the window stays, with its button greyed out, until the work has ended.
   void reject() override;
 
  signals:
