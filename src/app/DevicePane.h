@@ -10,7 +10,7 @@
 #include "midi/RecorderLink.h"
 
 /// Shows the recorder that is connected, and changes its settings. It changes only when the
-/// recorder comes, tells something or goes, and when the user chooses. Interface thread.
+/// recorder has told what it is, tells more or goes, and when the user chooses. Interface thread.
 class DevicePane : public QObject {
   Q_OBJECT
 

@@ -13,8 +13,8 @@
 /// The sub-folders and WAV files of one folder, folders first, then by name: plain order of the
 /// characters, so "B.wav" before "a.wav" and "10.wav" before "9.wav".
 ///
-/// Hidden entries and folders named ".app" are left out. Nothing is opened. One thread at a time,
-/// any thread; listing blocks as long as the medium does.
+/// Hidden entries and folders whose names end in ".app" are left out. No file is opened. One thread
+/// at a time, any thread; listing blocks as long as the medium does.
 class FolderHelper {
  public:
   /// Names of the artwork of the two kinds of entry.
@@ -24,7 +24,8 @@ class FolderHelper {
   /// Lists the folder at once.
   explicit FolderHelper(std::filesystem::path folderPath);
 
-  /// Lists again, in the order of the file system. What cannot be read is logged and left out.
+  /// Lists again, in the order of the file system. A folder that cannot be read is logged; an entry
+  /// that cannot be looked at is left out.
   void grabWavFiles();
   void sortFileList();
 

@@ -13,10 +13,10 @@
 /// Bytes go to an unnamed temporary file in the target's folder (a hidden named one where the file
 /// system knows no unnamed files, as FAT); `commit` gives it the target's name. A failure, a full
 /// disk or a kill at any moment leaves the old file or the new file whole. Where a file is replaced
-/// its data is flushed to disk first, and its permissions and owner are kept; a symbolic link keeps
-/// pointing to its target, which is what gets replaced. Only a kill on a file system without
-/// unnamed files can leave a hidden ".mixdeck-*.part" behind; the next save in that folder removes
-/// it.
+/// its data is flushed to disk first, and its permissions are kept, its owner where the user may
+/// give files away; a symbolic link keeps pointing to its target, which is what gets replaced. Only
+/// a kill on a file system without unnamed files can leave a hidden ".mixdeck-*.part" behind; the
+/// next save in that folder removes it.
 ///
 /// Nothing throws: operations return false, and `failure` tells why. One thread at a time.
 class AtomicFile {
