@@ -14,6 +14,10 @@ add_compile_options(-ffp-contract=off)
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
                     -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual -Wnull-dereference
                     -Wdouble-promotion -Wformat=2)
+if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # In one piece a source's own names look like those of a header to the others.
+  add_compile_options(-Wno-subobject-linkage -Wno-shadow -Wshadow=local)
+endif()
 add_compile_definitions(_FILE_OFFSET_BITS=64)
 
 if(CMAKE_BUILD_TYPE STREQUAL "RelWithDebInfo")

@@ -25,6 +25,7 @@ function(mixdeck_library name)
                                             "${PROJECT_BINARY_DIR}/generated"
                                   FILES ${alone})
   target_link_libraries(${target} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})
+  mixdeck_few_pieces(${target})
   set_target_properties(${target} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON
                                              INTERFACE_HEADER_SETS_TO_VERIFY alone)
 endfunction()
