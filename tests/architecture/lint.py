@@ -7,10 +7,9 @@ clang-tidy with the rules of .clang-tidy over every source under src/ that the b
 Nearly all of its time goes into the headers of libraries, so the sources of a folder are looked at
 in as few pieces as their names allow. A piece without findings is not looked at again before
 something changes that it consists of: its sources, the headers of ours that they include, the rules,
-the compiler's flags or clang-tidy itself. What was found good is kept in ~/.cache/mixdeck/lint.
+the compiler's flags or clang-tidy itself.
 """
 
-import hashlib
 import json
 import os
 import re
@@ -21,79 +20,22 @@ import tempfile
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-ROOT = Path(__file__).resolve().parents[2]
-SOURCES = ROOT / "src"
-KEPT = Path(os.environ.get("XDG_CACHE_HOME") or Path.home() / ".cache", "mixdeck", "lint")
-FINDING = re.compile(r"(error|warning): .*\[")
-INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
+from compiled import ROOT, SOURCES, Memory, folders, key, version
 
 sys.path.insert(0, str(ROOT / "cmake"))
 from group_sources import group  # noqa: E402
 
-
-def flags(entry):
-    """What the compiler is told, but for the source and the output."""
-    words = shlex.split(entry["command"])
-    compiler = next(i for i, word in enumerate(words) if word.endswith("++"))
-    kept, skip = [], False
-    for word in words[compiler + 1:]:
-        if skip or word == "-c" or word == entry["file"]:
-            skip = False
-        elif word == "-o":
-            skip = True
-        else:
-            kept.append(word)
-    return tuple(kept)
-
-
-def compiled(entry):
-    """The sources that an entry compiles: the one that it names, or those of a piece."""
-    path = Path(entry["file"])
-    if path.suffix != ".cxx":
-        return [path]
-    return [Path(name) for name in INCLUDE.findall(path.read_text("utf-8"))]
+FINDING = re.compile(r"(error|warning): .*\[")
 
 
 def pieces(build):
-    """Lists of sources that are compiled alike, with their flags."""
-    alike = {}
-    for entry in json.loads((build / "compile_commands.json").read_text("utf-8")):
-        for path in compiled(entry):
-            if SOURCES in path.parents:
-                key = (path.parent, flags(entry), entry["directory"])
-                alike.setdefault(key, set()).add(path)
-    for (_, command, directory), sources in alike.items():
+    """Lists of sources that are compiled alike and share no name, with their flags."""
+    for (_, command, directory), sources in folders(build).items():
         ordered = sorted(sources)
         numbers = group([path.read_text("utf-8") for path in ordered])
         for number in sorted(set(numbers)):
             members = [path for path, own in zip(ordered, numbers) if own == number]
             yield command, directory, members
-
-
-def closure(sources, folders):
-    """The sources and every header of ours that they include, directly or not."""
-    seen, waiting = set(), list(sources)
-    while waiting:
-        path = waiting.pop()
-        if path in seen:
-            continue
-        seen.add(path)
-        for name in INCLUDE.findall(path.read_text("utf-8")):
-            waiting += [folder / name for folder in folders if (folder / name).is_file()][:1]
-    return sorted(seen)
-
-
-def key(command, build, sources, version):
-    """Is the same for the same contents, wherever they stand."""
-    digest = hashlib.sha256()
-    words = " ".join(command).replace(str(build), "BUILD").replace(str(ROOT), "ROOT")
-    for text in (version, words, (ROOT / ".clang-tidy").read_text("utf-8"),
-                 Path(__file__).read_text("utf-8")):
-        digest.update(text.encode() + b"\0")
-    for path in closure(sources, [SOURCES, build / "generated"]):
-        name = str(path).replace(str(build), "BUILD").replace(str(ROOT), "ROOT")
-        digest.update(name.encode() + b"\0" + path.read_bytes() + b"\0")
-    return digest.hexdigest()
 
 
 def tidy(command, directory, sources):
@@ -111,25 +53,24 @@ def tidy(command, directory, sources):
     return done.returncode, done.stdout + done.stderr
 
 
-def lint(command, directory, sources, kept):
+def lint(command, directory, sources, memory, known_as):
     """The findings in the sources."""
-    if kept.exists():
+    if memory.knows(known_as):
         return []
     status, words = tidy(command, directory, sources)
     found = [line for line in words.splitlines() if FINDING.search(line)]
     if not found and not status:
-        kept.touch()
+        memory.keep(known_as)
     return found or ([words] if status else [])
 
 
 def main():
     build = Path(sys.argv[1]).resolve()
-    version = subprocess.run(["clang-tidy", "--version"], capture_output=True, text=True,
-                             check=True).stdout
-    KEPT.mkdir(parents=True, exist_ok=True)
+    rules = version("clang-tidy"), (ROOT / ".clang-tidy").read_text(), Path(__file__).read_text()
+    memory = Memory("lint")
     with ThreadPoolExecutor(os.cpu_count()) as pool:
-        work = [pool.submit(lint, command, directory, sources,
-                            KEPT / key(command, build, sources, version))
+        work = [pool.submit(lint, command, directory, sources, memory,
+                            key(command, build, sources, *rules))
                 for command, directory, sources in pieces(build)]
         findings = sorted({line for each in work for line in each.result()})
     if not work:
