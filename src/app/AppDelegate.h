@@ -13,7 +13,10 @@ class AppDelegate {
 
   static void applicationDidFinishLaunching() {}
   static void applicationWillTerminate() {}
-  static bool applicationSupportsSecureRestorableState() { return true; }
   /// Closing the main window ends the program.
   static bool applicationShouldTerminateAfterLastWindowClosed() { return true; }
+
+  // No program calls what follows; it belongs to the system's interface.
+
+  static bool applicationSupportsSecureRestorableState() { return true; }
 };

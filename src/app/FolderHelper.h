@@ -30,9 +30,7 @@ class FolderHelper {
   void sortFileList();
 
   [[nodiscard]] const std::filesystem::path& folderPath() const { return _folderPath; }
-  void setFolderPath(std::filesystem::path path) { _folderPath = std::move(path); }
   [[nodiscard]] const std::vector<WavItem>& files() const { return _files; }
-  void setFiles(std::vector<WavItem> files) { _files = std::move(files); }
 
   /// Why the folder could not be read, a phrase for people; empty when it could.
   [[nodiscard]] const std::string& failure() const { return _failure; }
@@ -41,6 +39,11 @@ class FolderHelper {
 
   /// The order of the list.
   static bool isBefore(const WavItem& a, const WavItem& b);
+
+  // No program calls what follows; it belongs to the system's interface.
+
+  void setFolderPath(std::filesystem::path path) { _folderPath = std::move(path); }
+  void setFiles(std::vector<WavItem> files) { _files = std::move(files); }
 
  private:
   void take(const std::filesystem::directory_entry& entry);

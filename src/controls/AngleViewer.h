@@ -57,7 +57,6 @@ class AngleViewer : public QWidget, public Adjustable {
 
   /// Sets the angle, reports it if it is new, moves thumb and active arc.
   void setNewAngle(double angle);
-  void resetTo0();
 
   /// Reports a new angle, then stores it; nothing if it is the old one.
   void updateAngle(double angle);
@@ -71,11 +70,6 @@ class AngleViewer : public QWidget, public Adjustable {
   /// A press on a label jumps to its angle. Its area reaches 10 further left and down, on purpose
   /// not to the right or up.
   void detectClickTitle(QPointF point);
-
-  [[nodiscard]] double radius() const { return RADIUS_OF_BIG_CURVE; }
-  [[nodiscard]] double thumbSize() const { return THUMB_SIZE; }
-  [[nodiscard]] QPointF thumbPosition() const { return _thumbPosition; }
-  [[nodiscard]] const std::vector<AngleInfo>& angleTextList() const { return _angleTextList; }
 
   [[nodiscard]] bool isAdjustable() const override { return _enable; }
   [[nodiscard]] double adjustableValue() const override { return _angle; }
@@ -91,7 +85,18 @@ class AngleViewer : public QWidget, public Adjustable {
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return {200, 200}; }
 
+  // No program calls what follows; it belongs to the system's interface.
+
+  /// Back to mono, with thumb and active arc.
+  void resetTo0();
+
  protected:
+  /// Where things are drawn.
+  [[nodiscard]] double radius() const { return RADIUS_OF_BIG_CURVE; }
+  [[nodiscard]] double thumbSize() const { return THUMB_SIZE; }
+  [[nodiscard]] QPointF thumbPosition() const { return _thumbPosition; }
+  [[nodiscard]] const std::vector<AngleInfo>& angleTextList() const { return _angleTextList; }
+
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;

@@ -8,6 +8,8 @@
 #include <optional>
 #include <span>
 
+// No program calls what follows; it belongs to the system's interface.
+
 /// One element of a path, as drawings are stored.
 struct PathElement {
   enum class Type { MoveTo = 0, LineTo = 1, CurveTo = 2, ClosePath = 3 };

@@ -29,14 +29,17 @@ class J4GainSlider : public Slider {
   /// Steps are 1 dB and 6 dB.
   explicit J4GainSlider(QWidget* parent = nullptr);
 
-  [[nodiscard]] double valueForDoubleClick() const { return _valueForDoubleClick; }
   void setValueForDoubleClick(double value) { _valueForDoubleClick = value; }
   /// The toolkit has a parent() and a setParent() of its own; hence the longer names.
-  [[nodiscard]] std::weak_ptr<J4GainSliderParent> gainParent() const { return _parent; }
   void setGainParent(const std::weak_ptr<J4GainSliderParent>& parent) { _parent = parent; }
 
   [[nodiscard]] double stepOrigin() const override;
   [[nodiscard]] QString valueText() const override;
+
+  // No program calls what follows; it belongs to the system's interface.
+
+  [[nodiscard]] double valueForDoubleClick() const { return _valueForDoubleClick; }
+  [[nodiscard]] std::weak_ptr<J4GainSliderParent> gainParent() const { return _parent; }
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;

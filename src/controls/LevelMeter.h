@@ -29,15 +29,18 @@ class LevelMeter : public QWidget, public ReadableLevel {
   [[nodiscard]] std::int64_t maxValue() const override { return _maxValue; }
   void setMaxValue(std::int64_t value) { _maxValue = value; }
   [[nodiscard]] std::int64_t minValue() const override { return _minValue; }
-  void setMinValue(std::int64_t value) { _minValue = value; }
-
-  /// Where the mask lies, y upward. The bright picture shows from the bottom up to its upper edge.
-  [[nodiscard]] QRectF maskFrame() const { return _layerMaskOfRainBow; }
 
   [[nodiscard]] QSize sizeHint() const override { return {16, 260}; }
   [[nodiscard]] QSize minimumSizeHint() const override { return {4, 28}; }
 
+  // No program calls what follows; it belongs to the system's interface.
+
+  void setMinValue(std::int64_t value) { _minValue = value; }
+
  protected:
+  /// Where the mask lies, y upward. The bright picture shows from the bottom up to its upper edge.
+  [[nodiscard]] QRectF maskFrame() const { return _layerMaskOfRainBow; }
+
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 

@@ -6,8 +6,8 @@
 #include <QWidget>
 
 /// Shows the last component of a folder's path in one line, in black on whatever is behind it. A
-/// name that is too wide runs off the left edge, without a mark: its end stays visible.
-/// Interface thread.
+/// name that is too wide runs off the left edge, without a mark: its end stays visible. No program
+/// shows one; it belongs to the system's interface. Interface thread.
 class PathViewer : public QWidget {
   Q_OBJECT
 
@@ -19,12 +19,13 @@ class PathViewer : public QWidget {
 
   /// The name shown: what stands behind the last separator, trailing separators aside.
   [[nodiscard]] QString lastPathComponent() const;
-  /// Where the line starts, y upward: 0, or less for a name wider than the view.
-  [[nodiscard]] QPointF textOrigin() const;
 
   [[nodiscard]] QSize sizeHint() const override;
 
  protected:
+  /// Where the line starts, y upward: 0, or less for a name wider than the view.
+  [[nodiscard]] QPointF textOrigin() const;
+
   void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
 

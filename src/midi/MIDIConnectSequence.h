@@ -27,6 +27,8 @@ class MIDIConnectSequence : public MIDIStepSequence {
   /// The step that is waited in, 2 to 14, for a report of where a handshake stopped; 0 = none.
   [[nodiscard]] std::int64_t step() const { return seq(); }
 
+  // No program calls what follows; it belongs to the system's interface.
+
   /// A size in bytes for people: "0.75 MB", "29.7 GB", "119 GB"; GB from 2^30 bytes on.
   static std::string buildSizeString(float size);
 

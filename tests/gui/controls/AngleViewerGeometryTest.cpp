@@ -9,6 +9,7 @@
 #include <numbers>
 #include <vector>
 
+#include "Drawn.h"
 #include "Hands.h"
 #include "controls/AngleViewer.h"
 
@@ -43,7 +44,7 @@ struct AngleViewerGeometry : testing::Test {
   }
 
   std::shared_ptr<Report> report = std::make_shared<Report>();
-  AngleViewer dial;
+  DrawnDial dial;
 };
 
 TEST_F(AngleViewerGeometry, FollowsTheWidth) {
@@ -53,7 +54,7 @@ TEST_F(AngleViewerGeometry, FollowsTheWidth) {
 }
 
 TEST(AngleViewer, StartsDisabledAtMonoWithSixLabels) {
-  const AngleViewer dial;
+  const DrawnDial dial;
   EXPECT_FALSE(dial.enable());
   EXPECT_EQ(0.0, dial.angle());
   const std::vector<AngleInfo> expected = {{"MONO", 0.0, {25, -20}},  {"30°", 30.0, {-3, -14}},
@@ -73,7 +74,7 @@ TEST(AngleViewer, HasOneGrey) {
 }
 
 TEST(AngleViewer, AsksForRoomForItsLabels) {
-  AngleViewer dial;
+  DrawnDial dial;
   QFont font = dial.font();
   font.setPixelSize(20);
   dial.setFont(font);
@@ -202,7 +203,7 @@ TEST_F(AngleViewerGeometry, ADelegateNeedNotAnswer) {
 }
 
 TEST(AngleViewer, TakesAnAngleBeforeItIsLaidOut) {
-  AngleViewer dial;
+  DrawnDial dial;
   dial.setNewAngle(30.0);
   EXPECT_EQ(30.0, dial.angle());
   Hands::show(dial, {200, 200});

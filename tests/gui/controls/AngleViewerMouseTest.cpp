@@ -10,6 +10,7 @@
 #include <optional>
 #include <vector>
 
+#include "Drawn.h"
 #include "Hands.h"
 #include "controls/AngleViewer.h"
 
@@ -66,7 +67,7 @@ struct AngleViewerMouse : testing::Test {
   }
 
   std::shared_ptr<Count> count = std::make_shared<Count>();
-  AngleViewer dial;
+  DrawnDial dial;
 };
 
 TEST_F(AngleViewerMouse, EveryPixelDoesWhatLiesUnderIt) {
@@ -221,7 +222,7 @@ TEST_F(AngleViewerMouse, DisabledIgnoresPresses) {
 }
 
 TEST(AngleViewer, ItsLabelsAreNowhereBeforeTheFirstDrawing) {
-  AngleViewer dial;
+  DrawnDial dial;
   dial.setEnable(true);
   dial.resize(350, 350);
   for (int y = -20; y < 350; ++y) dial.detectClickTitle(QPointF(0.0, y));

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "Drawn.h"
 #include "Hands.h"
 #include "controls/AngleViewer.h"
 #include "controls/Colors.h"
@@ -39,7 +40,7 @@ struct AngleViewerPaint : testing::TestWithParam<double> {
     return most;
   }
 
-  AngleViewer dial;
+  DrawnDial dial;
   QImage picture;
 };
 

@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "Drawn.h"
 #include "Hands.h"
 #include "controls/LevelMeter.h"
 #include "controls/LevelMeterScale.h"
@@ -14,13 +15,13 @@ namespace {
 // The first meter of a process sets the unit heights of all, so it is 280 high for all tests.
 struct FirstMeter : testing::Environment {
   void SetUp() override {
-    LevelMeter first;
+    DrawnMeter first;
     Hands::show(first, {16, 280});
   }
 };
 const auto* const kFirstMeter = testing::AddGlobalTestEnvironment(new FirstMeter);
 
-double shown(const LevelMeter& meter) {
+double shown(const DrawnMeter& meter) {
   return meter.maskFrame().y() + meter.maskFrame().height();
 }
 
@@ -43,14 +44,14 @@ TEST(LevelMeterScale, IsSetByAHeight) {
 }
 
 TEST(LevelMeter, StartsAtZeroOfAHundred) {
-  const LevelMeter meter;
+  const DrawnMeter meter;
   EXPECT_EQ(0, meter.level());
   EXPECT_EQ(0, meter.minValue());
   EXPECT_EQ(100, meter.maxValue());
 }
 
 TEST(LevelMeter, ClampsToTheMaximumFirst) {
-  LevelMeter meter;
+  DrawnMeter meter;
   meter.setLevel(150);
   EXPECT_EQ(100, meter.level());
   meter.setLevel(-5);
@@ -64,14 +65,14 @@ TEST(LevelMeter, ClampsToTheMaximumFirst) {
 }
 
 TEST(LevelMeter, NewLimitsLeaveTheLevel) {
-  LevelMeter meter;
+  DrawnMeter meter;
   meter.setLevel(80);
   meter.setMaxValue(54);
   EXPECT_EQ(80, meter.level());
 }
 
 TEST(LevelMeter, ShowsALevelSetBeforeItsFirstLayout) {
-  LevelMeter meter;
+  DrawnMeter meter;
   meter.setLevel(39);
   EXPECT_EQ(QRectF(), meter.maskFrame());
   Hands::show(meter, {16, 280});
@@ -79,7 +80,7 @@ TEST(LevelMeter, ShowsALevelSetBeforeItsFirstLayout) {
 }
 
 TEST(LevelMeter, MovesItsMask) {
-  LevelMeter meter;
+  DrawnMeter meter;
   Hands::show(meter, {16, 280});
   const std::pair<int, double> cases[] = {
       {0, 0.0}, {12, 40.0}, {24, 80.0}, {39, 180.0}, {54, 280.0}};
@@ -91,7 +92,7 @@ TEST(LevelMeter, MovesItsMask) {
 }
 
 TEST(LevelMeter, ASecondMeterUsesTheUnitsOfTheFirst) {
-  LevelMeter meter;
+  DrawnMeter meter;
   Hands::show(meter, {16, 140});
   meter.setLevel(12);
   EXPECT_DOUBLE_EQ(40.0, shown(meter));
@@ -101,7 +102,7 @@ TEST(LevelMeter, ASecondMeterUsesTheUnitsOfTheFirst) {
 }
 
 TEST(LevelMeter, AResizeKeepsTheUnits) {
-  LevelMeter meter;
+  DrawnMeter meter;
   Hands::show(meter, {16, 280});
   meter.setLevel(12);
   meter.resize(16, 560);
@@ -123,7 +124,7 @@ struct LevelMeterPaint : testing::TestWithParam<double> {
     picture = Hands::picture(meter, GetParam());
   }
 
-  LevelMeter meter;
+  DrawnMeter meter;
   QImage picture;
 };
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "Drawn.h"
 #include "Hands.h"
 #include "controls/BezierPath.h"
 #include "controls/PathViewer.h"
@@ -16,7 +17,7 @@ namespace {
 using Type = PathElement::Type;
 
 TEST(PathViewer, StartsEmpty) {
-  const PathViewer path;
+  const DrawnPath path;
   EXPECT_EQ(QString(""), path.text());
   EXPECT_EQ(QString(""), path.lastPathComponent());
 }
@@ -30,7 +31,7 @@ TEST(PathViewer, ShowsTheLastComponent) {
                                                        {"///", "/"},
                                                        {"", ""},
                                                        {"/a b/c.d e", "c.d e"}};
-  PathViewer path;
+  DrawnPath path;
   for (const auto& [text, name] : cases) {
     path.setText(text);
     EXPECT_EQ(QString(text), path.text());
@@ -39,7 +40,7 @@ TEST(PathViewer, ShowsTheLastComponent) {
 }
 
 TEST(PathViewer, CentresALineAndStartsAtTheLeft) {
-  PathViewer path;
+  DrawnPath path;
   path.setText("/SD/FOLDER01");
   Hands::show(path, {300, 41});
   const double th = QFontMetricsF(path.font()).height();
@@ -47,7 +48,7 @@ TEST(PathViewer, CentresALineAndStartsAtTheLeft) {
 }
 
 TEST(PathViewer, AWideNameEndsAtTheRightEdge) {
-  PathViewer path;
+  DrawnPath path;
   path.setText("/SD/A long name of a folder");
   const double tw = QFontMetricsF(path.font()).horizontalAdvance("A long name of a folder");
   const int width = static_cast<int>(tw) - 40;
@@ -57,7 +58,7 @@ TEST(PathViewer, AWideNameEndsAtTheRightEdge) {
 }
 
 TEST(PathViewer, FollowsItsFont) {
-  PathViewer path;
+  DrawnPath path;
   path.setText("/SD/A long name of a folder");
   Hands::show(path, {120, 60});
   const double before = path.textOrigin().x();
@@ -69,7 +70,7 @@ TEST(PathViewer, FollowsItsFont) {
 
 // Black text: painted over white, ink at the right edge for a wide name, none left of a short one.
 TEST(PathViewer, DrawsInBlackWithoutBackground) {
-  PathViewer path;
+  DrawnPath path;
   path.setText("/SD/IIII");
   Hands::show(path, {200, 30});
   for (const double scale : {1.0, 2.0}) {

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "Drawn.h"
 #include "Hands.h"
 #include "controls/AngleViewer.h"
 #include "controls/Slider.h"
@@ -127,7 +128,7 @@ TEST_F(Steps, AWheelToTheSideIsNotForIt) {
 }
 
 TEST(DialSteps, KeysAndWheelTurnIt) {
-  AngleViewer dial;
+  DrawnDial dial;
   Hands::show(dial, {350, 350});
   dial.setEnable(true);
   dial.setNewAngle(45.6);
@@ -149,7 +150,7 @@ TEST(DialSteps, KeysAndWheelTurnIt) {
 }
 
 TEST(DialSteps, DisabledStaysWhereItIs) {
-  AngleViewer dial;
+  DrawnDial dial;
   Hands::show(dial, {350, 350});
   QKeyEvent event(QEvent::KeyPress, Qt::Key_End, Qt::NoModifier);
   QCoreApplication::sendEvent(&dial, &event);
