@@ -6,13 +6,13 @@
 #include <QMessageBox>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
 
 #include "base/Utility.h"
 #include "base/Version.h"
 #include "controls/Appearance.h"
 #include "playback/AudioBackends.h"
 #include "playback/system/SystemBackends.h"
+#include "support/EventLoop.h"
 #include "support/WaveBytes.h"
 
 WindowFixture::WindowFixture(MIDIPacketKind kind) : link(kind, midiClock) {
@@ -78,13 +78,7 @@ std::filesystem::path WindowFixture::folder(const std::string& name) const {
 }
 
 void WindowFixture::waitFor(const std::function<bool()>& condition, const char* what) {
-  QTimer deadline;
-  deadline.setSingleShot(true);
-  deadline.start(std::chrono::minutes(1));
-  while (!condition() && deadline.isActive()) {
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  }
-  ASSERT_TRUE(condition()) << what;
+  ASSERT_TRUE(EventLoop::runUntil(condition)) << what;
 }
 
 void WindowFixture::refresh() {

@@ -5,7 +5,6 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -20,12 +19,13 @@
 #include "playback/memory/MemoryOutput.h"
 #include "support/EnvironmentVariable.h"
 #include "support/LogLines.h"
+#include "support/Screen.h"
 #include "support/SteppedMIDIClock.h"
 #include "support/TemporaryFolder.h"
 
 /// The whole window with a home, settings and recordings of its own, an output on a virtual clock,
 /// and a recorder that can be plugged in.
-class WindowFixture : public testing::Test {
+class WindowFixture : public testing::Test, protected Screen {
  protected:
   explicit WindowFixture(MIDIPacketKind kind = MIDIPacketKind::BytePackets);
   ~WindowFixture() override;
@@ -44,7 +44,7 @@ class WindowFixture : public testing::Test {
   std::filesystem::path file(const std::string& name) const;
   std::filesystem::path folder(const std::string& name) const;
 
-  /// Lets the event loop run until it holds; fails the test after a minute.
+  /// Lets the event loop run until it holds; fails the test where it never does.
   static void waitFor(const std::function<bool()>& condition, const char* what);
   /// Lists again and waits for the answer.
   void refresh();
@@ -62,15 +62,6 @@ class WindowFixture : public testing::Test {
   void plugIn();
   void pullOut();
 
-  /// The top-level window of this kind that is shown; null where there is none.
-  template <class Window>
-  static Window* shown() {
-    for (QWidget* const widget : QApplication::topLevelWidgets()) {
-      auto* const found = qobject_cast<Window*>(widget);
-      if (found != nullptr && found->isVisible()) return found;
-    }
-    return nullptr;
-  }
   /// Presses the button with this text in a dialog.
   static void press(QWidget* dialog, const QString& text);
   void closeAlert(const QString& text);

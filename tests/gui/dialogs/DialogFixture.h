@@ -4,7 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include <QApplication>
 #include <QPointer>
 #include <QPushButton>
 #include <QWidget>
@@ -22,10 +21,11 @@
 #include "support/EventLoop.h"
 #include "support/HeldWork.h"
 #include "support/LogLines.h"
+#include "support/Screen.h"
 #include "support/TemporaryFolder.h"
 
 /// A main window, a folder with takes, settings of its own, and a record of what dialogs tell.
-class DialogFixture : public testing::Test {
+class DialogFixture : public testing::Test, protected Screen {
  private:
   void makeDesk();
 
@@ -35,15 +35,6 @@ class DialogFixture : public testing::Test {
 
   /// Puts the main window on the screen and returns its rectangle.
   QRect showMainWindow();
-  /// What is shown, of this kind; null where there is none.
-  template <typename Widget>
-  static Widget* shown() {
-    for (QWidget* const widget : QApplication::topLevelWidgets()) {
-      auto* const found = qobject_cast<Widget*>(widget);
-      if (found != nullptr && found->isVisible()) return found;
-    }
-    return nullptr;
-  }
   template <typename Widget>
   static Widget* waitForShown() {
     Widget* found = nullptr;
