@@ -5,7 +5,6 @@
 
 #include <QCoreApplication>
 #include <atomic>
-#include <ctime>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -163,22 +162,6 @@ TEST_F(MIDIThreadTest, TimesOutOnTheMainThreadWhoeverAsked) {
   EXPECT_TRUE(EventLoop::runUntil([&sequence] { return sequence.isOut; }));
   worker.join();
   EXPECT_EQ(sequence.ranOn, main);
-}
-
-TEST_F(MIDIThreadTest, KnowsTheLocalDate) {
-  const std::time_t before = std::time(nullptr);
-  const MIDICalendarTime now = QtMIDIClock().localTime();
-  std::tm broken{};
-  broken.tm_year = now.year - 1900;
-  broken.tm_mon = now.month - 1;
-  broken.tm_mday = now.day;
-  broken.tm_hour = now.hour;
-  broken.tm_min = now.minute;
-  broken.tm_sec = now.second;
-  broken.tm_isdst = -1;
-  const std::time_t told = std::mktime(&broken);
-  EXPECT_GE(told, before);
-  EXPECT_LE(told, std::time(nullptr));
 }
 
 TEST(MIDIThreadWithoutApplication, RunsAtOnce) {
