@@ -3,8 +3,8 @@
 
 # mixdeck_library(NAME SOURCES ... HEADERS ... [LINKS ...] [PRIVATE_LINKS ...])
 #
-# The one static library of a folder under src/. Its LINKS are the architecture: a folder may
-# include only from the folders that it links. Each header is part of the target and compiles
+# The one static library of a folder under src/. Its links of either kind are the architecture: a
+# folder may include only from the folders that it links. Each header is part of the target and compiles
 # alone: a test compiles it.
 function(mixdeck_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;LINKS;PRIVATE_LINKS" ${ARGN})
