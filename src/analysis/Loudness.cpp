@@ -26,7 +26,7 @@ std::optional<double> lufs(double power) {
 
 // The value that the given share of all values lies under.
 double percentile(std::vector<double>& values, double share) {
-  const auto at = static_cast<std::ptrdiff_t>(static_cast<double>(values.size() - 1) * share + 0.5);
+  const std::ptrdiff_t at = std::lround(static_cast<double>(values.size() - 1) * share);
   std::ranges::nth_element(values, values.begin() + at);
   return values[static_cast<std::size_t>(at)];
 }

@@ -37,8 +37,11 @@ unsigned workersFor(const TakeLayout& layout, unsigned wanted) {
 /// What the workers share: each takes the next unit, works on it alone, and adds what it found.
 class TakeAnalyzer::Work {
  public:
-  Work(const WaveFileReader& reader, const TakeLayout& layout, std::uint64_t firstFrame)
-      : _reader(reader), _firstFrame(firstFrame), _findings(layout), _isTaken(layout.units()) {}
+  Work(WaveFileReader reader, const TakeLayout& layout, std::uint64_t firstFrame)
+      : _reader(std::move(reader)),
+        _firstFrame(firstFrame),
+        _findings(layout),
+        _isTaken(layout.units()) {}
 
   void begin(unsigned workers, const std::shared_ptr<Work>& self);
   void lookAt(std::uint64_t frame);

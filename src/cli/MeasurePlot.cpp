@@ -122,16 +122,19 @@ void MeasurePlot::addScale(const Panel& panel, double step, std::string_view uni
 // Once along the greatest values and back along the least.
 void MeasurePlot::addChannel(const Waveform& waveform, bool isLeft, const Panel& panel) {
   std::string path;
-  std::string back;
-  for (std::size_t i = 0; i < waveform.columns.size(); ++i) {
-    const Waveform::Column& column = waveform.columns[i];
-    if (!column.isKnown) continue;
-    const auto most = static_cast<double>(isLeft ? column.greatestLeft : column.greatestRight);
-    const auto least = static_cast<double>(isLeft ? column.leastLeft : column.leastRight);
-    path += fmt::format("{}{:.1f} {:.1f}", path.empty() ? "M" : "L", columnX(i), panel.y(most));
-    back = fmt::format("L{:.1f} {:.1f}", columnX(i), panel.y(least) + 0.5) + back;
+  const auto& columns = waveform.columns;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (!columns[i].isKnown) continue;
+    const float most = isLeft ? columns[i].greatestLeft : columns[i].greatestRight;
+    path += fmt::format("{}{:.1f} {:.1f}", path.empty() ? "M" : "L", columnX(i),
+                        panel.y(static_cast<double>(most)));
   }
-  if (!path.empty()) _svg += fmt::format("<path d=\"{}{}z\" fill=\"{}\"/>\n", path, back, kWave);
+  for (std::size_t i = columns.size(); i-- > 0;) {
+    if (!columns[i].isKnown) continue;
+    const float least = isLeft ? columns[i].leastLeft : columns[i].leastRight;
+    path += fmt::format("L{:.1f} {:.1f}", columnX(i), panel.y(static_cast<double>(least)) + 0.5);
+  }
+  if (!path.empty()) _svg += fmt::format("<path d=\"{}z\" fill=\"{}\"/>\n", path, kWave);
   text(kLeft + kWide + 8, panel.top + panel.height / 2 + 4, "start", kDim, isLeft ? "L" : "R");
 }
 

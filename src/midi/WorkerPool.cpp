@@ -26,7 +26,7 @@ WorkerPool& WorkerPool::ofProcess() {
 std::string WorkerPool::start(const std::function<void()>& task) {
   const std::lock_guard lock(_mutex);
   const bool needsThread = _idle <= _tasks.size() && _threads < mostThreads();
-  const std::string problem = needsThread ? addThread() : std::string();
+  std::string problem = needsThread ? addThread() : std::string();
   if (_threads == 0) return problem;
   _tasks.push_back(task);
   _arrived.notify_one();
