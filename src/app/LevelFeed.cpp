@@ -56,6 +56,7 @@ LevelFeed::LevelFeed(StageView& view, TakeSession& take, QObject* parent)
 
 void LevelFeed::drop() {
   stopTimer();
+  clear();
   _reader.reset();
 }
 

@@ -269,9 +269,10 @@ TEST_F(Feed, RunsWhileItPlaysAndFallsToNothing) {
   EXPECT_EQ(view.lvlLeft->level(), 0);
   setLevels(30);
   open("b.WAV");
+  setLevels(30);
   session->close();
   EXPECT_FALSE(timer->isActive());
-  EXPECT_EQ(view.lvlRight->level(), 0);
+  EXPECT_EQ(view.lvlRight->level(), 0) << "nothing is heard any more";
 }
 
 TEST_F(Feed, WithoutATakeItMeasuresNothing) {
