@@ -54,11 +54,13 @@ void BrowserPane::restorePlace(bool isSameFolder) {
   } else {
     _view.tableFile->scrollToTop();
   }
-  if (_hadSelection) selectRemembered();
+  selectRemembered();
   autoResizeColumn();
 }
 
+// Where a row vanishes, the view selects the one beside it.
 void BrowserPane::selectRemembered() {
+  if (!_hadSelection) return _view.tableFile->clearSelection();
   const auto& files = _browser.model().files();
   const auto found = std::ranges::find(files, _selected, &WavItem::fileName);
   const bool isThere = found != files.end();

@@ -6,15 +6,22 @@
 #include <QDir>
 #include <QFile>
 #include <algorithm>
+#include <utility>
 
 #include "base/Utility.h"
 
 namespace {
 
 constexpr int kFolderRefresh = 5000;  // ms
+// Rows of another folder stay that long, so that going through folders does not flicker.
+constexpr int kForgetRows = 300;  // ms
+
+std::filesystem::path homeFolder() {
+  return QFile::encodeName(QDir::homePath()).toStdString();
+}
 
 std::filesystem::path desktopFolder() {
-  return QFile::encodeName(QDir::homePath() + QStringLiteral("/Desktop")).toStdString();
+  return homeFolder() / "Desktop";
 }
 
 QString lastComponent(const std::filesystem::path& folder) {
@@ -31,10 +38,13 @@ std::filesystem::path tidy(const std::filesystem::path& path) {
 
 }  // namespace
 
-FolderBrowser::FolderBrowser(QObject* parent)
-    : QObject(parent), _lister([this](const FolderLister::Answer& answer) { showAnswer(answer); }) {
+FolderBrowser::FolderBrowser(QObject* parent, FolderLister::Look look)
+    : QObject(parent),
+      _lister([this](const FolderLister::Answer& answer) { showAnswer(answer); }, std::move(look)) {
   _timerUpdateFolder.setObjectName(QStringLiteral("timerUpdateFolder"));
   connect(&_timerUpdateFolder, &QTimer::timeout, this, &FolderBrowser::refresh);
+  _timerForgetRows.setSingleShot(true);
+  connect(&_timerForgetRows, &QTimer::timeout, this, &FolderBrowser::forgetRows);
 }
 
 void FolderBrowser::begin(const std::filesystem::path& start) {
@@ -53,6 +63,8 @@ void FolderBrowser::begin(const std::filesystem::path& start) {
 void FolderBrowser::openFolder(const std::filesystem::path& folder) {
   if (folder.empty()) return;
   _requested = tidy(folder);
+  _isAwaited = !_listing || _listing->folderPath() != _requested;
+  if (_isAwaited) _timerForgetRows.start(kForgetRows);
   Utility::store(Utility::kLastOpenFolder, _requested.native());
   emit named(lastComponent(_requested));
   if (!_timerUpdateFolder.isActive()) _timerUpdateFolder.start(kFolderRefresh);
@@ -60,22 +72,27 @@ void FolderBrowser::openFolder(const std::filesystem::path& folder) {
 }
 
 void FolderBrowser::refresh() {
-  _lister.list({_requested, desktopFolder(), _listing});
+  _lister.list({_requested, {desktopFolder(), homeFolder()}, _listing});
+}
+
+// Of what is in the window: while the folder that was asked for is gone, it is the one in its
+// place.
+const std::filesystem::path& FolderBrowser::place() const {
+  return _listing && !_isAwaited ? _listing->folderPath() : _requested;
 }
 
 void FolderBrowser::goUp() {
-  if (!_listing) return;
-  const std::filesystem::path& folder = _listing->folderPath();
+  const std::filesystem::path folder = place();
   const std::filesystem::path parent = folder.parent_path();
   std::error_code error;
   if (parent != folder && std::filesystem::exists(parent, error)) openFolder(parent);
 }
 
 void FolderBrowser::choose(int row) {
-  if (row < 0 || row >= _model.rowCount()) return;
+  if (_isAwaited || row < 0 || row >= _model.rowCount()) return;
   const WavItem item = _model.files()[static_cast<std::size_t>(row)];
   std::error_code error;
-  if (!std::filesystem::exists(item.fullPath, error)) return;
+  if (!std::filesystem::exists(item.fullPath, error)) return refresh();
   if (item.isFolder) return openFolder(item.fullPath);
   emit takeChosen(item);
 }
@@ -92,8 +109,10 @@ QString FolderBrowser::failure() const {
 }
 
 void FolderBrowser::showAnswer(const FolderLister::Answer& answer) {
+  _isAwaited = false;
+  _timerForgetRows.stop();
   emit named(lastComponent(answer.listing->folderPath()));
-  if (answer.isSame) {
+  if (answer.isSame && !_isForgotten) {
     _listing = answer.listing;
   } else {
     replaceRows(answer.listing);
@@ -102,9 +121,15 @@ void FolderBrowser::showAnswer(const FolderLister::Answer& answer) {
   emit listed();
 }
 
+void FolderBrowser::forgetRows() {
+  if (std::exchange(_isForgotten, true)) return;
+  emit rowsAboutToChange();
+  _model.show({});
+}
+
 void FolderBrowser::replaceRows(const std::shared_ptr<const FolderHelper>& listing) {
   const bool isSameFolder = _listing && _listing->folderPath() == listing->folderPath();
-  emit rowsAboutToChange();
+  if (!std::exchange(_isForgotten, false)) emit rowsAboutToChange();
   _listing = listing;
   _model.show(_listing->files());
   emit rowsChanged(isSameFolder);

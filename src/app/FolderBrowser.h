@@ -13,15 +13,18 @@
 
 /// Which folder was asked for, which one is shown, and its rows; knows no widget.
 ///
-/// The folder that was asked for stays so while it is gone and the Desktop is shown in its place.
+/// The folder that was asked for stays so while it is gone and the Desktop is shown in its place,
+/// or the home folder where there is none.
 /// It is remembered in the settings, and listed again every five seconds from the first one on.
 /// Listing never waits for the medium; `begin`, `goUp` and `choose` do, for one look whether
-/// something is there. Interface thread, which has an event loop.
+/// something is there. Until another folder's listing has come, the rows are not its own: they
+/// cannot be chosen, and go when it takes long. Interface thread, which has an event loop.
 class FolderBrowser : public QObject {
   Q_OBJECT
 
  public:
-  explicit FolderBrowser(QObject* parent = nullptr);
+  explicit FolderBrowser(QObject* parent = nullptr,
+                         FolderLister::Look look = FolderLister::answerTo);
 
   /// Opens a folder to begin with, or chooses a recording in its folder. Without a path it is the
   /// folder of the last time, or the Desktop.
@@ -29,10 +32,10 @@ class FolderBrowser : public QObject {
   void openFolder(const std::filesystem::path& folder);
   /// Lists again, in the background.
   void refresh();
-  /// Opens the folder above the one that is shown, if there is one.
+  /// Opens the folder above the one that is shown or about to be, if there is one.
   void goUp();
-  /// Goes into the folder in this row, or tells of the recording in it. What has gone is left
-  /// alone.
+  /// Goes into the folder in this row, or tells of the recording in it. Where that has gone, it
+  /// lists again.
   void choose(int row);
   /// Wishes for this file to be selected as soon as its folder shows it. Another folder ends the
   /// wish.
@@ -63,14 +66,19 @@ class FolderBrowser : public QObject {
     QString name;
   };
 
+  [[nodiscard]] const std::filesystem::path& place() const;
   void showAnswer(const FolderLister::Answer& answer);
+  void forgetRows();
   void replaceRows(const std::shared_ptr<const FolderHelper>& listing);
   void lookForWish();
 
   std::filesystem::path _requested;
+  bool _isAwaited = false;    ///< no listing of the requested folder has come
+  bool _isForgotten = false;  ///< the rows have gone meanwhile
   std::shared_ptr<const FolderHelper> _listing;
   FileListModel _model;
   FolderLister _lister;
   std::optional<Wish> _wish;
   QTimer _timerUpdateFolder{this};
+  QTimer _timerForgetRows{this};
 };

@@ -5,10 +5,26 @@
 
 #include <QFile>
 #include <algorithm>
+#include <cerrno>
+#include <memory>
+#include <system_error>
 
 #include "base/Log.h"
 
 namespace {
+
+// A medium that goes on failing ends the listing.
+constexpr int kMostFailures = 3;
+
+struct CloseFolder {
+  void operator()(DIR* folder) const { closedir(folder); }
+};
+
+// Whether this is a folder or leads to one; an error for what leads nowhere.
+bool isFolder(const dirent& entry, const std::filesystem::path& path, std::error_code& error) {
+  const bool isToBeAsked = entry.d_type == DT_LNK || entry.d_type == DT_UNKNOWN;
+  return isToBeAsked ? std::filesystem::is_directory(path, error) : entry.d_type == DT_DIR;
+}
 
 std::string lowerCase(std::string text) {
   for (char& letter : text) {
@@ -27,32 +43,41 @@ FolderHelper::FolderHelper(std::filesystem::path folderPath) : _folderPath(std::
 void FolderHelper::grabWavFiles() {
   _files.clear();
   _failure.clear();
+  _hasLinks = false;
   // Taken first: a change while the folder is read shows as one.
   _stamp = FolderStamp(_folderPath);
-  std::error_code error;
-  std::filesystem::directory_iterator entries(_folderPath, error);
-  while (!error && entries != std::filesystem::directory_iterator()) {
-    take(*entries);
-    entries.increment(error);
+  const std::unique_ptr<DIR, CloseFolder> folder(opendir(_folderPath.c_str()));
+  if (!folder) return fail(errno);
+  for (int failures = 0; failures < kMostFailures;) {
+    errno = 0;
+    if (const dirent* const entry = readdir(folder.get())) {
+      take(*entry);
+    } else if (errno == 0) {
+      return;
+    } else {
+      fail(errno);
+      ++failures;
+    }
   }
-  if (error) fail(error);
 }
 
-void FolderHelper::take(const std::filesystem::directory_entry& entry) {
-  const std::string name = entry.path().filename();
-  if (name.starts_with('.')) return;
+void FolderHelper::take(const dirent& entry) {
+  const std::filesystem::path name = entry.d_name;
+  if (name.native().starts_with('.')) return;
+  _hasLinks = _hasLinks || entry.d_type == DT_LNK;
+  const std::filesystem::path path = _folderPath / name;
   std::error_code error;
-  const bool isFolder = entry.is_directory(error);
+  const bool isFolderHere = isFolder(entry, path, error);
   if (error) return;
-  const std::string extension = lowerCase(entry.path().extension());
-  if ((!isFolder && extension != ".wav") || extension == ".app") return;
-  _files.push_back({isFolder, QFile::decodeName(name.c_str()), isFolder ? kFolderIcon : kFileIcon,
-                    entry.path()});
+  const std::string extension = lowerCase(name.extension());
+  if ((!isFolderHere && extension != ".wav") || extension == ".app") return;
+  _files.push_back({isFolderHere, QFile::decodeName(name.c_str()),
+                    isFolderHere ? kFolderIcon : kFileIcon, path});
 }
 
-void FolderHelper::fail(const std::error_code& error) {
+void FolderHelper::fail(int error) {
   Log::line("eeee");
-  _failure = error.message();
+  _failure = std::error_code(error, std::generic_category()).message();
 }
 
 bool FolderHelper::isBefore(const WavItem& a, const WavItem& b) {
@@ -65,5 +90,5 @@ void FolderHelper::sortFileList() {
 }
 
 bool FolderHelper::isCurrent() const {
-  return FolderStamp(_folderPath).provesUnchangedSince(_stamp);
+  return !_hasLinks && FolderStamp(_folderPath).provesUnchangedSince(_stamp);
 }

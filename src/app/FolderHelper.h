@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <dirent.h>
+
 #include <filesystem>
 #include <string>
 #include <utility>
@@ -24,17 +26,18 @@ class FolderHelper {
   /// Lists the folder at once.
   explicit FolderHelper(std::filesystem::path folderPath);
 
-  /// Lists again, in the order of the file system. A folder that cannot be read is logged; an entry
-  /// that cannot be looked at is left out.
+  /// Lists again, in the order of the file system. A folder that cannot be read is logged, and read
+  /// on where that is possible; an entry that cannot be looked at is left out.
   void grabWavFiles();
   void sortFileList();
 
   [[nodiscard]] const std::filesystem::path& folderPath() const { return _folderPath; }
   [[nodiscard]] const std::vector<WavItem>& files() const { return _files; }
 
-  /// Why the folder could not be read, a phrase for people; empty when it could.
+  /// Why the folder, or some of it, could not be read, a phrase for people; empty when it could.
   [[nodiscard]] const std::string& failure() const { return _failure; }
   /// Whether the folder is surely still as it was listed. Costs no listing; blocks as the medium.
+  /// Never where links are in it: what they lead to comes and goes without it.
   [[nodiscard]] bool isCurrent() const;
 
   /// The order of the list.
@@ -46,11 +49,12 @@ class FolderHelper {
   void setFiles(std::vector<WavItem> files) { _files = std::move(files); }
 
  private:
-  void take(const std::filesystem::directory_entry& entry);
-  void fail(const std::error_code& error);
+  void take(const dirent& entry);
+  void fail(int error);
 
   std::filesystem::path _folderPath;
   std::vector<WavItem> _files;
   FolderStamp _stamp;
+  bool _hasLinks = false;
   std::string _failure;
 };

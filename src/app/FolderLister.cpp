@@ -3,12 +3,29 @@
 
 #include "app/FolderLister.h"
 
+#include <algorithm>
 #include <mutex>
 #include <system_error>
 #include <thread>
 #include <utility>
 
 #include "base/ThreadSignal.h"
+
+namespace {
+
+// What cannot be told is there: listing it says why.
+bool isThere(const std::filesystem::path& folder) {
+  std::error_code error;
+  return std::filesystem::exists(folder, error) || error;
+}
+
+const std::filesystem::path& folderToList(const FolderLister::Question& question) {
+  if (question.fallbacks.empty() || isThere(question.folder)) return question.folder;
+  const auto found = std::ranges::find_if(question.fallbacks, isThere);
+  return found == question.fallbacks.end() ? question.fallbacks.back() : *found;
+}
+
+}  // namespace
 
 /// Where a thread leaves its answer, whether or not someone still waits for it.
 class FolderLister::Desk {
@@ -76,9 +93,7 @@ void FolderLister::collect() {
 }
 
 FolderLister::Answer FolderLister::answerTo(const Question& question) {
-  std::error_code error;
-  const bool isThere = std::filesystem::exists(question.folder, error) || error;
-  const std::filesystem::path& folder = isThere ? question.folder : question.fallback;
+  const std::filesystem::path& folder = folderToList(question);
   const auto& known = question.known;
   const bool isKnown = known && known->folderPath() == folder;
   if (isKnown && known->isCurrent()) return {known, true};

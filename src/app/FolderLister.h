@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "app/FolderHelper.h"
 
@@ -21,10 +22,11 @@ class FolderLister {
   };
   /// Told of each answer, from the event loop.
   using Done = std::function<void(const Answer& answer)>;
-  /// What to list: `folder`, or `fallback` where nothing is at it. `known` may be null.
+  /// What to list: `folder`, or where nothing is at it the first of `fallbacks` that is there, or
+  /// the last of them. `known` may be null.
   struct Question {
     std::filesystem::path folder;
-    std::filesystem::path fallback;
+    std::vector<std::filesystem::path> fallbacks;
     std::shared_ptr<const FolderHelper> known;
   };
 

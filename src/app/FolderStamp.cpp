@@ -20,21 +20,30 @@ std::int64_t nanoseconds(const timespec& time) {
   return time.tv_sec * kSecond + time.tv_nsec;
 }
 
-bool keepsFolderTimes(const std::filesystem::path& folder) {
-  static constexpr std::array<std::uint32_t, 5> kDoNot = {
-      FUSE_SUPER_MAGIC, NFS_SUPER_MAGIC, CIFS_SUPER_MAGIC, SMB2_SUPER_MAGIC, V9FS_MAGIC};
+// The headers of the system have no name for it.
+constexpr std::uint64_t kNtfs = 0x7366746E;
+
+bool isOnFileSystemWithTimes(const std::filesystem::path& folder) {
   struct statfs system {};
   return statfs(folder.c_str(), &system) == 0 &&
-         std::ranges::find(kDoNot, static_cast<std::uint32_t>(system.f_type)) == kDoNot.end();
+         FolderStamp::keepsFolderTimes(static_cast<std::uint32_t>(system.f_type));
 }
 
 }  // namespace
+
+bool FolderStamp::keepsFolderTimes(std::uint64_t magic) {
+  static constexpr std::array<std::uint64_t, 11> kKnown = {
+      EXT4_SUPER_MAGIC,  XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC,     F2FS_SUPER_MAGIC,
+      TMPFS_MAGIC,       RAMFS_MAGIC,     OVERLAYFS_SUPER_MAGIC, MSDOS_SUPER_MAGIC,
+      EXFAT_SUPER_MAGIC, kNtfs,           UDF_SUPER_MAGIC};
+  return std::ranges::find(kKnown, magic) != kKnown.end();
+}
 
 FolderStamp::FolderStamp(const std::filesystem::path& folder) {
   struct stat status {};
   timespec now{};
   if (stat(folder.c_str(), &status) != 0 || clock_gettime(CLOCK_REALTIME, &now) != 0) return;
-  _isTelling = keepsFolderTimes(folder);
+  _isTelling = isOnFileSystemWithTimes(folder);
   _device = status.st_dev;
   _inode = status.st_ino;
   _changed = nanoseconds(status.st_mtim);

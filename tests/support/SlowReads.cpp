@@ -3,6 +3,7 @@
 
 #include "support/SlowReads.h"
 
+#include <dirent.h>
 #include <dlfcn.h>
 #include <unistd.h>
 
@@ -33,6 +34,7 @@ struct Medium {
   std::atomic<std::uint64_t> rate{0};
   std::atomic<bool> isActive{false};
   std::atomic<bool> isGone{false};
+  std::atomic<int> brokenListings{0};
 };
 
 // Never destroyed: reads may come from threads that outlive everything.
@@ -56,8 +58,9 @@ bool isOnMedium(int file) {
   const std::string link = "/proc/self/fd/" + std::to_string(file);
   const ssize_t length = readlink(link.c_str(), path.data(), path.size());
   const std::lock_guard lock(all.mutex);
-  return length > 0 && std::string_view(path.data(), static_cast<std::size_t>(length))
-                           .starts_with(all.folder + "/");
+  if (length <= 0) return false;
+  const std::string name(path.data(), static_cast<std::size_t>(length));
+  return (name + "/").starts_with(all.folder + "/");
 }
 
 // What this thread has read, and in which round.
@@ -126,9 +129,19 @@ void setUp(const std::string& folder, std::uint64_t rate, std::uint64_t share) {
   all.share = share;
   all.privileged = std::this_thread::get_id();
   all.isGone = false;
+  all.brokenListings = 0;
   all.isActive = true;
   ++all.round;
   all.changed.notify_all();
+}
+
+// Whether this step of a listing is one that fails.
+bool isBroken(DIR* folder) {
+  std::atomic<int>& broken = medium().brokenListings;
+  if (broken == 0 || !isOnMedium(dirfd(folder))) return false;
+  --broken;
+  errno = EIO;
+  return true;
 }
 
 template <class Function>
@@ -157,6 +170,10 @@ void SlowReads::pullOut() {
   medium().changed.notify_all();
 }
 
+void SlowReads::breakListings(int times) {
+  medium().brokenListings = times;
+}
+
 void SlowReads::reset() {
   const std::lock_guard lock(medium().mutex);
   medium().isActive = false;
@@ -164,6 +181,11 @@ void SlowReads::reset() {
 }
 
 extern "C" {
+
+struct dirent64* readdir64(DIR* folder) {
+  static const auto kReal = next<struct dirent64* (*)(DIR*)>("readdir64");
+  return isBroken(folder) ? nullptr : kReal(folder);
+}
 
 ssize_t read(int file, void* to, size_t count) {
   static const auto kReal = next<ssize_t (*)(int, void*, size_t)>("read");

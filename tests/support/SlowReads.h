@@ -5,9 +5,10 @@
 #include <cstdint>
 #include <string>
 
-/// Makes the reads of files under one folder as slow as a medium, or fail as those of one that was
-/// pulled out. A shared library that stands before the C library; linked, or preloaded with
-/// MIXDECK_SLOW_FOLDER and MIXDECK_SLOW_RATE (bytes per second) in the environment. Any thread.
+/// Makes the reads of files under one folder, and of folders from it on, as slow as a medium, or
+/// fail as those of one that was pulled out. A shared library that stands before the C library;
+/// linked, or preloaded with MIXDECK_SLOW_FOLDER and MIXDECK_SLOW_RATE (bytes per second) in the
+/// environment. Any thread.
 class SlowReads {
  public:
   /// All readers share the rate, piece by piece; nothing is cached. 0 is full speed.
@@ -19,5 +20,7 @@ class SlowReads {
   static std::uint64_t takenHere();
   /// Every read from now on fails with an input/output error.
   static void pullOut();
+  /// So many times from now on, going on with the listing of a folder there fails so.
+  static void breakListings(int times);
   static void reset();
 };

@@ -84,13 +84,21 @@ TEST_F(Browsing, ShowsTheDesktopWhileTheFolderIsGone) {
   EXPECT_EQ(folderName(), "vanishing");
 }
 
-TEST_F(Browsing, NoDesktopEitherIsAnEmptyListAndAQuietLine) {
-  Utility::store(Utility::kLastOpenFolder, "/no/such/folder");
+TEST_F(Browsing, FolderThatCannotBeReadIsAnEmptyListAndAQuietLine) {
+  Utility::store(Utility::kLastOpenFolder, take("R0001.WAV", 10).string());
   start();
   EXPECT_THAT(rows(), ElementsAre());
-  EXPECT_EQ(view().player->lblStatus->text(),
-            "“Desktop” cannot be read: No such file or directory");
+  EXPECT_EQ(view().player->lblStatus->text(), "“R0001.WAV” cannot be read: Not a directory");
   EXPECT_THAT(log.get(), testing::Contains("eeee"));
+}
+
+TEST_F(Browsing, NoDesktopEitherIsTheHomeFolder) {
+  Utility::store(Utility::kLastOpenFolder, "/no/such/folder");
+  std::filesystem::create_directory(home.path() / "Music");
+  start();
+  EXPECT_THAT(rows(), ElementsAre("Music"));
+  EXPECT_EQ(folderName().toStdString(), home.path().filename());
+  EXPECT_EQ(view().player->lblStatus->text(), "");
 }
 
 TEST_F(Browsing, GoesIntoFoldersAndUpAgain) {
@@ -174,6 +182,19 @@ TEST_F(Browsing, RenamedSelectionIsNone) {
   startOnTakes();
   clickRow("b.wav");
   std::filesystem::rename(takes.path() / "b.wav", takes.path() / "z.wav");
+  refresh();
+  EXPECT_EQ(selected(), "");
+}
+
+TEST_F(Browsing, RowThatVanishesSelectsNoOther) {
+  for (const char* name : {"a.wav", "b.wav", "c.wav"}) file(name);
+  startOnTakes();
+  clickRow("b.wav");
+  FileList& list = *view().browser->tableFile;
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                    list.visualRect(list.model()->index(1, 0)).center());
+  ASSERT_EQ(selected(), "");
+  std::filesystem::remove(takes.path() / "b.wav");
   refresh();
   EXPECT_EQ(selected(), "");
 }

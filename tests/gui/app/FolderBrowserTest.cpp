@@ -9,9 +9,11 @@
 #include <QSignalSpy>
 #include <QTimer>
 #include <filesystem>
+#include <semaphore>
 
 #include "base/Utility.h"
 #include "support/EnvironmentVariable.h"
+#include "support/EventLoop.h"
 #include "support/LogLines.h"
 #include "support/TemporaryFolder.h"
 
@@ -105,11 +107,22 @@ TEST_F(Browser, ShowsTheDesktopWhileTheFolderIsGone) {
   EXPECT_EQ(stored(), takes.path() / "gone");
 }
 
+TEST_F(Browser, ShowsTheHomeFolderWhereThereIsNoDesktop) {
+  home.file("a.wav", {});
+  browser.begin({});
+  waitForListing();
+  EXPECT_EQ(browser.listing()->folderPath(), home.path());
+  EXPECT_EQ(names.last().first().toString().toStdString(), home.path().filename());
+  EXPECT_THAT(rows(), ElementsAre("a.wav"));
+  EXPECT_EQ(browser.failure(), "");
+  EXPECT_EQ(browser.requestedFolder(), home.path() / "Desktop");
+}
+
 TEST_F(Browser, SaysWhatCannotBeRead) {
-  browser.openFolder(takes.path() / "nothing");
+  browser.openFolder(takes.file("file", {}));
   EXPECT_EQ(browser.failure(), "");
   waitForListing();
-  EXPECT_EQ(browser.failure(), "“Desktop” cannot be read: No such file or directory");
+  EXPECT_EQ(browser.failure(), "“file” cannot be read: Not a directory");
 }
 
 TEST_F(Browser, GoesUpAsFarAsThereIsSomething) {
@@ -123,6 +136,22 @@ TEST_F(Browser, GoesUpAsFarAsThereIsSomething) {
   waitForListing();
   browser.goUp();
   EXPECT_EQ(browser.requestedFolder(), "/");
+}
+
+TEST_F(Browser, TwoQuickGoUpsClimbTwoLevels) {
+  browser.openFolder(inner("Bells/Deep"));
+  waitForListing();
+  browser.goUp();
+  browser.goUp();
+  EXPECT_EQ(browser.requestedFolder(), takes.path());
+}
+
+TEST_F(Browser, GoesUpFromThePlaceThatIsShownInstead) {
+  std::filesystem::create_directory(home.path() / "Desktop");
+  browser.openFolder(takes.path() / "gone" / "deep");
+  waitForListing();
+  browser.goUp();
+  EXPECT_EQ(browser.requestedFolder(), home.path());
 }
 
 TEST_F(Browser, DoesNotGoUpToAParentThatHasGone) {
@@ -148,6 +177,58 @@ TEST_F(Browser, ChoosesFoldersAndRecordingsThatAreStillThere) {
   EXPECT_EQ(chosen.first().first().value<WavItem>().fullPath, path);
   browser.choose(0);
   EXPECT_EQ(browser.requestedFolder(), bells);
+}
+
+TEST_F(Browser, RowsOfTheFolderBeforeCannotBeChosen) {
+  takes.file("a.wav", {});
+  const auto bells = inner("Bells");
+  browser.openFolder(takes.path());
+  waitForListing();
+  browser.openFolder(bells);
+  for (const int row : {0, 1}) browser.choose(row);
+  EXPECT_EQ(chosen.count(), 0);
+  EXPECT_EQ(browser.requestedFolder(), bells);
+  browser.openFolder(takes.path());
+  browser.choose(1);
+  EXPECT_EQ(chosen.count(), 1) << "back before the other one came";
+}
+
+TEST_F(Browser, RowsOfTheFolderBeforeGoWhereItTakesLong) {
+  takes.file("a.wav", {});
+  const auto slow = inner("Bells");
+  const auto door = std::make_shared<std::binary_semaphore>(0);  // threads may outlive the test
+  FolderBrowser patient(nullptr, [door, slow](const FolderLister::Question& question) {
+    if (question.folder == slow) door->acquire();
+    return FolderLister::answerTo(question);
+  });
+  QSignalSpy answers(&patient, &FolderBrowser::listed);
+  patient.openFolder(takes.path());
+  ASSERT_TRUE(answers.wait(20'000));
+  ASSERT_EQ(patient.model().rowCount(), 2);
+  QSignalSpy leaving(&patient, &FolderBrowser::rowsAboutToChange);
+  patient.openFolder(slow);
+  EXPECT_EQ(patient.model().rowCount(), 2) << "no flicker where it comes soon";
+  EXPECT_TRUE(EventLoop::runUntil([&] { return patient.model().rowCount() == 0; }));
+  door->release();
+  ASSERT_TRUE(answers.wait(20'000));
+  EXPECT_EQ(leaving.count(), 1) << "what was selected is asked for once";
+  patient.openFolder(slow);
+  patient.openFolder(takes.path());
+  ASSERT_TRUE(answers.wait(20'000));
+  EXPECT_EQ(patient.model().rowCount(), 2);
+  door->release();
+}
+
+TEST_F(Browser, ListsAgainWhereWhatIsChosenHasGone) {
+  browser.openFolder(inner("Bells"));
+  takes.file("Bells/a.wav", {});
+  browser.refresh();
+  waitForListing();
+  while (browser.model().rowCount() == 0) waitForListing();
+  std::filesystem::rename(takes.path() / "Bells", takes.path() / "Chimes");
+  browser.choose(0);
+  waitForListing();
+  EXPECT_EQ(browser.listing()->folderPath(), home.path());
 }
 
 TEST_F(Browser, WishIsForItsFolderAlone) {

@@ -5,6 +5,7 @@
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
+#include <linux/magic.h>
 #include <sys/stat.h>
 
 #include <ctime>
@@ -12,6 +13,7 @@
 
 #include "app/FolderLister.h"
 #include "support/LogLines.h"
+#include "support/SlowReads.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -97,6 +99,38 @@ TEST_F(Folder, FollowsLinksAndSkipsBrokenOnes) {
   EXPECT_THAT(listed(), ElementsAre("/linked"));
 }
 
+TEST_F(Folder, SeesWhatALinkLeadsToComeAndGo) {
+  TemporaryFolder elsewhere;
+  std::filesystem::create_symlink(elsewhere.path() / "take.wav", folder.path() / "linked.wav");
+  makeOld();
+  const auto before = std::make_shared<const FolderHelper>(folder.path());
+  EXPECT_THAT(listed(), ElementsAre());
+  elsewhere.file("take.wav", {});
+  const auto with = FolderLister::answerTo({folder.path(), {}, before});
+  EXPECT_FALSE(with.isSame);
+  EXPECT_EQ(with.listing->files().size(), 1U);
+  std::filesystem::remove(elsewhere.path() / "take.wav");
+  EXPECT_FALSE(FolderLister::answerTo({folder.path(), {}, with.listing}).isSame);
+}
+
+TEST_F(Folder, GoesOnWhereReadingFailsOnce) {
+  for (const char* name : {"a.wav", "b.wav"}) add(name);
+  SlowReads::limit(folder.path().string(), 0);
+  SlowReads::breakListings(1);
+  EXPECT_THAT(listed(), ElementsAre("a.wav", "b.wav"));
+  EXPECT_THAT(log.get(), ElementsAre("eeee"));
+  SlowReads::reset();
+}
+
+TEST_F(Folder, GivesUpWhereReadingGoesOnFailing) {
+  add("a.wav");
+  SlowReads::limit(folder.path().string(), 0);
+  SlowReads::breakListings(1'000'000);
+  const FolderHelper helper(folder.path());
+  EXPECT_EQ(helper.failure(), "Input/output error");
+  SlowReads::reset();
+}
+
 TEST_F(Folder, TellsWhereAnEntryIsAndHowItLooks) {
   addFolder("Bells");
   // A name that is no UTF-8 stays one that can be opened.
@@ -151,6 +185,15 @@ TEST_F(Folder, IsTrustedToBeUnchangedLaterUntilSomethingHappens) {
   EXPECT_FALSE(helper.isCurrent()) << "put back, but not at the same moment";
 }
 
+TEST_F(Folder, TimesAreTrustedOnlyWhereTheyAreKnownToBeKept) {
+  constexpr std::uint32_t kCluster = 0x01161970;
+  const std::vector<std::uint32_t> kept = {EXT4_SUPER_MAGIC, BTRFS_SUPER_MAGIC, MSDOS_SUPER_MAGIC};
+  const std::vector<std::uint32_t> others = {NFS_SUPER_MAGIC,   AFS_FS_MAGIC, CEPH_SUPER_MAGIC,
+                                             OCFS2_SUPER_MAGIC, kCluster,     0};
+  EXPECT_TRUE(std::ranges::all_of(kept, FolderStamp::keepsFolderTimes));
+  EXPECT_TRUE(std::ranges::none_of(others, FolderStamp::keepsFolderTimes));
+}
+
 TEST_F(Folder, AnswersWithWhatIsKnownWhereNothingHasChanged) {
   add("a.wav");
   makeYoung();
@@ -166,7 +209,7 @@ TEST_F(Folder, AnswersWithTheFallbackWhereNothingIsThere) {
   TemporaryFolder fallback;
   fallback.file("here.wav", {});
   const auto gone = folder.path() / "gone";
-  const auto answer = FolderLister::answerTo({gone, fallback.path(), nullptr});
+  const auto answer = FolderLister::answerTo({gone, {gone, fallback.path()}, nullptr});
   EXPECT_EQ(answer.listing->folderPath(), fallback.path());
   EXPECT_EQ(answer.listing->files().size(), 1U);
   EXPECT_FALSE(answer.isSame);

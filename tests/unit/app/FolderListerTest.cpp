@@ -37,7 +37,7 @@ class Lister : public testing::Test {
     return [watch = watch](const auto& question) { return FolderLister::answerTo(question); };
   }
   [[nodiscard]] FolderLister::Question about(const TemporaryFolder& place) const {
-    return {place.path(), other.path(), answers.empty() ? nullptr : answers.back().listing};
+    return {place.path(), {other.path()}, answers.empty() ? nullptr : answers.back().listing};
   }
   [[nodiscard]] std::size_t rows() const { return answers.back().listing->files().size(); }
 
