@@ -8,7 +8,6 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -24,6 +23,7 @@ namespace {
 constexpr int kMostLinks = 40;
 constexpr mode_t kNewFileMode = 0666;  // less the umask
 constexpr mode_t kModeBits = 07777;
+constexpr uid_t kNobodyElse = static_cast<uid_t>(-1);  // leaves the owner
 constexpr std::string_view kLeftoverStart = ".mixdeck-";
 constexpr std::string_view kLeftoverEnd = ".part";
 
@@ -45,34 +45,26 @@ int nameFile(int file, const char* procPath, const char* name) {
   return linkat(file, "", AT_FDCWD, name, AT_EMPTY_PATH);
 }
 
-bool isNamed(int file, const fs::path& name) {
-  struct stat ours {};
-  struct stat theirs {};
-  return fstat(file, &ours) == 0 && lstat(name.c_str(), &theirs) == 0 &&
-         ours.st_dev == theirs.st_dev && ours.st_ino == theirs.st_ino;
+// Makes the name with nothing in it, so that nobody else can have made it, and renames over that.
+int renameOverPlaceholder(const char* from, const char* to) {
+  const int placeholder = open(to, O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, kNewFileMode);
+  if (placeholder < 0) return -1;
+  close(placeholder);
+  if (rename(from, to) == 0) return 0;
+  const int error = errno;
+  unlink(to);
+  errno = error;
+  return -1;
 }
 
-// Naming and renaming are two steps; a kill between them would leave the temporary name behind.
-// They run in a child in a session of its own, which a kill of this process does not reach; it only
-// makes system calls, so other threads do not matter to it.
-// Returns 0 or the error.
-int nameAndRename(int file, const fs::path& temporary, const fs::path& target) {
-  const std::string procPath = fmt::format("/proc/self/fd/{}", file);
-  const pid_t child = fork();
-  if (child < 0) return errno;
-  if (child == 0) {
-    setsid();
-    if (nameFile(file, procPath.c_str(), temporary.c_str()) != 0) _exit(errno);
-    if (rename(temporary.c_str(), target.c_str()) == 0) _exit(0);
-    const int error = errno;
-    unlink(temporary.c_str());
-    _exit(error);
-  }
-  int status = 0;
-  pid_t ended = 0;
-  while ((ended = waitpid(child, &status, 0)) < 0 && errno == EINTR) continue;
-  if (ended == child && WIFEXITED(status)) return WEXITSTATUS(status);
-  return isNamed(file, target) ? 0 : EIO;  // somebody else collects this process's children
+// Renames to a name that is free, at one stroke. Where the kernel or the file system knows no such
+// rename, a second link is as good; where there are no links either, a placeholder holds the name.
+int renameToFreeName(const char* from, const char* to) {
+  if (renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0) return 0;
+  if (errno != EINVAL && errno != ENOSYS) return -1;
+  if (link(from, to) == 0) return unlink(from);
+  const bool hasLinks = errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS;
+  return hasLinks ? -1 : renameOverPlaceholder(from, to);
 }
 
 bool writeFully(int file, std::span<const std::byte> bytes) {
@@ -184,8 +176,10 @@ void AtomicFile::removeLeftovers() {
 bool AtomicFile::takeOverAttributes() {
   struct stat status {};
   if (stat(_target.c_str(), &status) != 0) return fail(errno);
-  // Only root may give files away; for others the file stays theirs, as with any editor.
-  if (fchown(_file, status.st_uid, status.st_gid) != 0) errno = 0;
+  // Only root may give files away; for others the file stays theirs, as with any editor, but its
+  // group may be any of theirs.
+  const bool isGiven = fchown(_file, status.st_uid, status.st_gid) == 0;
+  if (!isGiven && fchown(_file, kNobodyElse, status.st_gid) != 0) errno = 0;
   return fchmod(_file, status.st_mode & kModeBits) == 0 || errno == EPERM || fail(errno);
 }
 
@@ -222,21 +216,15 @@ bool AtomicFile::publishUnnamed() {
   if (!flush()) return false;
   removeLeftovers();
   flock(_file, LOCK_EX | LOCK_NB);
-  const int error = nameAndRename(_file, temporaryName(_folder), _target);
-  return error == 0 || fail(error);
+  const fs::path temporary = temporaryName(_folder);
+  if (nameFile(_file, procPath.c_str(), temporary.c_str()) != 0) return fail(errno);
+  _temporary = temporary;
+  return publishNamed();
 }
 
 bool AtomicFile::publishNamed() {
-  int result = 0;
-  if (_mayReplace) {
-    result = rename(_temporary.c_str(), _target.c_str());
-  } else {
-    result = renameat2(AT_FDCWD, _temporary.c_str(), AT_FDCWD, _target.c_str(), RENAME_NOREPLACE);
-    if (result != 0 && errno == EINVAL) {  // not known to this file system
-      if (access(_target.c_str(), F_OK) == 0) return fail(EEXIST);
-      result = rename(_temporary.c_str(), _target.c_str());
-    }
-  }
+  const int result = _mayReplace ? rename(_temporary.c_str(), _target.c_str())
+                                 : renameToFreeName(_temporary.c_str(), _target.c_str());
   if (result != 0) return fail(errno);
   _temporary.clear();
   return true;

@@ -13,10 +13,11 @@
 /// Bytes go to an unnamed temporary file in the target's folder (a hidden named one where the file
 /// system knows no unnamed files, as FAT); `commit` gives it the target's name. A failure, a full
 /// disk or a kill at any moment leaves the old file or the new file whole. Where a file is replaced
-/// its data is flushed to disk first, and its permissions are kept, its owner where the user may
-/// give files away; a symbolic link keeps pointing to its target, which is what gets replaced. Only
-/// a kill on a file system without unnamed files can leave a hidden ".mixdeck-*.part" behind; the
-/// next save in that folder removes it.
+/// its data is flushed to disk first, and its permissions are kept, its owner and group where the
+/// user may give files away; a symbolic link keeps pointing to its target, which is what gets
+/// replaced. A kill while a file has a name of its own, on a file system without unnamed files or
+/// between the two steps of a replacement, can leave a hidden ".mixdeck-*.part" behind; the next
+/// replacement in that folder removes it, and the next save where files cannot be unnamed.
 ///
 /// Nothing throws: operations return false, and `failure` tells why. One thread at a time.
 class AtomicFile {

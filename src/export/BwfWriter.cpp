@@ -111,6 +111,10 @@ void BwfWriter::appendFormat(const WaveHeader& source, bool is24bit) {
 
 bool BwfWriter::streamTo(const std::filesystem::path& path, AtomicFile::Existing existing,
                          std::uint64_t expectedSize) {
+  if (_dataLength > 0) {
+    _failure = "Sample bytes have been written already";
+    return false;
+  }
   _stream = std::make_unique<AtomicFile>(path, existing);
   _streamPath = path;
   _streamed = 0;
@@ -155,16 +159,26 @@ void BwfWriter::patchU32(std::uint32_t position, std::uint32_t value) {
 }
 
 void BwfWriter::FixUpChunkSizes() {
+  if (_isDisposed) return;
   finishSending();
   const std::uint64_t length = _streamed + _data.size();
   patchU32(kRiffSizePosition, static_cast<std::uint32_t>(length - kChunkHeader));
   patchU32(_dataChunkSizePosition, _dataLength);
 }
 
+// Empty where nothing stands against it.
+std::string_view BwfWriter::whyNotSaved(const std::filesystem::path& path) const {
+  if (_isDisposed) return "The file was dropped before it was saved";
+  if (_streamPath.empty()) return "";
+  if (!_stream) return "The file has been saved already";
+  return path == _streamPath ? "" : "The file was written for another place";
+}
+
 bool BwfWriter::Save2File(const std::filesystem::path& path) {
-  const bool isStreamed = !_streamPath.empty();
-  if (isStreamed && (!_stream || path != _streamPath)) return false;
-  if (!isStreamed) _stream = std::make_unique<AtomicFile>(path, AtomicFile::Existing::Replace);
+  _failure = whyNotSaved(path);
+  if (!_failure.empty()) return false;
+  if (_streamPath.empty())
+    _stream = std::make_unique<AtomicFile>(path, AtomicFile::Existing::Replace);
   finishSending();
   const bool saved = _stream->write(_data) && _stream->commit();
   _failure = _stream->failure();
@@ -173,6 +187,7 @@ bool BwfWriter::Save2File(const std::filesystem::path& path) {
 }
 
 void BwfWriter::dispose() {
+  _isDisposed = true;
   _data = {};
   _sender.reset();
   _stream.reset();

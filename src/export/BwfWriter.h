@@ -32,7 +32,8 @@ class BwfWriter {
   static std::uint64_t fileSize(std::string_view codingHistory, std::uint64_t sampleBytes);
 
   /// Opens the temporary file of `path` and sends all bytes there from now on. `expectedSize` bytes
-  /// have to be free. False, with `failure` set, when that is not to be had.
+  /// have to be free. False, with `failure` set, when that is not to be had, or when sample bytes
+  /// have been written already; those stay where they are.
   bool streamTo(const std::filesystem::path& path, AtomicFile::Existing existing,
                 std::uint64_t expectedSize);
 
@@ -41,10 +42,10 @@ class BwfWriter {
   /// Appends room for this many sample bytes, for the caller to fill before the next call: `Write`
   /// without a copy.
   std::span<std::byte> extend(std::uint32_t count);
-  /// Sets the RIFF size and the data size. Calling it again is harmless.
+  /// Sets the RIFF size and the data size. Calling it again, or after `dispose`, is harmless.
   void FixUpChunkSizes();
   /// Puts the file in its place, whole or not at all; see `AtomicFile`. A streamed file can be
-  /// saved once, to the path it was streamed to.
+  /// saved once, to the path it was streamed to; a disposed one not at all.
   bool Save2File(const std::filesystem::path& path);
   /// Drops what was assembled, the temporary file included.
   void dispose();
@@ -74,6 +75,7 @@ class BwfWriter {
   void patchU32(std::uint32_t position, std::uint32_t value);
   void sendOut();
   void finishSending();
+  [[nodiscard]] std::string_view whyNotSaved(const std::filesystem::path& path) const;
 
   std::vector<std::byte> _data;
   std::uint32_t _dataChunkSizePosition = 0;
@@ -82,5 +84,6 @@ class BwfWriter {
   std::filesystem::path _streamPath;  ///< empty while the file is held in memory
   std::unique_ptr<BackgroundWriter> _sender;
   std::uint64_t _streamed = 0;  ///< bytes already sent to `_stream`
+  bool _isDisposed = false;
   std::string _failure;
 };

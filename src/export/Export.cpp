@@ -57,7 +57,8 @@ bool Export::checkFileValid(std::span<const std::byte> data) {
   cleanUp();
   _failure.clear();
   _reader = WaveFileReader::readFromData(data);
-  return recognise();
+  _isFileValid = recognise();
+  return _isFileValid;
 }
 
 bool Export::recognise() {
@@ -84,6 +85,7 @@ bool Export::isSource(const std::filesystem::path& path) const {
 }
 
 std::uint64_t Export::outputSize(bool is24bit) const {
+  if (!_reader) return 0;
   const int bits = is24bit ? 24 : 32;
   const std::uint64_t frameBytes = 2 * static_cast<std::uint64_t>(bits) / 8;
   return BwfWriter::fileSize(historyOf(bits), _reader->frameCount() * frameBytes);

@@ -61,7 +61,7 @@ class Export {
 
   [[nodiscard]] const std::string& failure() const { return _failure; }
   [[nodiscard]] bool wasCancelled() const { return _wasCancelled; }
-  /// Bytes that an export in this width comes to.
+  /// Bytes that an export in this width comes to; 0 where no file could be read.
   [[nodiscard]] std::uint64_t outputSize(bool is24bit) const;
 
   [[nodiscard]] const std::filesystem::path& getFilePath() const { return _filePath; }
@@ -98,7 +98,7 @@ class Export {
 
   /// Takes `data` as the source: true for a WAVE file with a bext chunk of at least 602 bytes whose
   /// originator contains "TARN J4". Sets the reader, and its `isBoMSFormat` where the coding
-  /// history contains "MSRAW=ON".
+  /// history contains "MSRAW=ON", and what `IsFileValid` says.
   bool checkFileValid(std::span<const std::byte> data);
   /// For the `export2File` that is not told.
   void setNormalize(bool on) { _normalize = on; }

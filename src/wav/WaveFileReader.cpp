@@ -52,7 +52,8 @@ std::unique_ptr<WaveFileReader> WaveFileReader::openFile(const std::filesystem::
 
 void WaveFileReader::parseWave() {
   auto index = std::make_shared<WaveIndex>(*_index);
-  index->parse(*_image);
+  if (_image) index->parse(*_image);
+  index->isValidFile = index->isValidFile && _image;
   _index = std::move(index);
   _cursor = SampleCursor(_image, header(), encoding());
 }

@@ -40,7 +40,8 @@ class WaveFileReader {
   static std::unique_ptr<WaveFileReader> openFile(const std::filesystem::path& path,
                                                   std::string& whyNot);
 
-  /// Builds header, chunks and validity from the image.
+  /// Builds header, chunks and validity from the image. After `dispose` there is none, and the file
+  /// is not valid.
   void parseWave();
   [[nodiscard]] bool isValidFile() const { return _index->isValidFile; }
   /// Why the file is not valid, a phrase for people; empty when it is.

@@ -94,6 +94,12 @@ bool Confinement::dropPrivileges() {
          setresuid(kNobody, kNobody, kNobody) == 0;
 }
 
+bool Confinement::becomeMemberOf(unsigned group) {
+  const gid_t groups[] = {group};
+  return setgroups(1, groups) == 0 && setresgid(kNobody, kNobody, kNobody) == 0 &&
+         setresuid(kNobody, kNobody, kNobody) == 0;
+}
+
 bool Confinement::limitFileSize(std::uint64_t bytes) {
   const rlimit limit{bytes, bytes};
   return std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && setrlimit(RLIMIT_FSIZE, &limit) == 0;

@@ -16,6 +16,8 @@ class Confinement {
 
   /// Becomes the user 65534, who owns nothing. True at once for anyone but root.
   static bool dropPrivileges();
+  /// Root becomes a user who owns nothing and is in this group beside their own.
+  static bool becomeMemberOf(unsigned group);
   /// No file may grow past `bytes`; a write past it is an error, not a signal.
   static bool limitFileSize(std::uint64_t bytes);
   /// A memory file system of this size on `folder`, seen by the child alone.

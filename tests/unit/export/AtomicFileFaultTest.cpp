@@ -189,4 +189,29 @@ TEST_F(AtomicFileFaultTest, ReplacesAFileThatMayNotBeGivenAway) {
   EXPECT_EQ(TemporaryFolder::read(_old), bytesOf("n"));
 }
 
+TEST_F(AtomicFileFaultTest, ReplacesAFileWhereNoProcessCanBeStarted) {
+  EXPECT_EQ(inChild([this] {
+              return Confinement::failSystemCall(SYS_clone, EAGAIN) &&
+                     isSame(save(_old, bytesOf("n")), "");
+            }),
+            0);
+  EXPECT_EQ(TemporaryFolder::read(_old), bytesOf("n"));
+  EXPECT_THAT(_folder.names(), ElementsAre("old"));
+}
+
+// A user may give a file to any group of theirs, though to no other user.
+TEST_F(AtomicFileFaultTest, KeepsTheGroupOfAReplacedFileOfSomebodyElse) {
+  constexpr gid_t kShared = 1234;
+  const bool isRoot = geteuid() == 0;
+  ASSERT_TRUE(!isRoot || chown(_old.c_str(), 1, kShared) == 0);
+  EXPECT_EQ(inChild([this, isRoot] {
+              if (isRoot && !Confinement::becomeMemberOf(kShared)) return false;
+              return isSame(save(_old, bytesOf("n")), "");
+            }),
+            0);
+  struct stat status {};
+  ASSERT_EQ(stat(_old.c_str(), &status), 0);
+  EXPECT_EQ(status.st_gid, isRoot ? kShared : getegid());
+}
+
 }  // namespace

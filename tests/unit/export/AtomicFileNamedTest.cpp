@@ -199,4 +199,40 @@ TEST_F(AtomicFileNamedTest, LeavesAFileAloneThatIsBeingWritten) {
   EXPECT_THAT(_folder.names(), ElementsAre("first", "second"));
 }
 
+// Whoever asks first whether the name is free is told that it is: the file appears right after.
+bool seeNothing() {
+  bool done = Confinement::failSystemCall(SYS_renameat2, EINVAL) &&
+              Confinement::failSystemCall(SYS_faccessat, ENOENT);
+#ifdef SYS_access
+  done = done && Confinement::failSystemCall(SYS_access, ENOENT);
+#endif
+  return done;
+}
+
+bool failLinks() {
+  bool done = Confinement::failSystemCall(SYS_linkat, EPERM);
+#ifdef SYS_link
+  done = done && Confinement::failSystemCall(SYS_link, EPERM);
+#endif
+  return done;
+}
+
+TEST_F(AtomicFileNamedTest, NeverReplacesAFileThatAppearsAtTheLastMoment) {
+  for (const bool hasLinks : {true, false}) {
+    EXPECT_EQ(withoutUnnamedFiles([this, hasLinks] {
+                if (!seeNothing() || (!hasLinks && !failLinks())) return false;
+                AtomicFile file(at("late"), kRefuse);
+                _folder.file("late", bytesOf("theirs"));
+                return !file.commit() && file.failure() == "File exists" &&
+                       save(at(hasLinks ? "a" : "b"), bytesOf("n"), kRefuse).empty();
+              }),
+              0);
+    EXPECT_EQ(TemporaryFolder::read(at("late")), bytesOf("theirs"));
+    fs::remove(at("late"));
+  }
+  EXPECT_EQ(TemporaryFolder::read(at("a")), bytesOf("n"));
+  EXPECT_EQ(TemporaryFolder::read(at("b")), bytesOf("n"));
+  EXPECT_THAT(_folder.names(), ElementsAre("a", "b"));
+}
+
 }  // namespace

@@ -161,4 +161,43 @@ TEST_F(BwfWriterStreamTest, RefusesToStreamWhereItMayNot) {
   EXPECT_THAT(_folder.names(), ElementsAre("old.wav"));
 }
 
+TEST_F(BwfWriterStreamTest, GoesOnWithItsStreamWhereAnotherComesTooLate) {
+  const Bytes samples = pattern(600000);
+  BwfWriter wanted = makeWriter();
+  writeAll(wanted, samples, 60000);
+  BwfWriter writer = makeWriter();
+  ASSERT_TRUE(writer.streamTo(_folder.path() / "out.wav", kReplace, 0));
+  writer.Write(samples.data(), 400000);
+  EXPECT_FALSE(writer.streamTo(_folder.path() / "late.wav", kReplace, 0));
+  EXPECT_EQ(writer.failure(), "Sample bytes have been written already");
+  writer.Write(samples.data() + 400000, 200000);
+  writer.FixUpChunkSizes();
+  EXPECT_TRUE(writer.Save2File(_folder.path() / "out.wav"));
+  EXPECT_THAT(_folder.names(), ElementsAre("out.wav"));
+  EXPECT_EQ(TemporaryFolder::read(_folder.path() / "out.wav"),
+            Bytes(wanted.data().begin(), wanted.data().end()));
+}
+
+TEST_F(BwfWriterStreamTest, TellsWhyASaveIsRefused) {
+  BwfWriter writer = makeWriter();
+  ASSERT_TRUE(writer.streamTo(_folder.path() / "out.wav", kReplace, 0));
+  writeAll(writer, pattern(600), 6);
+  EXPECT_FALSE(writer.Save2File(_folder.path() / "other.wav"));
+  EXPECT_EQ(writer.failure(), "The file was written for another place");
+  EXPECT_TRUE(writer.Save2File(_folder.path() / "out.wav"));
+  EXPECT_FALSE(writer.Save2File(_folder.path() / "out.wav"));
+  EXPECT_EQ(writer.failure(), "The file has been saved already");
+}
+
+TEST_F(BwfWriterStreamTest, MendsNoSizesAfterDispose) {
+  BwfWriter writer = makeWriter();
+  ASSERT_TRUE(writer.streamTo(_folder.path() / "out.wav", kReplace, 0));
+  writer.Write(pattern(600).data(), 600);
+  writer.dispose();
+  writer.FixUpChunkSizes();
+  EXPECT_FALSE(writer.Save2File(_folder.path() / "out.wav"));
+  EXPECT_EQ(writer.failure(), "The file was dropped before it was saved");
+  EXPECT_THAT(_folder.names(), IsEmpty());
+}
+
 }  // namespace

@@ -14,6 +14,7 @@
 
 #include "support/ByteBuilder.h"
 #include "support/ByteView.h"
+#include "support/TemporaryFolder.h"
 #include "support/WaveBytes.h"
 
 namespace {
@@ -292,6 +293,19 @@ TEST_F(BwfWriterTest, DropsEverythingOnDispose) {
   BwfWriter writer(source.get(), extension(), true);
   writer.dispose();
   EXPECT_TRUE(writer.data().empty());
+}
+
+TEST_F(BwfWriterTest, TakesNoHarmFromWhatComesAfterDispose) {
+  const auto source = sourceOf(2, 48000);
+  BwfWriter writer(source.get(), extension(), true);
+  writer.Write("abcdef", 6);
+  writer.dispose();
+  writer.FixUpChunkSizes();
+  EXPECT_TRUE(writer.data().empty());
+  const TemporaryFolder folder;
+  EXPECT_FALSE(writer.Save2File(folder.path() / "out.wav"));
+  EXPECT_EQ(writer.failure(), "The file was dropped before it was saved");
+  EXPECT_TRUE(folder.names().empty());
 }
 
 }  // namespace

@@ -212,4 +212,24 @@ TEST_F(ExportTest, LetsGoOfTheFile) {
   EXPECT_THAT(_folder.names(), ElementsAre("in.wav"));
 }
 
+TEST_F(ExportTest, ExportsTheDataThatItWasGiven) {
+  ASSERT_TRUE(_job.checkFileValid(recording24({4194304, 0, -4194304, 0}, false)));
+  EXPECT_TRUE(_job.IsFileValid());
+  EXPECT_TRUE(_job.export2File(target(), true, false)) << _job.failure();
+  EXPECT_EQ(ByteView(TemporaryFolder::read(target())).all24(kSamples).size(), 4U);
+}
+
+TEST_F(ExportTest, ExportsNothingOnceItWasGivenWhatIsNotTheRecorders) {
+  Export job(_folder.file("in.wav", recording24({1, 2}, true)));
+  EXPECT_FALSE(job.checkFileValid(WaveBytes().format24().data(Bytes(6)).get()));
+  EXPECT_FALSE(job.IsFileValid());
+  EXPECT_FALSE(job.export2File(target(), true, false));
+  EXPECT_THAT(_folder.names(), ElementsAre("in.wav"));
+}
+
+TEST_F(ExportTest, ForetellsNoSizeWithoutARecording) {
+  EXPECT_EQ(_job.outputSize(true), 0U);
+  EXPECT_EQ(_job.outputSize(false), 0U);
+}
+
 }  // namespace

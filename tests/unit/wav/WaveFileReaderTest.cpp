@@ -254,3 +254,12 @@ TEST(WaveFileReaderTest, APipeIsRefusedWithoutWaitingForIt) {
   EXPECT_EQ(WaveFileReader::openFile(path, whyNot), nullptr);
   EXPECT_NE(whyNot, "");
 }
+
+TEST(WaveFileReaderTest, FindsNothingToParseAfterDispose) {
+  const auto reader =
+      WaveFileReader::readFromData(WaveBytes().format24().recorderBext().data(Bytes(12)).get());
+  reader->dispose();
+  reader->parseWave();
+  EXPECT_FALSE(reader->isValidFile());
+  EXPECT_EQ(reader->frameCount(), 0U);
+}
