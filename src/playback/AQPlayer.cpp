@@ -73,7 +73,7 @@ void AQPlayer::setPosition(double position, bool play) {
   const double fraction = position > 0.0 ? std::min(position, 1.0) : 0.0;
   seekTo(static_cast<std::int64_t>(static_cast<double>(s.packetCount) * fraction));
   // At the very end there is nothing to start, and the stop above has told so already.
-  if (play && s.queue && !s.queue->isEmpty()) s.queue->start();
+  if (play && _playing.hasMore()) s.queue->start();
 }
 
 double AQPlayer::timeFromPosition(double position) const {

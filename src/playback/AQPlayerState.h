@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "playback/AudioFile.h"
 #include "playback/AudioFormat.h"
@@ -27,8 +28,9 @@ struct AQPlayerState {
   std::int64_t currentPacket = 0;  ///< next one to read
   std::uint32_t numPacketsToRead = 0;
   std::uint64_t packetCount = 0;
-  bool isRunning = false;  ///< nothing reads it; the queue knows whether it runs
-  bool isDone = false;     ///< read to the end, or a read failed
+  bool isRunning = false;                  ///< nothing reads it; the queue knows whether it runs
+  bool isDone = false;                     ///< read to the end, or a read failed
+  std::vector<AudioQueueBuffer*> waiting;  ///< of the queue, for frames that are late
   bool isInitialized = false;
   std::string openedPath;
   double durationSeconds = 0;

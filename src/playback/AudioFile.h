@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 
@@ -11,13 +12,16 @@
 /// The seam to what reads sound files.
 ///
 /// Lifetime: one file, opened once; the destructor closes it. Thread: any, one at a time. Whatever
-/// touches the file waits for the medium, and for nothing else. Failures are told, not thrown.
+/// touches the file waits for the medium, and for nothing else, unless it says otherwise. Failures
+/// are told, not thrown.
 class AudioFile {
  public:
-  /// What a read brought: frames, 0 at the end, and an error number, 0 when all went well.
+  /// What a read brought: frames, 0 at the end, and an error number, 0 when all went well. Or
+  /// nothing yet: it is late, and is to be asked for again, see `setArrived`.
   struct Read {
     std::uint32_t frames = 0;
     int error = 0;
+    bool isLate = false;
   };
 
   AudioFile() = default;
@@ -35,4 +39,7 @@ class AudioFile {
   /// Reads up to `frames` whole frames from frame `first` on into `to`, which holds them. No
   /// allocation but for the words of a failure.
   virtual Read readFrames(std::uint64_t first, std::uint32_t frames, std::span<std::byte> to) = 0;
+  /// Whom to tell, from the event loop of the thread that calls this, that what was late has come.
+  /// A file that waits for the medium is never late.
+  virtual void setArrived(std::function<void()> /*arrived*/) {}
 };

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "playback/AudioFile.h"
 
@@ -19,6 +21,7 @@ class LimitedAudioFile : public AudioFile {
   [[nodiscard]] AudioFormat format() const override { return _file->format(); }
   [[nodiscard]] std::uint64_t frameCount() const override;
   Read readFrames(std::uint64_t first, std::uint32_t frames, std::span<std::byte> to) override;
+  void setArrived(std::function<void()> arrived) override { _file->setArrived(std::move(arrived)); }
 
  private:
   std::unique_ptr<AudioFile> _file;

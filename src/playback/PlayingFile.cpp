@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 #include "base/EB.h"
 #include "base/Log.h"
@@ -34,6 +35,7 @@ void PlayingFile::takeOver(const AQPlayer* player) {
 
 void PlayingFile::cleanUp() {
   if (_state.output) _state.underruns += _state.output->underruns();
+  _state.waiting.clear();
   _state.queue.reset();
   _state.output.reset();
   _state.audioFile.reset();
@@ -67,6 +69,7 @@ void PlayingFile::AQOpenFile(const std::string& path) {
   _state.audioFile = AudioBackends::makeFile();
   if (!_state.audioFile) return failToOpen("No file can be read");
   if (!_state.audioFile->open(path)) failToOpen(_state.audioFile->failure());
+  _state.audioFile->setArrived([this] { AQFileArrived(); });
   _state.dataFormat = _state.audioFile->format();
   _state.packetCount = _state.audioFile->frameCount();
   _state.durationSeconds = milliseconds(static_cast<double>(_state.packetCount)) / kMsPerSecond;
@@ -93,6 +96,7 @@ void PlayingFile::makeOutput() {
 
 void PlayingFile::AQSetUpQueue() {
   const bool isLost = _state.queue && _state.queue->isLost();
+  _state.waiting.clear();
   _state.queue.reset();
   if (!_state.output || isLost) makeOutput();
   _state.isInitialized = _state.audioFile && _state.output;
@@ -111,7 +115,12 @@ void PlayingFile::AQSetUpQueue() {
 
 void PlayingFile::prime() {
   if (!_state.queue) return;
+  _state.waiting.clear();
   for (AudioQueueBuffer& buffer : _state.queue->buffers()) AQOutputCallback(buffer);
+}
+
+bool PlayingFile::hasMore() const {
+  return _state.queue && (!_state.queue->isEmpty() || !_state.waiting.empty());
 }
 
 AudioFile::Read PlayingFile::readPackets(AudioQueueBuffer& buffer) {
@@ -127,6 +136,7 @@ AudioFile::Read PlayingFile::readPackets(AudioQueueBuffer& buffer) {
 void PlayingFile::AQOutputCallback(AudioQueueBuffer& buffer) {
   if (_state.isDone) return;
   const AudioFile::Read read = readPackets(buffer);
+  if (read.isLate) return _state.waiting.push_back(&buffer);
   if (read.frames == 0) {
     _state.isDone = true;
     _state.queue->stop(AudioQueue::Stop::AfterDraining);
@@ -139,6 +149,11 @@ void PlayingFile::AQOutputCallback(AudioQueueBuffer& buffer) {
   }
   _state.queue->enqueue(buffer);
   _state.currentPacket += read.frames;
+}
+
+void PlayingFile::AQFileArrived() {
+  const auto waiting = std::exchange(_state.waiting, {});
+  for (AudioQueueBuffer* const buffer : waiting) AQOutputCallback(*buffer);
 }
 
 void PlayingFile::AQIsRunningListener() {

@@ -33,8 +33,11 @@ class PlayingFile {
   /// A queue made anew on the output, which is made anew too where there is none or it was lost.
   /// None without a back end for file or output.
   void AQSetUpQueue();
-  /// Fills all three buffers from the current packet on.
+  /// Fills all three buffers from the current packet on; those whose frames are late are filled
+  /// when these have come.
   void prime();
+  /// Something is queued to be played, or waits for its frames.
+  [[nodiscard]] bool hasMore() const;
   void setVolume(float volume);
   /// Milliseconds that this many frames last; 0 without an open file.
   [[nodiscard]] double milliseconds(double frames) const;
@@ -49,6 +52,7 @@ class PlayingFile {
   PlayingFile() = default;
 
   void AQOutputCallback(AudioQueueBuffer& buffer);
+  void AQFileArrived();
   void AQIsRunningListener();
   void AQOutputLost(const std::string& why);
   void failToOpen(const std::string& why);

@@ -5,9 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include "playback/ReadAheadFile.h"
 #include "playback/pulse/PulseOutput.h"
 #include "playback/system/SystemBackends.h"
-#include "playback/wave/WaveAudioFile.h"
 
 namespace {
 
@@ -18,7 +18,7 @@ TEST(AudioBackends, AreChosenByName) {
   EXPECT_EQ(AudioBackends::makeFile("nobody"), nullptr);
   EXPECT_TRUE(AudioBackends::chooseFile("wave"));
   EXPECT_TRUE(AudioBackends::chooseOutput("pulse"));
-  EXPECT_NE(dynamic_cast<WaveAudioFile*>(AudioBackends::makeFile().get()), nullptr);
+  EXPECT_NE(dynamic_cast<ReadAheadFile*>(AudioBackends::makeFile().get()), nullptr);
   EXPECT_NE(dynamic_cast<PulseOutput*>(AudioBackends::makeOutput({48000, 2}).get()), nullptr);
 }
 
