@@ -219,15 +219,32 @@ bool AtomicFile::publishUnnamed() {
   const fs::path temporary = temporaryName(_folder);
   if (nameFile(_file, procPath.c_str(), temporary.c_str()) != 0) return fail(errno);
   _temporary = temporary;
-  return publishNamed();
+  return replace();
+}
+
+// Without a journal, as on FAT, a file's room is free as soon as nobody knows it, while its name
+// may still stand on the disk. So the old file is held until the new name is there.
+bool AtomicFile::replace() {
+  const int old = open(_target.c_str(), O_PATH | O_CLOEXEC | O_NOFOLLOW);
+  const int folder = open(_folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const bool isRenamed = rename(_temporary.c_str(), _target.c_str()) == 0 || fail(errno);
+  if (isRenamed) _temporary.clear();
+  const bool isKept = isRenamed && (fsync(_file) == 0 || fail(errno));
+  if (isKept && folder >= 0) fsync(folder);  // some know no sync of folders
+  if (folder >= 0) close(folder);
+  if (old >= 0) close(old);
+  return isKept;
 }
 
 bool AtomicFile::publishNamed() {
-  const int result = _mayReplace ? rename(_temporary.c_str(), _target.c_str())
-                                 : renameToFreeName(_temporary.c_str(), _target.c_str());
-  if (result != 0) return fail(errno);
-  _temporary.clear();
-  return true;
+  if (_replaces) return replace();
+  if (renameToFreeName(_temporary.c_str(), _target.c_str()) == 0) {
+    _temporary.clear();
+    return true;
+  }
+  if (errno != EEXIST || !_mayReplace) return fail(errno);
+  _replaces = true;
+  return flush() && replace();
 }
 
 bool AtomicFile::commit() {

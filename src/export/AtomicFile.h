@@ -56,6 +56,7 @@ class AtomicFile {
   bool flush();
   bool publishUnnamed();
   bool publishNamed();
+  bool replace();
   void removeLeftovers();
   void discard();
 
