@@ -29,6 +29,5 @@ void DeviceLink::attach(MainView& view) {
 }
 
 void DeviceLink::showReason(MainView& view) const {
-  view.player->lblStatus->say(StatusLine::Topic::Device,
-                              QString::fromStdString(_machine->unavailableReason()));
+  view.device->showUnavailable(QString::fromStdString(_machine->unavailableReason()));
 }

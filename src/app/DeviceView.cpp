@@ -6,6 +6,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 #include "app/MainViewParts.h"
 #include "controls/Artwork.h"
@@ -32,6 +33,15 @@ QString look() {
              "#barUsed::chunk { background: %3; border-radius: 3px; }")
       .arg(Colors::AppBGLight().name(), Colors::ControlColor().name(), Colors::accent().name());
 }
+
+// A wheel that passes over it closed would set the recorder at once.
+class SettingPopup : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
 
 template <class Layout>
 Layout* bare() {
@@ -98,12 +108,27 @@ void DeviceView::placeConnection(QBoxLayout& words) {
     label->setContentsMargins(0, 2, 0, 0);
     line->addWidget(label, label == lblConnect ? 1 : 0);
   }
+  addLine(words, kLine)->addLayout(makeNotes());
+}
+
+// Both have the same place, which is kept free for them.
+QLayout* DeviceView::makeNotes() {
   lblSimulated = MainViewParts::label(this, "dim", tr("Simulated recorder"));
-  QSizePolicy policy = lblSimulated->sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  lblSimulated->setSizePolicy(policy);
-  lblSimulated->hide();
-  addLine(words, kLine)->addWidget(lblSimulated);
+  lblUnavailable = MainViewParts::label(this, "dim", tr("No recorder can be found here."));
+  auto* const notes = bare<QGridLayout>();
+  for (QLabel* const note : {lblSimulated, lblUnavailable}) {
+    QSizePolicy policy = note->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    note->setSizePolicy(policy);
+    note->hide();
+    notes->addWidget(note, 0, 0);
+  }
+  return notes;
+}
+
+void DeviceView::showUnavailable(const QString& reason) {
+  lblUnavailable->setHidden(reason.isEmpty());
+  lblUnavailable->setToolTip(reason);
 }
 
 void DeviceView::placeCard(QBoxLayout& words) {
@@ -141,7 +166,7 @@ QLayout* DeviceView::makeSettings() {
 void DeviceView::placeSetting(QGridLayout& grid, int row, const QString& name, QComboBox*& popup,
                               QPushButton*& cover) {
   QLabel* const caption = MainViewParts::label(this, "dim", name);
-  popup = new QComboBox(this);
+  popup = new SettingPopup(this);
   popup->setAccessibleName(name);
   popup->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
   caption->setBuddy(popup);

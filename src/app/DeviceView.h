@@ -26,10 +26,15 @@ class DeviceView : public QWidget {
   /// What Tab goes through, in order.
   [[nodiscard]] QWidgetList tabOrder() const;
 
+  /// Says that recorders cannot be looked for; why, in technical words, is the tool tip. An empty
+  /// reason: they can.
+  void showUnavailable(const QString& reason);
+
   ImageView* imgJ4 = nullptr;
   QLabel* lblConnect = nullptr;
   QLabel* lblVersion = nullptr;
-  QLabel* lblSimulated = nullptr;  ///< shown while the recorder is a simulated one
+  QLabel* lblSimulated = nullptr;    ///< shown while the recorder is a simulated one
+  QLabel* lblUnavailable = nullptr;  ///< shown where recorders cannot be looked for at all
   QLabel* lblUsed = nullptr;
   QProgressBar* barUsed = nullptr;  ///< thousandths of the card
   TabularLabel* lblRemain = nullptr;
@@ -41,6 +46,7 @@ class DeviceView : public QWidget {
  private:
   QLayout* makeState();
   QLayout* makeWords();
+  QLayout* makeNotes();
   QLayout* makeSettings();
   void placeConnection(QBoxLayout& words);
   void placeCard(QBoxLayout& words);

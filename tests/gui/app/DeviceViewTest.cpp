@@ -3,11 +3,13 @@
 
 #include "app/DeviceView.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <QApplication>
 #include <QFontMetricsF>
 #include <QLayout>
+#include <QSignalSpy>
+#include <QWheelEvent>
 
 #include "controls/Appearance.h"
 
@@ -85,6 +87,34 @@ TEST_F(DeviceViewTest, HasItsUsualPlacesWithTheUsualFont) {
   EXPECT_EQ(view->lblRemain->geometry().bottomRight(), QPoint(301, 121));
   EXPECT_EQ(view->popupBattery->geometry(), QRect(126, 144, 176, 26));
   EXPECT_EQ(view->popupAutoPow->geometry(), QRect(126, 178, 176, 26));
+}
+
+TEST_F(DeviceViewTest, WheelOverAClosedPopUpChangesNothing) {
+  fill("Connected", "7.45 GB / 29.7 GB Used");
+  for (QComboBox* const popup : {view->popupBattery, view->popupAutoPow}) {
+    popup->setCurrentIndex(0);
+    const QSignalSpy activated(popup, &QComboBox::activated);
+    QWheelEvent wheel(QPointF(5, 5), QPointF(5, 5), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(popup, &wheel);
+    EXPECT_EQ(popup->currentIndex(), 0);
+    EXPECT_EQ(activated.count(), 0) << "which would set the recorder";
+  }
+}
+
+TEST_F(DeviceViewTest, SaysThatRecordersCannotBeFoundAndWhyInTheToolTip) {
+  layOut();
+  const QSize before = view->size();
+  EXPECT_TRUE(view->lblUnavailable->isHidden());
+  view->showUnavailable("The ALSA sequencer is not there (No such file or directory).");
+  layOut();
+  EXPECT_EQ(view->size(), before);
+  EXPECT_TRUE(view->lblUnavailable->isVisible());
+  EXPECT_EQ(view->lblUnavailable->text(), "No recorder can be found here.");
+  EXPECT_THAT(view->lblUnavailable->toolTip().toStdString(), testing::HasSubstr("ALSA"));
+  expectRoomForAllText();
+  view->showUnavailable({});
+  EXPECT_TRUE(view->lblUnavailable->isHidden());
 }
 
 TEST_F(DeviceViewTest, KeepsItsPlacesWhetherOrNotTheRecorderIsSimulated) {
