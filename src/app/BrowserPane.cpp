@@ -25,6 +25,8 @@ BrowserPane::BrowserPane(BrowserView& view, FolderBrowser& browser, StatusLine& 
   connect(_view.lblFolder, &QPushButton::clicked, this, &BrowserPane::askForFolder);
   connect(_view.btnOpenFolder, &QToolButton::clicked, this, &BrowserPane::askForFolder);
   connect(&_browser, &FolderBrowser::named, this, &BrowserPane::showName);
+  connect(&_browser, &FolderBrowser::named, this, &BrowserPane::showPath);
+  connect(&_browser, &FolderBrowser::listed, this, &BrowserPane::showPath);
   connect(&_browser, &FolderBrowser::rowsAboutToChange, this, &BrowserPane::rememberPlace);
   connect(&_browser, &FolderBrowser::rowsChanged, this, &BrowserPane::restorePlace);
   connect(&_browser, &FolderBrowser::wishGranted, this, &BrowserPane::selectAndSee);
@@ -39,6 +41,12 @@ void BrowserPane::openSelected() {
 void BrowserPane::showName(const QString& name) {
   _view.lblFolder->setText(name);
   _view.lblFolder->setToolTip(name);
+}
+
+// The folder's own tip is its name.
+void BrowserPane::showPath() {
+  const QString path = QFile::decodeName(_browser.place().c_str());
+  _view.btnOpenFolder->setToolTip(tr("Open folder, now %1").arg(path));
 }
 
 void BrowserPane::rememberPlace() {

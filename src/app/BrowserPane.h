@@ -29,6 +29,7 @@ class BrowserPane : public QObject {
 
  private:
   void showName(const QString& name);
+  void showPath();
   void rememberPlace();
   void restorePlace(bool isSameFolder);
   void selectRemembered();

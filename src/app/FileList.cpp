@@ -12,6 +12,7 @@ FileList::FileList(QWidget* parent) : QListView(parent), _cell(new FileListCell(
   setEditTriggers(NoEditTriggers);
   setSelectionMode(SingleSelection);
   setFrameShape(NoFrame);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setHorizontalScrollMode(ScrollPerPixel);
   setVerticalScrollMode(ScrollPerPixel);
   setAccessibleName(tr("Files"));
@@ -59,6 +60,12 @@ void FileList::keyPressEvent(QKeyEvent* event) {
   _focus.used();
   QListView::keyPressEvent(event);
   viewport()->update();
+}
+
+// Without a bar it could still be scrolled by a wheel or by the keyboard.
+void FileList::updateGeometries() {
+  QListView::updateGeometries();
+  horizontalScrollBar()->setRange(0, 0);
 }
 
 void FileList::focusInEvent(QFocusEvent* event) {

@@ -15,7 +15,8 @@ class FileList : public QListView {
  public:
   explicit FileList(QWidget* parent = nullptr);
 
-  /// Rows are at least this wide; what does not fit is scrolled to.
+  /// As wide as this the rows would show every name whole. The list is as wide as the window gives
+  /// it and never scrolled sideways: longer names are shortened in the middle.
   void setColumnWidth(int width);
   [[nodiscard]] int columnWidth() const { return _cell->columnWidth(); }
 
@@ -32,6 +33,7 @@ class FileList : public QListView {
   void initViewItemOption(QStyleOptionViewItem* option) const override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void updateGeometries() override;
 
  private:
   FileListCell* _cell;

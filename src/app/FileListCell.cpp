@@ -3,6 +3,7 @@
 
 #include "app/FileListCell.h"
 
+#include <QAbstractScrollArea>
 #include <QIcon>
 #include <QPainter>
 #include <algorithm>
@@ -14,8 +15,14 @@ namespace {
 constexpr int kIconLeft = 12;
 constexpr int kIconSide = 20;
 constexpr int kNameLeft = 44;
+constexpr int kNameRight = 8;
 constexpr int kMargin = 4;  // over and under a large name
 constexpr double kRadius = 3.0;
+
+int widthOfView(const QStyleOptionViewItem& row) {
+  const auto* const view = qobject_cast<const QAbstractScrollArea*>(row.widget);
+  return view == nullptr ? row.rect.width() : view->viewport()->width();
+}
 
 }  // namespace
 
@@ -46,15 +53,24 @@ void FileListCell::drawGround(QPainter& painter, const QStyleOptionViewItem& opt
   }
 }
 
-void FileListCell::paint(QPainter* painter, const QStyleOptionViewItem& option,
+// Shortened in the middle: takes and their exports differ at their ends.
+void FileListCell::drawName(QPainter& painter, const QStyleOptionViewItem& option,
+                            const QString& name) {
+  const QRect place = lblFileName(option.rect).adjusted(0, 0, -kNameRight, 0);
+  painter.setPen(Colors::WHITE());
+  painter.drawText(place, Qt::AlignVCenter | Qt::TextSingleLine,
+                   painter.fontMetrics().elidedText(name, Qt::ElideMiddle, place.width()));
+}
+
+void FileListCell::paint(QPainter* painter, const QStyleOptionViewItem& whole,
                          const QModelIndex& index) const {
+  QStyleOptionViewItem option = whole;
+  option.rect.setWidth(std::min(whole.rect.width(), widthOfView(whole)));
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
   drawGround(*painter, option);
   index.data(Qt::DecorationRole).value<QIcon>().paint(painter, imgFileIcon(option.rect));
-  painter->setPen(Colors::WHITE());
-  painter->drawText(lblFileName(option.rect), Qt::AlignVCenter | Qt::TextSingleLine,
-                    index.data(Qt::DisplayRole).toString());
+  drawName(*painter, option, index.data(Qt::DisplayRole).toString());
   painter->restore();
 }
 

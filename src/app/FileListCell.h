@@ -17,7 +17,7 @@ class FileListCell : public QStyledItemDelegate {
 
   explicit FileListCell(QObject* parent = nullptr);
 
-  /// How wide a row wants to be; the list makes it as wide as itself where it is wider.
+  /// How wide a row wants to be. Drawn is what the list has room for.
   [[nodiscard]] int columnWidth() const { return _columnWidth; }
   void setColumnWidth(int width) { _columnWidth = width; }
 
@@ -32,6 +32,7 @@ class FileListCell : public QStyledItemDelegate {
 
  private:
   static void drawGround(QPainter& painter, const QStyleOptionViewItem& option);
+  static void drawName(QPainter& painter, const QStyleOptionViewItem& option, const QString& name);
 
   int _columnWidth = 0;
 };

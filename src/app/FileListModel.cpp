@@ -3,6 +3,7 @@
 
 #include "app/FileListModel.h"
 
+#include <QTextDocument>
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
@@ -17,6 +18,11 @@ constexpr std::size_t kFewRows = 32;
 
 QString artworkName(const WavItem& item) {
   return QString::fromLatin1(item.icon.data(), static_cast<qsizetype>(item.icon.size()));
+}
+
+// A name may look like markup.
+QString asPlainText(const QString& name) {
+  return Qt::mightBeRichText(name) ? Qt::convertFromPlainText(name) : name;
 }
 
 // Entries of `a` that are not in `b`, as far as `kFewRows` + 1.
@@ -83,6 +89,7 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= rowCount()) return {};
   const WavItem& item = _files[static_cast<std::size_t>(index.row())];
   if (role == Qt::DisplayRole) return item.fileName;
+  if (role == Qt::ToolTipRole) return asPlainText(item.fileName);
   if (role == Qt::DecorationRole) return Artwork::icon(artworkName(item));
   if (role == Qt::AccessibleDescriptionRole) {
     return item.isFolder ? tr("Folder") : tr("Recording");

@@ -42,6 +42,8 @@ class FolderBrowser : public QObject {
   void wishFor(const std::filesystem::path& file);
 
   [[nodiscard]] const std::filesystem::path& requestedFolder() const { return _requested; }
+  /// The folder that is shown, or about to be.
+  [[nodiscard]] const std::filesystem::path& place() const;
   /// Null until the first listing has come.
   [[nodiscard]] const std::shared_ptr<const FolderHelper>& listing() const { return _listing; }
   [[nodiscard]] FileListModel& model() { return _model; }
@@ -66,7 +68,6 @@ class FolderBrowser : public QObject {
     QString name;
   };
 
-  [[nodiscard]] const std::filesystem::path& place() const;
   void showAnswer(const FolderLister::Answer& answer);
   void forgetRows();
   void replaceRows(const std::shared_ptr<const FolderHelper>& listing);

@@ -232,8 +232,31 @@ TEST_F(Browsing, ColumnIsAsWideAsTheLongestName) {
   const double width = metrics.horizontalAdvance(QString::fromStdString(longName));
   waitFor([&] { return view().browser->tableFile->columnWidth() == std::ceil(width) + 31; },
           "the width");
-  waitFor([this] { return view().browser->tableFile->horizontalScrollBar()->maximum() > 0; },
-          "a scroll bar");
+}
+
+TEST_F(Browsing, LongNamesAreShortenedInTheMiddleAndNothingIsScrolledSideways) {
+  const std::string take = std::string(80, 'w') + ".wav";
+  const std::string exported = std::string(80, 'w') + "_Decode.wav";
+  for (const std::string& name : {take, exported}) file(name);
+  startOnTakes();
+  const FileList& list = *view().browser->tableFile;
+  waitFor([&] { return list.columnWidth() > 2 * list.viewport()->width(); }, "the measuring");
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(list.horizontalScrollBar()->isVisible());
+  EXPECT_EQ(list.horizontalScrollBar()->maximum(), 0);
+  const auto drawn = [&](int row) {
+    const QRect place(0, list.visualRect(list.model()->index(row, 0)).top(),
+                      list.viewport()->width(), FileListCell::kHeight);
+    return list.viewport()->grab(place).toImage();
+  };
+  EXPECT_NE(drawn(0), drawn(1)) << "a take and its export look different";
+  EXPECT_EQ(list.model()->index(1, 0).data(Qt::ToolTipRole).toString().toStdString(), exported);
+}
+
+TEST_F(Browsing, OpenFolderTellsWhereItIs) {
+  startOnTakes();
+  EXPECT_THAT(view().browser->btnOpenFolder->toolTip().toStdString(),
+              testing::HasSubstr(takes.path().string()));
 }
 
 TEST_F(Browsing, CommandLineFolderIsOpenedAndRemembered) {
