@@ -9,6 +9,7 @@ TakeMessages::TakeMessages(QWidget& window, StatusLine& status, TakeSession& tak
     : QObject(parent), _window(window), _status(status), _take(take) {
   connect(&_take, &TakeSession::opening, this, &TakeMessages::forgetTake);
   connect(&_take, &TakeSession::stateChanged, this, &TakeMessages::forgetSound);
+  connect(&_take, &TakeSession::closed, this, [this] { _status.clear(StatusLine::Topic::Sound); });
   connect(&_take, &TakeSession::failed, this, &TakeMessages::tell);
 }
 
@@ -33,7 +34,12 @@ void TakeMessages::tell(TakeSession::Failure failure, const QString& why) {
       _status.say(Topic::Recording, tr("%1 cannot be read: %2").arg(_take.name(), why));
       break;
     case TakeSession::Failure::Output:
-      _status.say(Topic::Sound, why);
+      tellOfSound(why);
       break;
   }
+}
+
+// Nobody looks whether it has come back: what is told is that it went, which stays true.
+void TakeMessages::tellOfSound(const QString& why) {
+  _status.say(StatusLine::Topic::Sound, tr("Paused: %1 Press Play to try again.").arg(why));
 }

@@ -21,6 +21,7 @@ class TakeMessages : public QObject {
   void tell(TakeSession::Failure failure, const QString& why);
   void forgetTake();
   void forgetSound();
+  void tellOfSound(const QString& why);
 
   QWidget& _window;
   StatusLine& _status;

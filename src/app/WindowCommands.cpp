@@ -97,8 +97,11 @@ void WindowCommands::askForExport() {
 }
 
 void WindowCommands::connectExports() {
-  connect(&_desk, &ExportDesk::exported, this, [this](const QString& path) {
-    _status.clear(StatusLine::Topic::Export);
+  const auto forget = [this] { _status.clear(StatusLine::Topic::Export); };
+  connect(&_exports, &ExportQueue::began, this, forget);
+  connect(&_take, &TakeSession::opening, this, forget);
+  connect(&_desk, &ExportDesk::exported, this, [this, forget](const QString& path) {
+    forget();
     _browser.wishFor(QFile::encodeName(path).toStdString());
     _browser.refresh();
   });

@@ -22,8 +22,9 @@ QString nameOf(const std::filesystem::path& path) {
 }
 
 // What went wrong, as the jobs tell it, ends without a full stop.
-QString sentence(const std::string& text) {
-  return QString::fromStdString(text) + QStringLiteral(".");
+QString sentence(const ExportOrder& order, const std::string& why) {
+  return ExportDesk::tr("%1 was not exported: %2.")
+      .arg(nameOf(order.source), QString::fromStdString(why));
 }
 
 }  // namespace
@@ -75,17 +76,17 @@ void ExportDesk::end(int id, const ExportOrder& order, const ExportResult& resul
       emit exported(QFile::decodeName(order.target.c_str()));
       break;
     case ExportResult::End::TargetIsSource:
-      refuse(tr("Fail to open."), result.failure);
+      refuse(tr("Fail to open."), sentence(order, result.failure));
       break;
     case ExportResult::End::Failed:
-      refuse(tr("Fail to save."), result.failure);
+      refuse(tr("Fail to save."), sentence(order, result.failure));
       break;
     case ExportResult::End::Cancelled:
       break;
   }
 }
 
-void ExportDesk::refuse(const QString& alert, const std::string& why) {
-  emit failed(sentence(why));
+void ExportDesk::refuse(const QString& alert, const QString& why) {
+  emit failed(why);
   Alert::show(&_window, alert);
 }

@@ -42,7 +42,7 @@ class ExportDesk : public QObject {
   void showProgress(int id, double done, std::chrono::milliseconds elapsed);
   void raiseProgress();
   void end(int id, const ExportOrder& order, const ExportResult& result);
-  void refuse(const QString& alert, const std::string& why);
+  void refuse(const QString& alert, const QString& why);
 
   ExportQueue& _queue;
   QWidget& _window;

@@ -59,6 +59,7 @@ ExportWorker::~ExportWorker() {
 ExportResult ExportWorker::carryOut(const ExportOrder& order, Control& control) {
   Export job(order.source);
   if (job.isSource(order.target)) return {End::TargetIsSource, "The target is the source itself"};
+  if (!job.IsFileValid()) return {End::Failed, job.failure()};
   logOptions(order);
   prepare(job, order, control);
   if (job.export2File(order.target, order.is24bit, order.isNormalized)) return {End::Written, {}};

@@ -318,7 +318,7 @@ TEST_F(Messages, LostOutputIsAQuietLineUntilItPlaysAgain) {
   play(100);
   output->lose("No sound.");
   play(20);
-  EXPECT_EQ(status.text(), "No sound.");
+  EXPECT_EQ(status.text(), "Paused: No sound. Press Play to try again.");
   EXPECT_EQ(window.findChild<QMessageBox*>(), nullptr);
   session->play();
   EXPECT_EQ(status.text(), "");

@@ -449,7 +449,8 @@ TEST_F(Playback, LostOutputIsAQuietLineAndPlayTriesAgain) {
   play(500);
   output->lose("The sound server has ended.");
   play(20);
-  EXPECT_EQ(view().player->lblStatus->text(), "The sound server has ended.");
+  EXPECT_EQ(view().player->lblStatus->text(),
+            "Paused: The sound server has ended. Press Play to try again.");
   EXPECT_EQ(state(), PLAY_STATE_PAUSE);
   EXPECT_EQ(playName(), "Play");
   QTest::mouseClick(view().player->btnPlayPause, Qt::LeftButton);
@@ -486,6 +487,34 @@ TEST_F(Playback, NewExportIsListedAndSelectedAndAFailedOneIsToldQuietly) {
   waitFor([] { return shown<QMessageBox>() != nullptr; }, "the alert");
   EXPECT_THAT(view().player->lblStatus->text().toStdString(), testing::HasSubstr("No such file"));
   closeAlert("Fail to save.");
+}
+
+TEST_F(Playback, FailedExportIsForgottenWithTheNextTakeAndNamesItsOwn) {
+  const auto source = take("a.WAV", 1000);
+  take("b.WAV", 1000);
+  startOnTakes();
+  open("a.WAV");
+  controller().btnExport_Click();
+  std::filesystem::remove(source);
+  emit shown<ExportVC>()->ordered({.source = source, .target = takes.path() / "a_Decode.WAV"});
+  waitFor([] { return shown<QMessageBox>() != nullptr; }, "the alert");
+  const std::string status = view().player->lblStatus->text().toStdString();
+  EXPECT_THAT(status, testing::StartsWith("a.WAV was not exported: "));
+  EXPECT_THAT(status, testing::Not(testing::HasSubstr("No recording is open")));
+  closeAlert("Fail to save.");
+  open("b.WAV");
+  EXPECT_EQ(view().player->lblStatus->text(), "");
+}
+
+TEST_F(Playback, MessageOfTheSoundSystemGoesWithTheTake) {
+  take("a.WAV");
+  startOnTakes();
+  open("a.WAV");
+  play(100);
+  output->lose("The sound server has ended.");
+  play(20);
+  controller().take().close();
+  EXPECT_EQ(view().player->lblStatus->text(), "");
 }
 
 }  // namespace

@@ -29,7 +29,8 @@ class ExportFailureTest : public DialogFixture {
     const auto dialog = openExport(job());
     saveAs(*dialog, name);
     EXPECT_THAT(told(dialog),
-                ElementsAre("EB_RELOAD_FILE_LIST", "failed The target is the source itself."));
+                ElementsAre("EB_RELOAD_FILE_LIST",
+                            "failed R0001.WAV was not exported: The target is the source itself."));
     expectAlert("Fail to open.");
     EXPECT_EQ(before, TemporaryFolder::read(path("R0001.WAV")));
   }
@@ -64,7 +65,8 @@ TEST_F(ExportFailureTest, NorThroughALink) {
   saveAs(*dialog, "link.WAV");
   click(*waitForShown<QMessageBox>(), "Replace");
   EXPECT_THAT(told(dialog),
-              ElementsAre("EB_RELOAD_FILE_LIST", "failed The target is the source itself."));
+              ElementsAre("EB_RELOAD_FILE_LIST",
+                          "failed R0001.WAV was not exported: The target is the source itself."));
   expectAlert("Fail to open.");
 }
 
