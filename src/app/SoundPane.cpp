@@ -35,6 +35,7 @@ SoundPane::SoundPane(PlayerView& view, TakeSession& take, QObject* parent)
   _stage.sliderStereo->setDelegate(_self);
   angleViewer(_stage.sliderStereo, _stage.sliderStereo->angle());
   connect(&_take, &TakeSession::opened, this, &SoundPane::showTake);
+  connect(&_take, &TakeSession::stillOpening, this, &SoundPane::showIdle);
   connect(&_take, &TakeSession::closed, this, &SoundPane::showIdle);
   showIdle();
 }

@@ -8,6 +8,10 @@
 TakeMessages::TakeMessages(QWidget& window, StatusLine& status, TakeSession& take, QObject* parent)
     : QObject(parent), _window(window), _status(status), _take(take) {
   connect(&_take, &TakeSession::opening, this, &TakeMessages::forgetTake);
+  connect(&_take, &TakeSession::stillOpening, this, &TakeMessages::tellOpening);
+  for (const auto isOver : {&TakeSession::opening, &TakeSession::opened, &TakeSession::closed}) {
+    connect(&_take, isOver, this, [this] { _status.clear(StatusLine::Topic::Opening); });
+  }
   connect(&_take, &TakeSession::stateChanged, this, &TakeMessages::forgetSound);
   connect(&_take, &TakeSession::closed, this, [this] { _status.clear(StatusLine::Topic::Sound); });
   connect(&_take, &TakeSession::failed, this, &TakeMessages::tell);
@@ -16,6 +20,11 @@ TakeMessages::TakeMessages(QWidget& window, StatusLine& status, TakeSession& tak
 void TakeMessages::forgetTake() {
   _status.clear(StatusLine::Topic::Recording);
   _status.clear(StatusLine::Topic::Sound);
+}
+
+void TakeMessages::tellOpening() {
+  const QString sentence = tr("%1 is being opened… (Esc gives up)").arg(_take.name());
+  _status.say(StatusLine::Topic::Opening, sentence);
 }
 
 // What plays has a sound system.

@@ -9,7 +9,7 @@
 #include "app/TakeSession.h"
 
 /// Tells people what went wrong with a take: an alert for a file that is not the recorder's, the
-/// quiet line for everything else. Interface thread.
+/// quiet line for everything else, and for an opening that takes long. Interface thread.
 class TakeMessages : public QObject {
   Q_OBJECT
 
@@ -20,6 +20,7 @@ class TakeMessages : public QObject {
  private:
   void tell(TakeSession::Failure failure, const QString& why);
   void forgetTake();
+  void tellOpening();
   void forgetSound();
   void tellOfSound(const QString& why);
 

@@ -7,10 +7,12 @@
 #include <utility>
 
 #include "base/MainThreadQueue.h"
+#include "playback/AudioBackends.h"
 
 namespace {
 
 constexpr int kReadingRefresh = 200;  // ms
+constexpr int kOpeningShows = 300;    // ms
 
 QString text(const std::string& from) {
   return QString::fromStdString(from).simplified();
@@ -18,9 +20,28 @@ QString text(const std::string& from) {
 
 }  // namespace
 
+/// What opening a take asks the medium for.
+struct TakeSession::Found {
+  std::shared_ptr<Export> job;  ///< null where the file is not the recorder's
+  std::string whyNot;
+  std::unique_ptr<AudioFile> audio;  ///< null where nothing can play
+
+  /// Waits for the medium. What is followed is closed by the one who follows.
+  void find(const std::filesystem::path& file) {
+    auto opened = std::make_shared<Export>(file);
+    whyNot = opened->failure();
+    if (!opened->IsFileValid()) return;
+    job = std::move(opened);
+    job->reader()->follow(0.0, 0.0);
+    if (audio) audio->open(file.string());
+  }
+};
+
 TakeSession::TakeSession(QObject* parent)
     : QObject(parent), _self(static_cast<WavePlayerDelegate*>(this), [](WavePlayerDelegate*) {}) {
   connect(&_timerReading, &QTimer::timeout, this, &TakeSession::checkReading);
+  _timerOpening.setSingleShot(true);
+  connect(&_timerOpening, &QTimer::timeout, this, &TakeSession::stillOpening);
 }
 
 TakeSession::~TakeSession() {
@@ -35,21 +56,22 @@ void TakeSession::open(const QString& name, const std::filesystem::path& file) {
   _name = name;
   _file = file;
   _toldFailure.clear();
-  _isOpening = true;
+  const auto found = std::make_shared<Found>();
+  found->audio = AudioBackends::makeFile();
+  const bool hasBegun = _errand.begin([this, found, file] {
+    found->find(file);
+    return [this, found] { takeOver(*found); };
+  });
+  _timerOpening.start(kOpeningShows);
   emit opening();
-  takeOver(recognise(file));
+  if (!hasBegun) refuse(tr("no thread can be had").toStdString());
 }
 
-// All that opening asks the medium for; touches no member, so that it may go elsewhere.
-std::shared_ptr<Export> TakeSession::recognise(const std::filesystem::path& file) {
-  return std::make_shared<Export>(file);
-}
-
-void TakeSession::takeOver(std::shared_ptr<Export> job) {
-  _isOpening = false;
-  if (!job->IsFileValid()) return refuse(*job);
-  _job = std::move(job);
-  makePlayer();
+void TakeSession::takeOver(Found& found) {
+  _timerOpening.stop();
+  if (!found.job) return refuse(found.whyNot);
+  _job = std::move(found.job);
+  makePlayer(std::move(found.audio));
   emit opened();
   if (!_player) return;
   rememberSound();
@@ -57,14 +79,13 @@ void TakeSession::takeOver(std::shared_ptr<Export> job) {
   _player->play();
 }
 
-void TakeSession::refuse(const Export& job) {
-  const QString why = text(job.failure());
-  emit failed(Failure::Unsupported, why);
+void TakeSession::refuse(const std::string& why) {
+  emit failed(Failure::Unsupported, text(why));
   close();
 }
 
-void TakeSession::makePlayer() {
-  _player = std::make_unique<WavePlayer>(_file.string());
+void TakeSession::makePlayer(std::unique_ptr<AudioFile> audio) {
+  _player = std::make_unique<WavePlayer>(_file.string(), std::move(audio));
   _player->setVolume(_volume);
   _player->setGain(_gain);
   _player->setAngle(static_cast<std::int64_t>(_angle));
@@ -78,7 +99,8 @@ void TakeSession::release() {
   _player.reset();
   if (_job) _job->cleanUp();
   _job.reset();
-  _isOpening = false;
+  _errand.giveUp();
+  _timerOpening.stop();
 }
 
 void TakeSession::close() {
@@ -125,7 +147,7 @@ void TakeSession::playFinish() {
 }
 
 TakeSession::State TakeSession::state() const {
-  if (!_player) return _isOpening ? State::Opening : State::Closed;
+  if (!_player) return _errand.isUnderWay() ? State::Opening : State::Closed;
   switch (_player->play_state()) {
     case PLAY_STATE_PLAY:
       return State::Playing;

@@ -10,7 +10,9 @@
 #include <memory>
 #include <string>
 
+#include "base/Errand.h"
 #include "export/Export.h"
+#include "playback/AudioFile.h"
 #include "playback/WavePlayer.h"
 #include "wav/WaveFileReader.h"
 
@@ -18,12 +20,11 @@
 /// to it. Whatever shows, measures, remembers or remotely controls a take sees only this; it knows
 /// no widget.
 ///
-/// Opening waits for the medium, and so does playing, which reads its buffers here.
-///
-/// A take opens between `opening` and either `opened` or `failed` and `closed`; whoever asks for it
-/// relies on the signals, not on the return of `open`. Commands without an open take do nothing.
-/// Volume, gain and width belong to the session: they stay from take to take. Interface thread,
-/// which has an event loop.
+/// Nothing here waits for the medium. A take opens between `opening` and either `opened` or
+/// `failed` and `closed`, which come from the event loop; whoever asks for it relies on them, not
+/// on the return of `open`. Another `open` or `close` gives up what is opening. Commands without an
+/// open take do nothing. Volume, gain and width belong to the session: they stay from take to take.
+/// Interface thread, which has an event loop.
 class TakeSession : public QObject, public WavePlayerDelegate {
   Q_OBJECT
 
@@ -41,7 +42,8 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   /// Lets the take go and tells nobody.
   ~TakeSession() override;
 
-  /// Closes the take that is open, opens this one and plays it. `name` is what people call it.
+  /// Closes the take that is open, begins to open this one, and plays it once it is. `name` is what
+  /// people call it.
   void open(const QString& name, const std::filesystem::path& file);
   void close();
   /// A toggle: plays, goes on, starts over after the end, or pauses.
@@ -100,6 +102,8 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   void closing();
   void closed();
   void opening();
+  /// It takes long enough to be shown.
+  void stillOpening();
   /// A take is there and about to be played.
   void opened();
   /// It plays, pauses or has finished; or was set to do so again.
@@ -110,10 +114,11 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   void levelsSent(double left, double right);
 
  private:
-  static std::shared_ptr<Export> recognise(const std::filesystem::path& file);
-  void takeOver(std::shared_ptr<Export> job);
-  void makePlayer();
-  void refuse(const Export& job);
+  struct Found;
+
+  void takeOver(Found& found);
+  void makePlayer(std::unique_ptr<AudioFile> audio);
+  void refuse(const std::string& why);
   void release();
   void rememberSound();
   void showState();
@@ -123,7 +128,7 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   std::filesystem::path _file;
   std::shared_ptr<Export> _job;
   std::unique_ptr<WavePlayer> _player;
-  bool _isOpening = false;
+  Errand _errand;             ///< opens the take
   std::uint64_t _opened = 0;  ///< how many takes have been asked for
   double _volume = 1.0;
   std::int64_t _gain = 0;
@@ -132,5 +137,6 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   double _stereo_before_pause = 0.0;
   QString _toldFailure;
   QTimer _timerReading{this};
+  QTimer _timerOpening{this};
   std::shared_ptr<WavePlayerDelegate> _self;  ///< owns nothing; the player holds it weakly
 };

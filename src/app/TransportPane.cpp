@@ -35,6 +35,7 @@ TransportPane::TransportPane(PlayerView& view, TakeSession& take, QObject* paren
   connect(_view.sliderTime, &Slider::valueAdjusted, this, &TransportPane::positionAdjusted);
   connect(&_take, &TakeSession::closing, this, &TransportPane::stopTimer);
   connect(&_take, &TakeSession::opening, this, [this] { _view.sliderTime->setIsSeeking(false); });
+  connect(&_take, &TakeSession::stillOpening, this, &TransportPane::showOpening);
   connect(&_take, &TakeSession::opened, this, &TransportPane::showTake);
   connect(&_take, &TakeSession::closed, this, &TransportPane::showIdle);
   connect(&_take, &TakeSession::stateChanged, this, &TransportPane::showState);
@@ -52,9 +53,18 @@ void TransportPane::showIdle() {
   showButton(false);
 }
 
-void TransportPane::showTake() {
+void TransportPane::showOpening() {
+  showIdle();
+  showName();
+}
+
+void TransportPane::showName() {
   _view.lblFileName->setText(_take.name());
   _view.lblFileName->setToolTip(_take.name());
+}
+
+void TransportPane::showTake() {
+  showName();
   _view.lblFormat->setText(describe(*_take.reader()));
   _view.lblTimeCurrent->setText(_take.timeText());
   _view.lblTimeTotal->setText(_take.durationText());

@@ -30,6 +30,8 @@ class TransportPane : public QObject {
 
  private:
   void showIdle();
+  void showOpening();
+  void showName();
   void showTake();
   void setPlayable(bool isPlayable);
   void showButton(bool isPlaying);

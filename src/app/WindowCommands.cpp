@@ -28,7 +28,9 @@ WindowCommands::WindowCommands(const Place& place, TakeSession& take, FolderBrow
   QAbstractButton* const button = &place.btnExport;
   connect(button, &QAbstractButton::clicked, this, &WindowCommands::askForExport);
   connect(&_take, &TakeSession::opened, button, [button] { button->setEnabled(true); });
-  connect(&_take, &TakeSession::closed, button, [button] { button->setEnabled(false); });
+  for (const auto goes : {&TakeSession::stillOpening, &TakeSession::closed}) {
+    connect(&_take, goes, button, [button] { button->setEnabled(false); });
+  }
   button->setEnabled(false);
   connectMenu();
   connectExports();
@@ -148,6 +150,8 @@ bool WindowCommands::eventFilter(QObject* watched, QEvent* event) {
 
 void WindowCommands::keyDown(const QKeyEvent& event) {
   if (event.key() == Qt::Key_Space) _isSpaceDown = true;
+  const bool isOpening = _take.state() == TakeSession::State::Opening;
+  if (event.key() == Qt::Key_Escape && isOpening) _take.close();
   const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
   if (isReturn && !event.isAutoRepeat()) emit openSelectedRequested();
 }

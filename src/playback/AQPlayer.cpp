@@ -15,10 +15,10 @@ constexpr double kMsPerSecond = 1000.0;
 
 }  // namespace
 
-AQPlayer::AQPlayer(std::string filePath)
+AQPlayer::AQPlayer(std::string filePath, std::unique_ptr<AudioFile> opened)
     : _filePath(std::move(filePath)), _playing(PlayingFile::get()) {
   _playing.takeOver(this);
-  _playing.AQOpenFile(_filePath);
+  _playing.AQOpenFile(_filePath, std::move(opened));
   _playing.AQSetUpQueue();
 }
 

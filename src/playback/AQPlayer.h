@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "playback/AQPlayerState.h"
@@ -20,7 +21,8 @@ class PlayingFile;
 /// is seconds.
 class AQPlayer {
  public:
-  explicit AQPlayer(std::string filePath);
+  /// Waits for the medium, unless the file is given `opened` already.
+  explicit AQPlayer(std::string filePath, std::unique_ptr<AudioFile> opened = nullptr);
   AQPlayer(const AQPlayer&) = delete;
   AQPlayer& operator=(const AQPlayer&) = delete;
   ~AQPlayer();

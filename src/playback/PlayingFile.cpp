@@ -64,11 +64,14 @@ void PlayingFile::failToOpen(const std::string& why) {
   Log::line("Open File Failed");
 }
 
-void PlayingFile::AQOpenFile(const std::string& path) {
+void PlayingFile::AQOpenFile(const std::string& path, std::unique_ptr<AudioFile> opened) {
   if (!_state.openedPath.empty()) return;
-  _state.audioFile = AudioBackends::makeFile();
+  const bool isToBeOpened = !opened;
+  _state.audioFile = isToBeOpened ? AudioBackends::makeFile() : std::move(opened);
   if (!_state.audioFile) return failToOpen("No file can be read");
-  if (!_state.audioFile->open(path)) failToOpen(_state.audioFile->failure());
+  if (isToBeOpened) _state.audioFile->open(path);
+  const std::string failure = _state.audioFile->failure();
+  if (!failure.empty()) failToOpen(failure);
   _state.audioFile->setArrived([this] { AQFileArrived(); });
   _state.dataFormat = _state.audioFile->format();
   _state.packetCount = _state.audioFile->frameCount();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "playback/AQPlayerState.h"
@@ -29,7 +30,8 @@ class PlayingFile {
 
   AQPlayerState& state() { return _state; }
 
-  void AQOpenFile(const std::string& path);
+  /// Opens it, or takes it `opened`: whether that went well, the file's failure tells.
+  void AQOpenFile(const std::string& path, std::unique_ptr<AudioFile> opened = nullptr);
   /// A queue made anew on the output, which is made anew too where there is none or it was lost.
   /// None without a back end for file or output.
   void AQSetUpQueue();

@@ -22,10 +22,10 @@ std::int32_t wholeSeconds(double seconds) {
 
 }  // namespace
 
-WavePlayer::WavePlayer(const std::string& filePath)
+WavePlayer::WavePlayer(const std::string& filePath, std::unique_ptr<AudioFile> opened)
     : _fileUrl(filePath), _self(std::make_shared<WavePlayer*>(this)) {
   floatScratch();
-  _player = std::make_unique<AQPlayer>(filePath);
+  _player = std::make_unique<AQPlayer>(filePath, std::move(opened));
   _player->setVolume(_volume);
   const std::weak_ptr<WavePlayer*> weak = _self;
   _player->setDataCB(

@@ -45,8 +45,8 @@ class WavePlayerDelegate {
 /// playing file per process. Nothing is thrown or returned for errors. Owner's thread only.
 class WavePlayer {
  public:
-  /// Opens the file; state INIT, volume 1.0, gain and angle 0.
-  explicit WavePlayer(const std::string& filePath);
+  /// Opens the file, unless it is given `opened` already; state INIT, volume 1.0, gain and angle 0.
+  explicit WavePlayer(const std::string& filePath, std::unique_ptr<AudioFile> opened = nullptr);
   WavePlayer(const WavePlayer&) = delete;
   WavePlayer& operator=(const WavePlayer&) = delete;
   ~WavePlayer() { cleanUp(); }

@@ -64,6 +64,15 @@ TEST_F(Commands, ReturnOpensOnceAndSpacePlaysOnItsRelease) {
   EXPECT_EQ(opens.count() + plays.count(), 2);
 }
 
+TEST_F(Commands, EscapeGivesUpOpeningAndNothingElse) {
+  open("a.WAV");
+  key(QEvent::KeyPress, Qt::Key_Escape);
+  EXPECT_TRUE(session->isOpen());
+  session->open("b.WAV", take("b.WAV"));
+  key(QEvent::KeyPress, Qt::Key_Escape);
+  EXPECT_EQ(session->state(), TakeSession::State::Closed);
+}
+
 TEST_F(Commands, MenuShowsDialogsWithTheVersion) {
   commands->readVersion();
   menu.actionAbout->trigger();

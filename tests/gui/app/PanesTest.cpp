@@ -304,7 +304,7 @@ class Messages : public TakeFixture {
 };
 
 TEST_F(Messages, AlertIsForWhatIsNotTheRecorders) {
-  session->open("b.wav", takes.file("b.wav", {std::byte{'x'}}));
+  openFile("b.wav", takes.file("b.wav", {std::byte{'x'}}));
   EXPECT_TRUE(status.text().startsWith("b.wav: ")) << status.text().toStdString();
   const auto* const alert = window.findChild<QMessageBox*>();
   ASSERT_NE(alert, nullptr);

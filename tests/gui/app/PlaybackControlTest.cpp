@@ -430,7 +430,7 @@ TEST_F(Playback, UnsupportedFileUnloadsAndSaysSo) {
   file("b.wav");
   startOnTakes();
   open("a.WAV");
-  doubleClickRow("b.wav");
+  waitForTake([this] { doubleClickRow("b.wav"); });
   EXPECT_EQ(controller().wavPlayer(), nullptr);
   EXPECT_EQ(controller().exportJob(), nullptr);
   expectIdle();

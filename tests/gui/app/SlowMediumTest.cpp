@@ -167,7 +167,7 @@ TEST_F(SlowMedium, PulledOutBeforeOpeningIsTheAlert) {
   longTake("R0001.WAV");
   startOnTakes();
   SlowReads::pullOut();
-  doubleClickRow("R0001.WAV");
+  waitForTake([this] { doubleClickRow("R0001.WAV"); });
   closeAlert("File not supported.");
   EXPECT_NE(view().player->lblStatus->text(), "");
 }

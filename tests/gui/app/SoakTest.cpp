@@ -97,9 +97,10 @@ class Soak : public WindowFixture {
     (this->*kActions[static_cast<std::size_t>(upTo(kActions.size() - 1))])();
     waitFor(
         [this] {
-          return controller().folderHelper()->folderPath() == controller().urlOfFileList();
+          return controller().folderHelper()->folderPath() == controller().urlOfFileList() &&
+                 controller().take().state() != TakeSession::State::Opening;
         },
-        "the folder that was opened");
+        "the folder or take that was opened");
   }
 
   void expectConsistent(int step) {

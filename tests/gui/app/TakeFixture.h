@@ -13,6 +13,7 @@
 
 #include "app/TakeSession.h"
 #include "base/EB.h"
+#include "support/EventLoop.h"
 #include "support/TemporaryFolder.h"
 #include "unit/playback/PlaybackFixture.h"
 
@@ -45,8 +46,15 @@ class TakeFixture : public PlaybackFixture {
     const auto data = WaveBytes::samples24(samples);
     return takes.file(name, WaveBytes().recorderBext(isRaw).format24().data(data).get());
   }
-  void open(const std::string& name, bool isRaw = true) {
-    session->open(QString::fromStdString(name), take(name, isRaw));
+  void open(const std::string& name, bool isRaw = true) { openFile(name, take(name, isRaw)); }
+  /// Until it is known what came of it.
+  void openFile(const std::string& name, const std::filesystem::path& file) {
+    session->open(QString::fromStdString(name), file);
+    waitForTake();
+  }
+  void waitForTake() const {
+    ASSERT_TRUE(
+        EventLoop::runUntil([this] { return session->state() != TakeSession::State::Opening; }));
   }
   /// Until what is measured next is at hand; the time limit of the test is the only one.
   void openAndLoad(const std::string& name, bool isRaw = true) {

@@ -72,7 +72,7 @@ TEST_F(Session, OpeningAnotherTakeClosesTheFirst) {
 TEST_F(Session, RefusesWhatIsNotTheRecorders) {
   open("a.WAV");
   told.clear();
-  session->open("b.wav", takes.file("b.wav", {std::byte{'x'}}));
+  openFile("b.wav", takes.file("b.wav", {std::byte{'x'}}));
   EXPECT_THAT(told, ElementsAre("closing", "opening", "failed", "closed"));
   EXPECT_THAT(failures, ElementsAre(Failure::Unsupported));
   EXPECT_NE(reasons.front(), "");

@@ -121,8 +121,15 @@ void WindowFixture::doubleClickRow(const std::string& name) {
 }
 
 void WindowFixture::open(const std::string& name) {
-  doubleClickRow(name);
+  waitForTake([&] { doubleClickRow(name); });
   ASSERT_NE(controller().wavPlayer(), nullptr) << name << " was not opened";
+}
+
+void WindowFixture::waitForTake(const std::function<void()>& open) {
+  const QSignalSpy opened(&controller().take(), &TakeSession::opened);
+  const QSignalSpy closed(&controller().take(), &TakeSession::closed);
+  open();
+  waitFor([&] { return !opened.empty() || !closed.empty(); }, "the take");
 }
 
 void WindowFixture::play(int milliseconds) {

@@ -54,8 +54,10 @@ class WindowFixture : public testing::Test, protected Screen {
   /// Real clicks on the row with this name.
   void clickRow(const std::string& name);
   void doubleClickRow(const std::string& name);
-  /// Opens the take by a double click.
+  /// Opens the take by a double click, and waits until it plays.
   void open(const std::string& name);
+  /// Does what opens a take, and waits until it is known what came of it.
+  void waitForTake(const std::function<void()>& open);
   /// Lets music play; the timers of the window do not run by themselves meanwhile.
   void play(int milliseconds);
 

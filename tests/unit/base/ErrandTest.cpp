@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "base/Errand.h"
+
+#include <gtest/gtest.h>
+#include <sys/syscall.h>
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <atomic>
+#include <cerrno>
+#include <latch>
+#include <memory>
+#include <thread>
+#include <vector>
+
+#include "support/Confinement.h"
+#include "support/EventLoop.h"
+
+namespace {
+
+class ErrandTest : public testing::Test {
+ protected:
+  // What deletes itself later does so now.
+  void TearDown() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+  int count = 1;
+  char name[5] = "test";
+  char* arguments[2] = {name, nullptr};
+  QCoreApplication application{count, arguments};
+};
+
+/// Tells on which thread it went.
+class Found {
+ public:
+  explicit Found(std::atomic<std::thread::id>& gone) : _gone(gone) {}
+  Found(const Found&) = delete;
+  Found& operator=(const Found&) = delete;
+  ~Found() { _gone = std::this_thread::get_id(); }
+
+ private:
+  std::atomic<std::thread::id>& _gone;
+};
+
+TEST_F(ErrandTest, WorkIsDoneElsewhereAndItsOutcomeHere) {
+  std::thread::id worked;
+  std::thread::id heard;
+  Errand errand;
+  EXPECT_TRUE(errand.begin([&worked, &heard] {
+    worked = std::this_thread::get_id();
+    return [&heard] { heard = std::this_thread::get_id(); };
+  }));
+  EXPECT_TRUE(errand.isUnderWay());
+  ASSERT_TRUE(EventLoop::runUntil([&] { return heard != std::thread::id(); }));
+  EXPECT_EQ(heard, std::this_thread::get_id());
+  EXPECT_NE(worked, heard);
+  EXPECT_FALSE(errand.isUnderWay());
+}
+
+TEST_F(ErrandTest, WhatWasGivenUpIsNotHeardAndGoesOnItsThread) {
+  std::latch mayGoOn(1);
+  std::atomic<std::thread::id> gone;
+  bool isHeard = false;
+  auto errand = std::make_unique<Errand>();
+  errand->begin([&] {
+    auto found = std::make_shared<Found>(gone);
+    mayGoOn.wait();
+    return [&isHeard, found] { isHeard = true; };
+  });
+  errand->giveUp();
+  EXPECT_FALSE(errand->isUnderWay());
+  errand.reset();
+  mayGoOn.count_down();
+  ASSERT_TRUE(EventLoop::runUntil([&] { return gone.load() != std::thread::id(); }));
+  EXPECT_NE(gone.load(), std::this_thread::get_id());
+  EXPECT_FALSE(isHeard);
+}
+
+TEST_F(ErrandTest, AnotherOneVoidsTheFirstEvenWhereItHasArrived) {
+  std::atomic<bool> isDone{false};
+  std::vector<int> heard;
+  Errand errand;
+  errand.begin([&] {
+    isDone = true;
+    return [&heard] { heard.push_back(1); };
+  });
+  while (!isDone) std::this_thread::yield();
+  errand.begin([&heard] { return [&heard] { heard.push_back(2); }; });
+  ASSERT_TRUE(EventLoop::runUntil([&] { return !heard.empty(); }));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(heard, std::vector<int>{2});
+}
+
+TEST_F(ErrandTest, OutcomeMayBeginAnotherOrDeleteTheErrand) {
+  int heard = 0;
+  auto errand = std::make_unique<Errand>();
+  errand->begin([&] {
+    return [&] {
+      ++heard;
+      errand->begin([&] {
+        return [&] {
+          ++heard;
+          errand.reset();
+        };
+      });
+    };
+  });
+  EXPECT_TRUE(EventLoop::runUntil([&] { return errand == nullptr; }));
+  EXPECT_EQ(heard, 2);
+}
+
+TEST_F(ErrandTest, WithoutAThreadNothingIsUnderWay) {
+  const int status = Confinement::run([] {
+    Errand errand;
+    if (!Confinement::failSystemCall(SYS_clone3, EAGAIN)) return 1;
+    if (!Confinement::failSystemCall(SYS_clone, EAGAIN)) return 2;
+    if (errand.begin([] { return [] {}; })) return 3;
+    return errand.isUnderWay() ? 4 : 0;
+  });
+  EXPECT_EQ(status, 0);
+}
+
+}  // namespace
