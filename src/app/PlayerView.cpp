@@ -13,6 +13,7 @@ constexpr int kInset = 24;
 // The dial needs more room to its left than the rest of the pane.
 constexpr int kStageInset = 8;
 constexpr QSize kLeastExport{96, 36};
+constexpr int kWaveformHeight = 64;
 
 }  // namespace
 
@@ -57,10 +58,14 @@ QLayout* PlayerView::makeHeader() {
 }
 
 QLayout* PlayerView::makeLower() {
+  waveform = new WaveformViewer(this);
+  waveform->setFixedHeight(kWaveformHeight);
   sliderTime = new J4Slider(this);
   auto* const lower = new QVBoxLayout;
   lower->setContentsMargins(kInset - kStageInset, 0, kInset - kStageInset, 0);
   lower->setSpacing(0);
+  lower->addWidget(waveform);
+  lower->addSpacing(2);
   lower->addLayout(strips);
   lower->addWidget(sliderTime);
   lower->addLayout(makeTimes());
@@ -111,6 +116,6 @@ QLayout* PlayerView::makeTransport() {
 }
 
 QWidgetList PlayerView::tabOrder() const {
-  return {btnPlayPause,        sliderTime,        btnVolume, sliderVolume,
-          stage->sliderStereo, stage->sliderGain, btnExport, btnMenu};
+  return {btnPlayPause,        waveform,          sliderTime, btnVolume, sliderVolume,
+          stage->sliderStereo, stage->sliderGain, btnExport,  btnMenu};
 }

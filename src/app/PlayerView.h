@@ -13,6 +13,7 @@
 #include "app/StatusLine.h"
 #include "app/TabularLabel.h"
 #include "controls/J4Slider.h"
+#include "controls/WaveformViewer.h"
 
 /// The right half of the window: the take's name, the stage, and the transport under it. Laid out
 /// and named, and nothing more. Interface thread.
@@ -31,6 +32,7 @@ class PlayerView : public QWidget {
   QToolButton* btnMenu = nullptr;
   StageView* stage = nullptr;
   QVBoxLayout* strips = nullptr;  ///< between stage and position, for what else shows the take
+  WaveformViewer* waveform = nullptr;
   J4Slider* sliderTime = nullptr;
   TabularLabel* lblTimeCurrent = nullptr;
   TabularLabel* lblTimeTotal = nullptr;

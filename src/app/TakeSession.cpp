@@ -124,13 +124,15 @@ void TakeSession::setVolume(double volume) {
 }
 
 void TakeSession::setGain(std::int64_t dB) {
-  _gain = dB;
+  const bool isOther = std::exchange(_gain, dB) != dB;
   if (_player) _player->setGain(dB);
+  if (isOther) emit soundChanged();
 }
 
 void TakeSession::setAngle(double degrees) {
-  _angle = degrees;
+  const bool isOther = std::exchange(_angle, degrees) != degrees;
   if (_player) _player->setAngle(static_cast<std::int64_t>(degrees));
+  if (isOther) emit soundChanged();
 }
 
 void TakeSession::playFinish() {

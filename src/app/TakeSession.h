@@ -108,6 +108,8 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   void opened();
   /// It plays, pauses or has finished; or was set to do so again.
   void stateChanged();
+  /// Gain or width are others than they were.
+  void soundChanged();
   /// `why` is a phrase or a sentence for people. A reading failure is told once.
   void failed(TakeSession::Failure failure, const QString& why);
   /// Linear levels that a player has sent. None does.

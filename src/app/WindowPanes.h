@@ -7,10 +7,12 @@
 #include "app/FolderBrowser.h"
 #include "app/LevelFeed.h"
 #include "app/MainView.h"
+#include "app/MeasuredTake.h"
 #include "app/SoundPane.h"
 #include "app/TakeMessages.h"
 #include "app/TakeSession.h"
 #include "app/TransportPane.h"
+#include "app/WaveformPane.h"
 #include "app/WindowCommands.h"
 #include "dialogs/ExportDesk.h"
 #include "queue/ExportQueue.h"
@@ -30,6 +32,8 @@ struct WindowPanes {
   TransportPane transport{*view.player, take, &owner};
   SoundPane sound{*view.player, take, &owner};
   LevelFeed levels{*view.player->stage, take, &owner};
+  MeasuredTake measured{take, &owner};
+  WaveformPane waveform{*view.player, take, measured, &owner};
   DevicePane device{*view.device, &owner};
   TakeMessages messages{view, *view.player->lblStatus, take, &owner};
   ExportQueue exports;

@@ -29,6 +29,12 @@ class Colors {
   static QColor warning() { return {0xE8, 0xB3, 0x4B}; }
   /// The ring on what has the keyboard: 3:1 or more against white and against the backgrounds.
   static QColor focusRing() { return {0x3D, 0x8B, 0xFD}; }
+  /// A waveform before and after it was played; 3:1 or more against the ground under it.
+  static QColor waveAhead() { return {0x6E, 0x73, 0x7B}; }
+  static QColor wavePlayed() { return {0xC8, 0xCD, 0xD4}; }
+  /// What is over full scale, and what will be when it is played.
+  static QColor over() { return {0xE5, 0x48, 0x4D}; }
+  static QColor overAhead() { return {0xB8, 0x3C, 0x42}; }
   /// Labels of a control that cannot be used.
   static QColor disabledText() { return {0xFF, 0xFF, 0xFF, 0x80}; }
 };

@@ -50,6 +50,14 @@ std::unique_ptr<WaveFileReader> WaveFileReader::openFile(const std::filesystem::
   return whyNot.empty() ? std::move(reader) : nullptr;
 }
 
+WaveFileReader WaveFileReader::apart() const {
+  WaveFileReader other(*this);
+  if (!_image || _image->isInMemory()) return other;
+  other._image = _image->sibling();
+  other._cursor = SampleCursor(other._image, header(), encoding());
+  return other;
+}
+
 void WaveFileReader::parseWave() {
   auto index = std::make_shared<WaveIndex>(*_index);
   if (_image) index->parse(*_image);

@@ -40,6 +40,10 @@ class WaveFileReader {
   static std::unique_ptr<WaveFileReader> openFile(const std::filesystem::path& path,
                                                   std::string& whyNot);
 
+  /// A reader of the same open file that shares no image with this one: for work that may hang in a
+  /// read after everybody else has let the file go. Shares the bytes where they are in memory.
+  [[nodiscard]] WaveFileReader apart() const;
+
   /// Builds header, chunks and validity from the image. After `dispose` there is none, and the file
   /// is not valid.
   void parseWave();

@@ -27,7 +27,14 @@ std::shared_ptr<WaveImage> WaveImage::fromBytes(std::span<const std::byte> data)
 std::shared_ptr<WaveImage> WaveImage::fromFile(const std::filesystem::path& path,
                                                std::string& whyNot) {
   auto file = FileBytes::open(path, whyNot);
-  if (!file) return nullptr;
+  return file ? over(std::move(file)) : nullptr;
+}
+
+std::shared_ptr<WaveImage> WaveImage::sibling() const {
+  return _file ? over(_file) : nullptr;
+}
+
+std::shared_ptr<WaveImage> WaveImage::over(std::shared_ptr<const FileBytes> file) {
   std::shared_ptr<WaveImage> image(new WaveImage);
   image->_size = file->size();
   image->_blocks = FollowedBlocks::over(file);

@@ -30,6 +30,11 @@ class WaveImage {
   static std::shared_ptr<WaveImage> fromFile(const std::filesystem::path& path,
                                              std::string& whyNot);
 
+  /// Another image of the same open file, which has nothing read ahead: whoever may hang in a read
+  /// holds that one, and the blocks of this one go when its owners let go. None for an image in
+  /// memory.
+  [[nodiscard]] std::shared_ptr<WaveImage> sibling() const;
+
   WaveImage(const WaveImage&) = delete;
   WaveImage& operator=(const WaveImage&) = delete;
   /// Waits for nothing where the image was followed: the worker closes the file. Else it closes the
@@ -68,6 +73,7 @@ class WaveImage {
 
  private:
   WaveImage() = default;
+  static std::shared_ptr<WaveImage> over(std::shared_ptr<const FileBytes> file);
 
   std::uint64_t _size = 0;
   WavArray _raw;

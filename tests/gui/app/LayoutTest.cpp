@@ -81,21 +81,22 @@ TEST_F(Layout, StandsToThePixelInTheUsualFont) {
       {player.lblFormat, {370, 55, 500, 16}},
       {player.btnExport, {878, 30, 96, 36}},
       {player.btnMenu, {982, 30, 36, 36}},
-      {&stage(), {354, 110, 672, 388}},
-      {stage().sliderStereo, {364, 114, 352, 352}},
-      {stage().imgDevice, {506, 212, 68, 156}},
-      {stage().lblStereo, {480, 456, 120, 20}},
-      {stage().lblStereoValue, {480, 478, 120, 18}},
-      {stage().tickOfGain, {732, 130, 50, 320}},
-      {stage().sliderGain, {791, 151, 22, 278}},
-      {stage().lblGain, {749, 456, 90, 20}},
-      {stage().lblGainValue, {749, 478, 90, 18}},
-      {stage().tickOfLevel, {868, 130, 50, 320}},
-      {stage().lvlLeft, {930, 160, 16, 260}},
-      {stage().lvlRight, {954, 160, 16, 260}},
-      {stage().lblLevel, {895, 456, 90, 20}},
-      {stage().lblLeft, {928, 426, 20, 16}},
-      {stage().lblRight, {952, 426, 20, 16}},
+      {&stage(), {354, 77, 672, 388}},
+      {stage().sliderStereo, {364, 81, 352, 352}},
+      {stage().imgDevice, {506, 179, 68, 156}},
+      {stage().lblStereo, {480, 423, 120, 20}},
+      {stage().lblStereoValue, {480, 445, 120, 18}},
+      {stage().tickOfGain, {732, 97, 50, 320}},
+      {stage().sliderGain, {791, 118, 22, 278}},
+      {stage().lblGain, {749, 423, 90, 20}},
+      {stage().lblGainValue, {749, 445, 90, 18}},
+      {stage().tickOfLevel, {868, 97, 50, 320}},
+      {stage().lvlLeft, {930, 127, 16, 260}},
+      {stage().lvlRight, {954, 127, 16, 260}},
+      {stage().lblLevel, {895, 423, 90, 20}},
+      {stage().lblLeft, {928, 393, 20, 16}},
+      {stage().lblRight, {952, 393, 20, 16}},
+      {player.waveform, {370, 470, 640, 64}},
       {player.sliderTime, {370, 536, 640, 22}},
       {player.lblTimeCurrent, {370, 562, 320, 16}},
       {player.lblTimeTotal, {690, 562, 320, 16}},
@@ -145,7 +146,7 @@ TEST_F(Layout, LongerTextsMoveWhatStandsBesideThem) {
 TEST_F(Layout, FurtherPaneStandsBetweenStageAndPosition) {
   startOnTakes();
   auto* const strip = new QWidget;
-  strip->setFixedHeight(20);
+  strip->setFixedHeight(8);
   const int before = frame(view().player->sliderTime).top();
   view().player->strips->addWidget(strip);
   strip->show();

@@ -102,13 +102,13 @@ TEST_F(Window, TabReachesEverythingInOrder) {
     if (reached.back() == view().browser->btnGoUp) break;
   }
   EXPECT_THAT(reached,
-              testing::ElementsAre(view().browser->lblFolder, view().browser->btnOpenFolder,
-                                   view().browser->tableFile, view().player->btnPlayPause,
-                                   view().player->sliderTime, view().player->btnVolume,
-                                   view().player->sliderVolume, stage().sliderStereo,
-                                   stage().sliderGain, view().player->btnExport,
-                                   view().player->btnMenu, view().device->listBatteryCover,
-                                   view().device->listAutoPowOffCover, view().browser->btnGoUp));
+              testing::ElementsAre(
+                  view().browser->lblFolder, view().browser->btnOpenFolder,
+                  view().browser->tableFile, view().player->btnPlayPause, view().player->waveform,
+                  view().player->sliderTime, view().player->btnVolume, view().player->sliderVolume,
+                  stage().sliderStereo, stage().sliderGain, view().player->btnExport,
+                  view().player->btnMenu, view().device->listBatteryCover,
+                  view().device->listAutoPowOffCover, view().browser->btnGoUp));
 }
 
 TEST_F(Window, FocusCanBeSeenEverywhere) {
@@ -118,10 +118,10 @@ TEST_F(Window, FocusCanBeSeenEverywhere) {
   controller().btnPlay_Click();
   for (QWidget* const widget : std::initializer_list<QWidget*>{
            view().browser->btnGoUp, view().browser->lblFolder, view().browser->btnOpenFolder,
-           view().browser->tableFile, view().player->btnPlayPause, view().player->sliderTime,
-           view().player->btnVolume, view().player->sliderVolume, stage().sliderStereo,
-           stage().sliderGain, view().player->btnExport, view().player->btnMenu,
-           view().device->listBatteryCover}) {
+           view().browser->tableFile, view().player->btnPlayPause, view().player->waveform,
+           view().player->sliderTime, view().player->btnVolume, view().player->sliderVolume,
+           stage().sliderStereo, stage().sliderGain, view().player->btnExport,
+           view().player->btnMenu, view().device->listBatteryCover}) {
     QWidget* const other = widget == stage().sliderGain
                                ? static_cast<QWidget*>(view().browser->btnGoUp)
                                : stage().sliderGain;

@@ -18,6 +18,7 @@
 #include "controls/J4SliderCell.h"
 #include "controls/LevelMeter.h"
 #include "controls/PathViewer.h"
+#include "controls/WaveformViewer.h"
 
 namespace {
 
@@ -166,6 +167,40 @@ struct RedrawOfPath : Redraw<PathViewer> {
 TEST_F(RedrawOfPath, ForItsTextAndFont) {
   EXPECT_TRUE(repaints([this] { control.setText("/takes/today"); }));
   EXPECT_TRUE(repaintsForAFont());
+}
+
+struct RedrawOfWaveform : Redraw<WaveformViewer> {
+  RedrawOfWaveform() : Redraw({618, 64}) { control.setLength(300); }
+};
+
+TEST_F(RedrawOfWaveform, ForAPlayHeadThatMovesByAPixel) {
+  EXPECT_TRUE(repaints([this] { control.setPosition(10); }));
+  EXPECT_FALSE(repaints([this] { control.setPosition(10.001); })) << "too little to be seen";
+  EXPECT_FALSE(repaints([this] { control.setPosition(std::nan("")); }));
+  EXPECT_TRUE(repaints([this] { control.adjust(20, AdjustCause::Assistive); }));
+}
+
+TEST_F(RedrawOfWaveform, ForColumnsStretchAndTake) {
+  WaveformColumns columns;
+  columns.to = 300;
+  columns.columns.assign(600, {0.5F, 0.5F, true});
+  EXPECT_TRUE(repaints([&] { control.setColumns(columns); }));
+  EXPECT_TRUE(repaints([this] { control.zoom(0.5, 309); }));
+  EXPECT_TRUE(repaints([this] { control.scroll(10); }));
+  EXPECT_TRUE(repaints([this] { control.showAll(); }));
+  EXPECT_FALSE(repaints([this] { control.showAll(); }));
+  EXPECT_TRUE(repaints([this] { control.setLength(20); }));
+  EXPECT_TRUE(repaints([this] { control.setEnabled(false); }));
+}
+
+TEST_F(RedrawOfWaveform, ForThePointerAndTheFocusRing) {
+  EXPECT_TRUE(repaints([this] { Hands::move(control, {100, 30}); }));
+  EXPECT_FALSE(repaints([this] { Hands::move(control, {100, 40}); })) << "the same time";
+  EXPECT_TRUE(repaints([this] {
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&control, &leave);
+  }));
+  EXPECT_TRUE(repaints([this] { QTest::keyClick(&control, Qt::Key_Home); }));
 }
 
 }  // namespace

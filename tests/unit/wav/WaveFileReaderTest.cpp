@@ -229,6 +229,32 @@ TEST(WaveFileReaderTest, AnOpenedFileIsIndexedButNotHeld) {
   EXPECT_EQ(WaveFileReader::DecodeAsString(data.bytes + 256, 32), "TARN J4");
 }
 
+TEST(WaveFileReaderTest, AReaderApartHoldsTheFileAndNoImageOfTheOther) {
+  const TemporaryFolder folder;
+  std::string whyNot;
+  auto reader = WaveFileReader::openFile(folder.file("a.wav", recording()), whyNot);
+  ASSERT_NE(reader, nullptr) << whyNot;
+  reader->setIsBoMSFormat(true);
+  const std::weak_ptr<WaveImage> image = reader->image();
+  WaveFileReader apart = reader->apart();
+  reader.reset();
+  EXPECT_TRUE(image.expired());
+  EXPECT_TRUE(apart.isBoMSFormat());
+  EXPECT_EQ(apart.frameCount(), 2U);
+  apart.waitForMedium();
+  apart.beginReadSample();
+  float left = 0;
+  float right = 0;
+  ASSERT_TRUE(apart.readNextSample(left, right));
+  EXPECT_EQ(left, 0.5F);
+  EXPECT_EQ(right, -0.5F);
+}
+
+TEST(WaveFileReaderTest, AReaderApartSharesBytesInMemory) {
+  const auto reader = WaveFileReader::readFromData(recording());
+  EXPECT_EQ(reader->apart().image(), reader->image());
+}
+
 TEST(WaveFileReaderTest, AnOpenedFileThatIsNoWaveIsAReaderOfAnInvalidFile) {
   const TemporaryFolder folder;
   std::string whyNot;

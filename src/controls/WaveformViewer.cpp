@@ -1,0 +1,271 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#include "controls/WaveformViewer.h"
+
+#include <QAccessible>
+#include <QPainter>
+#include <QStringList>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "controls/AccessibleFactory.h"
+#include "controls/AdjustableAccessible.h"
+#include "controls/Colors.h"
+#include "controls/TimeRuler.h"
+#include "controls/WaveformPicture.h"
+
+namespace {
+
+constexpr double kInset = 9;  // the radius of a slider's knob
+constexpr double kRuler = 15;
+constexpr double kBottom = 3;
+constexpr double kRadius = 4;
+constexpr double kMarkGap = 70;  // pixels between the marks of the ruler, at least
+constexpr double kMark = 4;
+constexpr double kRulerFont = 11.0 / 13.0;
+constexpr double kHeadWidth = 2;
+
+constexpr double kReadingPadding = 6;
+constexpr double kReadingGap = 10;
+
+QAccessibleInterface* makeReadable(WaveformViewer& viewer) {
+  return new AdjustableAccessible(&viewer, viewer, QAccessible::Slider);
+}
+
+QString decibels(const QString& channel, float magnitude) {
+  const double value = 20.0 * std::log10(static_cast<double>(magnitude));
+  const QString text = std::isfinite(value) ? QString::number(value, 'f', 1) : QStringLiteral("–");
+  return channel + u' ' + QString(text).replace(u'-', u'−');
+}
+
+}  // namespace
+
+WaveformViewer::WaveformViewer(QWidget* parent) : QWidget(parent) {
+  AccessibleFactory::install<WaveformViewer, makeReadable>();
+  setAccessibleName(tr("Waveform"));
+  setFocusPolicy(Qt::StrongFocus);
+  setMouseTracking(true);
+}
+
+QRectF WaveformViewer::body() const {
+  return {kInset, kRuler, std::max(0.0, width() - 2 * kInset),
+          std::max(0.0, height() - kRuler - kBottom)};
+}
+
+double WaveformViewer::xOf(double seconds) const {
+  return kInset + _stretch.placeOf(seconds);
+}
+
+double WaveformViewer::timeAt(double x) const {
+  return _stretch.timeAt(x - kInset);
+}
+
+int WaveformViewer::columnsWanted() const {
+  return static_cast<int>(std::lround(body().width() * devicePixelRatioF()));
+}
+
+double WaveformViewer::headX() const {
+  const double pixels = devicePixelRatioF();
+  return std::round(xOf(_position) * pixels) / pixels;
+}
+
+void WaveformViewer::setLength(double seconds) {
+  _stretch.setLength(seconds);
+  _position = 0;
+  _isHeld = false;
+  setColumns({});
+  emit stretchChanged();
+}
+
+void WaveformViewer::setPosition(double seconds) {
+  const double now = std::clamp(seconds, 0.0, length());
+  if (std::isnan(now) || now == _position) return;
+  const double before = std::exchange(_position, now);
+  const TimeWindow stretch = _stretch;
+  _stretch.follow(before, now);
+  tellStretch(stretch);
+  const double pixels = devicePixelRatioF();
+  const double was = std::round(xOf(before) * pixels) / pixels;
+  if (was != headX()) updateBetween(was, headX());
+}
+
+void WaveformViewer::setColumns(WaveformColumns columns) {
+  _columns = std::move(columns);
+  drawPictures();
+  update();
+}
+
+void WaveformViewer::drawPictures() {
+  const int height = static_cast<int>(std::lround(body().height() * devicePixelRatioF()));
+  WaveformPicture::draw(_ahead, _columns, height, Colors::waveAhead(), Colors::overAhead());
+  WaveformPicture::draw(_played, _columns, height, Colors::wavePlayed(), Colors::over());
+}
+
+void WaveformViewer::tellStretch(const TimeWindow& before) {
+  if (_stretch.from() == before.from() && _stretch.to() == before.to()) return;
+  update();
+  emit stretchChanged();
+}
+
+void WaveformViewer::zoom(double factor, double x) {
+  const TimeWindow before = _stretch;
+  _stretch.zoom(factor, x - kInset);
+  tellStretch(before);
+}
+
+void WaveformViewer::scroll(double pixels) {
+  const TimeWindow before = _stretch;
+  _stretch.scroll(pixels);
+  tellStretch(before);
+}
+
+void WaveformViewer::showAll() {
+  const TimeWindow before = _stretch;
+  _stretch.showAll();
+  tellStretch(before);
+}
+
+void WaveformViewer::revealHead() {
+  const TimeWindow before = _stretch;
+  _stretch.reveal(_position);
+  tellStretch(before);
+}
+
+QString WaveformViewer::valueText() const {
+  const auto seconds = static_cast<long long>(_position);
+  return QStringLiteral("%1:%2:%3")
+      .arg(seconds / 3600, 2, 10, QChar(u'0'))
+      .arg(seconds / 60 % 60, 2, 10, QChar(u'0'))
+      .arg(seconds % 60, 2, 10, QChar(u'0'));
+}
+
+void WaveformViewer::adjust(double value, AdjustCause cause) {
+  if (!isAdjustable() || std::isnan(value)) return;
+  const QString before = valueText();
+  setPosition(value);
+  if (isFinal(cause)) revealHead();
+  emit valueAdjusted(cause);
+  if (valueText() == before) return;
+  QAccessibleValueChangeEvent event(this, _position);
+  QAccessible::updateAccessibility(&event);
+}
+
+QStringList WaveformViewer::reading() const {
+  if (!_hover || length() <= 0) return {};
+  const double time = timeAt(*_hover);
+  const double width = std::max(1.0, body().width());
+  const double perPixel = (_stretch.to() - _stretch.from()) / width;
+  QStringList texts = {TimeRuler::text(time, std::min(perPixel, 0.1))};
+  WaveformColumns::Column column;
+  const double span = _columns.to - _columns.from;
+  if (span > 0 && !_columns.columns.empty()) {
+    const auto count = static_cast<double>(_columns.columns.size());
+    const double at = std::clamp((time - _columns.from) / span * count, 0.0, count - 1);
+    column = _columns.columns[static_cast<std::size_t>(at)];
+  }
+  return texts << decibels(tr("L", "left channel"), column.left)
+               << decibels(tr("R", "right channel"), column.right);
+}
+
+void WaveformViewer::updateBetween(double x1, double x2) {
+  const auto left = static_cast<int>(std::floor(std::min(x1, x2) - kHeadWidth));
+  const auto right = static_cast<int>(std::ceil(std::max(x1, x2) + kHeadWidth));
+  update(QRect(left, 0, right - left + 1, height()));
+}
+
+QFont WaveformViewer::rulerFont() const {
+  QFont small = font();
+  if (small.pixelSize() > 0) {
+    small.setPixelSize(static_cast<int>(std::lround(small.pixelSize() * kRulerFont)));
+  } else {
+    small.setPointSizeF(small.pointSizeF() * kRulerFont);
+  }
+  return small;
+}
+
+void WaveformViewer::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(Colors::AppBG());
+  painter.drawRoundedRect(rect(), kRadius, kRadius);
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  drawWave(painter);
+  if (length() > 0) {
+    drawRuler(painter);
+    drawHead(painter);
+    drawReading(painter);
+  }
+  if (hasFocus() && _focus.isShown()) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(Colors::focusRing(), 2));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), kRadius, kRadius);
+  }
+}
+
+void WaveformViewer::drawRuler(QPainter& painter) const {
+  painter.setFont(rulerFont());
+  const double perPixel = (_stretch.to() - _stretch.from()) / std::max(1.0, body().width());
+  for (const TimeRuler::Mark& mark :
+       TimeRuler::marks(_stretch.from(), _stretch.to(), kMarkGap * perPixel)) {
+    const double x = std::round(xOf(mark.seconds));
+    painter.fillRect(QRectF(x, kRuler - kMark - 8, 1, kMark + 4), Colors::line());
+    const QRectF place(x + 4, 0, kMarkGap, kRuler);
+    if (place.left() + painter.fontMetrics().horizontalAdvance(mark.label) > width() - 4) continue;
+    painter.setPen(Colors::dimText());
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, mark.label);
+  }
+}
+
+// Columns of another stretch are stretched to where they belong, until the right ones come.
+void WaveformViewer::drawWave(QPainter& painter) const {
+  const QRectF place = body();
+  const double middle = place.top() + std::floor(place.height() / 2);
+  painter.fillRect(QRectF(place.left(), middle, place.width(), 1), Colors::ControlColor());
+  if (_ahead.isNull() || !(_columns.to > _columns.from)) return;
+  const double left = xOf(_columns.from);
+  const QRectF whole(left, place.top(), xOf(_columns.to) - left, place.height());
+  const double head = std::clamp(headX(), place.left(), place.right());
+  painter.save();
+  painter.setClipRect(QRectF(head, 0, place.right() - head, height()), Qt::IntersectClip);
+  painter.drawImage(whole, _ahead);
+  painter.restore();
+  painter.save();
+  painter.setClipRect(QRectF(place.left(), 0, head - place.left(), height()), Qt::IntersectClip);
+  painter.drawImage(whole, _played);
+  painter.restore();
+}
+
+void WaveformViewer::drawHead(QPainter& painter) const {
+  if (!_stretch.holds(_position)) return;
+  const QRectF place = body();
+  painter.fillRect(
+      QRectF(headX() - kHeadWidth / 2, place.top() - 1, kHeadWidth, place.height() + 2),
+      isEnabled() ? Colors::WHITE() : Colors::line());
+}
+
+void WaveformViewer::drawReading(QPainter& painter) const {
+  const QStringList texts = reading();
+  if (texts.isEmpty()) return;
+  const double x = std::clamp(std::floor(*_hover), body().left(), body().right());
+  painter.fillRect(QRectF(x, kRuler, 1, height() - kRuler - kBottom), Colors::dimText());
+  painter.setFont(rulerFont());
+  const QFontMetricsF metrics(painter.font());
+  const double time = metrics.horizontalAdvance(texts.first());
+  const double level = metrics.horizontalAdvance(QStringLiteral("L −88.8"));
+  const double wide = time + 2 * level + 2 * kReadingGap + 2 * kReadingPadding;
+  const double left = x + 4 + wide < width() ? x + 4 : x - 4 - wide;
+  const QRectF box(left, 0, wide, kRuler + 1);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(Colors::ControlColor());
+  painter.drawRoundedRect(box, kRadius, kRadius);
+  painter.setPen(Colors::WHITE());
+  double at = left + kReadingPadding;
+  for (const QString& text : texts) {
+    painter.drawText(QRectF(at, 0, wide, kRuler + 1), Qt::AlignLeft | Qt::AlignVCenter, text);
+    at += kReadingGap + (at == left + kReadingPadding ? time : level);
+  }
+}

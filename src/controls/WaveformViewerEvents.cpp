@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <QMouseEvent>
+#include <QNativeGestureEvent>
+#include <cmath>
+
+#include "controls/WaveformViewer.h"
+
+namespace {
+
+constexpr double kZoomPerNotch = 0.7;
+constexpr double kNotch = QWheelEvent::DefaultDeltasPerStep;
+constexpr double kScrollPerNotch = 60;  // pixels
+
+}  // namespace
+
+bool WaveformViewer::event(QEvent* event) {
+  if (event->type() == QEvent::NativeGesture) {
+    const auto& gesture = static_cast<QNativeGestureEvent&>(*event);
+    if (gesture.gestureType() == Qt::ZoomNativeGesture && isAdjustable()) {
+      zoom(1.0 / (1.0 + std::max(-0.9, gesture.value())), gesture.position().x());
+      return true;
+    }
+  }
+  return QWidget::event(event);
+}
+
+void WaveformViewer::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  _stretch.setWidth(body().width());
+  drawPictures();
+  emit stretchChanged();
+}
+
+void WaveformViewer::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::EnabledChange) {
+    _isHeld = false;
+    update();
+  }
+  QWidget::changeEvent(event);
+}
+
+void WaveformViewer::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton || !isAdjustable()) return event->ignore();
+  _isHeld = true;
+  adjust(timeAt(event->position().x()), AdjustCause::Press);
+}
+
+void WaveformViewer::mouseMoveEvent(QMouseEvent* event) {
+  hover(event->position().x());
+  if (_isHeld) adjust(timeAt(event->position().x()), AdjustCause::Drag);
+}
+
+void WaveformViewer::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton || !_isHeld) return event->ignore();
+  _isHeld = false;
+  adjust(_position, AdjustCause::Release);
+}
+
+// The first click of the two has moved the play head, as any.
+void WaveformViewer::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton || !isAdjustable()) return event->ignore();
+  showAll();
+}
+
+void WaveformViewer::leaveEvent(QEvent* event) {
+  hover(std::nullopt);
+  QWidget::leaveEvent(event);
+}
+
+void WaveformViewer::hover(std::optional<double> x) {
+  if (x == _hover) return;
+  _hover = x;
+  if (length() > 0) update();
+}
+
+void WaveformViewer::wheelEvent(QWheelEvent* event) {
+  if (!isAdjustable()) return event->ignore();
+  const QPoint turned = event->angleDelta();
+  const bool isAside = turned.x() != 0 || (event->modifiers() & Qt::ShiftModifier) != 0;
+  if (isAside) {
+    const int notches = turned.x() != 0 ? turned.x() : turned.y();
+    return scroll(-notches / kNotch * kScrollPerNotch);
+  }
+  zoom(std::pow(kZoomPerNotch, turned.y() / kNotch), event->position().x());
+}
+
+std::optional<double> WaveformViewer::keyTarget(const QKeyEvent& event) const {
+  const bool isFar = (event.modifiers() & Qt::ShiftModifier) != 0;
+  const double step = isFar ? coarseStep() : fineStep();
+  switch (event.key()) {
+    case Qt::Key_Left:
+      return _position - step;
+    case Qt::Key_Right:
+      return _position + step;
+    case Qt::Key_PageDown:
+      return _position - coarseStep();
+    case Qt::Key_PageUp:
+      return _position + coarseStep();
+    case Qt::Key_Home:
+      return lowest();
+    case Qt::Key_End:
+      return highest();
+    default:
+      return std::nullopt;
+  }
+}
+
+// Up and Down are left to the window; plus and minus zoom around the play head.
+void WaveformViewer::keyPressEvent(QKeyEvent* event) {
+  const Qt::KeyboardModifiers shortcuts = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+  if (!isAdjustable() || (event->modifiers() & shortcuts) != 0) return event->ignore();
+  const bool isPlus = event->key() == Qt::Key_Plus;
+  if (const auto target = keyTarget(*event)) {
+    adjust(*target, AdjustCause::Key);
+  } else if (isPlus || event->key() == Qt::Key_Minus) {
+    zoom(isPlus ? kZoomPerNotch : 1 / kZoomPerNotch, xOf(_position));
+  } else {
+    return event->ignore();
+  }
+  _focus.used();
+  update();
+}
+
+void WaveformViewer::focusInEvent(QFocusEvent* event) {
+  _focus.gained(event->reason());
+  QWidget::focusInEvent(event);
+}
+
+void WaveformViewer::focusOutEvent(QFocusEvent* event) {
+  update();
+  QWidget::focusOutEvent(event);
+}
