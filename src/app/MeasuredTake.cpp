@@ -12,6 +12,9 @@ namespace {
 constexpr int kLook = 100;        // ms from one look to the next, at least
 constexpr int kShareOfLook = 20;  // a copy of a long take may take a twentieth of the time
 
+// What is known of a longer take in between is not shown: that is a copy, of 8 MiB an hour.
+constexpr double kLongestInParts = 5400;  // seconds
+
 // One processor is left to the player and the window.
 unsigned workers() {
   return std::max(2U, std::thread::hardware_concurrency()) - 1;
@@ -43,6 +46,7 @@ void MeasuredTake::begin() {
   options.workers = workers();
   _analysis.reset();
   _progress = 0;
+  _comesInParts = reader->durationSeconds() <= kLongestInParts;
   _analyzer = std::make_unique<TakeAnalyzer>(reader->apart(), options);
   _timerMeasured.start(kLook);
   emit measured();
@@ -72,7 +76,7 @@ void MeasuredTake::collect() {
   if (isFinished) return finish();
   if (progress != _progress) {
     _progress = progress;
-    _analysis = _analyzer->soFar();
+    if (_comesInParts) _analysis = _analyzer->soFar();
     emit measured();
   }
   _timerMeasured.start(std::max(kLook, static_cast<int>(timer.elapsed()) * kShareOfLook));

@@ -20,7 +20,8 @@ class MeasuredTake : public QObject {
   /// The session outlives it.
   explicit MeasuredTake(TakeSession& take, QObject* parent = nullptr);
 
-  /// What is known by now; null without a take, and before anything is known.
+  /// What is known by now; null without a take, and before anything is known. Of a take longer than
+  /// an hour and a half nothing before all is.
   [[nodiscard]] const std::shared_ptr<const TakeAnalysis>& analysis() const { return _analysis; }
   /// How much of the take is known, 0 to 1; 0 without one.
   [[nodiscard]] double progress() const { return _progress; }
@@ -47,5 +48,6 @@ class MeasuredTake : public QObject {
   std::unique_ptr<TakeAnalyzer> _analyzer;  ///< while it works
   std::shared_ptr<const TakeAnalysis> _analysis;
   double _progress = 0;
+  bool _comesInParts = false;
   QTimer _timerMeasured{this};
 };
