@@ -27,6 +27,9 @@ constexpr std::size_t kMostBytes = 1 << 20;  // far above what two keys can need
 constexpr int kMostLinks = 40;
 constexpr auto kLockPoll = std::chrono::milliseconds(1);
 
+constexpr std::string_view kPartEnding = ".part-";
+constexpr std::string_view kAnyPart = ".part-XXXXXX";
+
 /// Tells one state of a file from the next: each save makes a new file.
 ino_t stateOf(const fs::path& path) {
   struct stat status {};
@@ -46,6 +49,7 @@ class FileLock {
       if (Clock::now() > std::min(end, start + patience.most)) return;
       std::this_thread::sleep_for(kLockPoll);
     }
+    _isHeld = _file >= 0;
   }
   FileLock(const FileLock&) = delete;
   FileLock& operator=(const FileLock&) = delete;
@@ -53,15 +57,32 @@ class FileLock {
     if (_file >= 0) close(_file);
   }
 
+  [[nodiscard]] bool isHeld() const { return _isHeld; }
+
  private:
   using Clock = std::chrono::steady_clock;
 
   int _file;
+  bool _isHeld = false;
 };
 
 fs::path with(const fs::path& path, std::string_view ending) {
   fs::path result = path;
   return result += ending;
+}
+
+/// Takes away what killed programs left. Whoever writes has its file locked.
+void removeLeftovers(const fs::path& settings) {
+  const std::string begin = with(settings.filename(), kPartEnding).native();
+  std::error_code error;
+  for (fs::directory_iterator entry(settings.parent_path(), error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (!entry->path().filename().native().starts_with(begin)) continue;
+    const int file = open(entry->path().c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (file < 0) continue;
+    if (flock(file, LOCK_EX | LOCK_NB) == 0) unlink(entry->path().c_str());
+    close(file);
+  }
 }
 
 bool readAll(int file, std::string& text) {
@@ -141,15 +162,17 @@ bool SettingsFile::set(const std::string& key, const std::string& value) const {
   std::error_code error;
   fs::create_directories(_path.parent_path(), error);
   const FileLock lock(_path, _patience);
+  if (lock.isHeld()) removeLeftovers(_path);
   SettingsText::Values values = loadOrSetAside();
   values[key] = value;
   return save(values);
 }
 
 bool SettingsFile::save(const SettingsText::Values& values) const {
-  std::string name = with(_path, ".XXXXXX").native();
+  std::string name = with(_path, kAnyPart).native();
   const int file = mkostemp(name.data(), O_CLOEXEC);
   if (file < 0) return false;
+  flock(file, LOCK_EX | LOCK_NB);
   const bool isWritten = writeAll(file, SettingsText::write(values));
   close(file);
   if (isWritten && std::rename(name.c_str(), _path.c_str()) == 0) return true;

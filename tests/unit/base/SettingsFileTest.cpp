@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <string>
 #include <thread>
 
@@ -70,6 +71,35 @@ TEST_F(SettingsFileTest, MakesItsFolders) {
 
 TEST_F(SettingsFileTest, LeavesNoTemporaryFile) {
   EXPECT_TRUE(settings.set("a", "1"));
+  EXPECT_THAT(folder.names(), testing::ElementsAre("settings", "settings.lock"));
+}
+
+TEST_F(SettingsFileTest, RemovesWhatAKilledProgramLeftAndNothingElse) {
+  folder.file("settings.part-abc123", {});
+  folder.file("settings.backup", {});
+  const fs::path used = folder.file("settings.part-def456", {});
+  const int other = open(used.c_str(), O_WRONLY);
+  ASSERT_EQ(flock(other, LOCK_EX), 0);
+  EXPECT_TRUE(settings.set("a", "1"));
+  close(other);
+  EXPECT_THAT(folder.names(), testing::ElementsAre("settings", "settings.backup", "settings.lock",
+                                                   "settings.part-def456"));
+}
+
+TEST_F(SettingsFileTest, AKillAtAnyMomentLosesNothing) {
+  ASSERT_TRUE(settings.set("kept", "1"));
+  for (int kill = 0; kill < 60; ++kill) {
+    const pid_t other = fork();
+    if (other == 0) {
+      for (int i = 0;; ++i) (void)settings.set("changed", std::to_string(i % 7));
+    }
+    std::this_thread::sleep_for(std::chrono::microseconds(100 * kill));
+    ::kill(other, SIGKILL);
+    ASSERT_EQ(waitpid(other, nullptr, 0), other);
+    ASSERT_EQ(settings.get("kept"), "1");
+    ASSERT_THAT(settings.get("changed").value_or("0"), testing::MatchesRegex("[0-6]"));
+  }
+  EXPECT_TRUE(settings.set("changed", "7"));
   EXPECT_THAT(folder.names(), testing::ElementsAre("settings", "settings.lock"));
 }
 
