@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include <alsa/ump_msg.h>
+#include <alsa/asoundlib.h>
 
 #include <algorithm>
 

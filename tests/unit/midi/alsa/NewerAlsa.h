@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <alsa/ump_msg.h>
+#include <alsa/asoundlib.h>
 
 #include <deque>
 #include <vector>

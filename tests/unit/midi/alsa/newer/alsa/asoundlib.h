@@ -5,7 +5,8 @@
 // As much of a newer alsa-lib as the packets' wire uses, for tests where the installed one is
 // older. `NewerAlsa.cpp` stands in for what is behind it.
 
-#include <alsa/asoundlib.h>
+#pragma GCC system_header  // as the one that it stands before
+#include_next <alsa/asoundlib.h>
 
 #include <cstring>
 
