@@ -16,7 +16,7 @@ import unittest
 
 from mixdeck import CLI, Case, FIRST_SAMPLE, as_nobody, without_unnamed_files
 
-KILLS = 80  # of each of five kinds
+KILLS = int(os.environ.get("MIXDECK_KILLS", "80"))  # of each of five kinds
 STEPS = 40  # moments over the time of a run
 OLD = b"the old file" * 1000
 

@@ -1,0 +1,146 @@
+# SPDX-FileCopyrightText: 2026 The Mixdeck developers
+# SPDX-License-Identifier: MIT
+"""The window, killed at any moment of an export, a replacement, or a change of its settings.
+
+MIXDECK_KILLS is how often it is killed, all kinds together (6).
+"""
+
+import os
+import random
+import re
+import subprocess
+import time
+import unittest
+
+from window import CLI, WINDOW, Case, noise
+
+KILLS = int(os.environ.get("MIXDECK_KILLS", "6"))
+DATE = slice(56 + 320, 56 + 338)  # of origination, in the broadcast extension
+OLD = b"the old file" * 1000
+LEFT = re.compile(r"\.mixdeck-[0-9a-f]{16}\.part")
+RATE = 3000000  # bytes a second: an export of the take lasts a good part of a second
+SPAN = 1.2
+
+
+def undated(content):
+    return content[:DATE.start] + content[DATE.stop:]
+
+
+class KilledTest(Case):
+    def setUp(self):
+        super().setUp()
+        self.chance = random.Random(1)
+        self.take("R0001.WAV", noise(300000, 24))
+        self.target = self.takes / "out.WAV"
+        tool = self.home / "tool.wav"
+        subprocess.run([CLI, "export", "--angle", "75", "--output", tool, self.takes / "R0001.WAV"], check=True)
+        self.new = undated(tool.read_bytes())
+
+    def slow(self):
+        return {"LD_PRELOAD": os.environ["SLOW_READS"], "MIXDECK_SLOW_RATE": str(RATE),
+                "MIXDECK_SLOW_FOLDER": str(self.takes.resolve())}
+
+    def exporting(self):
+        """The program, whose export to the target has just been ordered."""
+        program = self.start(self.takes / "R0001.WAV", environment=self.slow())
+        program.wait(lambda: program.find("push button", "Export").has("enabled"), "the take")
+        program.find("dial", "Stereo width").value = 75
+        program.wait_label("75°")
+        program.find("push button", "Export").click()
+        program.find("push button", "Save").click()
+        panel = program.find("dialog", "Saving checkboard...")
+        edit = program.wait(lambda: next((item for item in panel.walk()
+                                          if item.role == "text" and item.text), None), "the name")
+        edit.click()
+        program.key("ctrl+a")
+        program.type("out")
+        program.wait(lambda: edit.text == "out", "the typed name")
+        button = next(item for item in panel.walk() if item.name == "Save")
+        if self.target.exists():
+            button.act("Press")
+            button = program.find("push button", "Replace")
+        button.act("Press")
+        return program
+
+    def kill_an_export(self, before):
+        program = self.exporting()
+        time.sleep(self.chance.random() * SPAN)
+        program.process.kill()
+        program.process.wait()
+        content = self.target.read_bytes() if self.target.exists() else None
+        is_new = content is not None and undated(content) == self.new
+        if not is_new:
+            self.assertEqual(content, before)
+        rest = {path.name for path in self.takes.iterdir()} - {"R0001.WAV", "out.WAV"}
+        self.assertLessEqual(len(rest), 1 if before else 0)
+        for name in rest:
+            self.assertRegex(name, LEFT)
+        return is_new
+
+    def test_an_export(self):
+        count = KILLS // 3
+        new = 0
+        for _ in range(count):
+            self.target.unlink(missing_ok=True)
+            new += self.kill_an_export(None)
+        print(f"{count} kills in an export: the new file {new} times")
+
+    def test_a_replacement(self):
+        count = KILLS // 3
+        new = 0
+        for _ in range(count):
+            self.target.write_bytes(OLD)
+            new += self.kill_an_export(OLD)
+        print(f"{count} kills in a replacement: the new file {new} times")
+        subprocess.run([CLI, "export", "--force", "--output", self.target,
+                        self.takes / "R0001.WAV"], check=True)
+        self.assertEqual(sorted(path.name for path in self.takes.iterdir()),
+                         ["R0001.WAV", "out.WAV"])
+
+    # ---- settings: the window stores the folder that it shows ----
+
+    def start_and_store(self, folder, delay):
+        """Starts the window on the folder, without a desktop, and kills it `delay` s later; without
+        one, when the folder is stored. Returns how long it was there."""
+        environment = {"HOME": str(self.home), "PATH": os.environ["PATH"],
+                       "QT_QPA_PLATFORM": "offscreen", "PULSE_SERVER": f"unix:{self.home}/none"}
+        begun = time.monotonic()
+        process = subprocess.Popen([WINDOW, folder], env=environment, stderr=subprocess.DEVNULL)
+        if delay is None:
+            while not self.settings.read_text().endswith(f"{folder}\n"):
+                self.assertIsNone(process.poll())
+                time.sleep(0.001)
+                self.assertLess(time.monotonic(), begun + 60)
+        else:
+            time.sleep(delay)
+        process.kill()
+        process.wait()
+        return time.monotonic() - begun
+
+    def test_settings(self):
+        folders = [self.home / name for name in ("one", "two")]
+        for folder in folders:
+            folder.mkdir()
+        self.know_introduction()
+        texts = [f"mixdeck-settings 1\nUD_DO_NOT_SHOW_AGAIN={self.version()}\n"
+                 f"UD_LAST_OPEN_FOLDER={folder}\n" for folder in folders]
+        self.start_and_store(folders[0], None)
+        self.assertEqual(self.settings.read_text(), texts[0])
+        stored = 0
+        count = KILLS - 2 * (KILLS // 3)
+        for _ in range(count):
+            before = texts.index(self.settings.read_text())
+            span = self.start_and_store(folders[1 - before], None)
+            self.start_and_store(folders[before], span * (0.8 + 0.4 * self.chance.random()))
+            self.assertIn(self.settings.read_text(), texts)
+            stored += texts.index(self.settings.read_text()) == before
+            names = {path.name for path in self.settings.parent.iterdir()}
+            rest = names - {"settings", "settings.lock"}
+            self.assertLessEqual(len(rest), 1)
+            for name in rest:
+                self.assertRegex(name, r"settings\.part-\w{6}")
+        print(f"{count} kills in a change of settings: stored {stored} times")
+
+
+if __name__ == "__main__":
+    unittest.main()
