@@ -18,20 +18,25 @@ std::shared_ptr<const NotificationCenter::Entries> NotificationCenter::entries()
 void NotificationCenter::addObserver(const void* target, Observer observer, std::string_view name) {
   const std::lock_guard lock(_mutex);
   auto changed = std::make_shared<Entries>(*_entries);
-  changed->push_back({target, std::string(name), std::move(observer)});
+  changed->push_back(std::make_shared<Entry>(target, name, std::move(observer)));
   _entries = std::move(changed);
 }
 
 void NotificationCenter::removeObserver(const void* target) {
   const std::lock_guard lock(_mutex);
   auto changed = std::make_shared<Entries>(*_entries);
-  std::erase_if(*changed, [target](const Entry& entry) { return entry.target == target; });
+  std::erase_if(*changed, [target](const std::shared_ptr<Entry>& entry) {
+    const bool isTheirs = entry->target == target;
+    if (isTheirs) entry->isRemoved = true;
+    return isTheirs;
+  });
   _entries = std::move(changed);
 }
 
 void NotificationCenter::post(const Notification& notification) const {
   const auto snapshot = entries();
-  for (const Entry& entry : *snapshot) {
-    if (entry.name == notification.name) entry.observer(notification);
+  for (const auto& entry : *snapshot) {
+    const bool isMeant = entry->name == notification.name && !entry->isRemoved;
+    if (isMeant) entry->observer(notification);
   }
 }

@@ -120,4 +120,15 @@ TEST_F(EBTest, AHandlerMaySubscribeAndLeaveWhileItIsTold) {
   EXPECT_EQ(calls, 11);
 }
 
+TEST_F(EBTest, WhoIsRemovedByAnotherHandlerIsNotToldAnyMore) {
+  NotificationCenter center;
+  int calls = 0;
+  center.addObserver(
+      &center, [&](const Notification&) { center.removeObserver(&calls); }, "X");
+  center.addObserver(
+      &calls, [&](const Notification&) { ++calls; }, "X");
+  center.post({"X", {}});
+  EXPECT_EQ(calls, 0);
+}
+
 }  // namespace
