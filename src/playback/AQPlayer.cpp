@@ -12,12 +12,12 @@
 namespace {
 
 constexpr double kMsPerSecond = 1000.0;
+constexpr double kEnd = 1.0;
 
 }  // namespace
 
 AQPlayer::AQPlayer(std::string filePath, std::unique_ptr<AudioFile> opened)
-    : _filePath(std::move(filePath)), _playing(PlayingFile::get()) {
-  _playing.takeOver(this);
+    : _filePath(std::move(filePath)), _playing(PlayingFile::get()), _number(_playing.takeOver()) {
   _playing.AQOpenFile(_filePath, std::move(opened));
   _playing.AQSetUpQueue();
 }
@@ -30,17 +30,20 @@ AQPlayerState& AQPlayer::state() const {
   return _playing.state();
 }
 
+// Whatever primes calls the data callback, which may delete the player: no member is touched then.
 void AQPlayer::play(bool resume) {
-  AQPlayerState& s = state();
+  PlayingFile& playing = _playing;
+  const std::uint64_t number = _number;
+  AQPlayerState& s = playing.state();
   if (_filePath.empty() || !s.queue) return;
-  if (s.queue->isLost()) recover(resume);
   s.isDone = false;
-  if (!resume) {
+  if (s.queue->isLost()) recover(resume);
+  if (!resume && playing.isReadyFor(number)) {
     s.currentPacket = 0;
-    if (s.queue) s.queue->rewind();
-    _playing.prime();
+    s.queue->rewind();
+    playing.prime();
   }
-  if (s.queue) s.queue->start();
+  if (playing.isReadyFor(number)) s.queue->start();
 }
 
 // What a vanished sound system still held is read again: it was not heard.
@@ -66,14 +69,17 @@ void AQPlayer::seekTo(std::int64_t packet) {
   _playing.prime();
 }
 
+// The stop tells listeners, who may clean up, or delete this player and make another.
 void AQPlayer::setPosition(double position, bool play) {
-  AQPlayerState& s = state();
+  PlayingFile& playing = _playing;
+  const std::uint64_t number = _number;
+  AQPlayerState& s = playing.state();
   if (s.queue) s.queue->stop(AudioQueue::Stop::Immediately);
-  if (!s.isInitialized) return;  // the listener has cleaned up
-  const double fraction = position > 0.0 ? std::min(position, 1.0) : 0.0;
+  if (!playing.isReadyFor(number)) return;
+  const double fraction = position > 0.0 ? std::min(position, kEnd) : 0.0;
   seekTo(static_cast<std::int64_t>(static_cast<double>(s.packetCount) * fraction));
-  // At the very end there is nothing to start, and the stop above has told so already.
-  if (play && _playing.hasMore()) s.queue->start();
+  // A queue without a buffer is started too, for its end to be told. At the very end it has been.
+  if (play && position != kEnd && playing.isReadyFor(number)) s.queue->start();
 }
 
 double AQPlayer::timeFromPosition(double position) const {
@@ -98,7 +104,8 @@ void AQPlayer::setVolume(double volume) {
 }
 
 void AQPlayer::setDataCB(AQDataCallback callback) {
-  state().dataCallback = std::move(callback);
+  state().dataCallback =
+      callback ? std::make_shared<const AQDataCallback>(std::move(callback)) : nullptr;
 }
 
 void AQPlayer::setLostCB(std::function<void(const std::string& why)> callback) {
@@ -106,7 +113,7 @@ void AQPlayer::setLostCB(std::function<void(const std::string& why)> callback) {
 }
 
 void AQPlayer::cleanUp() {
-  if (_playing.belongsTo(this)) _playing.cleanUp();
+  if (_playing.belongsTo(_number)) _playing.cleanUp();
 }
 
 std::uint64_t AQPlayer::underruns() const {

@@ -17,8 +17,8 @@ class PlayingFile;
 /// last, and the one before is cleaned up first. Fires "EB_PLAY_FINISH" whenever the queue has
 /// stopped, at the end and in every seek. Errors are logged and kept (`readFailure`), or told
 /// (`setLostCB`): a file that cannot be opened plays nothing. Owner's thread only, which has an
-/// event loop; the data callback and the event come on it too. Times are milliseconds, `duration`
-/// is seconds.
+/// event loop; the data callback and the event come on it too, and may delete the player and make
+/// another. Times are milliseconds, `duration` is seconds.
 class AQPlayer {
  public:
   /// Waits for the medium, unless the file is given `opened` already.
@@ -58,5 +58,6 @@ class AQPlayer {
 
   std::string _filePath;
   PlayingFile& _playing;
+  std::uint64_t _number;  ///< by which the playing file knows whose it is
   double _seek_time = 0;  ///< ms from the start of the file to where the queue began
 };

@@ -34,7 +34,7 @@ struct AQPlayerState {
   bool isInitialized = false;
   std::string openedPath;
   double durationSeconds = 0;
-  AQDataCallback dataCallback;
+  std::shared_ptr<const AQDataCallback> dataCallback;  ///< shared with a call under way
 
   std::function<void(const std::string& why)> lostCallback;
   float volume = 1.0F;          ///< for an output made anew

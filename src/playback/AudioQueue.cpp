@@ -99,15 +99,20 @@ AudioSource::Pulled AudioQueue::pull(std::span<float> to) {
   return pulled;
 }
 
+// Each call may delete the queue, and the callback with it: a copy is called.
 void AudioQueue::outputProgressed() {
+  const std::weak_ptr<bool> alive = _isAlive;
+  const auto refill = _callbacks.refill;
   while (const auto buffer = _played.pop()) {
-    if (_callbacks.refill) _callbacks.refill(**buffer);
+    if (refill) refill(**buffer);
+    if (alive.expired()) return;
   }
 }
 
 void AudioQueue::outputDrained() {
+  const std::weak_ptr<bool> alive = _isAlive;
   outputProgressed();
-  if (!_isStopping || !_isRunning) return;
+  if (alive.expired() || !_isStopping || !_isRunning) return;
   _isStopping = false;
   _output.pause();
   setRunning(false);

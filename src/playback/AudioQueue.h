@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -21,8 +22,8 @@
 /// loop then calls `refill` with it. Nothing in here allocates or locks for a buffer; what the
 /// event loop and the sound system's library do on their way is theirs.
 ///
-/// Threads: `pull` on the output's, everything else and all callbacks on the owner's. All callbacks
-/// but `refill` may delete the queue.
+/// Threads: `pull` on the output's, everything else and all callbacks on the owner's. Every
+/// callback may delete the queue.
 class AudioQueue : private AudioSource, private AudioOutputListener {
  public:
   static constexpr std::size_t kBuffers = 3;
@@ -61,8 +62,6 @@ class AudioQueue : private AudioSource, private AudioOutputListener {
   void stop(Stop how);
 
   [[nodiscard]] bool isRunning() const { return _isRunning; }
-  /// No buffer waits to be played.
-  [[nodiscard]] bool isEmpty() const { return !_queued.front(); }
   /// The output has gone; nothing plays any more.
   [[nodiscard]] bool isLost() const { return _isLost; }
   /// Frames heard since the queue was started.
@@ -84,6 +83,7 @@ class AudioQueue : private AudioSource, private AudioOutputListener {
   SpscRing<AudioQueueBuffer*, kBuffers> _queued;  ///< owner to output
   SpscRing<AudioQueueBuffer*, kBuffers> _played;  ///< output to owner
   std::size_t _frameInFront = 0;  ///< the output's: frames taken of the first buffer
+  std::shared_ptr<bool> _isAlive = std::make_shared<bool>(true);  ///< held weakly by its operations
   bool _isRunning = false;
   bool _isStopping = false;
   bool _isLost = false;

@@ -27,16 +27,18 @@ PlayingFile& PlayingFile::get() {
   return *kOnly;
 }
 
-void PlayingFile::takeOver(const AQPlayer* player) {
+std::uint64_t PlayingFile::takeOver() {
   _state.queue.reset();  // before the output that it stands on
   _state = AQPlayerState();
-  _player = player;
+  ++_queues;
+  return ++_player;
 }
 
 void PlayingFile::cleanUp() {
   if (_state.output) _state.underruns += _state.output->underruns();
   _state.waiting.clear();
   _state.queue.reset();
+  ++_queues;
   _state.output.reset();
   _state.audioFile.reset();
   _state.openedPath.clear();
@@ -101,6 +103,7 @@ void PlayingFile::AQSetUpQueue() {
   const bool isLost = _state.queue && _state.queue->isLost();
   _state.waiting.clear();
   _state.queue.reset();
+  ++_queues;
   if (!_state.output || isLost) makeOutput();
   _state.isInitialized = _state.audioFile && _state.output;
   if (!_state.isInitialized) return;
@@ -117,13 +120,12 @@ void PlayingFile::AQSetUpQueue() {
 }
 
 void PlayingFile::prime() {
-  if (!_state.queue) return;
   _state.waiting.clear();
-  for (AudioQueueBuffer& buffer : _state.queue->buffers()) AQOutputCallback(buffer);
-}
-
-bool PlayingFile::hasMore() const {
-  return _state.queue && (!_state.queue->isEmpty() || !_state.waiting.empty());
+  const std::uint64_t queue = _queues;
+  for (std::size_t i = 0; _state.queue && i < AudioQueue::kBuffers; ++i) {
+    AQOutputCallback(_state.queue->buffers()[i]);
+    if (_queues != queue) return;
+  }
 }
 
 AudioFile::Read PlayingFile::readPackets(AudioQueueBuffer& buffer) {
@@ -147,16 +149,26 @@ void PlayingFile::AQOutputCallback(AudioQueueBuffer& buffer) {
   }
   buffer.byteSize = read.frames * _state.dataFormat.bytesPerPacket;
   buffer.packetDescriptionCount = read.frames;
-  if (_state.dataCallback) {
-    _state.dataCallback(buffer, _state.dataFormat, _state.currentPacket);
-  }
+  if (!process(buffer)) return;
   _state.queue->enqueue(buffer);
   _state.currentPacket += read.frames;
 }
 
 void PlayingFile::AQFileArrived() {
   const auto waiting = std::exchange(_state.waiting, {});
-  for (AudioQueueBuffer* const buffer : waiting) AQOutputCallback(*buffer);
+  const std::uint64_t queue = _queues;
+  for (AudioQueueBuffer* const buffer : waiting) {
+    AQOutputCallback(*buffer);
+    if (_queues != queue) return;
+  }
+}
+
+// False when the buffer and its queue have gone meanwhile.
+bool PlayingFile::process(AudioQueueBuffer& buffer) {
+  const std::uint64_t queue = _queues;
+  const auto callback = _state.dataCallback;
+  if (callback) (*callback)(buffer, _state.dataFormat, _state.currentPacket);
+  return _queues == queue;
 }
 
 void PlayingFile::AQIsRunningListener() {

@@ -8,8 +8,6 @@
 
 #include "playback/AQPlayerState.h"
 
-class AQPlayer;
-
 /// The playing file of the process: the one `AQPlayerState`, which player it belongs to, and what
 /// happens between file and queue.
 ///
@@ -22,9 +20,14 @@ class PlayingFile {
   PlayingFile(const PlayingFile&) = delete;
   PlayingFile& operator=(const PlayingFile&) = delete;
 
-  /// Forgets the file, queue and output that were there; the state is new, and `player`'s.
-  void takeOver(const AQPlayer* player);
-  [[nodiscard]] bool belongsTo(const AQPlayer* player) const { return _player == player; }
+  /// Forgets the file, queue and output that were there; the state is new. Returns the number by
+  /// which the player that took over is known: an address may soon be another player's.
+  std::uint64_t takeOver();
+  [[nodiscard]] bool belongsTo(std::uint64_t player) const { return _player == player; }
+  /// There is a queue, and it is this player's.
+  [[nodiscard]] bool isReadyFor(std::uint64_t player) const {
+    return belongsTo(player) && _state.isInitialized;
+  }
   /// Disposes of queue and output, closes the file and drops the callbacks.
   void cleanUp();
 
@@ -36,10 +39,8 @@ class PlayingFile {
   /// None without a back end for file or output.
   void AQSetUpQueue();
   /// Fills all three buffers from the current packet on; those whose frames are late are filled
-  /// when these have come.
+  /// when these have come. The data callback may end it.
   void prime();
-  /// Something is queued to be played, or waits for its frames.
-  [[nodiscard]] bool hasMore() const;
   void setVolume(float volume);
   /// Milliseconds that this many frames last; 0 without an open file.
   [[nodiscard]] double milliseconds(double frames) const;
@@ -55,6 +56,7 @@ class PlayingFile {
 
   void AQOutputCallback(AudioQueueBuffer& buffer);
   void AQFileArrived();
+  bool process(AudioQueueBuffer& buffer);
   void AQIsRunningListener();
   void AQOutputLost(const std::string& why);
   void failToOpen(const std::string& why);
@@ -62,5 +64,6 @@ class PlayingFile {
   AudioFile::Read readPackets(AudioQueueBuffer& buffer);
 
   AQPlayerState _state;
-  const AQPlayer* _player = nullptr;
+  std::uint64_t _player = 0;  ///< number of the player whose file it is
+  std::uint64_t _queues = 0;  ///< how many there have been
 };

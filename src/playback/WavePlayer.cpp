@@ -45,7 +45,8 @@ void WavePlayer::notifyStateChanged() {
   if (const auto delegate = _delegate.lock()) delegate->WavePlayerStateChanged();
 }
 
-// The delegate may delete the player: nothing is touched after it was told.
+// The delegate may delete the player: nothing is touched after it was told, but where `_self` says
+// that it is still there. The same goes for a seek, which fires the event of the end.
 void WavePlayer::setState(PlayState state) {
   changeState(state);
   notifyStateChanged();
@@ -72,14 +73,17 @@ void WavePlayer::play() {
     _player->play(_play_state == PLAY_STATE_PAUSE);
     return setState(PLAY_STATE_PLAY);
   }
+  const std::weak_ptr<WavePlayer*> alive = _self;
   setState(PLAY_STATE_PLAY);
+  if (!alive.expired()) startOver();
+  if (!alive.expired()) _player->setVolume(_volume);
+}
+
+void WavePlayer::startOver() {
   if (_setPositionOldVal != kNoPosition && _setPositionOldVal != kEnd) {
-    _player->play(false);
-  } else {
-    setPosition(0.0);
-    _isSeeking = false;
+    return _player->play(false);
   }
-  _player->setVolume(_volume);
+  setPosition(0.0);
 }
 
 void WavePlayer::pause() {
@@ -98,7 +102,9 @@ void WavePlayer::setPosition(double position) {
   _isSeeking = position != kEnd;  // a seek to the very end is a real finish
   _setPositionOldVal = position;
   const bool wasPlaying = _play_state == PLAY_STATE_PLAY;
+  const std::weak_ptr<WavePlayer*> alive = _self;
   _player->setPosition(position, wasPlaying);
+  if (alive.expired()) return;
   _isSeeking = false;
   _player->setVolume(_volume);
   if (position == kEnd) return setState(PLAY_STATE_FINISH);

@@ -126,6 +126,7 @@ class WavePlayer {
  private:
   void processFrames(std::span<float> frames);
   void setState(PlayState state);
+  void startOver();
   void outputLost(const std::string& why);
 
   std::string _fileUrl;

@@ -75,12 +75,17 @@ void NullOutput::passMillisecond() {
   playFrames(frames);
 }
 
-// The last call may delete this output.
+// Each call may delete this output.
 void NullOutput::deliver() {
+  const std::weak_ptr<bool> alive = _isAlive;
   if (_hasProgressed && _listener != nullptr) {
     _hasProgressed = false;
     _listener->outputProgressed();
   }
+  if (!alive.expired()) deliverEnd();
+}
+
+void NullOutput::deliverEnd() {
   if (_listener == nullptr) return;
   if (_isLost && !_why.empty()) {
     const std::string why = std::exchange(_why, {});

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <vector>
@@ -45,6 +46,7 @@ class NullOutput : public AudioOutput, private VirtualClock::Dial {
  private:
   void passMillisecond() override;
   void deliver() override;
+  void deliverEnd();
   void takeFrames();
   void playFrames(std::size_t frames);
 
@@ -65,4 +67,5 @@ class NullOutput : public AudioOutput, private VirtualClock::Dial {
   bool _hasDrained = false;
   bool _isLost = false;
   std::string _why;
+  std::shared_ptr<bool> _isAlive = std::make_shared<bool>(true);  ///< held weakly by `deliver`
 };

@@ -89,7 +89,8 @@ void PulseOutput::deliverEnd() {
   if (_listener == nullptr) return;
   if (_controls->isLost.load() && !_isLossTold) {
     _isLossTold = true;
-    return _listener->outputLost(_controls->why);
+    const std::string why = _controls->why;
+    return _listener->outputLost(why);
   }
   const std::uint32_t drained = _controls->drained.exchange(PulseControls::kNoDrain);
   if (drained != _controls->flushes.load()) return;

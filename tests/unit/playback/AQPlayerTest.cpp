@@ -322,6 +322,57 @@ TEST_F(AQPlayerTest, AListenerMayCleanUpInTheMiddleOfASeek) {
   EXPECT_EQ(finishes(), 1U);
 }
 
+TEST_F(AQPlayerTest, AListenerMayMakeAnotherPlayerInTheMiddleOfASeek) {
+  useFloatFile(48000);
+  auto player = std::make_unique<AQPlayer>("x");
+  NotificationCenter::defaultCenter().addObserver(
+      this,
+      [&](const Notification&) {
+        NotificationCenter::defaultCenter().removeObserver(this);
+        player.reset();
+        player = std::make_unique<AQPlayer>("y");  // most likely at the same address
+      },
+      EB::kPlayFinish);
+  player->play(false);
+  clock.advance(50);
+  player->setPosition(0.5, true);
+  EXPECT_EQ(player->currentTime(), 0.0) << "the seek was the other one's";
+  clock.advance(100);
+  EXPECT_TRUE(output->played().empty());
+}
+
+TEST_F(AQPlayerTest, ADataCallbackMayDeleteThePlayer) {
+  useFloatFile(48000);
+  auto player = std::make_unique<AQPlayer>("x");
+  player->setDataCB([&](AudioQueueBuffer&, const AudioFormat&, std::int64_t packet) {
+    if (packet > 0) player.reset();
+  });
+  player->play(false);
+  EXPECT_EQ(player, nullptr);
+  player = std::make_unique<AQPlayer>("y");
+  player->setDataCB([&](AudioQueueBuffer&, const AudioFormat&, std::int64_t packet) {
+    if (packet > 24000) player.reset();
+  });
+  player->play(false);
+  clock.advance(1000);
+  EXPECT_EQ(player, nullptr);
+}
+
+TEST_F(AQPlayerTest, ASeekToWhatCannotBeReadEndsAsTheEndDoes) {
+  useFloatFile(48000);
+  badFrame = 24000;
+  AQPlayer player("x");
+  player.play(false);
+  clock.advance(50);
+  testing::internal::CaptureStdout();
+  player.setPosition(0.5, true);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "AudioFileReadPackets failed: 7\n");
+  EXPECT_EQ(finishes(), 1U) << "the seek's own";
+  clock.advance(50);
+  EXPECT_EQ(finishes(), 2U);
+  EXPECT_EQ(player.currentTime(), 500.0);
+}
+
 TEST_F(AQPlayerTest, AShortStallOfTheOwnerIsNotHeard) {
   useFloatFile(96000);
   AQPlayer player("x");

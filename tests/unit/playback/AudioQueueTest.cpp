@@ -121,6 +121,28 @@ TEST_F(AudioQueueTest, ACallbackMayDeleteTheQueue) {
   EXPECT_EQ(other.get(), raw);
 }
 
+TEST_F(AudioQueueTest, ARefillMayDeleteQueueAndOutput) {
+  int calls = 0;
+  queue.reset();
+  queue = std::make_unique<AudioQueue>(*made, kFloat,
+                                       AudioQueue::Callbacks{[&](AudioQueueBuffer&) {
+                                                               ++calls;
+                                                               queue.reset();
+                                                               made.reset();
+                                                             },
+                                                             {},
+                                                             {}});
+  queue->allocateBuffers(kFrames * 8);
+  for (AudioQueueBuffer& buffer : queue->buffers()) enqueue(buffer);
+  queue->stop(AudioQueue::Stop::AfterDraining);
+  queue->start();
+  clock.setOwnerStalled(true);
+  clock.advance(100);  // all three wait to be refilled
+  clock.setOwnerStalled(false);
+  clock.advance(1);
+  EXPECT_EQ(calls, 1);
+}
+
 TEST(SpscRing, TakesAsMuchAsItHolds) {
   SpscRing<int, 3> ring;
   EXPECT_EQ(ring.pop(), std::nullopt);

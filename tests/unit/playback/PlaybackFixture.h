@@ -29,6 +29,7 @@ class PlaybackFixture : public testing::Test {
     AudioBackends::addFile("memory", [this] {
       auto made = std::make_unique<MemoryAudioFile>(format, packets);
       made->failAt(badFrame, 7);
+      file = made.get();
       return made;
     });
     AudioBackends::addOutput("memory", [this](const AudioOutput::Format& outputFormat) {
@@ -78,6 +79,7 @@ class PlaybackFixture : public testing::Test {
   AudioFormat format = kFloat;
   std::vector<std::byte> packets;
   std::uint64_t badFrame = UINT64_MAX;
+  MemoryAudioFile* file = nullptr;
   MemoryOutput* output = nullptr;
   int outputsMade = 0;
 };

@@ -114,6 +114,30 @@ TEST_F(Application, WithoutAServerTheOutputIsLostSoon) {
   EXPECT_EQ(source.pulls, 0);
 }
 
+/// Deletes the output that tells it of its loss, as a player does that is let go then.
+class EndingListener : public LossListener {
+ public:
+  explicit EndingListener(std::unique_ptr<PulseOutput>& output) : _output(output) {}
+  void outputLost(const std::string& why) override {
+    _output.reset();
+    lost = why;
+  }
+
+ private:
+  std::unique_ptr<PulseOutput>& _output;
+};
+
+TEST_F(Application, AReasonOutlivesTheOutputThatToldIt) {
+  const TemporaryFolder folder;
+  const EnvironmentVariable server("PULSE_SERVER", "unix:" + folder.path().native() + "/nobody");
+  auto output = std::make_unique<PulseOutput>(AudioOutput::Format{48000, 2});
+  EndingListener listener(output);
+  output->attach(nullptr, &listener);
+  output->start();
+  EXPECT_TRUE(EventLoop::runUntil([&] { return !listener.lost.empty(); }));
+  EXPECT_EQ(listener.lost, "There is no sound server (Connection refused).");
+}
+
 // The library would end the program, and so it does here where it is asked at all.
 TEST(PulseStream, AsksNoServerForAFormatThatNoneTakes) {
   for (const AudioOutput::Format format :

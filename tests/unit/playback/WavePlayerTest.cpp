@@ -372,6 +372,89 @@ TEST_F(WavePlayerTest, ALossWhilePausedIsNotedByTheNextPlayOnly) {
   EXPECT_EQ(output->played(), ramp(9600, 48000));
 }
 
+TEST_F(WavePlayerTest, ASeekToWhatCannotBeReadFinishes) {
+  badFrame = 24000;
+  open();
+  forwardFinish();
+  player->play();
+  clock.advance(50);
+  takeStates();
+  player->setPosition(0.5);
+  EXPECT_THAT(takeStates(), ElementsAre(kPlay));
+  clock.advance(50);
+  EXPECT_THAT(takeStates(), ElementsAre(kFinish));
+}
+
+TEST_F(WavePlayerTest, AReplayOfWhatCannotBeReadAnyMoreFinishes) {
+  open(9600);
+  forwardFinish();
+  player->play();
+  clock.advance(400);
+  takeStates();
+  file->failAt(0, 5);
+  for (int i = 0; i < 2; ++i) {
+    player->play();
+    EXPECT_THAT(takeStates(), ElementsAre(kPlay, kPlay));
+    clock.advance(50);
+    EXPECT_THAT(takeStates(), ElementsAre(kFinish));
+  }
+}
+
+TEST_F(WavePlayerTest, ATakeWithoutFramesFinishesEachTime) {
+  open(0);
+  forwardFinish();
+  for (std::size_t i = 0; i < 3; ++i) {
+    player->play();
+    clock.advance(50);
+    EXPECT_EQ(takeStates().back(), kFinish) << i;
+    EXPECT_EQ(finishes(), i + 1U);
+  }
+}
+
+TEST_F(WavePlayerTest, ASeekBeyondTheEndFinishes) {
+  open();
+  forwardFinish();
+  player->play();
+  clock.advance(50);
+  takeStates();
+  player->setPosition(1.5);
+  clock.advance(50);
+  EXPECT_THAT(takeStates(), ElementsAre(kPlay, kFinish));
+}
+
+/// Ends the player as soon as it is in a state.
+class Ending : public WavePlayerDelegate {
+ public:
+  Ending(std::unique_ptr<WavePlayer>& player, PlayState at) : _player(player), _at(at) {}
+
+  void WavePlayerStateChanged() override {
+    if (_player && _player->play_state() == _at) _player.reset();
+  }
+
+ private:
+  std::unique_ptr<WavePlayer>& _player;
+  PlayState _at;
+};
+
+TEST_F(WavePlayerTest, ADelegateMayDeleteThePlayerThatStartsOver) {
+  open(4800);
+  player->playFinish();
+  const auto ending = std::make_shared<Ending>(player, kPlay);
+  player->setDelegate(ending);
+  player->play();
+  EXPECT_EQ(player, nullptr);
+}
+
+TEST_F(WavePlayerTest, AListenerMayDeleteThePlayerInTheMiddleOfASeek) {
+  open();
+  player->play();
+  clock.advance(50);
+  NotificationCenter::defaultCenter().addObserver(
+      this, [this](const Notification&) { player.reset(); }, EB::kPlayFinish);
+  player->setPosition(0.5);
+  EXPECT_EQ(player, nullptr);
+}
+
 TEST_F(WavePlayerTest, CleanUpKeepsTheState) {
   open();
   forwardFinish();
