@@ -39,6 +39,9 @@ struct AudioFormat {
   std::uint32_t channelsPerFrame = 0;
   std::uint32_t bitsPerChannel = 0;  ///< of the file
   SampleType sampleType = SampleType::None;
+  /// Which speakers the channels are for, in their order: bits as in a WAVE file's extensible
+  /// format, 1 front left, 2 front right, 4 front centre and so on. 0 where the file does not tell.
+  std::uint32_t channelMask = 0;
 };
 
 /// One of the buffers that rotate between a player, which fills it, and the output.

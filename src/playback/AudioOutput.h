@@ -46,13 +46,19 @@ class AudioOutputListener {
 /// The seam to the sound system: one stream of floats, stopped at first.
 ///
 /// All operations belong to the thread that made the object, never wait for the sound system and
-/// throw nothing. What is not there or cannot be started is reported through `outputLost`.
+/// throw nothing. What is not there, cannot be started or does not take the format is reported
+/// through `outputLost`. Only a format that is nothing needs no sound system: there is no frame to
+/// play, and each drain is done at once.
 class AudioOutput {
  public:
   /// What a stream needs to know.
   struct Format {
     double sampleRate = 0;  ///< frames per second; the sound system converts where it has another
     std::uint32_t channels = 0;
+    std::uint32_t channelMask = 0;  ///< speakers, as in `AudioFormat`
+
+    /// Of a file that could not be opened.
+    [[nodiscard]] bool isNothing() const { return !(sampleRate > 0) || channels == 0; }
   };
 
   AudioOutput() = default;

@@ -95,7 +95,8 @@ std::uint32_t PlayingFile::bufferByteSize(std::uint32_t maxPacketSize, double sa
 void PlayingFile::makeOutput() {
   if (_state.output) _state.underruns += _state.output->underruns();
   const AudioFormat& format = _state.dataFormat;
-  _state.output = AudioBackends::makeOutput({format.sampleRate, format.channelsPerFrame});
+  _state.output = AudioBackends::makeOutput(
+      {format.sampleRate, format.channelsPerFrame, format.channelMask});
   if (_state.output) _state.output->setVolume(_state.volume);
 }
 

@@ -68,6 +68,11 @@ std::size_t FileBytes::readAt(std::uint64_t offset, std::span<std::byte> to) con
   return static_cast<std::size_t>(got);
 }
 
+bool FileBytes::isDeleted() const {
+  struct stat status {};
+  return fstat(_file, &status) == 0 && status.st_nlink == 0;
+}
+
 std::string FileBytes::failure() const {
   const std::lock_guard lock(_mutex);
   return _failure;

@@ -30,6 +30,10 @@ class FileBytes {
   /// reading failed, which `failure` then tells: that of a file that became shorter, too.
   [[nodiscard]] std::size_t readAt(std::uint64_t offset, std::span<std::byte> to) const;
 
+  /// Nothing in any folder leads to the file any more, though what it holds can still be read.
+  /// Waits for the medium.
+  [[nodiscard]] bool isDeleted() const;
+
   /// Why reading failed the last time that it did; empty when it never did.
   [[nodiscard]] std::string failure() const;
   /// Remembers a failure to read that others met.

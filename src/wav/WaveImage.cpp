@@ -87,6 +87,10 @@ std::span<const std::byte> WaveImage::view(std::uint64_t offset, std::size_t cou
   return std::span(scratch).first(readAt(offset, scratch));
 }
 
+bool WaveImage::isDeleted() const {
+  return _file && _file->isDeleted();
+}
+
 std::string WaveImage::failure() const {
   return _file ? _file->failure() : _allocationFailure;
 }

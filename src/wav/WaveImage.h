@@ -68,6 +68,8 @@ class WaveImage {
   std::span<const std::byte> view(std::uint64_t offset, std::size_t count,
                                   std::vector<std::byte>& scratch) const;
 
+  /// Whether it is an image of a file that has been deleted meanwhile. Waits for the medium.
+  [[nodiscard]] bool isDeleted() const;
   /// Why reading the file failed, by whomever; empty when it did not.
   [[nodiscard]] std::string failure() const;
 

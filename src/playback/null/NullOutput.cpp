@@ -9,6 +9,8 @@
 namespace {
 
 constexpr double kMilliseconds = 1000.0;
+constexpr std::uint32_t kMostChannels = 32;
+constexpr double kMostRate = 384'000;
 
 }  // namespace
 
@@ -26,6 +28,12 @@ NullOutput::~NullOutput() {
 void NullOutput::attach(AudioSource* source, AudioOutputListener* listener) {
   _source.set(source);
   _listener = listener;
+}
+
+void NullOutput::start() {
+  _isRunning = true;
+  const bool isTaken = _format.channels <= kMostChannels && _format.sampleRate <= kMostRate;
+  if (!isTaken) lose("There are too many channels, or too many frames a second.");
 }
 
 void NullOutput::flush() {

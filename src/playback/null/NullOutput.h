@@ -15,7 +15,8 @@
 #include "playback/null/VirtualClock.h"
 
 /// Plays to nowhere on a virtual clock, with a delay like a sound system's: it takes frames from
-/// its source this long before they are "heard". One thread.
+/// its source this long before they are "heard". It takes no more channels and no higher rate than
+/// a sound server does. One thread.
 class NullOutput : public AudioOutput, private VirtualClock::Dial {
  public:
   static constexpr int kDelayMilliseconds = 40;
@@ -25,7 +26,7 @@ class NullOutput : public AudioOutput, private VirtualClock::Dial {
   ~NullOutput() override;
 
   void attach(AudioSource* source, AudioOutputListener* listener) override;
-  void start() override { _isRunning = true; }
+  void start() override;
   void pause() override { _isRunning = false; }
   void flush() override;
   void drain() override { _isDraining = true; }

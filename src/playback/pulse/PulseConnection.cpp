@@ -36,13 +36,12 @@ void PulseConnection::wake() const {
 
 // No server is started from here: that could take long, and desktops start theirs by themselves.
 bool PulseConnection::connect() {
-  pa_mainloop_api* const api = pa_mainloop_get_api(_loop);
-  api->io_new(api, _wakeUp, PA_IO_EVENT_INPUT, emptyEvent, nullptr);
   pa_proplist* const properties = pa_proplist_new();
   pa_proplist_sets(properties, PA_PROP_APPLICATION_NAME, "TARN J4 Mixdeck");
   pa_proplist_sets(properties, PA_PROP_APPLICATION_ID, "mixdeck");
   pa_proplist_sets(properties, PA_PROP_APPLICATION_ICON_NAME, "mixdeck");
-  _context = pa_context_new_with_proplist(api, "TARN J4 Mixdeck", properties);
+  _context =
+      pa_context_new_with_proplist(pa_mainloop_get_api(_loop), "TARN J4 Mixdeck", properties);
   pa_proplist_free(properties);
   _stream.noteLife();
   return _context != nullptr &&
@@ -51,7 +50,13 @@ bool PulseConnection::connect() {
 
 void PulseConnection::run() {
   _loop = pa_mainloop_new();
-  if (!connect()) lose(because("There is no sound server"));
+  pa_mainloop_api* const api = pa_mainloop_get_api(_loop);
+  api->io_new(api, _wakeUp, PA_IO_EVENT_INPUT, emptyEvent, nullptr);
+  if (!_stream.isFormatTaken()) {
+    lose(_stream.whyNotTaken());
+  } else if (!connect()) {
+    lose(because("There is no sound server"));
+  }
   _lastRound = Clock::now();
   while (!_controls.isEnding.load()) round();
   _stream.disconnect();

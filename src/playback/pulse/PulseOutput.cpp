@@ -32,6 +32,7 @@ void PulseOutput::attach(AudioSource* source, AudioOutputListener* listener) {
 
 void PulseOutput::start() {
   _controls->isRunning.store(true);
+  if (_controls->format.isNothing()) return tellNothingPlayed();
   if (_thread.joinable() || _controls->isLost.load()) return wake();
   try {
     _thread = std::thread([this] { _connection->run(); });
@@ -56,7 +57,14 @@ void PulseOutput::flush() {
 
 void PulseOutput::drain() {
   _controls->isDraining.store(true);
+  if (_controls->format.isNothing()) return tellNothingPlayed();
   wake();
+}
+
+void PulseOutput::tellNothingPlayed() {
+  if (!_controls->isRunning.load() || !_controls->isDraining.load()) return;
+  _controls->drained.store(_controls->flushes.load());
+  _signal.raise();
 }
 
 void PulseOutput::wake() {

@@ -35,6 +35,7 @@ class PulseOutput : public AudioOutput {
  private:
   void deliver();
   void deliverEnd();
+  void tellNothingPlayed();
 
   std::unique_ptr<PulseControls> _controls;
   std::unique_ptr<PulseConnection> _connection;

@@ -3,7 +3,10 @@
 
 #include "playback/pulse/PulseStream.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
+#include <array>
 #include <span>
 
 namespace {
@@ -14,6 +17,27 @@ constexpr double kMicroseconds = 1e6;
 constexpr auto kStuck = std::chrono::seconds(2);
 // Longer than any device takes to play out, and than a server without a sign of life is borne with.
 constexpr auto kDrainPatience = std::chrono::milliseconds(1500);
+
+// Of the bits of a WAVE file's channel mask, from the lowest on.
+constexpr std::array kSpeakers{PA_CHANNEL_POSITION_FRONT_LEFT,
+                               PA_CHANNEL_POSITION_FRONT_RIGHT,
+                               PA_CHANNEL_POSITION_FRONT_CENTER,
+                               PA_CHANNEL_POSITION_LFE,
+                               PA_CHANNEL_POSITION_REAR_LEFT,
+                               PA_CHANNEL_POSITION_REAR_RIGHT,
+                               PA_CHANNEL_POSITION_FRONT_LEFT_OF_CENTER,
+                               PA_CHANNEL_POSITION_FRONT_RIGHT_OF_CENTER,
+                               PA_CHANNEL_POSITION_REAR_CENTER,
+                               PA_CHANNEL_POSITION_SIDE_LEFT,
+                               PA_CHANNEL_POSITION_SIDE_RIGHT,
+                               PA_CHANNEL_POSITION_TOP_CENTER,
+                               PA_CHANNEL_POSITION_TOP_FRONT_LEFT,
+                               PA_CHANNEL_POSITION_TOP_FRONT_CENTER,
+                               PA_CHANNEL_POSITION_TOP_FRONT_RIGHT,
+                               PA_CHANNEL_POSITION_TOP_REAR_LEFT,
+                               PA_CHANNEL_POSITION_TOP_REAR_CENTER,
+                               PA_CHANNEL_POSITION_TOP_REAR_RIGHT};
+constexpr std::uint32_t kCentre = 4;
 
 void release(pa_operation* operation) {
   if (operation != nullptr) pa_operation_unref(operation);
@@ -52,11 +76,37 @@ pa_buffer_attr PulseStream::bufferAttributes() const {
           kServersChoice};
 }
 
-bool PulseStream::connect(pa_context* context) {
+bool PulseStream::isFormatTaken() const {
   const pa_sample_spec spec = sampleSpec();
+  return pa_sample_spec_valid(&spec) != 0;
+}
+
+std::string PulseStream::whyNotTaken() const {
+  return fmt::format("The sound output does not take {} channels at {} Hz.",
+                     _controls.format.channels, _controls.format.sampleRate);
+}
+
+// A single channel in the centre is sound for both ears, and not for a speaker between them. What
+// has no speaker of its own is played where the server likes.
+pa_channel_map PulseStream::channelMap(const AudioOutput::Format& format) {
   pa_channel_map map;
-  if (!pa_sample_spec_valid(&spec)) return false;
-  pa_channel_map_init_extend(&map, spec.channels, PA_CHANNEL_MAP_WAVEEX);
+  const bool isMono = format.channels == 1 && format.channelMask == kCentre;
+  pa_channel_map_init_extend(&map, format.channels, PA_CHANNEL_MAP_WAVEEX);
+  if (format.channelMask == 0 || isMono) return map;
+  std::uint32_t channel = 0;
+  for (std::size_t bit = 0; bit < kSpeakers.size() && channel < format.channels; ++bit) {
+    if ((format.channelMask >> bit & 1U) != 0) map.map[channel++] = kSpeakers.at(bit);
+  }
+  for (int free = PA_CHANNEL_POSITION_AUX0; channel < format.channels; ++free) {
+    map.map[channel++] = static_cast<pa_channel_position_t>(free);
+  }
+  return map;
+}
+
+bool PulseStream::connect(pa_context* context) {
+  if (!isFormatTaken()) return false;
+  const pa_sample_spec spec = sampleSpec();
+  const pa_channel_map map = channelMap(_controls.format);
   pa_proplist* const properties = pa_proplist_new();
   pa_proplist_sets(properties, PA_PROP_MEDIA_ROLE, "music");
   _stream = pa_stream_new_with_proplist(context, "Recording", &spec, &map, properties);

@@ -22,6 +22,13 @@ class PulseStream {
   PulseStream& operator=(const PulseStream&) = delete;
   ~PulseStream() { disconnect(); }
 
+  /// Whether any server would take the format, and why not.
+  [[nodiscard]] bool isFormatTaken() const;
+  [[nodiscard]] std::string whyNotTaken() const;
+  /// Where the server has each channel played. Without speakers in the format, those that a WAVE
+  /// file's channels are usually for.
+  static pa_channel_map channelMap(const AudioOutput::Format& format);
+
   /// Asks a ready context for the stream, which stands still at first. False where that failed.
   bool connect(pa_context* context);
   void disconnect();

@@ -16,7 +16,8 @@
 /// Anything else, compressed sound and 64-bit floats, is not opened.
 ///
 /// It has a descriptor of its own and reads each buffer from the file: nothing is held that grows
-/// with the file.
+/// with the file. The end of a file that was deleted meanwhile is told as a failure, although all of
+/// it was read.
 class WaveAudioFile : public AudioFile {
  public:
   bool open(const std::string& path) override;
@@ -27,11 +28,13 @@ class WaveAudioFile : public AudioFile {
 
  private:
   bool examine(const WaveIndex& index);
-  [[nodiscard]] std::uint64_t encodingOf(const WaveIndex& index) const;
+  void examineExtension(const WaveIndex& index);
+  Read end();
   bool fail(const std::string& why);
 
   std::shared_ptr<const WaveImage> _image;  ///< never followed: a descriptor and a size
   AudioFormat _format;
+  std::uint64_t _encoding = 0;  ///< format tag of the samples
   std::uint64_t _dataStart = 0;
   std::uint64_t _frameCount = 0;
   std::string _failure;

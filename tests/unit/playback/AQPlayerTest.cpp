@@ -6,10 +6,12 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <filesystem>
 
 #include "PlaybackFixture.h"
 #include "playback/PlayingFile.h"
 #include "playback/wave/WaveAudioFile.h"
+#include "support/TemporaryFolder.h"
 
 using testing::Contains;
 using testing::ElementsAre;
@@ -263,6 +265,63 @@ TEST_F(AQPlayerTest, AFileThatCannotBeOpenedPlaysNothing) {
   EXPECT_EQ(player.duration(), 0.0);
   EXPECT_EQ(player.currentTime(), 0.0);
   EXPECT_TRUE(output->played().empty());
+}
+
+TEST_F(AQPlayerTest, TheOutputIsToldWhatTheFileIs) {
+  useFloatFile(10);
+  format.channelMask = 0x600;
+  const AQPlayer player("x");
+  EXPECT_EQ(askedFor.sampleRate, 48000.0);
+  EXPECT_EQ(askedFor.channels, 2U);
+  EXPECT_EQ(askedFor.channelMask, 0x600U);
+}
+
+TEST_F(AQPlayerTest, AFormatThatNoSoundServerTakesIsALoss) {
+  useFloatFile(4800);
+  format.sampleRate = 768'000;
+  AQPlayer player("x");
+  std::string told;
+  player.setLostCB([&](const std::string& why) { told = why; });
+  player.play(false);
+  clock.advance(10);
+  EXPECT_FALSE(told.empty());
+  EXPECT_TRUE(output->played().empty());
+}
+
+/// A player of a file in a folder.
+class FilePlayerTest : public AQPlayerTest {
+ protected:
+  void SetUp() override {
+    AQPlayerTest::SetUp();
+    AudioBackends::addFile("wave", [] { return std::make_unique<WaveAudioFile>(); });
+    AudioBackends::chooseFile("wave");
+    path = folder.file("x.wav", WaveBytes().format24().data(std::vector<std::byte>(6 * 48000)).get());
+  }
+
+  TemporaryFolder folder;
+  std::filesystem::path path;
+};
+
+TEST_F(FilePlayerTest, AFileThatIsCutShortWhileItPlaysEndsThereWithAReason) {
+  AQPlayer player(path);
+  player.play(false);
+  clock.advance(200);
+  std::filesystem::resize_file(path, 6 * 24000);
+  clock.advance(1000);
+  EXPECT_EQ(finishes(), 1U);
+  EXPECT_LT(player.currentTime(), 501.0);
+  EXPECT_EQ(player.readFailure(), "The file became shorter");
+}
+
+TEST_F(FilePlayerTest, AFileThatIsDeletedWhileItPlaysEndsWithAReason) {
+  AQPlayer player(path);
+  player.play(false);
+  clock.advance(200);
+  std::filesystem::remove(path);
+  clock.advance(1500);
+  EXPECT_EQ(finishes(), 1U);
+  EXPECT_EQ(player.currentTime(), 1000.0) << "all of it was there";
+  EXPECT_EQ(player.readFailure(), "The file has been deleted");
 }
 
 TEST_F(AQPlayerTest, VolumeIsPassedOnAsItIs) {

@@ -35,6 +35,7 @@ class PlaybackFixture : public testing::Test {
     AudioBackends::addOutput("memory", [this](const AudioOutput::Format& outputFormat) {
       auto made = std::make_unique<MemoryOutput>(clock, outputFormat);
       output = made.get();
+      askedFor = outputFormat;
       ++outputsMade;
       return made;
     });
@@ -81,5 +82,6 @@ class PlaybackFixture : public testing::Test {
   std::uint64_t badFrame = UINT64_MAX;
   MemoryAudioFile* file = nullptr;
   MemoryOutput* output = nullptr;
+  AudioOutput::Format askedFor;  ///< of the last output
   int outputsMade = 0;
 };

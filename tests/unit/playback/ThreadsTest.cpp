@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <sys/syscall.h>
 
 #include <QCoreApplication>
@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <iterator>
 #include <thread>
+#include <vector>
 
 #include "playback/SourceSlot.h"
 #include "playback/SpscRing.h"
@@ -87,9 +88,10 @@ TEST(SourceSlot, NobodyPullsFromASourceThatWasTakenAway) {
 class LossListener : public AudioOutputListener {
  public:
   void outputProgressed() override {}
-  void outputDrained() override {}
+  void outputDrained() override { ++drains; }
   void outputLost(const std::string& why) override { lost = why; }
 
+  int drains = 0;
   std::string lost;
 };
 
@@ -145,6 +147,57 @@ TEST(PulseStream, AsksNoServerForAFormatThatNoneTakes) {
     PulseControls controls(format);
     EXPECT_FALSE(PulseStream(controls).connect(nullptr));
   }
+}
+
+TEST_F(Application, AFormatThatNoServerTakesIsALossThatSaysSo) {
+  LossListener listener;
+  PulseOutput output({1e6, 2});
+  output.attach(nullptr, &listener);
+  output.start();
+  EXPECT_TRUE(EventLoop::runUntil([&] { return !listener.lost.empty(); }));
+  EXPECT_EQ(listener.lost, "The sound output does not take 2 channels at 1000000 Hz.");
+}
+
+TEST_F(Application, NothingIsPlayedToItsEndWithoutAServer) {
+  const std::size_t before = threads();
+  LossListener listener;
+  PulseOutput output({0, 0});
+  output.attach(nullptr, &listener);
+  output.drain();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(listener.drains, 0) << "it has yet to start";
+  output.start();
+  EXPECT_EQ(listener.drains, 0) << "told from the event loop only";
+  EXPECT_TRUE(EventLoop::runUntil([&] { return listener.drains > 0; }));
+  output.drain();
+  EXPECT_TRUE(EventLoop::runUntil([&] { return listener.drains > 1; }));
+  EXPECT_EQ(threads(), before);
+  EXPECT_TRUE(listener.lost.empty());
+}
+
+std::vector<pa_channel_position_t> channels(std::uint32_t count, std::uint32_t mask) {
+  const pa_channel_map map = PulseStream::channelMap({48000, count, mask});
+  EXPECT_TRUE(pa_channel_map_valid(&map));
+  return {map.map, map.map + map.channels};
+}
+
+TEST(PulseStream, PlaysEachChannelWhereTheFileWantsIt) {
+  using testing::ElementsAre;
+  EXPECT_THAT(channels(2, 0),
+              ElementsAre(PA_CHANNEL_POSITION_FRONT_LEFT, PA_CHANNEL_POSITION_FRONT_RIGHT));
+  EXPECT_THAT(channels(2, 0x600),
+              ElementsAre(PA_CHANNEL_POSITION_SIDE_LEFT, PA_CHANNEL_POSITION_SIDE_RIGHT));
+  EXPECT_THAT(channels(1, 0), ElementsAre(PA_CHANNEL_POSITION_MONO));
+  EXPECT_THAT(channels(1, 4), ElementsAre(PA_CHANNEL_POSITION_MONO));
+  EXPECT_THAT(channels(1, 8), ElementsAre(PA_CHANNEL_POSITION_LFE));
+  EXPECT_THAT(channels(3, 0x80000001),
+              ElementsAre(PA_CHANNEL_POSITION_FRONT_LEFT, PA_CHANNEL_POSITION_AUX0,
+                          PA_CHANNEL_POSITION_AUX1))
+      << "speakers that have no name yet";
+  EXPECT_THAT(channels(2, 0x3FFFF),
+              ElementsAre(PA_CHANNEL_POSITION_FRONT_LEFT, PA_CHANNEL_POSITION_FRONT_RIGHT))
+      << "more speakers than channels";
+  EXPECT_EQ(channels(32, 0x3FFFF)[17], PA_CHANNEL_POSITION_TOP_REAR_RIGHT);
 }
 
 TEST_F(Application, AThreadThatCannotBeStartedIsALossWithAReason) {

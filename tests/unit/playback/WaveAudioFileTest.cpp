@@ -37,11 +37,12 @@ class WaveAudioFileTest : public testing::Test {
     to.resize(done.frames * std::size_t{file.format().bytesPerPacket});
     return to;
   }
-  static WaveBytes::Bytes extensible(std::uint16_t tag, std::uint16_t bits) {
+  static WaveBytes::Bytes extensible(std::uint16_t tag, std::uint16_t bits,
+                                     std::uint32_t speakers = 3) {
     const auto frame = static_cast<std::uint16_t>(bits / 4);
     ByteBuilder format;
     format.u16(0xFFFE).u16(2).u32(48000).u32(48000U * frame).u16(frame).u16(bits);
-    return format.u16(22).u16(bits).u32(3).u16(tag).zeros(14).get();
+    return format.u16(22).u16(bits).u32(speakers).u16(tag).zeros(14).get();
   }
 
   TemporaryFolder folder;
@@ -100,6 +101,26 @@ TEST_F(WaveAudioFileTest, TakesTheExtensibleFormatForWhatItIs) {
   ASSERT_TRUE(open(WaveBytes().chunk("fmt ", extensible(1, 24)).data(floats)));
   EXPECT_EQ(file.format().sampleType, SampleType::Signed24);
   EXPECT_FALSE(open(WaveBytes().chunk("fmt ", extensible(7, 8)).data(floats)));
+}
+
+TEST_F(WaveAudioFileTest, TellsWhichSpeakersTheChannelsAreFor) {
+  const auto floats = WaveBytes::samplesFloat({0.5F, -0.5F});
+  ASSERT_TRUE(open(WaveBytes().chunk("fmt ", extensible(3, 32, 0x30201)).data(floats)));
+  EXPECT_EQ(file.format().channelMask, 0x30201U);
+  EXPECT_FALSE(open(WaveBytes().chunk("fmt ", extensible(7, 8, 3)).data(floats)));
+  EXPECT_EQ(file.format().channelMask, 0U);
+  ASSERT_TRUE(open(WaveBytes().format(3, 2, 48000, 32).data(floats)));
+  EXPECT_EQ(file.format().channelMask, 0U);
+}
+
+TEST_F(WaveAudioFileTest, TellsAtItsEndThatItWasDeleted) {
+  const auto samples = WaveBytes::samples24({1, -2, 3, -4});
+  ASSERT_TRUE(open(WaveBytes().format24().data(samples)));
+  EXPECT_EQ(file.readFrames(2, 1, {}).error, 0);
+  std::filesystem::remove(path);
+  EXPECT_EQ(read(0, 2), samples);
+  EXPECT_EQ(file.readFrames(2, 1, {}).error, ENOENT);
+  EXPECT_EQ(file.failure(), "The file has been deleted");
 }
 
 TEST_F(WaveAudioFileTest, RefusesWhatItCannotReadAndSaysWhy) {

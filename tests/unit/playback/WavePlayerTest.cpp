@@ -411,6 +411,18 @@ TEST_F(WavePlayerTest, ATakeWithoutFramesFinishesEachTime) {
   }
 }
 
+TEST_F(WavePlayerTest, AFileThatCannotBeOpenedFinishesWithoutASound) {
+  open();
+  format = {};
+  packets.clear();
+  player = std::make_unique<WavePlayer>("x");
+  forwardFinish();
+  player->play();
+  clock.advance(50);
+  EXPECT_EQ(player->play_state(), kFinish);
+  EXPECT_TRUE(output->played().empty());
+}
+
 TEST_F(WavePlayerTest, ASeekBeyondTheEndFinishes) {
   open();
   forwardFinish();
