@@ -69,6 +69,11 @@ void LevelFeed::startTimer() {
   _timerLevel.start(kLevelRefresh);
 }
 
+void LevelFeed::stopTimer() {
+  _timerLevel.stop();
+  if (_reader) _reader->image()->abandon();
+}
+
 void LevelFeed::showState() {
   const TakeSession::State state = _take.state();
   if (state == TakeSession::State::Playing) {

@@ -27,7 +27,8 @@ class LevelFeed : public QObject {
   void showMagnitudes(double left, double right);
   void showState();
   void startTimer();
-  void stopTimer() { _timerLevel.stop(); }
+  /// Lets the reading ahead rest, so that a medium that failed is tried again by the next start.
+  void stopTimer();
 
  private:
   void clear();

@@ -15,6 +15,8 @@ TakeMessages::TakeMessages(QWidget& window, StatusLine& status, TakeSession& tak
   connect(&_take, &TakeSession::stateChanged, this, &TakeMessages::forgetSound);
   connect(&_take, &TakeSession::closed, this, [this] { _status.clear(StatusLine::Topic::Sound); });
   connect(&_take, &TakeSession::failed, this, &TakeMessages::tell);
+  connect(&_take, &TakeSession::readAgain, this,
+          [this] { _status.clear(StatusLine::Topic::Recording); });
 }
 
 void TakeMessages::forgetTake() {

@@ -242,8 +242,9 @@ void TakeSession::showState() {
 void TakeSession::checkReading() {
   if (!_player) return;
   const std::string& reading = _player->readFailure();
-  const QString why = text(reading.empty() ? _job->reader()->image()->failure() : reading);
-  if (why.isEmpty() || why == _toldFailure) return;
+  const QString why = text(reading.empty() ? _job->reader()->image()->followFailure() : reading);
+  if (why == _toldFailure) return;
   _toldFailure = why;
+  if (why.isEmpty()) return void(emit readAgain());
   emit failed(Failure::Reading, why);
 }

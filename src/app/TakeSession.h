@@ -110,8 +110,10 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   void stateChanged();
   /// Gain or width are others than they were.
   void soundChanged();
-  /// `why` is a phrase or a sentence for people. A reading failure is told once.
+  /// `why` is a phrase or a sentence for people. A reading failure is told once, until `readAgain`.
   void failed(TakeSession::Failure failure, const QString& why);
+  /// What could not be read is read again: a card is back, or another part of the take is played.
+  void readAgain();
   /// Linear levels that a player has sent. None does.
   void levelsSent(double left, double right);
 

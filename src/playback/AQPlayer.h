@@ -48,7 +48,8 @@ class AQPlayer {
   void setLostCB(std::function<void(const std::string& why)> callback);
   /// How often the output had nothing to play since the file was opened.
   [[nodiscard]] std::uint64_t underruns() const;
-  /// Why the file could not be opened or read to its end; empty when it could.
+  /// Why the file could not be opened or read to its end; empty when it could, and again once a
+  /// later read brings something.
   [[nodiscard]] const std::string& readFailure() const;
 
  private:

@@ -39,5 +39,5 @@ struct AQPlayerState {
   std::function<void(const std::string& why)> lostCallback;
   float volume = 1.0F;          ///< for an output made anew
   std::uint64_t underruns = 0;  ///< of outputs that are gone
-  std::string readFailure;      ///< why the file could not be opened or read to its end
+  std::string readFailure;      ///< see `AQPlayer`
 };

@@ -95,8 +95,8 @@ std::uint32_t PlayingFile::bufferByteSize(std::uint32_t maxPacketSize, double sa
 void PlayingFile::makeOutput() {
   if (_state.output) _state.underruns += _state.output->underruns();
   const AudioFormat& format = _state.dataFormat;
-  _state.output = AudioBackends::makeOutput(
-      {format.sampleRate, format.channelsPerFrame, format.channelMask});
+  _state.output =
+      AudioBackends::makeOutput({format.sampleRate, format.channelsPerFrame, format.channelMask});
   if (_state.output) _state.output->setVolume(_state.volume);
 }
 
@@ -133,6 +133,7 @@ AudioFile::Read PlayingFile::readPackets(AudioQueueBuffer& buffer) {
   const auto first = static_cast<std::uint64_t>(_state.currentPacket);
   const AudioFile::Read read =
       _state.audioFile->readFrames(first, _state.numPacketsToRead, {buffer.data, buffer.capacity});
+  if (read.frames > 0) _state.readFailure.clear();  // the medium is back
   if (read.error == 0) return read;
   _state.readFailure = _state.audioFile->failure();
   std::printf("AudioFileReadPackets failed: %d\n", read.error);

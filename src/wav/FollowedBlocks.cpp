@@ -33,6 +33,13 @@ void FollowedBlocks::follow(std::uint64_t offset) {
 void FollowedBlocks::rest() {
   const std::lock_guard lock(_mutex);
   _wish.reset();
+  _failedWish.reset();
+  _failure.clear();
+}
+
+std::string FollowedBlocks::failure() const {
+  const std::lock_guard lock(_mutex);
+  return _failure;
 }
 
 void FollowedBlocks::end() {
@@ -49,7 +56,8 @@ void FollowedBlocks::start() {
     _held.resize(_blockCount);
     std::thread([self = shared_from_this(), file] { self->work(*file); }).detach();
   } catch (const std::exception& error) {
-    file->fail(error.what());
+    _failure = error.what();
+    file->fail(_failure);
   }
 }
 
@@ -59,6 +67,7 @@ void FollowedBlocks::work(const FileBytes& file) {
     if (const auto number = nextToFill()) {
       fill(*number, file, lock);
     } else {
+      if (_wish != _failedWish) _failure.clear();
       _wished.wait(lock);
     }
   }
@@ -74,7 +83,9 @@ void FollowedBlocks::fill(std::uint64_t number, const FileBytes& file,
   const std::size_t got = file.readAt(number * kBlockBytes, place(number));
   lock.lock();
   held = {number, got};
-  if (got < sizeOf(number)) _failedWish = wish;
+  if (got == sizeOf(number)) return;
+  _failedWish = wish;
+  _failure = file.failure();
 }
 
 std::optional<std::uint64_t> FollowedBlocks::nextToFill() const {

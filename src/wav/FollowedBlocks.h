@@ -9,6 +9,7 @@
 #include <mutex>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "wav/FileBytes.h"
@@ -30,13 +31,15 @@ class FollowedBlocks : public std::enable_shared_from_this<FollowedBlocks> {
   static std::shared_ptr<FollowedBlocks> over(std::shared_ptr<const FileBytes> file);
 
   /// Wishes for what follows `offset`, instead of what was wished for before. After a read that
-  /// failed the worker tries again only once another block is wished for.
+  /// failed the worker tries again only once another block is wished for, or after a rest.
   void follow(std::uint64_t offset);
   /// Wishes for nothing; what is at hand stays.
   void rest();
   /// The worker ends as soon as it can. Nothing is followed after this.
   void end();
 
+  /// Why there is not all at hand that was wished for; empty when there is, or nothing failed yet.
+  [[nodiscard]] std::string failure() const;
   /// How many bytes from `offset` on are at hand.
   [[nodiscard]] std::uint64_t heldFrom(std::uint64_t offset) const;
   /// Copies bytes from `offset` on that are at hand, and returns how many.
@@ -67,6 +70,7 @@ class FollowedBlocks : public std::enable_shared_from_this<FollowedBlocks> {
   std::vector<Held> _held;                   ///< of each block of the ring
   std::optional<std::uint64_t> _wish;        ///< block of the file
   std::optional<std::uint64_t> _failedWish;  ///< reading failed while this was wished for
+  std::string _failure;                      ///< of the last read, until all is at hand
   bool _isStarted = false;
   bool _hasEnded = false;
 };

@@ -60,6 +60,10 @@ void WaveImage::abandon() {
   if (_blocks) _blocks->rest();
 }
 
+std::string WaveImage::followFailure() const {
+  return _blocks ? _blocks->failure() : std::string();
+}
+
 std::uint64_t WaveImage::heldFrom(std::uint64_t offset) const {
   if (_blocks) return _blocks->heldFrom(offset);
   return offset < _raw.length ? _raw.length - offset : 0;

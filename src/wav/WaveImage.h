@@ -54,6 +54,8 @@ class WaveImage {
   void follow(std::uint64_t offset);
   /// Gives up reading ahead until the next `follow`. Returns at once.
   void abandon();
+  /// Why reading ahead has stopped; empty when it goes on, has all, or was given up. Never waits.
+  [[nodiscard]] std::string followFailure() const;
   /// How many bytes from `offset` on are at hand: at least 3.75 MiB, or all that there are, soon
   /// after they are followed. Never waits.
   [[nodiscard]] std::uint64_t heldFrom(std::uint64_t offset) const;

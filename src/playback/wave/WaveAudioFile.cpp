@@ -93,13 +93,13 @@ bool WaveAudioFile::examine(const WaveIndex& index) {
   if (header.NumChannels == 0) return fail("There are no channels");
   if (header.SampleRate == 0) return fail("There is no sample rate");
   _format = AudioFormat{static_cast<double>(header.SampleRate),
-             type == SampleType::Float32 ? kAudioFormatFlagIsFloat : 0,
-             sampleBytes(type) * header.NumChannels,
-             1,
-             header.NumChannels,
-             header.BitsPerSample,
-             type,
-             _format.channelMask};
+                        type == SampleType::Float32 ? kAudioFormatFlagIsFloat : 0,
+                        sampleBytes(type) * header.NumChannels,
+                        1,
+                        header.NumChannels,
+                        header.BitsPerSample,
+                        type,
+                        _format.channelMask};
   SampleCursor cursor(_image, header, index.encoding);
   cursor.beginReadSample();
   _dataStart = cursor.readDataIdx();

@@ -16,8 +16,8 @@
 /// Anything else, compressed sound and 64-bit floats, is not opened.
 ///
 /// It has a descriptor of its own and reads each buffer from the file: nothing is held that grows
-/// with the file. The end of a file that was deleted meanwhile is told as a failure, although all of
-/// it was read.
+/// with the file. The end of a file that was deleted meanwhile is told as a failure, although all
+/// of it was read.
 class WaveAudioFile : public AudioFile {
  public:
   bool open(const std::string& path) override;

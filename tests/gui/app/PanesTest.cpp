@@ -14,6 +14,7 @@
 #include "controls/Artwork.h"
 #include "controls/J4SliderCell.h"
 #include "gui/controls/Hands.h"
+#include "support/SlowReads.h"
 
 namespace {
 
@@ -275,6 +276,20 @@ TEST_F(Feed, RunsWhileItPlaysAndFallsToNothing) {
   EXPECT_EQ(view.lvlRight->level(), 0) << "nothing is heard any more";
 }
 
+TEST_F(Feed, MeasuresAgainWhenTheCardIsBack) {
+  SlowReads::share(takes.path().string(), 1);
+  open("a.WAV");
+  const auto image = session->job()->reader()->image();
+  SlowReads::pullOut();
+  while (image->followFailure().empty()) std::this_thread::yield();
+  SlowReads::reset();
+  session->play();
+  EXPECT_EQ(session->state(), State::Paused);
+  session->play();
+  while (image->heldFrom(0) < image->size()) std::this_thread::yield();
+  EXPECT_EQ(image->followFailure(), "");
+}
+
 TEST_F(Feed, WithoutATakeItMeasuresNothing) {
   setLevels(17);
   feed->update(1.0);
@@ -329,6 +344,9 @@ TEST_F(Messages, ReadingFailureNamesTheTake) {
   open("a.WAV");
   play(2000);
   EXPECT_TRUE(status.text().startsWith("a.WAV cannot be read: ")) << status.text().toStdString();
+  file->failAt(UINT64_MAX, 0);
+  session->play();
+  EXPECT_EQ(status.text(), "") << "the card is back";
 }
 
 }  // namespace

@@ -171,10 +171,24 @@ TEST_F(Session, ReadingFailureIsToldOnceAndTheTakeStays) {
   play(2000);
   EXPECT_EQ(session->state(), State::Finished);
   EXPECT_THAT(failures, ElementsAre(Failure::Reading));
+  EXPECT_TRUE(session->isOpen());
+}
+
+TEST_F(Session, ReadingFailureIsForgottenWhenItReadsAgain) {
+  QSignalSpy again(session.get(), &TakeSession::readAgain);
+  badFrame = 30'000;
+  open("a.WAV");
+  play(2000);
+  session->play();
+  EXPECT_EQ(again.count(), 1) << "what comes before the bad spot";
+  play(2000);
+  EXPECT_THAT(failures, ElementsAre(Failure::Reading, Failure::Reading)) << "met once more";
+  file->failAt(UINT64_MAX, 0);
   session->play();
   play(2000);
-  EXPECT_THAT(failures, ElementsAre(Failure::Reading));
-  EXPECT_TRUE(session->isOpen());
+  EXPECT_EQ(again.count(), 2);
+  EXPECT_EQ(failures.size(), 2U);
+  EXPECT_EQ(session->state(), State::Playing);
 }
 
 TEST_F(Session, ReadingFailureIsToldWhileItPlays) {

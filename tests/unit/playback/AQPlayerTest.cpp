@@ -241,6 +241,18 @@ TEST_F(AQPlayerTest, AReadErrorEndsLikeTheEndOfTheFile) {
   EXPECT_EQ(player.readFailure(), "The memory is bad");
 }
 
+TEST_F(AQPlayerTest, AReadErrorIsForgottenOnceItReadsAgain) {
+  useFloatFile(20000);
+  AQPlayer player("x");
+  file->failAt(12000, 5);
+  player.play(false);
+  clock.advance(500);
+  EXPECT_FALSE(player.readFailure().empty());
+  file->failAt(UINT64_MAX, 0);
+  player.setPosition(0.0, true);
+  EXPECT_EQ(player.readFailure(), "");
+}
+
 TEST_F(AQPlayerTest, AnEmptyFileEndsAtOnce) {
   useFloatFile(0);
   AQPlayer player("x");
@@ -295,7 +307,8 @@ class FilePlayerTest : public AQPlayerTest {
     AQPlayerTest::SetUp();
     AudioBackends::addFile("wave", [] { return std::make_unique<WaveAudioFile>(); });
     AudioBackends::chooseFile("wave");
-    path = folder.file("x.wav", WaveBytes().format24().data(std::vector<std::byte>(6 * 48000)).get());
+    path =
+        folder.file("x.wav", WaveBytes().format24().data(std::vector<std::byte>(6 * 48000)).get());
   }
 
   TemporaryFolder folder;

@@ -105,6 +105,27 @@ TEST_F(FollowedBlocksTest, AFailureIsNotTriedAgainForTheSameWish) {
   while (ReadMeter::reads() < 2) std::this_thread::yield();
 }
 
+TEST_F(FollowedBlocksTest, AfterARestAFailureIsForgottenAndTriedAgain) {
+  makeUnreadable(_path);
+  EXPECT_FALSE(comesToHand(*_image, 0, 1));
+  while (_image->followFailure().empty()) std::this_thread::yield();
+  makeReadable(_path);
+  _image->abandon();
+  EXPECT_EQ(_image->followFailure(), "");
+  _image->follow(0);
+  while (_image->heldFrom(0) < kRing) std::this_thread::yield();
+}
+
+TEST_F(FollowedBlocksTest, AFailureStandsUntilAllThatIsWishedForIsAtHand) {
+  makeUnreadable(_path);
+  _image->follow(0);
+  while (_image->followFailure().empty()) std::this_thread::yield();
+  makeReadable(_path);
+  _image->follow(kBlock);
+  while (!_image->followFailure().empty()) std::this_thread::yield();
+  EXPECT_EQ(_image->heldFrom(kBlock), kRing);
+}
+
 TEST_F(FollowedBlocksTest, AMediumThatHangsHoldsNobody) {
   ReadMeter::hang();
   _image->follow(0);

@@ -23,6 +23,13 @@ int descriptorOn(const fs::path& path) {
   return -1;
 }
 
+void swapDescriptor(const fs::path& path, int access) {
+  const int old = descriptorOn(path);
+  const int other = open(path.c_str(), access | O_CLOEXEC);
+  if (old < 0 || other < 0 || dup2(other, old) < 0) throw std::runtime_error("cannot swap");
+  close(other);
+}
+
 }  // namespace
 
 std::byte numberedByte(std::uint64_t offset) {
@@ -63,9 +70,9 @@ bool isOpen(const fs::path& path) {
 }
 
 void makeUnreadable(const fs::path& path) {
-  const int reading = descriptorOn(path);
-  const int writing = open(path.c_str(), O_WRONLY | O_CLOEXEC);
-  if (reading < 0 || writing < 0 || dup2(writing, reading) < 0)
-    throw std::runtime_error("cannot swap");
-  close(writing);
+  swapDescriptor(path, O_WRONLY);
+}
+
+void makeReadable(const fs::path& path) {
+  swapDescriptor(path, O_RDONLY);
 }

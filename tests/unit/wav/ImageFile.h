@@ -30,3 +30,5 @@ bool isOpen(const std::filesystem::path& path);
 
 /// Makes every later read through the descriptor that this process has open on the file fail.
 void makeUnreadable(const std::filesystem::path& path);
+/// Undoes that.
+void makeReadable(const std::filesystem::path& path);
