@@ -80,13 +80,22 @@ void ReadAheadBlocks::fillNext(AudioFile& file, std::unique_lock<std::mutex>& lo
   const std::uint64_t first = _position + _held;
   const std::span<std::byte> to = block(_filled);
   lock.unlock();
-  const AudioFile::Read read = file.readFrames(first, _blockFrames, to);
+  const AudioFile::Read read = readOrEnd(file, first, to);
   std::string why = read.error != 0 ? file.failure() : std::string();
   lock.lock();
   if (seek != _seek) return;
   if (read.error != 0) _failure = std::move(why);
   keep(read);
   announce();
+}
+
+// The file is asked what it has to say at its end as well, as whoever plays it would ask.
+AudioFile::Read ReadAheadBlocks::readOrEnd(AudioFile& file, std::uint64_t first,
+                                           std::span<std::byte> to) const {
+  AudioFile::Read read = file.readFrames(first, _blockFrames, to);
+  const bool isLast = read.frames > 0 && first + read.frames >= _frameCount;
+  if (isLast) read.error = file.readFrames(_frameCount, 1, {}).error;
+  return read;
 }
 
 void ReadAheadBlocks::keep(const AudioFile::Read& read) {
@@ -112,7 +121,8 @@ void ReadAheadBlocks::waitForFirst() {
 AudioFile::Read ReadAheadBlocks::take(std::uint64_t first, std::uint32_t frames,
                                       std::span<std::byte> to) {
   const std::lock_guard lock(_mutex);
-  if (first >= _frameCount || frames == 0) return {};
+  if (frames == 0) return {};
+  if (first >= _frameCount) return readEnd(first);
   if (first != _position || _isToldOver) seek(first);
   if (_held < atMost(frames) && !_isOver) {
     _awaited = atMost(frames);
@@ -123,6 +133,12 @@ AudioFile::Read ReadAheadBlocks::take(std::uint64_t first, std::uint32_t frames,
   const auto count = static_cast<std::uint32_t>(std::min<std::uint64_t>(frames, _held));
   copy(count, to);
   return {count, 0};
+}
+
+// What the file said at its end is for who has come there by reading.
+AudioFile::Read ReadAheadBlocks::readEnd(std::uint64_t first) {
+  _isToldOver = first == _position && _isOver && _held == 0;
+  return {0, _isToldOver ? _error : 0};
 }
 
 void ReadAheadBlocks::seek(std::uint64_t first) {

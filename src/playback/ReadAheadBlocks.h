@@ -52,7 +52,10 @@ class ReadAheadBlocks : public std::enable_shared_from_this<ReadAheadBlocks> {
   ReadAheadBlocks(const AudioFormat& format, std::uint64_t frameCount);
   void work(AudioFile& file);
   void fillNext(AudioFile& file, std::unique_lock<std::mutex>& lock);
+  [[nodiscard]] AudioFile::Read readOrEnd(AudioFile& file, std::uint64_t first,
+                                          std::span<std::byte> to) const;
   void keep(const AudioFile::Read& read);
+  AudioFile::Read readEnd(std::uint64_t first);
   void announce();
   void seek(std::uint64_t first);
   void copy(std::uint32_t frames, std::span<std::byte> to);

@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <cerrno>
+#include <filesystem>
 #include <thread>
 #include <vector>
 
@@ -16,8 +17,10 @@
 #include "PlaybackFixture.h"
 #include "playback/AQPlayer.h"
 #include "playback/WavePlayer.h"
+#include "playback/wave/WaveAudioFile.h"
 #include "support/Confinement.h"
 #include "support/EventLoop.h"
+#include "support/TemporaryFolder.h"
 
 namespace {
 
@@ -103,6 +106,25 @@ TEST_F(ReadAheadFileTest, ReadsFromWhereverItIsAsked) {
   }
   EXPECT_EQ(read(*file, 100'000).frames, 0U);
   EXPECT_EQ(read(*file, UINT64_MAX).frames, 0U);
+}
+
+TEST_F(ReadAheadFileTest, TellsWhatTheFileSaysAtItsEnd) {
+  const TemporaryFolder folder;
+  const auto wave = WaveBytes().format24().data(std::vector<std::byte>(std::size_t{6} * 480'000));
+  const auto path = folder.file("x.wav", wave.get());
+  ReadAheadFile file(std::make_unique<WaveAudioFile>());
+  ASSERT_TRUE(file.open(path));
+  format = file.format();
+  std::filesystem::remove(path);
+  EXPECT_EQ(read(file, 480'000).error, 0) << "nobody has read up to here";
+  for (int i = 0; i < 2; ++i) {
+    std::uint64_t at = 0;
+    for (AudioFile::Read got{1}; got.frames > 0; at += got.frames) {
+      ASSERT_EQ((got = read(file, at)).error, at < 480'000 ? 0 : ENOENT);
+    }
+    EXPECT_EQ(at, 480'000U);
+    EXPECT_EQ(file.failure(), "The file has been deleted");
+  }
 }
 
 TEST_F(ReadAheadFileTest, IsTwoSecondsAheadAndMore) {
