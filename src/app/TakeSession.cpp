@@ -4,6 +4,7 @@
 #include "app/TakeSession.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "base/MainThreadQueue.h"
@@ -130,6 +131,7 @@ void TakeSession::setGain(std::int64_t dB) {
 }
 
 void TakeSession::setAngle(double degrees) {
+  if (std::isnan(degrees)) return;
   const bool isOther = std::exchange(_angle, degrees) != degrees;
   if (_player) _player->setAngle(static_cast<std::int64_t>(degrees));
   if (isOther) emit soundChanged();

@@ -53,7 +53,7 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   /// Linear, 0.0 to 1.0; 0.0 while muted.
   void setVolume(double volume);
   void setGain(std::int64_t dB);  ///< positive is louder
-  /// Stereo width in degrees; player and export take the whole ones.
+  /// Stereo width in degrees; player and export take the whole ones. Not a number is ignored.
   void setAngle(double degrees);
   /// The queue of the playing file has stopped, as "EB_PLAY_FINISH" tells.
   void playFinish();

@@ -99,6 +99,7 @@ AngleViewer::Path AngleViewer::arcTo(double angle) const {
 }
 
 void AngleViewer::setNewAngle(double angle) {
+  if (std::isnan(angle)) return;
   updateAngle(angle);
   _thumbPosition = onArc((angle + kTop) / kDegreesPerRadian);
   rebuildArc();

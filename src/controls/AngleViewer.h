@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QPainterPath>
 #include <QWidget>
+#include <cmath>
 #include <memory>
 #include <vector>
 
@@ -47,8 +48,8 @@ class AngleViewer : public QWidget, public Adjustable {
   static QColor GrayBackgroundColor();
 
   [[nodiscard]] double angle() const { return _angle; }
-  /// Stores only: no redraw, no report. See `setNewAngle`.
-  void setAngle(double angle) { _angle = angle; }
+  /// Stores only: no redraw, no report. See `setNewAngle`. Not a number is ignored by both.
+  void setAngle(double angle) { _angle = std::isnan(angle) ? _angle : angle; }
   [[nodiscard]] bool enable() const { return _enable; }
   /// A disabled dial takes no presses, keys or focus. Disabled until the owner enables it.
   void setEnable(bool enable);

@@ -5,6 +5,7 @@
 #include <QTransform>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "controls/AngleViewer.h"
 #include "controls/Colors.h"
@@ -35,6 +36,11 @@ QRectF sharpened(const QRectF& bar, const QTransform& device, bool isVertical) {
   return sharp;
 }
 
+QRectF background(const QRectF& track, bool isVertical) {
+  if (isVertical) return {track.x(), track.y(), kThickness, track.height()};
+  return {track.x(), track.y(), track.width(), kThickness};
+}
+
 }  // namespace
 
 void J4SliderCell::setSliderEnabled(bool enabled) {
@@ -48,7 +54,8 @@ void J4SliderCell::setIsVertical(bool vertical) {
 }
 
 void J4SliderCell::setControlView(SliderCellView* view) {
-  _controlView = view;
+  SliderCellView* const before = std::exchange(_controlView, view);
+  if (before != nullptr && view != nullptr && before != view) before->cellTaken();
   changed();
 }
 
@@ -61,15 +68,18 @@ QColor J4SliderCell::activeColor() const {
 }
 
 QRectF J4SliderCell::backgroundOf(const QRectF& track) const {
-  if (_isVertical) return {track.x(), track.y(), kThickness, track.height()};
-  return {track.x(), track.y(), track.width(), kThickness};
+  return background(track, _isVertical);
 }
 
 QRectF J4SliderCell::filledPartOf(const QRectF& track) const {
+  return filledPart(track, _isVertical);
+}
+
+QRectF J4SliderCell::filledPart(const QRectF& track, bool isVertical) const {
   const double fraction = _controlView ? _controlView->fraction() : 0.0;
   const QSizeF view = _controlView ? _controlView->viewSize() : QSizeF();
   // The track is not shortened by the margins of the knob, its filled part is; the knob hides both.
-  if (!_isVertical)
+  if (!isVertical)
     return {track.x(), track.y(), fraction * (view.width() - kKnobMargins), kThickness};
   const double length = fraction * (view.height() - kKnobMargins);
   return {track.x(), track.y() + track.height() - length, kThickness, length};
@@ -81,22 +91,23 @@ void J4SliderCell::drawBarInside(QPainter& painter, const QRectF& track, bool /*
 }
 
 void J4SliderCell::drawHorizontal(QPainter& painter, const QRectF& track) const {
-  drawBar(painter, track);
+  drawBar(painter, track, false);
 }
 
 void J4SliderCell::drawVertical(QPainter& painter, const QRectF& track) const {
-  drawBar(painter, track);
+  drawBar(painter, track, true);
 }
 
-void J4SliderCell::drawBar(QPainter& painter, const QRectF& track) const {
+void J4SliderCell::drawBar(QPainter& painter, const QRectF& track, bool isVertical) const {
   const auto fill = [&](const QRectF& bar, const QColor& color) {
     painter.setBrush(color);
-    painter.drawRoundedRect(sharpened(bar, painter.deviceTransform(), _isVertical), kBarRadius,
+    painter.drawRoundedRect(sharpened(bar, painter.deviceTransform(), isVertical), kBarRadius,
                             kBarRadius);
   };
   painter.setPen(Qt::NoPen);
-  fill(backgroundOf(track), AngleViewer::GrayBackgroundColor());
-  if (const QRectF filled = filledPartOf(track); !filled.isEmpty()) fill(filled, activeColor());
+  fill(background(track, isVertical), AngleViewer::GrayBackgroundColor());
+  if (const QRectF filled = filledPart(track, isVertical); !filled.isEmpty())
+    fill(filled, activeColor());
 }
 
 double J4SliderCell::knobDiameter(double width, double height) {

@@ -20,6 +20,8 @@ class SliderCellView {
   [[nodiscard]] virtual bool showsFocus() const = 0;
   /// The cell draws other than before.
   virtual void cellChanged() = 0;
+  /// Another view has the cell from now on.
+  virtual void cellTaken() = 0;
 };
 
 /// Draws a slider: a thin round track, its filled part, a round knob; bright, or all grey.
@@ -34,7 +36,8 @@ class J4SliderCell {
   [[nodiscard]] bool isVertical() const { return _isVertical; }
   void setIsVertical(bool vertical);
 
-  /// The slider drawn; a slider sets itself when it takes the cell. None: nothing is filled.
+  /// The slider drawn; a slider sets itself when it takes the cell, and the one before loses it.
+  /// None: nothing is filled.
   void setControlView(SliderCellView* view);
 
   /// The track within its rectangle; `flipped` says that y is downward, as it always is here.
@@ -51,7 +54,8 @@ class J4SliderCell {
   [[nodiscard]] static double knobDiameter(double width, double height);
 
  private:
-  void drawBar(QPainter& painter, const QRectF& track) const;
+  [[nodiscard]] QRectF filledPart(const QRectF& track, bool isVertical) const;
+  void drawBar(QPainter& painter, const QRectF& track, bool isVertical) const;
   [[nodiscard]] QColor activeColor() const;
   void changed() const;
 

@@ -51,6 +51,11 @@ void Slider::setCell(std::shared_ptr<J4SliderCell> cell) {
   update();
 }
 
+void Slider::cellTaken() {
+  _cell.reset();
+  update();
+}
+
 void Slider::cellChanged() {
   updateGeometry();
   update();
@@ -165,17 +170,30 @@ void Slider::mousePressEvent(QMouseEvent* event) {
   const QPointF centre = knobCentre();
   const bool isOnKnob = knobRect().contains(event->position());
   _hold = isOnKnob ? event->position() - centre : QPointF();
-  adjust(isOnKnob ? _value : valueAt(event->position()), AdjustCause::Press);
+  _held = isOnKnob ? _value : valueAt(event->position());
+  adjust(_held, AdjustCause::Press);
 }
 
 void Slider::mouseMoveEvent(QMouseEvent* event) {
-  if (_isTracking) adjust(valueAt(event->position() - _hold), AdjustCause::Drag);
+  if (!_isTracking) return;
+  _held = valueAt(event->position() - _hold);
+  adjust(_held, AdjustCause::Drag);
 }
 
 void Slider::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || !_isTracking) return event->ignore();
-  _isTracking = false;
-  adjust(_value, AdjustCause::Release);
+  endTracking();
+}
+
+void Slider::endTracking() {
+  if (!std::exchange(_isTracking, false)) return;
+  adjust(_held, AdjustCause::Release);
+}
+
+// The release goes to the dialog, or nowhere.
+bool Slider::event(QEvent* event) {
+  if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::Hide) endTracking();
+  return QWidget::event(event);
 }
 
 void Slider::keyPressEvent(QKeyEvent* event) {

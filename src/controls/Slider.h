@@ -14,8 +14,9 @@
 #include "controls/StepInput.h"
 
 /// A slider over a range of doubles, drawn by a J4SliderCell, which also says whether it is
-/// upright. A press on the knob takes hold of it; a press elsewhere brings it there. Interface
-/// thread.
+/// upright. A press on the knob takes hold of it; a press elsewhere brings it there. What is done
+/// to the value meanwhile does not count: the release is where the hand was. A release that a
+/// dialog keeps away is made up for. Interface thread.
 class Slider : public QWidget, public Adjustable, public SliderCellView {
   Q_OBJECT
 
@@ -25,8 +26,8 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
   ~Slider() override;
 
   [[nodiscard]] std::shared_ptr<J4SliderCell> cell() const { return _cell; }
-  /// A cell is for one slider: value and size are those of the last that took it, until any that
-  /// took it goes or takes another. Without a cell nothing is drawn.
+  /// A cell is for one slider: the one that had it before is without. Without a cell nothing is
+  /// drawn.
   void setCell(std::shared_ptr<J4SliderCell> cell);
 
   [[nodiscard]] double minimum() const { return _minimum; }
@@ -52,6 +53,7 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
 
   [[nodiscard]] QSizeF viewSize() const override { return size(); }
   void cellChanged() override;
+  void cellTaken() override;
 
   [[nodiscard]] bool isAdjustable() const override { return isEnabled(); }
   [[nodiscard]] double adjustableValue() const override { return _value; }
@@ -73,6 +75,7 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  bool event(QEvent* event) override;
   void changeEvent(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -86,6 +89,7 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
   [[nodiscard]] QPointF knobCentre() const;
   [[nodiscard]] double valueAt(QPointF knobCentre) const;
   void announce(const QString& before);
+  void endTracking();
 
   std::shared_ptr<J4SliderCell> _cell;
   double _minimum = 0.0;
@@ -94,7 +98,8 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
   double _fineStep = 0.0;  ///< 0: a share of the range
   double _coarseStep = 0.0;
   bool _isTracking = false;
-  QPointF _hold;  ///< from the centre of the knob to where it was taken
+  double _held = 0.0;  ///< the value to which the hand has brought it
+  QPointF _hold;       ///< from the centre of the knob to where it was taken
   StepInput _steps;
   KeyboardFocus _focus;
 };

@@ -279,6 +279,28 @@ TEST_F(Playback, DraggingMovesOnlyTheTimeLabelUntilTheRelease) {
   EXPECT_EQ(state(), PLAY_STATE_PLAY);
 }
 
+TEST_F(Playback, DragThatOutlastsTheTakeGoesWhereItIsLetGo) {
+  take("a.WAV", 48'000);
+  startOnTakes();
+  open("a.WAV");
+  Hands::press(*view().player->sliderTime, onTime(0.0));
+  Hands::move(*view().player->sliderTime, onTime(0.5));
+  play(2000);
+  ASSERT_EQ(state(), PLAY_STATE_FINISH);
+  Hands::release(*view().player->sliderTime, onTime(0.5));
+  EXPECT_NEAR(player().curremtTime(), 0.5, 0.05);
+}
+
+TEST_F(Playback, DragThatADialogEndsLeavesNothingStanding) {
+  take("a.WAV");
+  startOnTakes();
+  open("a.WAV");
+  Hands::press(*view().player->sliderTime, onTime(0.3));
+  controller().showNoDevice();
+  EXPECT_FALSE(view().player->sliderTime->isSeeking());
+  EXPECT_NEAR(player().curremtTime(), 3.0, 0.2);
+}
+
 TEST_F(Playback, KeysSeekAtOnce) {
   take("R0001.WAV");
   startOnTakes();

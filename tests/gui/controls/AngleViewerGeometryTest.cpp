@@ -53,6 +53,15 @@ TEST_F(AngleViewerGeometry, FollowsTheWidth) {
   EXPECT_EQ(QPointF(100.0, 200.0), dial.thumbPosition());
 }
 
+TEST(AngleViewer, NotANumberIsNoAngle) {
+  AngleViewer dial;
+  dial.setNewAngle(90.0);
+  dial.setNewAngle(std::nan(""));
+  dial.setAngle(std::nan(""));
+  EXPECT_EQ(90.0, dial.angle());
+  EXPECT_EQ(QString("90°"), dial.valueText());
+}
+
 TEST(AngleViewer, StartsDisabledAtMonoWithSixLabels) {
   const DrawnDial dial;
   EXPECT_FALSE(dial.enable());

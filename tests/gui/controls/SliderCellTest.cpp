@@ -45,6 +45,44 @@ struct CellOfSlider : testing::Test {
   const QRectF track{3.0, 5.0, 90.0, 70.0};
 };
 
+TEST_F(CellOfSlider, IsLostToTheOneThatTakesIt) {
+  setUp({108, 22}, false, 0.0);
+  const auto cell = slider.cell();
+  Slider second;
+  second.setRange(0.0, 1.0);
+  second.setValue(1.0);
+  second.resize(208, 22);
+  {
+    Slider first;
+    first.setCell(cell);
+    EXPECT_EQ(nullptr, slider.cell());
+    second.setCell(cell);
+    EXPECT_EQ(nullptr, first.cell());
+  }
+  EXPECT_EQ(200.0, cell->filledPartOf(track).width())
+      << "the end of a former owner changes nothing";
+  second.setCell(cell);
+  EXPECT_EQ(200.0, cell->filledPartOf(track).width());
+}
+
+TEST(J4SliderCell, EachDirectionIsDrawnAsItIsCalled) {
+  for (const bool isVertical : {false, true}) {
+    J4SliderCell cell;
+    cell.setIsVertical(isVertical);
+    const auto drawn = [&](auto draw) {
+      QImage image(20, 20, QImage::Format_RGB32);
+      image.fill(kBlack);
+      QPainter painter(&image);
+      (cell.*draw)(painter, QRectF(0, 0, 20, 20));
+      return image;
+    };
+    EXPECT_EQ(kGrey, drawn(&J4SliderCell::drawHorizontal).pixelColor(15, 2));
+    EXPECT_EQ(kBlack, drawn(&J4SliderCell::drawHorizontal).pixelColor(2, 15));
+    EXPECT_EQ(kBlack, drawn(&J4SliderCell::drawVertical).pixelColor(15, 2));
+    EXPECT_EQ(kGrey, drawn(&J4SliderCell::drawVertical).pixelColor(2, 15));
+  }
+}
+
 TEST_F(CellOfSlider, HorizontalBars) {
   setUp({108, 22}, false, 0.0);
   EXPECT_EQ(QRectF(3.0, 5.0, 90.0, 4.0), slider.cell()->backgroundOf(track));

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QDialog>
 #include <QTest>
 #include <cmath>
 #include <limits>
@@ -46,6 +47,28 @@ TEST_F(PositionSlider, StartsAtZeroOfOne) {
   EXPECT_EQ(1.0, slider.maximum());
   EXPECT_FALSE(slider.isSeeking());
   EXPECT_EQ(Qt::StrongFocus, slider.focusPolicy());
+}
+
+TEST_F(PositionSlider, ReleaseIsWhereTheHandWasWhateverCameBetween) {
+  QTest::mousePress(&slider, Qt::LeftButton, {}, at(0.5).toPoint());
+  const double held = slider.value();
+  slider.setValue(0.0);
+  QTest::mouseRelease(&slider, Qt::LeftButton, {}, at(0.5).toPoint());
+  EXPECT_EQ(held, slider.value());
+  EXPECT_THAT(heard.causes, ElementsAre(Press, Release));
+}
+
+TEST_F(PositionSlider, ReleaseThatADialogKeepsAwayIsMadeUpFor) {
+  QTest::mousePress(&slider, Qt::LeftButton, {}, at(0.5).toPoint());
+  const double held = slider.value();
+  QDialog dialog;
+  dialog.setWindowModality(Qt::ApplicationModal);
+  dialog.show();
+  EXPECT_THAT(heard.causes, ElementsAre(Press, Release));
+  EXPECT_EQ(held, slider.value());
+  dialog.close();
+  QTest::mouseRelease(&slider, Qt::LeftButton, {}, at(0.9).toPoint());
+  EXPECT_EQ(2U, heard.causes.size()) << "it is over";
 }
 
 TEST_F(PositionSlider, ClampsToItsRange) {
