@@ -8,6 +8,8 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "dialogs/PanelLook.h"
+
 namespace {
 
 constexpr int kColumnExtra = 30;
@@ -91,6 +93,7 @@ void BrowserPane::askForFolder() {
   panel->setFileMode(QFileDialog::Directory);
   panel->setOption(QFileDialog::ShowDirsOnly);
   panel->setSizeGripEnabled(true);
+  PanelLook::apply(*panel);
   // The path is taken for an address, on purpose: one that is none, as with a space in it, leaves
   // the panel where it opens by itself.
   const auto& listing = _browser.listing();

@@ -4,8 +4,8 @@
 #include "app/WindowCommands.h"
 
 #include <QDesktopServices>
-#include <QFile>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QUrl>
 #include <utility>
 
@@ -102,9 +102,9 @@ void WindowCommands::connectExports() {
   const auto forget = [this] { _status.clear(StatusLine::Topic::Export); };
   connect(&_exports, &ExportQueue::began, this, forget);
   connect(&_take, &TakeSession::opening, this, forget);
-  connect(&_desk, &ExportDesk::exported, this, [this, forget](const QString& path) {
+  connect(&_desk, &ExportDesk::exported, this, [this, forget](const std::filesystem::path& path) {
     forget();
-    _browser.wishFor(QFile::encodeName(path).toStdString());
+    _browser.wishFor(path);
     _browser.refresh();
   });
   connect(&_desk, &ExportDesk::failed, this,
@@ -122,9 +122,12 @@ void WindowCommands::askForTheEnd() {
                                          QMessageBox::NoButton, &_window);
   question->setAttribute(Qt::WA_DeleteOnClose);
   question->setInformativeText(tr("An export is still running. Ending now cancels it."));
+  // In this order, whatever the desktop's is.
+  QPushButton* const stay = question->addButton(tr("Keep exporting"), QMessageBox::ActionRole);
   const auto* const end =
-      question->addButton(tr("Cancel export and quit"), QMessageBox::AcceptRole);
-  question->addButton(tr("Go on"), QMessageBox::RejectRole);
+      question->addButton(tr("Cancel export and quit"), QMessageBox::ActionRole);
+  question->setDefaultButton(stay);
+  question->setEscapeButton(stay);
   connect(end, &QAbstractButton::clicked, this, &WindowCommands::endAnyway);
   question->open();
 }

@@ -182,9 +182,7 @@ std::string FileDescription::chunkLines() const {
 
 std::string FileDescription::audioWarning(const WaveFileReader& reader) {
   const WaveHeader& header = reader.header();
-  const bool isInteger24 = header.BitsPerSample == 24;
-  const bool isFloat32 = header.BitsPerSample == 32 && header.AudioFormat == kFormatFloat;
-  if (header.NumChannels != 2 || !(isInteger24 || isFloat32)) {
+  if (header.NumChannels != 2 || !header.hasSound()) {
     return fmt::format(
         "{} channels of {}-bit samples with format tag {} do not decode to useful sound; the "
         "recorder writes 2 channels, 24-bit integer or 32-bit float (tag 3)",

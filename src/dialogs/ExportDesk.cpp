@@ -73,7 +73,7 @@ void ExportDesk::end(int id, const ExportOrder& order, const ExportResult& resul
   EB::FIRE(EB::kReloadFileList);
   switch (result.end) {
     case ExportResult::End::Written:
-      emit exported(QFile::decodeName(order.target.c_str()));
+      emit exported(order.target);
       break;
     case ExportResult::End::TargetIsSource:
       refuse(tr("Fail to open."), sentence(order, result.failure));

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QWidget>
 #include <chrono>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
@@ -33,7 +34,7 @@ class ExportDesk : public QObject {
 
  signals:
   /// An export has been written to `path`, and the list was told.
-  void exported(const QString& path);
+  void exported(const std::filesystem::path& path);
   /// An export could not be written; `why` is a sentence for the window's quiet line.
   void failed(const QString& why);
 

@@ -4,7 +4,6 @@
 #include "dialogs/ExportFacts.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QLocale>
 #include <limits>
 #include <system_error>
@@ -25,12 +24,14 @@ ExportFacts::ExportFacts(const Export& job)
       angle(job.angle()) {
   if (!isValid) return;
   isRawMidSide = job.reader()->isBoMSFormat();
+  const WaveHeader& header = job.reader()->header();
+  if (!header.hasSound()) oddBits = header.BitsPerSample;
   size24 = job.outputSize(true);
   size32 = job.outputSize(false);
 }
 
-QString ExportFacts::proposedName() const {
-  return QFile::decodeName(Export::nameFor(source).c_str());
+std::filesystem::path ExportFacts::proposal() const {
+  return folder / Export::nameFor(source);
 }
 
 QString ExportFacts::widthText() const {
@@ -48,6 +49,12 @@ QString ExportFacts::sizeText(bool is24bit) const {
 }
 
 QString ExportFacts::warning(bool is24bit) const {
+  if (oddBits != 0) {
+    return QCoreApplication::translate("ExportFacts",
+                                       "These %1-bit samples export as noise: the recorder writes "
+                                       "24 bits or 32-bit float")
+        .arg(oddBits);
+  }
   const std::uint64_t size = is24bit ? size24 : size32;
   if (size > std::numeric_limits<std::uint32_t>::max()) {
     return QCoreApplication::translate("ExportFacts", "Too long: a WAVE file ends at 4 GiB");

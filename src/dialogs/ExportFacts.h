@@ -13,16 +13,16 @@ struct ExportFacts {
   ExportFacts() = default;
   explicit ExportFacts(const Export& job);
 
-  /// "<name>_Decode.WAV".
-  [[nodiscard]] QString proposedName() const;
+  /// "<name>_Decode.WAV" in the folder.
+  [[nodiscard]] std::filesystem::path proposal() const;
   /// "90°", or that the channels stay as they are.
   [[nodiscard]] QString widthText() const;
   /// "+6 dB", or what takes its place in a normalised export.
   [[nodiscard]] QString gainText(bool isNormalized) const;
   /// "14.4 MB".
   [[nodiscard]] QString sizeText(bool is24bit) const;
-  /// Why the export would not fit into its folder or into a file; empty when it does, and where
-  /// that cannot be told. Asks the file system.
+  /// Why the export would be noise, or would not fit into its folder or into a file; empty when it
+  /// is neither, and where that cannot be told. Asks the file system.
   [[nodiscard]] QString warning(bool is24bit) const;
 
   bool isValid = false;
@@ -31,6 +31,7 @@ struct ExportFacts {
   double gain = 0;
   double angle = 0;
   bool isRawMidSide = false;
+  int oddBits = 0;           ///< of a sample that does not decode to sound; 0 where it does
   std::uint64_t size24 = 0;  ///< bytes of the output
   std::uint64_t size32 = 0;
 };

@@ -47,9 +47,9 @@ QLabel* ExportProgress::nameLine(const QString& text, const char* role) {
   return line;
 }
 
-// It appears by itself, while the user may be typing: a space meant for the player is no cancel.
+// It has the focus, so that Escape cancels; its button has not, since it appears by itself while
+// the user may be typing: a space meant for the player is no cancel.
 void ExportProgress::comeQuietly() {
-  setAttribute(Qt::WA_ShowWithoutActivating);
   setFocusPolicy(Qt::StrongFocus);
   setFocus();
 }

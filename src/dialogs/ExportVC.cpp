@@ -8,14 +8,6 @@
 
 #include "dialogs/SavePanel.h"
 
-namespace {
-
-std::filesystem::path pathOf(const QString& path) {
-  return QFile::encodeName(path).toStdString();
-}
-
-}  // namespace
-
 ExportVC::ExportVC(QWidget* parent) : DialogWindow(parent) {
   layOut();
   viewDidLoad();
@@ -58,21 +50,21 @@ void ExportVC::btnCancel_Click() {
 }
 
 void ExportVC::btnSave_Click() {
-  auto* const panel = new SavePanel(QFile::decodeName(_facts.folder.c_str()), _facts.proposedName(),
-                                    _facts.source, this);
+  auto* const panel = new SavePanel(_facts.proposal(), _facts.source, this);
   connect(panel, &SavePanel::chosen, this, &ExportVC::save);
   panel->open();
 }
 
-void ExportVC::save(const QString& path, AtomicFile::Existing existing) {
+void ExportVC::save(const std::filesystem::path& path, AtomicFile::Existing existing) {
   const ExportOrder order = this->order(path, existing);
   accept();
   emit ordered(order);
 }
 
-ExportOrder ExportVC::order(const QString& path, AtomicFile::Existing existing) const {
+ExportOrder ExportVC::order(const std::filesystem::path& path,
+                            AtomicFile::Existing existing) const {
   return {.source = _facts.source,
-          .target = pathOf(path),
+          .target = path,
           .gain = _facts.gain,
           .angle = _facts.angle,
           .is24bit = _radio24->isChecked(),

@@ -49,8 +49,9 @@ class ExportVC : public DialogWindow {
   QLayout* choices();
   QLayout* buttons();
   void showFacts();
-  void save(const QString& path, AtomicFile::Existing existing);
-  [[nodiscard]] ExportOrder order(const QString& path, AtomicFile::Existing existing) const;
+  void save(const std::filesystem::path& path, AtomicFile::Existing existing);
+  [[nodiscard]] ExportOrder order(const std::filesystem::path& path,
+                                  AtomicFile::Existing existing) const;
 
   static constexpr int kTextWidth = 320;
 

@@ -3,6 +3,7 @@
 
 #include "dialogs/SavePanel.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
@@ -10,27 +11,46 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTreeView>
+#include <system_error>
 #include <utility>
+
+#include "dialogs/PanelLook.h"
 
 namespace {
 
 constexpr QSize kSize(720, 480);
 
+constexpr int kNameWidth = 300;
+
 const QLatin1String kSuffix(".WAV");
+
+QString textOf(const std::filesystem::path& path) {
+  return QFile::decodeName(path.c_str());
+}
+
+std::filesystem::path bytesOf(const QString& text) {
+  return QFile::encodeName(text).toStdString();
+}
+
+// The folder itself, or the first one above that the panel has a name for.
+std::filesystem::path nearestNamed(std::filesystem::path folder) {
+  while (bytesOf(textOf(folder)) != folder) folder = folder.parent_path();
+  return folder;
+}
 
 }  // namespace
 
-SavePanel::SavePanel(const QString& folder, const QString& name, std::filesystem::path source,
-                     QWidget* parent)
-    : QFileDialog(parent), _source(std::move(source)) {
+SavePanel::SavePanel(std::filesystem::path proposal, std::filesystem::path source, QWidget* parent)
+    : QFileDialog(parent), _proposal(std::move(proposal)), _source(std::move(source)) {
   setAttribute(Qt::WA_DeleteOnClose);
   setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
   setWindowTitle(tr("Saving checkboard..."));
   setAcceptMode(QFileDialog::AcceptSave);
   setFileMode(QFileDialog::AnyFile);
   setNameFilter(tr("WAV files (*.wav)"));
-  setDirectory(folder);
-  selectFile(name);
+  setDirectory(textOf(nearestNamed(_proposal.parent_path())));
+  selectFile(textOf(_proposal.stem()));
+  PanelLook::apply(*this);
   addMessage();
   giveRoom();
 }
@@ -58,27 +78,42 @@ QString SavePanel::withSuffix(const QString& path) {
   return path.right(kSuffix.size()).toUpper() == kSuffix ? path : path + kSuffix;
 }
 
+// The panel names files by text, in which bytes that are no UTF-8 are lost: where its text is that
+// of what it began with, that is what is meant.
+std::filesystem::path SavePanel::pathOf(const QString& named) const {
+  const QFileInfo whole(withSuffix(named));
+  const std::filesystem::path folder = _proposal.parent_path();
+  const std::filesystem::path name = _proposal.filename();
+  const bool isFolder = whole.path() == textOf(folder);
+  const bool isName = whole.fileName() == textOf(name);
+  return (isFolder ? folder : bytesOf(whole.path())) / (isName ? name : bytesOf(whole.fileName()));
+}
+
 void SavePanel::accept() {
   const QStringList named = selectedFiles();
   if (named.size() != 1 || QFileInfo(named.first()).isDir()) {
     QFileDialog::accept();
     return;
   }
-  const QString path = withSuffix(named.first());
-  const bool isSource = _source == QFile::encodeName(path).toStdString();
-  if (!isSource && QFileInfo(path).isFile()) {
+  const std::filesystem::path path = pathOf(named.first());
+  std::error_code error;
+  if (_source != path && std::filesystem::is_regular_file(path, error)) {
     askToReplace(path);
   } else {
     choose(path, AtomicFile::Existing::Refuse);
   }
 }
 
-void SavePanel::askToReplace(const QString& path) {
+void SavePanel::askToReplace(const std::filesystem::path& path) {
   auto* const question = new QMessageBox(this);
   question->setAttribute(Qt::WA_DeleteOnClose);
   question->setWindowTitle(windowTitle());
   question->setTextFormat(Qt::PlainText);
-  question->setText(tr("“%1” exists. Replace it?").arg(QFileInfo(path).fileName()));
+  question->ensurePolished();
+  const QString name = textOf(path.filename());
+  question->setText(
+      tr("“%1” exists. Replace it?")
+          .arg(question->fontMetrics().elidedText(name, Qt::ElideMiddle, kNameWidth)));
   QPushButton* const replace = question->addButton(tr("Replace"), QMessageBox::AcceptRole);
   question->setDefaultButton(question->addButton(QMessageBox::Cancel));
   connect(question, &QMessageBox::buttonClicked, this, [this, path, replace](QAbstractButton* it) {
@@ -87,7 +122,7 @@ void SavePanel::askToReplace(const QString& path) {
   question->open();
 }
 
-void SavePanel::choose(const QString& path, AtomicFile::Existing existing) {
+void SavePanel::choose(const std::filesystem::path& path, AtomicFile::Existing existing) {
   emit chosen(path, existing);
   done(QDialog::Accepted);
 }

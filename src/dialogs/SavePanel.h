@@ -7,16 +7,16 @@
 
 #include "export/AtomicFile.h"
 
-/// Asks where to save an export. Completes the name by ".WAV" where that is missing, and asks
+/// Asks where to save an export. Completes the name by ".WAV", which need not be typed, and asks
 /// before a file is replaced. Deletes itself when it is closed. Interface thread.
 class SavePanel : public QFileDialog {
   Q_OBJECT
 
  public:
-  /// Starts in `folder` with `name` proposed. `source` is never asked about: who chooses it is told
-  /// later that it cannot be.
-  SavePanel(const QString& folder, const QString& name, std::filesystem::path source,
-            QWidget* parent);
+  /// Starts with `proposal`, whose bytes are kept where they are chosen, be they UTF-8 or not; its
+  /// extension is not shown. `source` is never asked about: who chooses it is told later that it
+  /// cannot be.
+  SavePanel(std::filesystem::path proposal, std::filesystem::path source, QWidget* parent);
 
   /// The path with ".WAV" added where its last four characters, in whatever case, are others.
   static QString withSuffix(const QString& path);
@@ -26,13 +26,15 @@ class SavePanel : public QFileDialog {
 
  signals:
   /// A whole path; `existing` tells whether the user agreed to replace a file.
-  void chosen(const QString& path, AtomicFile::Existing existing);
+  void chosen(const std::filesystem::path& path, AtomicFile::Existing existing);
 
  private:
   void addMessage();
   void giveRoom();
-  void askToReplace(const QString& path);
-  void choose(const QString& path, AtomicFile::Existing existing);
+  [[nodiscard]] std::filesystem::path pathOf(const QString& named) const;
+  void askToReplace(const std::filesystem::path& path);
+  void choose(const std::filesystem::path& path, AtomicFile::Existing existing);
 
+  std::filesystem::path _proposal;
   std::filesystem::path _source;
 };

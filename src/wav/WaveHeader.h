@@ -30,6 +30,12 @@ struct WaveHeader {
   std::uint32_t dataChunkPosition = 0;  ///< first byte of the sample data; 0: no data chunk
   std::uint32_t dataChunkLength = 0;    ///< the data chunk's size field, not compared with the file
   std::uint32_t dataChunkEnd = 0;       ///< position + length in 32-bit arithmetic
+
+  /// Whether its samples decode to useful sound: 24-bit integers and 32-bit floats do, others by
+  /// the recorder's own rules do not.
+  [[nodiscard]] bool hasSound() const {
+    return BitsPerSample == 24 || (BitsPerSample == 32 && AudioFormat == kFormatFloat);
+  }
 };
 
 /// One indexed chunk.

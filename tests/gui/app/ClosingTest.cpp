@@ -4,8 +4,10 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <algorithm>
 
 #include "WindowFixture.h"
 #include "dialogs/ExportVC.h"
@@ -54,7 +56,13 @@ TEST_F(Closing, DuringAnExportItAsksFirst) {
   EXPECT_TRUE(view().isVisible());
   auto* const question = shown<QMessageBox>();
   ASSERT_NE(question, nullptr);
-  press(question, "Go on");
+  EXPECT_EQ(question->defaultButton()->text(), "Keep exporting");
+  EXPECT_EQ(question->escapeButton(), question->defaultButton());
+  EXPECT_EQ(question->focusWidget(), question->defaultButton());
+  QList<QPushButton*> buttons = question->findChildren<QPushButton*>();
+  std::ranges::sort(buttons, {}, [](const QPushButton* it) { return it->x(); });
+  EXPECT_EQ(buttons.first()->text(), "Keep exporting");
+  press(question, "Keep exporting");
   EXPECT_TRUE(view().isVisible());
   EXPECT_TRUE(exports().isBusy());
 }

@@ -159,7 +159,7 @@ TEST_F(Commands, WhatWasExportedIsWishedFor) {
   open("a.WAV");
   browser.openFolder(takes.path());
   emit desk.failed("No space left.");
-  emit desk.exported(QString::fromStdString(take("a_Decode.WAV").string()));
+  emit desk.exported(take("a_Decode.WAV"));
   EXPECT_EQ(status.text(), "");
   while (granted.empty()) ASSERT_TRUE(granted.wait(20'000));
   EXPECT_EQ(granted.first().first().toInt(), 1);

@@ -14,9 +14,10 @@
 
 namespace {
 
-const char* const kNames[] = {"play_play", "play_pause", "speaker_mute", "speaker_1", "speaker_2",
-                              "speaker_3", "folder",     "wav_file",     "go_up",     "open_folder",
-                              "device_j4", "logo",       "mixdeck"};
+const char* const kNames[] = {"play_play", "play_pause",  "speaker_mute", "speaker_1",
+                              "speaker_2", "speaker_3",   "folder",       "wav_file",
+                              "go_up",     "open_folder", "device_j4",    "logo",
+                              "mixdeck",   "back",        "forward",      "new_folder"};
 
 QImage picture(const char* name, int width, int height, QIcon::Mode mode = QIcon::Normal) {
   return Artwork::icon(name)

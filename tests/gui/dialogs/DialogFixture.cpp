@@ -37,8 +37,8 @@ DialogFixture::DialogFixture() : _mainWindow(std::make_unique<QWidget>()) {
 void DialogFixture::makeDesk() {
   _queue = std::make_unique<ExportQueue>(_held.work(), [this] { return _now; });
   _desk = std::make_unique<ExportDesk>(*_queue, *_mainWindow);
-  QObject::connect(_desk.get(), &ExportDesk::exported, [this](const QString& path) {
-    _told.push_back("exported " + path.toStdString());
+  QObject::connect(_desk.get(), &ExportDesk::exported, [this](const std::filesystem::path& path) {
+    _told.push_back("exported " + path.string());
   });
   QObject::connect(_desk.get(), &ExportDesk::failed,
                    [this](const QString& why) { _told.push_back("failed " + why.toStdString()); });

@@ -4,6 +4,7 @@
 #include "dialogs/ExportFacts.h"
 
 #include "DialogFixture.h"
+#include "support/WaveBytes.h"
 
 namespace {
 
@@ -35,8 +36,19 @@ TEST_F(ExportFactsTest, TheProposalDropsTheLastExtensionOnly) {
                                                        {"/a/take 1.wav", "take 1_Decode.WAV"}};
   for (const auto& [source, name] : cases) {
     facts.source = source;
-    EXPECT_EQ(QString(name), facts.proposedName());
+    facts.folder = "/b";
+    EXPECT_EQ(std::filesystem::path("/b") / name, facts.proposal());
   }
+}
+
+TEST_F(ExportFactsTest, WarnsOfSamplesThatAreNoSound) {
+  const auto samples = std::vector<std::byte>(64);
+  const auto odd = _folder.file(
+      "odd.WAV", WaveBytes().recorderBext(true).format(1, 2, 48000, 16).data(samples).get());
+  EXPECT_EQ(QString("These 16-bit samples export as noise: the recorder writes 24 bits or 32-bit "
+                    "float"),
+            ExportFacts(Export(odd)).warning(true));
+  EXPECT_EQ(QString(), ExportFacts(*job()).warning(true));
 }
 
 TEST_F(ExportFactsTest, GainHasItsSign) {

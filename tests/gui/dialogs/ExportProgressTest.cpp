@@ -3,6 +3,7 @@
 
 #include "dialogs/ExportProgress.h"
 
+#include <QApplication>
 #include <QMessageBox>
 #include <QSignalSpy>
 #include <QTest>
@@ -100,6 +101,15 @@ TEST_F(ExportProgressTest, EscapeAndClosingAreCancels) {
   expectCancelled(second);
 }
 
+TEST_F(ExportProgressTest, EscapeReachesItAsSoonAsItIsThere) {
+  const auto dialog = exportLong();
+  EXPECT_TRUE(waitUntil([this] { return QApplication::activeWindow() == _progress; }));
+  ASSERT_NE(nullptr, QApplication::focusWidget());
+  EXPECT_FALSE(_progress->findChild<QPushButton*>()->hasFocus());
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+  expectCancelled(dialog);
+}
+
 TEST_F(ExportProgressTest, TheWindowMayCancelIt) {
   const auto dialog = exportLong();
   _queue->cancelAll();
@@ -148,7 +158,6 @@ TEST_F(ExportProgressTest, SpaceAndReturnDoNotCancel) {
   int cancels = 0;
   QObject::connect(&progress, &ExportProgress::cancelRequested, [&] { ++cancels; });
   progress.show();
-  EXPECT_TRUE(progress.testAttribute(Qt::WA_ShowWithoutActivating));
   QWidget* const focused = progress.focusWidget() != nullptr ? progress.focusWidget() : &progress;
   QTest::keyClick(focused, Qt::Key_Space);
   QTest::keyClick(focused, Qt::Key_Return);

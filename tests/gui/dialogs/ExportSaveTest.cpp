@@ -33,7 +33,7 @@ TEST_F(ExportSaveTest, TheProposalIsBesideTheSource) {
   const auto dialog = openExport(job());
   click(*dialog, "Save");
   auto* const edit = waitForShown<SavePanel>()->findChild<QLineEdit*>("fileNameEdit");
-  EXPECT_EQ(QString("R0001_Decode.WAV"), edit->text());
+  EXPECT_EQ(QString("R0001_Decode"), edit->text());
   QTest::keyClick(edit, Qt::Key_Return);
   EXPECT_EQ(done("R0001_Decode.WAV"), told(dialog));
   EXPECT_EQ(wanted(true, false), samplesOf(path("R0001_Decode.WAV")));
@@ -137,6 +137,17 @@ TEST_F(ExportSaveTest, NamesInOtherScriptsAreKept) {
   click(*dialog, "Save");
   QTest::keyClick(waitForShown<SavePanel>()->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
   EXPECT_EQ(done("Übung 録音_Decode.WAV"), told(dialog));
+}
+
+TEST_F(ExportSaveTest, NamesThatAreNoTextAreKeptToTheByte) {
+  std::filesystem::create_directory(path("takes\xFC"));
+  const auto dialog = openExport(std::make_shared<Export>(take("takes\xFC/\xC4lpen.WAV")));
+  click(*dialog, "Save");
+  auto* const panel = waitForShown<SavePanel>();
+  panel->setDirectory(QString::fromStdString(_folder.path().string()));
+  QTest::keyClick(panel->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+  EXPECT_EQ(done("\xC4lpen_Decode.WAV"), told(dialog));
+  EXPECT_TRUE(std::filesystem::exists(path("\xC4lpen_Decode.WAV")));
 }
 
 }  // namespace

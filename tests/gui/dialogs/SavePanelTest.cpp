@@ -3,13 +3,17 @@
 
 #include "dialogs/SavePanel.h"
 
+#include <QAbstractFileIconProvider>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTest>
+#include <QToolButton>
 #include <utility>
 
 #include "DialogFixture.h"
+#include "controls/Artwork.h"
 
 namespace {
 
@@ -20,11 +24,11 @@ using Existing = AtomicFile::Existing;
 class SavePanelTest : public DialogFixture {
  protected:
   SavePanelTest() {
-    _panel = new SavePanel(QString::fromStdString(_folder.path().string()), "R0001_Decode.WAV",
-                           path("R0001.WAV"), nullptr);
-    QObject::connect(_panel, &SavePanel::chosen, _panel, [this](const QString& path, Existing how) {
-      _chosen.emplace_back(path.toStdString(), how);
-    });
+    _panel = new SavePanel(path("R0001_Decode.WAV"), path("R0001.WAV"), nullptr);
+    QObject::connect(_panel, &SavePanel::chosen, _panel,
+                     [this](const std::filesystem::path& path, Existing how) {
+                       _chosen.emplace_back(path.string(), how);
+                     });
     _panel->open();
   }
   void type(const std::string& text) {
@@ -34,6 +38,20 @@ class SavePanelTest : public DialogFixture {
   QLineEdit* edit() { return _panel->findChild<QLineEdit*>("fileNameEdit"); }
   std::pair<std::string, Existing> choice(const std::string& name, Existing how) const {
     return {path(name).string(), how};
+  }
+  void expectTheWholeQuestion(const std::string& name) {
+    take(name);
+    type(name);
+    auto* const question = waitForShown<QMessageBox>();
+    ASSERT_NE(question, nullptr);
+    const auto* const text = question->findChild<QLabel*>("qt_msgbox_label");
+    const QRect place = text->contentsRect();
+    const int flags = text->wordWrap() ? int{Qt::TextWordWrap} : 0;
+    const QRect needed =
+        text->fontMetrics().boundingRect({0, 0, place.width(), 1000}, flags, text->text());
+    EXPECT_LE(needed.width(), place.width()) << text->text().toStdString();
+    EXPECT_LE(needed.height(), place.height()) << text->text().toStdString();
+    EXPECT_TRUE(question->rect().contains(text->geometry()));
   }
   bool isGone() {
     return waitUntil([&] { return _panel.isNull(); });
@@ -64,7 +82,7 @@ TEST(SavePanelSuffix, IsAddedUnlessItIsThereInAnyCase) {
 TEST_F(SavePanelTest, HasItsTextsAndProposal) {
   EXPECT_EQ(QString("Saving checkboard..."), _panel->windowTitle());
   EXPECT_TRUE(labels(*_panel).contains("Please select a path where to save decoded wav."));
-  EXPECT_EQ(QString("R0001_Decode.WAV"), edit()->text());
+  EXPECT_EQ(QString("R0001_Decode"), edit()->text()) << "the extension is hidden";
   EXPECT_EQ(_folder.path().string(), _panel->directory().absolutePath().toStdString());
   EXPECT_EQ(QFileDialog::AcceptSave, _panel->acceptMode());
   EXPECT_EQ(QStringList("WAV files (*.wav)"), _panel->nameFilters());
@@ -114,6 +132,32 @@ TEST_F(SavePanelTest, AsksBeforeAFileIsReplaced) {
   click(*waitForShown<QMessageBox>(), "Replace");
   EXPECT_TRUE(isGone());
   EXPECT_THAT(_chosen, ElementsAre(choice("there.WAV", Existing::Replace)));
+}
+
+TEST_F(SavePanelTest, TheQuestionIsShownWhole) {
+  expectTheWholeQuestion("R0001_Decode.WAV");
+}
+
+TEST_F(SavePanelTest, TheQuestionOfALongNameIsShownWhole) {
+  expectTheWholeQuestion(std::string(200, 'w') + ".WAV");
+}
+
+TEST_F(SavePanelTest, HasThePicturesAndTheButtonOfTheProgram) {
+  EXPECT_TRUE(button(*_panel, "Save")->property("primary").toBool());
+  const auto isOurs = [this](const char* name, const char* picture) {
+    const QSize size(16, 16);
+    return _panel->findChild<QToolButton*>(name)->icon().pixmap(size).toImage() ==
+           Artwork::icon(picture).pixmap(size).toImage();
+  };
+  EXPECT_TRUE(isOurs("toParentButton", "go_up"));
+  EXPECT_TRUE(isOurs("backButton", "back"));
+  EXPECT_TRUE(isOurs("forwardButton", "forward"));
+  EXPECT_TRUE(isOurs("newFolderButton", "new_folder"));
+  for (const char* const stock : {"listModeButton", "detailModeButton"}) {
+    EXPECT_FALSE(_panel->findChild<QToolButton*>(stock)->isVisible());
+  }
+  const QIcon folder = _panel->iconProvider()->icon(QFileInfo("/"));
+  EXPECT_EQ(folder.pixmap(16).toImage(), Artwork::icon("folder").pixmap(16).toImage());
 }
 
 TEST_F(SavePanelTest, TheQuestionGoesWithEscape) {
