@@ -18,6 +18,8 @@ ProgramOptions ProgramOptions::parse(int argc, const char* const* argv) {
       ->check(CLI::ExistingPath);
   program.add_flag("--simulate-recorder", options.simulatesRecorder,
                    "Behave as if a recorder were connected");
+  program.add_flag("--log", options.showsLog,
+                   "Show the log lines here too; they are in the system's log");
   try {
     program.parse(argc, argv);
     options.start = start;

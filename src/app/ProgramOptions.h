@@ -9,6 +9,7 @@
 struct ProgramOptions {
   std::filesystem::path start;  ///< a folder or a recording; empty: neither
   bool simulatesRecorder = false;
+  bool showsLog = false;
   std::optional<int> status;  ///< set when the program is already done, with this exit status
 
   /// Prints help, version and complaints.

@@ -3,6 +3,8 @@
 
 #include "app/ViewController.h"
 
+#include <utility>
+
 #include "base/EB.h"
 #include "midi/MIDIManager.h"
 
@@ -23,7 +25,10 @@ void ViewController::viewDidLoad() {
 
 void ViewController::initUI() {
   WindowCommands& commands = _panes.commands;
-  connect(&_panes.browser, &FolderBrowser::takeChosen, this, &ViewController::openWavFile);
+  connect(&_panes.browser, &FolderBrowser::takeChosen, this, &ViewController::openChosen);
+  connect(&commands, &WindowCommands::introduced, this, [this] {
+    if (const auto item = std::exchange(_waiting, {})) openWavFile(*item);
+  });
   connect(&_panes.browser, &FolderBrowser::listed, this, &ViewController::listed);
   connect(&commands, &WindowCommands::openSelectedRequested, &_panes.files,
           &BrowserPane::openSelected);
@@ -34,6 +39,12 @@ void ViewController::initUI() {
   connect(&commands, &WindowCommands::endRequested, this, &ViewController::endRequested);
   connect(&_panes.device, &DevicePane::recorderMissing, &commands, &WindowCommands::showNoDevice);
   MIDIManagerDisconnected();
+}
+
+// What the command line names is not to play behind a dialog that explains the program.
+void ViewController::openChosen(const WavItem& item) {
+  if (!_panes.commands.isIntroducing()) return openWavFile(item);
+  _waiting = item;
 }
 
 void ViewController::initMIDI() {

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "app/WindowPanes.h"
@@ -43,7 +44,7 @@ class ViewController : public QObject, public MIDIManagerDelegate {
   void btnOpenFolder_Click() { txtFolder_Click(); }
   void btnAbout_Click() { _panes.commands.showAbout(); }
   void showIntroduction() { _panes.commands.showIntroduction(); }
-  void showHelp() { WindowCommands::showHelp(); }
+  void showHelp() { _panes.commands.showHelp(); }
   void showNoDevice() { _panes.commands.showNoDevice(); }
   void keyDown(const QKeyEvent& event) { _panes.commands.keyDown(event); }
   void keyUp(const QKeyEvent& event) { _panes.commands.keyUp(event); }
@@ -103,8 +104,10 @@ class ViewController : public QObject, public MIDIManagerDelegate {
  private:
   void initUI();
   void initMIDI();
+  void openChosen(const WavItem& item);
 
   MainView& _view;
   WindowPanes _panes;
   std::filesystem::path _start;
+  std::optional<WavItem> _waiting;  ///< chosen behind the introduction
 };

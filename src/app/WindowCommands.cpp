@@ -12,6 +12,7 @@
 #include "base/Utility.h"
 #include "base/Version.h"
 #include "dialogs/AboutVC.h"
+#include "dialogs/Alert.h"
 #include "dialogs/IntroductionVC.h"
 #include "dialogs/NodeviceVC.h"
 
@@ -63,14 +64,20 @@ void WindowCommands::present(DialogWindow* dialog) const {
 }
 
 void WindowCommands::introduce() {
-  if (std::exchange(_firstIntroDialog, false)) introduce(false);
+  if (!std::exchange(_firstIntroDialog, false)) return;
+  _isIntroducing = true;
+  connect(introduce(false), &QObject::destroyed, this, [this] {
+    _isIntroducing = false;
+    emit introduced();
+  });
 }
 
-void WindowCommands::introduce(bool fromMenu) {
+DialogWindow* WindowCommands::introduce(bool fromMenu) {
   auto* const dialog = new IntroductionVC(&_window);
   dialog->setFromMenu(fromMenu);
   dialog->setVersionString(_versionString);
   present(dialog);
+  return dialog;
 }
 
 void WindowCommands::showIntroduction() {
@@ -83,8 +90,10 @@ void WindowCommands::showAbout() {
   present(dialog);
 }
 
-void WindowCommands::showHelp() {
-  QDesktopServices::openUrl(QUrl(QLatin1String(kHelpAddress)));
+void WindowCommands::showHelp() const {
+  const QString address = QLatin1String(kHelpAddress);
+  if (QDesktopServices::openUrl(QUrl(address))) return;
+  Alert::show(&_window, tr("No browser could be opened. Help is at %1").arg(address));
 }
 
 void WindowCommands::showNoDevice() {

@@ -41,10 +41,13 @@ class WindowCommands : public QObject {
   void readVersion();
   /// Introduces the program once, where that is due.
   void introduce();
+  /// Whether that is due, or on the screen.
+  [[nodiscard]] bool isIntroducing() const { return _firstIntroDialog || _isIntroducing; }
 
   void showAbout();
   void showIntroduction();
-  static void showHelp();
+  /// Opens the help in the browser; where there is none, says where the help is.
+  void showHelp() const;
   void showNoDevice();
   /// Asks how to export the take that is open.
   void askForExport();
@@ -58,6 +61,8 @@ class WindowCommands : public QObject {
   [[nodiscard]] const QString& versionString() const { return _versionString; }
 
  signals:
+  /// The introduction that was due is over.
+  void introduced();
   void openSelectedRequested();
   void openFolderRequested();
   void playRequested();
@@ -70,7 +75,7 @@ class WindowCommands : public QObject {
   void connectMenu();
   void connectExports();
   void present(DialogWindow* dialog) const;
-  void introduce(bool fromMenu);
+  DialogWindow* introduce(bool fromMenu);
   void askForTheEnd();
   void endAnyway();
 
@@ -83,6 +88,7 @@ class WindowCommands : public QObject {
   WindowMenu& _menu;
   QString _versionString;
   bool _firstIntroDialog = false;
+  bool _isIntroducing = false;
   bool _isSpaceDown = false;
   bool _isEnding = false;
 };

@@ -8,6 +8,7 @@
 #include "app/AppDelegate.h"
 #include "app/DeviceLink.h"
 #include "app/DisplayGuard.h"
+#include "app/ProgramLog.h"
 #include "app/ProgramOptions.h"
 #include "app/WindowController.h"
 #include "controls/Appearance.h"
@@ -37,6 +38,7 @@ int run(QApplication& application, const ProgramOptions& options) {
 int main(int argc, char** argv) {
   const ProgramOptions options = ProgramOptions::parse(argc, argv);
   if (options.status) return *options.status;
+  const ProgramLog log(options.showsLog);
   const auto application = makeApplication(argc, argv);
   QApplication::setApplicationName(QStringLiteral("mixdeck"));
   return run(*application, options);

@@ -8,7 +8,8 @@
 
 /// Where the program's log lines go: standard error, unless a program or a test takes them over.
 ///
-/// Lines may be written on any thread; the sink is set before others write.
+/// Lines may be written on any thread; the sink is set before others write. A line that a sink
+/// itself writes goes to standard error.
 class Log {
  public:
   using Sink = std::function<void(std::string_view line)>;

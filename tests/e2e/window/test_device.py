@@ -39,6 +39,12 @@ class DeviceTest(Case):
         self.assertEqual(program.find("combo box", "Auto power off").description, "10 minutes")
         self.assertAlmostEqual(program.find("progress bar", "Card used").value, 250, delta=2)
 
+    def test_log_lines_are_shown_on_demand(self):
+        self.assertIn(ANSWER, self.connected().output())
+        quiet = self.program("--simulate-recorder", self.takes, log=())
+        quiet.wait_label("Connected")
+        self.assertEqual(quiet.output(), "")
+
     def test_settings_are_sent_once(self):
         program = self.connected()
         before = program.wait(lambda: self.answers(program), "the handshake")

@@ -77,7 +77,7 @@ class ExportTest(Case):
         for text in ("R0001.WAV", "Stereo width", "75°", "Gain", "+6 dB", "File size", "288.7 kB"):
             self.assertIn(text, program.labels())
         self.assertTrue(program.find("radio button", "24-bit Linear").has("checked"))
-        self.assertEqual(self.save(program), "R0001_Decode.WAV")
+        self.assertEqual(self.save(program), "R0001_Decode")
         self.wait_files(program, "R0001.WAV", "R0001_Decode.WAV")
         program.wait(lambda: self.selected(program) == ["R0001_Decode.WAV"], "the selection")
         self.assertIsNone(program.look("dialog"))
@@ -111,7 +111,8 @@ class ExportTest(Case):
         program.wait_label("Fail to open.")
         program.find("push button", "Ok").click()
         program.wait_gone("dialog")
-        self.assertIn("The target is the source itself.", program.labels())
+        self.assertIn("R0001.WAV was not exported: The target is the source itself.",
+                      program.labels())
         self.assertEqual(path.read_bytes(), before)
 
     def test_a_folder_that_is_not_there(self):

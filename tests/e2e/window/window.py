@@ -67,10 +67,10 @@ class Case(unittest.TestCase):
         self.settings.parent.mkdir(parents=True, exist_ok=True)
         self.settings.write_text(f"mixdeck-settings 1\nUD_DO_NOT_SHOW_AGAIN={self.version()}\n")
 
-    def program(self, *arguments, environment=None):
+    def program(self, *arguments, environment=None, log=("--log",)):
         """The program, its window on the desktop; it ends with the test."""
         own = {"HOME": str(self.home), "PULSE_SERVER": f"unix:{self.home}/no-server"}
-        program = Program(self.desktop, WINDOW, *arguments, environment=own | (environment or {}))
+        program = Program(self.desktop, WINDOW, *log, *arguments, environment=own | (environment or {}))
         program.start()
         self.addCleanup(program.stop)
         self.assertEqual(program.windows()[0].name, TITLE)

@@ -267,10 +267,22 @@ TEST_F(Browsing, CommandLineFolderIsOpenedAndRemembered) {
 }
 
 TEST_F(Browsing, CommandLineRecordingIsSelectedAndPlays) {
+  Utility::store(Utility::kDoNotShowAgain, std::string(kVersion) + "." + kBuildNumber);
   const auto path = take("R0001.WAV", 10);
   start(path);
   EXPECT_EQ(controller().urlOfFileList(), takes.path());
   EXPECT_EQ(selected(), "R0001.WAV");
+  waitFor([this] { return controller().wavPlayer() != nullptr; }, "the take");
+  EXPECT_EQ(state(), PLAY_STATE_PLAY);
+}
+
+TEST_F(Browsing, CommandLineRecordingWaitsForTheIntroduction) {
+  start(take("R0001.WAV"));
+  auto* const introduction = shown<IntroductionVC>();
+  ASSERT_NE(introduction, nullptr);
+  EXPECT_EQ(controller().wavPlayer(), nullptr) << "it does not play behind a dialog";
+  introduction->btnOK_Click();
+  waitFor([this] { return controller().wavPlayer() != nullptr; }, "the take");
   EXPECT_EQ(state(), PLAY_STATE_PLAY);
 }
 

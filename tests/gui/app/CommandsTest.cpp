@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <QDesktopServices>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -90,7 +91,11 @@ TEST_F(Commands, IntroducesAVersionOnce) {
   commands->introduce();
   ASSERT_NE(dialog<IntroductionVC>(), nullptr);
   EXPECT_FALSE(dialog<IntroductionVC>()->fromMenu());
+  EXPECT_TRUE(commands->isIntroducing());
+  const QSignalSpy over(commands.get(), &WindowCommands::introduced);
   delete dialog<IntroductionVC>();
+  EXPECT_EQ(over.count(), 1);
+  EXPECT_FALSE(commands->isIntroducing());
   commands->introduce();
   EXPECT_EQ(dialog<IntroductionVC>(), nullptr);
   Utility::store(Utility::kDoNotShowAgain, commands->versionString().toStdString());
@@ -120,6 +125,14 @@ class Reader : public QObject {
 
   QStringList addresses;
 };
+
+TEST_F(Commands, HelpWithoutABrowserSaysWhereItIs) {
+  menu.actionHelp->trigger();
+  auto* const alert = dialog<QMessageBox>();
+  ASSERT_NE(alert, nullptr);
+  EXPECT_THAT(alert->informativeText().toStdString(),
+              testing::HasSubstr(WindowCommands::kHelpAddress));
+}
 
 TEST_F(Commands, HelpIsRead) {
   Reader reader;
