@@ -15,7 +15,9 @@
 
 #include "cli/DemoScene.h"
 #include "cli/Interrupt.h"
+#include "cli/Printable.h"
 #include "cli/Problem.h"
+#include "cli/Streams.h"
 #include "dsp/Kernels.h"
 #include "dsp/MidSideDecoder.h"
 #include "dsp/SideGain.h"
@@ -110,14 +112,14 @@ int DemoCommand::run() {
   for (const Recording& recording : kRecordings) {
     const fs::path path = _folder / recording.name;
     if (fs::exists(path, error)) {
-      fmt::print("{} is there already\n", path.native());
+      Streams::out(printable(path.native()) + " is there already\n");
       continue;
     }
     const std::string whyNot = Interrupt::requested() ? "cancelled" : write(recording, path);
     if (whyNot.empty()) {
-      fmt::print("{}: {}\n", path.native(), recording.description);
+      Streams::out(fmt::format("{}: {}\n", printable(path.native()), recording.description));
     } else {
-      fmt::print(stderr, "{}\n", problemLine(path, kFailToSave, whyNot));
+      Streams::err(problemLine(path, kFailToSave, whyNot) + "\n");
       status = kFailed;
     }
   }

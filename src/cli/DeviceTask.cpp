@@ -8,12 +8,12 @@
 #include <QCoreApplication>
 #include <QTimer>
 #include <chrono>
-#include <cstdio>
 #include <utility>
 
 #include "cli/Command.h"
 #include "cli/DeviceReport.h"
 #include "cli/Interrupt.h"
+#include "cli/Streams.h"
 
 namespace {
 
@@ -126,13 +126,13 @@ void DeviceTask::fail(std::string_view reason) {
 }
 
 void DeviceTask::warn(std::string_view reason) {
-  const std::string line = fmt::format("mixdeck-cli: {}\n", reason);
-  std::fputs(line.c_str(), stderr);
+  Streams::err(fmt::format("mixdeck-cli: {}\n", reason));
 }
 
 bool DeviceTask::say(const std::string& text) {
-  const bool isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
-  if (isWritten && std::fflush(stdout) == 0) return true;
+  Streams::out(text);
+  if (Streams::failure().empty() && !Streams::isReaderGone()) return true;
+  if (Streams::isReaderGone()) end(Command::kDone);
   fail("Cannot write to standard output.");
   return false;
 }

@@ -11,6 +11,7 @@
 
 #include "cli/Command.h"
 #include "cli/ExportPlan.h"
+#include "cli/ExportReport.h"
 #include "cli/NumberCheck.h"
 #include "cli/ProgressLine.h"
 #include "export/Export.h"
@@ -22,20 +23,29 @@ class ExportCommand : public Command {
   int run() override;
 
  private:
+  enum class End { Done, Failed, Cancelled };
+
+  void declareLevel(CLI::App& command);
+  void declareTarget(CLI::App& command);
+  /// False where the folder for the targets is not to be had, which has been said.
+  [[nodiscard]] bool prepareFolder() const;
   [[nodiscard]] unsigned parallelJobs() const;
-  [[nodiscard]] bool exportItem(const ExportPlan::Item& item, std::size_t index,
-                                ProgressLine& line) const;
-  [[nodiscard]] bool isAllowed(const ExportPlan::Item& item, const Export& job,
+  [[nodiscard]] End guardedExport(const ExportPlan::Item& item, std::size_t index,
+                                  ProgressLine& line) const;
+  [[nodiscard]] End exportItem(const ExportPlan::Item& item, std::size_t index,
                                ProgressLine& line) const;
-  void tellGain(const ExportPlan::Item& item, const LoudnessGain& found) const;
-  [[nodiscard]] std::string levelText() const;
-  [[nodiscard]] bool announce(const ExportPlan::Item& item, const Export& job) const;
+  /// Empty where nothing stands against it, else the line that says what does.
+  [[nodiscard]] std::string refusal(const ExportPlan::Item& item, const Export& job) const;
+  void warn(const Export& job, ProgressLine& line) const;
+  void prepare(Export& job) const;
+  void tell(const ExportPlan::Item& item, const Export& job, ProgressLine& line) const;
+  [[nodiscard]] ExportReport::Settings settings() const;
   [[nodiscard]] bool is24bit() const { return _format == "24"; }
 
   std::vector<std::filesystem::path> _files;
   std::filesystem::path _output;
   std::filesystem::path _outputFolder;
-  double _angle = kDefaultAngle;
+  std::optional<double> _angle;
   double _gain = 0;
   std::optional<double> _loudness;
   double _truePeak = -1;
@@ -44,4 +54,5 @@ class ExportCommand : public Command {
   bool _normalize = false;
   bool _force = false;
   bool _isDryRun = false;
+  bool _isQuiet = false;
 };

@@ -3,25 +3,26 @@
 
 #include "cli/MeasureCommand.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <atomic>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
+#include <exception>
 #include <span>
 #include <thread>
 
 #include "analysis/WaveformTruth.h"
 #include "cli/AngleList.h"
 #include "cli/FileDescription.h"
+#include "cli/Helpers.h"
 #include "cli/Interrupt.h"
 #include "cli/MeasurePlot.h"
 #include "cli/MeasureReport.h"
 #include "cli/NumberCheck.h"
 #include "cli/Printable.h"
 #include "cli/Problem.h"
+#include "cli/Streams.h"
+#include "cli/WidthOption.h"
 #include "export/AtomicFile.h"
 
 namespace {
@@ -39,9 +40,7 @@ std::uint64_t frameAt(double seconds, std::uint32_t rate) {
 CLI::App* MeasureCommand::declare(CLI::App& program) {
   CLI::App* command = program.add_subcommand(
       "measure", "Measure loudness, peaks and stereo width, decoded, at one width or at all");
-  auto* angle = command->add_option("--angle", _angle, "Stereo width in degrees; 0 is mono")
-                    ->check(realBetween(0, kMostAngle))
-                    ->capture_default_str();
+  auto* angle = WidthOption::add(*command, _angle);
   command->add_option("--angles", _angles, "Several widths: all, or whole degrees and commas")
       ->check(AngleList::check())
       ->excludes(angle);
@@ -70,15 +69,15 @@ void MeasureCommand::checkOptions() const {
 }
 
 std::vector<int> MeasureCommand::angles() const {
-  return _angles.empty() ? std::vector{WaveFileReader::wholeAngle(_angle)}
+  return _angles.empty() ? std::vector{WaveFileReader::wholeAngle(WidthOption::valueOf(_angle))}
                          : AngleList::parse(_angles);
 }
 
 // Texts are printed in the order of the command line.
 int MeasureCommand::run() {
   const Texts texts = measureAll();
-  if (_asCsv) fmt::print("{}", MeasureReport::csvHead());
-  for (const auto& text : texts) fmt::print("{}", text.value_or(""));
+  if (_asCsv) Streams::out(MeasureReport::csvHead());
+  for (const auto& text : texts) Streams::out(text.value_or(""));
   const bool isAllDone =
       std::ranges::all_of(texts, [](const auto& text) { return text.has_value(); });
   return isAllDone ? kDone : kFailed;
@@ -87,31 +86,41 @@ int MeasureCommand::run() {
 MeasureCommand::Texts MeasureCommand::measureAll() const {
   ProgressLine line(_files.size());
   Texts texts(_files.size());
+  const std::string note = WidthOption::note(_angle);
+  if (!note.empty()) line.message(note);
   std::atomic<std::size_t> next{0};
-  const auto work = [&] {
-    for (std::size_t i = next++; i < _files.size() && !Interrupt::requested(); i = next++) {
-      texts[i] = measure(i, line);
+  std::atomic<bool> isCancelled{false};
+  Helpers::run(std::min<std::size_t>(processors(), _files.size()), [&] {
+    for (std::size_t i = next++; i < _files.size(); i = next++) {
+      if (!Interrupt::requested()) texts[i] = guardedMeasure(i, line);
+      if (!texts[i] && Interrupt::requested()) isCancelled = true;
     }
-  };
-  std::vector<std::jthread> helpers;
-  for (std::size_t i = 1; i < std::min<std::size_t>(processors(), _files.size()); ++i) {
-    helpers.emplace_back(work);
-  }
-  work();
-  helpers.clear();
-  if (Interrupt::requested()) line.message("mixdeck-cli: cancelled");
+  });
+  if (isCancelled) line.message("mixdeck-cli: cancelled");
   return texts;
+}
+
+std::optional<std::string> MeasureCommand::guardedMeasure(std::size_t index,
+                                                          ProgressLine& line) const {
+  try {
+    return measure(index, line);
+  } catch (const std::exception& error) {  // as where there is no memory left
+    line.message(problemLine(_files[index], kFailToOpen, reasonOf(error)));
+    return std::nullopt;
+  }
 }
 
 std::optional<std::string> MeasureCommand::measure(std::size_t index, ProgressLine& line) const {
   const std::filesystem::path& file = _files[index];
   const Export job(file);
   if (!job.IsFileValid()) {
-    line.message(problemLine(file, kFileNotSupported, job.failure()));
+    line.message(sourceProblem(job));
     return std::nullopt;
   }
   const std::string warning = FileDescription::audioWarning(*job.reader());
   if (!warning.empty()) line.message(problemLine(file, "Warning:", warning));
+  const std::string width = WidthOption::warning(_angle, *job.reader());
+  if (!width.empty()) line.message(problemLine(file, "Warning:", width));
   const auto analysis = analyse(job, index, line);
   if (!analysis) return std::nullopt;
   if (!_plot.empty() && !plot(job, *analysis, line)) return std::nullopt;

@@ -27,6 +27,8 @@ class MeasureCommand : public Command {
   [[nodiscard]] Texts measureAll() const;
   /// What is printed of a file; none where it could not be measured, which has been said.
   [[nodiscard]] std::optional<std::string> measure(std::size_t index, ProgressLine& line) const;
+  [[nodiscard]] std::optional<std::string> guardedMeasure(std::size_t index,
+                                                          ProgressLine& line) const;
   [[nodiscard]] std::shared_ptr<const TakeAnalysis> analyse(const Export& job, std::size_t index,
                                                             ProgressLine& line) const;
   [[nodiscard]] TakeAnalyzer::Options options(const Export& job) const;
@@ -39,7 +41,7 @@ class MeasureCommand : public Command {
   void checkOptions() const;
 
   std::vector<std::filesystem::path> _files;
-  double _angle = 120;
+  std::optional<double> _angle;
   std::string _angles;
   std::filesystem::path _plot;
   double _gain = 0;

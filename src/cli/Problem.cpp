@@ -5,9 +5,21 @@
 
 #include <fmt/format.h>
 
+#include <new>
+
 #include "cli/Printable.h"
 
 std::string problemLine(const std::filesystem::path& path, std::string_view text,
                         std::string_view reason) {
   return printable(fmt::format("mixdeck-cli: {}: {} {}", path.native(), text, reason));
+}
+
+std::string sourceProblem(const Export& job) {
+  return problemLine(job.getFilePath(), job.reader() ? kFileNotSupported : kFailToOpen,
+                     job.failure());
+}
+
+std::string reasonOf(const std::exception& error) {
+  const bool isMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr;
+  return isMemory ? "There is not enough memory" : error.what();
 }

@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <exception>
 #include <filesystem>
 #include <string>
 #include <string_view>
+
+#include "export/Export.h"
 
 /// The texts that the system has for what goes wrong with a file.
 inline constexpr std::string_view kFileNotSupported = "File not supported.";
@@ -14,3 +17,9 @@ inline constexpr std::string_view kFailToOpen = "Fail to open.";
 /// One line for standard error: the path, what went wrong, and why.
 std::string problemLine(const std::filesystem::path& path, std::string_view text,
                         std::string_view reason);
+
+/// The same of a job whose file is not valid: whether it cannot be read, or is not supported.
+std::string sourceProblem(const Export& job);
+
+/// What went wrong, in words for people.
+std::string reasonOf(const std::exception& error);

@@ -11,6 +11,8 @@
 #include <numeric>
 #include <utility>
 
+#include "cli/Streams.h"
+
 namespace {
 
 constexpr auto kRedraw = std::chrono::milliseconds(100);
@@ -25,16 +27,17 @@ ProgressLine::~ProgressLine() {
 }
 
 void ProgressLine::update(std::size_t index, const std::string& name, double done) {
-  if (!_isTerminal) return;
   const std::lock_guard lock(_mutex);
+  if (!_isTerminal) return;
   _done[index] = done;
   const Clock::time_point now = _now();
   if (now < _nextDraw) return;
   _nextDraw = now + kRedraw;
   const auto finished = std::count(_done.begin(), _done.end(), 1.0);
   const double all = std::accumulate(_done.begin(), _done.end(), 0.0);
-  fmt::print(stderr, "{}{:3.0f} %  {} of {} done  {}", kEraseLine,
-             100.0 * all / static_cast<double>(_done.size()), finished, _done.size(), name);
+  Streams::err(fmt::format("{}{:3.0f} %  {} of {} done  {}", kEraseLine,
+                           100.0 * all / static_cast<double>(_done.size()), finished, _done.size(),
+                           name));
   std::fflush(stderr);
   _isShown = true;
 }
@@ -42,10 +45,22 @@ void ProgressLine::update(std::size_t index, const std::string& name, double don
 void ProgressLine::message(const std::string& text) {
   const std::lock_guard lock(_mutex);
   clear();
-  fmt::print(stderr, "{}\n", text);
+  Streams::err(text + "\n");
+}
+
+void ProgressLine::print(const std::string& text) {
+  const std::lock_guard lock(_mutex);
+  clear();
+  Streams::out(text);
+}
+
+void ProgressLine::hide() {
+  const std::lock_guard lock(_mutex);
+  clear();
+  _isTerminal = false;
 }
 
 void ProgressLine::clear() {
-  if (_isShown) fmt::print(stderr, "{}", kEraseLine);
+  if (_isShown) Streams::err(kEraseLine);
   _isShown = false;
 }

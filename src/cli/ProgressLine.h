@@ -26,13 +26,17 @@ class ProgressLine {
 
   /// Job `index`, called `name`, is `done` (0 to 1) of its way.
   void update(std::size_t index, const std::string& name, double done);
+  /// Shows no progress from now on.
+  void hide();
   /// Prints a whole line to standard error, above the progress line.
   void message(const std::string& text);
+  /// Prints text to standard output, above the progress line.
+  void print(const std::string& text);
 
  private:
   void clear();
 
-  const bool _isTerminal;
+  bool _isTerminal;
   std::mutex _mutex;
   std::vector<double> _done;
   bool _isShown = false;

@@ -3,8 +3,8 @@
 
 #include <array>
 #include <clocale>
-#include <cstdio>
 #include <exception>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -18,6 +18,8 @@
 #include "cli/LevelsCommand.h"
 #include "cli/MeasureCommand.h"
 #include "cli/PlayCommand.h"
+#include "cli/Problem.h"
+#include "cli/Streams.h"
 
 namespace {
 
@@ -55,10 +57,11 @@ int main(int argc, char** argv) {
   Interrupt::install();
   try {
     const int status = runProgram(argc, argv);
-    if (std::fflush(stdout) == 0) return status;
-    std::perror("mixdeck-cli: standard output");
+    const std::string failure = Streams::failure();
+    if (failure.empty()) return status;
+    Streams::err("mixdeck-cli: standard output: " + failure + "\n");
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "mixdeck-cli: %s\n", error.what());
+    Streams::err("mixdeck-cli: " + reasonOf(error) + "\n");
   }
   return Command::kFailed;
 }

@@ -12,6 +12,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <limits>
 #include <random>
 #include <string_view>
 #include <system_error>
@@ -67,6 +68,12 @@ int renameToFreeName(const char* from, const char* to) {
   return hasLinks ? -1 : renameOverPlaceholder(from, to);
 }
 
+// Some file systems do not tell.
+std::uint64_t available(int result, const struct statvfs& room) {
+  if (result != 0 || room.f_blocks == 0) return std::numeric_limits<std::uint64_t>::max();
+  return std::uint64_t{room.f_bavail} * room.f_frsize;
+}
+
 bool writeFully(int file, std::span<const std::byte> bytes) {
   while (!bytes.empty()) {
     const ssize_t done = ::write(file, bytes.data(), bytes.size());
@@ -99,11 +106,14 @@ fs::path AtomicFile::resolveLinks(fs::path path) {
   return path;
 }
 
-AtomicFile::AtomicFile(const fs::path& target, Existing existing)
-    : _target(resolveLinks(target)),
+AtomicFile::AtomicFile(const Place& place)
+    : _target(resolveLinks(place.target)),
       _folder(_target.has_parent_path() ? _target.parent_path() : fs::path(".")),
-      _mayReplace(existing == Existing::Replace) {
-  if (!examineTarget(existing)) return;
+      _mayReplace(place.mayReplace) {}
+
+AtomicFile::AtomicFile(const fs::path& target, Existing existing)
+    : AtomicFile(Place{target, existing == Existing::Replace}) {
+  if (!examineTarget()) return;
   if (!openUnnamed() && _failure.empty()) openNamed();
   if (_file >= 0 && _replaces) takeOverAttributes();
 }
@@ -117,19 +127,35 @@ bool AtomicFile::fail(int error) {
   return false;
 }
 
-bool AtomicFile::examineTarget(Existing existing) {
+bool AtomicFile::examineTarget() {
   struct stat status {};
   if (!_target.has_filename()) return fail(EISDIR);
   if (lstat(_target.c_str(), &status) != 0) return errno == ENOENT || fail(errno);
   if (S_ISDIR(status.st_mode)) return fail(EISDIR);
   if (S_ISLNK(status.st_mode)) return fail(ELOOP);
-  if (existing == Existing::Refuse) return fail(EEXIST);
+  if (!_mayReplace) return fail(EEXIST);
   if (!S_ISREG(status.st_mode)) {
     _failure = "Not a regular file";
     return false;
   }
   _replaces = true;
   return faccessat(AT_FDCWD, _target.c_str(), W_OK, AT_EACCESS) == 0 || fail(errno);
+}
+
+bool AtomicFile::examineFolder() {
+  struct stat status {};
+  if (stat(_folder.c_str(), &status) != 0) return fail(errno);
+  if (!S_ISDIR(status.st_mode)) return fail(ENOTDIR);
+  return faccessat(AT_FDCWD, _folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0 || fail(errno);
+}
+
+std::string AtomicFile::whyNot(const fs::path& target, Existing existing, std::uint64_t bytes) {
+  AtomicFile file(Place{target, existing == Existing::Replace});
+  struct statvfs room {};
+  if (file.examineTarget() && file.examineFolder()) {
+    if (bytes > available(statvfs(file._folder.c_str(), &room), room)) file.fail(ENOSPC);
+  }
+  return file.failure();
 }
 
 bool AtomicFile::openUnnamed() {
@@ -185,9 +211,7 @@ bool AtomicFile::takeOverAttributes() {
 
 bool AtomicFile::hasRoomFor(std::uint64_t bytes) {
   struct statvfs room {};
-  if (_file < 0 || fstatvfs(_file, &room) != 0 || room.f_blocks == 0) return true;
-  const std::uint64_t available = std::uint64_t{room.f_bavail} * room.f_frsize;
-  return bytes <= available || fail(ENOSPC);
+  return _file < 0 || bytes <= available(fstatvfs(_file, &room), room) || fail(ENOSPC);
 }
 
 bool AtomicFile::write(std::span<const std::byte> bytes) {

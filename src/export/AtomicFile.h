@@ -28,6 +28,11 @@ class AtomicFile {
   /// name that may not exist yet.
   static std::filesystem::path resolveLinks(std::filesystem::path path);
 
+  /// Why no file of so many bytes could be saved there, as far as that is known without making one;
+  /// empty where nothing stands against it.
+  static std::string whyNot(const std::filesystem::path& target, Existing existing,
+                            std::uint64_t bytes);
+
   AtomicFile(const std::filesystem::path& target, Existing existing);
   AtomicFile(const AtomicFile&) = delete;
   AtomicFile& operator=(const AtomicFile&) = delete;
@@ -47,8 +52,15 @@ class AtomicFile {
   [[nodiscard]] const std::string& failure() const { return _failure; }
 
  private:
+  struct Place {
+    std::filesystem::path target;
+    bool mayReplace;
+  };
+
+  explicit AtomicFile(const Place& place);
   bool fail(int error);
-  bool examineTarget(Existing existing);
+  bool examineTarget();
+  bool examineFolder();
   bool openUnnamed();
   bool openNamed();
   bool createNamed();

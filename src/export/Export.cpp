@@ -100,8 +100,8 @@ bool Export::export2File(const std::filesystem::path& path, bool Is24bit, bool I
 bool Export::export2File(const std::filesystem::path& path) {
   _wasCancelled = false;
   _failure.clear();
-  if (!_isFileValid || !_reader->image()) return fail("No recording is open");
-  if (isSource(path)) return fail("The target is the source itself");
+  const std::string whyNot = whyNotAtAll(path, _isExport24Bit);
+  if (!whyNot.empty()) return fail(whyNot);
   const BextChunkInfo info = buildBextInfo();
   BwfWriter writer(_reader.get(), info, _isExport24Bit);
   if (!prepare(path, writer)) return false;
@@ -111,11 +111,22 @@ bool Export::export2File(const std::filesystem::path& path) {
   return writer.Save2File(path) || fail(writer.failure());
 }
 
+std::string Export::whyNot(const std::filesystem::path& path, bool is24bit) const {
+  const std::string reason = whyNotAtAll(path, is24bit);
+  return reason.empty() ? AtomicFile::whyNot(path, _existing, outputSize(is24bit)) : reason;
+}
+
+// Wherever it is written.
+std::string Export::whyNotAtAll(const std::filesystem::path& path, bool is24bit) const {
+  if (!_isFileValid || !_reader->image()) return "No recording is open";
+  if (isSource(path)) return "The target is the source itself";
+  const std::uint64_t size = outputSize(is24bit);
+  if (size <= std::numeric_limits<std::uint32_t>::max()) return {};
+  return fmt::format("The export would take {} bytes; a WAVE file ends at 4 GiB", size);
+}
+
 bool Export::prepare(const std::filesystem::path& path, BwfWriter& writer) {
   const std::uint64_t size = outputSize(_isExport24Bit);
-  if (size > std::numeric_limits<std::uint32_t>::max()) {
-    return fail(fmt::format("The export would take {} bytes; a WAVE file ends at 4 GiB", size));
-  }
   return writer.streamTo(path, _existing, size) || fail(writer.failure());
 }
 
@@ -124,6 +135,8 @@ void Export::editAndWriteSample(BwfWriter& writer) {
   _framesDone = 0;
   _framesToDo = source.framesLeft() * passes();
   _loudnessGain.reset();
+  _normalizeGain.reset();
+  _clipping = Clipping(_reader->header().SampleRate);
   const Attenuation attenuation = this->attenuation();
   const float left = GainStage::factor(attenuation.left);
   const float right = GainStage::factor(attenuation.right);
@@ -135,6 +148,7 @@ void Export::editAndWriteSample(BwfWriter& writer) {
     } else {
       Kernels::divide(frames, left, right);
     }
+    if (_isExport24Bit) _clipping.look(frames);
     write(frames, _isExport24Bit, writer);
     if (!writer.failure().empty()) fail(writer.failure());
     report(count);
@@ -147,6 +161,7 @@ Export::Attenuation Export::attenuation() {
   const int width = WaveFileReader::wholeAngle(_angle);
   const float peak = isAnalysed() ? _analysis->samplePeak(width) : firstPass();
   const double dB = 20.0 * std::log10(static_cast<double>(peak));
+  if (peak > 0) _normalizeGain = -dB;
   return {dB, dB};
 }
 

@@ -13,6 +13,7 @@
 
 #include "export/AtomicFile.h"
 #include "export/BwfWriter.h"
+#include "export/Clipping.h"
 #include "export/LoudnessGain.h"
 #include "wav/BextChunkInfo.h"
 #include "wav/FrameStream.h"
@@ -50,6 +51,10 @@ class Export {
   bool export2File(const std::filesystem::path& path, bool Is24bit, bool IsNormalize);
   bool export2File(const std::filesystem::path& path);
 
+  /// Why `export2File` would refuse to write to `path` in this width, without writing anything;
+  /// empty where nothing stands against it.
+  [[nodiscard]] std::string whyNot(const std::filesystem::path& path, bool is24bit) const;
+
   /// Decodes, scales and writes every frame. Stops early on a cancel or a failure.
   void editAndWriteSample(BwfWriter& writer);
 
@@ -69,6 +74,11 @@ class Export {
   void setDirPath(const std::filesystem::path& path) { _dirPath = path; }
 
   [[nodiscard]] bool normalize() const { return _normalize; }
+  /// The gain in dB that the last normalised export came to; none where the take is silent, or
+  /// before one.
+  [[nodiscard]] const std::optional<double>& normalizeGain() const { return _normalizeGain; }
+  /// What the last export cut off, in 24 bits; nothing in floats.
+  [[nodiscard]] const Clipping& clipping() const { return _clipping; }
   /// dB, positive is louder; no part in a normalised export.
   [[nodiscard]] double gain() const { return _gain; }
   void setGain(double dB) { _gain = dB; }
@@ -110,6 +120,7 @@ class Export {
   };
 
   bool recognise();
+  [[nodiscard]] std::string whyNotAtAll(const std::filesystem::path& path, bool is24bit) const;
   bool prepare(const std::filesystem::path& path, BwfWriter& writer);
   Attenuation attenuation();
   [[nodiscard]] unsigned passes() const;
@@ -134,6 +145,8 @@ class Export {
   std::unique_ptr<WaveFileReader> _reader;
   std::optional<LoudnessTarget> _loudness;
   std::optional<LoudnessGain> _loudnessGain;
+  std::optional<double> _normalizeGain;
+  Clipping _clipping;
   std::shared_ptr<const TakeAnalysis> _analysis;
 
   Progress _progress;

@@ -6,6 +6,7 @@ The programs are looked for in the folder that MIXDECK_BIN names.
 """
 
 import ctypes
+import errno
 import json
 import os
 import shutil
@@ -104,6 +105,23 @@ def as_nobody():
         os.setresuid(NOBODY, NOBODY, NOBODY)
 
 
+def install_filter(steps):
+    """For a child: has the system calls pass through a filter."""
+    code = ctypes.create_string_buffer(b"".join(struct.pack("HBBI", *step) for step in steps))
+    program = ctypes.create_string_buffer(
+        struct.pack("HxxxxxxP", len(steps), ctypes.addressof(code)))
+    libc = ctypes.CDLL(None, use_errno=True)
+    if libc.prctl(38, 1, 0, 0, 0) != 0 or libc.prctl(22, 2, program) != 0:
+        raise OSError(ctypes.get_errno(), "no system call filter")
+
+
+def without_threads():
+    """For a child: from now on no thread can be started, as under a limit on processes."""
+    clone, clone3 = {"x86_64": (56, 435), "aarch64": (220, 435)}[os.uname().machine]
+    install_filter([(0x20, 0, 0, 0), (0x15, 1, 0, clone), (0x15, 0, 1, clone3),
+                    (0x06, 0, 0, 0x00050000 | errno.EAGAIN), (0x06, 0, 0, 0x7FFF0000)])
+
+
 def without_unnamed_files():
     """For a child: from now on no file without a name can be made, as on FAT."""
     number = {"x86_64": 257, "aarch64": 56}[os.uname().machine]
@@ -111,12 +129,7 @@ def without_unnamed_files():
     steps = [(0x20, 0, 0, 0), (0x15, 0, 3, number),  # is it openat?
              (0x20, 0, 0, 32), (0x45, 0, 1, unnamed),  # with that flag?
              (0x06, 0, 0, 0x00050000 | 95), (0x06, 0, 0, 0x7FFF0000)]  # EOPNOTSUPP, or go on
-    code = ctypes.create_string_buffer(b"".join(struct.pack("HBBI", *step) for step in steps))
-    program = ctypes.create_string_buffer(
-        struct.pack("HxxxxxxP", len(steps), ctypes.addressof(code)))
-    libc = ctypes.CDLL(None, use_errno=True)
-    if libc.prctl(38, 1, 0, 0, 0) != 0 or libc.prctl(22, 2, program) != 0:
-        raise OSError(ctypes.get_errno(), "no system call filter")
+    install_filter(steps)
 
 
 class Case(unittest.TestCase):

@@ -9,7 +9,7 @@ import subprocess
 import time
 import unittest
 
-from mixdeck import CLI, Case, as_nobody, pack24, recording
+from mixdeck import CLI, Case, as_nobody, pack24, recording, without_threads
 
 MIB = 1 << 20
 
@@ -163,6 +163,46 @@ class InterruptTest(Case):
         self.assertEqual(os.listdir(self.path("out")), [])
 
 
+    @unittest.skipUnless("RAISE_AT_LINK" in os.environ, "with a sanitizer")
+    def test_a_signal_that_comes_too_late_cancels_nothing(self):
+        self.file("a.wav", recording([1000, 500] * 1000))
+        environment = dict(os.environ, LD_PRELOAD=os.environ["RAISE_AT_LINK"])
+        result = self.run_cli("export", "a.wav", env=environment)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertEqual(self.names(), ["a.wav", "a_Decode.WAV"])
+        self.file("b.wav", recording([1000, 500] * 1000))
+        result = self.run_cli("export", "--force", "--jobs", "1", "a.wav", "b.wav", env=environment)
+        self.assertEqual((result.returncode, result.stderr), (1, "mixdeck-cli: cancelled\n"))
+        self.assertEqual(self.names(), ["a.wav", "a_Decode.WAV", "b.wav"])
+
+
+class ThreadLimitTest(Case):
+    """No thread can be started, as under a limit on processes."""
+
+    def run_alone(self, *arguments):
+        return self.run_cli(*arguments, preexec_fn=without_threads)
+
+    def test_exports_one_after_the_other(self):
+        names = [f"{i}.wav" for i in range(4)]
+        for name in names:
+            self.file(name, recording([1000, 500] * 200000))
+        result = self.run_alone("export", "--force", *names)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertEqual(len(self.names()), 8)
+        for name in names:
+            self.assertEqual(os.path.getsize(self.path(name.replace(".wav", "_Decode.WAV"))),
+                             748 + 3 * 400000)
+
+    def test_a_measurement_fails_with_a_reason(self):
+        self.file("a.wav", recording([1000, 500] * 1000))
+        self.file("b.wav", recording([1000, 500] * 1000))
+        result = self.run_alone("measure", "a.wav", "b.wav")
+        self.assertEqual((result.returncode, result.stdout), (1, ""))
+        self.assertEqual(result.stderr, "".join(
+            f"mixdeck-cli: {name}: Fail to open. Resource temporarily unavailable\n"
+            for name in ("a.wav", "b.wav")))
+
+
 class SourceTest(Case):
     def start_on_long(self, change):
         """Exports a long recording and changes it as soon as the output is being written."""
@@ -224,12 +264,35 @@ class OutputTest(Case):
         result = subprocess.run([CLI, "info", self.path("a.wav")], stdout=write,
                                 stderr=subprocess.PIPE, text=True, check=False)
         os.close(write)
-        self.assertEqual(result.returncode, 1)
-        self.assertIn("Broken pipe", result.stderr)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+
+    def test_a_pipe_that_is_closed_ends_no_work(self):
+        names = [f"{i}.wav" for i in range(8)]
+        for name in names:
+            self.file(name, recording([1000, 500] * 1000))
+        read, write = os.pipe()
+        os.close(read)
+        result = subprocess.run([CLI, "export", *names], stdout=write, stderr=subprocess.PIPE,
+                                text=True, cwd=self.folder, check=False)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        result = subprocess.run([CLI, "measure", "--csv", *names], stdout=write,
+                                stderr=subprocess.PIPE, text=True, cwd=self.folder, check=False)
+        os.close(write)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertEqual(len(self.names()), 2 * len(names))
+
+    def test_nobody_reads_the_errors(self):
+        read, write = os.pipe()
+        os.close(read)
+        for word in ("export", "measure", "info"):
+            result = subprocess.run([CLI, word, "none.wav", "other.wav"], stdout=subprocess.PIPE,
+                                    stderr=write, text=True, cwd=self.folder, check=False)
+            self.assertEqual(result.returncode, 1)
+        os.close(write)
 
     def test_works_without_privileges(self):
         self.file("a.wav", recording())
-        self.expect(0, "export", "a.wav", out="", err="", preexec_fn=as_nobody)
+        self.expect(0, "export", "a.wav", err="", preexec_fn=as_nobody)
         self.assertEqual(self.names(), ["a.wav", "a_Decode.WAV"])
 
 

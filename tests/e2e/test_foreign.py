@@ -41,7 +41,12 @@ class FfmpegSourceTest(Case):
             expected = decoded(source, angle, gain)
             shape = [] if angle is None else ["--angle", str(angle)]
             target = name.replace(".wav", "_Decode.WAV")
-            self.expect(0, "export", "--force", *shape, *options, name, out="", err=err)
+            result = self.expect(0, "export", "--quiet", "--force", *shape, *options, name, out="")
+            lines = result.stderr.splitlines(True)
+            clipped = [line for line in lines if "clipped" in line]
+            over = sum(abs(sample) > 1 + 2 ** -23 for sample in expected)
+            self.assertEqual([line.split()[3] for line in clipped], [str(over)] if over else [])
+            self.assertEqual("".join(line for line in lines if line not in clipped), err)
             self.assertEqual(unpack24(samples_of(self.path(target))),
                              [stored24(sample) for sample in expected])
             self.expect(0, "export", "--force", "--format", "float32", *shape, *options, name)
@@ -97,7 +102,7 @@ class FfmpegSourceTest(Case):
 
     def test_texts_are_carried_over(self):
         self.make("a.wav", "pcm_s24le")
-        self.expect(0, "export", "a.wav", out="", err="")
+        self.expect(0, "export", "--quiet", "a.wav", out="", err="")
         fields = self.info(self.path("a_Decode.WAV"))["bext"]
         self.assertEqual(fields["Description"], "Tones")
         self.assertEqual(fields["Originator"], "TARN J4")
@@ -116,7 +121,7 @@ class ChunkTest(Case):
 
     def check(self, content, expected=None, warning=""):
         self.file("a.wav", content)
-        result = self.expect(0, "export", "--force", "a.wav", out="")
+        result = self.expect(0, "export", "--quiet", "--force", "a.wav", out="")
         self.assertEqual(result.stderr and re.sub(": the data.*\n", "", result.stderr),
                          warning and f"mixdeck-cli: a.wav: Warning: {warning}")
         self.assertEqual(unpack24(samples_of(self.path("a_Decode.WAV"))),
@@ -202,7 +207,7 @@ class ForeignReaderTest(Case):
         samples = [(i * 7919) % 4000000 - 2000000 for i in range(2 * self.frames)]
         self.file("a.wav", recording(samples, description="By the river"))
         for name, width in (("24.wav", "24"), ("32.wav", "float32")):
-            self.expect(0, "export", "--format", width, "--output", name, "a.wav", out="", err="")
+            self.expect(0, "export", "--format", width, "--output", name, "a.wav", err="")
 
     def output_of(self, *words):
         result = subprocess.run([*words], capture_output=True, text=True, cwd=self.folder,

@@ -53,7 +53,7 @@ class PastTwoGiBTest(LongCase):
 
     def test_it_is_read_and_exported(self):
         target = self.path("out.wav")
-        self.expect(0, "export", "--angle", 120, "--output", target, self.take, out="", err="")
+        self.expect(0, "export", "--angle", 120, "--output", target, self.take, err="")
         self.assertEqual(os.path.getsize(target), FIRST_SAMPLE + self.frames * FRAME)
         with open(target, "rb") as file:
             head = file.read(FIRST_SAMPLE)
@@ -75,8 +75,7 @@ class PastTwoGiBTest(LongCase):
             file.write(struct.pack("<I", len(head) + filler + 8 + len(samples) - 8))
             file.seek(len(head) + filler)
             file.write(chunk("data", samples))
-        self.expect(0, "export", "--angle", 0, "--output", self.path("out.wav"), path, out="",
-                    err="")
+        self.expect(0, "export", "--angle", 0, "--output", self.path("out.wav"), path, err="")
         with open(self.path("out.wav"), "rb") as file:
             self.assertEqual(unpack24(file.read()[FIRST_SAMPLE:]), 2 * [stored24(0.5)])
 

@@ -2,11 +2,12 @@
 # SPDX-License-Identifier: MIT
 """Words of the command line, exit statuses, and what goes where."""
 
+import math
 import os
 import re
 import unittest
 
-from mixdeck import Case, decoded, recording, samples_of, stored24, unpack24, unpack_floats
+from mixdeck import Case, as_nobody, decoded, recording, samples_of, stored24, unpack24, unpack_floats
 
 
 class UsageTest(Case):
@@ -30,7 +31,7 @@ class UsageTest(Case):
     def test_help_names_every_option(self):
         text = self.expect(0, "export", "--help").stdout
         for option in ("--angle", "--gain", "--normalize", "--format", "--output", "--output-dir",
-                       "--jobs", "--force", "--dry-run"):
+                       "--jobs", "--force", "--dry-run", "--quiet"):
             self.assertIn(option, text)
 
     def test_words_that_are_missing_or_unknown(self):
@@ -63,6 +64,10 @@ class UsageTest(Case):
         error = self.usage_error("export", "--output", "x.wav", "a.wav", "a.wav")
         self.assertIn("--output", error)
 
+    def test_an_output_that_is_empty(self):
+        for option in ("--output", "--output-dir"):
+            self.assertIn(f"{option}: is empty", self.usage_error("export", option, "", "a.wav"))
+
     def test_levels_out_of_range(self):
         for value in ("-1", "nan", "soon"):
             self.usage_error("levels", f"--from={value}", "--to", "1", "a.wav")
@@ -82,7 +87,8 @@ class ExportTest(Case):
         return [stored24(sample) for sample in decoded(self.source, angle, gain)]
 
     def test_default_place_width_and_level(self):
-        self.expect(0, "export", "a.wav", out="", err="")
+        self.expect(0, "export", "a.wav", err="", out="a.wav -> a_Decode.WAV: 24-bit, width 120, "
+                    f"gain +0 dB, {748 + 3 * len(self.samples)} bytes\n")
         self.assertEqual(self.names(), ["a.wav", "a_Decode.WAV"])
         self.assertEqual(unpack24(samples_of(self.path("a_Decode.WAV"))), self.expected24())
 
@@ -112,19 +118,21 @@ class ExportTest(Case):
             self.assertAlmostEqual(got, sample / peak, delta=2e-7)
 
     def test_output(self):
-        self.expect(0, "export", "--output", "x.raw", "a.wav", out="", err="")
+        self.expect(0, "export", "--quiet", "--output", "x.raw", "a.wav", out="", err="")
         self.assertEqual(self.names(), ["a.wav", "x.raw"])
 
     def test_output_folder(self):
         os.mkdir(self.path("out"))
         self.file("b.WAV", recording())
-        self.expect(0, "export", "--output-dir", "out", "a.wav", "b.WAV", out="", err="")
+        self.expect(0, "export", "--output-dir", "out", "a.wav", "b.WAV", err="")
         self.assertEqual(self.names(), ["a.wav", "b.WAV", "out"])
         self.assertEqual(sorted(os.listdir(self.path("out"))), ["a_Decode.WAV", "b_Decode.WAV"])
 
     def test_a_source_that_is_not_raw(self):
         self.file("a.wav", recording([4194304, -4194304], history="MSRAW=OFF;"))
-        self.expect(0, "export", "--angle", "0", "a.wav", out="", err="")
+        result = self.expect(0, "export", "--angle", "0", "a.wav", err="mixdeck-cli: a.wav: Warning: "
+                             "--angle is not used, as it is not raw M/S\n")
+        self.assertIn(": 24-bit, not M/S, channels as they are, gain +0 dB, ", result.stdout)
         self.assertEqual(unpack24(samples_of(self.path("a_Decode.WAV"))), [4194303, -4194303])
 
     def test_many_files_at_once_give_the_same_as_one_by_one(self):
@@ -141,7 +149,7 @@ class ExportTest(Case):
 
     def test_dry_run(self):
         result = self.expect(0, "export", "--dry-run", "--angle", "77.9", "--gain=-3", "a.wav",
-                             err="")
+                             err="mixdeck-cli: --angle 77.9 counts as 77\n")
         self.assertEqual(self.names(), ["a.wav"])
         self.assertEqual(result.stdout, "a.wav -> a_Decode.WAV: 24-bit, width 77, gain -3 dB, "
                                         f"{748 + 3 * len(self.samples)} bytes\n")
@@ -166,9 +174,76 @@ class ExportTest(Case):
         self.expect(0, "export", "--dry-run", "--force", "a.wav", err="")
         self.assertEqual(self.read("a_Decode.WAV"), b"old")
 
+    def test_dry_run_refuses_what_is_too_large(self):
+        self.big_recording("long.wav", 12000)
+        size = 748 + 12000 * 48000 * 8
+        self.expect(1, "export", "--dry-run", "--format", "float32", "long.wav", out="",
+                    err=f"mixdeck-cli: long_Decode.WAV: Fail to save. The export would take {size} "
+                        "bytes; a WAVE file ends at 4 GiB\n")
+
+    def test_dry_run_refuses_where_it_cannot_write(self):
+        self.file("file", b"")
+        os.mkdir(self.path("folder"))
+        for target, reason in {"none/x.wav": "No such file or directory",
+                               "file/x.wav": "Not a directory", "folder": "Is a directory"}.items():
+            self.expect(1, "export", "--dry-run", "--force", "--output", target, "a.wav", out="",
+                        err=f"mixdeck-cli: {target}: Fail to save. {reason}\n")
+        os.mkdir(self.path("locked"), 0o555)
+        self.expect(1, "export", "--dry-run", "--output", "locked/x.wav", "a.wav", out="",
+                    err="mixdeck-cli: locked/x.wav: Fail to save. Permission denied\n",
+                    preexec_fn=as_nobody)
+        self.assertEqual(self.names(), ["a.wav", "file", "folder", "locked"])
+
+    def test_dry_run_makes_no_folder(self):
+        result = self.expect(0, "export", "--dry-run", "--output-dir", "new/er", "a.wav", err="")
+        self.assertIn("a.wav -> new/er/a_Decode.WAV: ", result.stdout)
+        self.assertEqual(self.names(), ["a.wav"])
+        self.file("file", b"")
+        self.expect(1, "export", "--dry-run", "--output-dir", "file/er", "a.wav", out="",
+                    err="mixdeck-cli: file/er: Fail to save. Not a directory\n")
+
+    def test_names_are_shown_not_obeyed(self):
+        self.file("a\x1b[2J.wav", self.read("a.wav"))
+        for words in ([], ["--dry-run", "--force"]):
+            result = self.expect(0, "export", *words, "a\x1b[2J.wav", err="")
+            self.assertIn("a\\x1b[2J.wav -> a\\x1b[2J_Decode.WAV: ", result.stdout)
+
+    def test_the_gain_that_a_normalise_came_to_is_said(self):
+        gain = -20 * math.log10(max(abs(sample) for sample in decoded(self.source, 120)))
+        result = self.expect(0, "export", "--normalize", "a.wav", err="")
+        self.assertIn(f", width 120, normalised, gain {gain:+.2f} dB, ", result.stdout)
+        self.file("still.wav", recording([0, 0]))
+        result = self.expect(0, "export", "--normalize", "still.wav", err="")
+        self.assertIn(", width 120, normalised, ", result.stdout)
+        self.assertNotIn("gain", result.stdout)
+
+    def test_where_24_bits_clip_is_said(self):
+        samples = [0, 0] * 480000
+        for second in (1, 2.5, 2.55, 4, 7, 9):
+            samples[int(second * 96000)] = 6291456  # 0.75
+        self.file("loud.wav", recording(samples, history="MSRAW=OFF;"))
+        result = self.expect(0, "export", "--quiet", "--gain", "6", "loud.wav", out="")
+        over = 20 * math.log10(0.75) + 6
+        self.assertEqual(
+            result.stderr, "mixdeck-cli: loud_Decode.WAV: Warning: 6 samples are clipped, by up to "
+            f"{over:.2f} dB, at 00:00:01.000, 00:00:02.500, 00:00:04.000 and 2 more places; "
+            "--format float32 keeps them\n")
+        self.expect(0, "export", "--force", "--gain", "6", "--format", "float32", "loud.wav", err="")
+        self.expect(0, "export", "--force", "--normalize", "loud.wav", err="")
+        self.expect(0, "export", "--force", "loud.wav", err="")
+
+    def test_an_output_folder_is_made(self):
+        self.expect(0, "export", "--output-dir", "new/er", "a.wav", err="")
+        self.assertEqual(os.listdir(self.path("new/er")), ["a_Decode.WAV"])
+
+    def test_quiet(self):
+        self.expect(0, "export", "--quiet", "a.wav", out="", err="")
+        self.assertEqual(self.names(), ["a.wav", "a_Decode.WAV"])
+        self.assertIn("--force", self.expect(1, "export", "--quiet", "a.wav", out="").stderr)
+
     def test_warnings_do_not_fail(self):
         self.file("cut.wav", self.read("a.wav")[:-5])
-        result = self.expect(0, "export", "cut.wav", out="")
+        result = self.expect(0, "export", "--quiet", "cut.wav", out="")
         self.assertTrue(re.fullmatch(r"mixdeck-cli: cut.wav: Warning: Cut short: .*\n",
                                      result.stderr), result.stderr)
         self.assertEqual(unpack24(samples_of(self.path("cut_Decode.WAV"))), self.expected24()[:4])

@@ -31,25 +31,28 @@ class RefusalTest(Case):
                 "plain.wav": "No broadcast extension (bext chunk)",
                 "other.wav": "Not a recording of the TARN J4: its originator is \"Someone\"",
                 "short.wav": "The broadcast extension has 601 bytes, fewer than 602",
-                "missing.wav": "No such file or directory",
-                ".": "Is a directory",
-                "/dev/null": "Not a regular file"}.items():
+                }.items():
             self.refused(f"{name}: File not supported. {reason}", name)
+
+    def test_sources_that_cannot_be_read(self):
+        for name, reason in {"missing.wav": "No such file or directory", ".": "Is a directory",
+                             "/dev/null": "Not a regular file"}.items():
+            self.refused(f"{name}: Fail to open. {reason}", name)
 
     def test_a_source_that_may_not_be_read(self):
         os.chmod(self.path("a.wav"), 0)
         self.expect(1, "export", "a.wav", out="", preexec_fn=as_nobody,
-                    err="mixdeck-cli: a.wav: File not supported. Permission denied\n")
+                    err="mixdeck-cli: a.wav: Fail to open. Permission denied\n")
 
     def test_a_pipe_as_source_does_not_hang(self):
         os.mkfifo(self.path("pipe"))
-        self.refused("pipe: File not supported. Not a regular file", "pipe")
+        self.refused("pipe: Fail to open. Not a regular file", "pipe")
 
     def test_an_existing_target(self):
         self.file("a_Decode.WAV", b"old")
         self.refused("a_Decode.WAV: Fail to save. The file exists; --force replaces it", "a.wav")
         self.assertEqual(self.read("a_Decode.WAV"), b"old")
-        self.expect(0, "export", "--force", "a.wav", out="", err="")
+        self.expect(0, "export", "--force", "a.wav", err="")
         self.assertEqual(self.read("a_Decode.WAV")[:4], b"RIFF")
 
     def test_a_link_as_target(self):
@@ -89,14 +92,21 @@ class RefusalTest(Case):
         self.assertEqual(self.names(), ["a.wav", "file", "folder", "pipe"])
         self.assertEqual(os.listdir(self.path("folder")), [])
 
-    def test_a_missing_output_folder(self):
-        self.refused("none/a_Decode.WAV: Fail to save. No such file or directory", "--output-dir",
-                     "none", "a.wav")
+    def test_an_output_folder_that_cannot_be_made_is_said_once(self):
+        self.file("file", b"")
+        self.file("b.wav", self.source)
+        self.refused("file: Fail to save. Not a directory", "--output-dir", "file", "a.wav",
+                     "b.wav")
+        self.refused("file/sub: Fail to save. Not a directory", "--output-dir", "file/sub", "a.wav",
+                     "b.wav")
+        self.assertEqual(self.names(), ["a.wav", "b.wav", "file"])
 
     def test_a_read_only_folder(self):
         os.mkdir(self.path("locked"), 0o555)
-        self.refused("locked/a_Decode.WAV: Fail to save. Permission denied", "--output-dir",
-                     "locked", "a.wav", preexec_fn=as_nobody)
+        self.refused("locked: Fail to save. Permission denied", "--output-dir", "locked", "a.wav",
+                     "a.wav", preexec_fn=as_nobody)
+        self.refused("locked/x.wav: Fail to save. Permission denied", "--output", "locked/x.wav",
+                     "a.wav", preexec_fn=as_nobody)
         self.assertEqual(os.listdir(self.path("locked")), [])
 
     def test_a_read_only_file(self):
@@ -121,10 +131,10 @@ class RefusalTest(Case):
         self.file("c.wav", self.source)
         for jobs in (1, 3):
             result = self.expect(1, "export", "--force", "--jobs", jobs, "a.wav", "b.wav",
-                                 "missing.wav", "c.wav", out="")
+                                 "missing.wav", "c.wav")
             self.assertEqual(sorted(result.stderr.splitlines()), [
                 "mixdeck-cli: b.wav: File not supported. Not a WAVE file: shorter than 48 bytes",
-                "mixdeck-cli: missing.wav: File not supported. No such file or directory"])
+                "mixdeck-cli: missing.wav: Fail to open. No such file or directory"])
             self.assertEqual(self.names(), ["a.wav", "a_Decode.WAV", "b.wav", "c.wav",
                                             "c_Decode.WAV"])
             os.remove(self.path("a_Decode.WAV"))
@@ -135,13 +145,13 @@ class RefusalTest(Case):
         os.mkdir(self.path("out"))
         self.file("x/a.wav", recording([1, 2]))
         self.refused("out/a_Decode.WAV: Fail to save. It belongs to a.wav in the same run",
-                     "--force", "--output-dir", "out", "a.wav", "x/a.wav")
+                     "--force", "--quiet", "--output-dir", "out", "a.wav", "x/a.wav")
         self.assertEqual(os.listdir(self.path("out")), ["a_Decode.WAV"])
         self.assertEqual(os.path.getsize(self.path("out/a_Decode.WAV")), 748 + 12)
 
     def test_a_target_that_is_another_source(self):
         self.file("a_Decode.WAV", recording([7, 8]))
-        result = self.expect(1, "export", "--force", "a.wav", "a_Decode.WAV", out="")
+        result = self.expect(1, "export", "--force", "a.wav", "a_Decode.WAV")
         self.assertEqual(result.stderr, "mixdeck-cli: a_Decode.WAV: Fail to save. It belongs to "
                                         "a_Decode.WAV in the same run\n")
         self.assertEqual(self.read("a_Decode.WAV"), recording([7, 8]))
@@ -156,7 +166,7 @@ class RefusalTest(Case):
     def test_names_that_are_no_text(self):
         name = os.fsdecode(b"\xff\xfe.wav")
         self.file(name, self.source)
-        self.expect(0, "export", name, out="", err="")
+        self.expect(0, "export", "--quiet", name, out="", err="")
         self.assertIn(os.fsdecode(b"\xff\xfe_Decode.WAV"), self.names())
 
 

