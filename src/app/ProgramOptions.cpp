@@ -13,7 +13,7 @@ ProgramOptions ProgramOptions::parse(int argc, const char* const* argv) {
   ProgramOptions options;
   std::string start;
   CLI::App program("Browses, plays and exports the recordings of the TARN J4.", "mixdeck");
-  program.set_version_flag("--version", std::string("mixdeck ") + kVersion + "." + kBuildNumber);
+  program.set_version_flag("--version", std::string("mixdeck ") + kFullVersion);
   program.add_option("FOLDER|FILE", start, "Folder to show, or recording to show and play")
       ->check(CLI::ExistingPath);
   program.add_flag("--simulate-recorder", options.simulatesRecorder,

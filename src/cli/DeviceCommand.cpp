@@ -15,7 +15,7 @@
 #include "cli/DeviceMonitorTask.h"
 #include "cli/DeviceSettingTask.h"
 #include "cli/DeviceStatusTask.h"
-#include "cli/NumberCheck.h"
+#include "cli/TimeText.h"
 #include "midi/AbsentMIDISystem.h"
 #include "midi/MIDILog.h"
 #include "midi/MIDIPlatform.h"
@@ -38,16 +38,6 @@ std::string checkScript(const std::string& simulate) {
   return fault.empty() ? "" : "The simulated recorder does not know: " + fault;
 }
 
-CLI::Validator valueOf(std::span<const RecorderChoice> choices) {
-  const auto check = [choices](const std::string& text) -> std::string {
-    for (const RecorderChoice& choice : choices) {
-      if (text == std::to_string(choice.value)) return "";
-    }
-    return "the recorder does not know the value " + text;
-  };
-  return {check, ""};
-}
-
 // "0 Alkaline, 1 Ni-MH"
 std::string listed(std::span<const RecorderChoice> choices) {
   std::vector<std::string> words;
@@ -55,6 +45,16 @@ std::string listed(std::span<const RecorderChoice> choices) {
     words.push_back(fmt::format("{} {}", choice.value, choice.title));
   }
   return fmt::format("{}", fmt::join(words, ", "));
+}
+
+CLI::Validator valueOf(std::span<const RecorderChoice> choices) {
+  const auto check = [choices](const std::string& text) -> std::string {
+    for (const RecorderChoice& choice : choices) {
+      if (text == std::to_string(choice.value)) return "";
+    }
+    return fmt::format("the recorder does not know the value {}, only {}", text, listed(choices));
+  };
+  return {check, ""};
 }
 
 constexpr const char* kFooter =
@@ -94,9 +94,9 @@ void DeviceCommand::declareOptions() {
   _device->add_flag("--json", _asJson, "JSON on standard output, and nothing else");
   _device
       ->add_option("--wait", _wait,
-                   "How long to wait for the recorder and its answers, in seconds; 5.5 unless "
-                   "said otherwise, while watch and monitor wait for a recorder without end")
-      ->check(realBetween(0, kMostSeconds));
+                   "How long to wait for the recorder and its answers, seconds or H:MM:SS; 5.5 "
+                   "unless said otherwise, while watch and monitor wait for a recorder without end")
+      ->transform(TimeText::check());
   _device->add_flag("--simulate", _simulate, "A simulated recorder instead of one that is attached")
       ->check(CLI::Validator(checkScript, ""));
 }

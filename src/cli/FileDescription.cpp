@@ -6,12 +6,13 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 #include <memory>
 #include <string_view>
 
 #include "cli/Printable.h"
+#include "cli/TimeText.h"
+#include "cli/Utf8.h"
 #include "export/Recognition.h"
 #include "wav/BextLayout.h"
 
@@ -44,7 +45,7 @@ ordered_json headerJson(const WaveHeader& header) {
 }
 
 std::string field(const WavArray& chunk, BextField field) {
-  return WaveFileReader::DecodeAsString(chunk.bytes + field.offset, field.size);
+  return Utf8::textOf({chunk.bytes + field.offset, field.size});
 }
 
 template <class Value>
@@ -62,12 +63,6 @@ std::string reservedText(const WavArray& chunk) {
   std::string text;
   for (const std::uint8_t* byte = begin; byte != end; ++byte) text += fmt::format("{:02x}", *byte);
   return text;
-}
-
-std::string durationText(double seconds) {
-  const auto whole = static_cast<std::int64_t>(seconds);
-  return fmt::format("{:02}:{:02}:{:06.3f}", whole / 3600, whole / 60 % 60,
-                     std::fmod(seconds, 60.0));
 }
 
 // How many chunks with the same identifier and size follow this one.
@@ -140,22 +135,22 @@ void FileDescription::describeBext() {
       {"Version", number<std::uint16_t>(data, bext::kVersion)},
       {"UniqueMaterialIdentifier", field(data, bext::kUniqueMaterialIdentifier)},
       {"Reserved", reservedText(data)},
-      {"CodingHistory", WaveFileReader::DecodeAsString(data.bytes + bext::kFixedSize,
-                                                       data.length - bext::kFixedSize)}};
+      {"CodingHistory", Utf8::textOf({data.bytes + bext::kFixedSize,
+                                      static_cast<std::size_t>(data.length - bext::kFixedSize)})}};
 }
 
 std::string FileDescription::text() const {
   const std::string path = printable(_json["path"].get<std::string>());
-  const std::string reason = printable(_json["reason"].get<std::string>());
-  if (!_reader) return fmt::format("{}\n  cannot be read: {}\n", path, reason);
+  if (!_reader) return "";
   const auto yesNo = [this](const char* key) { return _json[key].get<bool>() ? "yes" : "no"; };
   const WaveHeader& header = _reader->header();
   std::string text = fmt::format("{}\n  WAVE file: {}   of the recorder: {}   raw M/S: {}\n", path,
                                  yesNo("valid"), yesNo("recorder"), yesNo("raw_ms"));
-  if (!reason.empty()) text += fmt::format("  {}\n", reason);
   text += fmt::format("  {} channels, {} Hz, {}-bit {}, {}\n", header.NumChannels,
                       header.SampleRate, header.BitsPerSample, encodingText(header),
-                      durationText(_reader->durationSeconds()));
+                      TimeText::of(_reader->durationSeconds()));
+  const std::string warning = isRecording() ? audioWarning(*_reader) : "";
+  if (!warning.empty()) text += fmt::format("  {}\n", warning);
   text += chunkLines();
   for (const auto& [name, value] : _json["bext"].items()) {
     const std::string shown = value.is_string() ? value.get<std::string>() : value.dump();

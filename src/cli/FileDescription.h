@@ -15,10 +15,13 @@ class FileDescription {
   explicit FileDescription(const std::filesystem::path& path);
 
   [[nodiscard]] bool isReadable() const { return _reader != nullptr; }
+  /// Whether it is one of the recorder's; the key reason tells why not.
+  [[nodiscard]] bool isRecording() const { return _json["recorder"].get<bool>(); }
   /// Keys: path, valid, recorder, raw_ms, reason, header, chunks, bext (null without one),
   /// duration_seconds, frames (whole ones that can be read), sample_rate.
   [[nodiscard]] const nlohmann::ordered_json& json() const { return _json; }
-  /// The same over several lines.
+  /// The same over several lines, with what a listener should know, but without the reason; empty
+  /// where the file cannot be read.
   [[nodiscard]] std::string text() const;
 
   /// What a listener should know of the sample data before an export: that there is none, that

@@ -3,12 +3,11 @@
 
 #include "cli/InfoCommand.h"
 
-#include <fmt/format.h>
-
 #include <nlohmann/json.hpp>
 
 #include "cli/FileDescription.h"
 #include "cli/Problem.h"
+#include "cli/Streams.h"
 
 CLI::App* InfoCommand::declare(CLI::App& program) {
   CLI::App* command = program.add_subcommand("info", "Tell what a file is and holds");
@@ -23,11 +22,12 @@ int InfoCommand::run() {
     const FileDescription description(file);
     // A name or text that is not UTF-8 is shown with replacement characters.
     constexpr auto kReplace = nlohmann::ordered_json::error_handler_t::replace;
-    fmt::print("{}", _asJson ? description.json().dump(-1, ' ', false, kReplace) + "\n"
-                             : description.text());
-    if (description.isReadable()) continue;
+    Streams::out(_asJson ? description.json().dump(-1, ' ', false, kReplace) + "\n"
+                         : description.text());
+    if (description.isRecording()) continue;
     const auto reason = description.json()["reason"].get<std::string>();
-    fmt::print(stderr, "{}\n", problemLine(file, kFailToOpen, reason));
+    const std::string_view text = description.isReadable() ? kFileNotSupported : kFailToOpen;
+    Streams::err(problemLine(file, text, reason) + "\n");
     status = kFailed;
   }
   return status;

@@ -10,11 +10,14 @@
 namespace {
 
 std::atomic<bool> isRequested{false};
+std::atomic<int> endStatus{0};
 static_assert(std::atomic<bool>::is_always_lock_free, "set in a signal handler");
+static_assert(std::atomic<int>::is_always_lock_free, "set in a signal handler");
 
 extern "C" void onSignal(int number) {
   constexpr int kKilledBy = 128;
   if (isRequested.exchange(true)) _exit(kKilledBy + number);
+  endStatus = kKilledBy + number;
 }
 
 void handle(int number, void (*handler)(int)) {
@@ -36,4 +39,8 @@ void Interrupt::install() {
 
 const std::atomic<bool>& Interrupt::requested() {
   return isRequested;
+}
+
+int Interrupt::status() {
+  return endStatus;
 }

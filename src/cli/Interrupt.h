@@ -12,4 +12,6 @@ class Interrupt {
   static void install();
   /// True once a signal came; never false again.
   static const std::atomic<bool>& requested();
+  /// What a shell calls the end by that signal: 128 and its number. 0 before one came.
+  static int status();
 };

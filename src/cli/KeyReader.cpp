@@ -45,6 +45,8 @@ bool isUnfinished(std::string_view bytes) {
 std::vector<Key> KeyReader::read(std::string_view bytes) {
   std::vector<Key> keys;
   for (const char byte : bytes) {
+    // Escape by itself, and then another key.
+    if (_pending == "\x1b" && byte != '[' && byte != 'O') _pending.clear();
     _pending += byte;
     if (isUnfinished(_pending)) continue;
     if (const auto key = keyOf(_pending)) keys.push_back(*key);

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cmath>
 #include <cstdint>
 #include <exception>
 #include <span>
@@ -31,10 +30,6 @@ unsigned processors() {
   return std::max(1U, std::thread::hardware_concurrency());
 }
 
-std::uint64_t frameAt(double seconds, std::uint32_t rate) {
-  return static_cast<std::uint64_t>(std::llround(seconds * rate));
-}
-
 }  // namespace
 
 CLI::App* MeasureCommand::declare(CLI::App& program) {
@@ -47,11 +42,7 @@ CLI::App* MeasureCommand::declare(CLI::App& program) {
   command->add_option("--gain", _gain, "Gain in dB; positive is louder")
       ->check(realBetween(-kMostGain, kMostGain))
       ->capture_default_str();
-  command->add_option("--from", _from, "Start in seconds")
-      ->check(realBetween(0, kMostSeconds))
-      ->capture_default_str();
-  command->add_option("--to", _to, "End in seconds; default: that of the recording")
-      ->check(realBetween(0, kMostSeconds));
+  _stretch.add(*command, StretchOption::Needs::Nothing);
   auto* json = command->add_flag("--json", _asJson, "One JSON object a line for each file");
   command->add_flag("--csv", _asCsv, "Comma-separated values, a line a width")->excludes(json);
   command->add_option("--plot", _plot,
@@ -62,7 +53,7 @@ CLI::App* MeasureCommand::declare(CLI::App& program) {
 }
 
 void MeasureCommand::checkOptions() const {
-  if (_to && *_to < _from) throw CLI::ValidationError("--to", "is before --from");
+  _stretch.check();
   if (_plot.empty()) return;
   if (_files.size() > 1) throw CLI::ValidationError("--plot", "goes with a single FILE");
   if (_plot.extension() != ".svg") throw CLI::ValidationError("--plot", "is not a FILE.svg");
@@ -117,6 +108,11 @@ std::optional<std::string> MeasureCommand::measure(std::size_t index, ProgressLi
     line.message(sourceProblem(job));
     return std::nullopt;
   }
+  const std::string reason = _stretch.whyNot(*job.reader());
+  if (!reason.empty()) {
+    line.message(problemLine(file, "No such stretch.", reason));
+    return std::nullopt;
+  }
   const std::string warning = FileDescription::audioWarning(*job.reader());
   if (!warning.empty()) line.message(problemLine(file, "Warning:", warning));
   const std::string width = WidthOption::warning(_angle, *job.reader());
@@ -149,10 +145,9 @@ bool MeasureCommand::plot(const Export& job, const TakeAnalysis& analysis,
 
 // A single file is worked on by all processors, several by one each.
 TakeAnalyzer::Options MeasureCommand::options(const Export& job) const {
-  const std::uint32_t rate = job.reader()->header().SampleRate;
   TakeAnalyzer::Options options;
-  options.firstFrame = frameAt(_from, rate);
-  if (_to) options.endFrame = frameAt(*_to, rate);
+  options.firstFrame = _stretch.firstFrame(*job.reader());
+  options.endFrame = _stretch.endFrame(*job.reader());
   const auto files = static_cast<unsigned>(std::min<std::size_t>(_files.size(), processors()));
   options.workers = std::max(1U, processors() / files);
   return options;

@@ -12,6 +12,7 @@
 #include "analysis/TakeAnalyzer.h"
 #include "cli/Command.h"
 #include "cli/ProgressLine.h"
+#include "cli/StretchOption.h"
 #include "export/Export.h"
 
 /// `measure`: loudness, peaks and width of recordings, at one width or at all of them, several
@@ -45,8 +46,7 @@ class MeasureCommand : public Command {
   std::string _angles;
   std::filesystem::path _plot;
   double _gain = 0;
-  double _from = 0;
-  std::optional<double> _to;
+  StretchOption _stretch;
   bool _asJson = false;
   bool _asCsv = false;
 };

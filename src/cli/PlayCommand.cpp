@@ -3,8 +3,6 @@
 
 #include "cli/PlayCommand.h"
 
-#include <fmt/format.h>
-
 #include <QCoreApplication>
 #include <array>
 #include <memory>
@@ -12,9 +10,12 @@
 
 #include "base/EB.h"
 #include "base/Log.h"
+#include "cli/Interrupt.h"
 #include "cli/NumberCheck.h"
 #include "cli/PlaySession.h"
 #include "cli/Problem.h"
+#include "cli/Streams.h"
+#include "cli/WidthOption.h"
 #include "export/Export.h"
 #include "playback/AudioBackends.h"
 #include "playback/LimitedAudioFile.h"
@@ -34,30 +35,36 @@ void endFilesAt(double seconds) {
 
 CLI::App* PlayCommand::declare(CLI::App& program) {
   CLI::App* command = program.add_subcommand("play", "Play a recording as it would be exported");
-  command->add_option("--angle", _angle, "Stereo width in degrees; 0 is mono")
-      ->check(realBetween(0, kMostAngle))
-      ->capture_default_str();
+  WidthOption::add(*command, _angle);
   command->add_option("--gain", _gain, "Gain in whole dB; positive is louder")
       ->check(realBetween(-kMostGain, kMostGain))
       ->capture_default_str();
   command->add_option("--volume", _volume, "Volume of the output, linear; 1 leaves it as it is")
       ->check(realBetween(0, 1))
       ->capture_default_str();
-  command->add_option("--from", _from, "Start in seconds")->check(realBetween(0, kMostSeconds));
-  command->add_option("--to", _to, "End in seconds")->check(realBetween(0, kMostSeconds));
+  _stretch.add(*command, StretchOption::Needs::Nothing);
   command->add_option("FILE", _file, "Recording")->required();
   command->footer(
       "Keys: space pauses, left and right seek 5 s, up and down change the gain, [ and ] the "
       "width, q quits.");
   command->callback([this] {
-    if (!(_from < _to)) throw CLI::ValidationError("--to", "lies before the start");
+    _stretch.check();
+    if (_stretch.to() && *_stretch.to() <= _stretch.from()) {
+      throw CLI::ValidationError("--to", "is not after --from");
+    }
   });
   return command;
 }
 
 int PlayCommand::run() {
   const Export job(_file);
-  if (!job.IsFileValid()) return fail(kFileNotSupported, job.failure());
+  if (!job.IsFileValid()) {
+    Streams::err(sourceProblem(job) + "\n");
+    return kFailed;
+  }
+  const std::string reason = _stretch.whyNot(*job.reader());
+  if (!reason.empty()) return fail("No such stretch.", reason);
+  warn(*job.reader());
   // The lines of the log would run into the time line.
   Log::setSink([](std::string_view) {});
   int argumentCount = 1;
@@ -66,21 +73,32 @@ int PlayCommand::run() {
   const QCoreApplication application(argumentCount, arguments.data());
   EB::initData();
   SystemBackends::choose();
-  if (_to < kMostSeconds) endFilesAt(_to);
+  if (_stretch.to()) endFilesAt(*_stretch.to());
   return play(std::make_shared<const WaveFileReader>(*job.reader()));
 }
 
 int PlayCommand::play(std::shared_ptr<const WaveFileReader> reader) const {
   PlaySession session(_file, std::move(reader));
   if (!session.readFailure().empty()) return fail(kFailToOpen, session.readFailure());
-  session.set(WaveFileReader::wholeAngle(_angle), static_cast<int>(_gain), _volume);
-  session.start(_from);
+  const int angle = WaveFileReader::wholeAngle(WidthOption::valueOf(_angle));
+  session.set(angle, static_cast<int>(_gain), _volume);
+  session.start(_stretch.from());
   const bool isPlayed = session.run();
   if (!session.readFailure().empty()) return fail("Cannot read on.", session.readFailure());
+  if (Interrupt::requested()) return Interrupt::status();
   return isPlayed ? kDone : kFailed;
 }
 
+void PlayCommand::warn(const WaveFileReader& reader) const {
+  const auto say = [](const std::string& line) {
+    if (!line.empty()) Streams::err(line + "\n");
+  };
+  say(WidthOption::note(_angle));
+  const std::string width = WidthOption::warning(_angle, reader);
+  if (!width.empty()) say(problemLine(_file, "Warning:", width));
+}
+
 int PlayCommand::fail(std::string_view text, std::string_view reason) const {
-  fmt::print(stderr, "{}\n", problemLine(_file, text, reason));
+  Streams::err(problemLine(_file, text, reason) + "\n");
   return kFailed;
 }

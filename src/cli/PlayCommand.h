@@ -3,12 +3,12 @@
 #pragma once
 
 #include <filesystem>
-#include <limits>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include "cli/Command.h"
-#include "cli/NumberCheck.h"
+#include "cli/StretchOption.h"
 #include "wav/WaveFileReader.h"
 
 /// `play`: lets a recording be heard as it would be exported. On a terminal it shows a time line
@@ -20,12 +20,12 @@ class PlayCommand : public Command {
 
  private:
   [[nodiscard]] int play(std::shared_ptr<const WaveFileReader> reader) const;
+  void warn(const WaveFileReader& reader) const;
   [[nodiscard]] int fail(std::string_view text, std::string_view reason) const;
 
   std::filesystem::path _file;
-  double _angle = kDefaultAngle;
+  StretchOption _stretch;
+  std::optional<double> _angle;
   double _gain = 0;
   double _volume = 1;
-  double _from = 0;
-  double _to = std::numeric_limits<double>::infinity();
 };

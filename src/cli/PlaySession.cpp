@@ -4,6 +4,7 @@
 #include "cli/PlaySession.h"
 
 #include <fmt/format.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
@@ -21,6 +22,8 @@
 #include "cli/Printable.h"
 #include "cli/ProgressLine.h"
 #include "cli/RawTerminal.h"
+#include "cli/Streams.h"
+#include "cli/TimeLine.h"
 #include "dsp/SideGain.h"
 
 namespace {
@@ -29,6 +32,14 @@ constexpr int kTickMsPerSecond = 100;
 constexpr double kSeekSeconds = 5.0;
 constexpr int kAngleStep = 5;
 constexpr double kMsPerSecond = 1000.0;
+constexpr std::size_t kUsualColumns = 80;
+
+// Of the terminal, which may change at any time.
+std::size_t columns() {
+  winsize size{};
+  const bool isKnown = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+  return isKnown ? size.ws_col : kUsualColumns;
+}
 
 }  // namespace
 
@@ -87,9 +98,9 @@ bool PlaySession::run() {
   timer.start(kTickMsPerSecond);
   QCoreApplication::exec();
   _terminal.reset();
-  if (_showsTime) fmt::print("\n");
+  if (_showsTime) Streams::out("\n");
   if (_player.underruns() > 0) {
-    fmt::print(stderr, "mixdeck-cli: the output ran dry, times: {}\n", _player.underruns());
+    Streams::err(fmt::format("mixdeck-cli: the output ran dry, times: {}\n", _player.underruns()));
   }
   return _isFine;
 }
@@ -172,15 +183,14 @@ void PlaySession::seekTo(double seconds) {
 }
 
 void PlaySession::show() const {
-  const char* const state = _player.play_state() == PLAY_STATE_PAUSE ? "  paused" : "";
-  fmt::print("{}{}  {} / {}  width {}  gain {:+} dB{}", ProgressLine::kEraseLine, _name,
-             _player.currentTimeString(), _player.durationString(), _player.angle(), _player.gain(),
-             state);
-  std::fflush(stdout);
+  const std::string time = _player.currentTimeString();
+  const std::string duration = _player.durationString();
+  const bool isPaused = _player.play_state() == PLAY_STATE_PAUSE;
+  const TimeLine::State state{_name, time, duration, _player.angle(), _player.gain(), isPaused};
+  Streams::out(ProgressLine::kEraseLine + TimeLine::of(state, columns()));
 }
 
 void PlaySession::tell(const std::string& message) const {
-  if (_showsTime) fmt::print("{}", ProgressLine::kEraseLine);
-  std::fflush(stdout);
-  fmt::print(stderr, "mixdeck-cli: {}\n", message);
+  if (_showsTime) Streams::out(ProgressLine::kEraseLine);
+  Streams::err(fmt::format("mixdeck-cli: {}\n", message));
 }

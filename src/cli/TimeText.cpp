@@ -17,6 +17,7 @@ namespace {
 
 constexpr std::size_t kMostFields = 3;
 constexpr double kBase = 60;
+constexpr std::string_view kNumber = "0123456789.eE+-";
 
 std::vector<std::string_view> fieldsOf(std::string_view text) {
   std::vector<std::string_view> fields;
@@ -28,14 +29,14 @@ std::vector<std::string_view> fieldsOf(std::string_view text) {
   return fields;
 }
 
-// Digits, with a fraction where there may be one.
-std::optional<double> number(std::string_view text, bool mayBeFraction) {
-  const std::string_view allowed = mayBeFraction ? "0123456789." : "0123456789";
+constexpr std::string_view kDigits = "0123456789";
+
+std::optional<double> number(std::string_view text, std::string_view allowed) {
   double value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   const bool isWhole = error == std::errc() && end == text.data() + text.size();
-  if (!isWhole || text.find_first_not_of(allowed) != std::string_view::npos) return std::nullopt;
-  return value;
+  const bool isAllowed = text.find_first_not_of(allowed) == std::string_view::npos;
+  return isWhole && isAllowed && value >= 0 ? std::optional(value) : std::nullopt;
 }
 
 }  // namespace
@@ -45,7 +46,8 @@ std::optional<double> TimeText::parse(std::string_view text) {
   if (fields.size() > kMostFields) return std::nullopt;
   double seconds = 0;
   for (std::size_t i = 0; i < fields.size(); ++i) {
-    const auto value = number(fields[i], i + 1 == fields.size());
+    const bool isLast = i + 1 == fields.size();
+    const auto value = number(fields[i], isLast ? kNumber : kDigits);
     if (!value || (i > 0 && *value >= kBase)) return std::nullopt;
     seconds = seconds * kBase + *value;
   }

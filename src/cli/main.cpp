@@ -17,16 +17,31 @@
 #include "cli/Interrupt.h"
 #include "cli/LevelsCommand.h"
 #include "cli/MeasureCommand.h"
+#include "cli/NearestWord.h"
 #include "cli/PlayCommand.h"
+#include "cli/Printable.h"
 #include "cli/Problem.h"
 #include "cli/Streams.h"
 
 namespace {
 
+// A guess at what was meant by a word that is no command; empty where there is none.
+std::string guess(const CLI::App& program) {
+  const std::vector<CLI::App*> parsed = program.get_subcommands();
+  const CLI::App& asked = parsed.empty() ? program : *parsed.front();
+  std::vector<std::string> words;
+  for (const CLI::App* command : asked.get_subcommands({})) words.push_back(command->get_name());
+  for (const std::string& word : program.remaining(true)) {
+    const auto nearest = NearestWord::of(word, words);
+    if (nearest) return printable(word) + " is no command. Did you mean " + *nearest + "?\n";
+  }
+  return "";
+}
+
 int runProgram(int argc, char** argv) {
   CLI::App program("Decodes, plays, measures and describes the recordings of the TARN J4.",
                    "mixdeck-cli");
-  program.set_version_flag("--version", std::string("mixdeck-cli ") + kVersion);
+  program.set_version_flag("--version", std::string("mixdeck-cli ") + kFullVersion);
   program.require_subcommand(1);
   ExportCommand exportCommand;
   InfoCommand info;
@@ -43,7 +58,9 @@ int runProgram(int argc, char** argv) {
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return program.exit(error) == 0 ? Command::kDone : Command::kUsage;
+    if (program.exit(error) == 0) return Command::kDone;
+    Streams::err(guess(program));
+    return Command::kUsage;
   }
   for (const auto& [words, command] : commands) {
     if (words->parsed()) return command->run();

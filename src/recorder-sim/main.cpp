@@ -5,7 +5,9 @@
 #include <QCoreApplication>
 #include <cstdio>
 #include <exception>
+#include <string>
 
+#include "base/Version.h"
 #include "recorder-sim/RecorderProgram.h"
 
 namespace {
@@ -53,6 +55,7 @@ int run(const RecorderOptions& options) {
 int runProgram(int argc, char** argv) {
   CLI::App program("A simulated recorder for the ALSA sequencer, for those without the hardware.",
                    "mixdeck-recorder-sim");
+  program.set_version_flag("--version", std::string("mixdeck-recorder-sim ") + kFullVersion);
   RecorderOptions options;
   declare(program, options);
   try {

@@ -27,6 +27,13 @@ void FrameStream::seek(std::uint64_t frame) {
   _heldFrames = 0;
 }
 
+void FrameStream::stopAt(std::uint64_t frame) {
+  const std::uint64_t here = _frames - _framesLeft;
+  _frames = std::max(here, std::min(frame, _frames));
+  _framesLeft = _frames - here;
+  _heldFrames = std::min(_heldFrames, _framesLeft);
+}
+
 std::uint64_t FrameStream::read(std::span<float> frames) {
   const std::uint64_t wanted = std::min<std::uint64_t>(frames.size() / 2, _framesLeft);
   if (_isApart) return readApart(frames.first(2 * wanted));

@@ -27,6 +27,9 @@ class FrameStream {
   /// Goes to a frame, counted from the first one; beyond the end to the end.
   void seek(std::uint64_t frame);
 
+  /// Ends before this frame instead, and reads no byte beyond it that is not needed.
+  void stopAt(std::uint64_t frame);
+
   /// Fills `frames` with interleaved pairs; returns the number of frames, less than asked only at
   /// the end, and 0 there or on a failure.
   std::uint64_t read(std::span<float> frames);
@@ -44,7 +47,7 @@ class FrameStream {
   bool _isApart;            ///< samples of a frame lie further apart than a block holds
   std::uint64_t _position;  ///< of the next frame, in the image
   std::uint64_t _framesLeft;
-  std::uint64_t _frames;             ///< of the whole file
+  std::uint64_t _frames;             ///< of the whole file, or where it stops
   std::vector<std::byte> _block;     ///< what was read from the file, where it was
   std::span<const std::byte> _held;  ///< bytes from `_position` on that are at hand,
   std::uint64_t _heldFrames = 0;     ///< enough for as many frames

@@ -135,7 +135,12 @@ class MeasureTest(Case):
         got = self.measure("--from", "1.1", "--to", "2.1", "a.wav")[0]
         self.assertEqual(got["seconds"], 1.0)
         self.assertEqual(got["widths"], self.measure("b.wav")[0]["widths"])
-        self.assertEqual(self.measure("--from", "99", "a.wav")[0]["seconds"], 0)
+        self.assertEqual(self.measure("--from", "0:01.1", "--to", "0:00:02.1", "a.wav")[0], got)
+        self.assertEqual(self.measure("--from", "3.5", "a.wav")[0]["seconds"], 0)
+        for words, told in ((["--from", "99"], "--from 00:01:39.000"),
+                            (["--to", "4"], "--to 00:00:04.000")):
+            self.expect(1, "measure", *words, "a.wav", out="", err="mixdeck-cli: a.wav: No such "
+                        f"stretch. {told} lies beyond its end at 00:00:03.500\n")
 
     def test_null_where_there_is_no_figure(self):
         self.file("a.wav", recording([0] * 96000))

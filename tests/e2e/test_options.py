@@ -5,6 +5,7 @@
 import math
 import os
 import re
+import subprocess
 import unittest
 
 from mixdeck import Case, as_nobody, decoded, recording, samples_of, stored24, unpack24, unpack_floats
@@ -25,8 +26,25 @@ class UsageTest(Case):
         for arguments in (["--help"], ["export", "--help"], ["info", "--help"],
                           ["levels", "--help"], ["demo", "--help"]):
             self.assertIn("Usage: ", self.expect(0, *arguments, err="").stdout)
-        version = self.expect(0, "--version", err="").stdout
-        self.assertRegex(version, r"^mixdeck-cli \d+\.\d+\.\d+\n$")
+
+    def test_one_version_everywhere(self):
+        said = [self.expect(0, "--version", err="").stdout]
+        for folder, program in (("recorder-sim", "mixdeck-recorder-sim"), ("app", "mixdeck")):
+            path = os.path.join(os.environ["MIXDECK_BIN"], "..", folder, program)
+            if not os.path.exists(path):  # all in one folder
+                path = os.path.join(os.environ["MIXDECK_BIN"], program)
+            said.append(subprocess.run([path, "--version"], capture_output=True, text=True,
+                                       check=True, env=dict(os.environ, QT_QPA_PLATFORM="offscreen")
+                                       ).stdout)
+        self.assertRegex(said[0], r"^mixdeck-cli \d+\.\d+\.\d+\.\d+\n$")
+        self.assertEqual({text.split()[1] for text in said}, {said[0].split()[1]})
+
+    def test_a_typo_names_the_nearest_command(self):
+        for words, meant in ((["exprot", "a.wav"], "export"), (["messure", "a.wav"], "measure"),
+                             (["device", "stauts"], "status"), (["devcie"], "device")):
+            self.assertIn(f" is no command. Did you mean {meant}?\n", self.usage_error(*words))
+        self.assertNotIn("Did you mean", self.usage_error("explode", "a.wav"))
+        self.assertNotIn("Did you mean", self.usage_error("a.wav"))
 
     def test_help_names_every_option(self):
         text = self.expect(0, "export", "--help").stdout
@@ -68,8 +86,13 @@ class UsageTest(Case):
         for option in ("--output", "--output-dir"):
             self.assertIn(f"{option}: is empty", self.usage_error("export", option, "", "a.wav"))
 
+    def test_ends_before_beginnings(self):
+        for word in ("levels", "measure", "play"):
+            error = self.usage_error(word, "--from", "0:02", "--to", "1", "a.wav")
+            self.assertIn("--to", error)
+
     def test_levels_out_of_range(self):
-        for value in ("-1", "nan", "soon"):
+        for value in ("-1", "nan", "soon", "1:60", "1:2:3:4", ""):
             self.usage_error("levels", f"--from={value}", "--to", "1", "a.wav")
             self.usage_error("levels", "--from", "0", f"--to={value}", "a.wav")
 

@@ -3,6 +3,7 @@
 """The words info, levels and demo, and the progress line."""
 
 import json
+import math
 import os
 import pty
 import re
@@ -45,8 +46,9 @@ class InfoTest(Case):
     def test_one_object_a_line_and_file(self):
         self.file("a.wav", recording())
         self.file("b.wav", b"no sound")
-        lines = self.expect(0, "info", "--json", "a.wav", "b.wav", err="").stdout.splitlines()
-        objects = [json.loads(line) for line in lines]
+        lines = self.expect(1, "info", "--json", "a.wav", "b.wav", err="mixdeck-cli: b.wav: File not "
+                            "supported. Not a WAVE file: shorter than 48 bytes\n").stdout
+        objects = [json.loads(line) for line in lines.splitlines()]
         self.assertEqual([one["path"] for one in objects], ["a.wav", "b.wav"])
         self.assertEqual([one["valid"] for one in objects], [True, False])
         self.assertIsNone(objects[1]["bext"])
@@ -69,10 +71,32 @@ class InfoTest(Case):
 
     def test_text_of_others(self):
         self.file("b.wav", wave(fmt(3, 1, 44100, 32), chunk("data", bytes(44100))))
-        text = self.expect(0, "info", "b.wav", err="").stdout
-        for part in ("of the recorder: no", "raw M/S: no", "No broadcast extension (bext chunk)",
+        reason = "No broadcast extension (bext chunk)"
+        text = self.expect(1, "info", "b.wav",
+                           err=f"mixdeck-cli: b.wav: File not supported. {reason}\n").stdout
+        for part in ("of the recorder: no", "raw M/S: no",
                      "1 channels, 44100 Hz, 32-bit IEEE float, 00:00:00.250"):
             self.assertIn(part, text)
+        self.assertNotIn(reason, text)
+
+    def test_a_missing_file_is_said_once(self):
+        self.expect(1, "info", "none.wav", out="",
+                    err="mixdeck-cli: none.wav: Fail to open. No such file or directory\n")
+
+    def test_text_tells_that_a_take_is_cut_short(self):
+        self.file("a.wav", recording()[:-3])
+        text = self.expect(0, "info", "a.wav", err="").stdout
+        self.assertIn("\n  Cut short: the data chunk states 12 bytes, the file holds 9\n", text)
+
+    def test_utf8_is_shown_as_such(self):
+        payload = bytearray(bext()[8:])
+        payload[0:9] = "Föhn 水".encode()[:9]
+        path = self.file("ü.wav", wave(fmt(), chunk("bext", bytes(payload)),
+                                       chunk("data", bytes(6))))
+        self.assertEqual(self.info(path)["bext"]["Description"][:6], "Föhn 水")
+        text = self.expect(0, "info", "ü.wav", err="").stdout
+        self.assertIn("ü.wav\n", text)
+        self.assertIn("  Description: Föhn 水", text)
 
     def test_text_that_is_not_ascii_is_valid_json(self):
         payload = bytearray(bext()[8:])
@@ -85,7 +109,92 @@ class InfoTest(Case):
         self.assertTrue(json.loads(self.expect(0, "info", "--json", name).stdout)["raw_ms"])
 
 
+def read_by(*arguments):
+    """Bytes that a run of the program reads from files."""
+    process = subprocess.Popen([CLI, *arguments], stdout=subprocess.DEVNULL)
+    os.waitid(os.P_PID, process.pid, os.WEXITED | os.WNOWAIT)
+    with open(f"/proc/{process.pid}/io", encoding="ascii") as file:
+        count = int(file.read().split()[1])
+    process.wait()
+    return count
+
+
 class LevelsTest(Case):
+    """What the peaks of a stretch are."""
+
+    def setUp(self):
+        super().setUp()
+        self.samples = [4194304, 2097152, -6291456, 1048576] + [-2097152, 0] * 48000
+        self.file("a.wav", recording(self.samples))
+        self.file("b.wav", recording(self.samples, history="MSRAW=OFF;"))
+
+    def levels(self, name, *options, to="0.00004", err=""):
+        return self.expect(0, "levels", "--from", "0", "--to", to, *options, name, err=err).stdout
+
+    @staticmethod
+    def line(left, right):
+        told = ["-inf" if value == 0 else f"{20 * math.log10(value):.2f}" for value in (left, right)]
+        return f"left {told[0]} dBFS, right {told[1]} dBFS\n"
+
+    def test_the_loudest_samples_of_either_sign(self):
+        self.assertEqual(self.levels("b.wav"), self.line(0.75, 0.25))
+        self.assertEqual(self.levels("a.wav"), self.line(0.75, 0.875))
+        self.assertEqual(self.levels("a.wav", "--angle", "0"), self.line(0.75, 0.75))
+
+    def test_the_last_bytes_count_too(self):
+        self.file("c.wav", recording([0, 0] * 1000 + [0, -4194304], history="MSRAW=OFF;"))
+        self.assertEqual(self.levels("c.wav", to=str(1001 / 48000)), self.line(0, 0.5))
+
+    def test_gain_and_width(self):
+        divisor = single(10 ** (-6 / 20))
+        self.assertEqual(self.levels("b.wav", "--gain", "6"), self.line(0.75 / divisor, 0.25 / divisor))
+        k = single(side_gain(33))
+        self.assertEqual(self.levels("a.wav", "--angle", "33.5",
+                                     err="mixdeck-cli: --angle 33.5 counts as 33\n"),
+                         self.line(0.75 - 0.125 * k, 0.75 + 0.125 * k))
+
+    def test_a_later_stretch_in_any_writing(self):
+        for begin, end in (("0.5", "0.6"), ("0:00.5", "0:00:00.6"), ("00:00:00.5", "6e-1")):
+            text = self.expect(0, "levels", "--from", begin, "--to", end, "b.wav", err="").stdout
+            self.assertEqual(text, self.line(0.25, 0))
+
+    def test_what_lies_beyond_the_take_is_refused(self):
+        for begin, end, told in (("0", "1.5", "--to 00:00:01.500"),
+                                 ("2", "0:03", "--from 00:00:02.000")):
+            self.expect(1, "levels", "--from", begin, "--to", end, "a.wav", out="",
+                        err=f"mixdeck-cli: a.wav: No such stretch. {told} lies beyond its end at "
+                            "00:00:01.000\n")
+        self.expect(0, "levels", "--from", "0", "--to", "1.00004", "a.wav", err="")
+        self.expect(1, "levels", "--from", "0.5", "--to", "0.5", "a.wav", out="",
+                    err="mixdeck-cli: a.wav: No such stretch. No frame lies in it\n")
+
+    def test_no_more_than_the_stretch_is_read(self):
+        path = self.big_recording("long.wav", 600)
+        without = read_by("info", path)
+        self.assertLess(read_by("levels", "--from", "9:00", "--to", "9:00.01", path) - without, 20000)
+
+    def test_an_interrupt_is_told(self):
+        path = self.big_recording("long.wav", 12000)
+        with subprocess.Popen([CLI, "levels", "--from", "0", "--to", "3:20:00", path],
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+                              preexec_fn=lambda: os.nice(5)) as process:
+            while process.poll() is None:
+                with open(f"/proc/{process.pid}/io", encoding="ascii") as file:
+                    if int(file.read().split()[1]) > 1 << 24:
+                        break
+            process.send_signal(signal.SIGINT)
+            output, errors = process.communicate(timeout=60)
+        self.assertEqual((process.returncode, output, errors), (1, "", "mixdeck-cli: cancelled\n"))
+
+    def test_refusals(self):
+        self.file("c.wav", b"no sound")
+        self.expect(1, "levels", "--from", "0", "--to", "1", "c.wav", out="", err="mixdeck-cli: "
+                    "c.wav: File not supported. Not a WAVE file: shorter than 48 bytes\n")
+        self.expect(1, "levels", "--from", "0", "--to", "1", "d.wav", out="", err="mixdeck-cli: "
+                    "d.wav: Fail to open. No such file or directory\n")
+
+
+class MeterRuleTest(Case):
     # The last bytes of the data, as many as stand before it, are never measured: so there is a
     # second of silence after the two frames.
     def setUp(self):
@@ -95,7 +204,8 @@ class LevelsTest(Case):
         self.file("b.wav", recording(self.samples + [-8000000] * 96000, history="MSRAW=OFF;"))
 
     def levels(self, name, *options, to="0.00004"):
-        text = self.expect(0, "levels", "--from", "0", "--to", to, *options, name, err="").stdout
+        text = self.expect(0, "levels", "--meter-rule", "--from", "0", "--to", to, *options, name,
+                           err="").stdout
         self.assertRegex(text, r"^\S+ \S+\n$")
         return text.split()
 
@@ -118,16 +228,10 @@ class LevelsTest(Case):
         self.assertEqual(self.levels("a.wav", to="0"), ["-4", "0"])
 
     def test_a_later_stretch(self):
-        text = self.expect(0, "levels", "--from", "0.5", "--to", "0.6", "b.wav", err="").stdout
+        text = self.expect(0, "levels", "--meter-rule", "--from", "0.5", "--to", "0.6", "b.wav",
+                           err="").stdout
         value = f"{single(-8000000 / 8388608):.9g}"
         self.assertEqual(text, f"{value} {value}\n")
-
-    def test_refusals(self):
-        self.file("c.wav", b"no sound")
-        self.expect(1, "levels", "--from", "0", "--to", "1", "c.wav", out="", err="mixdeck-cli: "
-                    "c.wav: File not supported. Not a WAVE file: shorter than 48 bytes\n")
-        self.expect(1, "levels", "--from", "0", "--to", "1", "d.wav", out="", err="mixdeck-cli: "
-                    "d.wav: File not supported. No such file or directory\n")
 
 
 class DemoTest(Case):

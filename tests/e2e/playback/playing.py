@@ -174,9 +174,9 @@ class Case(unittest.TestCase):
 class Player:
     """`mixdeck-cli play` at a terminal of its own."""
 
-    def __init__(self, server, *arguments):
+    def __init__(self, server, *arguments, columns=100):
         self.master, slave = pty.openpty()
-        fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", 24, 100, 0, 0))
+        fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
         self.before = termios.tcgetattr(slave)
         self.slave = slave
         self.process = subprocess.Popen(
@@ -199,7 +199,7 @@ class Player:
                 return
 
     def __enter__(self):
-        wait_for(lambda: "width" in self.shown, "the time line")
+        wait_for(lambda: " dB" in self.shown, "the time line")
         return self
 
     def __exit__(self, *_):

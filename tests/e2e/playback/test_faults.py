@@ -48,7 +48,9 @@ class NoServerTest(Case):
         for wrong in (["--angle", "151"], ["--gain", "40"], ["--volume", "1.1"], ["--from", "-1"],
                       ["--from", "2", "--to", "1"]):
             self.assertEqual(self.run_play(*wrong, path).returncode, 2, wrong)
-        self.assertEqual(self.run_play("--from", "5", path).returncode, 0)
+        beyond = self.run_play("--from", "0:05", path)
+        self.assertEqual(beyond.returncode, 1)
+        self.assertIn("--from 00:00:05.000 lies beyond its end at ", beyond.stderr)
 
 
 class GoingServerTest(Case):

@@ -132,7 +132,21 @@ class TerminalTest(Case):
                     player.process.send_signal(way)
                 status = player.wait()
                 self.assertTrue(player.is_restored())
-                self.assertEqual(status, {"q": 0, "\x1c": -signal.SIGQUIT}.get(way, 1))
+                self.assertEqual(status, {"q": 0, "\x1c": -signal.SIGQUIT, signal.SIGTERM: 143,
+                                          signal.SIGHUP: 129}.get(way, 130))
+
+    def test_forty_columns(self):
+        path = self.file(noise(3 * RATE, 24), 24)
+        with Player(self.server, "--gain", "-36", path, columns=40) as player:
+            player.press(" ")
+            player.wait_line("paused")
+            player.press("\x1b")
+            player.press("q")
+            self.assertEqual(player.wait(), 0)
+        lines = player.shown.split("\x1b[K")
+        self.assertGreater(len(lines), 2)
+        for line in lines:
+            self.assertLessEqual(len(line.strip("\r\n")), 40, line)
 
     def test_it_comes_back_for_a_stop_and_is_taken_again(self):
         path = self.file(noise(30 * RATE, 24), 24)

@@ -165,8 +165,7 @@ TEST_F(FileDescriptionTest, DescribesWhatCannotBeRead) {
   EXPECT_EQ(file.json()["valid"], false);
   EXPECT_EQ(file.json()["reason"], "No such file or directory");
   EXPECT_EQ(file.json()["header"]["ChunkID"], 0);
-  EXPECT_EQ(file.text(), (_folder.path() / "missing.wav").native() +
-                             "\n  cannot be read: No such file or directory\n");
+  EXPECT_EQ(file.text(), "");
 }
 
 TEST_F(FileDescriptionTest, TellsTheSameAsText) {
@@ -181,10 +180,10 @@ TEST_F(FileDescriptionTest, TellsTheSameAsText) {
   EXPECT_THAT(text, HasSubstr("MSRAW=ON;\n"));
 }
 
-TEST_F(FileDescriptionTest, TellsTheReasonAsText) {
+TEST_F(FileDescriptionTest, LeavesTheReasonToWhoTellsIt) {
   const std::string text = describe(WaveBytes().formatFloat().data(Bytes(16))).text();
   EXPECT_THAT(text, HasSubstr("of the recorder: no"));
-  EXPECT_THAT(text, HasSubstr("  No broadcast extension (bext chunk)\n"));
+  EXPECT_THAT(text, Not(HasSubstr("No broadcast extension (bext chunk)")));
   EXPECT_THAT(text, HasSubstr("32-bit IEEE float"));
   EXPECT_THAT(text, Not(HasSubstr("Originator")));
 }

@@ -25,6 +25,14 @@ TEST(KeyReader, PutsASequenceTogether) {
   EXPECT_THAT(reader.read("C "), ElementsAre(Key::Right, Key::Space));
 }
 
+TEST(KeyReader, TakesTheKeyAfterEscape) {
+  EXPECT_THAT(KeyReader().read("\x1bq"), ElementsAre(Key::Quit));
+  EXPECT_THAT(KeyReader().read("\x1b\x1b[C"), ElementsAre(Key::Right));
+  KeyReader reader;
+  EXPECT_THAT(reader.read("\x1b"), IsEmpty());
+  EXPECT_THAT(reader.read(" "), ElementsAre(Key::Space));
+}
+
 TEST(KeyReader, PassesOverWhatItDoesNotKnow) {
   EXPECT_THAT(KeyReader().read("x\x1b[5~\x1b[1;2A\t "), ElementsAre(Key::Space));
 }
