@@ -48,10 +48,10 @@ std::string front(const std::vector<std::string_view>& characters, std::size_t c
 
 std::string back(const std::vector<std::string_view>& characters, std::size_t columns) {
   std::string text;
-  for (auto character = characters.rbegin(); character != characters.rend(); ++character) {
-    if (columnsOf(*character) > columns) break;
-    columns -= columnsOf(*character);
-    text.insert(0, *character);
+  for (std::size_t i = characters.size(); i-- > 0;) {
+    if (columnsOf(characters[i]) > columns) break;
+    columns -= columnsOf(characters[i]);
+    text.insert(0, characters[i]);
   }
   return text;
 }

@@ -296,12 +296,12 @@ class ProgressTest(Case):
         time.sleep(0.15)
         process.send_signal(signal.SIGCONT)
 
-    def run_on_terminal(self, *arguments, at=None, do=None):
-        """Runs an export with a terminal for standard error; returns status and what it showed.
+    def run_on_terminal(self, *arguments, word="export", at=None, do=None):
+        """Runs a word of the program with a terminal for standard error; returns status and what it showed.
         When it first shows `at`, `do` is called with the process, which lets the test go first
         wherever both want to run."""
         master, slave = pty.openpty()
-        with subprocess.Popen([CLI, "export", *arguments], stdout=subprocess.PIPE, stderr=slave,
+        with subprocess.Popen([CLI, word, *arguments], stdout=subprocess.PIPE, stderr=slave,
                               cwd=self.folder, preexec_fn=lambda: os.nice(5)) as process:
             os.close(slave)
             shown = b""
@@ -330,6 +330,22 @@ class ProgressTest(Case):
         self.assertLessEqual(percents[-1], 100)
         self.assertTrue(shown.endswith("\r\x1b[K"), repr(shown[-40:]))
         self.assertNotIn("\n", shown)
+
+    def test_a_measurement_shows_how_far_it_is(self):
+        self.big_recording("long.wav", 3600)
+        status, shown = self.run_on_terminal("long.wav", word="measure", at=b" %  0 of 1 done",
+                                             do=self.hold)
+        self.assertEqual(status, 0)
+        percents = [int(text) for text in re.findall(r"(\d+) %  \d of 1 done  long.wav", shown)]
+        self.assertGreater(len(percents), 1)
+        self.assertEqual(percents, sorted(percents))
+        self.assertLessEqual(percents[-1], 100)
+        self.assertTrue(shown.endswith("\r\x1b[K"), repr(shown[-40:]))
+        self.assertNotIn("\n", shown)
+
+    def test_a_quiet_export_shows_no_progress(self):
+        self.big_recording("long.wav", 60)
+        self.assertEqual(self.run_on_terminal("--quiet", "long.wav"), (0, ""))
 
     def test_messages_stand_in_lines_of_their_own(self):
         self.file("bad.wav", b"no sound")
