@@ -12,3 +12,8 @@ find_package(PkgConfig REQUIRED)
 pkg_check_modules(ALSA REQUIRED IMPORTED_TARGET alsa)
 pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Svg Widgets)
+
+# A newer Qt warns of what the oldest one that we build with has nothing else for.
+if(Qt6_VERSION VERSION_GREATER_EQUAL 6.5)
+  add_compile_definitions(QT_WARN_DEPRECATED_UP_TO=0x060400)
+endif()
