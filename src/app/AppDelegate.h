@@ -4,15 +4,15 @@
 
 #include <QApplication>
 
-/// The application's own decisions. Nothing is done at the start or the end: settings are written
-/// when they change. Interface thread.
+/// The application's own decisions. Nothing is done at the start; at the end settings that are on
+/// their way to the medium are waited for, a moment. Interface thread.
 class AppDelegate {
  public:
   /// Puts the decisions into effect.
   explicit AppDelegate(QApplication& application);
 
   static void applicationDidFinishLaunching() {}
-  static void applicationWillTerminate() {}
+  static void applicationWillTerminate();
   /// Closing the main window ends the program.
   static bool applicationShouldTerminateAfterLastWindowClosed() { return true; }
 

@@ -32,6 +32,11 @@ BrowserPane::BrowserPane(BrowserView& view, FolderBrowser& browser, StatusLine& 
   connect(&_browser, &FolderBrowser::rowsAboutToChange, this, &BrowserPane::rememberPlace);
   connect(&_browser, &FolderBrowser::rowsChanged, this, &BrowserPane::restorePlace);
   connect(&_browser, &FolderBrowser::wishGranted, this, &BrowserPane::selectAndSee);
+  connect(&_browser, &FolderBrowser::stillLooking, this, [&status](const QString& name) {
+    status.say(StatusLine::Topic::Looking, tr("Looking for “%1”… (Esc gives up)").arg(name));
+  });
+  connect(&_browser, &FolderBrowser::lookedFor, this,
+          [&status] { status.clear(StatusLine::Topic::Looking); });
   connect(&_browser, &FolderBrowser::listed, this,
           [this, &status] { status.say(StatusLine::Topic::Folder, _browser.failure()); });
 }

@@ -15,6 +15,7 @@ namespace {
 constexpr int kFolderRefresh = 5000;  // ms
 // Rows of another folder stay that long, so that going through folders does not flicker.
 constexpr int kForgetRows = 300;  // ms
+constexpr int kLookingShows = 300;
 
 std::filesystem::path homeFolder() {
   return QFile::encodeName(QDir::homePath()).toStdString();
@@ -43,6 +44,9 @@ FolderBrowser::FolderBrowser(QObject* parent, FolderLister::Look look)
       _lister([this](const FolderLister::Answer& answer) { showAnswer(answer); }, std::move(look)) {
   _timerUpdateFolder.setObjectName(QStringLiteral("timerUpdateFolder"));
   connect(&_timerUpdateFolder, &QTimer::timeout, this, &FolderBrowser::refresh);
+  _timerLooking.setSingleShot(true);
+  connect(&_timerLooking, &QTimer::timeout, this,
+          [this] { emit stillLooking(lastComponent(_lookedAt)); });
   _timerForgetRows.setSingleShot(true);
   connect(&_timerForgetRows, &QTimer::timeout, this, &FolderBrowser::forgetRows);
 }
@@ -53,15 +57,45 @@ void FolderBrowser::begin(const std::filesystem::path& start) {
     return openFolder(last ? std::filesystem::path(*last) : desktopFolder());
   }
   const std::filesystem::path path = tidy(start);
+  lookAt(path, [this, path](Kind kind) {
+    if (kind == Kind::Folder) return openFolder(path);
+    openFolder(path.parent_path());
+    wishFor(path);
+    emit takeChosen({false, lastComponent(path), FolderHelper::kFileIcon, path});
+  });
+}
+
+// Where no thread can be had it is taken to be there: who opens it tells what is wrong.
+void FolderBrowser::lookAt(const std::filesystem::path& path, const Then& then) {
+  lookNoMore();
+  _lookedAt = path;
+  const bool hasBegun = _look.begin([this, path, then] {
+    return [this, then, kind = kindOf(path)] {
+      lookNoMore();
+      then(kind);
+    };
+  });
+  if (!hasBegun) return then(Kind::Something);
+  _timerLooking.start(kLookingShows);
+}
+
+void FolderBrowser::lookNoMore() {
+  _look.giveUp();
+  _isClimbing = false;
+  _timerLooking.stop();
+  emit lookedFor();
+}
+
+FolderBrowser::Kind FolderBrowser::kindOf(const std::filesystem::path& path) {
   std::error_code error;
-  if (std::filesystem::is_directory(path, error)) return openFolder(path);
-  openFolder(path.parent_path());
-  wishFor(path);
-  emit takeChosen({false, lastComponent(path), FolderHelper::kFileIcon, path});
+  const std::filesystem::file_status status = std::filesystem::status(path, error);
+  if (std::filesystem::is_directory(status)) return Kind::Folder;
+  return std::filesystem::exists(status) ? Kind::Something : Kind::Nothing;
 }
 
 void FolderBrowser::openFolder(const std::filesystem::path& folder) {
   if (folder.empty()) return;
+  lookNoMore();
   _requested = tidy(folder);
   _isAwaited = !_listing || _listing->folderPath() != _requested;
   if (_isAwaited) _timerForgetRows.start(kForgetRows);
@@ -82,19 +116,23 @@ const std::filesystem::path& FolderBrowser::place() const {
 }
 
 void FolderBrowser::goUp() {
-  const std::filesystem::path folder = place();
+  const std::filesystem::path folder = _isClimbing ? _lookedAt : place();
   const std::filesystem::path parent = folder.parent_path();
-  std::error_code error;
-  if (parent != folder && std::filesystem::exists(parent, error)) openFolder(parent);
+  if (parent == folder) return;
+  lookAt(parent, [this, parent](Kind kind) {
+    if (kind != Kind::Nothing) openFolder(parent);
+  });
+  _isClimbing = _look.isUnderWay();
 }
 
 void FolderBrowser::choose(int row) {
   if (_isAwaited || row < 0 || row >= _model.rowCount()) return;
   const WavItem item = _model.files()[static_cast<std::size_t>(row)];
-  std::error_code error;
-  if (!std::filesystem::exists(item.fullPath, error)) return refresh();
-  if (item.isFolder) return openFolder(item.fullPath);
-  emit takeChosen(item);
+  lookAt(item.fullPath, [this, item](Kind kind) {
+    if (kind == Kind::Nothing) return refresh();
+    if (item.isFolder) return openFolder(item.fullPath);
+    emit takeChosen(item);
+  });
 }
 
 void FolderBrowser::wishFor(const std::filesystem::path& file) {

@@ -5,20 +5,23 @@
 #include <QObject>
 #include <QTimer>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 
 #include "app/FileListModel.h"
 #include "app/FolderLister.h"
+#include "base/Errand.h"
 
 /// Which folder was asked for, which one is shown, and its rows; knows no widget.
 ///
 /// The folder that was asked for stays so while it is gone and the Desktop is shown in its place,
 /// or the home folder where there is none.
 /// It is remembered in the settings, and listed again every five seconds from the first one on.
-/// Listing never waits for the medium; `begin`, `goUp` and `choose` do, for one look whether
-/// something is there. Until another folder's listing has come, the rows are not its own: they
-/// cannot be chosen, and go when it takes long. Interface thread, which has an event loop.
+/// Nothing waits for the medium: `begin`, `goUp` and `choose` have one look on another thread
+/// whether something is there, and go on when it is known, unless something else was asked for
+/// meanwhile. Until another folder's listing has come, the rows are not its own: they cannot be
+/// chosen, and go when it takes long. Interface thread, which has an event loop.
 class FolderBrowser : public QObject {
   Q_OBJECT
 
@@ -37,6 +40,8 @@ class FolderBrowser : public QObject {
   /// Goes into the folder in this row, or tells of the recording in it. Where that has gone, it
   /// lists again.
   void choose(int row);
+  /// Gives up a look that is under way.
+  void lookNoMore();
   /// Wishes for this file to be selected as soon as its folder shows it. Another folder ends the
   /// wish.
   void wishFor(const std::filesystem::path& file);
@@ -44,6 +49,8 @@ class FolderBrowser : public QObject {
   [[nodiscard]] const std::filesystem::path& requestedFolder() const { return _requested; }
   /// The folder that is shown, or about to be.
   [[nodiscard]] const std::filesystem::path& place() const;
+  /// It is not known yet whether something is there.
+  [[nodiscard]] bool isLooking() const { return _look.isUnderWay(); }
   /// Null until the first listing has come.
   [[nodiscard]] const std::shared_ptr<const FolderHelper>& listing() const { return _listing; }
   [[nodiscard]] FileListModel& model() { return _model; }
@@ -60,14 +67,23 @@ class FolderBrowser : public QObject {
   /// The rows are what the folder held a moment ago.
   void listed();
   void takeChosen(const WavItem& take);
+  /// A look takes long enough to be shown.
+  void stillLooking(const QString& name);
+  /// It is known, or was given up.
+  void lookedFor();
 
  private:
+  enum class Kind { Nothing, Something, Folder };
+  using Then = std::function<void(Kind kind)>;
+
   /// A file by name together with the folder in which it is meant.
   struct Wish {
     std::filesystem::path folder;
     QString name;
   };
 
+  void lookAt(const std::filesystem::path& path, const Then& then);
+  static Kind kindOf(const std::filesystem::path& path);
   void showAnswer(const FolderLister::Answer& answer);
   void forgetRows();
   void replaceRows(const std::shared_ptr<const FolderHelper>& listing);
@@ -80,6 +96,10 @@ class FolderBrowser : public QObject {
   FileListModel _model;
   FolderLister _lister;
   std::optional<Wish> _wish;
+  Errand _look;
+  std::filesystem::path _lookedAt;
+  bool _isClimbing = false;  ///< the look is for `goUp`
+  QTimer _timerLooking{this};
   QTimer _timerUpdateFolder{this};
   QTimer _timerForgetRows{this};
 };

@@ -85,6 +85,7 @@ class ViewController : public QObject, public MIDIManagerDelegate {
 
   [[nodiscard]] MainView& view() const { return _view; }
   [[nodiscard]] TakeSession& take() { return _panes.take; }
+  [[nodiscard]] const FolderBrowser& browser() const { return _panes.browser; }
   [[nodiscard]] const std::filesystem::path& urlOfFileList() const;
   /// Null until the first listing has come.
   [[nodiscard]] const std::shared_ptr<const FolderHelper>& folderHelper() const;

@@ -162,10 +162,15 @@ bool WindowCommands::eventFilter(QObject* watched, QEvent* event) {
 
 void WindowCommands::keyDown(const QKeyEvent& event) {
   if (event.key() == Qt::Key_Space) _isSpaceDown = true;
-  const bool isOpening = _take.state() == TakeSession::State::Opening;
-  if (event.key() == Qt::Key_Escape && isOpening) _take.close();
+  if (event.key() == Qt::Key_Escape) giveUp();
   const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
   if (isReturn && !event.isAutoRepeat()) emit openSelectedRequested();
+}
+
+// What a medium has not answered yet.
+void WindowCommands::giveUp() {
+  _browser.lookNoMore();
+  if (_take.state() == TakeSession::State::Opening) _take.close();
 }
 
 // A release alone may belong to a press that closed a menu or a dialog.

@@ -72,6 +72,7 @@ class WindowCommands : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void giveUp();
   void connectMenu();
   void connectExports();
   void present(DialogWindow* dialog) const;

@@ -5,8 +5,8 @@
 
 #include <chrono>
 
-#include "base/Log.h"
 #include "base/SettingsFile.h"
+#include "base/SettingsWriter.h"
 
 namespace {
 
@@ -18,13 +18,18 @@ std::optional<Clock::time_point> started;
 }  // namespace
 
 void Utility::store(std::string_view key, std::string_view valueString) {
-  const std::filesystem::path path = SettingsFile::defaultPath();
-  if (SettingsFile(path).set(std::string(key), std::string(valueString))) return;
-  Log::line("Cannot write " + path.native());
+  SettingsWriter::get().store(SettingsFile::defaultPath(), std::string(key),
+                              std::string(valueString));
 }
 
 std::optional<std::string> Utility::getStringValue(std::string_view key) {
-  return SettingsFile(SettingsFile::defaultPath()).get(std::string(key));
+  const std::filesystem::path path = SettingsFile::defaultPath();
+  auto pending = SettingsWriter::get().pending(path, key);
+  return pending ? pending : SettingsFile(path).get(std::string(key));
+}
+
+bool Utility::finishStoring(std::chrono::milliseconds most) {
+  return SettingsWriter::get().flush(most);
 }
 
 void Utility::stopWatch_start() {

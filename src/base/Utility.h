@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,10 +15,15 @@ class Utility {
   /// The version ("0.1.0.1") whose introduction the user does not want to see again.
   static constexpr std::string_view kDoNotShowAgain = "UD_DO_NOT_SHOW_AGAIN";
 
-  /// Keeps the value for the key, in place of any earlier one. What cannot be written is logged.
+  /// Keeps the value for the key, in place of any earlier one. Returns at once: it is written on
+  /// another thread, soon. What cannot be written is logged.
   static void store(std::string_view key, std::string_view valueString);
-  /// The stored value; none when there is none.
+  /// The stored value; none when there is none. Reads the file, unless the value is on its way
+  /// there, and waits for the medium.
   static std::optional<std::string> getStringValue(std::string_view key);
+  /// Until all is written, but no longer than this; false where something was not. For the end of
+  /// the program.
+  static bool finishStoring(std::chrono::milliseconds most);
 
   // No program calls what follows; it belongs to the system's interface.
 

@@ -125,6 +125,7 @@ TEST_F(Browsing, GoingUpToAVanishedParentDoesNothing) {
   waitForFolder(inner);
   std::filesystem::remove_all(inner.parent_path());
   QTest::mouseClick(view().browser->btnGoUp, Qt::LeftButton);
+  waitForLook();
   refresh();
   EXPECT_EQ(controller().urlOfFileList(), inner);
   EXPECT_EQ(Utility::getStringValue(Utility::kLastOpenFolder), inner.string());
@@ -163,6 +164,7 @@ TEST_F(Browsing, VanishedEntryDoesNothing) {
   clickRow("R0001.WAV");
   std::filesystem::remove(path);
   controller().table_cell_double_click();
+  waitForLook();
   EXPECT_EQ(controller().wavPlayer(), nullptr);
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
@@ -270,6 +272,7 @@ TEST_F(Browsing, CommandLineRecordingIsSelectedAndPlays) {
   Utility::store(Utility::kDoNotShowAgain, std::string(kVersion) + "." + kBuildNumber);
   const auto path = take("R0001.WAV", 10);
   start(path);
+  waitFor([this] { return controller().wavPlayer() != nullptr; }, "the recording");
   EXPECT_EQ(controller().urlOfFileList(), takes.path());
   EXPECT_EQ(selected(), "R0001.WAV");
   waitFor([this] { return controller().wavPlayer() != nullptr; }, "the take");

@@ -23,6 +23,7 @@ class Commands : public TakeFixture {
  protected:
   void TearDown() override {
     commands.reset();
+    EXPECT_TRUE(Utility::finishStoring(std::chrono::minutes(2)));
     TakeFixture::TearDown();
   }
   template <class Dialog>

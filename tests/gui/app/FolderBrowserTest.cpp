@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QSignalSpy>
 #include <QTimer>
+#include <chrono>
 #include <filesystem>
 #include <semaphore>
 
@@ -23,6 +24,19 @@ using testing::ElementsAre;
 
 class Browser : public testing::Test {
  protected:
+  void TearDown() override { EXPECT_TRUE(Utility::finishStoring(std::chrono::minutes(2))); }
+  /// Until it is known whether what was asked for is there.
+  void settle() {
+    ASSERT_TRUE(EventLoop::runUntil([this] { return !browser.isLooking(); }));
+  }
+  void goUp() {
+    browser.goUp();
+    settle();
+  }
+  void choose(int row) {
+    browser.choose(row);
+    settle();
+  }
   void waitForListing() {
     QSignalSpy answers(&browser, &FolderBrowser::listed);
     ASSERT_TRUE(answers.wait(20'000));
@@ -85,6 +99,7 @@ TEST_F(Browser, BeginsWithARecordingThatItChoosesAndShows) {
   takes.file("a.wav", {});
   const auto path = takes.file("b.wav", {});
   browser.begin(path);
+  settle();
   ASSERT_EQ(chosen.count(), 1);
   EXPECT_EQ(chosen.first().first().value<WavItem>().fullPath, path);
   EXPECT_EQ(browser.requestedFolder(), takes.path());
@@ -126,15 +141,15 @@ TEST_F(Browser, SaysWhatCannotBeRead) {
 }
 
 TEST_F(Browser, GoesUpAsFarAsThereIsSomething) {
-  browser.goUp();
+  goUp();
   EXPECT_EQ(browser.requestedFolder(), "") << "nothing is shown yet";
   browser.openFolder(inner("Bells"));
   waitForListing();
-  browser.goUp();
+  goUp();
   EXPECT_EQ(browser.requestedFolder(), takes.path());
   browser.openFolder("/");
   waitForListing();
-  browser.goUp();
+  goUp();
   EXPECT_EQ(browser.requestedFolder(), "/");
 }
 
@@ -142,7 +157,7 @@ TEST_F(Browser, TwoQuickGoUpsClimbTwoLevels) {
   browser.openFolder(inner("Bells/Deep"));
   waitForListing();
   browser.goUp();
-  browser.goUp();
+  goUp();
   EXPECT_EQ(browser.requestedFolder(), takes.path());
 }
 
@@ -150,7 +165,7 @@ TEST_F(Browser, GoesUpFromThePlaceThatIsShownInstead) {
   std::filesystem::create_directory(home.path() / "Desktop");
   browser.openFolder(takes.path() / "gone" / "deep");
   waitForListing();
-  browser.goUp();
+  goUp();
   EXPECT_EQ(browser.requestedFolder(), home.path());
 }
 
@@ -158,7 +173,7 @@ TEST_F(Browser, DoesNotGoUpToAParentThatHasGone) {
   browser.openFolder(inner("Bells"));
   waitForListing();
   std::filesystem::remove_all(takes.path());
-  browser.goUp();
+  goUp();
   EXPECT_EQ(browser.requestedFolder(), takes.path() / "Bells");
 }
 
@@ -170,13 +185,31 @@ TEST_F(Browser, ChoosesFoldersAndRecordingsThatAreStillThere) {
   waitForListing();
   ASSERT_THAT(rows(), ElementsAre("Bells", "a.wav", "b.wav"));
   std::filesystem::remove(gone);
-  for (const int row : {-1, 2, 3}) browser.choose(row);
+  for (const int row : {-1, 2, 3}) choose(row);
   EXPECT_EQ(chosen.count(), 0);
-  browser.choose(1);
+  choose(1);
   ASSERT_EQ(chosen.count(), 1);
   EXPECT_EQ(chosen.first().first().value<WavItem>().fullPath, path);
-  browser.choose(0);
+  choose(0);
   EXPECT_EQ(browser.requestedFolder(), bells);
+}
+
+TEST_F(Browser, WhatIsAskedForNextEndsTheLook) {
+  takes.file("a.wav", {});
+  const auto bells = inner("Bells");
+  browser.openFolder(takes.path());
+  waitForListing();
+  browser.choose(1);
+  EXPECT_TRUE(browser.isLooking());
+  browser.choose(0);
+  settle();
+  EXPECT_EQ(browser.requestedFolder(), bells);
+  browser.goUp();
+  browser.openFolder(bells);
+  EXPECT_FALSE(browser.isLooking());
+  waitForListing();
+  EXPECT_EQ(browser.requestedFolder(), bells);
+  EXPECT_EQ(chosen.count(), 0);
 }
 
 TEST_F(Browser, RowsOfTheFolderBeforeCannotBeChosen) {
@@ -185,11 +218,11 @@ TEST_F(Browser, RowsOfTheFolderBeforeCannotBeChosen) {
   browser.openFolder(takes.path());
   waitForListing();
   browser.openFolder(bells);
-  for (const int row : {0, 1}) browser.choose(row);
+  for (const int row : {0, 1}) choose(row);
   EXPECT_EQ(chosen.count(), 0);
   EXPECT_EQ(browser.requestedFolder(), bells);
   browser.openFolder(takes.path());
-  browser.choose(1);
+  choose(1);
   EXPECT_EQ(chosen.count(), 1) << "back before the other one came";
 }
 

@@ -47,7 +47,10 @@ class PeakMemory {
 /// The takes lie on a medium that has given each thread what it gives within half a second.
 class SlowMedium : public WindowFixture {
  protected:
-  void SetUp() override { SlowReads::share(takes.path().string(), kShare); }
+  void SetUp() override {
+    isMediumFast = false;
+    SlowReads::share(takes.path().string(), kShare);
+  }
   void TearDown() override {
     end();
     SlowReads::reset();

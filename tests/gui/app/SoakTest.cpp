@@ -98,7 +98,8 @@ class Soak : public WindowFixture {
     waitFor(
         [this] {
           return controller().folderHelper()->folderPath() == controller().urlOfFileList() &&
-                 controller().take().state() != TakeSession::State::Opening;
+                 controller().take().state() != TakeSession::State::Opening &&
+                 !controller().browser().isLooking();
         },
         "the folder or take that was opened");
   }

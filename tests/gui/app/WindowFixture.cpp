@@ -11,6 +11,7 @@
 #include "base/Version.h"
 #include "controls/Appearance.h"
 #include "playback/AudioBackends.h"
+#include "playback/PlayingFile.h"
 #include "playback/system/SystemBackends.h"
 #include "support/EventLoop.h"
 #include "support/WaveBytes.h"
@@ -32,6 +33,7 @@ WindowFixture::WindowFixture(MIDIPacketKind kind) : link(kind, midiClock) {
 
 WindowFixture::~WindowFixture() {
   end();
+  EXPECT_TRUE(Utility::finishStoring(std::chrono::minutes(2)));
   SystemBackends::choose();
 }
 
@@ -79,6 +81,10 @@ std::filesystem::path WindowFixture::folder(const std::string& name) const {
 
 void WindowFixture::waitFor(const std::function<bool()>& condition, const char* what) {
   ASSERT_TRUE(EventLoop::runUntil(condition)) << what;
+}
+
+void WindowFixture::waitForLook() {
+  waitFor([this] { return !controller().browser().isLooking(); }, "whether it is there");
 }
 
 void WindowFixture::refresh() {
@@ -134,7 +140,9 @@ void WindowFixture::waitForTake(const std::function<void()>& open) {
 
 void WindowFixture::play(int milliseconds) {
   constexpr int kStep = 20;
+  const auto& waiting = PlayingFile::get().state().waiting;
   for (int rest = milliseconds; rest > 0; rest -= kStep) {
+    if (isMediumFast) waitFor([&] { return waiting.empty(); }, "what is to be heard");
     clock.advance(std::min(rest, kStep));
     QCoreApplication::processEvents();
   }

@@ -46,6 +46,8 @@ class WindowFixture : public testing::Test, protected Screen {
 
   /// Lets the event loop run until it holds; fails the test where it never does.
   static void waitFor(const std::function<bool()>& condition, const char* what);
+  /// Until it is known whether what was asked for is there.
+  void waitForLook();
   /// Lists again and waits for the answer.
   void refresh();
   [[nodiscard]] std::vector<std::string> rows() const;
@@ -58,7 +60,8 @@ class WindowFixture : public testing::Test, protected Screen {
   void open(const std::string& name);
   /// Does what opens a take, and waits until it is known what came of it.
   void waitForTake(const std::function<void()>& open);
-  /// Lets music play; the timers of the window do not run by themselves meanwhile.
+  /// Lets music play; the timers of the window do not run by themselves meanwhile. Unless told that
+  /// the medium is slow, time stands still until what is to be heard has been read.
   void play(int milliseconds);
 
   void plugIn();
@@ -88,6 +91,7 @@ class WindowFixture : public testing::Test, protected Screen {
   VirtualClock clock;
   MemoryOutput* output = nullptr;
   int outputsMade = 0;
+  bool isMediumFast = true;
 
   std::shared_ptr<SteppedMIDIClock> midiClock = std::make_shared<SteppedMIDIClock>();
   SimulatedLink link;

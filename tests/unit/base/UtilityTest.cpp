@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <thread>
 
 #include "support/EnvironmentVariable.h"
@@ -12,6 +13,8 @@
 #include "support/TemporaryFolder.h"
 
 namespace {
+
+constexpr std::chrono::minutes kPatience(2);
 
 TEST(Utility, KeepsStringsForTheUser) {
   const TemporaryFolder folder;
@@ -22,6 +25,9 @@ TEST(Utility, KeepsStringsForTheUser) {
   Utility::store("UD_LAST_OPEN_FOLDER", "/other");
   EXPECT_EQ(Utility::getStringValue(Utility::kLastOpenFolder), "/other");
   EXPECT_EQ(Utility::getStringValue(Utility::kDoNotShowAgain), "1.0.12");
+  EXPECT_TRUE(Utility::finishStoring(kPatience));
+  EXPECT_EQ(Utility::getStringValue(Utility::kLastOpenFolder), "/other");
+  EXPECT_EQ(Utility::getStringValue(Utility::kDoNotShowAgain), "1.0.12");
   EXPECT_TRUE(std::filesystem::exists(folder.path() / "mixdeck" / "settings"));
 }
 
@@ -30,6 +36,7 @@ TEST(Utility, SaysWhereItCouldNotWrite) {
   const EnvironmentVariable config("XDG_CONFIG_HOME", folder.file("file", {}));
   LogLines log;
   Utility::store("a", "1");
+  EXPECT_TRUE(Utility::finishStoring(kPatience));
   ASSERT_EQ(log.get().size(), 1U);
   EXPECT_EQ(log.get()[0], "Cannot write " + (folder.path() / "file/mixdeck/settings").native());
 }
