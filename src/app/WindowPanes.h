@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
+
 #include "app/BrowserPane.h"
 #include "app/DevicePane.h"
 #include "app/FolderBrowser.h"
@@ -21,8 +23,13 @@
 /// them, in the order in which they are told of things. A further pane is a line here. Interface
 /// thread.
 struct WindowPanes {
+  /// What an export that is cancelled by the end of the window has for its own.
+  static constexpr std::chrono::milliseconds kExportPatience{300};
+
   /// The view and `parent` outlive the panes.
-  WindowPanes(MainView& mainView, QObject& parent) : view(mainView), owner(parent) {}
+  WindowPanes(MainView& mainView, QObject& parent) : view(mainView), owner(parent) {
+    exports.setPatience(kExportPatience);
+  }
 
   MainView& view;
   QObject& owner;

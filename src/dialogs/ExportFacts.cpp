@@ -48,7 +48,7 @@ QString ExportFacts::sizeText(bool is24bit) const {
   return sizeOf(is24bit ? size24 : size32);
 }
 
-QString ExportFacts::warning(bool is24bit) const {
+QString ExportFacts::warning(bool is24bit, std::optional<std::uint64_t> free) const {
   if (oddBits != 0) {
     return QCoreApplication::translate("ExportFacts",
                                        "These %1-bit samples export as noise: the recorder writes "
@@ -59,9 +59,13 @@ QString ExportFacts::warning(bool is24bit) const {
   if (size > std::numeric_limits<std::uint32_t>::max()) {
     return QCoreApplication::translate("ExportFacts", "Too long: a WAVE file ends at 4 GiB");
   }
+  if (!free || *free >= size) return {};
+  return QCoreApplication::translate("ExportFacts", "Only %1 free in this folder")
+      .arg(sizeOf(*free));
+}
+
+std::optional<std::uint64_t> ExportFacts::freeIn(const std::filesystem::path& folder) {
   std::error_code error;
   const auto space = std::filesystem::space(folder, error);
-  if (error || space.available >= size) return {};
-  return QCoreApplication::translate("ExportFacts", "Only %1 free in this folder")
-      .arg(sizeOf(space.available));
+  return error ? std::nullopt : std::optional<std::uint64_t>(space.available);
 }

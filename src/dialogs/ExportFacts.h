@@ -5,6 +5,7 @@
 #include <QString>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 
 #include "export/Export.h"
 
@@ -21,9 +22,12 @@ struct ExportFacts {
   [[nodiscard]] QString gainText(bool isNormalized) const;
   /// "14.4 MB".
   [[nodiscard]] QString sizeText(bool is24bit) const;
-  /// Why the export would be noise, or would not fit into its folder or into a file; empty when it
-  /// is neither, and where that cannot be told. Asks the file system.
-  [[nodiscard]] QString warning(bool is24bit) const;
+  /// Why the export would be noise, or would not fit into a file or into a folder with so many
+  /// bytes `free`; empty when it is neither, and where that cannot be told.
+  [[nodiscard]] QString warning(bool is24bit, std::optional<std::uint64_t> free) const;
+  /// Bytes that a folder has room for; none where that cannot be told. Any thread; waits for the
+  /// medium.
+  [[nodiscard]] static std::optional<std::uint64_t> freeIn(const std::filesystem::path& folder);
 
   bool isValid = false;
   std::filesystem::path source;

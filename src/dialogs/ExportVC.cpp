@@ -24,7 +24,17 @@ void ExportVC::viewWillAppear() {
   _facts = _exporter ? ExportFacts(*_exporter) : ExportFacts();
   _save->setEnabled(_facts.isValid);
   showFacts();
+  askForSpace();
   initWindowUI();
+}
+
+void ExportVC::askForSpace() {
+  _spaceErrand.begin([this, folder = _facts.folder] {
+    return [this, free = ExportFacts::freeIn(folder)] {
+      _free = free;
+      showFacts();
+    };
+  });
 }
 
 void ExportVC::initWindowUI() {
@@ -40,7 +50,7 @@ void ExportVC::showFacts() {
   _width->setText(_facts.widthText());
   _gain->setText(_facts.gainText(_checkboxNormalize->isChecked()));
   _size->setText(_facts.sizeText(_radio24->isChecked()));
-  _warning->setText(_facts.warning(_radio24->isChecked()));
+  _warning->setText(_facts.warning(_radio24->isChecked(), _free));
   _warning->setHidden(_warning->text().isEmpty());
   fixSize();
 }

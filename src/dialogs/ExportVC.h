@@ -7,8 +7,11 @@
 #include <QLayout>
 #include <QPushButton>
 #include <QRadioButton>
+#include <cstdint>
 #include <memory>
+#include <optional>
 
+#include "base/Errand.h"
 #include "dialogs/DialogWindow.h"
 #include "dialogs/ExportFacts.h"
 #include "export/Export.h"
@@ -49,6 +52,7 @@ class ExportVC : public DialogWindow {
   QLayout* choices();
   QLayout* buttons();
   void showFacts();
+  void askForSpace();
   void save(const std::filesystem::path& path, AtomicFile::Existing existing);
   [[nodiscard]] ExportOrder order(const std::filesystem::path& path,
                                   AtomicFile::Existing existing) const;
@@ -66,4 +70,6 @@ class ExportVC : public DialogWindow {
   QPushButton* _save;
   std::shared_ptr<Export> _exporter;
   ExportFacts _facts;
+  Errand _spaceErrand;
+  std::optional<std::uint64_t> _free;  ///< bytes in the folder, once that is known
 };

@@ -19,7 +19,10 @@ ExportQueue::ExportQueue(ExportWorker::Work work, Clock clock)
 
 // The workers post their ends to this object, so they go first.
 ExportQueue::~ExportQueue() {
-  for (const Running& running : _running) running.worker->cancel();
+  for (const Running& running : _running) {
+    running.worker->cancel();
+    if (_patience) running.worker->setPatience(*_patience);
+  }
   _running.clear();
 }
 

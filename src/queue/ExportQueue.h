@@ -9,6 +9,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "queue/ExportOrder.h"
@@ -33,6 +34,7 @@ class ExportQueue : public QObject {
 
   /// `work` is called on the workers' threads, several times at once where that is wished.
   explicit ExportQueue(ExportWorker::Work work = ExportWorker::carryOut, Clock clock = steady);
+  /// Cancels everything and waits for what runs, each as long as `setPatience` says.
   ~ExportQueue() override;
 
   /// A clock that only goes forward.
@@ -48,6 +50,10 @@ class ExportQueue : public QObject {
   /// How many run at once, 1 to begin with; fewer than run already lets those run on.
   void setAtOnce(std::size_t count);
   [[nodiscard]] std::size_t atOnce() const { return _atOnce; }
+
+  /// How long the queue's end waits for an export to stop; at first as long as it takes. One whose
+  /// medium hangs ends by itself later, or with the program.
+  void setPatience(std::chrono::milliseconds most) { _patience = most; }
 
   /// Whether anything runs or waits.
   [[nodiscard]] bool isBusy() const { return !_running.empty() || !_waiting.empty(); }
@@ -84,6 +90,7 @@ class ExportQueue : public QObject {
   ExportWorker::Work _work;
   Clock _clock;
   std::size_t _atOnce = 1;
+  std::optional<std::chrono::milliseconds> _patience;
   Id _last = 0;
   std::deque<Waiting> _waiting;
   std::vector<Running> _running;

@@ -5,6 +5,7 @@
 
 #include <exception>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 #include "base/Log.h"
@@ -40,20 +41,35 @@ ExportResult guarded(const ExportWorker::Work& work, const ExportOrder& order,
 }  // namespace
 
 ExportWorker::ExportWorker(const ExportOrder& order, const Work& work, const Told& onEnd) {
-  const auto end = [this, onEnd](ExportResult result) {
-    _result = std::move(result);
-    _isFinished = true;
-    if (onEnd) onEnd();
-  };
+  _shared->onEnd = onEnd;
   try {
-    _thread = std::jthread([this, order, work, end] { end(guarded(work, order, _control)); });
+    std::thread([shared = _shared, order, work] {
+      shared->end(guarded(work, order, shared->control));
+    }).detach();
   } catch (const std::system_error& error) {
-    end({End::Failed, error.what()});
+    _shared->end({End::Failed, error.what()});
   }
 }
 
 ExportWorker::~ExportWorker() {
   cancel();
+  std::unique_lock lock(_shared->mutex);
+  const auto hasEnded = [this] { return _shared->hasEnded; };
+  if (_patience) {
+    _shared->ended.wait_for(lock, *_patience, hasEnded);
+  } else {
+    _shared->ended.wait(lock, hasEnded);
+  }
+  _shared->onEnd = nullptr;
+}
+
+void ExportWorker::Shared::end(ExportResult with) {
+  const std::lock_guard lock(mutex);
+  result = std::move(with);
+  isFinished = true;
+  if (onEnd) onEnd();
+  hasEnded = true;
+  ended.notify_all();
 }
 
 ExportResult ExportWorker::carryOut(const ExportOrder& order, Control& control) {

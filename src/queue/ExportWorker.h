@@ -3,8 +3,12 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
+#include <condition_variable>
 #include <functional>
-#include <thread>
+#include <memory>
+#include <mutex>
+#include <optional>
 
 #include "queue/ExportOrder.h"
 #include "queue/ExportResult.h"
@@ -29,7 +33,8 @@ class ExportWorker {
   /// no thread can be had, which is a failure like any other.
   explicit ExportWorker(const ExportOrder& order, const Work& work = carryOut,
                         const Told& onEnd = {});
-  /// Cancels what is still under way and waits for its end.
+  /// Cancels what is still under way and waits for its end, as long as `setPatience` says; what has
+  /// not ended by then ends by itself, untold.
   ~ExportWorker();
   ExportWorker(const ExportWorker&) = delete;
   ExportWorker& operator=(const ExportWorker&) = delete;
@@ -38,16 +43,29 @@ class ExportWorker {
   static ExportResult carryOut(const ExportOrder& order, Control& control);
 
   /// Asks it to stop; returns at once.
-  void cancel() { _control.isCancelled = true; }
+  void cancel() { _shared->control.isCancelled = true; }
+  /// How long the destructor waits; at first as long as it takes.
+  void setPatience(std::chrono::milliseconds most) { _patience = most; }
 
   /// 0 to 1.
-  [[nodiscard]] double done() const { return _control.done; }
-  [[nodiscard]] bool isFinished() const { return _isFinished; }
-  [[nodiscard]] const ExportResult& result() const { return _result; }
+  [[nodiscard]] double done() const { return _shared->control.done; }
+  [[nodiscard]] bool isFinished() const { return _shared->isFinished; }
+  [[nodiscard]] const ExportResult& result() const { return _shared->result; }
 
  private:
-  Control _control;
-  std::atomic<bool> _isFinished{false};
-  ExportResult _result;  ///< the worker's until it has finished
-  std::jthread _thread;  ///< last, as it uses all of the above
+  /// What the thread needs, also where nobody waits for it any more.
+  struct Shared {
+    Control control;
+    std::atomic<bool> isFinished{false};
+    ExportResult result;  ///< the worker's until it has finished
+    std::mutex mutex;     ///< guards what follows, and is held while somebody is told
+    std::condition_variable ended;
+    Told onEnd;
+    bool hasEnded = false;
+
+    void end(ExportResult with);
+  };
+
+  std::shared_ptr<Shared> _shared = std::make_shared<Shared>();
+  std::optional<std::chrono::milliseconds> _patience;
 };

@@ -47,8 +47,8 @@ TEST_F(ExportFactsTest, WarnsOfSamplesThatAreNoSound) {
       "odd.WAV", WaveBytes().recorderBext(true).format(1, 2, 48000, 16).data(samples).get());
   EXPECT_EQ(QString("These 16-bit samples export as noise: the recorder writes 24 bits or 32-bit "
                     "float"),
-            ExportFacts(Export(odd)).warning(true));
-  EXPECT_EQ(QString(), ExportFacts(*job()).warning(true));
+            ExportFacts(Export(odd)).warning(true, std::nullopt));
+  EXPECT_EQ(QString(), ExportFacts(*job()).warning(true, std::nullopt));
 }
 
 TEST_F(ExportFactsTest, GainHasItsSign) {
@@ -72,22 +72,27 @@ TEST_F(ExportFactsTest, WidthIsInWholeDegrees) {
 
 TEST_F(ExportFactsTest, WarnsWhereItWillNotFit) {
   ExportFacts facts;
-  facts.folder = _folder.path();
   facts.size24 = 20'000;
   facts.size32 = 4'294'967'296;
-  EXPECT_EQ(QString(), facts.warning(true));
-  EXPECT_EQ(QString("Too long: a WAVE file ends at 4 GiB"), facts.warning(false));
-  facts.folder = "/proc";  // has no room at all
-  EXPECT_EQ(QString("Only 0 bytes free in this folder"), facts.warning(true));
-  facts.folder = path("none");
-  EXPECT_EQ(QString(), facts.warning(true));
+  EXPECT_EQ(QString(), facts.warning(true, std::nullopt));
+  EXPECT_EQ(QString(), facts.warning(true, 20'000));
+  EXPECT_EQ(QString("Only 20.0 kB free in this folder"), facts.warning(true, 19'999));
+  EXPECT_EQ(QString("Only 0 bytes free in this folder"), facts.warning(true, 0));
+  EXPECT_EQ(QString("Too long: a WAVE file ends at 4 GiB"), facts.warning(false, std::nullopt));
+}
+
+TEST_F(ExportFactsTest, KnowsTheRoomOfAFolder) {
+  EXPECT_GT(ExportFacts::freeIn(_folder.path()), 0U);
+  EXPECT_EQ(ExportFacts::freeIn("/proc"), 0U);
+  EXPECT_EQ(ExportFacts::freeIn(path("none")), std::nullopt);
 }
 
 TEST_F(ExportFactsTest, TheWarningIsShown) {
   const auto job = this->job();
   job->setDirPath("/proc");
   const auto dialog = openExport(job);
-  EXPECT_TRUE(labels(*dialog).contains("Only 0 bytes free in this folder"));
+  EXPECT_TRUE(
+      waitUntil([&] { return labels(*dialog).contains("Only 0 bytes free in this folder"); }));
   expectNothingCut(*dialog);
 }
 

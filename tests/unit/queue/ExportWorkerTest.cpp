@@ -7,6 +7,9 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <latch>
+#include <memory>
 #include <thread>
 #include <vector>
 
@@ -94,6 +97,24 @@ TEST_F(ExportWorkerTest, ItsEndIsTheEndOfTheExport) {
     waitForBegin(worker);
   }
   EXPECT_THAT(_folder.names(), ElementsAre("long.wav"));
+}
+
+TEST_F(ExportWorkerTest, OneThatHangsIsWaitedForNoLongerThanThePatience) {
+  const auto door = std::make_shared<std::latch>(1);
+  const auto ends = std::make_shared<std::atomic<int>>(0);
+  {
+    ExportWorker worker(
+        order("in.wav"),
+        [door](const ExportOrder&, ExportWorker::Control&) {
+          door->wait();
+          return ExportResult();
+        },
+        [ends] { ++*ends; });
+    worker.setPatience(std::chrono::milliseconds(0));
+  }
+  door->count_down();
+  while (ends.use_count() > 1 || door.use_count() > 1) std::this_thread::yield();
+  EXPECT_EQ(0, *ends) << "there is nobody to be told";
 }
 
 TEST_F(ExportWorkerTest, TellsWhyItFailed) {
