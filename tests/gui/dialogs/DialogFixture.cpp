@@ -7,8 +7,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 #include <QSettings>
 #include <QTest>
+#include <vector>
 
 #include "base/EB.h"
 #include "base/NotificationCenter.h"
@@ -52,7 +54,10 @@ DialogFixture::~DialogFixture() {
   _queue.reset();
   _mainWindow.reset();
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  for (QWidget* const left : QApplication::topLevelWidgets()) delete left;
+  // One may own another.
+  std::vector<QPointer<QWidget>> left;
+  for (QWidget* const widget : QApplication::topLevelWidgets()) left.emplace_back(widget);
+  for (const QPointer<QWidget>& widget : left) delete widget.data();
 }
 
 QRect DialogFixture::showMainWindow() {
