@@ -18,6 +18,7 @@
 #include "cli/MeasurePlot.h"
 #include "cli/MeasureReport.h"
 #include "cli/NumberCheck.h"
+#include "cli/PngPicture.h"
 #include "cli/Printable.h"
 #include "cli/Problem.h"
 #include "cli/Streams.h"
@@ -25,6 +26,10 @@
 #include "export/AtomicFile.h"
 
 namespace {
+
+bool isPng(const std::filesystem::path& path) {
+  return path.extension() == ".png";
+}
 
 unsigned processors() {
   return std::max(1U, std::thread::hardware_concurrency());
@@ -45,8 +50,9 @@ CLI::App* MeasureCommand::declare(CLI::App& program) {
   _stretch.add(*command, StretchOption::Needs::Nothing);
   auto* json = command->add_flag("--json", _asJson, "One JSON object a line for each file");
   command->add_flag("--csv", _asCsv, "Comma-separated values, a line a width")->excludes(json);
-  command->add_option("--plot", _plot,
-                      "A picture to write, FILE.svg: the waveform, and figures over all widths");
+  command->add_option(
+      "--plot", _plot,
+      "A picture to write, FILE.svg or FILE.png: the waveform, and figures over all widths");
   command->add_option("FILE", _files, "Recordings")->required();
   command->callback([this] { checkOptions(); });
   return command;
@@ -56,7 +62,9 @@ void MeasureCommand::checkOptions() const {
   _stretch.check();
   if (_plot.empty()) return;
   if (_files.size() > 1) throw CLI::ValidationError("--plot", "goes with a single FILE");
-  if (_plot.extension() != ".svg") throw CLI::ValidationError("--plot", "is not a FILE.svg");
+  if (_plot.extension() != ".svg" && !isPng(_plot)) {
+    throw CLI::ValidationError("--plot", "is neither a FILE.svg nor a FILE.png");
+  }
 }
 
 std::vector<int> MeasureCommand::angles() const {
@@ -137,10 +145,22 @@ bool MeasureCommand::plot(const Export& job, const TakeAnalysis& analysis,
   }
   const std::string title = printable(job.getFilePath().filename().native());
   const MeasurePlot picture(title, analysis, waveform, width, _gain);
+  const std::string failure = savePlot(picture.svg());
+  if (!failure.empty()) line.message(problemLine(_plot, kFailToSave, failure));
+  return failure.empty();
+}
+
+// Empty once it is there, else why not.
+std::string MeasureCommand::savePlot(const std::string& svg) const {
+  std::span<const std::byte> bytes = std::as_bytes(std::span(svg));
+  std::optional<PngPicture> png;
+  if (isPng(_plot)) {
+    png.emplace(svg);
+    if (!png->failure().empty()) return png->failure();
+    bytes = png->bytes();
+  }
   AtomicFile file(_plot, AtomicFile::Existing::Replace);
-  if (file.write(std::as_bytes(std::span(picture.svg()))) && file.commit()) return true;
-  line.message(problemLine(_plot, kFailToSave, file.failure()));
-  return false;
+  return file.write(bytes) && file.commit() ? "" : file.failure();
 }
 
 // A single file is worked on by all processors, several by one each.

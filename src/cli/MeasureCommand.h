@@ -39,6 +39,7 @@ class MeasureCommand : public Command {
   /// False where the picture cannot be made, which has been said.
   [[nodiscard]] bool plot(const Export& job, const TakeAnalysis& analysis,
                           ProgressLine& line) const;
+  [[nodiscard]] std::string savePlot(const std::string& svg) const;
   void checkOptions() const;
 
   std::vector<std::filesystem::path> _files;

@@ -9,12 +9,13 @@ import json
 import math
 import random
 import re
+import shutil
 import struct
 import subprocess
 import unittest
 from xml.etree import ElementTree
 
-from mixdeck import Case, bext, chunk, decoded, fmt, recording, single, wave
+from mixdeck import CLI, Case, bext, chunk, decoded, fmt, recording, single, wave
 
 SVG = "{http://www.w3.org/2000/svg}"
 KEYS = ["path", "seconds", "sample_rate", "raw_ms", "widths"]
@@ -229,6 +230,36 @@ class PlotTest(Case):
         for word in ("a.wav", "loudness, LUFS", "true peak, dBTP", "correlation", "width", "150"):
             self.assertIn(word, words)
         self.assertIn("2.0 s, 48000 Hz, raw M/S, width 120, gain +0 dB", words)
+
+    def test_a_png_without_a_display(self):
+        samples = tone(2, -20)
+        for i in range(96000, 96400):
+            samples[i] = 8000000
+        self.file("a.wav", recording(samples))
+        self.expect(0, "measure", "--plot", "p.png", "a.wav", env={"PATH": "/usr/bin:/bin"}, err="")
+        png = self.read("p.png")
+        self.assertEqual(png[:8], b"\x89PNG\r\n\x1a\n")
+        self.assertEqual(struct.unpack(">II", png[16:24]), (2200, 1440))
+        colours = self.colours("p.png")
+        for colour in ("17181B", "202226", "7FB4E0", "E8B04B", "FFFFFF"):
+            self.assertIn(tuple(bytes.fromhex(colour)), colours)
+        title = self.colours("p.png", "-crop", "400x60+140+20")
+        self.assertGreater(len(title), 10, "letters with smooth edges")
+
+    def colours(self, name, *words):
+        data = subprocess.run(["convert", self.path(name), *words, "-depth", "8", "rgb:-"],
+                              check=True, capture_output=True).stdout
+        return set(zip(data[0::3], data[1::3], data[2::3]))
+
+    def test_a_png_without_the_program_that_draws_it(self):
+        self.file("a.wav", recording(tone(0.2, -20)))
+        shutil.copy(CLI, self.path("alone"))
+        result = subprocess.run([self.path("alone"), "measure", "--plot", "p.png", "a.wav"],
+                                capture_output=True, text=True, cwd=self.folder, check=False)
+        self.assertEqual((result.returncode, result.stdout), (1, ""))
+        self.assertIn("p.png: Fail to save. ", result.stderr)
+        self.assertIn("mixdeck-plot-png: No such file or directory", result.stderr)
+        self.assertNotIn("p.png", self.names())
 
     def test_marks_stand_where_it_clips(self):
         samples = tone(2, -20)
