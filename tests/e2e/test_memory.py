@@ -137,6 +137,22 @@ class Memory(unittest.TestCase):
         self.assertEqual(os.path.exists(target), whole)
         self.compare("export" if whole else "export, interrupted after 256 MiB", short, long)
 
+    def test_more_than_two_channels(self):
+        for channels in (6, 400):
+            path = self.path(f"{channels}.WAV")
+            frame = 3 * channels
+            payload = 0xE000_0000 // frame * frame
+            head = wave(bext(), fmt(channels=channels), chunk("data", b"", payload),
+                        riff_size=0xFFFF_FFF0)
+            sparse(path, head, payload)
+            target = self.path("channels.WAV")
+            for word, *words in (("export", "--quiet", "--force", "--output", target),
+                                 ("levels", "--from", "60", "--to", "61")):
+                short, _, _ = run(["info", self.short])
+                long, status, text = run([word, *words, path])
+                self.assertEqual(status, 0, text)
+                self.compare(f"{word} of {channels} channels", short, long)
+
     def test_zeros_behind_a_header(self):
         path = self.path("zeros.WAV")
         head = wave(bext(), fmt(), chunk("data", b""), riff_size=0xFFFF_FFF0)
