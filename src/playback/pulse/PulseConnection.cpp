@@ -12,6 +12,8 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr milliseconds kPatience{1000};
+// A server that its socket starts answers nobody before it is up.
+constexpr milliseconds kStartPatience{10'000};
 constexpr milliseconds kPingAfter{400};
 constexpr milliseconds kLook{100};
 
@@ -98,14 +100,15 @@ void PulseConnection::advance() {
   _stream.service();
 }
 
-// A pause of this whole program, as in a machine's sleep, is not the server's fault.
+// A pause of this whole program, as in a machine's sleep or by Ctrl-Z, is not the server's fault.
 void PulseConnection::watch() {
   const Clock::time_point now = Clock::now();
-  if (now - _lastRound > 3 * kLook) _stream.noteLife();
+  if (now - _lastRound > 3 * kLook) _stream.forgiveSilence();
   _lastRound = now;
   if (!_stream.isBusy()) return _stream.noteLife();
   const auto quiet = now - _stream.lastLife();
-  if (quiet > kPatience) return lose("The sound server does not answer.");
+  if (quiet > (_isUp ? kPatience : kStartPatience))
+    return lose("The sound server does not answer.");
   if (_stream.isStuck()) return lose("The sound output has stopped.");
   if (quiet > kPingAfter && _stream.isReady()) _stream.ping();
 }

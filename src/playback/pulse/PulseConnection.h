@@ -13,8 +13,8 @@
 /// The thread of a `PulseOutput`: a main loop with one connection to the server and one stream.
 ///
 /// Everything happens on the thread that calls `run`; `wake` on any. A server that is not there,
-/// has gone, or gives no sign of life for a second is reported as lost; the thread then only waits
-/// for its end.
+/// has gone, or gives no sign of life for a second, ten while it is still starting, is reported as
+/// lost; the thread then only waits for its end.
 class PulseConnection {
  public:
   explicit PulseConnection(PulseControls& controls);

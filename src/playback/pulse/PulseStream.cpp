@@ -15,7 +15,8 @@ constexpr std::uint32_t kServerMicroseconds = 50'000;
 constexpr std::uint32_t kRequestMicroseconds = 10'000;
 constexpr double kMicroseconds = 1e6;
 constexpr auto kStuck = std::chrono::seconds(2);
-// Longer than any device takes to play out, and than a server without a sign of life is borne with.
+// On top of what the device takes to play out, and longer than a server without a sign of life is
+// borne with.
 constexpr auto kDrainPatience = std::chrono::milliseconds(1500);
 
 // Of the bits of a WAVE file's channel mask, from the lowest on.
@@ -147,6 +148,10 @@ bool PulseStream::isStuck() const {
          (_isFlushing && now - _flushBegan > kStuck);
 }
 
+void PulseStream::forgiveSilence() {
+  _lastLife = _lastProgress = _flushBegan = _lastToTake = Clock::now();
+}
+
 void PulseStream::onLife(pa_stream* /*stream*/, void* self) {
   static_cast<PulseStream*>(self)->noteLife();
 }
@@ -235,10 +240,12 @@ bool PulseStream::writeBlock(std::size_t bytes) {
   return result == 0;
 }
 
+// What the device holds when it halts is heard later, if at all: the clock stands where it was.
 void PulseStream::cork() {
   const bool isWanted = !_controls.isRunning.load();
   if (isWanted == _isCorked) return;
   _isCorked = isWanted;
+  if (isWanted) stopClock();
   release(pa_stream_cork(_stream, isWanted ? 1 : 0, onDone, this));
   ping();
 }
@@ -258,7 +265,7 @@ void PulseStream::drain() {
 
 // Servers have been seen to forget a drain. What they took long ago has been heard.
 bool PulseStream::isDrainOverdue() const {
-  return _drainOperation != nullptr && Clock::now() - _lastToTake > kDrainPatience;
+  return _drainOperation != nullptr && Clock::now() - _lastToTake > _delay + kDrainPatience;
 }
 
 void PulseStream::abandonDrain() {
@@ -320,7 +327,8 @@ void PulseStream::publishTime() {
   const bool isSuspended = pa_stream_is_suspended(_stream) == 1;
   if (taken < handedOver) _lastToTake = Clock::now();
   noteProgress(timing->read_index, !_isCorked && !isSuspended && taken < handedOver);
-  if (_isCorked) return _controls.clock.standing(std::min(taken, handedOver));
+  _delay = std::chrono::microseconds(timing->sink_usec);
+  if (_isCorked) return;  // see `cork`
   const double age = static_cast<double>(timing->transport_usec) / kMicroseconds;
   const double delay = static_cast<double>(timing->sink_usec) / kMicroseconds;
   const double heard = taken + (age - delay) * _controls.format.sampleRate;

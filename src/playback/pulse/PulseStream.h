@@ -44,6 +44,8 @@ class PulseStream {
   /// When the server was last heard of.
   [[nodiscard]] Clock::time_point lastLife() const { return _lastLife; }
   void noteLife() { _lastLife = Clock::now(); }
+  /// Nothing that has been waited for is late by now.
+  void forgiveSilence();
   /// Something should be happening at the server.
   [[nodiscard]] bool isBusy() const;
   /// For two seconds nothing has moved, or a flush has not been answered, although it should.
@@ -93,5 +95,6 @@ class PulseStream {
   Clock::time_point _lastProgress = Clock::now();
   bool _shouldMove = false;
   Clock::time_point _lastToTake = Clock::now();  ///< the server had yet to take some of it
+  std::chrono::microseconds _delay{0};           ///< of the device, as the server last told
   Clock::time_point _flushBegan = Clock::now();
 };

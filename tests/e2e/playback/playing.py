@@ -174,14 +174,14 @@ class Case(unittest.TestCase):
 class Player:
     """`mixdeck-cli play` at a terminal of its own."""
 
-    def __init__(self, server, *arguments, columns=100):
+    def __init__(self, server, *arguments, columns=100, **environment):
         self.master, slave = pty.openpty()
         fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
         self.before = termios.tcgetattr(slave)
         self.slave = slave
         self.process = subprocess.Popen(
-            [CLI, "play", *map(str, arguments)], env=server.environment, stdin=slave, stdout=slave,
-            stderr=slave, start_new_session=True,
+            [CLI, "play", *map(str, arguments)], env=server.environment | environment,
+            stdin=slave, stdout=slave, stderr=slave, start_new_session=True,
             preexec_fn=lambda: fcntl.ioctl(0, termios.TIOCSCTTY, 0))
         self.shown = ""
         self.reader = threading.Thread(target=self._read, daemon=True)
