@@ -74,6 +74,18 @@ void SequencerEnd::readable() {
   do {
     const int status = _sequencer->read(event);
     if (status == -EAGAIN || status == -EINTR) return;
+    const bool isGone = status < 0 && status != -ENOSPC;  // that: some events were lost
+    if (isGone) return lose();
     if (status >= 0 && event.port == _port) told().received(event.payload.bytes);
-  } while (_sequencer->hasMore());
+  } while (_sequencer && _sequencer->hasMore());
+}
+
+// The descriptor of a sequencer that fails stays readable for ever. `plugIn` opens another one.
+void SequencerEnd::lose() {
+  _notifier->setEnabled(false);
+  _notifier.release()->deleteLater();
+  _output.reset();
+  _sequencer.reset();
+  const bool wasPluggedIn = std::exchange(_port, -1) >= 0;
+  if (wasPluggedIn) told().pulledOut();
 }

@@ -30,6 +30,7 @@ class SequencerEnd final : public CableEnd {
   std::string open();
   void send(std::vector<std::uint8_t> bytes);
   void readable();
+  void lose();
 
   std::string _portName;
   bool _sendsWhole;

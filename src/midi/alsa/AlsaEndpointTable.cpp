@@ -21,6 +21,7 @@ AlsaEndpointTable::Change AlsaEndpointTable::update(const std::vector<AlsaPort>&
   _entries.swap(entries);
   const auto isGone = [this](const Entry& old) { return !known(old.address, old.direction); };
   change.hasRemoval = change.hasRemoval || std::ranges::any_of(entries, isGone);
+  change.hasAddition = change.hasAddition || (change.hasRemoval && !_entries.empty());
   return change;
 }
 

@@ -16,7 +16,8 @@
 class AlsaEndpointTable {
  public:
   /// What the clients have not been told yet. A new name is an addition: it may be the one that
-  /// somebody waits for.
+  /// somebody waits for. So is whatever stays when something else goes: clients end their links at
+  /// any removal, and look around again at an addition.
   struct Change {
     bool hasAddition = false;
     bool hasRemoval = false;

@@ -3,13 +3,17 @@
 
 #include "midi/alsa/AlsaMIDISystem.h"
 
+#include <fmt/format.h>
+
 #include <QSocketNotifier>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <set>
 #include <string_view>
 #include <utility>
 
+#include "base/Log.h"
 #include "midi/MIDIWireReader.h"
 #include "midi/QtMIDIClock.h"
 #include "midi/alsa/AlsaEndpointTable.h"
@@ -39,10 +43,13 @@ struct AlsaMIDISystem::Port {
   MIDIDirection direction = MIDIDirection::Source;
   std::uint8_t number = 0;
   std::map<MIDIObjectRef, Heard> heard;     ///< connected sources
+  std::set<MIDIObjectRef> refused;          ///< sources that could not be connected yet
   std::map<MIDIObjectRef, AlsaAddress> to;  ///< subscribed destinations
 };
 
 namespace {
+
+constexpr double kTryAgainSeconds = 1.0;
 
 std::optional<MIDIPacketKind> kindOfEnvironment() {
   const char* wanted = std::getenv("MIXDECK_MIDI");
@@ -107,7 +114,25 @@ void AlsaMIDISystem::lose(int status) {
   _ports.clear();
   _sequencer.reset();
   setReason(std::string("The ALSA sequencer has gone (") + std::strerror(-status) + ").");
+  tryAgainLater();
   relist();
+}
+
+void AlsaMIDISystem::tryAgainLater() {
+  if (_again) return;
+  _again = _options.clock->after(kTryAgainSeconds, [this] {
+    const auto fired = std::move(_again);
+    tryAgain();
+  });
+}
+
+// The node of a sequencer that was lost may never have gone.
+void AlsaMIDISystem::tryAgain() {
+  open();
+  if (!_sequencer) return tryAgainLater();
+  for (const auto& [reference, port] : _ports) {
+    for (const MIDIObjectRef source : std::set(port->refused)) hear(*port, source);
+  }
 }
 
 void AlsaMIDISystem::setReason(std::string reason) {
@@ -211,8 +236,8 @@ MIDICreatedPort AlsaMIDISystem::createPort(MIDIObjectRef client, MIDIDirection d
   const Use use = direction == MIDIDirection::Source ? Use::Receive : Use::Send;
   const int number = _sequencer->createPort(std::string(name), use);
   if (number < 0) return {number, 0};
-  _ports[++_last] =
-      std::make_unique<Port>(Port{client, direction, static_cast<std::uint8_t>(number), {}, {}});
+  _ports[++_last] = std::make_unique<Port>(
+      Port{client, direction, static_cast<std::uint8_t>(number), {}, {}, {}});
   return {0, _last};
 }
 
@@ -224,13 +249,28 @@ AlsaMIDISystem::Port* AlsaMIDISystem::find(MIDIObjectRef port, MIDIDirection dir
 
 void AlsaMIDISystem::connectSource(MIDIObjectRef port, MIDIObjectRef source) {
   Port* input = find(port, MIDIDirection::Source);
+  if (input != nullptr && !input->heard.contains(source)) hear(*input, source);
+}
+
+// Another client may hold the source for itself, for a while.
+void AlsaMIDISystem::hear(Port& input, MIDIObjectRef source) {
+  const bool isFirst = input.refused.erase(source) == 0;
   const auto address = _table->find(source, MIDIDirection::Source);
-  if (input == nullptr || !address || input->heard.contains(source)) return;
-  if (_sequencer->connectFrom(input->number, *address) >= 0) input->heard[source] = {*address, {}};
+  if (!address) return;
+  const int status = _sequencer->connectFrom(input.number, *address);
+  if (status >= 0) {
+    input.heard[source] = {*address, {}};
+    return;
+  }
+  if (isFirst)
+    Log::line(fmt::format("A MIDI source is not heard yet ({}).", std::strerror(-status)));
+  input.refused.insert(source);
+  tryAgainLater();
 }
 
 void AlsaMIDISystem::disconnectSource(MIDIObjectRef port, MIDIObjectRef source) {
   Port* input = find(port, MIDIDirection::Source);
+  if (input != nullptr) input->refused.erase(source);
   if (input == nullptr || !input->heard.contains(source)) return;
   // An old one's numbers may be another's by now.
   const auto address = _table->find(source, MIDIDirection::Source);
@@ -268,16 +308,24 @@ void AlsaMIDISystem::send(MIDIObjectRef port, MIDIObjectRef destination, MIDIEve
   }
 }
 
-// A driver opens its device for those who have subscribed to it.
 void AlsaMIDISystem::enqueue(MIDIObjectRef port, MIDIObjectRef destination, AlsaPayload payload) {
   Port* output = find(port, MIDIDirection::Destination);
   const auto address = _table->find(destination, MIDIDirection::Destination);
   if (output == nullptr || !address) return;
-  if (!output->to.contains(destination)) {
-    _sequencer->connectTo(output->number, *address);
-    output->to[destination] = *address;
-  }
+  if (!output->to.contains(destination)) subscribe(*output, destination);
   _output->send({output->number, *address, std::move(payload)});
+}
+
+// A driver opens its device for those who have subscribed to it. Whoever was refused tries again
+// with what is sent next.
+void AlsaMIDISystem::subscribe(Port& output, MIDIObjectRef destination) {
+  const AlsaAddress address = *_table->find(destination, MIDIDirection::Destination);
+  const int status = _sequencer->connectTo(output.number, address);
+  if (status < 0) {
+    Log::line(fmt::format("A MIDI destination is not open yet ({}).", std::strerror(-status)));
+    return;
+  }
+  output.to[destination] = address;
 }
 
 void AlsaMIDISystem::flushOutput(MIDIObjectRef endpoint) {

@@ -25,7 +25,8 @@ struct AlsaPayload;
 ///
 /// Universal MIDI Packets are carried where both alsa-lib and the kernel know them, byte packets
 /// elsewhere. Where there is no sequencer there are no endpoints; it is tried again whenever the
-/// device node changes, and what is plugged in when there is one is told as an addition.
+/// device node changes, and each second after one was lost; what is plugged in when there is one is
+/// told as an addition.
 ///
 /// Interface thread only: the sequencer's descriptor is in the event loop of the thread that calls
 /// `create`, which needs a QCoreApplication. Sending and receiving never wait. Removing a port
@@ -95,6 +96,10 @@ class AlsaMIDISystem final : public MIDISystem {
   [[nodiscard]] Port* find(MIDIObjectRef port, MIDIDirection direction);
   void enqueue(MIDIObjectRef port, MIDIObjectRef destination, AlsaPayload payload);
   void closePort(const Port& port);
+  void subscribe(Port& output, MIDIObjectRef destination);
+  void hear(Port& input, MIDIObjectRef source);
+  void tryAgainLater();
+  void tryAgain();
 
   Options _options;
   std::string _reason;
@@ -108,4 +113,5 @@ class AlsaMIDISystem final : public MIDISystem {
   std::unique_ptr<AlsaSettling> _settling;
   std::unique_ptr<QSocketNotifier> _notifier;
   std::unique_ptr<DeviceNodeWatch> _watch;
+  std::unique_ptr<MIDITimer> _again;
 };

@@ -3,9 +3,14 @@
 
 #include "midi/alsa/AlsaOutput.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <utility>
+
+#include "base/Log.h"
 
 namespace {
 
@@ -23,7 +28,7 @@ double AlsaOutput::cost(const Item& item) {
 
 void AlsaOutput::send(Item item) {
   const std::size_t size = sizeOf(item.payload);
-  if (size > kMostWaiting - _waitingBytes) return;
+  if (size > kMostWaiting - _waitingBytes) return note(-ENOBUFS);
   _waitingBytes += size;
   _waiting.push_back(std::move(item));
   if (!_timer) run();
@@ -57,11 +62,18 @@ bool AlsaOutput::writeFirst() {
     later(kRetrySeconds);
     return false;
   }
-  // Whoever is unplugged gets nothing, and that is no error.
+  // Whoever is unplugged gets nothing, and that is no error but a line.
+  note(status);
   if (!isFull) _fullSince = 0;
   if (status >= 0) _allowance -= cost(_waiting.front());
   takeFirst();
   return true;
+}
+
+void AlsaOutput::note(int status) {
+  const bool wasLosing = std::exchange(_isLosing, status < 0);
+  if (!_isLosing || wasLosing) return;
+  Log::line(fmt::format("MIDI that is sent is lost ({}).", std::strerror(-status)));
 }
 
 // Not by waiting for the descriptor: it tells that our own pool has room, which it nearly always

@@ -14,7 +14,8 @@
 /// a MIDI cable: a device driver that is handed more than its buffer holds loses the rest without
 /// a word. An event that finds the sequencer or its receiver full is tried again, for a while.
 ///
-/// Bounded: what does not fit is dropped whole, event by event. Interface thread only.
+/// Bounded: what does not fit is dropped whole, event by event. The first of what is lost in a row
+/// is a line in the log. Interface thread only.
 class AlsaOutput {
  public:
   struct Item {
@@ -45,6 +46,7 @@ class AlsaOutput {
   void refill();
   void later(double seconds);
   void takeFirst();
+  void note(int status);
   static double cost(const Item& item);
 
   MIDIClock& _clock;
@@ -53,6 +55,7 @@ class AlsaOutput {
   std::size_t _waitingBytes = 0;
   double _allowance = kAllowance;
   std::uint64_t _refilledAt = 0;
+  bool _isLosing = false;        ///< the last event was lost
   std::uint64_t _fullSince = 0;  ///< 0: the last attempt went well
   std::unique_ptr<MIDITimer> _timer;
 };

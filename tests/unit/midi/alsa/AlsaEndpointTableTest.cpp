@@ -92,7 +92,14 @@ TEST_F(AlsaEndpointTableTest, AClientGoesWithAllItsPorts) {
   table.update({keyboard(), recorder()});
   table.forgetClient(24);
   EXPECT_THAT(names(MIDIDirection::Source), ElementsAre("Keys out"));
-  EXPECT_TRUE(table.update({keyboard()}).hasRemoval);
+  const auto change = table.update({keyboard()});
+  EXPECT_TRUE(change.hasRemoval);
+  EXPECT_TRUE(change.hasAddition) << "what stays is told anew: its link has ended";
+}
+
+TEST_F(AlsaEndpointTableTest, TheRemovalOfTheLastPortIsNoAddition) {
+  table.update({recorder()});
+  EXPECT_FALSE(table.update({}).hasAddition);
 }
 
 TEST_F(AlsaEndpointTableTest, TheEndOfSomethingUnknownIsNoRemoval) {

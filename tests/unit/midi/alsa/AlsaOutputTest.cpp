@@ -7,6 +7,7 @@
 
 #include <cerrno>
 
+#include "support/LogLines.h"
 #include "support/SteppedMIDIClock.h"
 
 namespace {
@@ -45,6 +46,19 @@ TEST_F(AlsaOutputTest, ShortMessagesGoAtOnce) {
   EXPECT_EQ(taken, 14U);
   EXPECT_TRUE(isIdle());
   EXPECT_EQ(clock.running(), 0U);
+}
+
+TEST_F(AlsaOutputTest, WhatIsLostIsALineAndInARowNoMore) {
+  const LogLines log;
+  status = -ENODEV;
+  send(14);
+  send(14);
+  EXPECT_THAT(log.get(), testing::ElementsAre("MIDI that is sent is lost (No such device)."));
+  status = 0;
+  send(14);
+  status = -ENODEV;
+  send(14);
+  EXPECT_EQ(log.get().size(), 2U);
 }
 
 TEST_F(AlsaOutputTest, ALongMessageGoesNoFasterThanACable) {

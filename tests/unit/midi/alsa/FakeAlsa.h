@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// A sequencer in memory in place of the kernel's: what alsa-lib offers for it is defined here
+/// anew, and goes before the library's in a program that links this. One handle at a time, one
+/// thread.
+struct FakeAlsa {
+  struct Port {
+    int client;
+    int port;
+    std::string clientName;
+    std::string portName;
+  };
+
+  int openError = 0;  ///< 0, or the negative error of each attempt to open
+  int readError = 0;  ///< the same of each attempt to read; see `fail`
+  int connectFromError = 0;
+  int connectToError = 0;
+  int opened = 0;           ///< how often
+  std::vector<Port> ports;  ///< of others: anyone may listen and send to them
+  std::vector<int> heard;   ///< clients whose ports were connected
+  std::vector<int> subscribed;
+  int written = 0;  ///< events
+
+  static FakeAlsa& get();
+  /// As a new machine.
+  static void reset();
+  /// Every read fails from now on, and the descriptor stays readable.
+  void fail(int error);
+  /// Everything works again for who opens it anew.
+  void mend();
+};
