@@ -42,6 +42,7 @@ LevelFeed::LevelFeed(StageView& view, TakeSession& take, QObject* parent)
   _view.tickOfLevel->initTick();
   for (LevelMeter* const meter : {_view.lvlLeft, _view.lvlRight}) {
     meter->setMaxValue(LevelMeterScale::kFull);
+    meter->setZero(static_cast<std::int64_t>(kLevelZero));
   }
   clear();
   _timerLevel.setObjectName(QStringLiteral("timerLevel"));

@@ -121,12 +121,13 @@ void SoundPane::toggleMute() {
 void SoundPane::showVolume(float volume) {
   constexpr float kLow = 0.33333334F;
   constexpr float kHigh = 0.6666667F;
+  const bool isSilent = volume == 0.0F || _isMuteVolume;
   QString picture = QStringLiteral("speaker_mute");
-  if (volume != 0.0F && !_isMuteVolume) {
+  if (!isSilent) {
     picture = volume < kHigh ? QStringLiteral("speaker_2") : QStringLiteral("speaker_3");
     if (volume < kLow) picture = QStringLiteral("speaker_1");
   }
-  MainViewParts::setFace(*_view.btnVolume, picture, tr("Mute"));
+  MainViewParts::setFace(*_view.btnVolume, picture, isSilent ? tr("Unmute") : tr("Mute"));
 }
 
 void SoundPane::sliderGainValueChanged(J4GainSlider* slider) {

@@ -49,6 +49,7 @@ void TransportPane::showIdle() {
   _view.lblTimeCurrent->setText(QLatin1String(Placeholder::kTime));
   _view.lblTimeTotal->setText(QLatin1String(Placeholder::kTime));
   setPlayable(false);
+  _view.sliderTime->setDuration(0.0);
   _view.sliderTime->setValue(0.0);
   showButton(false);
 }
@@ -69,6 +70,7 @@ void TransportPane::showTake() {
   _view.lblTimeCurrent->setText(_take.timeText());
   _view.lblTimeTotal->setText(_take.durationText());
   setPlayable(true);
+  _view.sliderTime->setDuration(_take.duration());
   _view.sliderTime->setRange(0.0, 1.0);
   _view.sliderTime->setValue(0.0);
 }

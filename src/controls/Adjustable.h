@@ -38,6 +38,9 @@ class Adjustable {
   [[nodiscard]] virtual double coarseStep() const = 0;
   /// Where a step starts: the value as the user reads it.
   [[nodiscard]] virtual double stepOrigin() const { return adjustableValue(); }
+  /// What one unit of the value is to assistive software, which is given a bare number: the unit
+  /// that people know it by.
+  [[nodiscard]] virtual double unit() const { return 1.0; }
   /// The value with its unit, translated.
   [[nodiscard]] virtual QString valueText() const = 0;
 

@@ -27,7 +27,7 @@ void AdjustableAccessible::setCurrentValue(const QVariant& value) {
   bool isNumber = false;
   const double number = value.toDouble(&isNumber);
   if (isNumber && number == number && _control.isAdjustable()) {
-    _control.adjust(number, AdjustCause::Assistive);
+    _control.adjust(number / _control.unit(), AdjustCause::Assistive);
   }
 }
 
@@ -41,5 +41,5 @@ void AdjustableAccessible::doAction(const QString& name) {
   const bool isUp = name == increaseAction();
   if (!isUp && name != decreaseAction()) return QAccessibleWidget::doAction(name);
   const double step = isUp ? _control.fineStep() : -_control.fineStep();
-  setCurrentValue(_control.stepOrigin() + step);
+  setCurrentValue((_control.stepOrigin() + step) * _control.unit());
 }

@@ -17,11 +17,19 @@ class AdjustableAccessible : public QAccessibleWidget, public QAccessibleValueIn
   [[nodiscard]] QString text(QAccessible::Text kind) const override;
   [[nodiscard]] QAccessible::State state() const override;
 
-  [[nodiscard]] QVariant currentValue() const override { return _control.adjustableValue(); }
+  [[nodiscard]] QVariant currentValue() const override {
+    return _control.adjustableValue() * _control.unit();
+  }
   void setCurrentValue(const QVariant& value) override;
-  [[nodiscard]] QVariant minimumValue() const override { return _control.lowest(); }
-  [[nodiscard]] QVariant maximumValue() const override { return _control.highest(); }
-  [[nodiscard]] QVariant minimumStepSize() const override { return _control.fineStep(); }
+  [[nodiscard]] QVariant minimumValue() const override {
+    return _control.lowest() * _control.unit();
+  }
+  [[nodiscard]] QVariant maximumValue() const override {
+    return _control.highest() * _control.unit();
+  }
+  [[nodiscard]] QVariant minimumStepSize() const override {
+    return _control.fineStep() * _control.unit();
+  }
 
   [[nodiscard]] QStringList actionNames() const override;
   void doAction(const QString& name) override;

@@ -8,6 +8,16 @@ J4Slider::J4Slider(QWidget* parent) : Slider(parent) {
   setAccessibleName(tr("Position"));
 }
 
+QString J4Slider::valueText() const {
+  if (_duration <= 0.0) return Slider::valueText();
+  const auto seconds = static_cast<std::int64_t>(value() * _duration);
+  const auto two = [](std::int64_t number) {
+    return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
+  };
+  return QStringLiteral("%1:%2:%3")
+      .arg(two(seconds / 3600), two(seconds / 60 % 60), two(seconds % 60));
+}
+
 void J4Slider::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) setIsSeeking(true);
   Slider::mousePressEvent(event);

@@ -15,10 +15,20 @@ class J4Slider : public Slider {
 
   [[nodiscard]] bool isSeeking() const { return _isSeeking; }
   void setIsSeeking(bool seeking) { _isSeeking = seeking; }
+  /// Seconds that the range stands for, by which the position is read out; 0: it is read in per
+  /// cent.
+  void setDuration(double seconds) { _duration = seconds; }
+
+  [[nodiscard]] double unit() const override { return _duration > 0.0 ? _duration : 1.0; }
+  /// "00:01:05", or per cent.
+  [[nodiscard]] QString valueText() const override;
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
+  /// Per cent: seconds would be told one after the other while it plays.
+  [[nodiscard]] QString announcedText() const override { return Slider::valueText(); }
 
  private:
+  double _duration = 0.0;
   bool _isSeeking = false;
 };

@@ -29,6 +29,9 @@ class LevelMeter : public QWidget, public ReadableLevel {
   [[nodiscard]] std::int64_t maxValue() const override { return _maxValue; }
   void setMaxValue(std::int64_t value) { _maxValue = value; }
   [[nodiscard]] std::int64_t minValue() const override { return _minValue; }
+  [[nodiscard]] std::int64_t zero() const override { return _zero; }
+  /// Which level is 0 dB; 0 unless it is told.
+  void setZero(std::int64_t level) { _zero = level; }
 
   [[nodiscard]] QSize sizeHint() const override { return {16, 260}; }
   [[nodiscard]] QSize minimumSizeHint() const override { return {4, 28}; }
@@ -61,5 +64,6 @@ class LevelMeter : public QWidget, public ReadableLevel {
   QSizeF _cacheSize{0.0, 0.0};
   std::int64_t _maxValue = 100;
   std::int64_t _minValue = 0;
+  std::int64_t _zero = 0;
   std::int64_t _level = 0;
 };

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "controls/LevelMeterAccessible.h"
 
+#include <QCoreApplication>
+
 LevelMeterAccessible::LevelMeterAccessible(QWidget& meter, const ReadableLevel& level)
     : QAccessibleWidget(&meter, QAccessible::ProgressBar), _meter(level) {}
 
@@ -11,8 +13,12 @@ void* LevelMeterAccessible::interface_cast(QAccessible::InterfaceType type) {
 }
 
 QString LevelMeterAccessible::text(QAccessible::Text kind) const {
-  return kind == QAccessible::Value ? QString::number(_meter.level())
-                                    : QAccessibleWidget::text(kind);
+  if (kind != QAccessible::Value) return QAccessibleWidget::text(kind);
+  return QCoreApplication::translate("LevelMeter", "%1 dB").arg(decibels(_meter.level()));
+}
+
+double LevelMeterAccessible::decibels(std::int64_t level) const {
+  return static_cast<double>(level - _meter.zero());
 }
 
 QAccessible::State LevelMeterAccessible::state() const {
@@ -23,11 +29,11 @@ QAccessible::State LevelMeterAccessible::state() const {
 
 // Doubles: the bridge to assistive software turns every value into one.
 QVariant LevelMeterAccessible::currentValue() const {
-  return static_cast<double>(_meter.level());
+  return decibels(_meter.level());
 }
 QVariant LevelMeterAccessible::minimumValue() const {
-  return static_cast<double>(_meter.minValue());
+  return decibels(_meter.minValue());
 }
 QVariant LevelMeterAccessible::maximumValue() const {
-  return static_cast<double>(_meter.maxValue());
+  return decibels(_meter.maxValue());
 }

@@ -16,9 +16,11 @@ class ReadableLevel {
   [[nodiscard]] virtual std::int64_t level() const = 0;
   [[nodiscard]] virtual std::int64_t minValue() const = 0;
   [[nodiscard]] virtual std::int64_t maxValue() const = 0;
+  /// The level that is 0 dB; a unit is a dB.
+  [[nodiscard]] virtual std::int64_t zero() const = 0;
 };
 
-/// A level meter for assistive software: its level in units, to be read only. It sends no events:
+/// A level meter for assistive software: its level in dB, to be read only. It sends no events:
 /// nobody wants thirty levels a second read out. Interface thread.
 class LevelMeterAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
  public:
@@ -36,5 +38,7 @@ class LevelMeterAccessible : public QAccessibleWidget, public QAccessibleValueIn
   [[nodiscard]] QVariant minimumStepSize() const override { return 1.0; }
 
  private:
+  [[nodiscard]] double decibels(std::int64_t level) const;
+
   const ReadableLevel& _meter;
 };

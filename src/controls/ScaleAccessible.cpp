@@ -29,9 +29,13 @@ QRect ScaleLabelAccessible::rect() const {
   return {_widget.mapToGlobal(local.topLeft()), local.size()};
 }
 
+QAccessible::Role ScaleLabelAccessible::role() const {
+  return _scale.isHeard() ? QAccessible::Button : QAccessible::StaticText;
+}
+
 QAccessible::State ScaleLabelAccessible::state() const {
   QAccessible::State state;
-  state.readOnly = true;
+  state.readOnly = !_scale.isHeard();
   state.disabled = isValid() && !_scale.enable();
   state.invisible = !isValid() || !_widget.isVisible();
   return state;

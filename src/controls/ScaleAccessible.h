@@ -41,7 +41,7 @@ class ScaleLabelAccessible : public QAccessibleInterface, public QAccessibleActi
   [[nodiscard]] QString text(QAccessible::Text kind) const override;
   void setText(QAccessible::Text, const QString&) override {}
   [[nodiscard]] QRect rect() const override;
-  [[nodiscard]] QAccessible::Role role() const override { return QAccessible::StaticText; }
+  [[nodiscard]] QAccessible::Role role() const override;
   [[nodiscard]] QAccessible::State state() const override;
   void* interface_cast(QAccessible::InterfaceType type) override;
 

@@ -75,7 +75,7 @@ void Slider::setRange(double minimum, double maximum) {
 void Slider::setValue(double value) {
   const double clamped = std::clamp(value, _minimum, _maximum);
   if (std::isnan(clamped) || clamped == _value) return;
-  const QString before = valueText();
+  const QString before = announcedText();
   _value = clamped;
   update();
   announce(before);
@@ -83,7 +83,7 @@ void Slider::setValue(double value) {
 
 void Slider::announce(const QString& before) {
   // A position that moves by itself would otherwise be read out five times a second.
-  if (valueText() == before) return;
+  if (announcedText() == before) return;
   QAccessibleValueChangeEvent event(this, _value);
   QAccessible::updateAccessibility(&event);
 }

@@ -83,6 +83,8 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
   void keyPressEvent(QKeyEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  /// Assistive software is told of a new value when this is another.
+  [[nodiscard]] virtual QString announcedText() const { return valueText(); }
 
  private:
   [[nodiscard]] bool isVertical() const;

@@ -145,6 +145,21 @@ TEST(Accessibility, APositionIsReadInPerCent) {
   EXPECT_EQ("37 %", value(position));
 }
 
+TEST(Accessibility, APositionInATakeIsReadAndSetInSeconds) {
+  J4Slider position;
+  position.setDuration(4000.0);
+  position.setValue(0.25);
+  QAccessibleValueInterface* values = of(position).valueInterface();
+  ASSERT_NE(nullptr, values);
+  EXPECT_EQ("00:16:40", value(position));
+  EXPECT_EQ(1000.0, values->currentValue().toDouble());
+  EXPECT_EQ(4000.0, values->maximumValue().toDouble());
+  values->setCurrentValue(3000.0);
+  EXPECT_EQ(0.75, position.value());
+  of(position).actionInterface()->doAction(QAccessibleActionInterface::increaseAction());
+  EXPECT_EQ("00:50:40", value(position));
+}
+
 TEST(Accessibility, ChangesAreTold) {
   AngleViewer dial;
   J4Slider position;
@@ -166,13 +181,14 @@ TEST(Accessibility, ChangesAreTold) {
 TEST(Accessibility, MetersCanBeReadOnly) {
   LevelMeter meter;
   meter.setMaxValue(54);
+  meter.setZero(48);
   meter.setLevel(30);
   QAccessibleValueInterface* values = of(meter).valueInterface();
   ASSERT_NE(nullptr, values);
-  EXPECT_EQ(30.0, values->currentValue().toDouble());
-  EXPECT_EQ(0.0, values->minimumValue().toDouble());
-  EXPECT_EQ(54.0, values->maximumValue().toDouble());
-  EXPECT_EQ("30", value(meter));
+  EXPECT_EQ(-18.0, values->currentValue().toDouble());
+  EXPECT_EQ(-48.0, values->minimumValue().toDouble());
+  EXPECT_EQ(6.0, values->maximumValue().toDouble());
+  EXPECT_EQ("-18 dB", value(meter));
   values->setCurrentValue(10);
   EXPECT_EQ(30, meter.level());
   EXPECT_TRUE(of(meter).state().readOnly);
@@ -238,6 +254,7 @@ TEST_F(ScaleAccessibility, ItsLabelsCanBePressedWhereSomebodyListens) {
   const auto heard = std::make_shared<Heard>();
   scale.setDelegate(heard);
   EXPECT_EQ(QStringList{QAccessibleActionInterface::pressAction()}, actions->actionNames());
+  EXPECT_EQ(QAccessible::Button, label->role()) << "and are buttons then";
   actions->doAction(QAccessibleActionInterface::pressAction());
   actions->doAction("something else");
   EXPECT_EQ(QStringList{"0"}, heard->texts);
