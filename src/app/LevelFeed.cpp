@@ -13,6 +13,7 @@ namespace {
 constexpr int kLevelRefresh = 33;  // ms
 constexpr float kNoSample = -2.0F;
 constexpr double kLevelZero = 48.0;  // dB below full scale at level 0
+constexpr double kLatest = 0.5;      // seconds that a timer may be late
 constexpr double kBeyond = 1e6;      // silence is minus infinity, which no integer holds
 
 QStringList levelLabels() {
@@ -49,8 +50,13 @@ LevelFeed::LevelFeed(StageView& view, TakeSession& take, QObject* parent)
   _timerLevel.setTimerType(Qt::PreciseTimer);
   connect(&_timerLevel, &QTimer::timeout, this, [this] { update(kInterval); });
   connect(&_take, &TakeSession::closing, this, &LevelFeed::drop);
-  connect(&_take, &TakeSession::opening, this, &LevelFeed::clear);
-  connect(&_take, &TakeSession::opened, this, [this] { _reader = _take.reader(); });
+  connect(&_take, &TakeSession::opening, this, &LevelFeed::begin);
+  connect(&_take, &TakeSession::opened, this,
+          [this] { _heard = std::make_unique<HeardFrames>(_take.reader()); });
+  for (ClipLamp* const lamp : {_view.clipLeft, _view.clipRight}) {
+    lamp->setToolTip(tr("Greatest level so far; a click clears it"));
+    connect(lamp, &ClipLamp::clicked, this, &LevelFeed::clearPeaks);
+  }
   connect(&_take, &TakeSession::stateChanged, this, &LevelFeed::showState);
   connect(&_take, &TakeSession::levelsSent, this, &LevelFeed::showMagnitudes);
 }
@@ -58,7 +64,7 @@ LevelFeed::LevelFeed(StageView& view, TakeSession& take, QObject* parent)
 void LevelFeed::drop() {
   stopTimer();
   clear();
-  _reader.reset();
+  _heard.reset();
 }
 
 void LevelFeed::clear() {
@@ -72,7 +78,7 @@ void LevelFeed::startTimer() {
 
 void LevelFeed::stopTimer() {
   _timerLevel.stop();
-  if (_reader) _reader->image()->abandon();
+  if (_heard) _heard->reader().image()->abandon();
 }
 
 void LevelFeed::showState() {
@@ -86,19 +92,71 @@ void LevelFeed::showState() {
   }
 }
 
+void LevelFeed::begin() {
+  clear();
+  clearPeaks();
+}
+
+void LevelFeed::clearPeaks() {
+  _peakLeft.clear();
+  _peakRight.clear();
+  showPeaks();
+}
+
+void LevelFeed::setByRecordersRule(bool isByRule) {
+  _isByRule = isByRule;
+  clearPeaks();
+  _view.lblLevelValue->setText(isByRule ? tr("recorder's rule") : tr("peak hold"));
+}
+
+void LevelFeed::showPeaks() {
+  _view.clipLeft->setPeak(_peakLeft);
+  _view.clipRight->setPeak(_peakRight);
+  _view.lvlLeft->setHold(_peakLeft.decibels() + kLevelZero);
+  _view.lvlRight->setHold(_peakRight.decibels() + kLevelZero);
+}
+
 void LevelFeed::update(double interval) {
-  if (!_reader) return;
+  if (!_heard) return;
   const double time = _take.playedTime();
-  // What is not at hand yet is not known; the bars do not stand at what was before.
-  if (!_reader->follow(time, time + interval)) return clear();
+  if (_isByRule) return updateByRule(time, interval);
+  updateTruly(time, interval);
+}
+
+// What is not at hand yet is not known; the bars do not stand at what was before.
+void LevelFeed::updateByRule(double time, double interval) {
+  WaveFileReader& reader = _heard->reader();
+  if (!reader.follow(time, time + interval)) return clear();
   float left = 0.0F;
   float right = 0.0F;
   const double attenuation = -static_cast<double>(_take.gain());
-  _reader->getSampleLevelMeterFrom(time, time + interval, left, right, attenuation,
-                                   std::trunc(_take.angle()));
+  reader.getSampleLevelMeterFrom(time, time + interval, left, right, attenuation,
+                                 std::trunc(_take.angle()));
   if (left == kNoSample) return;
   _view.lvlLeft->setLevel(meterLevel(static_cast<double>(left)));
   _view.lvlRight->setLevel(meterLevel(static_cast<double>(right)));
+}
+
+// From where the last look ended, where that was just now: a late timer leaves no peak out.
+void LevelFeed::updateTruly(double time, double interval) {
+  const double late = time - _measuredTo;
+  const double from = late > 0 && late < kLatest ? _measuredTo : time;
+  if (!_heard->reader().follow(from, time + interval)) return clear();
+  const int width = WaveFileReader::wholeAngle(_take.angle());
+  const auto frames = _heard->read(from, time + interval, width, static_cast<double>(_take.gain()));
+  if (frames.empty()) return;
+  _measuredTo = time + interval;
+  double left = 0;
+  double right = 0;
+  for (std::size_t i = 0; i + 1 < frames.size(); i += 2) {
+    left = std::max(left, std::abs(static_cast<double>(frames[i])));
+    right = std::max(right, std::abs(static_cast<double>(frames[i + 1])));
+  }
+  _view.lvlLeft->setLevel(meterLevel(left));
+  _view.lvlRight->setLevel(meterLevel(right));
+  _peakLeft.add(left);
+  _peakRight.add(right);
+  showPeaks();
 }
 
 void LevelFeed::showMagnitudes(double left, double right) {

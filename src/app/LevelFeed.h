@@ -6,11 +6,18 @@
 #include <QTimer>
 #include <memory>
 
+#include "app/HeardFrames.h"
 #include "app/StageView.h"
 #include "app/TakeSession.h"
+#include "controls/PeakHold.h"
 
 /// Feeds the level meters: measures, thirty times a second while a take plays, what is about to be
-/// heard, through a reader of its own. Interface thread.
+/// heard, through a reader of its own, and keeps the peaks until somebody clears them. Interface
+/// thread.
+///
+/// A level is the greatest magnitude of the decoded stretch. By the recorder's rule it is what the
+/// greatest Mid and the greatest Side would give if they came together, which lights the left where
+/// a raw take has a source on the right; no peaks are kept then.
 class LevelFeed : public QObject {
   Q_OBJECT
 
@@ -26,6 +33,10 @@ class LevelFeed : public QObject {
   /// Shows the magnitude of linear levels in dB: another scale than that of `update`, on purpose.
   void showMagnitudes(double left, double right);
   void showState();
+  /// Clears the peaks of both channels.
+  void clearPeaks();
+  void setByRecordersRule(bool isByRule);
+  [[nodiscard]] bool isByRecordersRule() const { return _isByRule; }
   void startTimer();
   /// Lets the reading ahead rest, so that a medium that failed is tried again by the next start.
   void stopTimer();
@@ -33,9 +44,17 @@ class LevelFeed : public QObject {
  private:
   void clear();
   void drop();
+  void begin();
+  void updateByRule(double time, double interval);
+  void updateTruly(double time, double interval);
+  void showPeaks();
 
   StageView& _view;
   TakeSession& _take;
-  std::unique_ptr<WaveFileReader> _reader;  ///< null without a take
+  std::unique_ptr<HeardFrames> _heard;  ///< null without a take
+  PeakHold _peakLeft;
+  PeakHold _peakRight;
+  double _measuredTo = 0;  ///< seconds
+  bool _isByRule = false;
   QTimer _timerLevel{this};
 };

@@ -27,15 +27,17 @@ QString lookOfParts() {
              "QToolButton:pressed { background: %4; }"
              "QToolButton:focus { border-color: %5; }"
              "QToolButton::menu-indicator { image: none; }"
-             "#btnPlayPause { background: %1; border-radius: 24px; }"
-             "#btnPlayPause:hover { background: %3; }"
-             "#btnPlayPause:pressed { background: %4; }"
+             "#btnPlayPause { background: %6; border-radius: 24px; }"
+             "#btnPlayPause:hover { background: %7; }"
+             "#btnPlayPause:pressed { background: %8; }"
+             "#btnPlayPause:disabled { background: %9; }"
              "#btnPlayPause:focus { border-color: %5; }"
              "#btnExport { background: %1; border-radius: 8px; padding: 0 12px; min-height: 32px; }"
              "#btnExport:hover { background: %3; }"
              "#btnExport:pressed { background: %4; }")
       .arg(Colors::ControlColor().name(), Colors::AppBGLight().name(), Colors::hover().name(),
-           Colors::pressed().name(), Colors::focusRing().name());
+           Colors::pressed().name(), Colors::focusRing().name(), Colors::WHITE().name(),
+           Colors::primaryHover().name(), Colors::primaryPressed().name(), Colors::line().name());
 }
 
 // The toolkit takes a plain widget for a filler, also where it is the window.

@@ -56,7 +56,6 @@ void MeasuredTake::drop() {
   _timerMeasured.stop();
   _analyzer.reset();
   _progress = 0;
-  if (!_analysis) return;
   _analysis.reset();
   emit measured();
 }

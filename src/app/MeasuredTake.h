@@ -25,6 +25,8 @@ class MeasuredTake : public QObject {
   [[nodiscard]] const std::shared_ptr<const TakeAnalysis>& analysis() const { return _analysis; }
   /// How much of the take is known, 0 to 1; 0 without one.
   [[nodiscard]] double progress() const { return _progress; }
+  /// Whether more is to come.
+  [[nodiscard]] bool isRunning() const { return _analyzer != nullptr; }
   [[nodiscard]] bool isComplete() const { return _analysis && _analysis->isComplete(); }
   /// In whole degrees and dB, as the session has them.
   [[nodiscard]] int width() const;

@@ -116,6 +116,8 @@ QLayout* PlayerView::makeTransport() {
 }
 
 QWidgetList PlayerView::tabOrder() const {
-  return {btnPlayPause,        waveform,          sliderTime, btnVolume, sliderVolume,
-          stage->sliderStereo, stage->sliderGain, btnExport,  btnMenu};
+  return {btnPlayPause,      waveform,        sliderTime,
+          btnVolume,         sliderVolume,    stage->sliderStereo,
+          stage->sliderGain, stage->clipLeft, stage->clipRight,
+          btnExport,         btnMenu};
 }

@@ -87,7 +87,10 @@ void SoundPane::setPlayable(bool isPlayable) {
   _stage.sliderGain->setEnabled(isPlayable);
   _sliderGainCell->setSliderEnabled(isPlayable);
   _stage.tickOfGain->setEnable(isPlayable);
-  MainViewParts::setAlpha(*_stage.lblGain, isPlayable ? 1.0 : kDimmed);
+  for (QLabel* const caption : {_stage.lblGain, _stage.lblImage, _stage.lblLevel}) {
+    MainViewParts::setAlpha(*caption, isPlayable ? 1.0 : kDimmed);
+  }
+  _stage.field->setEnabled(isPlayable);
 }
 
 void SoundPane::setStereo(bool isRawMidSide) {

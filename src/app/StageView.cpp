@@ -18,10 +18,11 @@ constexpr int kCaptionTop = 346;  // of the captions under dial, gain and levels
 constexpr int kValueTop = 368;
 constexpr int kGap = 2;  // at least between two boxes
 
-// Where the three stand with the usual texts.
-constexpr int kDialCentre = 186;
-constexpr int kGainCentre = 440;
-constexpr int kLevelCentre = 586;
+// Where the four stand with the usual texts.
+constexpr int kDialCentre = 192;
+constexpr int kFieldCentre = 322;
+constexpr int kGainCentre = 466;
+constexpr int kLevelCentre = 596;
 
 // The scale, and where its first and last label are centred beside what it measures.
 constexpr int kScaleHeight = 320;
@@ -31,11 +32,19 @@ constexpr int kScaleWidth = 50;
 constexpr int kLetterTop = kScaleTop + kScaleHeight - kScaleMargin + 6;
 
 // From the centre of a caption to the right edge of its scale, and to the edges of what it names.
-constexpr int kGainScaleRight = -12;
-constexpr int kLevelScaleRight = -22;
-constexpr int kGainRight = 19;
-constexpr int kLevelRight = 34;
+constexpr int kGainScaleRight = -20;
+constexpr int kGainRight = 11;
 
+// The meters, to both sides of their centre, and what stands over them.
+constexpr int kMeterWidth = 20;
+constexpr int kMeterCentre = 22;
+constexpr int kScaleToMeters = 44;  // from their centre
+constexpr int kOverMeter = 4;
+// From the centre of the dial to that of the field, past the recorder in its middle.
+constexpr int kDialToField = 130;
+
+constexpr QSize kDevice{68, 156};
+constexpr int kFieldGap = 20;
 constexpr QSize kDialCaption{120, 20};
 constexpr QSize kDialValue{120, 18};
 constexpr QSize kCaption{90, 20};
@@ -88,6 +97,7 @@ bool changesRoom(QEvent::Type type) {
 
 StageView::StageView(QWidget* parent) : QWidget(parent) {
   makeDial();
+  makeField();
   makeGain();
   makeLevels();
   place();
@@ -108,6 +118,12 @@ void StageView::makeDial() {
   lblStereoValue = caption<TabularLabel>("dim");
 }
 
+void StageView::makeField() {
+  field = new FieldView(this);
+  lblImage = caption<QLabel>("heading", tr("Image"));
+  lblImageValue = caption<TabularLabel>("dim");
+}
+
 void StageView::makeGain() {
   tickOfGain = new GainTickTitle(this);
   tickOfGain->setAccessibleName(tr("Gain scale"));
@@ -125,7 +141,12 @@ void StageView::makeLevels() {
   lvlRight = new LevelMeter(this);
   lvlRight->setAccessibleName(tr("Level right"));
   lblRight = caption<QLabel>("dim", tr("R", "right channel"));
+  clipLeft = new ClipLamp(this);
+  clipLeft->setAccessibleName(tr("Clip left"));
+  clipRight = new ClipLamp(this);
+  clipRight->setAccessibleName(tr("Clip right"));
   lblLevel = caption<QLabel>("heading", tr("Level"));
+  lblLevelValue = caption<QLabel>("dim", tr("peak hold"));
 }
 
 bool StageView::event(QEvent* event) {
@@ -142,61 +163,102 @@ int StageView::scaleWidth(const GainTickTitle& scale) const {
   return width;
 }
 
-void StageView::place() {
+StageView::Centres StageView::centres() const {
   const int dialHalf = std::max({(sideOf(*sliderStereo) + 1) / 2, halfOf(*lblStereo, kDialCaption),
                                  halfOf(*lblStereoValue, kDialValue)});
+  const int dialText =
+      std::max(halfOf(*lblStereo, kDialCaption), halfOf(*lblStereoValue, kDialValue));
+  const int fieldText =
+      std::max(halfOf(*lblImage, kDialCaption), halfOf(*lblImageValue, kDialValue));
+  const int fieldHalf = std::max((field->sizeHint().width() + 1) / 2, fieldText);
   const int gainHalf = std::max(halfOf(*lblGain, kCaption), halfOf(*lblGainValue, kValue));
-  const int levelHalf = halfOf(*lblLevel, kCaption);
   const int gainLeft = std::max(gainHalf, scaleWidth(*tickOfGain) - kGainScaleRight);
-  const int levelLeft = std::max(levelHalf, scaleWidth(*tickOfLevel) - kLevelScaleRight);
-  const int dial = std::max(kDialCentre, dialHalf);
-  const int gain = std::max(kGainCentre, dial + dialHalf + kGap + gainLeft);
-  const int levels =
-      std::max(kLevelCentre, gain + std::max(gainHalf, kGainRight) + kGap + levelLeft);
-  placeDial(dial);
-  placeGain(gain);
-  placeLevels(levels);
-  const int bottom = placeCaptions(dial, gain, levels);
-  setFixedSize(std::max(kWidth, levels + std::max(levelHalf, kLevelRight) + kGap),
+  Centres at{};
+  at.dial = std::max(kDialCentre, dialHalf);
+  const int beside = std::max(
+      {kDialToField, dialText + kGap + fieldText, kDevice.width() / 2 + kFieldGap + fieldHalf});
+  at.field = at.dial + beside;
+  at.gain = std::max(
+      {kGainCentre, at.field + fieldHalf + kGap + gainLeft, at.dial + dialHalf + kGap + gainLeft});
+  const int scaleLeft = scaleWidth(*tickOfLevel) + toScale();
+  at.levels = std::max({kLevelCentre, at.gain + gainHalf + kGap + levelHalf(),
+                        at.gain + kGainRight + kGap + scaleLeft});
+  return at;
+}
+
+int StageView::levelHalf() const {
+  return std::max(halfOf(*lblLevel, kCaption), halfOf(*lblLevelValue, kValue));
+}
+
+// What stands over the meters needs more room than they do in a larger font.
+int StageView::toMeter() const {
+  return std::max(kMeterCentre, (clipLeft->sizeHint().width() + kGap + 1) / 2);
+}
+
+int StageView::toScale() const {
+  return std::max(kScaleToMeters, toMeter() + (clipLeft->sizeHint().width() + 1) / 2 + kGap);
+}
+
+void StageView::place() {
+  const Centres at = centres();
+  placeDial(at.dial);
+  placeField(at.field);
+  placeGain(at.gain);
+  placeLevels(at.levels);
+  const int bottom = placeCaptions(at);
+  setFixedSize(std::max(kWidth, at.levels + std::max(levelHalf(), toScale()) + kGap),
                std::max(kHeight, bottom + kGap));
+}
+
+void StageView::placeField(int centre) {
+  const int top = kScaleTop + kScaleMargin + downOf(*sliderStereo);
+  placeCentred(*field, centre, top, field->sizeHint());
 }
 
 void StageView::placeDial(int centre) {
   const int side = sideOf(*sliderStereo);
   const int middle = middleOf(*sliderStereo);
   placeCentred(*sliderStereo, centre, middle - side / 2, {side, side});
-  placeCentred(*imgDevice, centre, middle - 78, {68, 156});
+  placeCentred(*imgDevice, centre, middle - kDevice.height() / 2, kDevice);
 }
 
 void StageView::placeGain(int centre) {
   const int width = scaleWidth(*tickOfGain);
   const int top = kScaleTop + downOf(*sliderStereo);
   tickOfGain->setGeometry(centre + kGainScaleRight - width, top, width, kScaleHeight);
-  placeCentred(*sliderGain, centre + 8, top + 21, {22, kScaleHeight - 42});
+  placeCentred(*sliderGain, centre, top + 21, {22, kScaleHeight - 42});
 }
 
 void StageView::placeLevels(int centre) {
   const int width = scaleWidth(*tickOfLevel);
   const int down = downOf(*sliderStereo);
   const int meterTop = kScaleTop + kScaleMargin + down;
-  tickOfLevel->setGeometry(centre + kLevelScaleRight - width, kScaleTop + down, width,
-                           kScaleHeight);
+  tickOfLevel->setGeometry(centre - toScale() - width, kScaleTop + down, width, kScaleHeight);
   constexpr int kMeterHeight = kScaleHeight - 2 * kScaleMargin;
-  lvlLeft->setGeometry(centre - 10, meterTop, 16, kMeterHeight);
-  lvlRight->setGeometry(centre + 14, meterTop, 16, kMeterHeight);
-  placeCentred(*lblLeft, centre - 2, kLetterTop + down, room(*lblLeft, kLetter));
-  placeCentred(*lblRight, centre + 22, kLetterTop + down, room(*lblRight, kLetter));
+  for (const bool isLeft : {true, false}) {
+    const int middle = centre + (isLeft ? -toMeter() : toMeter());
+    ClipLamp* const clip = isLeft ? clipLeft : clipRight;
+    QLabel* const letter = isLeft ? lblLeft : lblRight;
+    const QSize lamp = clip->sizeHint();
+    placeCentred(*clip, middle, meterTop - kOverMeter - lamp.height(), lamp);
+    placeCentred(isLeft ? *lvlLeft : *lvlRight, middle, meterTop, {kMeterWidth, kMeterHeight});
+    placeCentred(*letter, middle, kLetterTop + down, room(*letter, kLetter));
+  }
 }
 
 // Returns where the lowest of them ends.
-int StageView::placeCaptions(int dial, int gain, int levels) {
-  const int letters = lblLeft->geometry().bottom() + 1;
+int StageView::placeCaptions(const Centres& at) {
+  const int letters = std::max(lblLeft->geometry().bottom(), field->geometry().bottom()) + 1;
   const int top = std::max(captionTopOf(*sliderStereo), letters + kGap);
-  int end = placeCentred(*lblStereo, dial, top, room(*lblStereo, kDialCaption));
-  end = std::max(end, placeCentred(*lblGain, gain, top, room(*lblGain, kCaption)));
-  end = std::max(end, placeCentred(*lblLevel, levels, top, room(*lblLevel, kCaption)));
-  const int values = std::max(top + kValueTop - kCaptionTop, end + kGap);
-  const int dialEnd =
-      placeCentred(*lblStereoValue, dial, values, room(*lblStereoValue, kDialValue));
-  return std::max(dialEnd, placeCentred(*lblGainValue, gain, values, room(*lblGainValue, kValue)));
+  int end = placeCentred(*lblStereo, at.dial, top, room(*lblStereo, kDialCaption));
+  end = std::max(end, placeCentred(*lblImage, at.field, top, room(*lblImage, kDialCaption)));
+  end = std::max(end, placeCentred(*lblGain, at.gain, top, room(*lblGain, kCaption)));
+  end = std::max(end, placeCentred(*lblLevel, at.levels, top, room(*lblLevel, kCaption)));
+  const int under = std::max(top + kValueTop - kCaptionTop, end + kGap);
+  end = placeCentred(*lblStereoValue, at.dial, under, room(*lblStereoValue, kDialValue));
+  end = std::max(end,
+                 placeCentred(*lblImageValue, at.field, under, room(*lblImageValue, kDialValue)));
+  end = std::max(end, placeCentred(*lblGainValue, at.gain, under, room(*lblGainValue, kValue)));
+  return std::max(end,
+                  placeCentred(*lblLevelValue, at.levels, under, room(*lblLevelValue, kValue)));
 }

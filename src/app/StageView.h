@@ -5,14 +5,17 @@
 #include <QLabel>
 #include <QWidget>
 
+#include "app/FieldView.h"
 #include "app/ImageView.h"
 #include "app/TabularLabel.h"
 #include "controls/AngleViewer.h"
+#include "controls/ClipLamp.h"
 #include "controls/GainTickTitle.h"
 #include "controls/J4GainSlider.h"
 #include "controls/LevelMeter.h"
 
-/// The middle of the player's half: dial, gain and levels side by side, each over its captions.
+/// The middle of the player's half: dial with the stereo field in its open side, gain and levels
+/// side by side, each over its captions.
 ///
 /// Laid out and named, and nothing more. Dial, scales and meters keep their size; captions and
 /// labels get the room that their text and font ask for, at least that of the usual ones, and what
@@ -27,6 +30,9 @@ class StageView : public QWidget {
   ImageView* imgDevice = nullptr;
   QLabel* lblStereo = nullptr;
   TabularLabel* lblStereoValue = nullptr;
+  FieldView* field = nullptr;
+  QLabel* lblImage = nullptr;
+  TabularLabel* lblImageValue = nullptr;
   GainTickTitle* tickOfGain = nullptr;
   J4GainSlider* sliderGain = nullptr;
   QLabel* lblGain = nullptr;
@@ -34,7 +40,10 @@ class StageView : public QWidget {
   GainTickTitle* tickOfLevel = nullptr;
   LevelMeter* lvlLeft = nullptr;
   LevelMeter* lvlRight = nullptr;
+  ClipLamp* clipLeft = nullptr;
+  ClipLamp* clipRight = nullptr;
   QLabel* lblLevel = nullptr;
+  QLabel* lblLevelValue = nullptr;
   QLabel* lblLeft = nullptr;
   QLabel* lblRight = nullptr;
 
@@ -43,14 +52,28 @@ class StageView : public QWidget {
 
  private:
   void makeDial();
+  void makeField();
   void makeGain();
   void makeLevels();
   template <class Label>
   Label* caption(const char* role, const QString& text = {});
   void place();
   void placeDial(int centre);
+  void placeField(int centre);
   void placeGain(int centre);
   void placeLevels(int centre);
-  int placeCaptions(int dial, int gain, int levels);
+  /// The places of the four, from left to right.
+  struct Centres {
+    int dial;
+    int field;
+    int gain;
+    int levels;
+  };
+  [[nodiscard]] Centres centres() const;
+  [[nodiscard]] int levelHalf() const;
+  /// From the centre of the meters to that of each, and to their scale.
+  [[nodiscard]] int toMeter() const;
+  [[nodiscard]] int toScale() const;
+  int placeCaptions(const Centres& at);
   [[nodiscard]] int scaleWidth(const GainTickTitle& scale) const;
 };

@@ -8,7 +8,8 @@
 
 namespace {
 
-constexpr int kTimeRefresh = 200;  // ms
+constexpr int kTimeRefresh = 200;     // ms
+constexpr double kIdleOpacity = 0.5;  // of what belongs to a take, without one
 
 // "Raw M/S · 24-bit · 48 kHz"
 QString describe(const WaveFileReader& reader) {
@@ -79,6 +80,7 @@ void TransportPane::setPlayable(bool isPlayable) {
   _view.btnPlayPause->setEnabled(isPlayable);
   _view.sliderTime->setEnabled(isPlayable);
   _sliderTimeCell->setSliderEnabled(isPlayable);
+  MainViewParts::setAlpha(*_view.lblTimeCurrent, isPlayable ? 1.0 : kIdleOpacity);
 }
 
 void TransportPane::showButton(bool isPlaying) {

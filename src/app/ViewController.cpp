@@ -36,6 +36,9 @@ void ViewController::initUI() {
           &BrowserPane::askForFolder);
   connect(&commands, &WindowCommands::playRequested, &_panes.transport,
           &TransportPane::playOrPause);
+  connect(&commands, &WindowCommands::clearPeaksRequested, &_panes.levels, &LevelFeed::clearPeaks);
+  connect(&commands, &WindowCommands::metersByRuleRequested, &_panes.levels,
+          &LevelFeed::setByRecordersRule);
   connect(&commands, &WindowCommands::endRequested, this, &ViewController::endRequested);
   connect(&_panes.device, &DevicePane::recorderMissing, &commands, &WindowCommands::showNoDevice);
   MIDIManagerDisconnected();

@@ -42,6 +42,9 @@ WindowCommands::WindowCommands(const Place& place, TakeSession& take, FolderBrow
 void WindowCommands::connectMenu() {
   connect(_menu.actionOpenFolder, &QAction::triggered, this, &WindowCommands::openFolderRequested);
   connect(_menu.actionExport, &QAction::triggered, this, &WindowCommands::askForExport);
+  connect(_menu.actionClearPeaks, &QAction::triggered, this, &WindowCommands::clearPeaksRequested);
+  connect(_menu.actionMetersByRule, &QAction::toggled, this,
+          &WindowCommands::metersByRuleRequested);
   connect(_menu.actionIntroduction, &QAction::triggered, this, &WindowCommands::showIntroduction);
   connect(_menu.actionHelp, &QAction::triggered, this, &WindowCommands::showHelp);
   connect(_menu.actionAbout, &QAction::triggered, this, &WindowCommands::showAbout);

@@ -66,6 +66,8 @@ class WindowCommands : public QObject {
   void openSelectedRequested();
   void openFolderRequested();
   void playRequested();
+  void clearPeaksRequested();
+  void metersByRuleRequested(bool isByRule);
   void endRequested();
 
  protected:

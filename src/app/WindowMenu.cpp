@@ -7,6 +7,10 @@ WindowMenu::WindowMenu(QWidget& window) : QMenu(&window) {
   actionOpenFolder = add(tr("&Open folder…"), QKeySequence::Open);
   actionExport = add(tr("&Export…"), Qt::CTRL | Qt::Key_E);
   addSeparator();
+  actionClearPeaks = add(tr("&Clear peaks"), Qt::CTRL | Qt::Key_K);
+  actionMetersByRule = add(tr("&Meters by the recorder's rule"));
+  actionMetersByRule->setCheckable(true);
+  addSeparator();
   actionIntroduction = add(tr("&Introduction"));
   actionHelp = add(tr("Online &help"), QKeySequence::HelpContents);
   actionAbout = add(tr("&About"));

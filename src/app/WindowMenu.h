@@ -15,6 +15,8 @@ class WindowMenu : public QMenu {
 
   QAction* actionOpenFolder = nullptr;
   QAction* actionExport = nullptr;
+  QAction* actionClearPeaks = nullptr;
+  QAction* actionMetersByRule = nullptr;  ///< checkable
   QAction* actionIntroduction = nullptr;
   QAction* actionHelp = nullptr;
   QAction* actionAbout = nullptr;

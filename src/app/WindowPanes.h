@@ -8,8 +8,10 @@
 #include "app/DevicePane.h"
 #include "app/FolderBrowser.h"
 #include "app/LevelFeed.h"
+#include "app/LoudnessPane.h"
 #include "app/MainView.h"
 #include "app/MeasuredTake.h"
+#include "app/ScopePane.h"
 #include "app/SoundPane.h"
 #include "app/TakeMessages.h"
 #include "app/TakeSession.h"
@@ -41,6 +43,8 @@ struct WindowPanes {
   LevelFeed levels{*view.player->stage, take, &owner};
   MeasuredTake measured{take, &owner};
   WaveformPane waveform{*view.player, take, measured, &owner};
+  ScopePane scope{*view.player->stage, take, &owner};
+  LoudnessPane loudness{*view.player, take, measured, &owner};
   DevicePane device{*view.device, &owner};
   TakeMessages messages{view, *view.player->lblStatus, take, &owner};
   ExportQueue exports;

@@ -81,6 +81,17 @@ QFont Appearance::font() {
   return font;
 }
 
+QFont Appearance::small(const QFont& from) {
+  constexpr double kShare = 11.0 / 13.0;
+  QFont font = from;
+  if (font.pixelSize() > 0) {
+    font.setPixelSize(qRound(font.pixelSize() * kShare));
+  } else {
+    font.setPointSizeF(font.pointSizeF() * kShare);
+  }
+  return font;
+}
+
 QString Appearance::styleSheet() {
   initialiseResources();
   QFile file(QStringLiteral(":/mixdeck.qss"));

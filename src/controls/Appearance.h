@@ -19,6 +19,8 @@ class Appearance {
   static QPalette palette();
   /// 13 pixels; the user's own font family where Inter is not there.
   static QFont font();
+  /// The same for what is written small: the marks of rulers and scales, units.
+  static QFont small(const QFont& from);
   /// The style sheet, with colours for their names.
   static QString styleSheet();
 };

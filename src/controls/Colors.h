@@ -35,6 +35,11 @@ class Colors {
   /// What is over full scale, and what will be when it is played.
   static QColor over() { return {0xE5, 0x48, 0x4D}; }
   static QColor overAhead() { return {0xB8, 0x3C, 0x42}; }
+  /// A lamp that is not lit, and a figure that is over: bright enough for a text.
+  static QColor overDark() { return {0x4A, 0x28, 0x2C}; }
+  static QColor overText() { return {0xF2, 0x7A, 0x7E}; }
+  /// A level that is safe, and the points of the scope.
+  static QColor safe() { return {0x56, 0xC9, 0x8C}; }
   /// Labels of a control that cannot be used.
   static QColor disabledText() { return {0xFF, 0xFF, 0xFF, 0x80}; }
 };

@@ -4,11 +4,15 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 
 #include "controls/AccessibleFactory.h"
+#include "controls/Colors.h"
 #include "controls/Upward.h"
 
 namespace {
+
+constexpr double kHoldHeight = 2.0;
 
 QAccessibleInterface* makeReadable(LevelMeter& meter) {
   return new LevelMeterAccessible(meter, meter);
@@ -41,6 +45,19 @@ void LevelMeter::setLevel(std::int64_t level) {
   updateFrame();
 }
 
+// Whole pixels: a line between two of them would blur.
+double LevelMeter::holdTop(double level) const {
+  const double place = LevelMeterScale::place(level, height());
+  return std::min(std::round(height() - place), height() - kHoldHeight);
+}
+
+void LevelMeter::setHold(double level) {
+  const double now = level > 0.0 ? level : 0.0;  // not for what is not a number either
+  const bool isSame = (now > 0.0) == (_hold > 0.0) && holdTop(now) == holdTop(_hold);
+  _hold = now;
+  if (!isSame) update();
+}
+
 void LevelMeter::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   layoutLayers();
@@ -71,7 +88,13 @@ void LevelMeter::paintEvent(QPaintEvent* /*event*/) {
   _layerGray.contents.draw(painter, Upward::rect(_layerGray.frame, height()));
   const double top = std::min(_layerMaskOfRainBow.y() + _layerMaskOfRainBow.height(),
                               _layerRainBow.frame.height());
-  if (top <= 0.0) return;
+  if (top > 0.0) drawBright(painter, top);
+  if (_hold <= 0.0) return;
+  painter.setClipping(false);
+  painter.fillRect(QRectF(0.0, holdTop(_hold), width(), kHoldHeight), Colors::WHITE());
+}
+
+void LevelMeter::drawBright(QPainter& painter, double top) const {
   // A mask that has risen past the bar reveals all of it, its lower end included.
   painter.setClipRect(Upward::rect({0.0, 0.0, _layerRainBow.frame.width(), top}, height()));
   _layerRainBow.contents.draw(painter, Upward::rect(_layerRainBow.frame, height()));

@@ -33,6 +33,11 @@ class LevelMeter : public QWidget, public ReadableLevel {
   /// Which level is 0 dB; 0 unless it is told.
   void setZero(std::int64_t level) { _zero = level; }
 
+  /// A line at a level between the units, such as the greatest one so far; none where it is below
+  /// the bar, or not a number.
+  void setHold(double level);
+  [[nodiscard]] double hold() const { return _hold; }
+
   [[nodiscard]] QSize sizeHint() const override { return {16, 260}; }
   [[nodiscard]] QSize minimumSizeHint() const override { return {4, 28}; }
 
@@ -56,7 +61,9 @@ class LevelMeter : public QWidget, public ReadableLevel {
   void initUI();
   void layoutLayers();
   void updateFrame();
+  void drawBright(QPainter& painter, double top) const;
   static LevelMeterScale& sharedScale();
+  [[nodiscard]] double holdTop(double level) const;
 
   Layer _layerGray;
   Layer _layerRainBow;
@@ -66,4 +73,5 @@ class LevelMeter : public QWidget, public ReadableLevel {
   std::int64_t _minValue = 0;
   std::int64_t _zero = 0;
   std::int64_t _level = 0;
+  double _hold = 0.0;
 };

@@ -18,10 +18,12 @@ struct LevelColor {
   QRgb color;
 };
 
-// Level 48 is full scale: green is safe, yellow is near, red is over.
-constexpr std::array kColors = {LevelColor{0, 0xFF2E9E6B},  LevelColor{36, 0xFF56C98C},
-                                LevelColor{44, 0xFFE2C347}, LevelColor{48, 0xFFE2963C},
-                                LevelColor{50, 0xFFE5484D}, LevelColor{54, 0xFFE5484D}};
+// Level 48 is full scale: green is safe, yellow is near; red is over, with a hard edge.
+constexpr std::array kColors = {LevelColor{0, 0xFF2E9E6B}, LevelColor{36, 0xFF56C98C},
+                                LevelColor{44, 0xFFE2C347}, LevelColor{48, 0xFFE2963C}};
+constexpr std::int64_t kFullScale = 48;
+constexpr QRgb kOver = 0xFFE5484D;
+constexpr double kEdge = 1e-6;  // of the bar: as good as none
 
 QLinearGradient gradient(const QRectF& frame) {
   QLinearGradient colors(frame.bottomLeft(), frame.topLeft());
@@ -29,6 +31,9 @@ QLinearGradient gradient(const QRectF& frame) {
   for (const auto& [level, color] : kColors) {
     colors.setColorAt(qMin(1.0, scale.visibleHeight(level, 1.0)), QColor::fromRgba(color));
   }
+  const double full = scale.visibleHeight(kFullScale, 1.0);
+  colors.setColorAt(full + kEdge, QColor::fromRgba(kOver));
+  colors.setColorAt(1.0, QColor::fromRgba(kOver));
   return colors;
 }
 

@@ -20,6 +20,9 @@ class LevelMeterScale {
   /// How much of a bar of `height` a level fills. The knee follows `height`; the units are those
   /// of the height that the scale was made for. Beyond 54 it is more than the bar.
   [[nodiscard]] double visibleHeight(std::int64_t level, double height) const;
+  /// Where a level between the units lies in a bar of `height`, from its lower end; no lower than
+  /// that and no higher than its upper one.
+  static double place(double level, double height);
 
  private:
   double _below = 0.0;  ///< one unit up to the knee

@@ -11,6 +11,7 @@
 
 #include "controls/AccessibleFactory.h"
 #include "controls/AdjustableAccessible.h"
+#include "controls/Appearance.h"
 #include "controls/Colors.h"
 #include "controls/TimeRuler.h"
 #include "controls/WaveformPicture.h"
@@ -23,7 +24,6 @@ constexpr double kBottom = 3;
 constexpr double kRadius = 4;
 constexpr double kMarkGap = 70;  // pixels between the marks of the ruler, at least
 constexpr double kMark = 4;
-constexpr double kRulerFont = 11.0 / 13.0;
 constexpr double kHeadWidth = 2;
 
 constexpr double kReadingPadding = 6;
@@ -174,16 +174,6 @@ void WaveformViewer::updateBetween(double x1, double x2) {
   update(QRect(left, 0, right - left + 1, height()));
 }
 
-QFont WaveformViewer::rulerFont() const {
-  QFont small = font();
-  if (small.pixelSize() > 0) {
-    small.setPixelSize(static_cast<int>(std::lround(small.pixelSize() * kRulerFont)));
-  } else {
-    small.setPointSizeF(small.pointSizeF() * kRulerFont);
-  }
-  return small;
-}
-
 void WaveformViewer::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -206,7 +196,7 @@ void WaveformViewer::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void WaveformViewer::drawRuler(QPainter& painter) const {
-  painter.setFont(rulerFont());
+  painter.setFont(Appearance::small(font()));
   const double perPixel = (_stretch.to() - _stretch.from()) / std::max(1.0, body().width());
   for (const TimeRuler::Mark& mark :
        TimeRuler::marks(_stretch.from(), _stretch.to(), kMarkGap * perPixel)) {
@@ -251,7 +241,7 @@ void WaveformViewer::drawReading(QPainter& painter) const {
   if (texts.isEmpty()) return;
   const double x = std::clamp(std::floor(*_hover), body().left(), body().right());
   painter.fillRect(QRectF(x, kRuler, 1, height() - kRuler - kBottom), Colors::dimText());
-  painter.setFont(rulerFont());
+  painter.setFont(Appearance::small(font()));
   const QFontMetricsF metrics(painter.font());
   const double time = metrics.horizontalAdvance(texts.first());
   const double level = metrics.horizontalAdvance(QStringLiteral("L −88.8"));

@@ -100,7 +100,6 @@ class WaveformViewer : public QWidget, public Adjustable {
   void updateBetween(double x1, double x2);
   void hover(std::optional<double> x);
   [[nodiscard]] std::optional<double> keyTarget(const QKeyEvent& event) const;
-  [[nodiscard]] QFont rulerFont() const;
   [[nodiscard]] double headX() const;
 
   TimeWindow _stretch;

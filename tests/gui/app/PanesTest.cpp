@@ -257,6 +257,71 @@ TEST_F(Feed, MeasuresWithTheWidth) {
   EXPECT_NE(view.lvlLeft->level(), view.lvlRight->level());
 }
 
+/// Frames of a raw take, over and over.
+std::vector<std::int32_t> repeated(std::initializer_list<double> samples, int frames) {
+  constexpr double kFull = 0x800000;
+  std::vector<std::int32_t> all;
+  const std::vector<double> piece(samples);
+  while (all.size() < 2 * static_cast<std::size_t>(frames)) {
+    for (const double sample : piece) all.push_back(static_cast<std::int32_t>(sample * kFull));
+  }
+  return all;
+}
+
+// At 120 degrees Left is M + S and Right M - S: here all of it is on the right.
+TEST_F(Feed, LightsTheRightForASourceOnTheRight) {
+  const auto data = WaveBytes::samples24(repeated({0.25, -0.25, -0.125, 0.125}, kRate));
+  const auto file = takes.file("r.WAV", WaveBytes().recorderBext(true).format24().data(data).get());
+  session->setAngle(120.0);
+  openFile("r.WAV", file);
+  while (!session->job()->reader()->follow(0, 0.5)) std::this_thread::yield();
+  feed->update(LevelFeed::kInterval);
+  EXPECT_EQ(view.lvlLeft->level(), 0);
+  EXPECT_EQ(view.lvlRight->level(), 42) << "20 log10(0.5) + 48";
+  feed->setByRecordersRule(true);
+  feed->update(LevelFeed::kInterval);
+  EXPECT_EQ(view.lvlLeft->level(), 39) << "the greatest Mid and Side, as if together: 0.375";
+  EXPECT_EQ(view.lvlRight->level(), 30) << "0.125";
+  EXPECT_EQ(view.lblLevelValue->text(), "recorder's rule");
+  EXPECT_EQ(view.clipRight->figure(), "–") << "keeps no peak by that rule";
+}
+
+TEST_F(Feed, MagnitudesCountOnBothSidesOfZero) {
+  const auto data = WaveBytes::samples24(repeated({-0.5, 0, 0.125, 0}, kRate));
+  const auto file = takes.file("n.WAV", WaveBytes().recorderBext(true).format24().data(data).get());
+  openFile("n.WAV", file);
+  while (!session->job()->reader()->follow(0, 0.5)) std::this_thread::yield();
+  feed->update(LevelFeed::kInterval);
+  EXPECT_EQ(view.lvlLeft->level(), 42);
+}
+
+TEST_F(Feed, KeepsPeaksUntilTheyAreCleared) {
+  openAndLoad("a.WAV", false);
+  feed->update(LevelFeed::kInterval);
+  EXPECT_EQ(view.clipLeft->figure(), "-6.0");
+  EXPECT_EQ(view.clipRight->figure(), "-12.0");
+  EXPECT_NEAR(view.lvlLeft->hold(), 48 - 6.02, 0.01);
+  session->setGain(7);
+  feed->update(LevelFeed::kInterval);
+  EXPECT_TRUE(view.clipLeft->isLit());
+  EXPECT_FALSE(view.clipRight->isLit());
+  session->setGain(-20);
+  feed->update(LevelFeed::kInterval);
+  EXPECT_EQ(view.clipLeft->figure(), "+1.0") << "held";
+  session->play();
+  EXPECT_TRUE(view.clipLeft->isLit()) << "held in a pause as well";
+  QTest::mouseClick(view.clipRight, Qt::LeftButton);
+  EXPECT_FALSE(view.clipLeft->isLit()) << "one click clears both";
+  EXPECT_EQ(view.clipLeft->figure(), "–");
+  EXPECT_EQ(view.lvlLeft->hold(), 0);
+  session->setGain(7);
+  feed->update(LevelFeed::kInterval);
+  EXPECT_TRUE(view.clipLeft->isLit());
+  session->setGain(-20);
+  open("b.WAV", false);
+  EXPECT_FALSE(view.clipLeft->isLit()) << "that was another take";
+}
+
 TEST_F(Feed, RunsWhileItPlaysAndFallsToNothing) {
   const auto* const timer = feed->findChild<QTimer*>("timerLevel");
   EXPECT_FALSE(timer->isActive());

@@ -106,8 +106,8 @@ TEST_F(Window, TabReachesEverythingInOrder) {
                   view().browser->lblFolder, view().browser->btnOpenFolder,
                   view().browser->tableFile, view().player->btnPlayPause, view().player->waveform,
                   view().player->sliderTime, view().player->btnVolume, view().player->sliderVolume,
-                  stage().sliderStereo, stage().sliderGain, view().player->btnExport,
-                  view().player->btnMenu, view().device->listBatteryCover,
+                  stage().sliderStereo, stage().sliderGain, stage().clipLeft, stage().clipRight,
+                  view().player->btnExport, view().player->btnMenu, view().device->listBatteryCover,
                   view().device->listAutoPowOffCover, view().browser->btnGoUp));
 }
 

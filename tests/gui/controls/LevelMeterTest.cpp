@@ -4,9 +4,11 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <limits>
 
 #include "Drawn.h"
 #include "Hands.h"
+#include "controls/Colors.h"
 #include "controls/LevelMeter.h"
 #include "controls/LevelMeterScale.h"
 
@@ -35,6 +37,17 @@ TEST(LevelMeterScale, HasTwoPieces) {
   EXPECT_DOUBLE_EQ(280.0, scale.visibleHeight(54, 280.0));
   EXPECT_LT(280.0, scale.visibleHeight(55, 280.0));
   EXPECT_GT(0.0, scale.visibleHeight(-1, 280.0));
+}
+
+TEST(LevelMeterScale, PlacesLevelsBetweenTheUnits) {
+  const LevelMeterScale scale(280.0);
+  for (std::int64_t level = 0; level <= 54; ++level) {
+    EXPECT_NEAR(LevelMeterScale::place(static_cast<double>(level), 280.0),
+                scale.visibleHeight(level, 280.0), 1e-9);
+  }
+  EXPECT_DOUBLE_EQ(LevelMeterScale::place(39.5, 280.0), 180.0 + 0.5 * 200.0 / 30.0);
+  EXPECT_EQ(LevelMeterScale::place(-3, 280.0), 0);
+  EXPECT_EQ(LevelMeterScale::place(99, 280.0), 280);
 }
 
 TEST(LevelMeterScale, IsSetByAHeight) {
@@ -175,6 +188,31 @@ TEST_P(LevelMeterPaint, GoesFromGreenToRed) {
   const QColor high = Hands::colorAt(picture, {8.0, 5.0});
   EXPECT_GT(low.green(), 2 * low.red());
   EXPECT_GT(high.red(), 2 * high.green());
+}
+
+// Level 48 is full scale: red begins there, within a pixel.
+TEST_P(LevelMeterPaint, FullScaleIsAHardEdge) {
+  paint(54);
+  const double full = 80.0 + 24.0 * 200.0 / 30.0;
+  const QColor over = Hands::colorAt(picture, {8.0, 280.0 - full - 1.5});
+  const QColor under = Hands::colorAt(picture, {8.0, 280.0 - full + 1.5});
+  EXPECT_EQ(over.name(), Colors::over().name());
+  EXPECT_GT(under.green(), 2 * over.green() - 10);
+}
+
+TEST_P(LevelMeterPaint, HoldIsALineAtItsLevel) {
+  paint(0);
+  meter.setHold(39.0);
+  picture = Hands::picture(meter, GetParam());
+  EXPECT_EQ(at(179.0), 255);
+  EXPECT_GT(70, at(184.0));
+  EXPECT_GT(70, at(174.0));
+  meter.setHold(-std::numeric_limits<double>::infinity());
+  picture = Hands::picture(meter, GetParam());
+  EXPECT_GT(70, at(179.0));
+  meter.setHold(60.0);
+  picture = Hands::picture(meter, GetParam());
+  EXPECT_EQ(at(279.0), 255) << "over the bar is at its end";
 }
 
 INSTANTIATE_TEST_SUITE_P(Scales, LevelMeterPaint, testing::Values(1.0, 1.25, 1.5, 2.0),

@@ -10,14 +10,19 @@
 #include <cmath>
 #include <memory>
 #include <numbers>
+#include <vector>
 
 #include "Hands.h"
 #include "controls/AngleViewer.h"
+#include "controls/ClipLamp.h"
+#include "controls/CorrelationBar.h"
+#include "controls/FigureLine.h"
 #include "controls/GainTickTitle.h"
 #include "controls/J4GainSlider.h"
 #include "controls/J4SliderCell.h"
 #include "controls/LevelMeter.h"
 #include "controls/PathViewer.h"
+#include "controls/StereoScope.h"
 #include "controls/WaveformViewer.h"
 
 namespace {
@@ -201,6 +206,63 @@ TEST_F(RedrawOfWaveform, ForThePointerAndTheFocusRing) {
     QApplication::sendEvent(&control, &leave);
   }));
   EXPECT_TRUE(repaints([this] { QTest::keyClick(&control, Qt::Key_Home); }));
+}
+
+TEST_F(RedrawOfMeter, ForAHoldThatMovesByAPixel) {
+  EXPECT_TRUE(repaints([this] { control.setHold(30); }));
+  EXPECT_FALSE(repaints([this] { control.setHold(30.01); }));
+  EXPECT_TRUE(repaints([this] { control.setHold(-1); }));
+  EXPECT_FALSE(repaints([this] { control.setHold(std::nan("")); }));
+}
+
+struct RedrawOfLamp : Redraw<ClipLamp> {
+  RedrawOfLamp() : Redraw({40, 24}) {}
+};
+
+TEST_F(RedrawOfLamp, ForAFigureAndForItsLight) {
+  PeakHold peak;
+  peak.add(0.5);
+  EXPECT_TRUE(repaints([&] { control.setPeak(peak); }));
+  peak.add(0.5001);
+  EXPECT_FALSE(repaints([&] { control.setPeak(peak); })) << "the same tenth";
+  peak.add(1.0);
+  control.setPeak(peak);
+  peak.add(1.00001);
+  EXPECT_TRUE(repaints([&] { control.setPeak(peak); })) << "lit";
+}
+
+struct RedrawOfScope : Redraw<StereoScope> {
+  RedrawOfScope() : Redraw({144, 144}) {}
+};
+
+TEST_F(RedrawOfScope, ForPointsAndWhileTheyFade) {
+  const std::vector<float> frames = {0.5F, 0.25F};
+  EXPECT_FALSE(repaints([this] { control.advance({}, 0.03); })) << "dark stays dark";
+  EXPECT_TRUE(repaints([&] { control.advance(frames, 0.03); }));
+  EXPECT_TRUE(repaints([this] { control.advance({}, 0.03); }));
+  EXPECT_TRUE(repaints([this] { control.clear(); }));
+  EXPECT_FALSE(repaints([this] { control.clear(); }));
+}
+
+struct RedrawOfCorrelation : Redraw<CorrelationBar> {
+  RedrawOfCorrelation() : Redraw({144, 30}) {}
+};
+
+TEST_F(RedrawOfCorrelation, ForAValueThatMovesByAPixel) {
+  EXPECT_TRUE(repaints([this] { control.setValue(0.5); }));
+  EXPECT_FALSE(repaints([this] { control.setValue(0.5001); }));
+  EXPECT_TRUE(repaints([this] { control.setValue(std::nullopt); }));
+}
+
+TEST(RedrawOfFigure, ForAnotherTenthNoteOrLook) {
+  FigureLine line("Momentary", "LUFS");
+  Hands::show(line, {144, 18});
+  EXPECT_TRUE(repaints(line, [&] { line.setFigure(-23.1); }));
+  EXPECT_FALSE(repaints(line, [&] { line.setFigure(-23.12); }));
+  EXPECT_TRUE(repaints(line, [&] { line.setNote("43 %"); }));
+  EXPECT_FALSE(repaints(line, [&] { line.setNote("43 %"); }));
+  EXPECT_TRUE(repaints(line, [&] { line.setLook(FigureLine::Look::Over); }));
+  EXPECT_TRUE(repaints(line, [&] { line.setFigure(std::nullopt); }));
 }
 
 }  // namespace

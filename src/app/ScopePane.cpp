@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/ScopePane.h"
+
+namespace {
+
+constexpr int kRefresh = 33;       // ms
+constexpr double kMostLate = 0.2;  // seconds; after more the picture begins anew
+
+}  // namespace
+
+ScopePane::ScopePane(StageView& view, TakeSession& take, QObject* parent)
+    : QObject(parent), _view(view), _take(take) {
+  _timerScope.setObjectName(QStringLiteral("timerScope"));
+  _timerScope.setTimerType(Qt::PreciseTimer);
+  connect(&_timerScope, &QTimer::timeout, this, &ScopePane::advance);
+  connect(&_take, &TakeSession::opened, this, &ScopePane::begin);
+  connect(&_take, &TakeSession::closing, this, &ScopePane::drop);
+  connect(&_take, &TakeSession::stateChanged, this, &ScopePane::showState);
+  rest();
+}
+
+void ScopePane::begin() {
+  _heard = std::make_unique<HeardFrames>(_take.reader());
+}
+
+void ScopePane::drop() {
+  rest();
+  _heard.reset();
+}
+
+// Nothing is heard, so nothing is shown.
+void ScopePane::rest() {
+  _timerScope.stop();
+  _correlation.clear();
+  _view.field->scope->clear();
+  showCorrelation(std::nullopt);
+}
+
+void ScopePane::showState() {
+  if (_take.state() != TakeSession::State::Playing) return rest();
+  advance();
+  _timerScope.start(kRefresh);
+}
+
+void ScopePane::advance() {
+  if (!_heard) return;
+  const double to = _take.playedTime() + kInterval / 2;
+  const double since = to - _shownTo;
+  const double from = since > 0 && since < kMostLate ? _shownTo : to - kInterval;
+  const int width = WaveFileReader::wholeAngle(_take.angle());
+  const auto frames = _heard->read(from, to, width, static_cast<double>(_take.gain()));
+  _shownTo = to;
+  _view.field->scope->advance(frames, to - from);
+  _correlation.add(frames, to - from);
+  showCorrelation(_correlation.value());
+}
+
+void ScopePane::showCorrelation(std::optional<double> value) {
+  _view.field->correlation->setValue(value);
+  const QString text = CorrelationBar::text(value).replace(u'-', u'−');
+  if (text != _view.lblImageValue->text()) _view.lblImageValue->setText(text);
+}

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+#include <memory>
+#include <optional>
+
+#include "app/HeardCorrelation.h"
+#include "app/HeardFrames.h"
+#include "app/StageView.h"
+#include "app/TakeSession.h"
+
+/// Shows where the sound stands between the channels, thirty times a second while a take plays:
+/// each frame within the half of a picture from when it is heard. Interface thread.
+class ScopePane : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Seconds from one picture to the next.
+  static constexpr double kInterval = 1.0 / 30.0;
+
+  /// Both outlive the pane.
+  ScopePane(StageView& view, TakeSession& take, QObject* parent = nullptr);
+
+  /// The next picture: what is heard from where the last one ended to half an interval from now.
+  void advance();
+
+ private:
+  void begin();
+  void drop();
+  void showState();
+  void rest();
+  void showCorrelation(std::optional<double> value);
+
+  StageView& _view;
+  TakeSession& _take;
+  std::unique_ptr<HeardFrames> _heard;  ///< null without a take
+  HeardCorrelation _correlation;
+  double _shownTo = 0;  ///< seconds
+  QTimer _timerScope{this};
+};

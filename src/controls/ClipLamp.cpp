@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#include "controls/ClipLamp.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <cmath>
+
+#include "controls/Appearance.h"
+#include "controls/Colors.h"
+
+namespace {
+
+constexpr double kLampWidth = 20;
+constexpr double kLampHeight = 6;
+constexpr double kRadius = 2;
+constexpr double kGap = 4;
+
+}  // namespace
+
+ClipLamp::ClipLamp(QWidget* parent) : QAbstractButton(parent) {
+  setFocusPolicy(Qt::TabFocus);
+  setPeak(PeakHold());
+}
+
+void ClipLamp::setPeak(const PeakHold& peak) {
+  const QString figure = peak.text();
+  if (figure == _figure && peak.isOver() == _isLit) return;
+  _figure = figure;
+  _isLit = peak.isOver();
+  update();
+}
+
+QFont ClipLamp::figureFont() const {
+  return Appearance::small(font());
+}
+
+QRectF ClipLamp::lamp() const {
+  const double left = std::floor((width() - kLampWidth) / 2);
+  return {left, height() - kLampHeight, kLampWidth, kLampHeight};
+}
+
+QSize ClipLamp::sizeHint() const {
+  const QFontMetrics metrics(figureFont());
+  const int width = metrics.horizontalAdvance(QStringLiteral("+88.8")) + 6;
+  return {std::max(width, static_cast<int>(kLampWidth)),
+          metrics.height() + static_cast<int>(kGap + kLampHeight)};
+}
+
+bool ClipLamp::event(QEvent* event) {
+  const QEvent::Type type = event->type();
+  const bool changesLook = type == QEvent::HoverEnter || type == QEvent::HoverLeave;
+  if (changesLook) update();
+  if (type == QEvent::FontChange) updateGeometry();
+  return QAbstractButton::event(event);
+}
+
+void ClipLamp::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(_isLit ? Colors::over() : Colors::overDark());
+  painter.drawRoundedRect(lamp(), kRadius, kRadius);
+  painter.setFont(figureFont());
+  const bool isNone = _figure == QStringLiteral("–");
+  const QColor plain = isNone || !isEnabled() ? Colors::dimText() : Colors::WHITE();
+  painter.setPen(_isLit ? Colors::overText() : plain);
+  const QRectF place(0, 0, width(), lamp().top() - kGap + 2);
+  painter.drawText(place, Qt::AlignHCenter | Qt::AlignBottom, _figure);
+  if (!hasFocus() || !_focus.isShown()) return;
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(Colors::focusRing(), 2));
+  painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
+}
+
+void ClipLamp::focusInEvent(QFocusEvent* event) {
+  _focus.gained(event->reason());
+  QAbstractButton::focusInEvent(event);
+}

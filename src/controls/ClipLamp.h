@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractButton>
+
+#include "controls/KeyboardFocus.h"
+#include "controls/PeakHold.h"
+
+/// What stands over a level meter: the greatest level since it was cleared, as a figure, and under
+/// it a lamp that is red once full scale was passed. It is a button: a click or a key clears both,
+/// as far as its owner does so. Interface thread.
+class ClipLamp : public QAbstractButton {
+  Q_OBJECT
+
+ public:
+  explicit ClipLamp(QWidget* parent = nullptr);
+
+  void setPeak(const PeakHold& peak);
+  [[nodiscard]] bool isLit() const { return _isLit; }
+  /// The figure, "–" for none.
+  [[nodiscard]] const QString& figure() const { return _figure; }
+
+  /// The lamp, under the figure.
+  [[nodiscard]] QRectF lamp() const;
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+
+ private:
+  [[nodiscard]] QFont figureFont() const;
+
+  QString _figure;
+  bool _isLit = false;
+  KeyboardFocus _focus;
+};

@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#include "controls/CorrelationBar.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "controls/AccessibleFactory.h"
+#include "controls/Appearance.h"
+#include "controls/Colors.h"
+#include "controls/FigureAccessible.h"
+
+namespace {
+
+constexpr double kBarTop = 3;
+constexpr double kBarHeight = 6;
+constexpr double kRadius = 3;
+constexpr double kMarkWidth = 3;
+constexpr double kMarkHeight = 12;
+
+QAccessibleInterface* makeReadable(CorrelationBar& bar) {
+  return new FigureAccessible(bar, bar);
+}
+
+}  // namespace
+
+CorrelationBar::CorrelationBar(QWidget* parent) : QWidget(parent) {
+  AccessibleFactory::install<CorrelationBar, makeReadable>();
+  setAccessibleName(tr("Correlation"));
+}
+
+void CorrelationBar::setValue(std::optional<double> value) {
+  if (value && std::isnan(*value)) value.reset();
+  if (value) value = std::clamp(*value, -1.0, 1.0);
+  const double pixels = devicePixelRatioF();
+  const auto place = [&](std::optional<double> at) { return std::round(xOf(*at) * pixels); };
+  const bool isSame =
+      value.has_value() == _value.has_value() && (!value || place(value) == place(_value));
+  _value = value;
+  if (!isSame) update();
+}
+
+QString CorrelationBar::text(std::optional<double> value) {
+  if (!value) return QStringLiteral("–");
+  const double hundredths = std::round(*value * 100);
+  if (hundredths == 0) return QStringLiteral("0.00");
+  const QString digits = QString::number(std::abs(hundredths) / 100, 'f', 2);
+  return (hundredths > 0 ? u'+' : u'-') + digits;
+}
+
+double CorrelationBar::xOf(double value) const {
+  const double half = (width() - kMarkWidth) / 2;
+  return kMarkWidth / 2 + half + value * half;
+}
+
+QSize CorrelationBar::sizeHint() const {
+  return {144,
+          static_cast<int>(kMarkHeight) + 2 + QFontMetrics(Appearance::small(font())).height()};
+}
+
+void CorrelationBar::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(Colors::ControlColor());
+  painter.drawRoundedRect(QRectF(0, kBarTop, width(), kBarHeight), kRadius, kRadius);
+  if (_value) {
+    const double from = std::min(xOf(0), xOf(*_value));
+    const double to = std::max(xOf(0), xOf(*_value));
+    painter.fillRect(QRectF(from, kBarTop, to - from, kBarHeight),
+                     *_value < 0 ? Colors::over() : Colors::accent());
+    painter.setBrush(Colors::WHITE());
+    painter.drawRoundedRect(QRectF(xOf(*_value) - kMarkWidth / 2, 0, kMarkWidth, kMarkHeight), 1,
+                            1);
+  }
+  painter.setFont(Appearance::small(font()));
+  painter.setPen(Colors::dimText());
+  const QRectF below(0, kMarkHeight + 2, width(), height() - kMarkHeight - 2);
+  painter.drawText(below, Qt::AlignLeft | Qt::AlignTop, QStringLiteral("−1"));
+  painter.drawText(below, Qt::AlignHCenter | Qt::AlignTop, QStringLiteral("0"));
+  painter.drawText(below, Qt::AlignRight | Qt::AlignTop, QStringLiteral("+1"));
+}

@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#include "controls/FigureLine.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "controls/AccessibleFactory.h"
+#include "controls/Appearance.h"
+#include "controls/Colors.h"
+#include "controls/FigureAccessible.h"
+
+namespace {
+
+constexpr int kUnitRoom = 32;  // to the right of the number
+constexpr int kHeight = 18;
+
+QAccessibleInterface* makeReadable(FigureLine& line) {
+  return new FigureAccessible(line, line);
+}
+
+QFont titleFont(const QFont& from) {
+  QFont font = from;
+  if (font.pixelSize() > 1) font.setPixelSize(font.pixelSize() - 1);
+  return font;
+}
+
+QFont numberFont(const QFont& from, FigureLine::Look look) {
+  QFont font = from;
+  if (look != FigureLine::Look::Plain) font.setWeight(QFont::DemiBold);
+  return font;
+}
+
+}  // namespace
+
+FigureLine::FigureLine(QString title, QString unit, QWidget* parent)
+    : QWidget(parent), _title(std::move(title)), _unit(std::move(unit)) {
+  AccessibleFactory::install<FigureLine, makeReadable>();
+}
+
+void FigureLine::setFigure(std::optional<double> figure) {
+  if (figure && !std::isfinite(*figure)) figure.reset();
+  const QString before = digits();
+  _figure = figure;
+  if (digits() != before) update();
+}
+
+void FigureLine::setLook(Look look) {
+  if (look == _look) return;
+  _look = look;
+  update();
+}
+
+void FigureLine::setNote(const QString& note) {
+  if (note == _note) return;
+  _note = note;
+  update();
+}
+
+QString FigureLine::digits() const {
+  if (!_figure) return QStringLiteral("–");
+  const double tenths = std::round(*_figure * 10);
+  const QString text = QString::number(std::abs(tenths) / 10, 'f', 1);
+  return tenths < 0 ? u'-' + text : text;
+}
+
+QString FigureLine::shownText() const {
+  return digits().replace(u'-', u'−');
+}
+
+QString FigureLine::figureText() const {
+  const QString number = _figure ? digits() + u' ' + _unit : digits();
+  return _note.isEmpty() ? number : number + QStringLiteral(", ") + _note;
+}
+
+QSize FigureLine::sizeHint() const {
+  const QFontMetrics metrics(font());
+  const int text =
+      metrics.horizontalAdvance(_title) + metrics.horizontalAdvance(QStringLiteral("−88.8"));
+  return {std::max(144, text + kUnitRoom), std::max(kHeight, metrics.height() + 2)};
+}
+
+void FigureLine::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::EnabledChange) update();
+  if (event->type() == QEvent::FontChange) updateGeometry();
+  QWidget::changeEvent(event);
+}
+
+QColor FigureLine::numberColor() const {
+  if (!_figure || !isEnabled()) return Colors::dimText();
+  if (_look == Look::Over) return Colors::overText();
+  return _look == Look::Warning ? Colors::warning() : Colors::WHITE();
+}
+
+void FigureLine::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setPen(Colors::dimText());
+  painter.setFont(titleFont(font()));
+  painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, _title);
+  drawNumber(painter, width() - kUnitRoom);
+  painter.setFont(Appearance::small(font()));
+  painter.setPen(Colors::dimText());
+  painter.drawText(rect(), Qt::AlignRight | Qt::AlignVCenter, _note.isEmpty() ? _unit : _note);
+}
+
+void FigureLine::drawNumber(QPainter& painter, double right) const {
+  painter.setFont(numberFont(font(), _look));
+  painter.setPen(numberColor());
+  const QFontMetricsF metrics(painter.font());
+  double widest = 0;
+  for (char16_t digit = u'0'; digit <= u'9'; ++digit) {
+    widest = std::max(widest, metrics.horizontalAdvance(QChar(digit)));
+  }
+  const QString text = shownText();
+  double at = right;
+  for (qsizetype i = text.size(); i-- > 0;) {
+    const double room = text[i].isDigit() ? widest : metrics.horizontalAdvance(text[i]);
+    at -= room;
+    painter.drawText(QRectF(at - 4, 0, room + 8, height()), Qt::AlignCenter, QString(text[i]));
+  }
+}

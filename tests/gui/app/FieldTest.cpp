@@ -1,0 +1,215 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+//
+// Scope, correlation and loudness of the open take, without a window.
+
+#include <QTest>
+#include <cmath>
+#include <numbers>
+
+#include "TakeFixture.h"
+#include "app/HeardCorrelation.h"
+#include "app/LoudnessPane.h"
+#include "app/ScopePane.h"
+#include "app/TransportPane.h"
+#include "app/WaveformPane.h"
+#include "support/EventLoop.h"
+
+namespace {
+
+/// Ten seconds that may differ from frame to frame.
+class FieldFixture : public TakeFixture {
+ protected:
+  PlayerView view;
+  FieldView& field = *view.stage->field;
+
+  template <class Sound>
+  void openSound(const Sound& sound, bool isRaw = true) {
+    constexpr double kFull = 0x7FFFFF;
+    std::vector<std::int32_t> samples;
+    for (int i = 0; i < kFrames; ++i) {
+      const auto [first, second] = sound(i);
+      samples.push_back(static_cast<std::int32_t>(std::lround(first * kFull)));
+      samples.push_back(static_cast<std::int32_t>(std::lround(second * kFull)));
+    }
+    const auto data = WaveBytes::samples24(samples);
+    const auto wave = WaveBytes().recorderBext(isRaw).format24().data(data).get();
+    openFile("f.WAV", takes.file("f.WAV", wave));
+  }
+  void load(double from, double to) const {
+    while (!session->job()->reader()->follow(from, to)) std::this_thread::yield();
+  }
+  static double tone(int frame) { return std::sin(2 * std::numbers::pi * 997 * frame / kRate); }
+};
+
+class Scope : public FieldFixture {
+ protected:
+  std::unique_ptr<ScopePane> pane = std::make_unique<ScopePane>(*view.stage, *session);
+  void SetUp() override {
+    FieldFixture::SetUp();
+    field.scope->resize(144, 144);
+  }
+  void TearDown() override {
+    pane.reset();
+    FieldFixture::TearDown();
+  }
+};
+
+TEST_F(Scope, IsDarkUnlessSomethingIsHeard) {
+  EXPECT_TRUE(field.scope->isDark());
+  EXPECT_EQ(view.stage->lblImageValue->text(), "–");
+  openSound([](int i) { return std::pair(0.5 * tone(i), 0.0); });
+  load(0, 0.5);
+  pane->advance();
+  EXPECT_FALSE(field.scope->isDark());
+  EXPECT_EQ(view.stage->lblImageValue->text(), "+1.00") << "Mid alone";
+  session->play();
+  EXPECT_TRUE(field.scope->isDark());
+  EXPECT_EQ(view.stage->lblImageValue->text(), "–");
+  EXPECT_FALSE(pane->findChild<QTimer*>("timerScope")->isActive());
+  session->play();
+  EXPECT_TRUE(pane->findChild<QTimer*>("timerScope")->isActive());
+  session->close();
+  EXPECT_TRUE(field.scope->isDark());
+  pane->advance();
+  EXPECT_TRUE(field.scope->isDark());
+}
+
+TEST_F(Scope, ShowsSideAsOppositeChannels) {
+  session->setAngle(120);
+  openSound([](int i) { return std::pair(0.0, 0.5 * tone(i)); });
+  load(0, 0.5);
+  pane->advance();
+  EXPECT_EQ(view.stage->lblImageValue->text(), "−1.00");
+  EXPECT_EQ(field.correlation->figureText(), "-1.00");
+}
+
+// One loud frame at two seconds: looked for from before to after, thirty pictures a second.
+TEST_F(Scope, ShowsAFrameWithinThirtyMillisecondsOfItsSound) {
+  constexpr int kImpulse = 2 * kRate;
+  openSound([](int i) { return std::pair(i == kImpulse ? 0.5 : 0.0, 0.0); });
+  load(1.5, 2.5);
+  session->seek(0.17);
+  double shownAt = -1;
+  while (session->playedTime() < 2.5 && shownAt < 0) {
+    play(20);
+    load(session->playedTime(), session->playedTime() + 0.1);
+    pane->advance();
+    const auto light = [&](int y) {
+      int most = 0;
+      const int side = field.scope->points().side();
+      for (int x = 0; x < side; ++x) most = std::max(most, field.scope->points().lightAt(x, y));
+      return most;
+    };
+    const int side = field.scope->points().side();
+    for (int y = 0; y < side / 2 - 4; ++y) {
+      if (light(y) > 0 && shownAt < 0) shownAt = session->playedTime();
+    }
+  }
+  EXPECT_NEAR(shownAt, 2.0, 0.030);
+}
+
+TEST(HeardCorrelation, IsThatOfTheLastThreeTenths) {
+  HeardCorrelation correlation;
+  EXPECT_EQ(correlation.value(), std::nullopt);
+  const std::vector<float> same = {0.5F, 0.5F, -0.5F, -0.5F};
+  const std::vector<float> opposite = {0.5F, -0.5F, -0.5F, 0.5F};
+  const std::vector<float> silent(4, 0.0F);
+  correlation.add(same, 0.1);
+  EXPECT_DOUBLE_EQ(*correlation.value(), 1);
+  correlation.add(opposite, 0.1);
+  EXPECT_NEAR(*correlation.value(), 0, 1e-12);
+  correlation.add(opposite, 0.1);
+  correlation.add(opposite, 0.1);
+  EXPECT_DOUBLE_EQ(*correlation.value(), -1) << "the first has gone";
+  for (int i = 0; i < 3; ++i) correlation.add(silent, 0.1);
+  EXPECT_EQ(correlation.value(), std::nullopt);
+  const std::vector<float> oneSided = {0.5F, 0.0F, -0.5F, 0.0F};
+  correlation.clear();
+  correlation.add(oneSided, 0.1);
+  EXPECT_EQ(correlation.value(), std::nullopt) << "with a silent channel there is none";
+}
+
+class LoudnessFigures : public FieldFixture {
+ protected:
+  std::unique_ptr<TransportPane> transport = std::make_unique<TransportPane>(view, *session);
+  std::unique_ptr<MeasuredTake> measured = std::make_unique<MeasuredTake>(*session);
+  std::unique_ptr<WaveformPane> waves = std::make_unique<WaveformPane>(view, *session, *measured);
+  std::unique_ptr<LoudnessPane> pane = std::make_unique<LoudnessPane>(view, *session, *measured);
+
+  void TearDown() override {
+    pane.reset();
+    waves.reset();
+    measured.reset();
+    transport.reset();
+    FieldFixture::TearDown();
+  }
+  void measureAll() {
+    ASSERT_TRUE(EventLoop::runUntil([this] { return measured->isComplete(); }));
+  }
+};
+
+// A tone of 997 Hz at full scale in one channel is -3.01 LUFS: here in both, 20 dB down.
+TEST_F(LoudnessFigures, AreThoseOfTheWidthAndGainThatAreHeard) {
+  EXPECT_EQ(field.wholeTake->figureText(), "–");
+  openSound([](int i) { return std::pair(0.1 * tone(i), 0.1 * tone(i)); });
+  measureAll();
+  EXPECT_NEAR(*field.wholeTake->figure(), -20.0, 0.05) << "Mid alone at 0 degrees";
+  EXPECT_NEAR(*field.truePeak->figure(), -20.0, 0.1);
+  EXPECT_EQ(field.wholeTake->figureText(), "-20.0 LUFS");
+  session->setGain(14);
+  EXPECT_NEAR(*field.wholeTake->figure(), -6.0, 0.05);
+  session->setAngle(120);
+  EXPECT_NEAR(*field.wholeTake->figure(), -3.0, 0.05) << "all in Left, twice as loud";
+  EXPECT_NEAR(*field.truePeak->figure(), 0.0, 0.1);
+  session->close();
+  EXPECT_EQ(field.wholeTake->figureText(), "–");
+  EXPECT_EQ(field.momentary->figureText(), "–");
+}
+
+TEST_F(LoudnessFigures, TruePeakWarnsFromMinusOneAndIsRedOverZero) {
+  openSound([](int i) { return std::pair(0.5 * tone(i), 0.0); });
+  measureAll();
+  EXPECT_EQ(field.truePeak->look(), FigureLine::Look::Strong);
+  session->setGain(5);
+  EXPECT_EQ(field.truePeak->look(), FigureLine::Look::Strong) << "-1.02";
+  session->setGain(6);
+  EXPECT_EQ(field.truePeak->look(), FigureLine::Look::Warning) << "-0.02";
+  session->setGain(7);
+  EXPECT_EQ(field.truePeak->look(), FigureLine::Look::Over);
+}
+
+TEST_F(LoudnessFigures, MomentaryAndShortTermAreThoseOfThePlayHead) {
+  openSound([](int i) { return std::pair(i < kFrames / 2 ? 0.1 * tone(i) : 0.05 * tone(i), 0.0); });
+  measureAll();
+  session->play();
+  session->seek(0.4);
+  waves->refresh();
+  pane->refreshHead();
+  EXPECT_NEAR(*field.momentary->figure(), -20.0, 0.05);
+  EXPECT_NEAR(*field.shortTerm->figure(), -20.0, 0.05);
+  view.waveform->adjust(6.0, AdjustCause::Press);
+  EXPECT_NEAR(*field.momentary->figure(), -26.0, 0.05) << "already while it is dragged";
+  EXPECT_GT(*field.shortTerm->figure(), -24.0) << "two seconds of it were louder";
+  view.waveform->adjust(0.1, AdjustCause::Press);
+  EXPECT_EQ(field.momentary->figureText(), "–") << "less than a window";
+}
+
+TEST_F(LoudnessFigures, SayHowMuchIsKnown) {
+  openSound([](int i) { return std::pair(0.1 * tone(i), 0.0); });
+  EXPECT_EQ(field.wholeTake->note(), "0 %");
+  measureAll();
+  EXPECT_EQ(field.wholeTake->note(), "");
+  EXPECT_EQ(field.truePeak->note(), "");
+}
+
+TEST_F(LoudnessFigures, TimerRunsWhileItPlays) {
+  const auto* const timer = pane->findChild<QTimer*>("timerLoudness");
+  EXPECT_FALSE(timer->isActive());
+  openSound([](int) { return std::pair(0.0, 0.0); });
+  EXPECT_TRUE(timer->isActive());
+  session->play();
+  EXPECT_FALSE(timer->isActive());
+}
+
+}  // namespace

@@ -1,0 +1,151 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+//
+// Peaks, scope, correlation and figures: their rules, their pixels, and how they are read.
+
+#include <gmock/gmock.h>
+
+#include <QAccessible>
+#include <QSignalSpy>
+#include <QTest>
+#include <cmath>
+#include <limits>
+
+#include "Hands.h"
+#include "controls/ClipLamp.h"
+#include "controls/Colors.h"
+#include "controls/CorrelationBar.h"
+#include "controls/FigureLine.h"
+#include "controls/PeakHold.h"
+#include "controls/StereoScope.h"
+
+namespace {
+
+QAccessibleInterface& of(QObject& object) {
+  QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&object);
+  if (interface == nullptr) qFatal("a control has no accessible interface");
+  return *interface;
+}
+
+TEST(PeakHold, KeepsTheGreatest) {
+  PeakHold peak;
+  EXPECT_EQ(peak.text(), "–");
+  peak.add(0.5);
+  peak.add(0.25);
+  peak.add(std::nan(""));
+  EXPECT_EQ(peak.text(), "-6.0");
+  EXPECT_FALSE(peak.isOver());
+  peak.add(1.0);
+  EXPECT_EQ(peak.text(), "0.0");
+  EXPECT_FALSE(peak.isOver()) << "full scale fits";
+  peak.add(1.023);
+  EXPECT_EQ(peak.text(), "+0.2");
+  EXPECT_TRUE(peak.isOver());
+  peak.add(std::numeric_limits<double>::infinity());
+  EXPECT_EQ(peak.text(), "∞");
+  peak.clear();
+  EXPECT_EQ(peak.text(), "–");
+  peak.add(0.9999);
+  EXPECT_EQ(peak.text(), "0.0") << "no sign at nothing";
+}
+
+TEST(ClipLamp, IsLitOverFullScaleAndIsAButton) {
+  ClipLamp lamp;
+  lamp.setAccessibleName("Clip left");
+  Hands::show(lamp, {40, 26});
+  PeakHold peak;
+  peak.add(0.9);
+  lamp.setPeak(peak);
+  const QPointF middle = lamp.lamp().center();
+  EXPECT_EQ(Hands::colorAt(Hands::picture(lamp, 1), middle).name(), Colors::overDark().name());
+  peak.add(1.5);
+  lamp.setPeak(peak);
+  EXPECT_TRUE(lamp.isLit());
+  EXPECT_EQ(lamp.figure(), "+3.5");
+  EXPECT_EQ(Hands::colorAt(Hands::picture(lamp, 1), middle).name(), Colors::over().name());
+  EXPECT_EQ(of(lamp).role(), QAccessible::Button);
+  const QSignalSpy clicks(&lamp, &ClipLamp::clicked);
+  QTest::mouseClick(&lamp, Qt::LeftButton);
+  lamp.setFocus();
+  QTest::keyClick(&lamp, Qt::Key_Space);
+  EXPECT_EQ(clicks.count(), 2);
+}
+
+TEST(ScopePoints, StandWhereTheSoundIs) {
+  const QPointF left = ScopePoints::placeOf(0.25F, 0);
+  EXPECT_LT(left.x(), 0);
+  EXPECT_NEAR(left.y(), -left.x(), 1e-12) << "the upper left diagonal";
+  EXPECT_NEAR(ScopePoints::placeOf(0, 0.25F).x(), -left.x(), 1e-12);
+  EXPECT_NEAR(ScopePoints::placeOf(0.3F, 0.3F).x(), 0, 1e-12) << "mid stands upright";
+  EXPECT_NEAR(ScopePoints::placeOf(0.3F, -0.3F).y(), 0, 1e-12) << "side lies level";
+  EXPECT_NEAR(ScopePoints::placeOf(1, 1).y(), 1, 1e-9) << "full scale reaches the edge";
+  EXPECT_NEAR(ScopePoints::placeOf(0.25F, 0.25F).y(), 0.5, 1e-9) << "by the root";
+  EXPECT_EQ(ScopePoints::placeOf(0, 0), QPointF());
+}
+
+TEST(ScopePoints, AddFadeAndGoDark) {
+  ScopePoints points;
+  points.setColor(Qt::white);
+  points.resize(101, 1);
+  const std::vector<float> frames = {1, 1, std::nanf(""), 1, 1e9F, 0};
+  points.add(frames);
+  EXPECT_GT(points.lightAt(50, 0), 0);
+  EXPECT_GT(points.lightAt(0, 0), 0) << "too loud lies on the edge";
+  EXPECT_EQ(points.lightAt(50, 50), 0) << "what is not a number leaves none";
+  const int before = points.lightAt(50, 0);
+  points.fade(0.5);
+  EXPECT_EQ(points.lightAt(50, 0), before / 2);
+  EXPECT_EQ(qAlpha(points.picture().pixel(50, 0)), before / 2);
+  for (int i = 0; i < 10; ++i) points.fade(0.5);
+  EXPECT_TRUE(points.isDark());
+}
+
+TEST(StereoScope, PaintsAPointForAFrame) {
+  StereoScope scope;
+  Hands::show(scope, {144, 144});
+  EXPECT_EQ(of(scope).text(QAccessible::Name), "Stereo scope");
+  const std::vector<float> frames(2000, 0.25F);
+  scope.advance(frames, 0.03);
+  const QImage picture = Hands::picture(scope, 1);
+  const QColor point = Hands::colorAt(picture, {72.0, 72 - 36.0});
+  EXPECT_GT(point.green(), 150) << "mid at a quarter is half way up";
+  EXPECT_LT(Hands::colorAt(picture, {72.0 - 36, 72.0 - 36}).green(), 80);
+}
+
+TEST(CorrelationBar, MarksItsValue) {
+  CorrelationBar bar;
+  Hands::show(bar, {144, 30});
+  EXPECT_EQ(of(bar).text(QAccessible::Name), "Correlation");
+  EXPECT_EQ(of(bar).text(QAccessible::Value), "–");
+  bar.setValue(0.534);
+  EXPECT_EQ(of(bar).text(QAccessible::Value), "+0.53");
+  const QImage picture = Hands::picture(bar, 1);
+  EXPECT_EQ(Hands::colorAt(picture, {bar.xOf(0.534), 6}).name(), Colors::WHITE().name());
+  EXPECT_EQ(Hands::colorAt(picture, {bar.xOf(0.3), 6}).name(), Colors::accent().name());
+  EXPECT_EQ(Hands::colorAt(picture, {bar.xOf(-0.3), 6}).name(), Colors::ControlColor().name());
+  bar.setValue(-3);
+  EXPECT_EQ(of(bar).text(QAccessible::Value), "-1.00");
+  EXPECT_EQ(CorrelationBar::text(-0.001), "0.00");
+  EXPECT_NEAR(bar.xOf(-1) + bar.xOf(1), 144, 1e-9);
+}
+
+TEST(FigureLine, IsReadWithItsUnitAndAPlainMinus) {
+  FigureLine line("Momentary", "LUFS");
+  line.setAccessibleName("Momentary loudness");
+  Hands::show(line, {144, 18});
+  EXPECT_EQ(of(line).text(QAccessible::Name), "Momentary loudness");
+  EXPECT_EQ(of(line).textInterface()->text(0, -1), "–");
+  EXPECT_TRUE(std::isnan(of(line).valueInterface()->currentValue().toDouble()));
+  line.setFigure(-23.06);
+  EXPECT_EQ(line.shownText(), "−23.1");
+  EXPECT_EQ(of(line).text(QAccessible::Value), "-23.1 LUFS");
+  EXPECT_EQ(of(line).textInterface()->text(0, of(line).textInterface()->characterCount()),
+            "-23.1 LUFS");
+  EXPECT_EQ(of(line).valueInterface()->currentValue().toDouble(), -23.06);
+  line.setNote("43 %");
+  EXPECT_EQ(line.figureText(), "-23.1 LUFS, 43 %");
+  line.setFigure(-0.04);
+  EXPECT_EQ(line.shownText(), "0.0");
+}
+
+}  // namespace
