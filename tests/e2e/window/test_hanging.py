@@ -41,7 +41,8 @@ class HangingTest(Case):
     def assert_answers(self, what):
         """A click on the speaker mutes or unmutes at once."""
         volume = self.window.find("slider", "Volume")
-        speaker = self.window.find("push button", "Mute")
+        speaker = (self.window.look("push button", "Unmute")
+                   or self.window.find("push button", "Mute"))
         before = volume.value
         begun = time.monotonic()
         speaker.act("Press")
@@ -125,7 +126,7 @@ class HangingTest(Case):
         self.begin(self.home)
         self.open_and_hear()
         position = self.window.find("slider", "Position")
-        places = iter([0.9, 0.1, 0.5] * 4)
+        places = iter([18, 2, 10] * 4)  # seconds
 
         def seek():
             position.value = next(places)
