@@ -43,7 +43,7 @@ class PastTwoGiBTest(LongCase):
 
     def levels(self, first, last):
         """Of the stretch between two frames."""
-        shown = self.expect(0, "levels", "--angle", 120, "--from", (first - 0.5) / RATE, "--to",
+        shown = self.expect(0, "levels", "--meter-rule", "--angle", 120, "--from", (first - 0.5) / RATE, "--to",
                             (last + 0.5) / RATE, self.take, err="").stdout
         return [float(word) for word in shown.split()]
 

@@ -12,7 +12,8 @@ from playing import BUFFER, CLI, RATE, Case, expected, noise
 class ExactTest(Case):
     def check(self, frames, bits, angle, gain, *arguments, raw=True):
         path = self.file(frames, bits, raw=raw)
-        samples = self.play_recorded("--angle", angle, "--gain", gain, *arguments, path)
+        told = "" if raw else "--angle is not used"
+        samples = self.play_recorded("--angle", angle, "--gain", gain, *arguments, path, told=told)
         self.assert_heard(samples, expected(frames, bits, angle, gain, raw=raw))
 
     def test_widths_and_gains(self):

@@ -94,13 +94,17 @@ class HangingTest(Case):
 
     def test_idle(self):
         self.begin(self.home)
+        is_used = False
 
         def go_back():
-            if self.folder(self.window) != "takes":
+            if is_used:
+                self.window.wait(lambda: self.folder(self.window) != "takes", "the folder above")
                 self.open(self.window, "takes")
             self.wait_files(self.window, "Bells", "R0001.WAV", "R0002.WAV")
 
         def use():
+            nonlocal is_used
+            is_used = True
             self.open(self.window, "R0002.WAV")
             self.open(self.window, "R0001.WAV")
             self.window.find("push button", "Go up").act("Press")

@@ -260,8 +260,8 @@ TEST_F(Browser, ListsAgainWhereWhatIsChosenHasGone) {
   while (browser.model().rowCount() == 0) waitForListing();
   std::filesystem::rename(takes.path() / "Bells", takes.path() / "Chimes");
   browser.choose(0);
-  waitForListing();
-  EXPECT_EQ(browser.listing()->folderPath(), home.path());
+  // A listing from before may still arrive.
+  EXPECT_TRUE(EventLoop::runUntil([&] { return browser.listing()->folderPath() == home.path(); }));
 }
 
 TEST_F(Browser, WishIsForItsFolderAlone) {

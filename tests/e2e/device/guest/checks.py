@@ -163,6 +163,7 @@ class T2Sequencer(Link):
         self.connects()  # and any addition finds the recorder again
         other.end()
         self.link.wait(event="disconnected")
+        self.connects()  # by itself, as the recorder is still there
 
     def is_listed(self, name):
         self.link.say("endpoints")
@@ -171,6 +172,7 @@ class T2Sequencer(Link):
 
     def test_6_unplugged_and_plugged_at_each_step(self):
         self.says("unplug")
+        self.link.wait(event="disconnected")
         for request, step in STEPS.items():
             with self.subTest(request):
                 self.says(f"disappear@{request}")
