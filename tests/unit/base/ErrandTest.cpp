@@ -7,7 +7,6 @@
 #include <sys/syscall.h>
 
 #include <QCoreApplication>
-#include <QEvent>
 #include <atomic>
 #include <cerrno>
 #include <latch>
@@ -16,20 +15,12 @@
 #include <vector>
 
 #include "support/Confinement.h"
+#include "support/CoreApplicationTest.h"
 #include "support/EventLoop.h"
 
 namespace {
 
-class ErrandTest : public testing::Test {
- protected:
-  // What deletes itself later does so now.
-  void TearDown() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
-
-  int count = 1;
-  char name[5] = "test";
-  char* arguments[2] = {name, nullptr};
-  QCoreApplication application{count, arguments};
-};
+class ErrandTest : public CoreApplicationTest {};
 
 /// Tells on which thread it went.
 class Found {

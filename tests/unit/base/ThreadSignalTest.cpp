@@ -6,24 +6,15 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QEvent>
 #include <memory>
 #include <thread>
 
+#include "support/CoreApplicationTest.h"
 #include "support/EventLoop.h"
 
 namespace {
 
-class ThreadSignalTest : public testing::Test {
- protected:
-  // What deletes itself later does so now.
-  void TearDown() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
-
-  int count = 1;
-  char name[5] = "test";
-  char* arguments[2] = {name, nullptr};
-  QCoreApplication application{count, arguments};
-};
+class ThreadSignalTest : public CoreApplicationTest {};
 
 TEST_F(ThreadSignalTest, WakesTheLoopFromAnotherThread) {
   std::thread::id seen;

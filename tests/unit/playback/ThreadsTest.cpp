@@ -5,7 +5,6 @@
 #include <sys/syscall.h>
 
 #include <QCoreApplication>
-#include <QEvent>
 #include <cerrno>
 #include <filesystem>
 #include <iterator>
@@ -17,22 +16,14 @@
 #include "playback/pulse/PulseOutput.h"
 #include "playback/pulse/PulseStream.h"
 #include "support/Confinement.h"
+#include "support/CoreApplicationTest.h"
 #include "support/EnvironmentVariable.h"
 #include "support/EventLoop.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
 
-class Application : public testing::Test {
- protected:
-  // What deletes itself later does so now.
-  void TearDown() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
-
-  int count = 1;
-  char name[5] = "test";
-  char* arguments[2] = {name, nullptr};
-  QCoreApplication application{count, arguments};
-};
+class Application : public CoreApplicationTest {};
 
 TEST(SpscRing, CarriesEverythingInOrderFromThreadToThread) {
   constexpr int kValues = 200000;
