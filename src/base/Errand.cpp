@@ -3,6 +3,7 @@
 
 #include "base/Errand.h"
 
+#include <condition_variable>
 #include <mutex>
 #include <system_error>
 #include <thread>
@@ -10,32 +11,41 @@
 
 #include "base/ThreadSignal.h"
 
-/// Where the thread leaves its outcome, whether or not someone still waits for it.
+/// Where the two threads meet. The outcome is the worker's from its making to its end: it waits
+/// until the outcome was heard or given up, so that what is in it goes there, be it a file.
 class Errand::Desk {
  public:
   explicit Desk(std::function<void()> arrived)
       : _signal(std::make_unique<ThreadSignal>(std::move(arrived))) {}
 
-  /// The worker's. Takes the outcome only where it is waited for.
-  void put(Outcome& outcome) {
-    const std::lock_guard lock(_mutex);
+  /// The worker's.
+  void offer(const Outcome& outcome) {
+    std::unique_lock lock(_mutex);
     if (!_signal) return;
-    _outcome = std::move(outcome);
+    _outcome = &outcome;
     _signal->raise();
+    _isOver.wait(lock, [this] { return !_signal; });
   }
-  Outcome take() {
+  /// The one that was offered; it stays until `leave`.
+  [[nodiscard]] const Outcome& outcome() {
     const std::lock_guard lock(_mutex);
-    return std::move(_outcome);
+    return *_outcome;
   }
   /// Nobody waits any more. The signal goes here and not with the desk: it belongs to this thread.
   void leave() {
-    const std::lock_guard lock(_mutex);
-    _signal.reset();
+    const std::unique_ptr<ThreadSignal> signal = takeSignal();
+    _isOver.notify_one();
   }
 
  private:
+  std::unique_ptr<ThreadSignal> takeSignal() {
+    const std::lock_guard lock(_mutex);
+    return std::move(_signal);
+  }
+
   std::mutex _mutex;
-  Outcome _outcome;
+  std::condition_variable _isOver;
+  const Outcome* _outcome = nullptr;
   std::unique_ptr<ThreadSignal> _signal;
 };
 
@@ -44,8 +54,8 @@ bool Errand::begin(const Work& work) {
   auto desk = std::make_shared<Desk>([this] { collect(); });
   try {
     std::thread([desk, work] {
-      Outcome outcome = work();
-      desk->put(outcome);
+      const Outcome outcome = work();
+      desk->offer(outcome);
     }).detach();
   } catch (const std::system_error&) {
     return false;
@@ -60,7 +70,6 @@ void Errand::giveUp() {
 
 void Errand::collect() {
   const auto desk = std::exchange(_desk, nullptr);
-  const Outcome outcome = desk->take();
+  desk->outcome()();
   desk->leave();
-  outcome();
 }

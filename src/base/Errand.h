@@ -6,8 +6,8 @@
 #include <memory>
 
 /// Something that may have to wait for a medium, done on a thread of its own, and what follows from
-/// it, done where it was asked for. Nobody waits for the thread: what comes of an errand that was
-/// given up goes on that thread, unheard.
+/// it, done where it was asked for. Nobody waits for the thread, which waits until its outcome was
+/// heard or given up: what the outcome holds, a file say, goes on that thread in either case.
 ///
 /// One thread, which has an event loop; the work alone is done on the other one.
 class Errand {

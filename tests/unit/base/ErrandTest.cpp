@@ -68,6 +68,35 @@ TEST_F(ErrandTest, WhatWasGivenUpIsNotHeardAndGoesOnItsThread) {
   EXPECT_FALSE(isHeard);
 }
 
+TEST_F(ErrandTest, WhatWasGivenUpAfterItHadArrivedGoesOnItsThreadToo) {
+  for (int round = 0; round < 50; ++round) {
+    std::atomic<bool> isReturning{false};
+    std::atomic<std::thread::id> gone;
+    Errand errand;
+    errand.begin([&] {
+      auto found = std::make_shared<Found>(gone);
+      isReturning = true;
+      return [found] { FAIL() << "nobody listens"; };
+    });
+    while (!isReturning) std::this_thread::yield();
+    for (int turn = 0; turn < 1000; ++turn) std::this_thread::yield();
+    errand.giveUp();
+    ASSERT_TRUE(EventLoop::runUntil([&] { return gone.load() != std::thread::id(); }));
+    ASSERT_NE(gone.load(), std::this_thread::get_id());
+  }
+}
+
+TEST_F(ErrandTest, WhatWasHeardGoesOnItsThread) {
+  std::atomic<std::thread::id> gone;
+  bool isHeard = false;
+  Errand errand;
+  errand.begin(
+      [&] { return [&isHeard, found = std::make_shared<Found>(gone)] { isHeard = true; }; });
+  ASSERT_TRUE(EventLoop::runUntil([&] { return gone.load() != std::thread::id(); }));
+  EXPECT_TRUE(isHeard);
+  EXPECT_NE(gone.load(), std::this_thread::get_id());
+}
+
 TEST_F(ErrandTest, AnotherOneVoidsTheFirstEvenWhereItHasArrived) {
   std::atomic<bool> isDone{false};
   std::vector<int> heard;
