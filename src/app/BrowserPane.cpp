@@ -3,12 +3,12 @@
 
 #include "app/BrowserPane.h"
 
+#include <QDir>
 #include <QFile>
-#include <QFileDialog>
 #include <QUrl>
 #include <algorithm>
 
-#include "dialogs/PanelLook.h"
+#include "dialogs/FolderPanel.h"
 
 namespace {
 
@@ -91,21 +91,18 @@ void BrowserPane::autoResizeColumn() {
   if (_browser.listing()) _columnMeasure.start(_browser.listing(), _view.tableFile->font());
 }
 
-void BrowserPane::askForFolder() {
-  auto* const panel = new QFileDialog(&_view, tr("Choose a file"));
-  panel->setAttribute(Qt::WA_DeleteOnClose);
-  panel->setOption(QFileDialog::DontUseNativeDialog);
-  panel->setFileMode(QFileDialog::Directory);
-  panel->setOption(QFileDialog::ShowDirsOnly);
-  panel->setSizeGripEnabled(true);
-  PanelLook::apply(*panel);
-  // The path is taken for an address, on purpose: one that is none, as with a space in it, leaves
-  // the panel where it opens by itself.
+// The path is taken for an address, on purpose: one that is none, as with a space in it, leaves the
+// panel at a place of its own.
+std::filesystem::path BrowserPane::startOfPanel() const {
   const auto& listing = _browser.listing();
   const QString path = listing ? QFile::decodeName(listing->folderPath().c_str()) : QString();
-  if (QUrl(path, QUrl::StrictMode).isValid()) panel->setDirectory(path);
-  connect(panel, &QFileDialog::fileSelected, &_browser, [this](const QString& chosen) {
-    _browser.openFolder(QFile::encodeName(chosen).toStdString());
-  });
+  if (QUrl(path, QUrl::StrictMode).isValid()) return listing->folderPath();
+  return QFile::encodeName(QDir::homePath()).toStdString();
+}
+
+void BrowserPane::askForFolder() {
+  auto* const panel = new FolderPanel(&_view);
+  panel->openFolder(startOfPanel());
+  connect(panel, &FolderPanel::chosen, &_browser, &FolderBrowser::openFolder);
   panel->open();
 }

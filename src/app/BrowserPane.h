@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QString>
+#include <filesystem>
 
 #include "app/BrowserView.h"
 #include "app/ColumnMeasure.h"
@@ -34,6 +35,7 @@ class BrowserPane : public QObject {
   void restorePlace(bool isSameFolder);
   void selectRemembered();
   void selectAndSee(int row);
+  [[nodiscard]] std::filesystem::path startOfPanel() const;
 
   BrowserView& _view;
   FolderBrowser& _browser;

@@ -6,7 +6,7 @@
 #include <QWidget>
 
 #include "app/ElidedButton.h"
-#include "app/FileList.h"
+#include "folders/FileList.h"
 
 /// The left half of the window: the bar with the folder's name, and the list of files under it.
 /// Laid out and named, and nothing more. Interface thread.

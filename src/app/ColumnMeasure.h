@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-#include "app/FolderHelper.h"
+#include "folders/FolderHelper.h"
 
 /// Finds the widest name of a listing, a few milliseconds at a time. Interface thread, which has an
 /// event loop.

@@ -9,9 +9,9 @@
 #include <memory>
 #include <optional>
 
-#include "app/FileListModel.h"
-#include "app/FolderLister.h"
 #include "base/Errand.h"
+#include "folders/FileListModel.h"
+#include "folders/FolderLister.h"
 
 /// Which folder was asked for, which one is shown, and its rows; knows no widget.
 ///

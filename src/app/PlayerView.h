@@ -8,10 +8,10 @@
 #include <QVBoxLayout>
 #include <QWidget>
 
-#include "app/ElidedLabel.h"
 #include "app/StageView.h"
 #include "app/StatusLine.h"
 #include "app/TabularLabel.h"
+#include "controls/ElidedLabel.h"
 #include "controls/J4Slider.h"
 #include "controls/WaveformViewer.h"
 

@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QStyleFactory>
+#include <QWindow>
 #include <array>
 #include <utility>
 
@@ -46,9 +47,21 @@ QString inStyleSheet(const QColor& color) {
       .arg(color.alpha());
 }
 
+// The toolkit reads the picture of a pointer where it is first shown, from the user's folders too:
+// a medium that hangs would hold up the window then. At the start settings are read anyway.
+void loadPointers() {
+  QWindow window;
+  window.create();
+  for (const auto shape :
+       {Qt::ArrowCursor, Qt::IBeamCursor, Qt::SizeFDiagCursor, Qt::SizeBDiagCursor}) {
+    window.setCursor(shape);
+  }
+}
+
 }  // namespace
 
 void Appearance::apply(QApplication& application) {
+  loadPointers();
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   QApplication::setPalette(palette());
   QApplication::setFont(font());

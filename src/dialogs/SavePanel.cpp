@@ -3,74 +3,44 @@
 
 #include "dialogs/SavePanel.h"
 
-#include <QFile>
-#include <QFileInfo>
-#include <QHeaderView>
-#include <QLabel>
-#include <QLayout>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTreeView>
+#include <climits>
 #include <system_error>
 #include <utility>
 
-#include "dialogs/PanelLook.h"
+#include "dialogs/PathText.h"
 
 namespace {
-
-constexpr QSize kSize(720, 480);
 
 constexpr int kNameWidth = 300;
 
 const QLatin1String kSuffix(".WAV");
 
-QString textOf(const std::filesystem::path& path) {
-  return QFile::decodeName(path.c_str());
-}
-
-std::filesystem::path bytesOf(const QString& text) {
-  return QFile::encodeName(text).toStdString();
-}
-
-// The folder itself, or the first one above that the panel has a name for.
-std::filesystem::path nearestNamed(std::filesystem::path folder) {
-  while (bytesOf(textOf(folder)) != folder) folder = folder.parent_path();
-  return folder;
+// Why the folder is not there; empty when it is.
+QString makeAt(const std::filesystem::path& folder) {
+  std::error_code error;
+  std::filesystem::create_directory(folder, error);
+  return error ? QString::fromStdString(error.message()) : QString();
 }
 
 }  // namespace
 
-SavePanel::SavePanel(std::filesystem::path proposal, std::filesystem::path source, QWidget* parent)
-    : QFileDialog(parent), _proposal(std::move(proposal)), _source(std::move(source)) {
-  setAttribute(Qt::WA_DeleteOnClose);
-  setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
+SavePanel::SavePanel(std::filesystem::path proposal, std::filesystem::path source, QWidget* parent,
+                     FolderLister::Look look)
+    : FilePanel(FolderWalk::Rows::All, tr("Save"), tr("Folders and recordings"), parent,
+                std::move(look)),
+      _proposal(std::move(proposal)),
+      _source(std::move(source)) {
   setWindowTitle(tr("Saving checkboard..."));
-  setAcceptMode(QFileDialog::AcceptSave);
-  setFileMode(QFileDialog::AnyFile);
-  setNameFilter(tr("WAV files (*.wav)"));
-  setDirectory(textOf(nearestNamed(_proposal.parent_path())));
-  selectFile(textOf(_proposal.stem()));
-  PanelLook::apply(*this);
-  addMessage();
-  giveRoom();
-}
-
-// All files are of one type; their dates are worth more room.
-void SavePanel::giveRoom() {
-  resize(kSize);
-  auto* const files = findChild<QTreeView*>(QStringLiteral("treeView"));
-  if (files == nullptr) return;
-  constexpr int kTypeColumn = 2;
-  files->hideColumn(kTypeColumn);
-  files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  files->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-}
-
-// The toolkit's panel has no message of its own; its layout has a place above everything.
-void SavePanel::addMessage() {
-  auto* const message = new QLabel(tr("Please select a path where to save decoded wav."), this);
-  message->setContentsMargins(layout()->contentsMargins().left(), 10, 10, 0);
-  layout()->setMenuBar(message);
+  setMessage(tr("Please select a path where to save decoded wav."));
+  auto* const make =
+      addWay("newFolderButton", QStringLiteral("new_folder"), tr("Create new folder"));
+  connect(make, &QToolButton::clicked, this, &SavePanel::askForNewFolder);
+  openFolder(_proposal.parent_path());
+  name().setText(PathText::textOf(_proposal.stem()));
+  name().selectAll();
 }
 
 QString SavePanel::withSuffix(const QString& path) {
@@ -78,30 +48,40 @@ QString SavePanel::withSuffix(const QString& path) {
   return path.right(kSuffix.size()).toUpper() == kSuffix ? path : path + kSuffix;
 }
 
-// The panel names files by text, in which bytes that are no UTF-8 are lost: where its text is that
-// of what it began with, that is what is meant.
-std::filesystem::path SavePanel::pathOf(const QString& named) const {
-  const QFileInfo whole(withSuffix(named));
-  const std::filesystem::path folder = _proposal.parent_path();
-  const std::filesystem::path name = _proposal.filename();
-  const bool isFolder = whole.path() == textOf(folder);
-  const bool isName = whole.fileName() == textOf(name);
-  return (isFolder ? folder : bytesOf(whole.path())) / (isName ? name : bytesOf(whole.fileName()));
+void SavePanel::pick(const WavItem& item) {
+  if (!item.isFolder) FilePanel::pick(item);
+}
+
+// Names are typed as text, in which bytes that are no UTF-8 are lost: where it is that of what the
+// panel began with, that is what is meant.
+std::filesystem::path SavePanel::target() const {
+  if (picked()) return named();
+  const QString whole = withSuffix(name().text());
+  if (whole == PathText::textOf(_proposal.filename())) return folder() / _proposal.filename();
+  return PathText::within(folder(), whole);
 }
 
 void SavePanel::accept() {
-  const QStringList named = selectedFiles();
-  if (named.size() != 1 || QFileInfo(named.first()).isDir()) {
-    QFileDialog::accept();
-    return;
-  }
-  const std::filesystem::path path = pathOf(named.first());
-  std::error_code error;
-  if (_source != path && std::filesystem::is_regular_file(path, error)) {
-    askToReplace(path);
-  } else {
-    choose(path, AtomicFile::Existing::Refuse);
-  }
+  if (name().text().isEmpty()) return;
+  const std::filesystem::path typed = named();
+  const std::filesystem::path path = target();
+  if (path.filename().native().size() > NAME_MAX) return say(tr("The name is too long."));
+  look(typed, path,
+       [this, typed, path](const std::optional<Found>& found) { end(typed, path, found); });
+}
+
+// Where nobody could look, the export itself refuses to replace a file.
+void SavePanel::end(const std::filesystem::path& typed, const std::filesystem::path& path,
+                    const std::optional<Found>& found) {
+  if (found && found->isFolder) return goInto(typed);
+  if (found && found->isFile && path != _source) return askToReplace(path);
+  choose(path, AtomicFile::Existing::Refuse);
+}
+
+void SavePanel::goInto(const std::filesystem::path& folder) {
+  openFolder(folder);
+  name().setText(PathText::textOf(_proposal.stem()));
+  name().selectAll();
 }
 
 void SavePanel::askToReplace(const std::filesystem::path& path) {
@@ -110,7 +90,7 @@ void SavePanel::askToReplace(const std::filesystem::path& path) {
   question->setWindowTitle(windowTitle());
   question->setTextFormat(Qt::PlainText);
   question->ensurePolished();
-  const QString name = textOf(path.filename());
+  const QString name = PathText::textOf(path.filename());
   question->setText(
       tr("“%1” exists. Replace it?")
           .arg(question->fontMetrics().elidedText(name, Qt::ElideMiddle, kNameWidth)));
@@ -125,4 +105,28 @@ void SavePanel::askToReplace(const std::filesystem::path& path) {
 void SavePanel::choose(const std::filesystem::path& path, AtomicFile::Existing existing) {
   emit chosen(path, existing);
   done(QDialog::Accepted);
+}
+
+void SavePanel::askForNewFolder() {
+  auto* const question = new QInputDialog(this);
+  question->setAttribute(Qt::WA_DeleteOnClose);
+  question->setWindowTitle(tr("New folder"));
+  question->setLabelText(tr("Name of the new folder:"));
+  connect(question, &QInputDialog::textValueSelected, this, &SavePanel::makeFolder);
+  question->open();
+}
+
+void SavePanel::makeFolder(const QString& name) {
+  if (name.isEmpty()) return;
+  const std::filesystem::path path = PathText::within(folder(), name);
+  const Errand::Work work = [this, path] {
+    return [this, path, failure = makeAt(path)] { showMade(path, failure); };
+  };
+  if (!begin(work, tr("Making “%1”…").arg(name))) showMade(path, tr("no thread can be had"));
+}
+
+void SavePanel::showMade(const std::filesystem::path& folder, const QString& failure) {
+  rest();
+  if (failure.isEmpty()) return openFolder(folder);
+  say(tr("“%1” cannot be made: %2").arg(PathText::textOf(folder.filename()), failure));
 }

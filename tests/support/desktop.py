@@ -171,6 +171,10 @@ class Item:
         iface = self.accessible.get_text_iface()
         return iface.get_text(0, iface.get_character_count())
 
+    @text.setter
+    def text(self, text):
+        self.accessible.get_editable_text_iface().set_text_contents(text)
+
     def has(self, state):
         """Whether it is "enabled", "checked", "focused", "showing", "selected" ..."""
         from gi.repository import Atspi

@@ -136,6 +136,7 @@ class HangingTest(Case):
             position.value = next(places)
         self.answer_each("seeking", seek)
         self.assert_ends("seeking")
+
     def test_folder_to_be_remembered(self):
         self.begin(self.home)
         kinds = ("open", "write", "rename", "sync", "lock")
@@ -149,26 +150,81 @@ class HangingTest(Case):
     def press(self, name):
         self.window.find("push button", name).act("Press")
 
-    # The panel for the place has files looked at by the toolkit, so nothing hangs while it is shown.
+    @staticmethod
+    def press_in(dialog, name):
+        next(item for item in dialog.walk() if item.name == name).act("Press")
+
+    def is_shown(self, name):
+        return self.window.look("dialog", name) is not None
+
+    def close(self, name):
+        """The dialog, if it is there."""
+        if self.is_shown(name):
+            self.press_in(self.window.find("dialog", name), "Cancel")
+        self.window.wait_gone("dialog", name)
+
+    def use_panel(self, show, name, typed, end):
+        """Goes to folders and takes a name, none of which is answered; closes the panel meanwhile,
+        and shows it again."""
+        show()
+        panel = self.window.find("dialog", name)
+        self.press_in(panel, "Parent folder")
+        self.press_in(panel, "Back")
+        field = next(item for item in panel.walk() if item.name == "Name")
+        field.text = typed
+        self.press_in(panel, end)
+        self.assert_answers(f"{name} in use")
+        self.close(name)
+        show()
+        self.window.find("dialog", name)
+
+    def test_choosing_a_folder(self):
+        self.begin(self.home)
+        name = "Choose a file"
+
+        def use():
+            self.use_panel(lambda: self.press("Open folder"), name, "none", "Choose")
+        self.answer_each("folder panel", use, lambda: self.close(name))
+        self.assertTrue(self.is_shown(name), "or nothing hung")
+        self.close(name)
+        self.assert_ends("folder panel")
+
+    def test_a_folder_that_is_not_read_is_told_of(self):
+        self.begin(self.home)
+        self.medium.hang("list")
+        self.press("Open folder")
+        self.window.wait_label("Reading “takes”…")
+        self.medium.hang()
+        panel = self.window.find("dialog", "Choose a file")
+        self.window.wait(lambda: any(item.name == "Bells" for item in panel.walk()), "the rows")
+        self.assertNotIn("Reading “takes”…", self.window.labels())
+
     def test_exporting(self):
         self.begin(self.takes)
         self.open_and_hear()
         self.window.key("space")
+        name = "Saving checkboard..."
 
         def ask():
             self.press("Export")
             self.window.find("dialog", "Export")
+        self.answer_each("export dialog", ask, lambda: self.close("Export"))
+
+        def save():
+            self.press_in(self.window.find("dialog", "Export"), "Save")
 
         def go_back():
-            if self.window.look("dialog", "Export") is not None:
-                self.press("Cancel")
-            self.window.wait_gone("dialog", "Export")
-        self.answer_each("export dialog", ask, go_back)
+            self.close(name)
+            self.close("Export")
+            ask()
+        self.answer_each("save panel", lambda: self.use_panel(save, name, "Bells", "Save"),
+                         go_back)
+        self.medium.hang()
+        go_back()
         self.medium.hang("write")
-        self.press("Save")
-        panel = self.window.find("dialog", "Saving checkboard...")
-        next(item for item in panel.walk() if item.name == "Save").act("Press")
-        self.window.wait_gone("dialog", "Saving checkboard...")
+        save()
+        self.press_in(self.window.find("dialog", name), "Save")
+        self.window.wait_gone("dialog", name)
         self.window.wait(lambda: self.medium.calls()["write"] > 0, "the export")
         self.assert_answers("exporting, write hanging")
         self.medium.hang(*KINDS)

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -11,6 +10,7 @@
 
 #include "WindowFixture.h"
 #include "dialogs/ExportVC.h"
+#include "dialogs/SavePanel.h"
 #include "support/LongTake.h"
 #include "support/SlowReads.h"
 
@@ -26,7 +26,7 @@ class Closing : public WindowFixture {
     open("R0001.WAV");
     controller().btnExport_Click();
     shown<ExportVC>()->btnSave_Click();
-    auto* const panel = shown<QFileDialog>();
+    auto* const panel = shown<SavePanel>();
     ASSERT_NE(panel, nullptr);
     const auto target = takes.path() / "out.WAV";
     panel->findChild<QLineEdit*>()->setText(QString::fromStdString(target.string()));

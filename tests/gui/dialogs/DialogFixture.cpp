@@ -8,7 +8,6 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
-#include <QSettings>
 #include <QTest>
 #include <vector>
 
@@ -26,9 +25,6 @@ constexpr std::ptrdiff_t kFirstSample = 748;
 
 DialogFixture::DialogFixture() : _mainWindow(std::make_unique<QWidget>()) {
   Appearance::apply(*qApp);
-  // The toolkit's file panel keeps a history of its own.
-  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
-                     QString::fromStdString(_configuration.path().string()));
   EB::initData();
   NotificationCenter::defaultCenter().addObserver(
       this, [this](const Notification& event) { _told.push_back(event.name); },
@@ -128,10 +124,11 @@ QPointer<ExportVC> DialogFixture::openExport(const std::shared_ptr<Export>& job)
 
 void DialogFixture::saveAs(ExportVC& dialog, const std::string& path) const {
   click(dialog, "Save");
-  auto* const panel = waitForShown<SavePanel>();
+  const QPointer<SavePanel> panel(waitForShown<SavePanel>());
   auto* const edit = panel->findChild<QLineEdit*>("fileNameEdit");
   edit->setText(QString::fromStdString(path));
   QTest::keyClick(edit, Qt::Key_Return);
+  EXPECT_TRUE(waitUntil([&] { return !panel || shown<QMessageBox>() != nullptr; }));
 }
 
 std::vector<std::string> DialogFixture::told(const QPointer<ExportVC>& dialog) const {

@@ -62,7 +62,7 @@ class DialogFixture : public testing::Test, protected Screen {
   /// Asks for an export over the main window and returns the dialog, shown; what is told of the
   /// export goes to the record.
   QPointer<ExportVC> openExport(const std::shared_ptr<Export>& job);
-  /// Presses Save, types the path and presses Return.
+  /// Presses Save, types the path, presses Return, and waits until it is taken or asked about.
   void saveAs(ExportVC& dialog, const std::string& path) const;
   /// Waits until dialog and export are over and returns the record.
   std::vector<std::string> told(const QPointer<ExportVC>& dialog) const;

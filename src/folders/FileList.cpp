@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "app/FileList.h"
+#include "folders/FileList.h"
 
 #include <QKeyEvent>
 #include <QScrollBar>

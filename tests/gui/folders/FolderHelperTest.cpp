@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "app/FolderHelper.h"
+#include "folders/FolderHelper.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -11,7 +11,7 @@
 #include <ctime>
 #include <filesystem>
 
-#include "app/FolderLister.h"
+#include "folders/FolderLister.h"
 #include "support/LogLines.h"
 #include "support/SlowReads.h"
 #include "support/TemporaryFolder.h"

@@ -7,10 +7,11 @@
 #include <memory>
 #include <vector>
 
-#include "app/FolderHelper.h"
+#include "folders/FolderHelper.h"
 
-/// Lists folders on a thread of its own, so that nobody waits for a large folder or a slow medium;
-/// only where no thread can be had, on the caller's.
+/// Lists folders on a thread of its own, so that nobody waits for a large folder or a slow medium.
+/// Where no thread can be had the answer is what was known of the folder, or that it cannot be
+/// read.
 ///
 /// Interface thread only, which has an event loop. A medium that hangs holds up nothing but its own
 /// answer: no thread is ever waited for.
@@ -30,8 +31,7 @@ class FolderLister {
     std::shared_ptr<const FolderHelper> known;
   };
 
-  /// How a folder is listed. On threads of its own, several at once, or where there are none the
-  /// caller's.
+  /// How a folder is listed. On threads of its own, several at once.
   using Look = std::function<Answer(const Question& question)>;
 
   explicit FolderLister(Done done, Look look = answerTo);
@@ -51,6 +51,7 @@ class FolderLister {
  private:
   class Desk;
 
+  static Answer withoutLooking(const Question& question);
   void start();
   void collect();
 

@@ -5,7 +5,7 @@
 #include <QAbstractListModel>
 #include <vector>
 
-#include "app/WavItem.h"
+#include "folders/WavItem.h"
 
 /// The rows of the file list. Interface thread.
 class FileListModel : public QAbstractListModel {

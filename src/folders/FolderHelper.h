@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "app/FolderStamp.h"
-#include "app/WavItem.h"
+#include "folders/FolderStamp.h"
+#include "folders/WavItem.h"
 
 /// The sub-folders and WAV files of one folder, folders first, then by name: plain order of the
 /// characters, so "B.wav" before "a.wav" and "10.wav" before "9.wav".
@@ -25,6 +25,9 @@ class FolderHelper {
 
   /// Lists the folder at once.
   explicit FolderHelper(std::filesystem::path folderPath);
+  /// Looks at nothing: of a folder that cannot be read, and why.
+  FolderHelper(std::filesystem::path folderPath, std::string failure)
+      : _folderPath(std::move(folderPath)), _failure(std::move(failure)) {}
 
   /// Lists again, in the order of the file system. A folder that cannot be read is logged, and read
   /// on where that is possible; an entry that cannot be looked at is left out.

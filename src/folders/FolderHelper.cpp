@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "app/FolderHelper.h"
+#include "folders/FolderHelper.h"
 
 #include <QFile>
 #include <algorithm>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "app/FileListModel.h"
+#include "folders/FileListModel.h"
 
 #include <gmock/gmock.h>
 
@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <random>
 
-#include "app/FolderHelper.h"
+#include "folders/FolderHelper.h"
 
 namespace {
 

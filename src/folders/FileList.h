@@ -4,8 +4,8 @@
 
 #include <QListView>
 
-#include "app/FileListCell.h"
 #include "controls/KeyboardFocus.h"
+#include "folders/FileListCell.h"
 
 /// The list of files: one column, one row selected at most. Return and the space bar are left to
 /// the window. Interface thread.

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "app/FolderLister.h"
+#include "folders/FolderLister.h"
 
 #include <algorithm>
 #include <mutex>
@@ -12,6 +12,8 @@
 #include "base/ThreadSignal.h"
 
 namespace {
+
+constexpr const char* kNoThread = "no thread can be had";
 
 // What cannot be told is there: listing it says why.
 bool isThere(const std::filesystem::path& folder) {
@@ -76,7 +78,7 @@ void FolderLister::start() {
       desk->put(look(question));
     }).detach();
   } catch (const std::system_error&) {
-    _desk->put(_look(_question));  // no thread to be had
+    _desk->put(withoutLooking(_question));
   }
 }
 
@@ -90,6 +92,12 @@ void FolderLister::collect() {
     start();
   }
   _done(answer);
+}
+
+FolderLister::Answer FolderLister::withoutLooking(const Question& question) {
+  const auto& known = question.known;
+  if (known && known->folderPath() == question.folder) return {known, true};
+  return {std::make_shared<const FolderHelper>(question.folder, kNoThread), false};
 }
 
 FolderLister::Answer FolderLister::answerTo(const Question& question) {

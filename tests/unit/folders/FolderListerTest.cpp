@@ -1,17 +1,22 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "app/FolderLister.h"
+#include "folders/FolderLister.h"
 
 #include <gmock/gmock.h>
+#include <sys/syscall.h>
 
 #include <QCoreApplication>
+#include <cerrno>
+#include <cstdlib>
 #include <memory>
+#include <optional>
 #include <semaphore>
 #include <thread>
 #include <vector>
 
 #include "base/ThreadSignal.h"
+#include "support/Confinement.h"
 #include "support/EventLoop.h"
 #include "support/TemporaryFolder.h"
 
@@ -107,6 +112,27 @@ TEST_F(Lister, MayGoWhileItLists) {
   }
   waitForLooks(0);
   runAll();
+}
+
+// As where there are too many threads.
+int listWithoutThreads(const std::filesystem::path& folder, bool isKnown) {
+  if (!Confinement::failSystemCall(SYS_clone3, EAGAIN)) return 1;
+  if (!Confinement::failSystemCall(SYS_clone, EAGAIN)) return 2;
+  std::optional<FolderLister::Answer> told;
+  FolderLister lister([&told](const FolderLister::Answer& answer) { told = answer; },
+                      [](const FolderLister::Question&) -> FolderLister::Answer { std::_Exit(3); });
+  const auto known = isKnown ? std::make_shared<const FolderHelper>(folder) : nullptr;
+  lister.list({folder, {}, known});
+  if (told || !EventLoop::runUntil([&told] { return told.has_value(); })) return 4;
+  if (isKnown) return told->listing == known && told->isSame ? 0 : 5;
+  return told->listing->files().empty() && !told->listing->failure().empty() ? 0 : 6;
+}
+
+TEST_F(Lister, WithoutAThreadNobodyLooksHere) {
+  folder.file("a.wav", {});
+  for (const bool isKnown : {false, true}) {
+    EXPECT_EQ(Confinement::run([&] { return listWithoutThreads(folder.path(), isKnown); }), 0);
+  }
 }
 
 TEST_F(Lister, TellsWhetherAnythingChanged) {

@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "app/FileListModel.h"
+#include "folders/FileListModel.h"
 
 #include <QTextDocument>
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
 
-#include "app/FolderHelper.h"
 #include "controls/Artwork.h"
+#include "folders/FolderHelper.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "app/FolderStamp.h"
+#include "folders/FolderStamp.h"
 
 #include <linux/magic.h>
 #include <sys/stat.h>
