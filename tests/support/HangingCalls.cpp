@@ -33,6 +33,23 @@
 #include <ctime>
 #include <string_view>
 
+// The C library has no header for them.
+extern "C" {
+int __open_2(const char* path, int flags);
+int __open64_2(const char* path, int flags);
+int __openat_2(int at, const char* path, int flags);
+int __openat64_2(int at, const char* path, int flags);
+ssize_t __read_chk(int file, void* to, size_t count, size_t room);
+ssize_t __pread_chk(int file, void* to, size_t count, off_t at, size_t room);
+ssize_t __pread64_chk(int file, void* to, size_t count, off64_t at, size_t room);
+ssize_t __readlink_chk(const char* path, char* to, size_t size, size_t room);
+ssize_t __readlinkat_chk(int at, const char* path, char* to, size_t size, size_t room);
+char* __realpath_chk(const char* path, char* to, size_t room);
+int __poll_chk(pollfd* files, nfds_t count, int timeout, size_t room);
+int __ppoll_chk(pollfd* files, nfds_t count, const timespec* timeout, const sigset_t* mask,
+                size_t room);
+}
+
 namespace {
 
 enum Kind : std::size_t { Open, Read, Write, Stat, Space, List, Rename, Sync, Lock, Close, kKinds };
@@ -138,6 +155,12 @@ void beginRound() {
   if (board() != nullptr && isMainThread()) roundBegan = now();
 }
 
+bool locks(int command) {
+  constexpr std::array<int, 6> kLocks = {F_SETLK,     F_SETLKW,     F_GETLK,
+                                         F_OFD_SETLK, F_OFD_SETLKW, F_OFD_GETLK};
+  return std::ranges::find(kLocks, command) != kLocks.end();
+}
+
 template <class Function>
 Function next(const char* name) {
   return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
@@ -169,6 +192,14 @@ int ppoll(pollfd* files, nfds_t count, const timespec* timeout, const sigset_t* 
   return result;
 }
 
+int __poll_chk(pollfd* files, nfds_t count, int timeout, size_t /*room*/) {
+  return poll(files, count, timeout);
+}
+int __ppoll_chk(pollfd* files, nfds_t count, const timespec* timeout, const sigset_t* mask,
+                size_t /*room*/) {
+  return ppoll(files, count, timeout, mask);
+}
+
 #define OPENS(name)                                                                 \
   int name(const char* path, int flags, ...) {                                      \
     NEXT(name);                                                                     \
@@ -182,6 +213,16 @@ int ppoll(pollfd* files, nfds_t count, const timespec* timeout, const sigset_t* 
 OPENS(open)
 OPENS(open64)
 
+// What a program calls that was built with the C library's checks.
+#define OPENS_CHECKED(name)               \
+  int name(const char* path, int flags) { \
+    NEXT(name);                           \
+    hang(Open, path);                     \
+    return kReal(path, flags);            \
+  }
+OPENS_CHECKED(__open_2)
+OPENS_CHECKED(__open64_2)
+
 #define OPENS_AT(name)                                                              \
   int name(int at, const char* path, int flags, ...) {                              \
     NEXT(name);                                                                     \
@@ -194,6 +235,15 @@ OPENS(open64)
   }
 OPENS_AT(openat)
 OPENS_AT(openat64)
+
+#define OPENS_AT_CHECKED(name)                    \
+  int name(int at, const char* path, int flags) { \
+    NEXT(name);                                   \
+    hangAt(Open, at, path);                       \
+    return kReal(at, path, flags);                \
+  }
+OPENS_AT_CHECKED(__openat_2)
+OPENS_AT_CHECKED(__openat64_2)
 
 #define HANGS(kind, result, name, parameters, what, arguments) \
   result name parameters {                                     \
@@ -222,6 +272,13 @@ HANGS(Read, ssize_t, pread, (int file, void* to, size_t count, off_t at), file,
 HANGS(Read, ssize_t, pread64, (int file, void* to, size_t count, off64_t at), file,
       (file, to, count, at))
 HANGS(Read, ssize_t, readv, (int file, const iovec* to, int count), file, (file, to, count))
+
+HANGS(Read, ssize_t, __read_chk, (int file, void* to, size_t count, size_t room), file,
+      (file, to, count, room))
+HANGS(Read, ssize_t, __pread_chk, (int file, void* to, size_t count, off_t at, size_t room), file,
+      (file, to, count, at, room))
+HANGS(Read, ssize_t, __pread64_chk, (int file, void* to, size_t count, off64_t at, size_t room),
+      file, (file, to, count, at, room))
 
 HANGS(Write, ssize_t, write, (int file, const void* from, size_t count), file, (file, from, count))
 HANGS(Write, ssize_t, pwrite, (int file, const void* from, size_t count, off_t at), file,
@@ -255,6 +312,13 @@ HANGS(Stat, ssize_t, readlink, (const char* path, char* to, size_t size), path, 
 HANGS_AT(Stat, ssize_t, readlinkat, (int at, const char* path, char* to, size_t size), at, path,
          (at, path, to, size))
 HANGS(Stat, char*, realpath, (const char* path, char* to), path, (path, to))
+HANGS(Stat, ssize_t, __readlink_chk, (const char* path, char* to, size_t size, size_t room), path,
+      (path, to, size, room))
+HANGS_AT(Stat, ssize_t, __readlinkat_chk,
+         (int at, const char* path, char* to, size_t size, size_t room), at, path,
+         (at, path, to, size, room))
+HANGS(Stat, char*, __realpath_chk, (const char* path, char* to, size_t room), path,
+      (path, to, room))
 HANGS(Stat, int, inotify_add_watch, (int watch, const char* path, std::uint32_t mask), path,
       (watch, path, mask))
 
@@ -283,6 +347,7 @@ HANGS_AT(Rename, int, linkat, (int at, const char* from, int to, const char* nam
          name, (at, from, to, name, flags))
 HANGS(Rename, int, unlink, (const char* path), path, (path))
 HANGS_AT(Rename, int, unlinkat, (int at, const char* path, int flags), at, path, (at, path, flags))
+HANGS(Rename, int, rmdir, (const char* path), path, (path))
 HANGS(Rename, int, remove, (const char* path), path, (path))
 
 HANGS(Sync, int, fsync, (int file), file, (file))
@@ -291,6 +356,22 @@ HANGS(Sync, int, sync_file_range, (int file, off64_t at, off64_t count, unsigned
       (file, at, count, flags))
 
 HANGS(Lock, int, flock, (int file, int how), file, (file, how))
+HANGS(Lock, int, lockf, (int file, int how, off_t count), file, (file, how, count))
+HANGS(Lock, int, lockf64, (int file, int how, off64_t count), file, (file, how, count))
+
+// What follows is a number or an address, either of which fits.
+#define CONTROLS(name)                      \
+  int name(int file, int command, ...) {    \
+    NEXT(name);                             \
+    va_list more;                           \
+    va_start(more, command);                \
+    void* const what = va_arg(more, void*); \
+    va_end(more);                           \
+    if (locks(command)) hang(Lock, file);   \
+    return kReal(file, command, what);      \
+  }
+CONTROLS(fcntl)
+CONTROLS(fcntl64)
 
 HANGS(Close, int, close, (int file), file, (file))
 HANGS(Close, int, closedir, (DIR * entries), dirfd(entries), (entries))
