@@ -93,6 +93,7 @@ void checkWaveform(const TakeAnalysis& analysis, const Question& question, const
 
 void checkSame(const TakeAnalysis& one, const TakeAnalysis& other) {
   require(one.findings().keys == other.findings().keys, "the same bins");
+  require(one.findings().peakKeys == other.findings().peakKeys, "the same peaks of blocks");
   require(one.findings().samplePeaks == other.findings().samplePeaks, "the same sample peaks");
   require(one.findings().truePeaks == other.findings().truePeaks, "the same true peaks");
 }

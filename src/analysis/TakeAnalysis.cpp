@@ -126,8 +126,8 @@ void TakeAnalysis::addBounds(TakeFigures& figures, int width, double gain, std::
   figures.arePeaksBounds = true;
   Waveform::Column column;
   if (from < to) {
-    column =
-        WaveformBins(_findings, width, 0).column(layout().binOf(from), layout().binOf(to - 1) + 1);
+    column = WaveformBins(_findings.binKeys(), width, 0)
+                 .column(layout().binOf(from), layout().binOf(to - 1) + 1);
   }
   const auto greatest = [](float a, float b) { return static_cast<double>(std::max(a, -b)); };
   const double factor = std::sqrt(powerGain(gain));
@@ -165,7 +165,7 @@ Waveform TakeAnalysis::waveform(int width, double gain, std::uint64_t from, std:
   waveform.from = std::min(from, waveform.to);
   waveform.columns.resize(columns);
   if (waveform.from == waveform.to) return waveform;
-  const WaveformBins bins(_findings, width, gain);
+  const WaveformBins bins(_findings.binKeys(), width, gain);
   for (std::size_t i = 0; i < columns; ++i) {
     const std::uint64_t begin = waveform.columnStart(i);
     const std::uint64_t end = std::max(begin + 1, waveform.columnStart(i + 1));
@@ -176,5 +176,6 @@ Waveform TakeAnalysis::waveform(int width, double gain, std::uint64_t from, std:
 
 std::size_t TakeAnalysis::memory() const {
   return sizeof *this + _findings.blocks.capacity() * sizeof(BlockSums) +
-         _findings.keys.capacity() * sizeof(UpperKey::Key) + _loudness.memory();
+         (_findings.keys.capacity() + _findings.peakKeys.capacity()) * sizeof(UpperKey::Key) +
+         _loudness.memory();
 }

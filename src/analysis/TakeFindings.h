@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "analysis/BinKeys.h"
 #include "analysis/BlockSums.h"
 #include "analysis/PeakEnvelope.h"
 #include "analysis/TakeLayout.h"
@@ -18,10 +19,12 @@ struct TakeFindings {
 
   /// Puts the result of a unit in its place.
   void add(const UnitResult& unit);
+  [[nodiscard]] BinKeys binKeys() const;
 
   TakeLayout layout;
   std::vector<BlockSums> blocks;
-  std::vector<UpperKey::Key> keys;  ///< plane after plane, a key for each bin of the take
+  std::vector<UpperKey::Key> keys;      ///< as `BinKeys` has them
+  std::vector<UpperKey::Key> peakKeys;  ///< the same
   PeakEnvelope samplePeaks;
   PeakEnvelope truePeaks;
   std::size_t unitsKnown = 0;

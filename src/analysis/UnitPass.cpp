@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 
+#include "analysis/BinKeys.h"
 #include "analysis/WidthGrid.h"
 #include "dsp/AnalysisKernels.h"
 #include "dsp/Oversampling.h"
@@ -109,14 +110,19 @@ void UnitPass::findExtremes(UnitResult& result) {
   const std::uint64_t start = std::uint64_t{result.unit} * _layout.framesPerUnit();
   const std::size_t firstBin = _layout.binOf(start);
   const std::size_t bins = _layout.binOf(start + _unitFrames - 1) + 1 - firstBin;
-  result.keys.assign(bins * _extremes, UpperKey::kNothing);
+  const std::size_t blocks = (_unitFrames + lead - 1) / lead;
+  result.keys.assign(bins * BinKeys::planes(_layout.isRawMidSide()), UpperKey::kNothing);
+  result.peakKeys.assign(_layout.isRawMidSide() ? blocks * _peakLine.size() : 0, 0);
   _pieces.clear();
   addPiece(lead - kReach, lead);
   for (std::size_t bin = 0; bin < bins; ++bin) {
     const std::size_t firstPiece = _pieces.size();
+    if (bin % TakeLayout::kBinsPerBlock == 0) _peakLine.fill(0.0F);
     addBin(lead + _layout.binStart(firstBin + bin) - start,
            lead + _layout.binStart(firstBin + bin + 1) - start);
     storeKeys(result, bin, firstPiece);
+    if (result.peakKeys.empty()) continue;
+    BinKeys::storePeaks(_peakLine, bin / TakeLayout::kBinsPerBlock, result.peakKeys);
   }
   addPiece(lead + _unitFrames, lead + _unitFrames + kReach);
 }
@@ -125,7 +131,10 @@ void UnitPass::findExtremes(UnitResult& result) {
 void UnitPass::addBin(std::size_t begin, std::size_t end) {
   const std::size_t count = (end - begin + kMostPieceFrames - 1) / kMostPieceFrames;
   for (std::size_t i = 0; i < count; ++i) {
-    addPiece(begin + (end - begin) * i / count, begin + (end - begin) * (i + 1) / count);
+    const std::size_t from = begin + (end - begin) * i / count;
+    const std::size_t to = begin + (end - begin) * (i + 1) / count;
+    addPiece(from, to);
+    raisePeakLine(frames(from, to));
   }
 }
 
@@ -140,16 +149,21 @@ void UnitPass::addPiece(std::size_t begin, std::size_t end) {
   }
 }
 
+void UnitPass::raisePeakLine(std::span<const float> frames) {
+  if (!_layout.isRawMidSide()) return;
+  if (_isFinite) {
+    AnalysisKernels::raiseMagnitudes(frames, WidthGrid::peakNodeGains(), _peakLine);
+  } else {
+    PlainAnalysisKernels::raiseMagnitudes(frames, WidthGrid::peakNodeGains(), _peakLine);
+  }
+}
+
 void UnitPass::storeKeys(UnitResult& result, std::size_t bin, std::size_t firstPiece) {
-  const std::size_t bins = result.keys.size() / _extremes;
   auto extremes = _pieces[firstPiece].extremes;
   for (std::size_t i = firstPiece + 1; i < _pieces.size(); ++i) {
     widen(extremes, _pieces[i].extremes);
   }
-  for (std::size_t plane = 0; plane < _extremes; ++plane) {
-    const float value = plane % 2 == 0 ? extremes[plane] : -extremes[plane];
-    result.keys[plane * bins + bin] = UpperKey::of(value);
-  }
+  BinKeys::store(std::span(extremes).first(_extremes), _layout.isRawMidSide(), bin, result.keys);
 }
 
 // The pieces with the greatest values: once these are known, most others are out.

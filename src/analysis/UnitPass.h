@@ -12,6 +12,7 @@
 
 #include "analysis/TakeLayout.h"
 #include "analysis/UnitResult.h"
+#include "analysis/WidthGrid.h"
 #include "dsp/AnalysisKernels.h"
 #include "dsp/KWeighting.h"
 #include "wav/FrameStream.h"
@@ -56,6 +57,7 @@ class UnitPass {
   void addBin(std::size_t begin, std::size_t end);
   void addPiece(std::size_t begin, std::size_t end);
   void storeKeys(UnitResult& result, std::size_t bin, std::size_t firstPiece);
+  void raisePeakLine(std::span<const float> frames);
   void findLoudest();
   void raiseSamplePeaks(PeakEnvelope& peaks);
   void makeFinite();
@@ -78,7 +80,8 @@ class UnitPass {
   std::vector<float> _buffer;  ///< a block before the unit, the unit, and a few frames after it
   std::size_t _unitFrames = 0;
   bool _isFinite = true;
-  std::vector<Piece> _pieces;         ///< with the frames before the first one and after the last
-  std::vector<std::size_t> _loudest;  ///< pieces that come first
-  std::vector<float> _between;        ///< values between the samples of a part of a piece
+  std::vector<Piece> _pieces;  ///< with the frames before the first one and after the last
+  std::array<float, WidthGrid::kPeakNodes.size()> _peakLine{};  ///< of the block so far
+  std::vector<std::size_t> _loudest;                            ///< pieces that come first
+  std::vector<float> _between;  ///< values between the samples of a part of a piece
 };

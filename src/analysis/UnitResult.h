@@ -13,7 +13,8 @@
 struct UnitResult {
   std::size_t unit = 0;
   std::vector<BlockSums> blocks;
-  std::vector<UpperKey::Key> keys;  ///< plane after plane, a key for each bin of the unit
-  PeakEnvelope samplePeaks;         ///< of this unit and of all that was known before
+  std::vector<UpperKey::Key> keys;      ///< of its bins, as `BinKeys` has them
+  std::vector<UpperKey::Key> peakKeys;  ///< of its blocks
+  PeakEnvelope samplePeaks;             ///< of this unit and of all that was known before
   PeakEnvelope truePeaks;
 };

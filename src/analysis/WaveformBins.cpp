@@ -5,43 +5,64 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
 // For the rounding of the line and the gain, so that a column never reads low.
 constexpr float kOutward = 1.0F + 1e-6F;
 
+using Keys = std::span<const UpperKey::Key>;
+
+UpperKey::Key greatest(Keys keys) {
+  UpperKey::Key most = UpperKey::kNothing;
+  for (const UpperKey::Key key : keys) most = std::max(most, key);
+  return most;
+}
+
+// So far along the straight line; where one end is infinite, that.
+float between(float low, float high, float weight) {
+  const float value = low + (high - low) * weight;
+  return std::isnan(value) ? std::max(low, high) : value;
+}
+
 }  // namespace
 
-WaveformBins::WaveformBins(const TakeFindings& findings, int width, double gain)
-    : _keys(findings.keys),
-      _bins(findings.layout.bins()),
-      _isRawMidSide(findings.layout.isRawMidSide()),
+WaveformBins::WaveformBins(const BinKeys& keys, int width, double gain)
+    : _keys(keys),
       _place(WidthGrid::locate(width)),
+      _peakPlace(keys.isRawMidSide ? WidthGrid::locatePeak(width) : std::nullopt),
       _gain(static_cast<float>(std::pow(10.0, gain / 20.0))) {}
 
 // Mid alone is both Left and Right at the first node.
 std::size_t WaveformBins::plane(std::size_t node, Side side) const {
-  return node == 0 && _isRawMidSide ? side % 2 : 4 * node + side;
+  if (!_keys.isRawMidSide) return side;
+  return node == 0 ? side % 2 : 4 * node + side - 2;
 }
 
 UpperKey::Key WaveformBins::greatestKey(std::size_t plane, std::size_t first,
                                         std::size_t end) const {
-  UpperKey::Key most = UpperKey::kNothing;
-  for (const UpperKey::Key key : _keys.subspan(plane * _bins + first, end - first)) {
-    most = std::max(most, key);
-  }
-  return most;
+  return greatest(_keys.keys.subspan(plane * _keys.bins + first, end - first));
 }
 
 float WaveformBins::upper(Side side, std::size_t first, std::size_t end) const {
-  const std::size_t node = _isRawMidSide ? _place.node : 0;
+  const std::size_t node = _keys.isRawMidSide ? _place.node : 0;
   const float low = UpperKey::value(greatestKey(plane(node, side), first, end));
-  if (!_isRawMidSide || _place.weight == 0.0F) return low;
+  if (!_keys.isRawMidSide || _place.weight == 0.0F) return low;
   const float high = UpperKey::value(greatestKey(plane(node + 1, side), first, end));
-  const float between = low + (high - low) * _place.weight;
-  // Where that is not a number, one of both is infinite.
-  return std::isnan(between) ? std::max(low, high) : between;
+  return between(low, high, _place.weight);
+}
+
+// Of the louder channel, over the blocks that hold these bins; no bound where none is kept.
+float WaveformBins::upperOfPeak(std::size_t first, std::size_t end) const {
+  if (!_peakPlace) return std::numeric_limits<float>::infinity();
+  const std::size_t block = first / _keys.binsPerBlock;
+  const std::size_t count = (end - 1) / _keys.binsPerBlock + 1 - block;
+  const auto at = [&](std::size_t node) {
+    return UpperKey::value(greatest(_keys.peakKeys.subspan(node * _keys.blocks + block, count)));
+  };
+  const auto [node, weight] = *_peakPlace;
+  return weight == 0.0F ? at(node) : between(at(node), at(node + 1), weight);
 }
 
 Waveform::Column WaveformBins::column(std::size_t first, std::size_t end) const {
@@ -51,10 +72,12 @@ Waveform::Column WaveformBins::column(std::size_t first, std::size_t end) const 
   Waveform::Column column;
   column.isKnown = greatestKey(0, first, end) != UpperKey::kNothing;
   if (!column.isKnown) return column;
-  column.greatestLeft = outward(upper(GreatestLeft, first, end));
-  column.leastLeft = -outward(upper(LeastLeft, first, end));
-  column.greatestRight = outward(upper(GreatestRight, first, end));
-  column.leastRight = -outward(upper(LeastRight, first, end));
+  const float most = upperOfPeak(first, end);
+  const auto edge = [&](Side side) { return outward(std::min(upper(side, first, end), most)); };
+  column.greatestLeft = edge(GreatestLeft);
+  column.leastLeft = -edge(LeastLeft);
+  column.greatestRight = edge(GreatestRight);
+  column.leastRight = -edge(LeastRight);
   column.mayClip = std::max({column.greatestLeft, -column.leastLeft, column.greatestRight,
                              -column.leastRight}) > 1.0F;
   return column;

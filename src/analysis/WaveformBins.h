@@ -3,16 +3,16 @@
 #pragma once
 
 #include <cstddef>
-#include <span>
+#include <optional>
 
-#include "analysis/TakeFindings.h"
+#include "analysis/BinKeys.h"
 #include "analysis/Waveform.h"
 #include "analysis/WidthGrid.h"
 
-/// The bins of a take as seen at one width and gain. Lives no longer than the findings.
+/// Bins as seen at one width and gain. Lives no longer than the keys.
 class WaveformBins {
  public:
-  WaveformBins(const TakeFindings& findings, int width, double gain);
+  WaveformBins(const BinKeys& keys, int width, double gain);
 
   /// Extremes over bins [first, end), at least one.
   [[nodiscard]] Waveform::Column column(std::size_t first, std::size_t end) const;
@@ -23,11 +23,11 @@ class WaveformBins {
   [[nodiscard]] UpperKey::Key greatestKey(std::size_t plane, std::size_t first,
                                           std::size_t end) const;
   [[nodiscard]] float upper(Side side, std::size_t first, std::size_t end) const;
+  [[nodiscard]] float upperOfPeak(std::size_t first, std::size_t end) const;
   [[nodiscard]] std::size_t plane(std::size_t node, Side side) const;
 
-  std::span<const UpperKey::Key> _keys;
-  std::size_t _bins;
-  bool _isRawMidSide;
+  BinKeys _keys;
   WidthGrid::Place _place;
+  std::optional<WidthGrid::Place> _peakPlace;  ///< where it tells more than the extremes do
   float _gain;
 };

@@ -9,6 +9,7 @@
 #include <limits>
 #include <span>
 
+#include "dsp/AnalysisKernels.h"
 #include "dsp/Kernels.h"
 #include "dsp/PlainAnalysisKernels.h"
 #include "dsp/SideGain.h"
@@ -28,6 +29,7 @@ bool isOverFullScale(const Waveform::Column& column) {
 WaveformTruth::WaveformTruth(const WaveFileReader& reader, std::uint64_t firstFrame, int width,
                              double gain)
     : _stream(reader),
+      _frames(_stream.framesLeft()),
       _firstFrame(firstFrame),
       _isRawMidSide(reader.isBoMSFormat()),
       _sideGain(SideGain::factor(width)),
@@ -47,7 +49,7 @@ bool WaveformTruth::settle(Waveform& waveform, const std::atomic<bool>* cancel) 
 
 bool WaveformTruth::read(std::uint64_t from, std::uint64_t to, Waveform::Column& column) {
   Waveform::Column truth{kFar, -kFar, kFar, -kFar, true, false};
-  _stream.seek(from);
+  goTo(from);
   while (from < to) {
     const std::uint64_t wanted = std::min<std::uint64_t>(to - from, kBlockFrames);
     if (_stream.read(std::span(_block).first(2 * wanted)) != wanted) return false;
@@ -59,11 +61,20 @@ bool WaveformTruth::read(std::uint64_t from, std::uint64_t to, Waveform::Column&
   return true;
 }
 
+// Going on where the last column ended keeps what is at hand.
+void WaveformTruth::goTo(std::uint64_t frame) {
+  if (_frames - _stream.framesLeft() != frame) _stream.seek(frame);
+}
+
 void WaveformTruth::widen(std::uint64_t frames, Waveform::Column& column) {
   const std::span<float> block = std::span(_block).first(2 * frames);
   if (_isRawMidSide) Kernels::decodeMidSide(block, _sideGain);
   std::array<float, 4> extremes{-kFar, kFar, -kFar, kFar};
-  PlainAnalysisKernels::raiseExtremes(block, {}, extremes);
+  if (AnalysisKernels::areFinite(block)) {
+    AnalysisKernels::raiseExtremes(block, {}, extremes);
+  } else {
+    PlainAnalysisKernels::raiseExtremes(block, {}, extremes);
+  }
   column.greatestLeft = std::max(column.greatestLeft, extremes[0] * _gain);
   column.leastLeft = std::min(column.leastLeft, extremes[1] * _gain);
   column.greatestRight = std::max(column.greatestRight, extremes[2] * _gain);

@@ -26,9 +26,11 @@ class WaveformTruth {
 
  private:
   bool read(std::uint64_t from, std::uint64_t to, Waveform::Column& column);
+  void goTo(std::uint64_t frame);
   void widen(std::uint64_t frames, Waveform::Column& column);
 
   FrameStream _stream;
+  const std::uint64_t _frames;  ///< of the file
   std::uint64_t _firstFrame;
   bool _isRawMidSide;
   float _sideGain;

@@ -15,11 +15,23 @@ std::array<float, WidthGrid::kWidths> makeSideGains() {
   return gains;
 }
 
-std::array<float, WidthGrid::kNodes.size()> makeNodeGains() {
-  std::array<float, WidthGrid::kNodes.size()> gains{};
-  std::ranges::transform(WidthGrid::kNodes, gains.begin(),
-                         [](int angle) { return SideGain::factor(angle); });
+template <std::size_t Size>
+std::array<float, Size> gainsOf(const std::array<int, Size>& angles) {
+  std::array<float, Size> gains{};
+  std::ranges::transform(angles, gains.begin(), [](int angle) { return SideGain::factor(angle); });
   return gains;
+}
+
+WidthGrid::Place place(int angle, std::span<const int> nodes) {
+  const auto above = std::ranges::upper_bound(nodes, angle);
+  const auto node = static_cast<std::size_t>(above - nodes.begin()) - 1;
+  if (nodes[node] == angle) return {node, 0.0F};
+  const float low = SideGain::factor(nodes[node]);
+  return {node, (SideGain::factor(angle) - low) / (SideGain::factor(nodes[node + 1]) - low)};
+}
+
+int held(int angle) {
+  return std::clamp(angle, SideGain::kMinAngle, SideGain::kMaxAngle);
 }
 
 }  // namespace
@@ -30,15 +42,20 @@ std::span<const float, WidthGrid::kWidths> WidthGrid::sideGains() {
 }
 
 std::span<const float, WidthGrid::kNodes.size()> WidthGrid::nodeGains() {
-  static const auto kGains = makeNodeGains();
+  static const auto kGains = gainsOf(kNodes);
+  return kGains;
+}
+
+std::span<const float, WidthGrid::kPeakNodes.size()> WidthGrid::peakNodeGains() {
+  static const auto kGains = gainsOf(kPeakNodes);
   return kGains;
 }
 
 WidthGrid::Place WidthGrid::locate(int angle) {
-  const int held = std::clamp(angle, SideGain::kMinAngle, SideGain::kMaxAngle);
-  const auto above = std::ranges::upper_bound(kNodes, held);
-  const auto node = static_cast<std::size_t>(above - kNodes.begin()) - 1;
-  if (kNodes[node] == held) return {node, 0.0F};
-  const float low = nodeGains()[node];
-  return {node, (SideGain::factor(held) - low) / (nodeGains()[node + 1] - low)};
+  return place(held(angle), kNodes);
+}
+
+std::optional<WidthGrid::Place> WidthGrid::locatePeak(int angle) {
+  if (held(angle) > kPeakNodes.back()) return std::nullopt;
+  return place(held(angle), kPeakNodes);
 }

@@ -26,6 +26,11 @@ class AnalysisKernels {
   static void raiseExtremes(std::span<const float> frames, std::span<const float> gains,
                             std::span<float> extremes);
 
+  /// Raises peaks[i] to |M| + g |S|, with g = gains[i] of 0 or more: what the greater of Left and
+  /// Right comes to as the decode rounds it. Samples are finite. peaks.size() == gains.size().
+  static void raiseMagnitudes(std::span<const float> frames, std::span<const float> gains,
+                              std::span<float> peaks);
+
   /// True where at every gain of the gate no frame exceeds it; what is not a number exceeds it.
   static bool areUnder(std::span<const float> frames, const PeakGate& gate);
 

@@ -68,6 +68,15 @@ void PlainAnalysisKernels::raiseExtremes(std::span<const float> frames,
   }
 }
 
+void PlainAnalysisKernels::raiseMagnitudes(std::span<const float> frames,
+                                           std::span<const float> gains, std::span<float> peaks) {
+  for (std::size_t i = 0; i + 1 < frames.size(); i += 2) {
+    const float mid = std::fabs(frames[i]);
+    const float side = std::fabs(frames[i + 1]);
+    for (std::size_t g = 0; g < gains.size(); ++g) raise(peaks[g], mid + side * gains[g]);
+  }
+}
+
 bool PlainAnalysisKernels::areUnder(std::span<const float> frames, const PeakGate& gate) {
   for (std::size_t i = 0; i + 1 < frames.size(); i += 2) {
     if (passes(frames[i], frames[i + 1], gate)) return false;

@@ -19,6 +19,7 @@ constexpr std::uint32_t kRate = 48000;
 void expectSame(const TakeAnalysis& got, const TakeAnalysis& wanted) {
   EXPECT_EQ(got.findings().blocks, wanted.findings().blocks);
   EXPECT_EQ(got.findings().keys, wanted.findings().keys);
+  EXPECT_EQ(got.findings().peakKeys, wanted.findings().peakKeys);
   EXPECT_TRUE(got.findings().samplePeaks == wanted.findings().samplePeaks);
   EXPECT_TRUE(got.findings().truePeaks == wanted.findings().truePeaks);
 }

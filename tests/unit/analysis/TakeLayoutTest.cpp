@@ -61,3 +61,25 @@ TEST(WidthGridTest, PlacesAreOnTheLineBetweenTheirNodes) {
   EXPECT_EQ(WidthGrid::locate(-5).node, 0U);
   EXPECT_EQ(WidthGrid::locate(500).node, WidthGrid::kNodes.size() - 1);
 }
+
+// No width from 15 on lies between nodes that are more than 9 degrees apart.
+TEST(WidthGridTest, NodesOfPeaksAreCloseUpToWhereThoseOfExtremesAre) {
+  const auto& peaks = WidthGrid::kPeakNodes;
+  for (std::size_t i = 3; i + 1 < peaks.size(); ++i) EXPECT_LE(peaks[i + 1] - peaks[i], 9);
+  const auto& nodes = WidthGrid::kNodes;
+  const auto last = std::ranges::find(nodes, peaks.back());
+  ASSERT_NE(last, nodes.end());
+  for (auto node = last; node + 1 != nodes.end(); ++node) EXPECT_LE(node[1] - node[0], 9);
+  EXPECT_TRUE(WidthGrid::locatePeak(peaks.back()));
+  EXPECT_FALSE(WidthGrid::locatePeak(peaks.back() + 1));
+}
+
+TEST(WidthGridTest, PlacesOfPeaksAreOnTheLineBetweenTheirNodes) {
+  for (int angle = 0; angle <= WidthGrid::kPeakNodes.back(); ++angle) {
+    const auto place = WidthGrid::locatePeak(angle);
+    ASSERT_TRUE(place) << angle;
+    const float low = WidthGrid::peakNodeGains()[place->node];
+    const float high = place->weight > 0 ? WidthGrid::peakNodeGains()[place->node + 1] : low;
+    EXPECT_NEAR(low + place->weight * (high - low), SideGain::factor(angle), 1e-6) << angle;
+  }
+}

@@ -161,6 +161,40 @@ TEST_P(AnalysisKernelsTest, ExtremesOnlyWiden) {
   EXPECT_EQ(extremes, (std::vector<float>{0.75F, -1.0F, 0.5F, 0.5F, 2.0F, -1.0F, 0.0F, 0.0F}));
 }
 
+TEST_P(AnalysisKernelsTest, MagnitudesAreThePlainLoopForAnyCountAndMisalignment) {
+  SampleInputs inputs(77);
+  for (std::size_t count = 0; count <= kCounts; ++count) {
+    for (std::size_t offset = 0; offset < kOffsets; ++offset) {
+      const auto gains = someGains(inputs, inputs.upTo(17));
+      const bool isTame = inputs.upTo(1) == 0;
+      const auto frames = isTame ? inputs.audio(2 * count) : finite(inputs, 2 * count);
+      std::vector<float> wanted = someGains(inputs, gains.size());
+      std::vector<float> got = wanted;
+      PlainAnalysisKernels::raiseMagnitudes(frames, gains, wanted);
+      GuardedBuffer<float> buffer(frames, 4 * offset);
+      AnalysisKernels::raiseMagnitudes(buffer.span(), gains, got);
+      ASSERT_EQ(bitsOf(got), bitsOf(wanted)) << count << " frames, " << gains.size() << " gains";
+    }
+  }
+}
+
+// The louder of both channels, to the last bit.
+TEST_P(AnalysisKernelsTest, MagnitudesAreThoseOfTheDecode) {
+  SampleInputs inputs(78);
+  const std::vector<float> gains = {0.0F, 0.3F, 1.0F, 1.9952623F};
+  const auto frames = inputs.audio(2 * kCounts);
+  std::vector<float> got(gains.size());
+  AnalysisKernels::raiseMagnitudes(frames, gains, got);
+  for (std::size_t g = 0; g < gains.size(); ++g) {
+    float wanted = 0;
+    for (std::size_t i = 0; i < frames.size(); i += 2) {
+      const float side = frames[i + 1] * gains[g];
+      wanted = std::max({wanted, std::fabs(frames[i] + side), std::fabs(frames[i] - side)});
+    }
+    EXPECT_EQ(got[g], wanted) << gains[g];
+  }
+}
+
 TEST_P(AnalysisKernelsTest, PeaksAreThePlainLoopForAnyCountAndMisalignment) {
   SampleInputs inputs(151);
   for (std::size_t count = 0; count <= kCounts; ++count) {
