@@ -3,17 +3,14 @@
 
 #include "app/MeasuredTake.h"
 
-#include <QElapsedTimer>
 #include <algorithm>
 #include <thread>
+#include <utility>
 
 namespace {
 
-constexpr int kLook = 100;        // ms from one look to the next, at least
-constexpr int kShareOfLook = 20;  // a copy of a long take may take a twentieth of the time
-
-// What is known of a longer take in between is not shown: that is a copy, of 8 MiB an hour.
-constexpr double kLongestInParts = 5400;  // seconds
+constexpr int kLook = 100;       // ms from one look to the next, at least
+constexpr int kShareOfLook = 5;  // a copy of a long take may take a fifth of the time
 
 // One processor is left to the player and the window.
 unsigned workers() {
@@ -46,14 +43,15 @@ void MeasuredTake::begin() {
   options.workers = workers();
   _analysis.reset();
   _progress = 0;
-  _comesInParts = reader->durationSeconds() <= kLongestInParts;
-  _analyzer = std::make_unique<TakeAnalyzer>(reader->apart(), options);
+  _analyzer = std::make_shared<TakeAnalyzer>(reader->apart(), options);
   _timerMeasured.start(kLook);
   emit measured();
 }
 
 void MeasuredTake::drop() {
   _timerMeasured.stop();
+  _errand.giveUp();
+  if (_analyzer) _analyzer->cancel();
   _analyzer.reset();
   _progress = 0;
   _analysis.reset();
@@ -67,26 +65,31 @@ void MeasuredTake::lookAt(double seconds) {
 }
 
 void MeasuredTake::collect() {
-  if (!_analyzer) return;
-  QElapsedTimer timer;
-  timer.start();
+  if (!_analyzer || _errand.isUnderWay()) return;
   const bool isFinished = _analyzer->isFinished();
-  const double progress = _analyzer->progress();
-  if (isFinished) return finish();
-  if (progress != _progress) {
-    _progress = progress;
-    if (_comesInParts) _analysis = _analyzer->soFar();
-    emit measured();
-  }
-  _timerMeasured.start(std::max(kLook, static_cast<int>(timer.elapsed()) * kShareOfLook));
+  if (isFinished || _analyzer->progress() != _progress) return fetch(isFinished);
+  _timerMeasured.start(kLook);
 }
 
-// Where reading failed, what has been found stays.
-void MeasuredTake::finish() {
-  _timerMeasured.stop();
-  _progress = _analyzer->progress();
-  auto whole = _analyzer->wait();
-  _analysis = whole ? std::move(whole) : _analyzer->soFar();
-  _analyzer.reset();
+// Where reading failed, what has been found stays. Where there is no thread it is done here.
+void MeasuredTake::fetch(bool isLast) {
+  const Errand::Work work = [this, isLast, analyzer = _analyzer]() -> Errand::Outcome {
+    const double progress = analyzer->progress();
+    auto known = isLast ? analyzer->wait() : nullptr;
+    if (!known) known = analyzer->soFar();
+    return [this, known, progress, isLast] { take(known, progress, isLast); };
+  };
+  _fetched.start();
+  if (!_errand.begin(work)) work()();
+}
+
+void MeasuredTake::take(std::shared_ptr<const TakeAnalysis> known, double progress, bool isLast) {
+  _analysis = std::move(known);
+  _progress = progress;
+  if (isLast) {
+    _analyzer.reset();
+  } else {
+    _timerMeasured.start(std::max(kLook, static_cast<int>(_fetched.elapsed()) * kShareOfLook));
+  }
   emit measured();
 }

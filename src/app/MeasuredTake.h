@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 #include <memory>
@@ -9,10 +10,12 @@
 #include "analysis/TakeAnalysis.h"
 #include "analysis/TakeAnalyzer.h"
 #include "app/TakeSession.h"
+#include "base/Errand.h"
 
 /// What the open take measures, at every width and gain: its analysis, made on workers from the
 /// moment it opens, given up when it goes. Whatever shows figures or a picture of the whole take
-/// asks here; nothing here reads the file on the interface thread. Interface thread.
+/// asks here; nothing here reads the file, or copies what is known, on the interface thread.
+/// Interface thread.
 class MeasuredTake : public QObject {
   Q_OBJECT
 
@@ -20,8 +23,7 @@ class MeasuredTake : public QObject {
   /// The session outlives it.
   explicit MeasuredTake(TakeSession& take, QObject* parent = nullptr);
 
-  /// What is known by now; null without a take, and before anything is known. Of a take longer than
-  /// an hour and a half nothing before all is.
+  /// What is known by now; null without a take, and before anything is known.
   [[nodiscard]] const std::shared_ptr<const TakeAnalysis>& analysis() const { return _analysis; }
   /// How much of the take is known, 0 to 1; 0 without one.
   [[nodiscard]] double progress() const { return _progress; }
@@ -34,7 +36,7 @@ class MeasuredTake : public QObject {
 
   /// Measures what is from this time on first.
   void lookAt(double seconds);
-  /// Looks what has been found since.
+  /// Has what has been found since fetched.
   void collect();
 
  signals:
@@ -44,12 +46,14 @@ class MeasuredTake : public QObject {
  private:
   void begin();
   void drop();
-  void finish();
+  void fetch(bool isLast);
+  void take(std::shared_ptr<const TakeAnalysis> known, double progress, bool isLast);
 
   TakeSession& _take;
-  std::unique_ptr<TakeAnalyzer> _analyzer;  ///< while it works
+  std::shared_ptr<TakeAnalyzer> _analyzer;  ///< while it works
+  Errand _errand;                           ///< copies what is known: megabytes of a long take
+  QElapsedTimer _fetched;                   ///< since the errand began
   std::shared_ptr<const TakeAnalysis> _analysis;
   double _progress = 0;
-  bool _comesInParts = false;
   QTimer _timerMeasured{this};
 };

@@ -28,6 +28,8 @@ WaveformPane::WaveformPane(PlayerView& view, TakeSession& take, MeasuredTake& me
   connect(&_take, &TakeSession::stateChanged, this, &WaveformPane::showState);
   connect(&_take, &TakeSession::soundChanged, this, &WaveformPane::draw);
   connect(&_measured, &MeasuredTake::measured, this, &WaveformPane::draw);
+  connect(&_reading, &WaveformReading::closeUpRead, this, &WaveformPane::draw);
+  connect(&_reading, &WaveformReading::settled, this, &WaveformPane::show);
   connect(_view.waveform, &WaveformViewer::stretchChanged, this, &WaveformPane::draw);
   connect(_view.waveform, &WaveformViewer::valueAdjusted, this, &WaveformPane::moved);
   connect(_view.sliderTime, &Slider::valueAdjusted, this, &WaveformPane::refresh);
@@ -79,18 +81,45 @@ void WaveformPane::moved(AdjustCause cause) {
   if (isFinal(cause)) _measured.lookAt(_view.waveform->position());
 }
 
+WaveformPane::View WaveformPane::inView() const {
+  const TimeWindow& stretch = _view.waveform->stretch();
+  const std::uint64_t end = _measured.analysis()->layout().frames();
+  const auto from = static_cast<std::uint64_t>(stretch.from() * _rate);
+  const auto to = static_cast<std::uint64_t>(std::llround(stretch.to() * _rate));
+  const auto columns = static_cast<std::size_t>(std::max(0, _view.waveform->columnsWanted()));
+  return {std::min(from, end), std::min(to, end), columns};
+}
+
+bool WaveformPane::isCloserThanMeasured(const View& view) const {
+  const TakeLayout& layout = _measured.analysis()->layout();
+  return view.to - view.from < view.columns * (layout.blockFrames() / TakeLayout::kBinsPerBlock);
+}
+
+Waveform WaveformPane::waveformOf(const View& view) {
+  const int width = _measured.width();
+  const double gain = _measured.gain();
+  if (isCloserThanMeasured(view)) {
+    const auto closeUp = _reading.closeUp(view.from, view.to, view.columns);
+    if (closeUp) return closeUp->at(width, gain);
+  }
+  return _measured.analysis()->waveform(width, gain, view.from, view.to, view.columns);
+}
+
 void WaveformPane::draw() {
-  WaveformViewer& viewer = *_view.waveform;
-  const auto& analysis = _measured.analysis();
-  if (!analysis || !(viewer.length() > 0)) return viewer.setColumns({});
-  const auto from = static_cast<std::uint64_t>(viewer.stretch().from() * _rate);
-  const auto to = static_cast<std::uint64_t>(std::llround(viewer.stretch().to() * _rate));
-  const auto count = static_cast<std::size_t>(std::max(0, viewer.columnsWanted()));
-  const Waveform wave = analysis->waveform(_measured.width(), _measured.gain(), from, to, count);
+  const bool isThere = _measured.analysis() && _view.waveform->length() > 0;
+  if (!isThere) return _view.waveform->setColumns({});
+  const Waveform wave = waveformOf(inView());
+  show(wave);
+  // What is still being measured changes before the medium has told the truth about it.
+  if (!_measured.isComplete()) return _reading.dropTruth();
+  _reading.settle(wave, _measured.width(), _measured.gain());
+}
+
+void WaveformPane::show(const Waveform& wave) {
   WaveformColumns columns;
   columns.from = static_cast<double>(wave.from) / _rate;
   columns.to = static_cast<double>(wave.to) / _rate;
   columns.columns.reserve(wave.columns.size());
   for (const Waveform::Column& column : wave.columns) columns.columns.push_back(heard(column));
-  viewer.setColumns(std::move(columns));
+  _view.waveform->setColumns(std::move(columns));
 }

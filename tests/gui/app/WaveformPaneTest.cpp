@@ -3,6 +3,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <algorithm>
 #include <cmath>
 
 #include "TakeFixture.h"
@@ -13,6 +14,7 @@
 #include "dsp/SideGain.h"
 #include "gui/controls/Hands.h"
 #include "support/EventLoop.h"
+#include "support/SlowReads.h"
 
 namespace {
 
@@ -32,6 +34,7 @@ class Waves : public TakeFixture {
     transport.reset();
     TakeFixture::TearDown();
   }
+  static constexpr std::size_t kClick = 480;  // frames
   static double mid(int frame) { return 0.9 * frame / kFrames; }
   static double side(int frame) { return (frame < kFrames / 2 ? 0.5 : -0.5) * mid(frame); }
   void openRamp() {
@@ -50,6 +53,59 @@ class Waves : public TakeFixture {
     ASSERT_TRUE(EventLoop::runUntil([this] { return measured->isComplete(); }));
   }
   [[nodiscard]] WaveformViewer& viewer() const { return *view.waveform; }
+  /// Silence with a click of Mid 0.5 and Side 0.25 every hundredth of a second.
+  void openClicks() {
+    std::vector<std::int32_t> samples(2 * std::size_t{kFrames});
+    for (std::size_t i = 0; i < samples.size(); i += 2 * kClick) {
+      samples[i] = 0x400000;
+      samples[i + 1] = 0x200000;
+    }
+    const auto data = WaveBytes::samples24(samples);
+    openFile("clicks.WAV",
+             takes.file("clicks.WAV", WaveBytes().recorderBext(true).format24().data(data).get()));
+    Hands::show(view, {688, 636});
+  }
+  [[nodiscard]] bool isSilentSomewhere() const {
+    return std::ranges::any_of(viewer().columns().columns,
+                               [](const auto& column) { return column.left == 0; });
+  }
+  void expectClicksWhereTheyAre(double left) const {
+    Waveform shown;
+    shown.from = static_cast<std::uint64_t>(std::llround(viewer().columns().from * kRate));
+    shown.to = static_cast<std::uint64_t>(std::llround(viewer().columns().to * kRate));
+    shown.columns.resize(viewer().columns().columns.size());
+    ASSERT_EQ(shown.columns.size(), static_cast<std::size_t>(viewer().columnsWanted()));
+    for (std::size_t i = 0; i < shown.columns.size(); ++i) {
+      const std::uint64_t next = (shown.columnStart(i) + kClick - 1) / kClick * kClick;
+      const double truth = next < shown.columnStart(i + 1) ? left : 0;
+      const auto value = static_cast<double>(viewer().columns().columns[i].left);
+      ASSERT_GE(value, truth - 1e-6) << i;
+      ASSERT_LE(value, truth * 1.0593) << i;
+    }
+  }
+  struct Setting {
+    int width;
+    double gain;
+  };
+  /// Where the bound of the loudest column is over full scale, and no sample is.
+  [[nodiscard]] Setting nearlyClipping() const {
+    for (int width = 60; width <= 150; ++width) {
+      const auto peak = static_cast<double>(measured->analysis()->samplePeak(width));
+      const double gain = std::floor(-20 * std::log10(peak));
+      const Waveform wave = measured->analysis()->waveform(
+          width, gain, 0, kFrames, static_cast<std::size_t>(viewer().columnsWanted()));
+      if (std::ranges::any_of(wave.columns, [](const auto& column) { return column.mayClip; })) {
+        return {width, gain};
+      }
+    }
+    ADD_FAILURE() << "no such setting";
+    return {120, 0};
+  }
+  [[nodiscard]] bool isRedSomewhere() const {
+    return std::ranges::any_of(viewer().columns().columns, [](const auto& column) {
+      return column.left > 1 || column.right > 1;
+    });
+  }
   /// The greatest of the column's own frames, decoded one by one, against what is shown.
   void expectColumnsOf(int width, double gainDb) const {
     const double k = static_cast<double>(SideGain::factor(width));
@@ -103,6 +159,50 @@ TEST_F(Waves, ShowWhatIsHeard) {
   expectColumnsOf(120, 0);
   session->setGain(-12);
   expectColumnsOf(120, -12);
+}
+
+// One millisecond a pixel: every column is made of its own 48 frames.
+TEST_F(Waves, ZoomedInAreTrueColumnByColumn) {
+  openClicks();
+  measureAll();
+  session->setAngle(120);
+  for (int i = 0; i < 60; ++i) viewer().zoom(0.7, viewer().xOf(7));
+  EXPECT_FALSE(isSilentSomewhere()) << "bins of 50 ms until the file is read";
+  ASSERT_TRUE(EventLoop::runUntil([this] { return isSilentSomewhere(); }));
+  expectClicksWhereTheyAre(0.75);
+}
+
+TEST_F(Waves, ZoomedInTurnTheDialWithoutTheFile) {
+  openClicks();
+  measureAll();
+  session->setAngle(120);
+  for (int i = 0; i < 60; ++i) viewer().zoom(0.7, viewer().xOf(2));
+  ASSERT_TRUE(EventLoop::runUntil([this] { return isSilentSomewhere(); }));
+  session->setAngle(0);
+  expectClicksWhereTheyAre(0.5);
+  session->setGain(-20);
+  expectClicksWhereTheyAre(0.05);
+}
+
+TEST_F(Waves, ShowTheWholeTakeAgainAfterAZoom) {
+  openClicks();
+  measureAll();
+  for (int i = 0; i < 60; ++i) viewer().zoom(0.7, viewer().xOf(2));
+  ASSERT_TRUE(EventLoop::runUntil([this] { return isSilentSomewhere(); }));
+  viewer().showAll();
+  EXPECT_TRUE(EventLoop::runUntil([this] { return viewer().columns().to == 10; }));
+}
+
+TEST_F(Waves, AreRedOnlyWhereTheyClip) {
+  openRamp();
+  measureAll();
+  const auto [width, gain] = nearlyClipping();
+  session->setAngle(width);
+  session->setGain(static_cast<std::int64_t>(gain));
+  EXPECT_TRUE(isRedSomewhere()) << "a bound over full scale";
+  EXPECT_TRUE(EventLoop::runUntil([this] { return !isRedSomewhere(); })) << "it was read again";
+  session->setGain(static_cast<std::int64_t>(gain) + 3);
+  EXPECT_TRUE(EventLoop::runUntil([this] { return isRedSomewhere(); }));
 }
 
 TEST_F(Waves, TurnTheDialWithoutTheFile) {
@@ -182,6 +282,25 @@ TEST_F(Waves, MeasureWhileItOpensAndAreGivenUpWhenItGoes) {
   EXPECT_FALSE(measured->findChild<QTimer*>("timerMeasured")->isActive());
   measured->collect();
   EXPECT_EQ(measured->analysis(), nullptr);
+}
+
+// Two hours, on a medium that gives each thread four megabytes and then hangs.
+TEST_F(Waves, LongTakesShowWhatIsKnownBeforeAllIs) {
+  constexpr std::uint32_t kBytes = 0x7FFF'0000;
+  const auto header = WaveBytes().recorderBext(true).format24().chunk("data", kBytes, {});
+  const auto path = takes.file("long.WAV", header.get());
+  std::filesystem::resize_file(path, std::filesystem::file_size(path) + kBytes);
+  SlowReads::share(takes.path().string(), 4'000'000);
+  openFile("long.WAV", path);
+  Hands::show(view, {688, 636});
+  const auto isKnownInPart = [this] {
+    const auto& columns = viewer().columns().columns;
+    return !columns.empty() && columns.front().isKnown && !columns.back().isKnown;
+  };
+  EXPECT_TRUE(EventLoop::runUntil(isKnownInPart));
+  EXPECT_FALSE(measured->isComplete());
+  session->close();
+  SlowReads::reset();
 }
 
 TEST_F(Waves, SessionTellsOfAnotherSound) {

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/LatestErrand.h"
+
+#include <utility>
+
+void LatestErrand::ask(Work work) {
+  if (!_errand.isUnderWay()) return begin(work);
+  *_cancel = true;
+  _next = std::move(work);
+}
+
+void LatestErrand::drop() {
+  if (_cancel) *_cancel = true;
+  _next = nullptr;
+  _errand.giveUp();
+}
+
+// The outcome is only run while the errand is there, and so is what holds it.
+void LatestErrand::begin(const Work& work) {
+  _cancel = std::make_shared<std::atomic<bool>>(false);
+  _errand.begin([this, work, cancel = _cancel]() -> Errand::Outcome {
+    return [this, outcome = work(*cancel)] {
+      if (_next) return begin(std::exchange(_next, nullptr));
+      outcome();
+    };
+  });
+}

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <memory>
+
+#include "base/Errand.h"
+
+/// An errand of which only the latest that was asked for matters: a new one cancels what is under
+/// way and begins once that has ended, so that there is never more than one thread, even where a
+/// medium hangs. One thread, which has an event loop.
+class LatestErrand {
+ public:
+  /// As the work of an errand; ends early, with any outcome, when `cancel` becomes true.
+  using Work = std::function<Errand::Outcome(const std::atomic<bool>& cancel)>;
+
+  LatestErrand() = default;
+  LatestErrand(const LatestErrand&) = delete;
+  LatestErrand& operator=(const LatestErrand&) = delete;
+  ~LatestErrand() { drop(); }
+
+  void ask(Work work);
+  /// Nothing comes of what was asked for; a hanging thread is left to itself.
+  void drop();
+  [[nodiscard]] bool isUnderWay() const { return _errand.isUnderWay(); }
+
+ private:
+  void begin(const Work& work);
+
+  std::shared_ptr<std::atomic<bool>> _cancel;  ///< of what is under way
+  Work _next;                                  ///< empty for none
+  Errand _errand;
+};

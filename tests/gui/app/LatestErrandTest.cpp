@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/LatestErrand.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <memory>
+#include <string>
+#include <thread>
+
+#include "support/EventLoop.h"
+
+namespace {
+
+/// Work that goes on until it is cancelled or let go, and tells by a letter that it was heard.
+class Latest : public testing::Test {
+ protected:
+  LatestErrand::Work held(char letter) {
+    return [this, letter, counts = counts](const std::atomic<bool>& cancel) -> Errand::Outcome {
+      if (++counts->threads > 1) counts->wereSeveral = true;
+      while (!cancel && !counts->isLetGo) std::this_thread::yield();
+      --counts->threads;
+      return [this, letter] { heard += letter; };
+    };
+  }
+
+  /// Outlives the test with a thread that does.
+  struct Counts {
+    std::atomic<int> threads{0};
+    std::atomic<bool> wereSeveral{false};
+    std::atomic<bool> isLetGo{false};
+  };
+
+  std::shared_ptr<Counts> counts = std::make_shared<Counts>();
+  std::string heard;
+  LatestErrand errand;
+};
+
+}  // namespace
+
+TEST_F(Latest, IsHeardAloneAndNeverBesideAnother) {
+  errand.ask(held('a'));
+  errand.ask(held('b'));
+  errand.ask(held('c'));
+  counts->isLetGo = true;
+  EXPECT_TRUE(EventLoop::runUntil([this] { return !errand.isUnderWay(); }));
+  EXPECT_EQ(heard, "c");
+  EXPECT_FALSE(counts->wereSeveral);
+}
+
+TEST_F(Latest, BeginsAgainAfterItsEnd) {
+  counts->isLetGo = true;
+  errand.ask(held('a'));
+  EXPECT_TRUE(EventLoop::runUntil([this] { return heard == "a"; }));
+  errand.ask(held('b'));
+  EXPECT_TRUE(EventLoop::runUntil([this] { return heard == "ab"; }));
+}
+
+TEST_F(Latest, DroppedIsNotHeard) {
+  errand.ask(held('a'));
+  errand.ask(held('b'));
+  ASSERT_TRUE(EventLoop::runUntil([this] { return counts->threads == 1; }));
+  errand.drop();
+  EXPECT_FALSE(errand.isUnderWay());
+  EXPECT_TRUE(EventLoop::runUntil([this] { return counts->threads == 0; })) << "it was cancelled";
+  EXPECT_EQ(heard, "");
+}
