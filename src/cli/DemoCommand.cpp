@@ -63,7 +63,8 @@ BextChunkInfo extensionOf(const Recording& recording) {
   info.Description = recording.description;
   info.Originator = Recognition::kRecorder;
   info.OriginatorReference = fmt::format("DEMO{}", recording.name).substr(0, 9);
-  info.CodingHistory = Recognition::codingHistory(recording.is24bit ? 24 : 32, recording.isRaw);
+  info.CodingHistory =
+      Recognition::codingHistory(BwfWriter::bitsPerSample(recording.is24bit), recording.isRaw);
   return info;
 }
 

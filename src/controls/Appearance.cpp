@@ -4,8 +4,10 @@
 #include "controls/Appearance.h"
 
 #include <QFile>
+#include <QFontInfo>
 #include <QStyleFactory>
 #include <QWindow>
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -17,6 +19,8 @@ static void initialiseResources() {
 }
 
 namespace {
+
+constexpr int kPixels = 13;
 
 using Named = std::pair<QLatin1String, QColor>;
 
@@ -87,7 +91,6 @@ QPalette Appearance::palette() {
 }
 
 QFont Appearance::font() {
-  constexpr int kPixels = 13;
   QFont font = QApplication::font();
   font.setFamilies({QStringLiteral("Inter"), font.family()});
   font.setPixelSize(kPixels);
@@ -103,6 +106,10 @@ QFont Appearance::small(const QFont& from) {
     font.setPointSizeF(font.pointSizeF() * kShare);
   }
   return font;
+}
+
+int Appearance::lineWidth(int usual, const QFont& font) {
+  return std::max(usual, usual * QFontInfo(font).pixelSize() / kPixels);
 }
 
 QString Appearance::styleSheet() {

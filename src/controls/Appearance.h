@@ -21,6 +21,8 @@ class Appearance {
   static QFont font();
   /// The same for what is written small: the marks of rulers and scales, units.
   static QFont small(const QFont& from);
+  /// The width of a line of text in pixels: so many in the usual font, more in a larger one.
+  static int lineWidth(int usual, const QFont& font);
   /// The style sheet, with colours for their names.
   static QString styleSheet();
 };

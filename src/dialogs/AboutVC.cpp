@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "controls/Appearance.h"
 #include "controls/Artwork.h"
 
 namespace {
@@ -35,7 +36,7 @@ AboutVC::AboutVC(QWidget* parent) : DialogWindow(parent) {
   }
   column->insertSpacing(1, 10);
   column->insertSpacing(4, 10);
-  setMinimumWidth(kWidth);
+  setMinimumWidth(Appearance::lineWidth(kWidth, font()));
 }
 
 void AboutVC::viewWillAppear() {

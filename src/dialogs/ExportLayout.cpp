@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "controls/Appearance.h"
 #include "dialogs/ExportVC.h"
 
 namespace {
@@ -28,7 +29,7 @@ void ExportVC::layOut() {
   _warning = label({}, "warning");
   column->addWidget(_warning);
   column->addLayout(buttons());
-  setMinimumWidth(kTextWidth + 2 * kMargin);
+  setMinimumWidth(Appearance::lineWidth(kTextWidth, font()) + 2 * kMargin);
 }
 
 QLayout* ExportVC::facts() {

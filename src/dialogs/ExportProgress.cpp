@@ -6,6 +6,8 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "controls/Appearance.h"
+
 namespace {
 
 constexpr int kSteps = 1000;
@@ -36,14 +38,14 @@ ExportProgress::ExportProgress(const QString& source, const QString& target, QWi
   column->addSpacing(4);
   column->addWidget(_bar);
   column->addLayout(last);
-  setMinimumWidth(kWidth + kMargins);
+  setMinimumWidth(Appearance::lineWidth(kWidth, font()) + kMargins);
   update(0, {});
   comeQuietly();
 }
 
 QLabel* ExportProgress::nameLine(const QString& text, const char* role) {
   QLabel* const line = label({}, role);
-  showName(*line, text, kWidth);
+  showName(*line, text, Appearance::lineWidth(kWidth, font()));
   return line;
 }
 

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <utility>
 
+#include "controls/Appearance.h"
 #include "dialogs/SavePanel.h"
 
 ExportVC::ExportVC(QWidget* parent) : DialogWindow(parent) {
@@ -46,7 +47,8 @@ void ExportVC::radio_check() {
 }
 
 void ExportVC::showFacts() {
-  showName(*_name, QFile::decodeName(_facts.source.filename().c_str()), kTextWidth);
+  showName(*_name, QFile::decodeName(_facts.source.filename().c_str()),
+           Appearance::lineWidth(kTextWidth, font()));
   _width->setText(_facts.widthText());
   _gain->setText(_facts.gainText(_checkboxNormalize->isChecked()));
   _size->setText(_facts.sizeText(_radio24->isChecked()));

@@ -8,6 +8,7 @@
 #include <array>
 
 #include "base/Utility.h"
+#include "controls/Appearance.h"
 #include "controls/Artwork.h"
 
 namespace {
@@ -64,7 +65,7 @@ IntroductionVC::IntroductionVC(QWidget* parent) : DialogWindow(parent) {
     grid->addWidget(picture, row, 0, 2, 1, Qt::AlignTop | Qt::AlignHCenter);
     grid->addWidget(label(tr(section.heading), "heading"), row++, 1);
     QLabel* const text = label(tr(section.text));
-    text->setFixedWidth(kTextWidth);
+    text->setFixedWidth(Appearance::lineWidth(kTextWidth, font()));
     grid->addWidget(text, row++, 1);
     grid->setRowMinimumHeight(row++, 12);
   }

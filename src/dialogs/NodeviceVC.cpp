@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "controls/Appearance.h"
 #include "controls/Artwork.h"
 
 namespace {
@@ -29,7 +30,7 @@ NodeviceVC::NodeviceVC(QWidget* parent) : DialogWindow(parent) {
   QLabel* const advice =
       label(tr("Connect the recorder over USB and switch it on. Its settings can "
                "be changed here as soon as it is found."));
-  advice->setFixedWidth(kTextWidth);
+  advice->setFixedWidth(Appearance::lineWidth(kTextWidth, font()));
   auto* const text = new QVBoxLayout;
   text->setSpacing(8);
   text->addWidget(label(tr("No recorder is connected"), "heading"), 0, Qt::AlignTop);

@@ -10,6 +10,7 @@
 #include <system_error>
 #include <utility>
 
+#include "controls/Appearance.h"
 #include "dialogs/PathText.h"
 
 namespace {
@@ -93,7 +94,8 @@ void SavePanel::askToReplace(const std::filesystem::path& path) {
   const QString name = PathText::textOf(path.filename());
   question->setText(
       tr("“%1” exists. Replace it?")
-          .arg(question->fontMetrics().elidedText(name, Qt::ElideMiddle, kNameWidth)));
+          .arg(question->fontMetrics().elidedText(
+              name, Qt::ElideMiddle, Appearance::lineWidth(kNameWidth, question->font()))));
   QPushButton* const replace = question->addButton(tr("Replace"), QMessageBox::AcceptRole);
   question->setDefaultButton(question->addButton(QMessageBox::Cancel));
   connect(question, &QMessageBox::buttonClicked, this, [this, path, replace](QAbstractButton* it) {

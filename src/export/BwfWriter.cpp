@@ -96,7 +96,7 @@ void BwfWriter::appendBext(const BextChunkInfo& bext) {
 }
 
 void BwfWriter::appendFormat(const WaveHeader& source, bool is24bit) {
-  const std::uint16_t bits = is24bit ? 24 : 32;
+  const std::uint16_t bits = bitsPerSample(is24bit);
   const auto blockAlign = static_cast<std::uint16_t>(bits / 8 * source.NumChannels);
   appendU32(stringToInt32("fmt "));
   appendU32(kFormatSize);

@@ -28,6 +28,8 @@ class BwfWriter {
   /// the RIFF and WAVE identifiers.
   BwfWriter(const WaveFileReader* reader, const BextChunkInfo& bext, bool is24bit);
 
+  /// Of a sample: 24, or 32 of a float.
+  static constexpr std::uint16_t bitsPerSample(bool is24bit) { return is24bit ? 24 : 32; }
   /// Bytes of a file with this many sample bytes and this coding history.
   static std::uint64_t fileSize(std::string_view codingHistory, std::uint64_t sampleBytes);
 

@@ -86,7 +86,7 @@ bool Export::isSource(const std::filesystem::path& path) const {
 
 std::uint64_t Export::outputSize(bool is24bit) const {
   if (!_reader) return 0;
-  const int bits = is24bit ? 24 : 32;
+  const int bits = BwfWriter::bitsPerSample(is24bit);
   const std::uint64_t frameBytes = 2 * static_cast<std::uint64_t>(bits) / 8;
   return BwfWriter::fileSize(historyOf(bits), _reader->frameCount() * frameBytes);
 }

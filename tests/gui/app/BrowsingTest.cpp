@@ -27,7 +27,7 @@ class Browsing : public WindowFixture {
 };
 
 TEST_F(Browsing, FirstStartShowsTheDesktopAndTheIntroduction) {
-  const auto desktop = home.path() / "Desktop";
+  const auto desktop = own.home.path() / "Desktop";
   std::filesystem::create_directory(desktop);
   start();
   EXPECT_EQ(controller().urlOfFileList(), desktop);
@@ -67,7 +67,7 @@ TEST_F(Browsing, BeginsWhereItEndedAndLooksEveryFiveSeconds) {
 }
 
 TEST_F(Browsing, ShowsTheDesktopWhileTheFolderIsGone) {
-  const auto desktop = home.path() / "Desktop";
+  const auto desktop = own.home.path() / "Desktop";
   std::filesystem::create_directory(desktop);
   const auto vanishing = folder("vanishing");
   startOnTakes();
@@ -94,10 +94,10 @@ TEST_F(Browsing, FolderThatCannotBeReadIsAnEmptyListAndAQuietLine) {
 
 TEST_F(Browsing, NoDesktopEitherIsTheHomeFolder) {
   Utility::store(Utility::kLastOpenFolder, "/no/such/folder");
-  std::filesystem::create_directory(home.path() / "Music");
+  std::filesystem::create_directory(own.home.path() / "Music");
   start();
   EXPECT_THAT(rows(), ElementsAre("Music"));
-  EXPECT_EQ(folderName().toStdString(), home.path().filename());
+  EXPECT_EQ(folderName().toStdString(), own.home.path().filename());
   EXPECT_EQ(view().player->lblStatus->text(), "");
 }
 
@@ -303,7 +303,7 @@ TEST_F(Browsing, FolderPanelLeavesAPathWithASpaceToItself) {
   const auto inner = folder("two words");
   start(inner);
   controller().btnOpenFolder_Click();
-  EXPECT_EQ(shown<FolderPanel>()->folder(), home.path());
+  EXPECT_EQ(shown<FolderPanel>()->folder(), own.home.path());
 }
 
 TEST_F(Browsing, ChosenFolderIsOpened) {

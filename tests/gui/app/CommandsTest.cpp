@@ -14,7 +14,7 @@
 #include "dialogs/ExportVC.h"
 #include "dialogs/IntroductionVC.h"
 #include "dialogs/NodeviceVC.h"
-#include "support/EnvironmentVariable.h"
+#include "support/OwnSettings.h"
 
 namespace {
 
@@ -23,7 +23,6 @@ class Commands : public TakeFixture {
  protected:
   void TearDown() override {
     commands.reset();
-    EXPECT_TRUE(Utility::finishStoring(std::chrono::minutes(2)));
     TakeFixture::TearDown();
   }
   template <class Dialog>
@@ -36,8 +35,7 @@ class Commands : public TakeFixture {
     EXPECT_TRUE(event.isAccepted()) << "all keys are taken";
   }
 
-  TemporaryFolder settings;
-  EnvironmentVariable settingsVariable{"XDG_CONFIG_HOME", settings.path().string()};
+  OwnSettings own;
   QWidget widget;
   WindowMenu menu{widget};
   QPushButton button;

@@ -8,14 +8,13 @@
 #include <QCoreApplication>
 #include <QSignalSpy>
 #include <QTimer>
-#include <chrono>
 #include <filesystem>
 #include <semaphore>
 
 #include "base/Utility.h"
-#include "support/EnvironmentVariable.h"
 #include "support/EventLoop.h"
 #include "support/LogLines.h"
+#include "support/OwnSettings.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -24,7 +23,6 @@ using testing::ElementsAre;
 
 class Browser : public testing::Test {
  protected:
-  void TearDown() override { EXPECT_TRUE(Utility::finishStoring(std::chrono::minutes(2))); }
   /// Until it is known whether what was asked for is there.
   void settle() {
     ASSERT_TRUE(EventLoop::runUntil([this] { return !browser.isLooking(); }));
@@ -55,11 +53,8 @@ class Browser : public testing::Test {
     return Utility::getStringValue(Utility::kLastOpenFolder).value_or("");
   }
 
-  TemporaryFolder home;
-  TemporaryFolder settings;
+  OwnSettings own;
   TemporaryFolder takes;
-  EnvironmentVariable homeVariable{"HOME", home.path().string()};
-  EnvironmentVariable settingsVariable{"XDG_CONFIG_HOME", settings.path().string()};
   LogLines log;
   FolderBrowser browser;
   QSignalSpy names{&browser, &FolderBrowser::named};
@@ -89,7 +84,7 @@ TEST_F(Browser, NoFolderIsNone) {
 
 TEST_F(Browser, BeginsWithTheFolderOfTheLastTimeOrTheDesktop) {
   browser.begin({});
-  EXPECT_EQ(browser.requestedFolder(), home.path() / "Desktop");
+  EXPECT_EQ(browser.requestedFolder(), own.home.path() / "Desktop");
   Utility::store(Utility::kLastOpenFolder, takes.path().string());
   browser.begin({});
   EXPECT_EQ(browser.requestedFolder(), takes.path());
@@ -110,27 +105,27 @@ TEST_F(Browser, BeginsWithARecordingThatItChoosesAndShows) {
 
 TEST_F(Browser, ShowsTheDesktopWhileTheFolderIsGone) {
   takes.file("a.wav", {});
-  std::filesystem::create_directory(home.path() / "Desktop");
+  std::filesystem::create_directory(own.home.path() / "Desktop");
   browser.openFolder(inner("gone"));
   waitForListing();
   std::filesystem::remove(takes.path() / "gone");
   browser.refresh();
   waitForListing();
-  EXPECT_EQ(browser.listing()->folderPath(), home.path() / "Desktop");
+  EXPECT_EQ(browser.listing()->folderPath(), own.home.path() / "Desktop");
   EXPECT_EQ(names.last().first().toString(), "Desktop");
   EXPECT_EQ(browser.requestedFolder(), takes.path() / "gone");
   EXPECT_EQ(stored(), takes.path() / "gone");
 }
 
 TEST_F(Browser, ShowsTheHomeFolderWhereThereIsNoDesktop) {
-  home.file("a.wav", {});
+  own.home.file("a.wav", {});
   browser.begin({});
   waitForListing();
-  EXPECT_EQ(browser.listing()->folderPath(), home.path());
-  EXPECT_EQ(names.last().first().toString().toStdString(), home.path().filename());
+  EXPECT_EQ(browser.listing()->folderPath(), own.home.path());
+  EXPECT_EQ(names.last().first().toString().toStdString(), own.home.path().filename());
   EXPECT_THAT(rows(), ElementsAre("a.wav"));
   EXPECT_EQ(browser.failure(), "");
-  EXPECT_EQ(browser.requestedFolder(), home.path() / "Desktop");
+  EXPECT_EQ(browser.requestedFolder(), own.home.path() / "Desktop");
 }
 
 TEST_F(Browser, SaysWhatCannotBeRead) {
@@ -162,11 +157,11 @@ TEST_F(Browser, TwoQuickGoUpsClimbTwoLevels) {
 }
 
 TEST_F(Browser, GoesUpFromThePlaceThatIsShownInstead) {
-  std::filesystem::create_directory(home.path() / "Desktop");
+  std::filesystem::create_directory(own.home.path() / "Desktop");
   browser.openFolder(takes.path() / "gone" / "deep");
   waitForListing();
   goUp();
-  EXPECT_EQ(browser.requestedFolder(), home.path());
+  EXPECT_EQ(browser.requestedFolder(), own.home.path());
 }
 
 TEST_F(Browser, DoesNotGoUpToAParentThatHasGone) {
@@ -261,7 +256,8 @@ TEST_F(Browser, ListsAgainWhereWhatIsChosenHasGone) {
   std::filesystem::rename(takes.path() / "Bells", takes.path() / "Chimes");
   browser.choose(0);
   // A listing from before may still arrive.
-  EXPECT_TRUE(EventLoop::runUntil([&] { return browser.listing()->folderPath() == home.path(); }));
+  EXPECT_TRUE(
+      EventLoop::runUntil([&] { return browser.listing()->folderPath() == own.home.path(); }));
 }
 
 TEST_F(Browser, WishIsForItsFolderAlone) {

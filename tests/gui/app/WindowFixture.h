@@ -17,8 +17,8 @@
 #include "midi/MIDISequenceManager.h"
 #include "midi/simulator/SimulatedLink.h"
 #include "playback/memory/MemoryOutput.h"
-#include "support/EnvironmentVariable.h"
 #include "support/LogLines.h"
+#include "support/OwnSettings.h"
 #include "support/Screen.h"
 #include "support/SteppedMIDIClock.h"
 #include "support/TemporaryFolder.h"
@@ -82,11 +82,8 @@ class WindowFixture : public testing::Test, protected Screen {
   [[nodiscard]] WavePlayer& player() { return *controller().wavPlayer(); }
   [[nodiscard]] PlayState state() { return player().play_state(); }
 
-  TemporaryFolder home;
-  TemporaryFolder settings;
+  OwnSettings own;
   TemporaryFolder takes;
-  EnvironmentVariable homeVariable{"HOME", home.path().string()};
-  EnvironmentVariable settingsVariable{"XDG_CONFIG_HOME", settings.path().string()};
   LogLines log;
   VirtualClock clock;
   MemoryOutput* output = nullptr;

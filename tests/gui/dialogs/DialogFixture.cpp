@@ -13,7 +13,6 @@
 
 #include "base/EB.h"
 #include "base/NotificationCenter.h"
-#include "base/Utility.h"
 #include "controls/Appearance.h"
 #include "support/WaveBytes.h"
 
@@ -44,7 +43,6 @@ void DialogFixture::makeDesk() {
 }
 
 DialogFixture::~DialogFixture() {
-  EXPECT_TRUE(Utility::finishStoring(std::chrono::minutes(2)));
   NotificationCenter::defaultCenter().removeObserver(this);
   _desk.reset();
   _queue.reset();

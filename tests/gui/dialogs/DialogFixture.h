@@ -17,10 +17,10 @@
 #include "dialogs/ExportVC.h"
 #include "dialogs/SavePanel.h"
 #include "queue/ExportQueue.h"
-#include "support/EnvironmentVariable.h"
 #include "support/EventLoop.h"
 #include "support/HeldWork.h"
 #include "support/LogLines.h"
+#include "support/OwnSettings.h"
 #include "support/Screen.h"
 #include "support/TemporaryFolder.h"
 
@@ -73,8 +73,7 @@ class DialogFixture : public testing::Test, protected Screen {
   }
 
   TemporaryFolder _folder;
-  TemporaryFolder _configuration;
-  EnvironmentVariable _configurationHome{"XDG_CONFIG_HOME", _configuration.path().string()};
+  OwnSettings _own;
   LogLines _log;
   std::vector<std::string> _told;
   std::unique_ptr<QWidget> _mainWindow;

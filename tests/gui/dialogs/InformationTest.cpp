@@ -7,6 +7,7 @@
 
 #include "DialogFixture.h"
 #include "base/Utility.h"
+#include "controls/Appearance.h"
 #include "controls/Colors.h"
 #include "dialogs/AboutVC.h"
 #include "dialogs/Alert.h"
@@ -42,6 +43,24 @@ class InformationTest : public DialogFixture {
     expectInTheMiddle(dialog, frame);
     expectNothingCut(dialog);
   }
+  /// In a font of this many pixels, the lines that each wrapped text of the dialog takes.
+  template <typename Dialog>
+  std::vector<int> linesIn(int pixels) {
+    QFont font = Appearance::font();
+    font.setPixelSize(pixels);
+    QApplication::setFont(font);
+    const auto dialog = make<Dialog>();
+    dialog->open();
+    expectNothingCut(*dialog);
+    std::vector<int> lines;
+    for (const auto* const label : dialog->template findChildren<QLabel*>()) {
+      if (!label->text().isEmpty())
+        lines.push_back(label->height() / label->fontMetrics().lineSpacing());
+    }
+    dialog->close();
+    QApplication::setFont(Appearance::font());
+    return lines;
+  }
   static bool isGone(const QPointer<IntroductionVC>& dialog) {
     return waitUntil([&] { return dialog.isNull(); });
   }
@@ -58,6 +77,12 @@ TEST_F(InformationTest, AllLookTheSameInTheMiddleOfTheWindow) {
   const auto nodevice = make<NodeviceVC>();
   nodevice->open();
   expectCommonLooks(*nodevice, "TARN J4 Mixdeck", nodevice->parentFrame());
+}
+
+TEST_F(InformationTest, ALargerFontGetsLargerDialogsNotMoreLines) {
+  EXPECT_EQ(linesIn<AboutVC>(13), linesIn<AboutVC>(26));
+  EXPECT_EQ(linesIn<NodeviceVC>(13), linesIn<NodeviceVC>(26));
+  EXPECT_EQ(linesIn<IntroductionVC>(13), linesIn<IntroductionVC>(26));
 }
 
 TEST_F(InformationTest, AWindowOfOddSizeIsMetByThePixelBelow) {
