@@ -33,12 +33,12 @@ void decodeMidSide(float* frames, std::size_t count, float sideGain) {
   PlainKernels::decodeMidSide(std::span(frames, count), sideGain);
 }
 
-void divide(float* frames, std::size_t count, float left, float right) {
-  PlainKernels::divide(std::span(frames, count), left, right);
+float divide(float* frames, std::size_t count, float left, float right) {
+  return PlainKernels::divide(std::span(frames, count), left, right);
 }
 
-void decodeAndDivide(float* frames, std::size_t count, float sideGain, float left, float right) {
-  PlainKernels::decodeAndDivide(std::span(frames, count), sideGain, left, right);
+float decodeAndDivide(float* frames, std::size_t count, float sideGain, float left, float right) {
+  return PlainKernels::decodeAndDivide(std::span(frames, count), sideGain, left, right);
 }
 
 float peakMagnitude(const float* samples, std::size_t count, float peak) {
@@ -166,6 +166,12 @@ HWY_INLINE V divided(V frame, V divisor, M isZero) {
   return hn::IfThenElse(isZero, frame, hn::Div(frame, divisor));
 }
 
+// Not Max: what a processor makes of NaN there differs.
+template <class V>
+HWY_INLINE V larger(V candidate, V old) {
+  return hn::IfThenElse(hn::Gt(candidate, old), candidate, old);
+}
+
 HWY_ATTR void decodeMidSide(float* frames, std::size_t count, float sideGain) {
   const FloatTag df;
   const auto gain = hn::Set(df, sideGain);
@@ -177,37 +183,42 @@ HWY_ATTR void decodeMidSide(float* frames, std::size_t count, float sideGain) {
   PlainKernels::decodeMidSide(std::span(frames + i, count - i), sideGain);
 }
 
-HWY_ATTR void divide(float* frames, std::size_t count, float left, float right) {
+HWY_ATTR float divide(float* frames, std::size_t count, float left, float right) {
   const FloatTag df;
   const auto divisor = hn::OddEven(hn::Set(df, right), hn::Set(df, left));
   const auto isZero = hn::Eq(divisor, hn::Zero(df));
+  auto most = hn::Zero(df);
   const std::size_t lanes = hn::Lanes(df);
   std::size_t i = 0;
   for (; lanes > 1 && i + lanes <= count; i += lanes) {
-    hn::StoreU(divided(hn::LoadU(df, frames + i), divisor, isZero), df, frames + i);
+    const auto quotient = divided(hn::LoadU(df, frames + i), divisor, isZero);
+    most = larger(hn::Abs(quotient), most);
+    hn::StoreU(quotient, df, frames + i);
   }
-  PlainKernels::divide(std::span(frames + i, count - i), left, right);
+  const float peak = hn::GetLane(hn::MaxOfLanes(df, most));
+  const float last = PlainKernels::divide(std::span(frames + i, count - i), left, right);
+  return HWY_MAX(peak, last);
 }
 
-HWY_ATTR void decodeAndDivide(float* frames, std::size_t count, float sideGain, float left,
-                              float right) {
+HWY_ATTR float decodeAndDivide(float* frames, std::size_t count, float sideGain, float left,
+                               float right) {
   const FloatTag df;
   const auto gain = hn::Set(df, sideGain);
   const auto divisor = hn::OddEven(hn::Set(df, right), hn::Set(df, left));
   const auto isZero = hn::Eq(divisor, hn::Zero(df));
+  auto most = hn::Zero(df);
   const std::size_t lanes = hn::Lanes(df);
   std::size_t i = 0;
   for (; lanes > 1 && i + lanes <= count; i += lanes) {
     const auto frame = decoded(hn::LoadU(df, frames + i), gain);
-    hn::StoreU(divided(frame, divisor, isZero), df, frames + i);
+    const auto quotient = divided(frame, divisor, isZero);
+    most = larger(hn::Abs(quotient), most);
+    hn::StoreU(quotient, df, frames + i);
   }
-  PlainKernels::decodeAndDivide(std::span(frames + i, count - i), sideGain, left, right);
-}
-
-// Not Max: what a processor makes of NaN there differs.
-template <class V>
-HWY_INLINE V larger(V candidate, V old) {
-  return hn::IfThenElse(hn::Gt(candidate, old), candidate, old);
+  const float peak = hn::GetLane(hn::MaxOfLanes(df, most));
+  const std::span rest(frames + i, count - i);
+  const float last = PlainKernels::decodeAndDivide(rest, sideGain, left, right);
+  return HWY_MAX(peak, last);
 }
 
 HWY_ATTR float peakMagnitude(const float* samples, std::size_t count, float peak) {
@@ -296,12 +307,12 @@ void Kernels::decodeMidSide(std::span<float> frames, float sideGain) {
   HWY_DYNAMIC_DISPATCH(decodeMidSide)(frames.data(), frames.size(), sideGain);
 }
 
-void Kernels::divide(std::span<float> frames, float left, float right) {
-  HWY_DYNAMIC_DISPATCH(divide)(frames.data(), frames.size(), left, right);
+float Kernels::divide(std::span<float> frames, float left, float right) {
+  return HWY_DYNAMIC_DISPATCH(divide)(frames.data(), frames.size(), left, right);
 }
 
-void Kernels::decodeAndDivide(std::span<float> frames, float sideGain, float left, float right) {
-  HWY_DYNAMIC_DISPATCH(decodeAndDivide)(frames.data(), frames.size(), sideGain, left, right);
+float Kernels::decodeAndDivide(std::span<float> frames, float sideGain, float left, float right) {
+  return HWY_DYNAMIC_DISPATCH(decodeAndDivide)(frames.data(), frames.size(), sideGain, left, right);
 }
 
 float Kernels::peakMagnitude(std::span<const float> samples, float peak) {

@@ -26,11 +26,11 @@ class Kernels {
   static void decodeMidSide(std::span<float> frames, float sideGain);
 
   /// Divides element 0 of each frame by `left` and element 1 by `right`, in place. A divisor of 0
-  /// leaves its channel as it is.
-  static void divide(std::span<float> frames, float left, float right);
+  /// leaves its channel as it is. Returns what `peakMagnitude` makes of the quotients, from 0 on.
+  static float divide(std::span<float> frames, float left, float right);
 
   /// `decodeMidSide` and then `divide` in one go.
-  static void decodeAndDivide(std::span<float> frames, float sideGain, float left, float right);
+  static float decodeAndDivide(std::span<float> frames, float sideGain, float left, float right);
 
   /// The largest of `peak` and every |sample|; samples that are not a number do not count.
   /// `peak` is 0 or more.

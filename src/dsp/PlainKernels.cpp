@@ -54,17 +54,18 @@ float PlainKernels::divide(float sample, float divisor) {
   return divisor == 0.0F ? sample : sample / divisor;
 }
 
-void PlainKernels::divide(std::span<float> frames, float left, float right) {
+float PlainKernels::divide(std::span<float> frames, float left, float right) {
   for (std::size_t i = 0; i < frames.size(); i += 2) {
     frames[i] = divide(frames[i], left);
     frames[i + 1] = divide(frames[i + 1], right);
   }
+  return peakMagnitude(frames, 0.0F);
 }
 
-void PlainKernels::decodeAndDivide(std::span<float> frames, float sideGain, float left,
-                                   float right) {
+float PlainKernels::decodeAndDivide(std::span<float> frames, float sideGain, float left,
+                                    float right) {
   decodeMidSide(frames, sideGain);
-  divide(frames, left, right);
+  return divide(frames, left, right);
 }
 
 float PlainKernels::peakMagnitude(std::span<const float> samples, float peak) {

@@ -12,8 +12,8 @@ class PlainKernels {
   static void unpack24(std::span<const std::byte> bytes, std::span<float> samples);
   static void pack24(std::span<const float> samples, std::span<std::byte> bytes);
   static void decodeMidSide(std::span<float> frames, float sideGain);
-  static void divide(std::span<float> frames, float left, float right);
-  static void decodeAndDivide(std::span<float> frames, float sideGain, float left, float right);
+  static float divide(std::span<float> frames, float left, float right);
+  static float decodeAndDivide(std::span<float> frames, float sideGain, float left, float right);
   static float peakMagnitude(std::span<const float> samples, float peak);
   static void raiseMaxima(std::span<const float> frames, float& left, float& right);
 

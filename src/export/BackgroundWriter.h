@@ -11,7 +11,8 @@
 #include <span>
 #include <thread>
 #include <utility>
-#include <vector>
+
+#include "export/RawBytes.h"
 
 /// Appends blocks to a file on a thread of its own, so that the next block is made while the last
 /// one is written. A few blocks are in flight at most; then `submit` waits. Where no thread can be
@@ -32,7 +33,7 @@ class BackgroundWriter {
   ~BackgroundWriter();
 
   /// Takes the bytes out of `block` to append them, and gives an empty block with room in return.
-  void submit(std::vector<std::byte>& block);
+  void submit(RawBytes& block);
   /// Waits until all is written. After it the file is the caller's again.
   void finish();
   /// True once a write failed, after which nothing is written any more, or the rest is dropped. The
@@ -40,7 +41,7 @@ class BackgroundWriter {
   [[nodiscard]] bool hasFailed() const { return _hasFailed.load(std::memory_order_relaxed); }
 
  private:
-  using Block = std::vector<std::byte>;
+  using Block = RawBytes;
   static constexpr std::size_t kSlots = 3;
 
   /// Whether there is a thread.

@@ -76,7 +76,7 @@ void BwfWriter::appendU64(std::uint64_t value) {
 void BwfWriter::appendField(std::string_view text, std::size_t width) {
   const std::string_view bytes = ascii(text).substr(0, width);
   append(std::as_bytes(std::span(bytes)));
-  _data.resize(_data.size() + width - bytes.size());
+  _data.resize(_data.size() + width - bytes.size(), std::byte{0});
 }
 
 void BwfWriter::appendBext(const BextChunkInfo& bext) {

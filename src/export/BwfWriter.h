@@ -13,6 +13,7 @@
 
 #include "export/AtomicFile.h"
 #include "export/BackgroundWriter.h"
+#include "export/RawBytes.h"
 #include "wav/BextChunkInfo.h"
 #include "wav/WaveFileReader.h"
 
@@ -79,7 +80,7 @@ class BwfWriter {
   void finishSending();
   [[nodiscard]] std::string_view whyNotSaved(const std::filesystem::path& path) const;
 
-  std::vector<std::byte> _data;
+  RawBytes _data;
   std::uint32_t _dataChunkSizePosition = 0;
   std::uint32_t _dataLength = 0;
   std::unique_ptr<AtomicFile> _stream;

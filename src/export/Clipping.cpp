@@ -6,16 +6,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "dsp/Kernels.h"
-
 namespace {
 
 constexpr float kFullScale = 1.0F + 0x1p-23F;  // rounding gets there, as when a take is normalised
 
 }  // namespace
 
-void Clipping::look(std::span<const float> frames) {
-  const float peak = Kernels::peakMagnitude(frames, 0.0F);
+void Clipping::look(std::span<const float> frames, float peak) {
   for (std::size_t i = 0; peak > kFullScale && i < frames.size(); ++i) {
     if (std::fabs(frames[i]) > kFullScale) add(_position + i / 2);
   }

@@ -21,8 +21,9 @@ class Clipping {
   /// Samples less than a tenth of a second apart share a place.
   explicit Clipping(std::uint32_t sampleRate = 0) : _gap(sampleRate / 10) {}
 
-  /// The next frames, interleaved pairs.
-  void look(std::span<const float> frames);
+  /// The next frames, interleaved pairs, and the largest of their magnitudes, as the decode tells
+  /// it.
+  void look(std::span<const float> frames, float peak);
 
   /// How many there are; 0 where nothing clips.
   [[nodiscard]] std::uint64_t samples() const { return _samples; }

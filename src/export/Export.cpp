@@ -15,6 +15,7 @@
 #include "dsp/GainStage.h"
 #include "dsp/Kernels.h"
 #include "dsp/SideGain.h"
+#include "export/PeakPass.h"
 #include "export/Recognition.h"
 #include "wav/BextLayout.h"
 
@@ -143,12 +144,10 @@ void Export::editAndWriteSample(BwfWriter& writer) {
   std::array<float, kBlockFloats> block;
   while (const std::uint64_t count = fillBlock(source, block)) {
     const std::span<float> frames = std::span(block).first(2 * count);
-    if (_reader->isBoMSFormat()) {
-      Kernels::decodeAndDivide(frames, sideGain(), left, right);
-    } else {
-      Kernels::divide(frames, left, right);
-    }
-    if (_isExport24Bit) _clipping.look(frames);
+    const float peak = _reader->isBoMSFormat()
+                           ? Kernels::decodeAndDivide(frames, sideGain(), left, right)
+                           : Kernels::divide(frames, left, right);
+    if (_isExport24Bit) _clipping.look(frames, peak);
     write(frames, _isExport24Bit, writer);
     if (!writer.failure().empty()) fail(writer.failure());
     report(count);
@@ -178,16 +177,12 @@ bool Export::isAnalysed() const {
 }
 
 float Export::firstPass() {
-  FrameStream source(*_reader);
-  float peak = 0;
-  std::array<float, kBlockFloats> block;
-  while (const std::uint64_t count = fillBlock(source, block)) {
-    const std::span<float> frames = std::span(block).first(2 * count);
-    if (_reader->isBoMSFormat()) Kernels::decodeMidSide(frames, sideGain());
-    peak = Kernels::peakMagnitude(frames, peak);
-    report(count);
-  }
-  return peak;
+  PeakPass pass(*_reader, sideGain());
+  const auto peak = pass.run(_cancel, [this](std::uint64_t frames) { report(frames); });
+  if (peak) return *peak;
+  _wasCancelled = pass.failure().empty();
+  if (!_wasCancelled) fail(fmt::format("The source cannot be read: {}", pass.failure()));
+  return 0;
 }
 
 bool Export::analyse() {

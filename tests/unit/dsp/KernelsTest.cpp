@@ -49,9 +49,9 @@ void expectDecodeAsPlain(std::span<const float> frames, std::size_t offset, floa
 void expectDecodeAndDivideAsPlain(std::span<const float> frames, std::size_t offset, float sideGain,
                                   float left, float right) {
   std::vector<float> wanted(frames.begin(), frames.end());
-  PlainKernels::decodeAndDivide(wanted, sideGain, left, right);
+  const float peak = PlainKernels::decodeAndDivide(wanted, sideGain, left, right);
   GuardedBuffer<float> buffer(frames, offset);
-  Kernels::decodeAndDivide(buffer.span(), sideGain, left, right);
+  ASSERT_EQ(Kernels::decodeAndDivide(buffer.span(), sideGain, left, right), peak);
   ASSERT_EQ(bitsOf(buffer.span()), bitsOf(wanted))
       << frames.size() << " floats, offset " << offset << ", gain " << sideGain << ", divisors "
       << left << ' ' << right;
@@ -61,9 +61,9 @@ void expectDecodeAndDivideAsPlain(std::span<const float> frames, std::size_t off
 void expectDivideAsPlain(std::span<const float> frames, std::size_t offset, float left,
                          float right) {
   std::vector<float> wanted(frames.begin(), frames.end());
-  PlainKernels::divide(wanted, left, right);
+  const float peak = PlainKernels::divide(wanted, left, right);
   GuardedBuffer<float> buffer(frames, offset);
-  Kernels::divide(buffer.span(), left, right);
+  ASSERT_EQ(Kernels::divide(buffer.span(), left, right), peak);
   ASSERT_EQ(bitsOf(buffer.span()), bitsOf(wanted))
       << "offset " << offset << ", divisors " << left << ' ' << right;
   ASSERT_TRUE(buffer.guardsUntouched()) << frames.size() << " floats, offset " << offset;

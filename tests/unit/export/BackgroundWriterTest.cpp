@@ -19,7 +19,7 @@
 
 namespace {
 
-using Bytes = std::vector<std::byte>;
+using Bytes = RawBytes;
 
 Bytes numbered(std::size_t block, std::size_t size) {
   Bytes bytes(size);
@@ -35,7 +35,7 @@ TEST(BackgroundWriter, WritesEveryBlockInOrder) {
   const TemporaryFolder folder;
   AtomicFile file(folder.path() / "out", AtomicFile::Existing::Refuse);
   BackgroundWriter writer(into(file));
-  Bytes expected;
+  std::vector<std::byte> expected;
   for (std::size_t i = 0; i < 200; ++i) {
     Bytes block = numbered(i, i * 13);
     expected.insert(expected.end(), block.begin(), block.end());
@@ -114,7 +114,7 @@ TEST(BackgroundWriter, WritesByItselfWhereNoThreadCanBeStarted) {
     return !writer.hasFailed() && file.commit() ? 0 : 1;
   });
   EXPECT_EQ(0, status);
-  Bytes expected;
+  std::vector<std::byte> expected;
   for (std::size_t i = 0; i < 10; ++i) {
     const Bytes block = numbered(i, 1000);
     expected.insert(expected.end(), block.begin(), block.end());

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "export/PeakPass.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <system_error>
+#include <thread>
+#include <vector>
+
+#include "dsp/Kernels.h"
+
+namespace {
+
+constexpr std::uint64_t kPartFrames = 163840;  // some reads of the stream
+constexpr std::size_t kBlockFloats = 5120;
+
+}  // namespace
+
+PeakPass::PeakPass(const WaveFileReader& reader, float sideGain)
+    : _reader(reader), _sideGain(sideGain), _frames(FrameStream(reader).framesLeft()) {}
+
+// Where no more threads can be had, fewer do it.
+std::optional<float> PeakPass::run(const std::atomic<bool>* cancel, const Report& report) {
+  _cancel = cancel;
+  const std::uint64_t parts = (_frames + kPartFrames - 1) / kPartFrames;
+  const std::uint64_t threads = std::min<std::uint64_t>(parts, std::thread::hardware_concurrency());
+  {
+    std::vector<std::jthread> helpers;
+    try {
+      while (helpers.size() + 1 < threads) helpers.emplace_back([this] { work({}); });
+    } catch (const std::system_error&) {  // what they would have done, this one does
+    }
+    work(report);
+  }
+  tell(report);
+  if (_done < _frames) return std::nullopt;
+  return _peak;
+}
+
+void PeakPass::work(const Report& report) {
+  FrameStream stream(_reader);
+  float peak = 0;
+  while (!isStopped() && takePart(stream, peak)) tell(report);
+  const std::lock_guard lock(_mutex);
+  _peak = std::max(_peak, peak);
+  if (_failure.empty()) _failure = stream.failure();
+}
+
+bool PeakPass::isStopped() const {
+  return _hasFailed || (_cancel != nullptr && *_cancel);
+}
+
+bool PeakPass::takePart(FrameStream& stream, float& peak) {
+  const std::uint64_t begin = _next.fetch_add(kPartFrames);
+  if (begin >= _frames) return false;
+  const std::uint64_t end = std::min(begin + kPartFrames, _frames);
+  if (_frames - stream.framesLeft() != begin) stream.seek(begin);
+  std::array<float, kBlockFloats> block;
+  for (std::uint64_t at = begin; at < end && !isStopped();) {
+    const std::uint64_t wanted = std::min<std::uint64_t>(end - at, kBlockFloats / 2);
+    const std::span<float> frames = std::span(block).first(2 * wanted);
+    if (stream.read(frames) != wanted) _hasFailed = true;
+    if (_hasFailed) return false;
+    if (_reader.isBoMSFormat()) Kernels::decodeMidSide(frames, _sideGain);
+    peak = Kernels::peakMagnitude(frames, peak);
+    at += wanted;
+    _done += wanted;
+  }
+  return true;
+}
+
+// By the thread that runs alone: helpers are given nobody to tell.
+void PeakPass::tell(const Report& report) {
+  if (!report) return;
+  const std::uint64_t done = _done;
+  report(done - _told);
+  _told = done;
+}

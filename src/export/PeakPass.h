@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <string>
+
+#include "wav/FrameStream.h"
+#include "wav/WaveFileReader.h"
+
+/// The greatest magnitude of a whole recording as it is decoded: what an export that normalises has
+/// to know first. All processors share the work; the result is the same on any number. One run a
+/// pass, by one thread.
+class PeakPass {
+ public:
+  /// Told of further frames that are done, on the thread that runs.
+  using Report = std::function<void(std::uint64_t frames)>;
+
+  /// The reader outlives the pass; `sideGain` counts where it is raw Mid/Side.
+  PeakPass(const WaveFileReader& reader, float sideGain);
+
+  /// None where `*cancel` became true or reading failed.
+  std::optional<float> run(const std::atomic<bool>* cancel, const Report& report);
+  /// Why reading failed; empty when it did not.
+  [[nodiscard]] const std::string& failure() const { return _failure; }
+
+ private:
+  void work(const Report& report);
+  bool takePart(FrameStream& stream, float& peak);
+  [[nodiscard]] bool isStopped() const;
+  void tell(const Report& report);
+
+  const WaveFileReader& _reader;
+  const float _sideGain;
+  const std::uint64_t _frames;
+  const std::atomic<bool>* _cancel = nullptr;
+  std::atomic<std::uint64_t> _next{0};  ///< the first frame that nobody has taken
+  std::atomic<std::uint64_t> _done{0};
+  std::uint64_t _told = 0;
+  std::atomic<bool> _hasFailed{false};
+  std::mutex _mutex;  ///< guards what follows until the run is over
+  float _peak = 0;
+  std::string _failure;
+};
