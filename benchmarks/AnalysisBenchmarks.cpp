@@ -42,6 +42,18 @@ void copyMemory(benchmark::State& state) {
   report(state, kFloats);
 }
 
+// What the memory of the machine gives, where a copy fits no cache.
+void copyFarMemory(benchmark::State& state) {
+  constexpr std::size_t kFar = std::size_t{16} << 20;
+  const std::vector<float> from(kFar, 0.5F);
+  std::vector<float> to(kFar);
+  for ([[maybe_unused]] auto iteration : state) {
+    std::memcpy(to.data(), from.data(), kFar * sizeof(float));
+    benchmark::ClobberMemory();
+  }
+  report(state, kFar);
+}
+
 template <class Set>
 void raiseExtremes(benchmark::State& state) {
   const auto frames = sound();
@@ -49,6 +61,17 @@ void raiseExtremes(benchmark::State& state) {
   for ([[maybe_unused]] auto iteration : state) {
     Set::raiseExtremes(frames, WidthGrid::nodeGains().subspan(1), extremes);
     benchmark::DoNotOptimize(extremes.data());
+  }
+  report(state, kFloats);
+}
+
+template <class Set>
+void raiseMagnitudes(benchmark::State& state) {
+  const auto frames = sound();
+  std::vector<float> peaks(WidthGrid::kPeakNodes.size());
+  for ([[maybe_unused]] auto iteration : state) {
+    Set::raiseMagnitudes(frames, WidthGrid::peakNodeGains(), peaks);
+    benchmark::DoNotOptimize(peaks.data());
   }
   report(state, kFloats);
 }
@@ -120,8 +143,11 @@ void waveformOfAnHour(benchmark::State& state) {
 }
 
 BENCHMARK(copyMemory)->Name("memcpy");
+BENCHMARK(copyFarMemory)->Name("memcpy of 64 MiB");
 BENCHMARK_TEMPLATE(raiseExtremes, AnalysisKernels)->Name("raiseExtremes/vector");
 BENCHMARK_TEMPLATE(raiseExtremes, PlainAnalysisKernels)->Name("raiseExtremes/plain");
+BENCHMARK_TEMPLATE(raiseMagnitudes, AnalysisKernels)->Name("raiseMagnitudes/vector");
+BENCHMARK_TEMPLATE(raiseMagnitudes, PlainAnalysisKernels)->Name("raiseMagnitudes/plain");
 BENCHMARK_TEMPLATE(areUnder, AnalysisKernels)->Name("areUnder/vector");
 BENCHMARK_TEMPLATE(areUnder, PlainAnalysisKernels)->Name("areUnder/plain");
 BENCHMARK_TEMPLATE(interpolate, AnalysisKernels)->Name("interpolate/vector");
