@@ -28,12 +28,14 @@ ThreadSignal::~ThreadSignal() {
 }
 
 void ThreadSignal::raise() const {
+  _raises.fetch_add(1, std::memory_order_release);
   eventfd_write(_event, 1);
 }
 
 void ThreadSignal::onReadable() {
   eventfd_t count = 0;
   eventfd_read(_event, &count);
+  static_cast<void>(_raises.load(std::memory_order_acquire));
   const auto raised = _raised;
   const std::weak_ptr<bool> alive = _isAlive;
   _isRaising = true;

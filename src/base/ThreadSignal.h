@@ -2,13 +2,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <atomic>
+#include <cstdint>
 #include <functional>
 #include <memory>
 
 class QSocketNotifier;
 
 /// Wakes the event loop of the thread that made it, from any thread: without locks, without
-/// allocation. Several raises before the loop comes round are one.
+/// allocation. Several raises before the loop comes round are one. What was written before a raise
+/// is seen by what it calls.
 class ThreadSignal {
  public:
   /// `raised` is called from the event loop and may delete the signal.
@@ -24,6 +27,7 @@ class ThreadSignal {
   void onReadable();
 
   int _event;
+  mutable std::atomic<std::uint32_t> _raises{0};  ///< the order between the threads
   std::function<void()> _raised;
   QSocketNotifier* _notifier;
   bool _isRaising = false;

@@ -17,7 +17,7 @@ ExportQueue::ExportQueue(ExportWorker::Work work, Clock clock)
   connect(&_timer, &QTimer::timeout, this, &ExportQueue::look);
 }
 
-// The workers post their ends to this object, so they go first.
+// A worker tells of its end while this is still there.
 ExportQueue::~ExportQueue() {
   for (const Running& running : _running) {
     running.worker->cancel();
@@ -54,12 +54,10 @@ void ExportQueue::fill() {
 }
 
 void ExportQueue::begin(Waiting next) {
-  const auto tell = [this, id = next.id] {
-    QMetaObject::invokeMethod(
-        this, [this, id] { end(id); }, Qt::QueuedConnection);
-  };
-  _running.push_back(
-      {next.id, next.order, _clock(), std::make_unique<ExportWorker>(next.order, _work, tell)});
+  auto ended = std::make_unique<ThreadSignal>([this, id = next.id] { end(id); });
+  auto worker = std::make_unique<ExportWorker>(next.order, _work,
+                                               [signal = ended.get()] { signal->raise(); });
+  _running.push_back({next.id, next.order, _clock(), std::move(ended), std::move(worker)});
   if (!_timer.isActive()) _timer.start(kRefresh);
   emit began(next.id, next.order);
 }

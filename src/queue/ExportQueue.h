@@ -12,6 +12,7 @@
 #include <optional>
 #include <vector>
 
+#include "base/ThreadSignal.h"
 #include "queue/ExportOrder.h"
 #include "queue/ExportResult.h"
 #include "queue/ExportWorker.h"
@@ -78,6 +79,7 @@ class ExportQueue : public QObject {
     Id id;
     ExportOrder order;
     std::chrono::milliseconds began;
+    std::unique_ptr<ThreadSignal> end;  ///< outlives the worker, which raises it
     std::unique_ptr<ExportWorker> worker;
   };
 
