@@ -41,6 +41,7 @@ void AQPlayer::play(bool resume) {
   if (!resume && playing.isReadyFor(number)) {
     s.currentPacket = 0;
     s.queue->rewind();
+    s.turns.clear();
     playing.prime();
   }
   if (playing.isReadyFor(number)) s.queue->start();
@@ -48,7 +49,7 @@ void AQPlayer::play(bool resume) {
 
 // What a vanished sound system still held is read again: it was not heard.
 void AQPlayer::recover(bool resume) {
-  const double heard = std::floor(state().queue->sampleTime());
+  const double heard = std::floor(heardPackets());
   const double start = std::round(_seek_time * state().dataFormat.sampleRate / kMsPerSecond);
   if (resume) {
     seekTo(static_cast<std::int64_t>(start + heard));
@@ -91,8 +92,46 @@ double AQPlayer::duration() const {
 }
 
 double AQPlayer::currentTime() const {
+  return _playing.milliseconds(heardPackets()) + _seek_time;
+}
+
+// From where the queue began; less what the turns of a loop went back.
+double AQPlayer::heardPackets() const {
   const AQPlayerState& s = state();
-  return (s.queue ? _playing.milliseconds(s.queue->sampleTime()) : 0.0) + _seek_time;
+  const double heard = s.queue ? s.queue->sampleTime() : 0.0;
+  return heard - static_cast<double>(s.turns.backAt(heard));
+}
+
+// What is queued already may lie beyond the end of the new loop, or have turned in the old one.
+void AQPlayer::setLoop(const std::optional<FrameLoop>& loop) {
+  AQPlayerState& s = state();
+  if (loop == s.loop) return;
+  const double start = std::round(_seek_time * s.dataFormat.sampleRate / kMsPerSecond);
+  const double heard = std::max(0.0, start + std::floor(heardPackets()));
+  s.loop = loop;
+  if (s.audioFile) s.audioFile->setLoop(loop);
+  const auto packet = static_cast<std::uint64_t>(heard);
+  if (_playing.isReadyFor(_number) && !isQueuedInOrder(packet)) requeue(packet);
+}
+
+bool AQPlayer::isQueuedInOrder(std::uint64_t heard) const {
+  const AQPlayerState& s = state();
+  if (s.turns.isAhead(s.queue->sampleTime())) return false;
+  const bool isInFront = s.loop && heard < s.loop->end;
+  return !isInFront || static_cast<std::uint64_t>(s.currentPacket) < s.loop->end;
+}
+
+// Not a seek: the queue runs on, so nothing stops and nobody is told. The data callback may delete
+// the player.
+void AQPlayer::requeue(std::uint64_t packet) {
+  PlayingFile& playing = _playing;
+  AQPlayerState& s = playing.state();
+  s.queue->rewind();
+  s.turns.clear();
+  s.isDone = false;
+  s.currentPacket = static_cast<std::int64_t>(packet);
+  _seek_time = playing.milliseconds(static_cast<double>(packet));
+  playing.prime();
 }
 
 bool AQPlayer::getIsDone() const {

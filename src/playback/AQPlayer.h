@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "playback/AQPlayerState.h"
@@ -33,6 +34,9 @@ class AQPlayer {
   void pause();
   /// Goes to a fraction of the file, 0.0 to 1.0, with a queue made anew.
   void setPosition(double position, bool play);
+  /// Plays these packets over and over, or no more: exactly so from now on, wherever it is. Before
+  /// and in the loop it turns at the loop's end; after it, it plays on.
+  void setLoop(const std::optional<FrameLoop>& loop);
   [[nodiscard]] double timeFromPosition(double position) const;
   [[nodiscard]] double duration() const;
   [[nodiscard]] double currentTime() const;
@@ -56,6 +60,9 @@ class AQPlayer {
   [[nodiscard]] AQPlayerState& state() const;
   void seekTo(std::int64_t packet);
   void recover(bool resume);
+  [[nodiscard]] double heardPackets() const;
+  [[nodiscard]] bool isQueuedInOrder(std::uint64_t heard) const;
+  void requeue(std::uint64_t packet);
 
   std::string _filePath;
   PlayingFile& _playing;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,8 @@
 #include "playback/AudioFormat.h"
 #include "playback/AudioOutput.h"
 #include "playback/AudioQueue.h"
+#include "playback/FrameLoop.h"
+#include "playback/LoopTurns.h"
 
 /// Called with each freshly filled buffer, the file's format, and the packet at which the buffer
 /// starts. May change the samples in place.
@@ -25,12 +28,16 @@ struct AQPlayerState {
   std::unique_ptr<AudioQueue> queue;     ///< null when there is none
   std::unique_ptr<AudioFile> audioFile;  ///< null when closed
   std::uint32_t bufferByteSize = 0;
-  std::int64_t currentPacket = 0;  ///< next one to read
+  std::int64_t currentPacket = 0;   ///< next one to read
+  std::optional<FrameLoop> loop;    ///< packets that are played over and over
+  LoopTurns turns;                  ///< of what is queued
+  std::int64_t packetOfBuffer = 0;  ///< at which the buffer starts that is being filled
   std::uint32_t numPacketsToRead = 0;
   std::uint64_t packetCount = 0;
-  bool isRunning = false;                  ///< nothing reads it; the queue knows whether it runs
-  bool isDone = false;                     ///< read to the end, or a read failed
-  std::vector<AudioQueueBuffer*> waiting;  ///< of the queue, for frames that are late
+  bool isRunning = false;  ///< nothing reads it; the queue knows whether it runs
+  bool isDone = false;     ///< read to the end, or a read failed
+  /// Buffers of the queue, for frames that are late; the first one may have some already.
+  std::vector<AudioQueueBuffer*> waiting;
   bool isInitialized = false;
   std::string openedPath;
   double durationSeconds = 0;

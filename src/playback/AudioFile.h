@@ -4,10 +4,12 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 
 #include "playback/AudioFormat.h"
+#include "playback/FrameLoop.h"
 
 /// The seam to what reads sound files.
 ///
@@ -39,6 +41,9 @@ class AudioFile {
   /// Reads up to `frames` whole frames from frame `first` on into `to`, which holds them. No
   /// allocation but for the words of a failure.
   virtual Read readFrames(std::uint64_t first, std::uint32_t frames, std::span<std::byte> to) = 0;
+  /// Which frames are going to be read over and over; none: in order. A hint for a file that reads
+  /// ahead: `readFrames` is asked for each frame as it comes all the same.
+  virtual void setLoop(const std::optional<FrameLoop>& /*loop*/) {}
   /// Whom to tell, from the event loop of the thread that calls this, that what was late has come.
   /// A file that waits for the medium is never late.
   virtual void setArrived(std::function<void()> /*arrived*/) {}

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -21,6 +22,7 @@ class LimitedAudioFile : public AudioFile {
   [[nodiscard]] AudioFormat format() const override { return _file->format(); }
   [[nodiscard]] std::uint64_t frameCount() const override;
   Read readFrames(std::uint64_t first, std::uint32_t frames, std::span<std::byte> to) override;
+  void setLoop(const std::optional<FrameLoop>& loop) override { _file->setLoop(loop); }
   void setArrived(std::function<void()> arrived) override { _file->setArrived(std::move(arrived)); }
 
  private:

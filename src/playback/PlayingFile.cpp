@@ -103,6 +103,7 @@ void PlayingFile::makeOutput() {
 void PlayingFile::AQSetUpQueue() {
   const bool isLost = _state.queue && _state.queue->isLost();
   _state.waiting.clear();
+  _state.turns.clear();
   _state.queue.reset();
   ++_queues;
   if (!_state.output || isLost) makeOutput();
@@ -129,10 +130,14 @@ void PlayingFile::prime() {
   }
 }
 
-AudioFile::Read PlayingFile::readPackets(AudioQueueBuffer& buffer) {
+// On behind what the buffer holds, as far as the packets come in order.
+AudioFile::Read PlayingFile::readPackets(const AudioQueueBuffer& buffer) {
   const auto first = static_cast<std::uint64_t>(_state.currentPacket);
+  const std::uint64_t room = _state.numPacketsToRead - buffer.packetDescriptionCount;
+  const std::uint64_t count = std::min(room, FrameLoop::untilTurn(_state.loop, first));
+  const std::span<std::byte> to(buffer.data + buffer.byteSize, buffer.capacity - buffer.byteSize);
   const AudioFile::Read read =
-      _state.audioFile->readFrames(first, _state.numPacketsToRead, {buffer.data, buffer.capacity});
+      _state.audioFile->readFrames(first, static_cast<std::uint32_t>(count), to);
   if (read.frames > 0) _state.readFailure.clear();  // the medium is back
   if (read.error == 0) return read;
   _state.readFailure = _state.audioFile->failure();
@@ -142,25 +147,52 @@ AudioFile::Read PlayingFile::readPackets(AudioQueueBuffer& buffer) {
 
 void PlayingFile::AQOutputCallback(AudioQueueBuffer& buffer) {
   if (_state.isDone) return;
-  const AudioFile::Read read = readPackets(buffer);
-  if (read.isLate) return _state.waiting.push_back(&buffer);
-  if (read.frames == 0) {
-    _state.isDone = true;
-    _state.queue->stop(AudioQueue::Stop::AfterDraining);
-    return;
+  buffer.byteSize = buffer.packetDescriptionCount = 0;
+  // Behind one that is late: they are played in the order in which they are filled.
+  if (!_state.waiting.empty()) return _state.waiting.push_back(&buffer);
+  fill(buffer);
+}
+
+// At the turn of a loop a buffer goes on with the first packet of the loop: there is no gap, and
+// buffers are no shorter than elsewhere.
+void PlayingFile::fill(AudioQueueBuffer& buffer) {
+  if (buffer.packetDescriptionCount == 0) _state.packetOfBuffer = _state.currentPacket;
+  AudioFile::Read read;
+  do {
+    read = readPackets(buffer);
+    if (read.isLate) return _state.waiting.push_back(&buffer);
+  } while (read.frames > 0 && advance(buffer, read.frames));
+  if (buffer.packetDescriptionCount > 0) {
+    if (!process(buffer)) return;
+    _state.queue->enqueue(buffer);
   }
-  buffer.byteSize = read.frames * _state.dataFormat.bytesPerPacket;
-  buffer.packetDescriptionCount = read.frames;
-  if (!process(buffer)) return;
-  _state.queue->enqueue(buffer);
-  _state.currentPacket += read.frames;
+  if (read.frames > 0) return;
+  _state.isDone = true;
+  _state.queue->stop(AudioQueue::Stop::AfterDraining);
+}
+
+// Whether the reading has turned, and the buffer has room for more.
+bool PlayingFile::advance(AudioQueueBuffer& buffer, std::uint32_t packets) {
+  buffer.byteSize += packets * _state.dataFormat.bytesPerPacket;
+  buffer.packetDescriptionCount += packets;
+  _state.turns.add(packets);
+  const auto from = static_cast<std::uint64_t>(_state.currentPacket);
+  const std::uint64_t next = FrameLoop::following(_state.loop, from, packets);
+  _state.currentPacket = static_cast<std::int64_t>(next);
+  if (next == from + packets) return false;
+  _state.turns.turn(from + packets - next, _state.queue->sampleTime());
+  return buffer.packetDescriptionCount < _state.numPacketsToRead;
 }
 
 void PlayingFile::AQFileArrived() {
   const auto waiting = std::exchange(_state.waiting, {});
   const std::uint64_t queue = _queues;
   for (AudioQueueBuffer* const buffer : waiting) {
-    AQOutputCallback(*buffer);
+    if (!_state.waiting.empty()) {
+      _state.waiting.push_back(buffer);
+    } else if (!_state.isDone) {
+      fill(*buffer);
+    }
     if (_queues != queue) return;
   }
 }
@@ -169,7 +201,7 @@ void PlayingFile::AQFileArrived() {
 bool PlayingFile::process(AudioQueueBuffer& buffer) {
   const std::uint64_t queue = _queues;
   const auto callback = _state.dataCallback;
-  if (callback) (*callback)(buffer, _state.dataFormat, _state.currentPacket);
+  if (callback) (*callback)(buffer, _state.dataFormat, _state.packetOfBuffer);
   return _queues == queue;
 }
 

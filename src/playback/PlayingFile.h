@@ -61,7 +61,9 @@ class PlayingFile {
   void AQOutputLost(const std::string& why);
   void failToOpen(const std::string& why);
   void makeOutput();
-  AudioFile::Read readPackets(AudioQueueBuffer& buffer);
+  void fill(AudioQueueBuffer& buffer);
+  bool advance(AudioQueueBuffer& buffer, std::uint32_t packets);
+  AudioFile::Read readPackets(const AudioQueueBuffer& buffer);
 
   AQPlayerState _state;
   std::uint64_t _player = 0;  ///< number of the player whose file it is

@@ -77,10 +77,12 @@ void ReadAheadBlocks::work(AudioFile& file) {
 // seek the worker fills none before it is back from here.
 void ReadAheadBlocks::fillNext(AudioFile& file, std::unique_lock<std::mutex>& lock) {
   const std::uint64_t seek = _seek;
-  const std::uint64_t first = _position + _held;
+  const std::uint64_t first = _next;
+  const std::uint64_t inOrder = FrameLoop::untilTurn(_loop, first);
+  const auto frames = static_cast<std::uint32_t>(std::min<std::uint64_t>(_blockFrames, inOrder));
   const std::span<std::byte> to = block(_filled);
   lock.unlock();
-  const AudioFile::Read read = readOrEnd(file, first, to);
+  const AudioFile::Read read = readOrEnd(file, first, frames, to);
   std::string why = read.error != 0 ? file.failure() : std::string();
   lock.lock();
   if (seek != _seek) return;
@@ -91,8 +93,8 @@ void ReadAheadBlocks::fillNext(AudioFile& file, std::unique_lock<std::mutex>& lo
 
 // The file is asked what it has to say at its end as well, as whoever plays it would ask.
 AudioFile::Read ReadAheadBlocks::readOrEnd(AudioFile& file, std::uint64_t first,
-                                           std::span<std::byte> to) const {
-  AudioFile::Read read = file.readFrames(first, _blockFrames, to);
+                                           std::uint32_t frames, std::span<std::byte> to) const {
+  AudioFile::Read read = file.readFrames(first, frames, to);
   const bool isLast = read.frames > 0 && first + read.frames >= _frameCount;
   if (isLast) read.error = file.readFrames(_frameCount, 1, {}).error;
   return read;
@@ -100,7 +102,8 @@ AudioFile::Read ReadAheadBlocks::readOrEnd(AudioFile& file, std::uint64_t first,
 
 void ReadAheadBlocks::keep(const AudioFile::Read& read) {
   _error = read.error;
-  _isOver = read.frames == 0 || _position + _held + read.frames >= _frameCount;
+  _next = FrameLoop::following(_loop, _next, read.frames);
+  _isOver = read.frames == 0 || _next >= _frameCount;
   if (read.frames == 0) return;
   _frames[_filled++ % _frames.size()] = read.frames;
   _held += read.frames;
@@ -124,6 +127,8 @@ AudioFile::Read ReadAheadBlocks::take(std::uint64_t first, std::uint32_t frames,
   if (frames == 0) return {};
   if (first >= _frameCount) return readEnd(first);
   if (first != _position || _isToldOver) seek(first);
+  const std::uint64_t inOrder = FrameLoop::untilTurn(_loop, first);
+  frames = static_cast<std::uint32_t>(std::min<std::uint64_t>(frames, inOrder));
   if (_held < atMost(frames) && !_isOver) {
     _awaited = atMost(frames);
     return {0, 0, true};
@@ -143,12 +148,40 @@ AudioFile::Read ReadAheadBlocks::readEnd(std::uint64_t first) {
 
 void ReadAheadBlocks::seek(std::uint64_t first) {
   ++_seek;
-  _position = first;
+  _position = _next = first;
   _filled = _emptied = _held = 0;
   _takenOfFront = 0;
   _isOver = _isToldOver = false;
   _error = 0;
   _room.notify_one();
+}
+
+// What the worker reads by the former order is thrown away, as in a seek.
+void ReadAheadBlocks::setLoop(const std::optional<FrameLoop>& loop) {
+  const std::lock_guard lock(_mutex);
+  if (loop == _loop) return;
+  const std::uint64_t before = FrameLoop::untilTurn(_loop, _position);
+  keepOnly(std::min(before, FrameLoop::untilTurn(loop, _position)));
+  _loop = loop;
+  ++_seek;
+  _next = FrameLoop::following(_loop, _position, _held);
+  _isOver = _next >= _frameCount;
+  _error = 0;
+  _room.notify_one();
+}
+
+void ReadAheadBlocks::keepOnly(std::uint64_t frames) {
+  while (_held > frames) {
+    const std::uint64_t last = _filled - 1;
+    std::uint32_t& inLast = _frames[last % _frames.size()];
+    const std::uint32_t taken = last == _emptied ? _takenOfFront : 0;
+    const std::uint64_t away = std::min<std::uint64_t>(_held - frames, inLast - taken);
+    inLast -= static_cast<std::uint32_t>(away);
+    _held -= away;
+    if (inLast > taken) return;
+    --_filled;
+    if (last == _emptied) _takenOfFront = 0;
+  }
 }
 
 void ReadAheadBlocks::copy(std::uint32_t frames, std::span<std::byte> to) {
@@ -161,7 +194,7 @@ void ReadAheadBlocks::copy(std::uint32_t frames, std::span<std::byte> to) {
     frames -= count;
     _takenOfFront += count;
     _held -= count;
-    _position += count;
+    _position = FrameLoop::following(_loop, _position, count);
     if (_takenOfFront < inFront) continue;
     _takenOfFront = 0;
     ++_emptied;

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -21,9 +22,10 @@ class ThreadSignal;
 /// is less than that in an extreme format).
 ///
 /// Blocks belong to a seek: a frame that is not the next one begins another, and what the worker
-/// was reading for the one before is thrown away when it arrives. Nobody waits for the worker but
-/// who asks to (`waitForFirst`); it keeps the blocks alive by itself and closes the file after
-/// `end`. Nothing throws.
+/// was reading for the one before is thrown away when it arrives. The first frame of a loop is the
+/// next one after its last, so the turn is at hand like everything else. Nobody waits for the
+/// worker but who asks to (`waitForFirst`); it keeps the blocks alive by itself and closes the file
+/// after `end`. Nothing throws.
 ///
 /// Threads: the worker's is inside; `waitForFirst` is any one's, everything else the owner's.
 class ReadAheadBlocks : public std::enable_shared_from_this<ReadAheadBlocks> {
@@ -41,6 +43,9 @@ class ReadAheadBlocks : public std::enable_shared_from_this<ReadAheadBlocks> {
   /// As `AudioFile::readFrames`, but late where fewer frames are at hand than asked for and more
   /// are to come. After a failure that it has told, the file is read anew.
   AudioFile::Read take(std::uint64_t first, std::uint32_t frames, std::span<std::byte> to);
+  /// In which order frames are taken from here on. What is at hand and comes next all the same
+  /// stays at hand.
+  void setLoop(const std::optional<FrameLoop>& loop);
   /// Of the last failure that was told.
   [[nodiscard]] std::string failure() const;
   /// See `AudioFile`.
@@ -53,11 +58,12 @@ class ReadAheadBlocks : public std::enable_shared_from_this<ReadAheadBlocks> {
   void work(AudioFile& file);
   void fillNext(AudioFile& file, std::unique_lock<std::mutex>& lock);
   [[nodiscard]] AudioFile::Read readOrEnd(AudioFile& file, std::uint64_t first,
-                                          std::span<std::byte> to) const;
+                                          std::uint32_t frames, std::span<std::byte> to) const;
   void keep(const AudioFile::Read& read);
   AudioFile::Read readEnd(std::uint64_t first);
   void announce();
   void seek(std::uint64_t first);
+  void keepOnly(std::uint64_t frames);
   void copy(std::uint32_t frames, std::span<std::byte> to);
   [[nodiscard]] bool hasRoom() const { return !_isOver && _filled - _emptied < _frames.size(); }
   [[nodiscard]] std::span<std::byte> block(std::uint64_t number) const;
@@ -77,9 +83,11 @@ class ReadAheadBlocks : public std::enable_shared_from_this<ReadAheadBlocks> {
   std::uint32_t _takenOfFront = 0;  ///< frames
   std::uint64_t _held = 0;          ///< frames at hand
   std::uint64_t _position = 0;      ///< frame of the file that the first one at hand is
-  std::uint64_t _seek = 0;          ///< how many there were
-  std::uint64_t _awaited = 0;       ///< frames that a late read wants; 0: nobody waits
-  bool _isOver = false;             ///< nothing more comes: `_error`, or the end
+  std::uint64_t _next = 0;          ///< frame of the file that is read next
+  std::optional<FrameLoop> _loop;
+  std::uint64_t _seek = 0;     ///< how many there were
+  std::uint64_t _awaited = 0;  ///< frames that a late read wants; 0: nobody waits
+  bool _isOver = false;        ///< nothing more comes: `_error`, or the end
   bool _isToldOver = false;
   int _error = 0;
   std::string _failure;

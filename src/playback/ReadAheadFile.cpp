@@ -41,6 +41,10 @@ AudioFile::Read ReadAheadFile::readFrames(std::uint64_t first, std::uint32_t fra
   return _isOpen ? Read{} : Read{0, EBADF};
 }
 
+void ReadAheadFile::setLoop(const std::optional<FrameLoop>& loop) {
+  if (_blocks) _blocks->setLoop(loop);
+}
+
 void ReadAheadFile::setArrived(std::function<void()> arrived) {
   if (_blocks) _blocks->setArrived(std::move(arrived));
 }

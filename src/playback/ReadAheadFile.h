@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "playback/AudioFile.h"
@@ -25,6 +26,7 @@ class ReadAheadFile : public AudioFile {
   [[nodiscard]] AudioFormat format() const override { return _format; }
   [[nodiscard]] std::uint64_t frameCount() const override { return _frameCount; }
   Read readFrames(std::uint64_t first, std::uint32_t frames, std::span<std::byte> to) override;
+  void setLoop(const std::optional<FrameLoop>& loop) override;
   void setArrived(std::function<void()> arrived) override;
 
  private:

@@ -4,10 +4,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
 #include "dsp/AdjustInfo.h"
+#include "dsp/SoloStage.h"
 #include "playback/AQPlayer.h"
 #include "wav/WavArray.h"
 #include "wav/WaveFileReader.h"
@@ -59,6 +61,8 @@ class WavePlayer {
   void playFinish();
   /// Goes to a fraction of the file. 1.0 ends it.
   void setPosition(double position);
+  /// See `AQPlayer`.
+  void setLoop(const std::optional<FrameLoop>& loop) { _player->setLoop(loop); }
   /// Linear; ignored outside 0.0 to 1.0.
   void setVolume(double volume);
   void cleanUp();
@@ -86,6 +90,10 @@ class WavePlayer {
   /// Whole degrees of stereo width. Read by the next buffer; changes glide by a degree a frame.
   [[nodiscard]] std::int64_t angle() const { return _angle; }
   void setAngle(std::int64_t degrees) { _angle = degrees; }
+
+  /// What of a raw take is heard. Read by the next buffer; a change fades over 20 ms.
+  [[nodiscard]] Solo solo() const { return _solo; }
+  void setSolo(Solo solo) { _solo = solo; }
 
   /// The reader of the same file; only its header and its Mid/Side flag are read.
   [[nodiscard]] const std::shared_ptr<const WaveFileReader>& reader() const { return _reader; }
@@ -139,6 +147,8 @@ class WavePlayer {
   PlayState _play_state = PLAY_STATE_INIT;
   std::int64_t _gain = 0;
   std::int64_t _angle = 0;
+  Solo _solo = Solo::None;
+  Solo _soloBefore = Solo::None;  ///< of the buffer before
   std::shared_ptr<const WaveFileReader> _reader;
   std::weak_ptr<WavePlayerDelegate> _delegate;
   std::shared_ptr<WavePlayer*> _self;  ///< callbacks hold it weakly

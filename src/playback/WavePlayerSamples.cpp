@@ -8,11 +8,12 @@
 #include <cstdlib>
 #include <cstring>
 #include <span>
+#include <utility>
 
 #include "dsp/GainStage.h"
 #include "dsp/Kernels.h"
-#include "dsp/MidSideDecoder.h"
 #include "dsp/PlainKernels.h"
+#include "dsp/SoloStage.h"
 #include "playback/WavePlayer.h"
 
 namespace {
@@ -103,7 +104,7 @@ void WavePlayer::processFrames(std::span<float> frames) {
   if (_reader && _reader->isBoMSFormat()) {
     _angleinfo.prevAngle = _angleinfo.curAngle;
     _angleinfo.curAngle = _angle;
-    MidSideDecoder::glide(frames, _angleinfo);
+    SoloStage::glide(frames, _angleinfo, std::exchange(_soloBefore, _solo), _solo);
   }
   _dbinfo.prevGain = _dbinfo.curGain;
   _dbinfo.curGain = -_gain;

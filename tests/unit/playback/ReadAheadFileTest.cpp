@@ -7,14 +7,12 @@
 #include <sys/syscall.h>
 
 #include <QCoreApplication>
-#include <QEvent>
 #include <cerrno>
 #include <filesystem>
 #include <thread>
 #include <vector>
 
-#include "HeldFile.h"
-#include "PlaybackFixture.h"
+#include "ReadAheadFixture.h"
 #include "playback/AQPlayer.h"
 #include "playback/WavePlayer.h"
 #include "playback/wave/WaveAudioFile.h"
@@ -24,61 +22,7 @@
 
 namespace {
 
-constexpr std::uint32_t kBuffer = 4800;
-constexpr std::uint32_t kBlock = 6000;  ///< an eighth of a second
-
-/// A file that is read ahead on a medium that hangs on demand.
-class ReadAheadFileTest : public PlaybackFixture {
- protected:
-  void TearDown() override {
-    medium.release();
-    medium.waitUntilClosed();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    PlaybackFixture::TearDown();
-  }
-
-  std::unique_ptr<ReadAheadFile> make() {
-    auto file = std::make_unique<MemoryAudioFile>(format, packets);
-    file->failAt(badFrame, 7);
-    return std::make_unique<ReadAheadFile>(std::make_unique<HeldFile>(medium, std::move(file)));
-  }
-  std::unique_ptr<ReadAheadFile> opened() {
-    auto file = make();
-    EXPECT_TRUE(file->open("x"));
-    return file;
-  }
-  void usePlayers() {
-    AudioBackends::addFile("ahead", [this] { return make(); });
-    AudioBackends::chooseFile("ahead");
-  }
-  /// Reads one buffer, asking for it again as long as it is late.
-  AudioFile::Read read(AudioFile& file, std::uint64_t first, std::uint32_t frames = kBuffer) {
-    buffer.assign(std::size_t{frames} * format.bytesPerPacket, std::byte{0});
-    AudioFile::Read got = file.readFrames(first, frames, buffer);
-    while (got.isLate) {
-      std::this_thread::yield();
-      got = file.readFrames(first, frames, buffer);
-    }
-    buffer.resize(std::size_t{got.frames} * format.bytesPerPacket);
-    return got;
-  }
-  [[nodiscard]] std::vector<std::byte> frames(std::uint64_t first, std::uint64_t end) const {
-    const auto at = [this](std::uint64_t frame) {
-      return packets.begin() + static_cast<std::ptrdiff_t>(frame * format.bytesPerPacket);
-    };
-    return {at(first), at(end)};
-  }
-  void waitUntilRead(std::uint64_t count) const {
-    while (medium.framesRead() < count) std::this_thread::yield();
-  }
-
-  int count = 1;
-  char name[5] = "test";
-  char* arguments[2] = {name, nullptr};
-  QCoreApplication application{count, arguments};
-  HeldMedium medium;
-  std::vector<std::byte> buffer;
-};
+using ReadAheadFileTest = ReadAheadFixture;
 
 TEST_F(ReadAheadFileTest, HasTheFramesOfTheFile) {
   use24BitFile(500'001);
