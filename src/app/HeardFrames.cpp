@@ -11,29 +11,73 @@
 #include "dsp/Kernels.h"
 #include "dsp/SideGain.h"
 
+namespace {
+
+constexpr double kMostFrames = 1e15;
+
+}  // namespace
+
 HeardFrames::HeardFrames(std::unique_ptr<WaveFileReader> reader) : _reader(std::move(reader)) {}
 
 std::uint64_t HeardFrames::frameAt(double seconds) const {
   const double frame = std::ceil(seconds * _reader->header().SampleRate);
-  if (!(frame > 0)) return 0;
-  const std::uint64_t frames = _reader->frameCount();
-  return frame < static_cast<double>(frames) ? static_cast<std::uint64_t>(frame) : frames;
+  return frame > 0 ? static_cast<std::uint64_t>(std::min(frame, kMostFrames)) : 0;
 }
 
-std::span<const float> HeardFrames::read(double from, double to, int width, double gain) {
-  const std::uint64_t first = frameAt(from);
-  const std::uint64_t end = frameAt(to);
-  if (first >= end || !_reader->follow(from, to)) return {};
+double HeardFrames::secondsAt(std::uint64_t frame) const {
+  const double rate = _reader->header().SampleRate;
+  return rate > 0 ? static_cast<double>(frame) / rate : 0;
+}
+
+HeardFrames::Stretch HeardFrames::stretch(double from, double to, const HeardSound& sound) const {
+  const std::uint64_t first = std::min(frameAt(from), _reader->frameCount());
+  const std::uint64_t wanted = frameAt(to) - std::min(frameAt(to), first);
+  const std::uint64_t inOrder = FrameLoop::untilTurn(sound.loop, first);
+  const std::uint64_t count = std::min({wanted, inOrder, _reader->frameCount() - first});
+  if (count < inOrder) return {first, count, 0};
+  return {first, count, std::min(wanted - count, sound.loop->end - sound.loop->first)};
+}
+
+double HeardFrames::heardAt(double from, double to, const HeardSound& sound) const {
+  const Stretch wanted = stretch(from, to, sound);
+  const bool hasTurned = wanted.count == FrameLoop::untilTurn(sound.loop, wanted.first);
+  return hasTurned ? to - secondsAt(sound.loop->end - sound.loop->first) : to;
+}
+
+bool HeardFrames::followFrames(std::uint64_t first, std::uint64_t count) {
+  return _reader->follow(secondsAt(first), secondsAt(first + count));
+}
+
+bool HeardFrames::follow(double from, double to, const HeardSound& sound) {
+  const Stretch wanted = stretch(from, to, sound);
+  return followFrames(wanted.first, wanted.count);
+}
+
+std::size_t HeardFrames::readFrames(std::uint64_t first, std::uint64_t count, std::size_t at) {
   SampleCursor& cursor = _reader->cursor();
   cursor.setReadDataIdx(_reader->header().dataChunkPosition + first * cursor.frameBytes());
-  _frames.resize(std::max<std::size_t>(_frames.size(), 2 * (end - first)));
-  const std::span<float> all = std::span(_frames).first(2 * (end - first));
-  const std::span<float> frames = all.first(2 * cursor.readFrames(all));
-  const float divisor = GainStage::factor(-gain);
-  if (_reader->isBoMSFormat()) {
-    Kernels::decodeAndDivide(frames, SideGain::factor(width), divisor, divisor);
+  return cursor.readFrames(std::span(_frames).subspan(2 * at, 2 * count));
+}
+
+std::span<const float> HeardFrames::read(double from, double to, const HeardSound& sound) {
+  const Stretch wanted = stretch(from, to, sound);
+  if (wanted.count == 0 || !followFrames(wanted.first, wanted.count)) return {};
+  _frames.resize(std::max<std::size_t>(_frames.size(), 2 * (wanted.count + wanted.turned)));
+  std::size_t count = readFrames(wanted.first, wanted.count, 0);
+  if (wanted.turned > 0 && followFrames(sound.loop->first, wanted.turned)) {
+    count += readFrames(sound.loop->first, wanted.turned, count);
+  }
+  const std::span<float> frames = std::span(_frames).first(2 * count);
+  decode(frames, sound);
+  return frames;
+}
+
+void HeardFrames::decode(std::span<float> frames, const HeardSound& sound) const {
+  const float divisor = GainStage::factor(-sound.gain);
+  if (_reader->isBoMSFormat() && sound.solo == Solo::None) {
+    Kernels::decodeAndDivide(frames, SideGain::factor(sound.width), divisor, divisor);
   } else {
+    if (_reader->isBoMSFormat()) SoloStage::apply(frames, sound.solo);
     Kernels::divide(frames, divisor, divisor);
   }
-  return frames;
 }

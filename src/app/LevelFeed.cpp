@@ -141,11 +141,12 @@ void LevelFeed::updateByRule(double time, double interval) {
 void LevelFeed::updateTruly(double time, double interval) {
   const double late = time - _measuredTo;
   const double from = late > 0 && late < kLatest ? _measuredTo : time;
-  if (!_heard->reader().follow(from, time + interval)) return clear();
-  const int width = WaveFileReader::wholeAngle(_take.angle());
-  const auto frames = _heard->read(from, time + interval, width, static_cast<double>(_take.gain()));
+  const double to = time + interval;
+  const HeardSound sound = _take.heardSound();
+  if (!_heard->follow(from, to, sound)) return clear();
+  const auto frames = _heard->read(from, to, sound);
   if (frames.empty()) return;
-  _measuredTo = time + interval;
+  _measuredTo = _heard->heardAt(from, to, sound);
   double left = 0;
   double right = 0;
   for (std::size_t i = 0; i + 1 < frames.size(); i += 2) {

@@ -32,12 +32,19 @@ QString lookOfParts() {
              "#btnPlayPause:pressed { background: %8; }"
              "#btnPlayPause:disabled { background: %9; }"
              "#btnPlayPause:focus { border-color: %5; }"
+             "QToolButton[role=\"toggle\"] { background: %1; color: %10; border-radius: 6px;"
+             "  padding: 0 3px; font-size: 12px; font-weight: 600; }"
+             "QToolButton[role=\"toggle\"]:hover { background: %3; }"
+             "QToolButton[role=\"toggle\"]:disabled { color: %9; }"
+             "QToolButton[role=\"toggle\"]:checked { background: %6; color: %11; }"
+             "QToolButton[role=\"toggle\"]:focus { border-color: %5; }"
              "#btnExport { background: %1; border-radius: 8px; padding: 0 12px; min-height: 32px; }"
              "#btnExport:hover { background: %3; }"
              "#btnExport:pressed { background: %4; }")
       .arg(Colors::ControlColor().name(), Colors::AppBGLight().name(), Colors::hover().name(),
            Colors::pressed().name(), Colors::focusRing().name(), Colors::WHITE().name(),
-           Colors::primaryHover().name(), Colors::primaryPressed().name(), Colors::line().name());
+           Colors::primaryHover().name(), Colors::primaryPressed().name(), Colors::line().name(),
+           Colors::dimText().name(), Colors::AppBG().name());
 }
 
 // The toolkit takes a plain widget for a filler, also where it is the window.

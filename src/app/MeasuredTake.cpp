@@ -23,6 +23,7 @@ MeasuredTake::MeasuredTake(TakeSession& take, QObject* parent) : QObject(parent)
   _timerMeasured.setObjectName(QStringLiteral("timerMeasured"));
   _timerMeasured.setSingleShot(true);
   connect(&_timerMeasured, &QTimer::timeout, this, &MeasuredTake::collect);
+  connect(&_side, &MeasuredSide::measured, this, &MeasuredTake::measured);
   connect(&_take, &TakeSession::opened, this, &MeasuredTake::begin);
   connect(&_take, &TakeSession::closing, this, &MeasuredTake::drop);
   connect(&_take, &TakeSession::closed, this, &MeasuredTake::drop);
@@ -34,6 +35,24 @@ int MeasuredTake::width() const {
 
 double MeasuredTake::gain() const {
   return static_cast<double>(_take.gain());
+}
+
+// At width 0 both sides are Mid.
+int MeasuredTake::shownWidth() const {
+  return _take.solo() == Solo::Mid ? 0 : width();
+}
+
+Waveform MeasuredTake::waveform(std::uint64_t from, std::uint64_t to, std::size_t columns) const {
+  const bool isSide = _take.solo() == Solo::Side;
+  const auto& known = isSide ? _side.analysis() : _analysis;
+  if (!known) return {};
+  Waveform wave = known->waveform(shownWidth(), gain(), from, to, columns);
+  for (Waveform::Column& column : wave.columns) {
+    if (!isSide) break;
+    column.leastLeft = column.leastRight;
+    column.greatestLeft = column.greatestRight;
+  }
+  return wave;
 }
 
 void MeasuredTake::begin() {

@@ -9,6 +9,7 @@
 
 #include "analysis/TakeAnalysis.h"
 #include "analysis/TakeAnalyzer.h"
+#include "app/MeasuredSide.h"
 #include "app/TakeSession.h"
 #include "base/Errand.h"
 
@@ -30,8 +31,13 @@ class MeasuredTake : public QObject {
   /// Whether more is to come.
   [[nodiscard]] bool isRunning() const { return _analyzer != nullptr; }
   [[nodiscard]] bool isComplete() const { return _analysis && _analysis->isComplete(); }
+  /// Frames [from, to) as they are heard, at the width and gain, or Mid or Side alone; see
+  /// `TakeAnalysis::waveform`. No columns where nothing is known.
+  [[nodiscard]] Waveform waveform(std::uint64_t from, std::uint64_t to, std::size_t columns) const;
   /// In whole degrees and dB, as the session has them.
   [[nodiscard]] int width() const;
+  /// The width at which both sides are what is heard; of Side alone there is none.
+  [[nodiscard]] int shownWidth() const;
   [[nodiscard]] double gain() const;
 
   /// Measures what is from this time on first.
@@ -50,6 +56,7 @@ class MeasuredTake : public QObject {
   void take(std::shared_ptr<const TakeAnalysis> known, double progress, bool isLast);
 
   TakeSession& _take;
+  MeasuredSide _side{_take, this};
   std::shared_ptr<TakeAnalyzer> _analyzer;  ///< while it works
   Errand _errand;                           ///< copies what is known: megabytes of a long take
   QElapsedTimer _fetched;                   ///< since the errand began

@@ -14,6 +14,9 @@ constexpr int kInset = 24;
 constexpr int kStageInset = 8;
 constexpr QSize kLeastExport{96, 36};
 constexpr int kWaveformHeight = 64;
+constexpr int kBesidePlay = 12;
+constexpr int kToggleGap = 5;
+constexpr QSize kToggle{30, 24};
 
 }  // namespace
 
@@ -107,16 +110,46 @@ QLayout* PlayerView::makeTransport() {
   btnPlayPause = MainViewParts::pictureButton(this, 48, 24);
   btnPlayPause->setObjectName(QStringLiteral("btnPlayPause"));
   row->addWidget(btnPlayPause);
+  row->addLayout(makeListening(), 1);
+  return row;
+}
+
+// Beside play, and what there is to say after them.
+QLayout* PlayerView::makeListening() {
+  btnLoop = toggle(tr("A–B"), tr("Loop"));
+  btnSoloMid = toggle(tr("M", "Mid"), tr("Solo Mid"));
+  btnSoloSide = toggle(tr("S", "Side"), tr("Solo Side"));
   lblStatus = new StatusLine(this);
   lblStatus->setProperty("role", "dim");
   lblStatus->setMinimumHeight(btnPlayPause->height());
   lblStatus->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  auto* const row = new QHBoxLayout;
+  row->setContentsMargins(kBesidePlay, 0, 0, 0);
+  row->setSpacing(kToggleGap);
+  row->addWidget(btnLoop);
+  row->addSpacing(kToggleGap);
+  row->addWidget(btnSoloMid);
+  row->addWidget(btnSoloSide);
+  row->addSpacing(kToggleGap);
   row->addWidget(lblStatus, 1);
   return row;
 }
 
+QToolButton* PlayerView::toggle(const QString& text, const QString& name) {
+  auto* const made = new QToolButton(this);
+  made->setProperty("role", "toggle");
+  made->setText(text);
+  made->setAccessibleName(name);
+  made->setToolTip(name);
+  made->setCheckable(true);
+  made->setFocusPolicy(Qt::TabFocus);
+  made->setMinimumSize(kToggle);
+  return made;
+}
+
 QWidgetList PlayerView::tabOrder() const {
-  return {btnPlayPause,      waveform,        sliderTime,
+  return {btnPlayPause,      btnLoop,         btnSoloMid,
+          btnSoloSide,       waveform,        sliderTime,
           btnVolume,         sliderVolume,    stage->sliderStereo,
           stage->sliderGain, stage->clipLeft, stage->clipRight,
           btnExport,         btnMenu};

@@ -39,6 +39,9 @@ class PlayerView : public QWidget {
   QToolButton* btnVolume = nullptr;
   Slider* sliderVolume = nullptr;
   QToolButton* btnPlayPause = nullptr;
+  QToolButton* btnLoop = nullptr;  ///< checkable, as are the two that follow
+  QToolButton* btnSoloMid = nullptr;
+  QToolButton* btnSoloSide = nullptr;
   StatusLine* lblStatus = nullptr;
 
  private:
@@ -47,4 +50,6 @@ class PlayerView : public QWidget {
   QLayout* makeTimes();
   QLayout* makeVolume();
   QLayout* makeTransport();
+  QLayout* makeListening();
+  QToolButton* toggle(const QString& text, const QString& name);
 };

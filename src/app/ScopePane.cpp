@@ -49,9 +49,9 @@ void ScopePane::advance() {
   const double to = _take.playedTime() + kInterval / 2;
   const double since = to - _shownTo;
   const double from = since > 0 && since < kMostLate ? _shownTo : to - kInterval;
-  const int width = WaveFileReader::wholeAngle(_take.angle());
-  const auto frames = _heard->read(from, to, width, static_cast<double>(_take.gain()));
-  _shownTo = to;
+  const HeardSound sound = _take.heardSound();
+  const auto frames = _heard->read(from, to, sound);
+  _shownTo = _heard->heardAt(from, to, sound);
   _view.field->scope->advance(frames, to - from);
   _correlation.add(frames, to - from);
   showCorrelation(_correlation.value());

@@ -98,8 +98,10 @@ void TakeSession::release() {
   _timerReading.stop();
   if (_player) _player->cleanUp();
   _player.reset();
+  setLoop(std::nullopt);
   if (_job) _job->cleanUp();
   _job.reset();
+  setSolo(Solo::None);
   _errand.giveUp();
   _timerOpening.stop();
 }
@@ -117,6 +119,41 @@ void TakeSession::play() {
 
 void TakeSession::seek(double position) {
   if (_player) _player->setPosition(position);
+}
+
+// The middle of the frame: the player cuts down to the one that it is in.
+void TakeSession::seekToFrame(std::uint64_t frame) {
+  if (!_job || _job->reader()->frameCount() == 0) return;
+  constexpr double kMiddle = 0.5;
+  const auto frames = static_cast<double>(_job->reader()->frameCount());
+  seek(std::min(1.0, (static_cast<double>(frame) + kMiddle) / frames));
+}
+
+void TakeSession::setLoop(const std::optional<FrameLoop>& loop) {
+  const auto wanted = loop && _player ? fitted(*loop) : std::nullopt;
+  if (std::exchange(_loop, wanted) == wanted) return;
+  if (_player) _player->setLoop(wanted);
+  emit loopChanged();
+}
+
+void TakeSession::setSolo(Solo solo) {
+  const Solo wanted = isRawMidSide() ? solo : Solo::None;
+  const bool isOther = std::exchange(_solo, wanted) != wanted;
+  if (_player) _player->setSolo(wanted);
+  if (isOther) emit soundChanged();
+}
+
+HeardSound TakeSession::heardSound() const {
+  return {WaveFileReader::wholeAngle(_angle), static_cast<double>(_gain), _solo, _loop};
+}
+
+std::optional<FrameLoop> TakeSession::fitted(const FrameLoop& loop) const {
+  const std::uint64_t frames = _job->reader()->frameCount();
+  const double rate = _job->reader()->header().SampleRate;
+  const auto least = static_cast<std::uint64_t>(std::ceil(rate * kLeastLoop));
+  if (frames < least || least == 0) return std::nullopt;
+  const std::uint64_t first = std::min(loop.first, frames - least);
+  return FrameLoop{first, std::clamp(loop.end, first + least, frames)};
 }
 
 void TakeSession::setVolume(double volume) {
@@ -201,12 +238,14 @@ QString TakeSession::zeroText() const {
 }
 
 bool TakeSession::hasSoundChanged() const {
-  return _gain != _gain_before_pause || _angle != _stereo_before_pause;
+  return _gain != _gain_before_pause || _angle != _stereo_before_pause ||
+         _solo != _solo_before_pause;
 }
 
 void TakeSession::rememberSound() {
   _gain_before_pause = _gain;
   _stereo_before_pause = _angle;
+  _solo_before_pause = _solo;
 }
 
 std::shared_ptr<Export> TakeSession::jobToExport() const {

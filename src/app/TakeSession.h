@@ -8,11 +8,14 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "app/HeardSound.h"
 #include "base/Errand.h"
 #include "export/Export.h"
 #include "playback/AudioFile.h"
+#include "playback/FrameLoop.h"
 #include "playback/WavePlayer.h"
 #include "wav/WaveFileReader.h"
 
@@ -38,6 +41,9 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   };
   Q_ENUM(Failure)
 
+  /// Seconds that a loop lasts at least.
+  static constexpr double kLeastLoop = 0.05;
+
   explicit TakeSession(QObject* parent = nullptr);
   /// Lets the take go and tells nobody.
   ~TakeSession() override;
@@ -50,6 +56,14 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   void play();
   /// Goes to a fraction of the take; 1.0 ends it.
   void seek(double position);
+  /// Goes to exactly this frame.
+  void seekToFrame(std::uint64_t frame);
+  /// Plays these frames over and over from now on, or no more; goes nowhere for it. Cut to the
+  /// take; one that is too short is made longer. Another take has none.
+  void setLoop(const std::optional<FrameLoop>& loop);
+  /// What of a raw take is heard; an export is always decoded. Another take has no solo, and one
+  /// that is not raw never.
+  void setSolo(Solo solo);
   /// Linear, 0.0 to 1.0; 0.0 while muted.
   void setVolume(double volume);
   void setGain(std::int64_t dB);  ///< positive is louder
@@ -80,10 +94,14 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   [[nodiscard]] QString textAt(double position) const;
   [[nodiscard]] QString zeroText() const;
 
+  [[nodiscard]] const std::optional<FrameLoop>& loop() const { return _loop; }
+  [[nodiscard]] Solo solo() const { return _solo; }
+  /// All of what is heard but the volume.
+  [[nodiscard]] HeardSound heardSound() const;
   [[nodiscard]] double volume() const { return _volume; }
   [[nodiscard]] std::int64_t gain() const { return _gain; }
   [[nodiscard]] double angle() const { return _angle; }
-  /// Whether gain or width are others than when the take was opened or last stopped.
+  /// Whether gain, width or solo are others than when the take was opened or last stopped.
   [[nodiscard]] bool hasSoundChanged() const;
 
   /// The export job of the take with gain and width as they are heard; null without a take.
@@ -108,8 +126,10 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   void opened();
   /// It plays, pauses or has finished; or was set to do so again.
   void stateChanged();
-  /// Gain or width are others than they were.
+  /// Gain, width or solo are others than they were.
   void soundChanged();
+  /// There is another loop, or none.
+  void loopChanged();
   /// `why` is a phrase or a sentence for people. A reading failure is told once, until `readAgain`.
   void failed(TakeSession::Failure failure, const QString& why);
   /// What could not be read is read again: a card is back, or another part of the take is played.
@@ -125,6 +145,7 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   void refuse(const std::string& why);
   void release();
   void rememberSound();
+  [[nodiscard]] std::optional<FrameLoop> fitted(const FrameLoop& loop) const;
   void showState();
   void checkReading();
 
@@ -137,6 +158,9 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   double _volume = 1.0;
   std::int64_t _gain = 0;
   double _angle = 0.0;
+  std::optional<FrameLoop> _loop;
+  Solo _solo = Solo::None;
+  Solo _solo_before_pause = Solo::None;
   std::int64_t _gain_before_pause = 0;
   double _stereo_before_pause = 0.0;
   QString _toldFailure;

@@ -17,6 +17,7 @@ ViewController::~ViewController() {
 void ViewController::viewDidLoad() {
   _panes.commands.readVersion();
   initUI();
+  _panes.commands.readSettings();
   initMIDI();
   EB::initData();
   EB::SUBSCRIBE(this, &ViewController::notify, EB::kPlayFinish);
@@ -37,6 +38,7 @@ void ViewController::initUI() {
   connect(&commands, &WindowCommands::playRequested, &_panes.transport,
           &TransportPane::playOrPause);
   connect(&commands, &WindowCommands::clearPeaksRequested, &_panes.levels, &LevelFeed::clearPeaks);
+  connect(&commands, &WindowCommands::clearLoopRequested, &_panes.loop, &LoopPane::clear);
   connect(&commands, &WindowCommands::metersByRuleRequested, &_panes.levels,
           &LevelFeed::setByRecordersRule);
   connect(&commands, &WindowCommands::endRequested, this, &ViewController::endRequested);

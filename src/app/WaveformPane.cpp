@@ -96,13 +96,11 @@ bool WaveformPane::isCloserThanMeasured(const View& view) const {
 }
 
 Waveform WaveformPane::waveformOf(const View& view) {
-  const int width = _measured.width();
-  const double gain = _measured.gain();
-  if (isCloserThanMeasured(view)) {
+  if (_take.solo() != Solo::Side && isCloserThanMeasured(view)) {
     const auto closeUp = _reading.closeUp(view.from, view.to, view.columns);
-    if (closeUp) return closeUp->at(width, gain);
+    if (closeUp) return closeUp->at(_measured.shownWidth(), _measured.gain());
   }
-  return _measured.analysis()->waveform(width, gain, view.from, view.to, view.columns);
+  return _measured.waveform(view.from, view.to, view.columns);
 }
 
 void WaveformPane::draw() {
@@ -111,8 +109,9 @@ void WaveformPane::draw() {
   const Waveform wave = waveformOf(inView());
   show(wave);
   // What is still being measured changes before the medium has told the truth about it.
-  if (!_measured.isComplete()) return _reading.dropTruth();
-  _reading.settle(wave, _measured.width(), _measured.gain());
+  const bool isSide = _take.solo() == Solo::Side;  // which is not decoded
+  if (isSide || !_measured.isComplete()) return _reading.dropTruth();
+  _reading.settle(wave, _measured.shownWidth(), _measured.gain());
 }
 
 void WaveformPane::show(const Waveform& wave) {

@@ -13,8 +13,17 @@
 #include "base/Version.h"
 #include "dialogs/AboutVC.h"
 #include "dialogs/Alert.h"
+#include "dialogs/HelpVC.h"
 #include "dialogs/IntroductionVC.h"
 #include "dialogs/NodeviceVC.h"
+
+namespace {
+
+// As the setting is stored; anything else is off.
+constexpr const char* kOn = "on";
+constexpr const char* kOff = "off";
+
+}  // namespace
 
 WindowCommands::WindowCommands(const Place& place, TakeSession& take, FolderBrowser& browser,
                                QObject* parent)
@@ -36,6 +45,9 @@ WindowCommands::WindowCommands(const Place& place, TakeSession& take, FolderBrow
   connectMenu();
   connectExports();
   _window.installEventFilter(this);
+  // A button would move the keyboard by an arrow; Tab does that.
+  for (auto* const other : _window.findChildren<QAbstractButton*>())
+    other->installEventFilter(this);
 }
 
 // Greyed out only where it can be seen: its key reaches the command at all times.
@@ -45,6 +57,10 @@ void WindowCommands::connectMenu() {
   connect(_menu.actionClearPeaks, &QAction::triggered, this, &WindowCommands::clearPeaksRequested);
   connect(_menu.actionMetersByRule, &QAction::toggled, this,
           &WindowCommands::metersByRuleRequested);
+  connect(_menu.actionMetersByRule, &QAction::toggled, this,
+          [](bool isOn) { Utility::store(Utility::kMetersByRule, isOn ? kOn : kOff); });
+  connect(_menu.actionPlay, &QAction::triggered, this, &WindowCommands::playRequested);
+  connect(_menu.actionKeys, &QAction::triggered, this, &WindowCommands::showKeys);
   connect(_menu.actionIntroduction, &QAction::triggered, this, &WindowCommands::showIntroduction);
   connect(_menu.actionHelp, &QAction::triggered, this, &WindowCommands::showHelp);
   connect(_menu.actionAbout, &QAction::triggered, this, &WindowCommands::showAbout);
@@ -59,6 +75,10 @@ void WindowCommands::readVersion() {
       QStringLiteral("%1.%2").arg(QLatin1String(kVersion), QLatin1String(kBuildNumber));
   const auto seen = Utility::getStringValue(Utility::kDoNotShowAgain);
   _firstIntroDialog = !seen || *seen != _versionString.toStdString();
+}
+
+void WindowCommands::readSettings() {
+  _menu.actionMetersByRule->setChecked(Utility::getStringValue(Utility::kMetersByRule) == kOn);
 }
 
 void WindowCommands::present(DialogWindow* dialog) const {
@@ -93,6 +113,10 @@ void WindowCommands::showAbout() {
   present(dialog);
 }
 
+void WindowCommands::showKeys() {
+  present(new HelpVC(_menu.keys(), &_window));
+}
+
 void WindowCommands::showHelp() const {
   const QString address = QLatin1String(kHelpAddress);
   if (QDesktopServices::openUrl(QUrl(address))) return;
@@ -107,7 +131,8 @@ void WindowCommands::askForExport() {
   const std::shared_ptr<Export> job = _take.jobToExport();
   if (!job) return;
   if (_browser.listing()) job->setDirPath(_browser.listing()->folderPath());
-  _desk.ask(job);
+  const bool isSolo = _take.solo() != Solo::None;
+  _desk.ask(job, isSolo ? tr("Solo is for listening: Left and Right are exported.") : QString());
 }
 
 void WindowCommands::connectExports() {
@@ -151,7 +176,7 @@ void WindowCommands::endAnyway() {
 }
 
 bool WindowCommands::eventFilter(QObject* watched, QEvent* event) {
-  if (watched != &_window) return false;
+  if (watched != &_window) return arrowPressed(*event);
   if (event->type() == QEvent::KeyPress) {
     keyDown(*static_cast<QKeyEvent*>(event));
     return true;
@@ -163,17 +188,29 @@ bool WindowCommands::eventFilter(QObject* watched, QEvent* event) {
   return false;
 }
 
+bool WindowCommands::arrowPressed(const QEvent& event) {
+  if (event.type() != QEvent::KeyPress) return false;
+  const auto& key = static_cast<const QKeyEvent&>(event);
+  if (key.key() == Qt::Key_Space || _menu.actionOf(key) == nullptr) return false;
+  keyDown(key);
+  return true;
+}
+
 void WindowCommands::keyDown(const QKeyEvent& event) {
   if (event.key() == Qt::Key_Space) _isSpaceDown = true;
   if (event.key() == Qt::Key_Escape) giveUp();
   const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
   if (isReturn && !event.isAutoRepeat()) emit openSelectedRequested();
+  QAction* const named = _menu.actionOf(event);
+  if (named != nullptr && named != _menu.actionPlay) named->trigger();
 }
 
-// What a medium has not answered yet.
+// What a medium has not answered yet; where nothing is waited for, the loop.
 void WindowCommands::giveUp() {
+  const bool isOpening = _take.state() == TakeSession::State::Opening;
+  if (!isOpening && !_browser.isLooking()) emit clearLoopRequested();
   _browser.lookNoMore();
-  if (_take.state() == TakeSession::State::Opening) _take.close();
+  if (isOpening) _take.close();
 }
 
 // A release alone may belong to a press that closed a menu or a dialog.

@@ -39,6 +39,8 @@ class WindowCommands : public QObject {
 
   /// Looks whether this version has been introduced.
   void readVersion();
+  /// Sets the switches of the menu as they were left.
+  void readSettings();
   /// Introduces the program once, where that is due.
   void introduce();
   /// Whether that is due, or on the screen.
@@ -46,6 +48,8 @@ class WindowCommands : public QObject {
 
   void showAbout();
   void showIntroduction();
+  /// Shows what keys and pointer do.
+  void showKeys();
   /// Opens the help in the browser; where there is none, says where the help is.
   void showHelp() const;
   void showNoDevice();
@@ -67,6 +71,7 @@ class WindowCommands : public QObject {
   void openFolderRequested();
   void playRequested();
   void clearPeaksRequested();
+  void clearLoopRequested();
   void metersByRuleRequested(bool isByRule);
   void endRequested();
 
@@ -75,6 +80,7 @@ class WindowCommands : public QObject {
 
  private:
   void giveUp();
+  bool arrowPressed(const QEvent& event);
   void connectMenu();
   void connectExports();
   void present(DialogWindow* dialog) const;

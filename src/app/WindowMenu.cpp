@@ -3,25 +3,74 @@
 
 #include "app/WindowMenu.h"
 
+#include <algorithm>
+
 WindowMenu::WindowMenu(QWidget& window) : QMenu(&window) {
-  actionOpenFolder = add(tr("&Open folder…"), QKeySequence::Open);
-  actionExport = add(tr("&Export…"), Qt::CTRL | Qt::Key_E);
+  actionOpenFolder = add(*this, tr("&Open folder…"), QKeySequence::Open);
+  actionExport = add(*this, tr("&Export…"), Qt::CTRL | Qt::Key_E);
   addSeparator();
-  actionClearPeaks = add(tr("&Clear peaks"), Qt::CTRL | Qt::Key_K);
-  actionMetersByRule = add(tr("&Meters by the recorder's rule"));
+  makePlaying();
+  actionClearPeaks = add(*this, tr("&Clear peaks"), Qt::CTRL | Qt::Key_K);
+  actionMetersByRule = add(*this, tr("&Meters by the recorder's rule"));
   actionMetersByRule->setCheckable(true);
   addSeparator();
-  actionIntroduction = add(tr("&Introduction"));
-  actionHelp = add(tr("Online &help"), QKeySequence::HelpContents);
-  actionAbout = add(tr("&About"));
+  actionKeys = add(*this, tr("&Keys and pointer"), QKeySequence::HelpContents);
+  actionIntroduction = add(*this, tr("&Introduction"));
+  actionHelp = add(*this, tr("Online &help"));
+  actionAbout = add(*this, tr("&About"));
   addSeparator();
-  actionQuit = add(tr("&Quit"), QKeySequence::Quit);
+  actionQuit = add(*this, tr("&Quit"), QKeySequence::Quit);
 }
 
-QAction* WindowMenu::add(const QString& text, const QKeySequence& keys) {
+void WindowMenu::makePlaying() {
+  QMenu& menu = *addMenu(tr("&Playing"));
+  actionPlay = addNamed(menu, tr("&Play or pause"), Qt::Key_Space);
+  actionBack = addNamed(menu, tr("&Back 1 s"), Qt::Key_Left);
+  actionForward = addNamed(menu, tr("&Forward 1 s"), Qt::Key_Right);
+  actionFarBack = addNamed(menu, tr("Back 10 s"), Qt::SHIFT | Qt::Key_Left);
+  actionFarForward = addNamed(menu, tr("Forward 10 s"), Qt::SHIFT | Qt::Key_Right);
+  actionBeginning = addNamed(menu, tr("To the be&ginning"), Qt::Key_Home);
+  actionEnd = addNamed(menu, tr("To the &end"), Qt::Key_End);
+  menu.addSeparator();
+  actionLouder = addNamed(menu, tr("&Louder by 1 dB"), Qt::Key_Up);
+  actionSofter = addNamed(menu, tr("&Softer by 1 dB"), Qt::Key_Down);
+  actionWider = add(menu, tr("&Wider by 5°"), Qt::Key_BracketRight);
+  actionNarrower = add(menu, tr("&Narrower by 5°"), Qt::Key_BracketLeft);
+  menu.addSeparator();
+  actionLoop = add(menu, tr("L&oop: A, B, clear"), Qt::Key_L);
+  actionSoloMid = add(menu, tr("Solo &Mid"), Qt::Key_M);
+  actionSoloSide = add(menu, tr("Solo S&ide"), Qt::Key_S);
+  for (QAction* const toggle : {actionLoop, actionSoloMid, actionSoloSide}) {
+    toggle->setCheckable(true);
+  }
+}
+
+QAction* WindowMenu::add(QMenu& menu, const QString& text, const QKeySequence& keys) {
   auto* const action = new QAction(text, this);
   action->setShortcut(keys);
   parentWidget()->addAction(action);
-  addAction(action);
+  menu.addAction(action);
+  note(text, keys);
   return action;
+}
+
+QAction* WindowMenu::addNamed(QMenu& menu, const QString& text, QKeyCombination key) {
+  const QKeySequence keys(key);
+  auto* const action = new QAction(text + u'\t' + keys.toString(QKeySequence::NativeText), this);
+  menu.addAction(action);
+  _named.emplace_back(key, action);
+  note(text, keys);
+  return action;
+}
+
+void WindowMenu::note(const QString& text, const QKeySequence& keys) {
+  if (keys.isEmpty()) return;
+  QString what = text;
+  _keys.push_back({keys.toString(QKeySequence::NativeText), what.remove(u'&').remove(u'…')});
+}
+
+QAction* WindowMenu::actionOf(const QKeyEvent& event) const {
+  const QKeyCombination key(event.modifiers() & ~Qt::KeypadModifier, Qt::Key(event.key()));
+  const auto found = std::ranges::find(_named, key, &std::pair<QKeyCombination, QAction*>::first);
+  return found == _named.end() ? nullptr : found->second;
 }

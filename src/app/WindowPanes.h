@@ -8,11 +8,14 @@
 #include "app/DevicePane.h"
 #include "app/FolderBrowser.h"
 #include "app/LevelFeed.h"
+#include "app/LoopPane.h"
 #include "app/LoudnessPane.h"
 #include "app/MainView.h"
 #include "app/MeasuredTake.h"
 #include "app/ScopePane.h"
+#include "app/SoloPane.h"
 #include "app/SoundPane.h"
+#include "app/TakeKeys.h"
 #include "app/TakeMessages.h"
 #include "app/TakeSession.h"
 #include "app/TransportPane.h"
@@ -47,6 +50,12 @@ struct WindowPanes {
   LoudnessPane loudness{*view.player, take, measured, &owner};
   DevicePane device{*view.device, &owner};
   TakeMessages messages{view, *view.player->lblStatus, take, &owner};
+  LoopPane loop{*view.player, *view.menu->actionLoop, take, &owner};
+  SoloPane solo{{*view.player->btnSoloMid, *view.menu->actionSoloMid},
+                {*view.player->btnSoloSide, *view.menu->actionSoloSide},
+                take,
+                &owner};
+  TakeKeys keys{*view.menu, *view.player, &owner};
   ExportQueue exports;
   ExportDesk desk{exports, view};
   WindowCommands commands{

@@ -14,6 +14,8 @@ class Utility {
   static constexpr std::string_view kLastOpenFolder = "UD_LAST_OPEN_FOLDER";
   /// The version ("0.1.0.1") whose introduction the user does not want to see again.
   static constexpr std::string_view kDoNotShowAgain = "UD_DO_NOT_SHOW_AGAIN";
+  /// "on" where meters follow the recorder's rule.
+  static constexpr std::string_view kMetersByRule = "UD_METERS_BY_RULE";
 
   /// Keeps the value for the key, in place of any earlier one. Returns at once: it is written on
   /// another thread, soon. What cannot be written is logged.

@@ -74,6 +74,7 @@ void WaveformViewer::setLength(double seconds) {
   _stretch.setLength(seconds);
   _position = 0;
   _isHeld = false;
+  _marks.letGo();
   setColumns({});
   emit stretchChanged();
 }
@@ -88,6 +89,10 @@ void WaveformViewer::setPosition(double seconds) {
   const double pixels = devicePixelRatioF();
   const double was = std::round(xOf(before) * pixels) / pixels;
   if (was != headX()) updateBetween(was, headX());
+}
+
+void WaveformViewer::setMarks(const std::optional<LoopMarks::Marks>& marks) {
+  if (_marks.set(marks)) update();
 }
 
 void WaveformViewer::setColumns(WaveformColumns columns) {
@@ -181,9 +186,11 @@ void WaveformViewer::paintEvent(QPaintEvent* /*event*/) {
   painter.setBrush(Colors::AppBG());
   painter.drawRoundedRect(rect(), kRadius, kRadius);
   painter.setRenderHint(QPainter::Antialiasing, false);
+  _marks.drawStretch(painter, _stretch, body());
   drawWave(painter);
   if (length() > 0) {
     drawRuler(painter);
+    _marks.drawMarks(painter, _stretch, body());
     drawHead(painter);
     drawReading(painter);
   }

@@ -8,12 +8,14 @@
 
 #include "controls/Adjustable.h"
 #include "controls/KeyboardFocus.h"
+#include "controls/LoopMarks.h"
 #include "controls/TimeWindow.h"
 #include "controls/WaveformColumns.h"
 
 /// The sound of a take over its time: Left up, Right down, what has been played brighter, what is
 /// over full scale red, under a ruler of time. A press or a drag moves the play head, the pointer
-/// reads time and level, the wheel zooms around it, a double click shows all.
+/// reads time and level, the wheel zooms around it, a double click shows all. A drag in the ruler
+/// marks a stretch, whose marks can be moved there; a click in it is one as elsewhere.
 ///
 /// It holds a stretch of time and asks for columns for it; where none have come, or those of
 /// another stretch, what is there is shown in its place. Values are seconds. Interface thread.
@@ -33,6 +35,10 @@ class WaveformViewer : public QWidget, public Adjustable {
   /// As many columns as `columnsWanted`, of the stretch in view.
   void setColumns(WaveformColumns columns);
   [[nodiscard]] const WaveformColumns& columns() const { return _columns; }
+
+  /// The stretch that is marked; one whose second mark is missing shows its first. None without.
+  void setMarks(const std::optional<LoopMarks::Marks>& marks);
+  [[nodiscard]] const std::optional<LoopMarks::Marks>& marks() const { return _marks.marks(); }
 
   [[nodiscard]] const TimeWindow& stretch() const { return _stretch; }
   /// One for each pixel of the screen.
@@ -70,6 +76,8 @@ class WaveformViewer : public QWidget, public Adjustable {
  signals:
   /// The user moved the play head.
   void valueAdjusted(AdjustCause cause);
+  /// The user has marked a stretch, in seconds.
+  void stretchMarked(double from, double to);
   /// Other columns are wanted: another stretch, or another number.
   void stretchChanged();
 
@@ -97,6 +105,11 @@ class WaveformViewer : public QWidget, public Adjustable {
   void drawWave(QPainter& painter) const;
   void drawHead(QPainter& painter) const;
   void drawReading(QPainter& painter) const;
+  void markTo(double x);
+  void endMarking(double x);
+  void showCursor(QPointF at);
+  [[nodiscard]] bool isRuler(QPointF at) const;
+  [[nodiscard]] double placeOf(double x) const;
   void updateBetween(double x1, double x2);
   void hover(std::optional<double> x);
   [[nodiscard]] std::optional<double> keyTarget(const QKeyEvent& event) const;
@@ -109,5 +122,6 @@ class WaveformViewer : public QWidget, public Adjustable {
   double _position = 0;
   std::optional<double> _hover;  ///< where the pointer is
   bool _isHeld = false;
+  LoopMarks _marks;
   KeyboardFocus _focus;
 };

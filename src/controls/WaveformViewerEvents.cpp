@@ -36,6 +36,7 @@ void WaveformViewer::resizeEvent(QResizeEvent* event) {
 void WaveformViewer::changeEvent(QEvent* event) {
   if (event->type() == QEvent::EnabledChange) {
     _isHeld = false;
+    _marks.letGo();
     update();
   }
   QWidget::changeEvent(event);
@@ -43,17 +44,48 @@ void WaveformViewer::changeEvent(QEvent* event) {
 
 void WaveformViewer::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || !isAdjustable()) return event->ignore();
+  if (isRuler(event->position())) return _marks.press(_stretch, placeOf(event->position().x()));
   _isHeld = true;
   adjust(timeAt(event->position().x()), AdjustCause::Press);
 }
 
+bool WaveformViewer::isRuler(QPointF at) const {
+  return at.y() < body().top();
+}
+
+double WaveformViewer::placeOf(double x) const {
+  return x - body().left();
+}
+
+void WaveformViewer::markTo(double x) {
+  if (_marks.drag(_stretch, placeOf(x))) update();
+}
+
+// What was no drag is a click.
+void WaveformViewer::endMarking(double x) {
+  const auto drawn = _marks.release();
+  update();
+  if (drawn) return void(emit stretchMarked(drawn->a, *drawn->b));
+  adjust(timeAt(x), AdjustCause::Press);
+  adjust(_position, AdjustCause::Release);
+}
+
+void WaveformViewer::showCursor(QPointF at) {
+  const bool isMark = isRuler(at) && _marks.isMark(_stretch, placeOf(at.x()));
+  setCursor(isMark ? Qt::SizeHorCursor : Qt::ArrowCursor);
+}
+
 void WaveformViewer::mouseMoveEvent(QMouseEvent* event) {
   hover(event->position().x());
+  if (_marks.isHeld()) return markTo(event->position().x());
+  showCursor(event->position());
   if (_isHeld) adjust(timeAt(event->position().x()), AdjustCause::Drag);
 }
 
 void WaveformViewer::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton || !_isHeld) return event->ignore();
+  if (event->button() != Qt::LeftButton) return event->ignore();
+  if (_marks.isHeld()) return endMarking(event->position().x());
+  if (!_isHeld) return event->ignore();
   _isHeld = false;
   adjust(_position, AdjustCause::Release);
 }

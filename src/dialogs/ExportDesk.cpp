@@ -35,10 +35,11 @@ ExportDesk::ExportDesk(ExportQueue& queue, QWidget& window) : _queue(queue), _wi
   connect(&queue, &ExportQueue::finished, this, &ExportDesk::end);
 }
 
-void ExportDesk::ask(const std::shared_ptr<Export>& job) {
+void ExportDesk::ask(const std::shared_ptr<Export>& job, const QString& note) {
   if (_queue.isBusy()) return raiseProgress();
   auto* const dialog = new ExportVC(&_window);
   dialog->setExporter(job);
+  dialog->setNote(note);
   dialog->setParentFrame(_window.window()->frameGeometry());
   connect(dialog, &ExportVC::ordered, &_queue, &ExportQueue::add);
   dialog->open();

@@ -30,7 +30,8 @@ class ExportDesk : public QObject {
 
   /// Asks for an order and hands it to the queue; while an export runs, shows its progress instead.
   /// The job need not live on once the dialog is shown.
-  void ask(const std::shared_ptr<Export>& job);
+  /// `note` is one more thing to know, shown in the dialog; empty for none.
+  void ask(const std::shared_ptr<Export>& job, const QString& note = {});
 
  signals:
   /// An export has been written to `path`, and the list was told.

@@ -26,6 +26,9 @@ void ExportVC::layOut() {
   column->addWidget(label(tr("Format"), "heading"));
   column->addLayout(choices());
   column->addSpacing(4);
+  _note = label({}, "dim");
+  _note->hide();
+  column->addWidget(_note);
   _warning = label({}, "warning");
   column->addWidget(_warning);
   column->addLayout(buttons());

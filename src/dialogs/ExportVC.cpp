@@ -29,6 +29,11 @@ void ExportVC::viewWillAppear() {
   initWindowUI();
 }
 
+void ExportVC::setNote(const QString& note) {
+  _note->setText(note);
+  _note->setHidden(note.isEmpty());
+}
+
 void ExportVC::askForSpace() {
   _spaceErrand.begin([this, folder = _facts.folder] {
     return [this, free = ExportFacts::freeIn(folder)] {

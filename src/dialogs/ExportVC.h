@@ -32,6 +32,9 @@ class ExportVC : public DialogWindow {
   void setExporter(std::shared_ptr<Export> exporter) { _exporter = std::move(exporter); }
   [[nodiscard]] const std::shared_ptr<Export>& exporter() const { return _exporter; }
 
+  /// One more thing to know; empty for none.
+  void setNote(const QString& note);
+
   /// The buttons exclude each other; nothing follows from a choice but the numbers shown.
   void radio_check();
   void btnCancel_Click();
@@ -66,6 +69,7 @@ class ExportVC : public DialogWindow {
   QLabel* _width;
   QLabel* _gain;
   QLabel* _size;
+  QLabel* _note;
   QLabel* _warning;
   QPushButton* _save;
   std::shared_ptr<Export> _exporter;

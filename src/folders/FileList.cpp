@@ -56,7 +56,9 @@ void FileList::initViewItemOption(QStyleOptionViewItem* option) const {
 
 void FileList::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
-  if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter) return event->ignore();
+  const bool isAside = key == Qt::Key_Left || key == Qt::Key_Right;
+  const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter;
+  if (key == Qt::Key_Space || isReturn || isAside) return event->ignore();
   _focus.used();
   QListView::keyPressEvent(event);
   viewport()->update();

@@ -7,8 +7,8 @@
 #include "controls/KeyboardFocus.h"
 #include "folders/FileListCell.h"
 
-/// The list of files: one column, one row selected at most. Return and the space bar are left to
-/// the window. Interface thread.
+/// The list of files: one column, one row selected at most. Return, the space bar, Left
+/// and Right are left to the window. Interface thread.
 class FileList : public QListView {
   Q_OBJECT
 

@@ -110,7 +110,10 @@ TEST_F(Layout, StandsToThePixelInTheUsualFont) {
       {player.btnVolume, {370, 598, 28, 28}},
       {player.sliderVolume, {402, 588, 110, 48}},
       {player.btnPlayPause, {666, 588, 48, 48}},
-      {player.lblStatus, {730, 588, 280, 48}}};
+      {player.btnLoop, {742, 600, 42, 24}},
+      {player.btnSoloMid, {794, 600, 30, 24}},
+      {player.btnSoloSide, {829, 600, 30, 24}},
+      {player.lblStatus, {869, 588, 141, 48}}};
   for (std::size_t i = 0; i < places.size(); ++i) {
     const QRect now = frame(places[i].first);
     EXPECT_EQ(now, places[i].second) << i << ": {" << now.x() << ", " << now.y() << ", "

@@ -66,6 +66,9 @@ TEST_F(Window, ControlsHaveTheirNamesForAssistiveSoftware) {
       {stage().sliderStereo, "Stereo width"},
       {stage().lvlLeft, "Level left"},
       {stage().lvlRight, "Level right"},
+      {view().player->btnLoop, "Loop"},
+      {view().player->btnSoloMid, "Solo Mid"},
+      {view().player->btnSoloSide, "Solo Side"},
       {view().player->btnExport, "Export"},
       {view().device->popupBattery, "Battery"},
       {view().device->popupAutoPow, "Auto power off"}};
@@ -104,7 +107,8 @@ TEST_F(Window, TabReachesEverythingInOrder) {
   EXPECT_THAT(reached,
               testing::ElementsAre(
                   view().browser->lblFolder, view().browser->btnOpenFolder,
-                  view().browser->tableFile, view().player->btnPlayPause, view().player->waveform,
+                  view().browser->tableFile, view().player->btnPlayPause, view().player->btnLoop,
+                  view().player->btnSoloMid, view().player->btnSoloSide, view().player->waveform,
                   view().player->sliderTime, view().player->btnVolume, view().player->sliderVolume,
                   stage().sliderStereo, stage().sliderGain, stage().clipLeft, stage().clipRight,
                   view().player->btnExport, view().player->btnMenu, view().device->listBatteryCover,

@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/LoopMarks.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+#include <cmath>
+
+#include "controls/Colors.h"
+
+namespace {
+
+constexpr int kVeil = 0x2C;  // of 0xFF: the waveform stays what is seen
+constexpr double kFlag = 11;
+constexpr double kLine = 2;
+
+bool isNear(const TimeWindow& window, double place, double seconds) {
+  return std::fabs(window.placeOf(seconds) - place) <= LoopMarks::kReach;
+}
+
+}  // namespace
+
+bool LoopMarks::set(const std::optional<Marks>& marks) {
+  if (marks == _marks) return false;
+  _marks = marks;
+  return true;
+}
+
+bool LoopMarks::isMark(const TimeWindow& window, double place) const {
+  if (!_marks) return false;
+  return isNear(window, place, _marks->a) || (_marks->b && isNear(window, place, *_marks->b));
+}
+
+void LoopMarks::press(const TimeWindow& window, double place) {
+  _isHeld = true;
+  _isDragged = false;
+  _pressed = place;
+  _fixed = window.timeAt(place);
+  if (!_marks || !_marks->b) return;
+  // Of two marks in reach the later one: it can always be moved away.
+  if (isNear(window, place, *_marks->b)) {
+    _fixed = _marks->a;
+  } else if (isNear(window, place, _marks->a)) {
+    _fixed = *_marks->b;
+  }
+}
+
+bool LoopMarks::drag(const TimeWindow& window, double place) {
+  _isDragged = _isDragged || std::fabs(place - _pressed) >= kDrag;
+  if (!_isDragged) return false;
+  const double other = window.timeAt(place);
+  _drawn = Marks{std::min(_fixed, other), std::max(_fixed, other)};
+  return true;
+}
+
+std::optional<LoopMarks::Marks> LoopMarks::release() {
+  const bool wasDragged = _isDragged;
+  letGo();
+  return wasDragged ? _drawn : std::nullopt;
+}
+
+void LoopMarks::drawStretch(QPainter& painter, const TimeWindow& window, const QRectF& body) const {
+  const std::optional<Marks>& shown = marks();
+  if (!shown || !shown->b) return;
+  const double left = std::max(body.left(), body.left() + window.placeOf(shown->a));
+  const double right = std::min(body.right(), body.left() + window.placeOf(*shown->b));
+  QColor veil = Colors::accent();
+  veil.setAlpha(kVeil);
+  if (right > left) painter.fillRect(QRectF(left, body.top(), right - left, body.height()), veil);
+}
+
+void LoopMarks::drawMarks(QPainter& painter, const TimeWindow& window, const QRectF& body) const {
+  const std::optional<Marks>& shown = marks();
+  if (!shown) return;
+  const auto draw = [&](double seconds, const QString& letter) {
+    if (!window.holds(seconds)) return;
+    drawMark(painter, std::round(body.left() + window.placeOf(seconds)), body, letter);
+  };
+  draw(shown->a, QCoreApplication::translate("LoopMarks", "A", "beginning of a loop"));
+  if (shown->b) draw(*shown->b, QCoreApplication::translate("LoopMarks", "B", "end of a loop"));
+}
+
+void LoopMarks::drawMark(QPainter& painter, double x, const QRectF& body, const QString& letter) {
+  const QRectF line(x - kLine / 2, body.top() - 2, kLine, body.height() + 2);
+  painter.fillRect(line, Colors::accent());
+  const QRectF flag(x - kFlag / 2, body.top() - kFlag - 2, kFlag, kFlag);
+  painter.fillRect(flag, Colors::accent());
+  painter.setPen(Colors::AppBG());
+  painter.drawText(flag, Qt::AlignCenter, letter);
+}

@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <QLabel>
+#include <QTest>
+#include <thread>
+
+#include "WindowFixture.h"
+#include "dialogs/ExportVC.h"
+
+namespace {
+
+/// Mid or Side alone; of the takes Mid is 0.5 and Side 0.25 throughout.
+class SoloTest : public WindowFixture {
+ protected:
+  void openTake(bool isRaw = true) {
+    take("R0001.WAV", 480'000, isRaw, true);
+    startOnTakes();
+    view().player->sliderVolume->adjust(1, AdjustCause::Key);
+    open("R0001.WAV");
+    stage().sliderStereo->setNewAngle(120);
+    play(600);
+  }
+  void press(int key) { QTest::keyClick(view().browser->tableFile, Qt::Key(key)); }
+  /// What is heard once what was queued has been.
+  [[nodiscard]] std::pair<float, float> heard() {
+    play(600);
+    const std::vector<float>& samples = output->played();
+    return {samples[samples.size() - 2], samples.back()};
+  }
+  /// Until the meters know what is heard, and so do they.
+  void updateMeters() {
+    const double time = player().curremtTime();
+    while (!controller().exportJob()->reader()->follow(time, time + 1.0)) std::this_thread::yield();
+    const auto known = [this] {
+      controller().updateLevelMeter(0.033);
+      return stage().lvlLeft->level() > 0;
+    };
+    waitFor(known, "levels");
+  }
+  using Pair = std::pair<float, float>;
+};
+
+TEST_F(SoloTest, IsHeardOnBothSides) {
+  openTake();
+  EXPECT_EQ(heard(), (Pair{0.75F, 0.25F}));
+  press(Qt::Key_S);
+  EXPECT_EQ(heard(), (Pair{0.25F, 0.25F}));
+  EXPECT_TRUE(view().player->btnSoloSide->isChecked());
+  EXPECT_TRUE(view().menu->actionSoloSide->isChecked());
+  press(Qt::Key_M);
+  EXPECT_EQ(heard(), (Pair{0.5F, 0.5F})) << "one takes the place of the other";
+  EXPECT_TRUE(view().player->btnSoloMid->isChecked());
+  EXPECT_FALSE(view().player->btnSoloSide->isChecked());
+  press(Qt::Key_M);
+  EXPECT_EQ(heard(), (Pair{0.75F, 0.25F}));
+  EXPECT_FALSE(view().player->btnSoloMid->isChecked());
+}
+
+TEST_F(SoloTest, IsSwitchedByItsButtons) {
+  openTake();
+  QTest::mouseClick(view().player->btnSoloSide, Qt::LeftButton);
+  EXPECT_EQ(controller().take().solo(), Solo::Side);
+  QTest::mouseClick(view().player->btnSoloMid, Qt::LeftButton);
+  EXPECT_EQ(controller().take().solo(), Solo::Mid);
+  QTest::mouseClick(view().player->btnSoloMid, Qt::LeftButton);
+  EXPECT_EQ(controller().take().solo(), Solo::None);
+}
+
+TEST_F(SoloTest, HasTheGainAndNotTheWidth) {
+  openTake();
+  press(Qt::Key_S);
+  stage().sliderStereo->setNewAngle(0);
+  EXPECT_EQ(heard(), (Pair{0.25F, 0.25F}));
+  setGain(-36);
+  EXPECT_LT(heard().first, 0.004F);
+}
+
+TEST_F(SoloTest, IsWhatMetersAndWaveformShow) {
+  openTake();
+  waitFor([this] { return view().player->waveform->columns().columns.size() > 10; }, "a picture");
+  press(Qt::Key_S);
+  updateMeters();
+  EXPECT_EQ(stage().lvlLeft->level(), 36) << "0.25 is -12 dB";
+  EXPECT_EQ(stage().lvlRight->level(), 36);
+  const auto isSide = [this] {
+    const auto& columns = view().player->waveform->columns().columns;
+    return !columns.empty() && std::abs(columns[5].left - 0.25F) < 0.02F &&
+           std::abs(columns[5].right - 0.25F) < 0.02F;
+  };
+  waitFor(isSide, "the waveform of Side");
+  press(Qt::Key_M);
+  const auto& mid = view().player->waveform->columns().columns;
+  EXPECT_NEAR(mid[5].left, 0.5, 0.02);
+  EXPECT_NEAR(mid[5].right, 0.5, 0.02);
+}
+
+TEST_F(SoloTest, CorrelatesWithItself) {
+  openTake();
+  press(Qt::Key_M);
+  play(400);
+  const auto isOne = [this] {
+    play(40);
+    const auto value = stage().field->correlation->value();
+    return value && *value > 0.999;
+  };
+  waitFor(isOne, "one signal on both sides");
+}
+
+TEST_F(SoloTest, GoesWithItsTake) {
+  openTake();
+  press(Qt::Key_M);
+  take("R0002.WAV");
+  refresh();
+  open("R0002.WAV");
+  EXPECT_EQ(controller().take().solo(), Solo::None);
+  EXPECT_FALSE(view().player->btnSoloMid->isChecked());
+}
+
+TEST_F(SoloTest, IsNotForATakeThatIsStereo) {
+  openTake(false);
+  EXPECT_FALSE(view().player->btnSoloMid->isEnabled());
+  EXPECT_FALSE(view().player->btnSoloSide->isEnabled());
+  EXPECT_FALSE(view().menu->actionSoloMid->isEnabled());
+  press(Qt::Key_S);
+  controller().take().setSolo(Solo::Side);
+  EXPECT_EQ(controller().take().solo(), Solo::None);
+  EXPECT_EQ(heard(), (Pair{0.5F, 0.25F}));
+}
+
+TEST_F(SoloTest, ChangesNothingAboutAnExportWhichSaysSo) {
+  openTake();
+  const auto note = [this] {
+    controller().btnExport_Click();
+    auto* const dialog = view().findChild<ExportVC*>();
+    bool isSaid = false;
+    for (const QLabel* const label : dialog->findChildren<QLabel*>()) {
+      isSaid = isSaid || (!label->isHidden() && label->text().contains("Solo"));
+    }
+    dialog->reject();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return isSaid;
+  };
+  EXPECT_FALSE(note());
+  press(Qt::Key_S);
+  EXPECT_TRUE(note());
+}
+
+}  // namespace
