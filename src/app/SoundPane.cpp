@@ -3,6 +3,8 @@
 
 #include "app/SoundPane.h"
 
+#include <QEvent>
+
 #include "app/MainViewParts.h"
 #include "dsp/GainStage.h"
 #include "dsp/SideGain.h"
@@ -32,12 +34,22 @@ SoundPane::SoundPane(PlayerView& view, TakeSession& take, QObject* parent)
       _self(this, [](SoundPane*) {}) {
   initVolume();
   initGain();
+  _stage.imgDevice->installEventFilter(this);
+  _stage.imgDevice->setToolTip(
+      tr("A double click turns to %1°, the plain sum and difference").arg(SideGain::kUnityAngle));
   _stage.sliderStereo->setDelegate(_self);
   angleViewer(_stage.sliderStereo, _stage.sliderStereo->angle());
   connect(&_take, &TakeSession::opened, this, &SoundPane::showTake);
   connect(&_take, &TakeSession::stillOpening, this, &SoundPane::showIdle);
   connect(&_take, &TakeSession::closed, this, &SoundPane::showIdle);
   showIdle();
+}
+
+bool SoundPane::eventFilter(QObject* watched, QEvent* event) {
+  const bool isDouble = event->type() == QEvent::MouseButtonDblClick;
+  if (watched != _stage.imgDevice || !isDouble || !_stage.sliderStereo->enable()) return false;
+  _stage.sliderStereo->setNewAngle(SideGain::kUnityAngle);
+  return true;
 }
 
 void SoundPane::initVolume() {

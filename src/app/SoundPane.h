@@ -7,6 +7,7 @@
 
 #include "app/PlayerView.h"
 #include "app/TakeSession.h"
+#include "app/ValueField.h"
 #include "controls/J4SliderCell.h"
 
 /// Volume with mute, gain and stereo width: what the controls say is what the session has.
@@ -32,6 +33,10 @@ class SoundPane : public QObject,
   void GainTickTitle(class GainTickTitle* scale, const QString& clickAt) override;
   void angleViewer(AngleViewer* dial, double angleChanged) override;
 
+ protected:
+  /// A double click on the dial's recorder turns to the plain sum and difference.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   void initVolume();
   void initGain();
@@ -47,6 +52,9 @@ class SoundPane : public QObject,
   std::shared_ptr<J4SliderCell> _sliderGainCell;
   double _lastVolume = 0.0;
   bool _isMuteVolume = false;
-  double _volumeBefore = 0.0;        ///< before the last movement of the slider
+  double _volumeBefore = 0.0;  ///< before the last movement of the slider
+  ValueField _typedWidth{*_stage.lblStereoValue, *_stage.sliderStereo, tr("Type the stereo width"),
+                         this};
+  ValueField _typedGain{*_stage.lblGainValue, *_stage.sliderGain, tr("Type the gain"), this};
   std::shared_ptr<SoundPane> _self;  ///< owns nothing; the controls hold it weakly
 };

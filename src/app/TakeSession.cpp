@@ -239,13 +239,13 @@ QString TakeSession::zeroText() const {
 
 bool TakeSession::hasSoundChanged() const {
   return _gain != _gain_before_pause || _angle != _stereo_before_pause ||
-         _solo != _solo_before_pause;
+         _solo != _soloBeforePause;
 }
 
 void TakeSession::rememberSound() {
   _gain_before_pause = _gain;
   _stereo_before_pause = _angle;
-  _solo_before_pause = _solo;
+  _soloBeforePause = _solo;
 }
 
 std::shared_ptr<Export> TakeSession::jobToExport() const {

@@ -160,7 +160,7 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   double _angle = 0.0;
   std::optional<FrameLoop> _loop;
   Solo _solo = Solo::None;
-  Solo _solo_before_pause = Solo::None;
+  Solo _soloBeforePause = Solo::None;
   std::int64_t _gain_before_pause = 0;
   double _stereo_before_pause = 0.0;
   QString _toldFailure;

@@ -46,12 +46,11 @@ void LoopMarks::press(const TimeWindow& window, double place) {
   }
 }
 
-bool LoopMarks::drag(const TimeWindow& window, double place) {
+void LoopMarks::drag(const TimeWindow& window, double place) {
   _isDragged = _isDragged || std::fabs(place - _pressed) >= kDrag;
-  if (!_isDragged) return false;
+  if (!_isDragged) return;
   const double other = window.timeAt(place);
   _drawn = Marks{std::min(_fixed, other), std::max(_fixed, other)};
-  return true;
 }
 
 std::optional<LoopMarks::Marks> LoopMarks::release() {

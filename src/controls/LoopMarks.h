@@ -31,8 +31,7 @@ class LoopMarks {
   /// Whether there is a mark at this place.
   [[nodiscard]] bool isMark(const TimeWindow& window, double place) const;
   void press(const TimeWindow& window, double place);
-  /// True once the press has become a drag.
-  bool drag(const TimeWindow& window, double place);
+  void drag(const TimeWindow& window, double place);
   /// What was drawn, with both marks; none where nothing was dragged.
   std::optional<Marks> release();
   void letGo() { _isHeld = _isDragged = false; }

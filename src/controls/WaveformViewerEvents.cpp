@@ -57,8 +57,9 @@ double WaveformViewer::placeOf(double x) const {
   return x - body().left();
 }
 
+// The pointer has moved, and what it reads: everything is drawn anew for that.
 void WaveformViewer::markTo(double x) {
-  if (_marks.drag(_stretch, placeOf(x))) update();
+  _marks.drag(_stretch, placeOf(x));
 }
 
 // What was no drag is a click.

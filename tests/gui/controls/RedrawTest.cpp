@@ -198,6 +198,17 @@ TEST_F(RedrawOfWaveform, ForColumnsStretchAndTake) {
   EXPECT_TRUE(repaints([this] { control.setEnabled(false); }));
 }
 
+TEST_F(RedrawOfWaveform, ForMarks) {
+  const LoopMarks::Marks marks{100, 200};
+  EXPECT_TRUE(repaints([&] { control.setMarks(marks); }));
+  EXPECT_FALSE(repaints([&] { control.setMarks(marks); }));
+  EXPECT_TRUE(repaints([this] { control.setMarks(std::nullopt); }));
+  Hands::press(control, {100, 5});
+  EXPECT_TRUE(repaints([this] { Hands::move(control, {200, 5}); }));
+  EXPECT_TRUE(repaints([this] { Hands::release(control, {200, 5}); })) << "nobody has taken them";
+  EXPECT_FALSE(control.marks().has_value());
+}
+
 TEST_F(RedrawOfWaveform, ForThePointerAndTheFocusRing) {
   EXPECT_TRUE(repaints([this] { Hands::move(control, {100, 30}); }));
   EXPECT_FALSE(repaints([this] { Hands::move(control, {100, 40}); })) << "the same time";
