@@ -238,8 +238,7 @@ QString TakeSession::zeroText() const {
 }
 
 bool TakeSession::hasSoundChanged() const {
-  return _gain != _gain_before_pause || _angle != _stereo_before_pause ||
-         _solo != _soloBeforePause;
+  return _gain != _gain_before_pause || _angle != _stereo_before_pause || _solo != _soloBeforePause;
 }
 
 void TakeSession::rememberSound() {
