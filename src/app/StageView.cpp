@@ -142,9 +142,9 @@ void StageView::makeLevels() {
   lvlRight->setAccessibleName(tr("Level right"));
   lblRight = caption<QLabel>("dim", tr("R", "right channel"));
   clipLeft = new ClipLamp(this);
-  clipLeft->setAccessibleName(tr("Clip left"));
+  clipLeft->setNames(tr("Peak left"), tr("Clip left"));
   clipRight = new ClipLamp(this);
-  clipRight->setAccessibleName(tr("Clip right"));
+  clipRight->setNames(tr("Peak right"), tr("Clip right"));
   lblLevel = caption<QLabel>("heading", tr("Level"));
   lblLevelValue = caption<QLabel>("dim", tr("peak hold"));
 }

@@ -18,9 +18,32 @@ constexpr double kGap = 4;
 
 }  // namespace
 
-ClipLamp::ClipLamp(QWidget* parent) : QAbstractButton(parent) {
+class ClipLamp::FigureButton : public QAbstractButton {
+ public:
+  using QAbstractButton::QAbstractButton;
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {}
+};
+
+ClipLamp::ClipLamp(QWidget* parent)
+    : QAbstractButton(parent), _figureButton(new FigureButton(this)) {
   setFocusPolicy(Qt::TabFocus);
+  _figureButton->setFocusPolicy(Qt::NoFocus);
+  connect(_figureButton, &QAbstractButton::clicked, this, &QAbstractButton::click);
   setPeak(PeakHold());
+}
+
+void ClipLamp::setNames(const QString& figure, const QString& lamp) {
+  _figureButton->setAccessibleName(figure);
+  setAccessibleName(lamp);
+}
+
+void ClipLamp::describe() {
+  const QString figure = QString(_figure).replace(u'−', u'-');
+  const bool isNone = figure == QStringLiteral("–");
+  _figureButton->setAccessibleDescription(isNone ? figure : figure + QStringLiteral(" dBFS"));
+  setAccessibleDescription(_isLit ? tr("over full scale") : tr("not over full scale"));
 }
 
 void ClipLamp::setPeak(const PeakHold& peak) {
@@ -28,6 +51,7 @@ void ClipLamp::setPeak(const PeakHold& peak) {
   if (figure == _figure && peak.isOver() == _isLit) return;
   _figure = figure;
   _isLit = peak.isOver();
+  describe();
   update();
 }
 
@@ -45,6 +69,15 @@ QSize ClipLamp::sizeHint() const {
   const int width = metrics.horizontalAdvance(QStringLiteral("+88.8")) + 6;
   return {std::max(width, static_cast<int>(kLampWidth)),
           metrics.height() + static_cast<int>(kGap + kLampHeight)};
+}
+
+QRectF ClipLamp::figurePlace() const {
+  return {0, 0, static_cast<double>(width()), lamp().top() - kGap + 2};
+}
+
+void ClipLamp::resizeEvent(QResizeEvent* event) {
+  _figureButton->setGeometry(figurePlace().toRect());
+  QAbstractButton::resizeEvent(event);
 }
 
 bool ClipLamp::event(QEvent* event) {
@@ -65,8 +98,7 @@ void ClipLamp::paintEvent(QPaintEvent* /*event*/) {
   const bool isNone = _figure == QStringLiteral("–");
   const QColor plain = isNone || !isEnabled() ? Colors::dimText() : Colors::WHITE();
   painter.setPen(_isLit ? Colors::overText() : plain);
-  const QRectF place(0, 0, width(), lamp().top() - kGap + 2);
-  painter.drawText(place, Qt::AlignHCenter | Qt::AlignBottom, _figure);
+  painter.drawText(figurePlace(), Qt::AlignHCenter | Qt::AlignBottom, _figure);
   if (!hasFocus() || !_focus.isShown()) return;
   painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(Colors::focusRing(), 2));

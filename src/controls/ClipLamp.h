@@ -9,13 +9,16 @@
 
 /// What stands over a level meter: the greatest level since it was cleared, as a figure, and under
 /// it a lamp that is red once full scale was passed. It is a button: a click or a key clears both,
-/// as far as its owner does so. Interface thread.
+/// as far as its owner does so. For assistive software figure and lamp are a button each, that do
+/// the same. Interface thread.
 class ClipLamp : public QAbstractButton {
   Q_OBJECT
 
  public:
   explicit ClipLamp(QWidget* parent = nullptr);
 
+  /// What assistive software calls the figure and the lamp.
+  void setNames(const QString& figure, const QString& lamp);
   void setPeak(const PeakHold& peak);
   [[nodiscard]] bool isLit() const { return _isLit; }
   /// The figure, "–" for none.
@@ -30,11 +33,18 @@ class ClipLamp : public QAbstractButton {
   bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   [[nodiscard]] QFont figureFont() const;
+  [[nodiscard]] QRectF figurePlace() const;
+  void describe();
+
+  /// The figure as a button of its own; what it shows is drawn by the lamp.
+  class FigureButton;
 
   QString _figure;
   bool _isLit = false;
+  QAbstractButton* _figureButton;
   KeyboardFocus _focus;
 };

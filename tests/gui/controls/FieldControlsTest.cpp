@@ -71,6 +71,30 @@ TEST(ClipLamp, IsLitOverFullScaleAndIsAButton) {
   EXPECT_EQ(clicks.count(), 2);
 }
 
+TEST(ClipLamp, FigureIsAButtonOfItsOwnThatClearsToo) {
+  ClipLamp lamp;
+  lamp.setNames("Peak left", "Clip left");
+  Hands::show(lamp, {40, 26});
+  PeakHold peak;
+  peak.add(0.5);
+  lamp.setPeak(peak);
+  const QList<QAbstractButton*> inside = lamp.findChildren<QAbstractButton*>();
+  ASSERT_EQ(inside.size(), 1);
+  QAccessibleInterface& figure = of(*inside.first());
+  EXPECT_EQ(figure.role(), QAccessible::Button);
+  EXPECT_EQ(figure.text(QAccessible::Name), "Peak left");
+  EXPECT_EQ(figure.text(QAccessible::Description), "-6.0 dBFS");
+  EXPECT_EQ(of(lamp).text(QAccessible::Name), "Clip left");
+  EXPECT_EQ(of(lamp).text(QAccessible::Description), "not over full scale");
+  const QSignalSpy clicks(&lamp, &ClipLamp::clicked);
+  QTest::mouseClick(inside.first(), Qt::LeftButton);
+  EXPECT_EQ(clicks.count(), 1);
+  figure.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  constexpr int kPatience = 60'000;  // ms; the button shows a press for a moment first
+  EXPECT_TRUE(QTest::qWaitFor([&clicks] { return clicks.count() == 2; }, kPatience));
+  EXPECT_LT(inside.first()->geometry().bottom(), lamp.lamp().top()) << "the lamp is below it";
+}
+
 TEST(ScopePoints, StandWhereTheSoundIs) {
   const QPointF left = ScopePoints::placeOf(0.25F, 0);
   EXPECT_LT(left.x(), 0);
