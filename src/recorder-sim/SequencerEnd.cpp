@@ -12,13 +12,15 @@
 
 namespace {
 
-constexpr const char* kDevice = "/dev/snd/seq";
 constexpr const char* kClientName = "mixdeck-recorder-sim";
 
 }  // namespace
 
-SequencerEnd::SequencerEnd(std::string portName, bool sendsWhole, Told told)
-    : CableEnd(std::move(told)), _portName(std::move(portName)), _sendsWhole(sendsWhole) {}
+SequencerEnd::SequencerEnd(std::string portName, bool sendsWhole, Told told, std::string devicePath)
+    : CableEnd(std::move(told)),
+      _portName(std::move(portName)),
+      _sendsWhole(sendsWhole),
+      _devicePath(std::move(devicePath)) {}
 
 SequencerEnd::~SequencerEnd() = default;
 
@@ -36,7 +38,7 @@ std::string SequencerEnd::plugIn() {
 
 // Bytes, whatever the kernel can do: it is what comes out of the recorder.
 std::string SequencerEnd::open() {
-  auto opened = AlsaSequencer::open(kDevice, MIDIPacketKind::BytePackets);
+  auto opened = AlsaSequencer::open(_devicePath, MIDIPacketKind::BytePackets);
   if (!opened.sequencer) return opened.problem;
   _sequencer = std::move(opened.sequencer);
   _sequencer->setName(kClientName);

@@ -19,7 +19,8 @@ class QSocketNotifier;
 /// out. If wished so it sends all that it gets at once, as it is, in one event.
 class SequencerEnd final : public CableEnd {
  public:
-  SequencerEnd(std::string portName, bool sendsWhole, Told told);
+  SequencerEnd(std::string portName, bool sendsWhole, Told told,
+               std::string devicePath = "/dev/snd/seq");
   ~SequencerEnd() override;
 
   std::string plugIn() override;
@@ -34,6 +35,7 @@ class SequencerEnd final : public CableEnd {
 
   std::string _portName;
   bool _sendsWhole;
+  std::string _devicePath;
   int _port = -1;
   MIDIWireReader _reader;
   QtMIDIClock _clock;

@@ -5,8 +5,11 @@
 
 #include <fmt/format.h>
 
+#include <QCoreApplication>
 #include <QSocketNotifier>
+#include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <set>
@@ -16,6 +19,7 @@
 #include "base/Log.h"
 #include "midi/MIDIWireReader.h"
 #include "midi/QtMIDIClock.h"
+#include "midi/alsa/AlsaClosing.h"
 #include "midi/alsa/AlsaEndpointTable.h"
 #include "midi/alsa/AlsaOutput.h"
 #include "midi/alsa/AlsaSequencer.h"
@@ -41,6 +45,7 @@ struct AlsaMIDISystem::Port {
 
   MIDIObjectRef client = 0;
   MIDIDirection direction = MIDIDirection::Source;
+  std::string name;
   std::uint8_t number = 0;
   std::map<MIDIObjectRef, Heard> heard;     ///< connected sources
   std::set<MIDIObjectRef> refused;          ///< sources that could not be connected yet
@@ -50,6 +55,7 @@ struct AlsaMIDISystem::Port {
 namespace {
 
 constexpr double kTryAgainSeconds = 1.0;
+constexpr std::chrono::milliseconds kEndPatience(100);
 
 std::optional<MIDIPacketKind> kindOfEnvironment() {
   const char* wanted = std::getenv("MIXDECK_MIDI");
@@ -76,10 +82,16 @@ std::shared_ptr<AlsaMIDISystem> AlsaMIDISystem::create(Options options) {
 
 AlsaMIDISystem::AlsaMIDISystem(Options options) : _options(std::move(options)) {}
 
-AlsaMIDISystem::~AlsaMIDISystem() = default;
+// A thread that waits in the kernel is broken off with the process; this one would not be.
+AlsaMIDISystem::~AlsaMIDISystem() {
+  _notifier.reset();
+  if (_sequencer) _closing->begin(std::move(_sequencer));
+  if (_closing) _closing->wait(kEndPatience);
+}
 
 void AlsaMIDISystem::start() {
   _table = std::make_unique<AlsaEndpointTable>([this] { return ++_last; });
+  _closing = std::make_unique<AlsaClosing>();
   _settling = std::make_unique<AlsaSettling>(*_options.clock, [this] { relist(); });
   // Watched before it is opened, so that nothing comes in between unseen.
   _watch = std::make_unique<DeviceNodeWatch>(_options.devicePath, [this] { open(); });
@@ -106,13 +118,43 @@ void AlsaMIDISystem::adopt(std::unique_ptr<AlsaSequencer> sequencer) {
   QObject::connect(_notifier.get(), &QSocketNotifier::activated, [this] { readable(); });
 }
 
-// The ports went with it; whoever holds one is told of the removal of all endpoints.
-void AlsaMIDISystem::lose(int status) {
+// Also from inside the notifier.
+void AlsaMIDISystem::giveUpSequencer() {
   _notifier->setEnabled(false);
   _notifier.release()->deleteLater();
   _output.reset();
+  _closing->begin(std::move(_sequencer));
+}
+
+// What was announced meanwhile has not been heard. After the application there is nobody to hear
+// anything, and the end gives the client up.
+void AlsaMIDISystem::renewSequencer() {
+  if (QCoreApplication::instance() == nullptr) return;
+  giveUpSequencer();
+  auto opened = AlsaSequencer::open(_options.devicePath, _options.kind);
+  _settling->disturb();
+  if (!opened.sequencer) {
+    _ports.clear();
+    setReason(std::move(opened.problem));
+    return tryAgainLater();
+  }
+  adopt(std::move(opened.sequencer));
+  for (const auto& [reference, port] : _ports) restore(*port);
+}
+
+void AlsaMIDISystem::restore(Port& port) {
+  const bool isInput = port.direction == MIDIDirection::Source;
+  using Use = AlsaSequencer::Use;
+  const int number = _sequencer->createPort(port.name, isInput ? Use::Receive : Use::Send);
+  port.number = static_cast<std::uint8_t>(std::max(0, number));
+  port.to.clear();
+  for (const auto& [source, heard] : std::exchange(port.heard, {})) hear(port, source);
+}
+
+// The ports went with it; whoever holds one is told of the removal of all endpoints.
+void AlsaMIDISystem::lose(int status) {
+  giveUpSequencer();
   _ports.clear();
-  _sequencer.reset();
   setReason(std::string("The ALSA sequencer has gone (") + std::strerror(-status) + ").");
   tryAgainLater();
   relist();
@@ -237,7 +279,7 @@ MIDICreatedPort AlsaMIDISystem::createPort(MIDIObjectRef client, MIDIDirection d
   const int number = _sequencer->createPort(std::string(name), use);
   if (number < 0) return {number, 0};
   _ports[++_last] = std::make_unique<Port>(
-      Port{client, direction, static_cast<std::uint8_t>(number), {}, {}, {}});
+      Port{client, direction, std::string(name), static_cast<std::uint8_t>(number), {}, {}, {}});
   return {0, _last};
 }
 
@@ -282,11 +324,23 @@ void AlsaMIDISystem::dispose(MIDIObjectRef object) {
   const auto isOurs = [object](const auto& entry) {
     return entry.first == object || entry.second->client == object;
   };
+  bool mayWait = false;
   for (const auto& entry : _ports) {
-    if (isOurs(entry)) closePort(*entry.second);
+    mayWait = mayWait || (isOurs(entry) && holdsDevice(*entry.second));
+  }
+  for (const auto& entry : _ports) {
+    if (!mayWait && isOurs(entry)) closePort(*entry.second);
   }
   std::erase_if(_ports, isOurs);
   _clients.erase(object);
+  if (mayWait) renewSequencer();
+}
+
+// A driver that has something to play out, or may have.
+bool AlsaMIDISystem::holdsDevice(const Port& port) const {
+  return std::ranges::any_of(port.to, [this](const auto& each) {
+    return _table->find(each.first, MIDIDirection::Destination).has_value();
+  });
 }
 
 void AlsaMIDISystem::closePort(const Port& port) {
@@ -318,9 +372,11 @@ void AlsaMIDISystem::enqueue(MIDIObjectRef port, MIDIObjectRef destination, Alsa
 
 // A driver opens its device for those who have subscribed to it. Whoever was refused tries again
 // with what is sent next.
+// While a client of ours is being ended the kernel might hold up the next one's subscription too.
 void AlsaMIDISystem::subscribe(Port& output, MIDIObjectRef destination) {
   const AlsaAddress address = *_table->find(destination, MIDIDirection::Destination);
-  const int status = _sequencer->connectTo(output.number, address);
+  const bool mayWait = _closing->isUnderWay();
+  const int status = mayWait ? -EBUSY : _sequencer->connectTo(output.number, address);
   if (status < 0) {
     Log::line(fmt::format("A MIDI destination is not open yet ({}).", std::strerror(-status)));
     return;

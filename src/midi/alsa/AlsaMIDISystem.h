@@ -11,6 +11,7 @@
 #include "midi/MIDIClock.h"
 #include "midi/MIDISystem.h"
 
+class AlsaClosing;
 class AlsaEndpointTable;
 class AlsaOutput;
 class AlsaSequencer;
@@ -29,10 +30,11 @@ struct AlsaPayload;
 /// told as an addition.
 ///
 /// Interface thread only: the sequencer's descriptor is in the event loop of the thread that calls
-/// `create`, which needs a QCoreApplication. Sending and receiving never wait. Removing a port
-/// and the end may: the kernel plays out what a driver was still given, for up to ten seconds where
-/// the device takes nothing. It must not be destroyed while it calls. Set-up changes are reported
-/// when they have settled, some 150 ms after the last of a burst.
+/// `create`, which needs a QCoreApplication. Nothing waits for the kernel, which plays out what a
+/// driver was still given: where that may be, the whole client is left to a thread that ends it,
+/// and there is a new one. The end waits a tenth of a second for such threads. It must not be
+/// destroyed while it calls. Set-up changes are reported when they have settled, some 150 ms after
+/// the last of a burst.
 class AlsaMIDISystem final : public MIDISystem {
  public:
   struct Options {
@@ -95,7 +97,11 @@ class AlsaMIDISystem final : public MIDISystem {
   [[nodiscard]] Port* listener(const AlsaEvent& event);
   [[nodiscard]] Port* find(MIDIObjectRef port, MIDIDirection direction);
   void enqueue(MIDIObjectRef port, MIDIObjectRef destination, AlsaPayload payload);
+  void giveUpSequencer();
+  void renewSequencer();
+  void restore(Port& port);
   void closePort(const Port& port);
+  [[nodiscard]] bool holdsDevice(const Port& port) const;
   void subscribe(Port& output, MIDIObjectRef destination);
   void hear(Port& input, MIDIObjectRef source);
   void tryAgainLater();
@@ -108,6 +114,7 @@ class AlsaMIDISystem final : public MIDISystem {
   std::map<MIDIObjectRef, Client> _clients;
   std::map<MIDIObjectRef, std::unique_ptr<Port>> _ports;
   std::unique_ptr<AlsaEndpointTable> _table;
+  std::unique_ptr<AlsaClosing> _closing;
   std::unique_ptr<AlsaSequencer> _sequencer;
   std::unique_ptr<AlsaOutput> _output;
   std::unique_ptr<AlsaSettling> _settling;

@@ -37,7 +37,7 @@ Caps capsOf(AlsaSequencer::Use use) {
     case AlsaSequencer::Use::Private:
       break;
   }
-  return SND_SEQ_PORT_CAP_WRITE | SND_SEQ_PORT_CAP_NO_EXPORT;
+  return SND_SEQ_PORT_CAP_WRITE;
 }
 
 bool has(Caps caps, Caps all) {
@@ -129,7 +129,9 @@ void AlsaSequencer::setName(const std::string& name) {
 }
 
 int AlsaSequencer::createPort(const std::string& name, Use use) {
-  return snd_seq_create_simple_port(_sequencer, name.c_str(), capsOf(use),
+  const bool isShown = use == Use::Both;
+  const Caps caps = capsOf(use) | (isShown ? 0 : SND_SEQ_PORT_CAP_NO_EXPORT);
+  return snd_seq_create_simple_port(_sequencer, name.c_str(), caps,
                                     SND_SEQ_PORT_TYPE_MIDI_GENERIC | SND_SEQ_PORT_TYPE_APPLICATION);
 }
 

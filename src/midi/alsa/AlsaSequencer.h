@@ -19,7 +19,8 @@ class AlsaWire;
 /// kernel plays out what a driver was still given, for up to ten seconds.
 class AlsaSequencer {
  public:
-  /// What others may do with a port of ours.
+  /// What is done with a port of ours. Only one for both is shown to others, as a device is: a
+  /// second program like this one would take any other for a device, and its end for a removal.
   enum class Use { Receive, Send, Both, Private };
 
   struct Opened {

@@ -3,11 +3,16 @@
 
 #include <gmock/gmock.h>
 
+#include <alsa/asoundlib.h>
+
 #include <QCoreApplication>
+#include <algorithm>
 #include <cerrno>
+#include <thread>
 
 #include "FakeAlsa.h"
 #include "midi/alsa/AlsaMIDISystem.h"
+#include "recorder-sim/SequencerEnd.h"
 #include "support/EventLoop.h"
 #include "support/LogLines.h"
 #include "support/SteppedMIDIClock.h"
@@ -40,6 +45,25 @@ class AlsaRecoveryTest : public testing::Test {
   void loseSequencer() {
     fake.fail(-ENODEV);
     ASSERT_TRUE(EventLoop::runUntil([this] { return !system->unavailableReason().empty(); }));
+  }
+  void TearDown() override {
+    FakeAlsa::release();
+    system.reset();
+    EXPECT_TRUE(EventLoop::runUntil([] { return FakeAlsa::open() == 0; }));
+  }
+  /// A port that has sent something to the recorder.
+  MIDIObjectRef usedOutput() {
+    const auto port = system->createPort(client, MIDIDirection::Destination, "Output");
+    send(port.port);
+    return port.port;
+  }
+  void send(MIDIObjectRef port) {
+    const std::vector<std::uint8_t> bytes{0xF0, 0x52, 0xF7};
+    const MIDIPacket packet{0, bytes};
+    system->send(port, recorder(MIDIDirection::Destination), MIDIPacketList(&packet, 1));
+  }
+  [[nodiscard]] static bool wasHeldUpHere() {
+    return std::ranges::count(FakeAlsa::heldUp(), std::this_thread::get_id()) > 0;
   }
   [[nodiscard]] MIDIObjectRef recorder(MIDIDirection direction) const {
     return system->endpoints(direction).front().reference;
@@ -109,6 +133,113 @@ TEST_F(AlsaRecoveryTest, ADestinationThatIsRefusedIsTriedWithTheNextMessage) {
   EXPECT_EQ(fake.written, 3);
   EXPECT_THAT(log.get(),
               ElementsAre("A MIDI destination is not open yet (Device or resource busy)."));
+}
+
+// The recorder is still plugged in and takes nothing; the kernel waits for it.
+TEST_F(AlsaRecoveryTest, APortWhoseDeviceHangsIsEndedElsewhere) {
+  const MIDIObjectRef port = usedOutput();
+  FakeAlsa::hang();
+  system->dispose(port);
+  ASSERT_TRUE(EventLoop::runUntil([] { return !FakeAlsa::heldUp().empty(); }));
+  EXPECT_FALSE(wasHeldUpHere());
+  EXPECT_EQ(system->unavailableReason(), "");
+  EXPECT_EQ(system->endpoints(MIDIDirection::Source).size(), 1U);
+  clock->advance(1.0);
+  EXPECT_TRUE(told.changes.empty()) << "there is still the same";
+}
+
+TEST_F(AlsaRecoveryTest, WhileAPortIsBeingEndedTheNextOneDoesNotWaitEither) {
+  const MIDIObjectRef port = usedOutput();
+  FakeAlsa::hang();
+  system->dispose(port);
+  ASSERT_TRUE(EventLoop::runUntil([] { return !FakeAlsa::heldUp().empty(); }));
+  const auto next = system->createPort(client, MIDIDirection::Destination, "Output");
+  ASSERT_EQ(next.status, 0);
+  send(next.port);
+  EXPECT_FALSE(wasHeldUpHere());
+  EXPECT_EQ(fake.subscribed.size(), 1U);
+  FakeAlsa::release();
+  ASSERT_TRUE(EventLoop::runUntil([] { return FakeAlsa::open() == 1; }));
+  EXPECT_TRUE(EventLoop::runUntil([&] {
+    send(next.port);
+    return fake.subscribed.size() == 2;
+  }));
+}
+
+TEST_F(AlsaRecoveryTest, PortsThatStayGoOnWithTheNewClient) {
+  const auto input = system->createPort(client, MIDIDirection::Source, "Input");
+  system->connectSource(input.port, recorder(MIDIDirection::Source));
+  FakeAlsa::hang();
+  system->dispose(usedOutput());
+  EXPECT_EQ(fake.opened, 2);
+  EXPECT_THAT(fake.heard, ElementsAre(kRecorder, kRecorder));
+}
+
+TEST_F(AlsaRecoveryTest, APortThatHoldsNoDeviceEndsWithoutMuchAdo) {
+  const auto unused = system->createPort(client, MIDIDirection::Destination, "Output");
+  system->dispose(unused.port);
+  EXPECT_EQ(fake.opened, 1);
+}
+
+TEST_F(AlsaRecoveryTest, WithoutANewClientTheSequencerIsGoneUntilThereIsOne) {
+  const MIDIObjectRef port = usedOutput();
+  fake.openError = -EBUSY;
+  system->dispose(port);
+  clock->advance(0.5);
+  EXPECT_FALSE(system->unavailableReason().empty());
+  EXPECT_TRUE(system->endpoints(MIDIDirection::Source).empty());
+  fake.mend();
+  clock->advance(2.0);
+  EXPECT_EQ(system->unavailableReason(), "");
+  EXPECT_EQ(system->endpoints(MIDIDirection::Source).size(), 1U);
+}
+
+TEST_F(AlsaRecoveryTest, TheEndOfTheProgramIsNotHeldUp) {
+  usedOutput();
+  FakeAlsa::hang();
+  system.reset();
+  EXPECT_EQ(FakeAlsa::open(), 1) << "it has not been waited for";
+  EXPECT_FALSE(wasHeldUpHere());
+}
+
+// Else a second window would take them for devices, and its links would end with the first's.
+TEST_F(AlsaRecoveryTest, OtherProgramsAreShownNoPortOfOurs) {
+  system->createPort(client, MIDIDirection::Source, "Input");
+  system->createPort(client, MIDIDirection::Destination, "Output");
+  ASSERT_EQ(fake.capabilities.size(), 3U);
+  for (const unsigned caps : fake.capabilities) {
+    EXPECT_NE(caps & SND_SEQ_PORT_CAP_NO_EXPORT, 0U);
+  }
+}
+
+/// The simulator's end of the sequencer.
+class SequencerEndTest : public AlsaRecoveryTest {
+ protected:
+  void SetUp() override {
+    AlsaRecoveryTest::SetUp();
+    const CableEnd::Told heard{[this] { ++pluggedIn; }, [this] { ++pulledOut; }, {}};
+    end = std::make_unique<SequencerEnd>("J4 TARN", false, heard, "/dev/null");
+  }
+  void TearDown() override {
+    end.reset();
+    AlsaRecoveryTest::TearDown();
+  }
+
+  int pluggedIn = 0;
+  int pulledOut = 0;
+  std::unique_ptr<SequencerEnd> end;
+};
+
+TEST_F(SequencerEndTest, AReadErrorThatStaysPullsTheRecorderOutAndIsNotReadForEver) {
+  ASSERT_EQ(end->plugIn(), "");
+  fake.fail(-ENODEV);
+  ASSERT_TRUE(EventLoop::runUntil([this] { return pulledOut == 1; }));
+  const int reads = fake.reads;
+  for (int i = 0; i < 100; ++i) QCoreApplication::processEvents();
+  EXPECT_EQ(fake.reads, reads);
+  fake.mend();
+  EXPECT_EQ(end->plugIn(), "");
+  EXPECT_EQ(pluggedIn, 2);
 }
 
 }  // namespace

@@ -7,18 +7,42 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
 
 namespace {
 
 constexpr int kOwnClient = 200;
+constexpr std::chrono::seconds kKernelsPatience(10);
 
-int descriptor = -1;
-int portsMade = 0;
+struct Client {
+  int descriptor = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+  int portsMade = 0;
+  std::atomic<bool> isSubscribed{false};
+};
 
-snd_seq_t* handle() {
-  static int place = 0;
-  return reinterpret_cast<snd_seq_t*>(&place);
+Client* newest = nullptr;
+std::atomic<int> openClients{0};
+
+std::mutex mutex;  // guards what follows
+std::condition_variable released;
+bool isHanging = false;
+bool isBusy = false;  // someone is held up
+std::vector<std::thread::id> held;
+
+Client& clientOf(snd_seq_t* handle) {
+  return *reinterpret_cast<Client*>(handle);
+}
+
+void waitForDevice(bool isEnding) {
+  std::unique_lock lock(mutex);
+  if (!isHanging || (!isEnding && !isBusy)) return;
+  isBusy = true;
+  held.push_back(std::this_thread::get_id());
+  released.wait_for(lock, kKernelsPatience, [] { return !isHanging; });
 }
 
 }  // namespace
@@ -29,12 +53,35 @@ FakeAlsa& FakeAlsa::get() {
 }
 
 void FakeAlsa::reset() {
+  release();
+  const std::lock_guard lock(mutex);
+  held.clear();
   get() = FakeAlsa();
+}
+
+void FakeAlsa::hang() {
+  const std::lock_guard lock(mutex);
+  isHanging = true;
+}
+
+void FakeAlsa::release() {
+  const std::lock_guard lock(mutex);
+  isHanging = isBusy = false;
+  released.notify_all();
+}
+
+std::vector<std::thread::id> FakeAlsa::heldUp() {
+  const std::lock_guard lock(mutex);
+  return held;
+}
+
+int FakeAlsa::open() {
+  return openClients;
 }
 
 void FakeAlsa::fail(int error) {
   readError = error;
-  eventfd_write(descriptor, 1);
+  eventfd_write(newest->descriptor, 1);
 }
 
 void FakeAlsa::mend() {
@@ -45,14 +92,19 @@ int snd_seq_open_lconf(snd_seq_t** to, const char*, int, int, snd_config_t*) {
   FakeAlsa& fake = FakeAlsa::get();
   if (fake.openError != 0) return fake.openError;
   ++fake.opened;
-  portsMade = 0;
-  descriptor = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-  *to = handle();
+  ++openClients;
+  newest = new Client;
+  *to = reinterpret_cast<snd_seq_t*>(newest);
   return 0;
 }
 
-int snd_seq_close(snd_seq_t*) {
-  return close(descriptor);
+int snd_seq_close(snd_seq_t* handle) {
+  Client& client = clientOf(handle);
+  if (client.isSubscribed) waitForDevice(true);
+  close(client.descriptor);
+  delete &client;
+  --openClients;
+  return 0;
 }
 
 int snd_seq_set_client_pool_output(snd_seq_t*, size_t) {
@@ -75,16 +127,18 @@ int snd_seq_client_id(snd_seq_t*) {
   return kOwnClient;
 }
 
-int snd_seq_poll_descriptors(snd_seq_t*, pollfd* to, unsigned, short) {
-  to->fd = descriptor;
+int snd_seq_poll_descriptors(snd_seq_t* handle, pollfd* to, unsigned, short) {
+  to->fd = clientOf(handle).descriptor;
   return 1;
 }
 
-int snd_seq_create_simple_port(snd_seq_t*, const char*, unsigned, unsigned) {
-  return portsMade++;
+int snd_seq_create_simple_port(snd_seq_t* handle, const char*, unsigned caps, unsigned) {
+  FakeAlsa::get().capabilities.push_back(caps);
+  return clientOf(handle).portsMade++;
 }
 
-int snd_seq_delete_simple_port(snd_seq_t*, int) {
+int snd_seq_delete_simple_port(snd_seq_t* handle, int) {
+  if (clientOf(handle).isSubscribed) waitForDevice(true);
   return 0;
 }
 
@@ -99,10 +153,13 @@ int snd_seq_disconnect_from(snd_seq_t*, int, int, int) {
   return 0;
 }
 
-int snd_seq_connect_to(snd_seq_t*, int, int client, int) {
+int snd_seq_connect_to(snd_seq_t* handle, int, int client, int) {
   FakeAlsa& fake = FakeAlsa::get();
-  if (fake.connectToError == 0) fake.subscribed.push_back(client);
-  return fake.connectToError;
+  waitForDevice(false);
+  if (fake.connectToError != 0) return fake.connectToError;
+  fake.subscribed.push_back(client);
+  clientOf(handle).isSubscribed = true;
+  return 0;
 }
 
 int snd_seq_query_next_client(snd_seq_t*, snd_seq_client_info_t* info) {
@@ -133,6 +190,7 @@ int snd_seq_query_next_port(snd_seq_t*, snd_seq_port_info_t* info) {
 
 int snd_seq_event_input(snd_seq_t*, snd_seq_event_t** event) {
   *event = nullptr;
+  ++FakeAlsa::get().reads;
   const int error = FakeAlsa::get().readError;
   return error != 0 ? error : -EAGAIN;
 }

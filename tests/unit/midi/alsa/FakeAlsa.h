@@ -3,11 +3,13 @@
 #pragma once
 
 #include <string>
+#include <thread>
 #include <vector>
 
 /// A sequencer in memory in place of the kernel's: what alsa-lib offers for it is defined here
-/// anew, and goes before the library's in a program that links this. One handle at a time, one
-/// thread.
+/// anew, and goes before the library's in a program that links this. One thread; a client may be
+/// ended on another one, while the next one is already open. The last that was opened is the one
+/// that fails, and reads.
 struct FakeAlsa {
   struct Port {
     int client;
@@ -24,7 +26,9 @@ struct FakeAlsa {
   std::vector<Port> ports;  ///< of others: anyone may listen and send to them
   std::vector<int> heard;   ///< clients whose ports were connected
   std::vector<int> subscribed;
-  int written = 0;  ///< events
+  int written = 0;          ///< events
+  int reads = 0;            ///< attempts
+  std::vector<unsigned> capabilities;  ///< of each port that was made
 
   static FakeAlsa& get();
   /// As a new machine.
@@ -33,4 +37,13 @@ struct FakeAlsa {
   void fail(int error);
   /// Everything works again for who opens it anew.
   void mend();
+
+  /// From now on the device takes nothing, and the kernel holds up who ends a port or a client that
+  /// has subscribed to it, and then whoever subscribes next: for ten seconds, or until `release`.
+  static void hang();
+  static void release();
+  /// Threads that were held up, since the last `reset`.
+  static std::vector<std::thread::id> heldUp();
+  /// Clients that have not been closed.
+  static int open();
 };
