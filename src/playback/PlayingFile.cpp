@@ -6,7 +6,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
 #include "base/EB.h"
@@ -79,6 +78,8 @@ void PlayingFile::AQOpenFile(const std::string& path, std::unique_ptr<AudioFile>
   _state.packetCount = _state.audioFile->frameCount();
   _state.durationSeconds = milliseconds(static_cast<double>(_state.packetCount)) / kMsPerSecond;
   _state.openedPath = path;
+  measureBuffers();
+  tellShortBuffers();
 }
 
 std::uint32_t PlayingFile::bufferByteSize(std::uint32_t maxPacketSize, double sampleRate,
@@ -92,12 +93,31 @@ std::uint32_t PlayingFile::bufferByteSize(std::uint32_t maxPacketSize, double sa
   return std::max(size, kLeastBytes);
 }
 
+AudioOutput::Format PlayingFile::outputFormat() const {
+  const AudioFormat& format = _state.dataFormat;
+  const auto frames = static_cast<std::uint32_t>(AudioQueue::kBuffers * _state.numPacketsToRead);
+  return {format.sampleRate, format.channelsPerFrame, format.channelMask, frames};
+}
+
 void PlayingFile::makeOutput() {
   if (_state.output) _state.underruns += _state.output->underruns();
-  const AudioFormat& format = _state.dataFormat;
-  _state.output =
-      AudioBackends::makeOutput({format.sampleRate, format.channelsPerFrame, format.channelMask});
+  _state.output = AudioBackends::makeOutput(outputFormat());
   if (_state.output) _state.output->setVolume(_state.volume);
+}
+
+void PlayingFile::measureBuffers() {
+  const AudioFormat& format = _state.dataFormat;
+  const std::uint32_t maxPacketSize = format.bytesPerPacket;
+  _state.bufferByteSize = bufferByteSize(maxPacketSize, format.sampleRate, format.framesPerPacket);
+  _state.numPacketsToRead = maxPacketSize > 0 ? _state.bufferByteSize / maxPacketSize : 0;
+}
+
+void PlayingFile::tellShortBuffers() const {
+  const AudioOutput::Format format = outputFormat();
+  if (!format.isShort()) return;
+  Log::line(fmt::format("The buffers hold {:.0f} ms, so the sound output is to hold {:.0f} ms.",
+                        format.secondsReady() * kMsPerSecond,
+                        format.secondsAhead() * kMsPerSecond));
 }
 
 void PlayingFile::AQSetUpQueue() {
@@ -106,6 +126,7 @@ void PlayingFile::AQSetUpQueue() {
   _state.turns.clear();
   _state.queue.reset();
   ++_queues;
+  measureBuffers();
   if (!_state.output || isLost) makeOutput();
   _state.isInitialized = _state.audioFile && _state.output;
   if (!_state.isInitialized) return;
@@ -114,10 +135,6 @@ void PlayingFile::AQSetUpQueue() {
       AudioQueue::Callbacks{[this](AudioQueueBuffer& buffer) { AQOutputCallback(buffer); },
                             [this] { AQIsRunningListener(); },
                             [this](const std::string& why) { AQOutputLost(why); }});
-  const AudioFormat& format = _state.dataFormat;
-  const std::uint32_t maxPacketSize = format.bytesPerPacket;
-  _state.bufferByteSize = bufferByteSize(maxPacketSize, format.sampleRate, format.framesPerPacket);
-  _state.numPacketsToRead = maxPacketSize > 0 ? _state.bufferByteSize / maxPacketSize : 0;
   _state.queue->allocateBuffers(_state.bufferByteSize);
 }
 
@@ -141,7 +158,7 @@ AudioFile::Read PlayingFile::readPackets(const AudioQueueBuffer& buffer) {
   if (read.frames > 0) _state.readFailure.clear();  // the medium is back
   if (read.error == 0) return read;
   _state.readFailure = _state.audioFile->failure();
-  std::printf("AudioFileReadPackets failed: %d\n", read.error);
+  Log::line(fmt::format("AudioFileReadPackets failed: {}", read.error));
   return {};
 }
 

@@ -60,7 +60,10 @@ class PlayingFile {
   void AQIsRunningListener();
   void AQOutputLost(const std::string& why);
   void failToOpen(const std::string& why);
+  [[nodiscard]] AudioOutput::Format outputFormat() const;
   void makeOutput();
+  void measureBuffers();
+  void tellShortBuffers() const;
   void fill(AudioQueueBuffer& buffer);
   bool advance(AudioQueueBuffer& buffer, std::uint32_t packets);
   AudioFile::Read readPackets(const AudioQueueBuffer& buffer);

@@ -4,11 +4,13 @@
 #include "playback/null/NullOutput.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace {
 
 constexpr double kMilliseconds = 1000.0;
+constexpr double kShareHeld = 0.8;  // of what is asked for: 40 ms of 50
 constexpr std::uint32_t kMostChannels = 32;
 constexpr double kMostRate = 384'000;
 
@@ -16,8 +18,8 @@ constexpr double kMostRate = 384'000;
 
 NullOutput::NullOutput(VirtualClock& clock, const Format& format)
     : _clock(clock), _format(format), _ramp(format.sampleRate, format.channels) {
-  const double frames = format.sampleRate * kDelayMilliseconds / kMilliseconds;
-  _device.reserve(static_cast<std::size_t>(frames) * format.channels);
+  const double frames = format.sampleRate * format.secondsAhead() * kShareHeld;
+  _device.reserve(static_cast<std::size_t>(std::round(frames)) * format.channels);
   _clock.add(*this);
 }
 

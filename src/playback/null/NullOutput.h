@@ -15,12 +15,10 @@
 #include "playback/null/VirtualClock.h"
 
 /// Plays to nowhere on a virtual clock, with a delay like a sound system's: it takes frames from
-/// its source this long before they are "heard". It takes no more channels and no higher rate than
-/// a sound server does. One thread.
+/// its source some time before they are "heard", four fifths of what the format asks for. It takes
+/// no more channels and no higher rate than a sound server does. One thread.
 class NullOutput : public AudioOutput, private VirtualClock::Dial {
  public:
-  static constexpr int kDelayMilliseconds = 40;
-
   /// `clock` outlives the output.
   NullOutput(VirtualClock& clock, const Format& format);
   ~NullOutput() override;

@@ -11,8 +11,7 @@
 
 namespace {
 
-constexpr std::uint32_t kServerMicroseconds = 50'000;
-constexpr std::uint32_t kRequestMicroseconds = 10'000;
+constexpr double kRequestSeconds = 0.01;
 constexpr double kMicroseconds = 1e6;
 constexpr auto kStuck = std::chrono::seconds(2);
 // On top of what the device takes to play out, and longer than a server without a sign of life is
@@ -65,16 +64,19 @@ pa_sample_spec PulseStream::sampleSpec() const {
           static_cast<std::uint8_t>(std::min(_controls.format.channels, PA_CHANNELS_MAX + 1U))};
 }
 
+std::uint32_t PulseStream::bytesOf(double seconds) const {
+  const pa_sample_spec spec = sampleSpec();
+  const auto microseconds = static_cast<pa_usec_t>(seconds * kMicroseconds);
+  return static_cast<std::uint32_t>(pa_usec_to_bytes(microseconds, &spec));
+}
+
 // One frame is enough to begin with: a recording may be shorter than any buffer, and after the
 // owner's thread was late, what it brings is to be heard at once. Without such a threshold the
 // server would skip what came late.
 pa_buffer_attr PulseStream::bufferAttributes() const {
-  const pa_sample_spec spec = sampleSpec();
   constexpr auto kServersChoice = static_cast<std::uint32_t>(-1);
-  return {kServersChoice, static_cast<std::uint32_t>(pa_usec_to_bytes(kServerMicroseconds, &spec)),
-          static_cast<std::uint32_t>(_frameBytes),
-          static_cast<std::uint32_t>(pa_usec_to_bytes(kRequestMicroseconds, &spec)),
-          kServersChoice};
+  return {kServersChoice, bytesOf(_controls.format.secondsAhead()),
+          static_cast<std::uint32_t>(_frameBytes), bytesOf(kRequestSeconds), kServersChoice};
 }
 
 bool PulseStream::isFormatTaken() const {

@@ -64,6 +64,7 @@ class PulseStream {
 
   [[nodiscard]] pa_sample_spec sampleSpec() const;
   [[nodiscard]] pa_buffer_attr bufferAttributes() const;
+  [[nodiscard]] std::uint32_t bytesOf(double seconds) const;
   void setCallbacks();
   [[nodiscard]] bool isFlushDue() const;
   void beginFlush();

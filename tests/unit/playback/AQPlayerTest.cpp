@@ -231,10 +231,9 @@ TEST_F(AQPlayerTest, AReadErrorEndsLikeTheEndOfTheFile) {
   useFloatFile(20000);
   badFrame = 12000;
   AQPlayer player("x");
-  testing::internal::CaptureStdout();
   player.play(false);
   clock.advance(500);
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "AudioFileReadPackets failed: 7\n");
+  EXPECT_THAT(log.get(), Contains("AudioFileReadPackets failed: 7"));
   EXPECT_EQ(output->played(), ramp(0, 9600));
   EXPECT_EQ(finishes(), 1U);
   EXPECT_TRUE(player.getIsDone());
@@ -269,11 +268,9 @@ TEST_F(AQPlayerTest, AFileThatCannotBeOpenedPlaysNothing) {
   AQPlayer player("/nowhere/at all.wav");
   EXPECT_THAT(log.get(), Contains("Open File Failed"));
   EXPECT_FALSE(player.readFailure().empty());
-  testing::internal::CaptureStdout();
   player.play(false);
   player.setPosition(0.5, true);
   clock.advance(50);
-  testing::internal::GetCapturedStdout();
   EXPECT_EQ(player.duration(), 0.0);
   EXPECT_EQ(player.currentTime(), 0.0);
   EXPECT_TRUE(output->played().empty());
@@ -286,6 +283,51 @@ TEST_F(AQPlayerTest, TheOutputIsToldWhatTheFileIs) {
   EXPECT_EQ(askedFor.sampleRate, 48000.0);
   EXPECT_EQ(askedFor.channels, 2U);
   EXPECT_EQ(askedFor.channelMask, 0x600U);
+}
+
+// Eight channels of floats at 384 kHz: the three buffers hold 16 ms.
+TEST_F(AQPlayerTest, WithShortBuffersTheOwnerMayBeLateAllTheSame) {
+  constexpr std::uint64_t kFrames = 384'000;
+  useFloatFile(4 * kFrames);
+  format.sampleRate = 384'000;
+  format.channelsPerFrame = 8;
+  format.bytesPerPacket = 32;
+  AQPlayer player("x");
+  EXPECT_EQ(askedFor.framesReady, 6144U);
+  player.play(false);
+  clock.advance(200);
+  for (int i = 0; i < 3; ++i) {
+    clock.setOwnerStalled(true);
+    clock.advance(150);
+    clock.setOwnerStalled(false);
+    clock.advance(50);
+  }
+  clock.advance(500);
+  EXPECT_EQ(player.underruns(), 0U);
+  EXPECT_EQ(output->played(), ramp(0, 4 * kFrames));
+}
+
+TEST_F(AQPlayerTest, ShortBuffersAreToldOnce) {
+  useFloatFile(400);
+  format.sampleRate = 384'000;
+  format.channelsPerFrame = 8;
+  format.bytesPerPacket = 32;
+  AQPlayer player("x");
+  player.setPosition(0.5, true);
+  output->lose("gone");
+  clock.advance(10);
+  player.play(true);
+  EXPECT_EQ(outputsMade, 2);
+  const std::string line = "The buffers hold 16 ms, so the sound output is to hold 300 ms.";
+  EXPECT_THAT(log.get(), Contains(line).Times(1));
+}
+
+TEST_F(AQPlayerTest, UsualBuffersAreWorthNoWord) {
+  useFloatFile(10);
+  const AQPlayer player("x");
+  EXPECT_EQ(askedFor.framesReady, 14'400U);
+  EXPECT_DOUBLE_EQ(askedFor.secondsAhead(), AudioOutput::kSecondsAhead);
+  EXPECT_TRUE(log.get().empty());
 }
 
 TEST_F(AQPlayerTest, AFormatThatNoSoundServerTakesIsALoss) {
@@ -436,9 +478,8 @@ TEST_F(AQPlayerTest, ASeekToWhatCannotBeReadEndsAsTheEndDoes) {
   AQPlayer player("x");
   player.play(false);
   clock.advance(50);
-  testing::internal::CaptureStdout();
   player.setPosition(0.5, true);
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "AudioFileReadPackets failed: 7\n");
+  EXPECT_THAT(log.get(), Contains("AudioFileReadPackets failed: 7"));
   EXPECT_EQ(finishes(), 1U) << "the seek's own";
   clock.advance(50);
   EXPECT_EQ(finishes(), 2U);

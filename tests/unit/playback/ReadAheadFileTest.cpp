@@ -3,7 +3,7 @@
 
 #include "playback/ReadAheadFile.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <sys/syscall.h>
 
 #include <QCoreApplication>
@@ -251,7 +251,6 @@ TEST_F(ReadAheadFileTest, AFailureWhileItIsPlayedEndsLikeTheEndOfTheFile) {
   badFrame = 8 * kBlock;
   medium.holdFrom(8 * kBlock);
   AQPlayer player("x");
-  testing::internal::CaptureStdout();
   player.play(false);
   medium.waitUntilHeld();
   clock.advance(2000);
@@ -261,7 +260,7 @@ TEST_F(ReadAheadFileTest, AFailureWhileItIsPlayedEndsLikeTheEndOfTheFile) {
     clock.advance(50);
     return finishes() > 0;
   }));
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "AudioFileReadPackets failed: 7\n");
+  EXPECT_THAT(log.get(), testing::Contains("AudioFileReadPackets failed: 7"));
   EXPECT_EQ(player.readFailure(), "The memory is bad");
   EXPECT_EQ(output->played(), ramp(0, 48'000));
 }
