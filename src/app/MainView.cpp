@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "controls/Colors.h"
 #include "controls/PopupAccessible.h"
@@ -16,11 +17,31 @@ namespace {
 constexpr int kOuter = 16;
 constexpr int kGap = 12;
 
+// What the list has in a window of the usual size, and at most.
+constexpr int kUsualList = 318;
+constexpr int kUsualRoom = 1006;
+constexpr int kMostList = 480;
+
+/// List and player: of what a larger window has more, the list gets a third.
+class Columns : public QHBoxLayout {
+ public:
+  using QHBoxLayout::QHBoxLayout;
+
+  void setGeometry(const QRect& rect) override {
+    const int room = rect.width() - 2 * kOuter - kGap;
+    const int list = std::clamp(kUsualList + (room - kUsualRoom) / 3, kUsualList, kMostList);
+    setStretch(0, list);
+    setStretch(1, std::max(1, room - list));
+    QHBoxLayout::setGeometry(rect);
+  }
+};
+
 QString lookOfParts() {
   return QStringLiteral(
              "#viewPathBG { background: %1; border-radius: 3px; }"
              "#viewLeftBG, #viewRightBG { background: %2; border-radius: 2px; }"
              "FileList { background: transparent; border: none; }"
+             "QScrollArea::corner { background: transparent; }"
              "QToolButton { background: transparent; border: 2px solid transparent;"
              "  border-radius: 6px; padding: 0; }"
              "QToolButton:hover { background: %3; }"
@@ -65,12 +86,12 @@ MainView::MainView(QWidget* parent) : QWidget(parent) {
   left->addWidget(browser, 1);
   device = new DeviceView(this);
   left->addWidget(device);
-  auto* const all = new QHBoxLayout(this);
+  auto* const all = new Columns(this);
   all->setContentsMargins(kOuter, kOuter, kOuter, kOuter);
   all->setSpacing(kGap);
   all->addLayout(left);
   player = new PlayerView(this);
-  all->addWidget(player, 1);
+  all->addWidget(player);
   makeMenu();
   setTabOrders();
 }

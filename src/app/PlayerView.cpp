@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 
 #include "app/MainViewParts.h"
+#include "app/StageArea.h"
 
 namespace {
 
@@ -13,10 +14,12 @@ constexpr int kInset = 24;
 // The dial needs more room to its left than the rest of the pane.
 constexpr int kStageInset = 8;
 constexpr QSize kLeastExport{96, 36};
-constexpr int kWaveformHeight = 64;
 constexpr int kBesidePlay = 12;
 constexpr int kToggleGap = 5;
 constexpr QSize kToggle{30, 24};
+constexpr int kHeader = 42;
+constexpr int kByStage = 5;
+constexpr int kLeastWaveform = 64;
 
 }  // namespace
 
@@ -30,10 +33,10 @@ PlayerView::PlayerView(QWidget* parent) : QWidget(parent) {
   layout->setContentsMargins(kStageInset, 14, kStageInset, 16);
   layout->setSpacing(0);
   layout->addLayout(makeHeader());
-  layout->addStretch();
-  layout->addWidget(stage, 0, Qt::AlignHCenter);
-  layout->addStretch();
-  layout->addLayout(makeLower());
+  layout->addSpacing(kByStage);
+  layout->addWidget(new StageArea(*stage, this));
+  layout->addSpacing(kByStage);
+  layout->addLayout(makeLower(), 1);
 }
 
 QLayout* PlayerView::makeHeader() {
@@ -54,6 +57,7 @@ QLayout* PlayerView::makeHeader() {
   auto* const row = new QHBoxLayout;
   row->setContentsMargins(kInset - kStageInset, 0, kInset - kStageInset - 8, 0);
   row->setSpacing(8);
+  row->addStrut(kHeader);
   row->addLayout(words, 1);
   row->addWidget(btnExport, 0, Qt::AlignTop);
   row->addWidget(btnMenu, 0, Qt::AlignTop);
@@ -62,12 +66,12 @@ QLayout* PlayerView::makeHeader() {
 
 QLayout* PlayerView::makeLower() {
   waveform = new WaveformViewer(this);
-  waveform->setFixedHeight(kWaveformHeight);
+  waveform->setMinimumHeight(kLeastWaveform);
   sliderTime = new J4Slider(this);
   auto* const lower = new QVBoxLayout;
   lower->setContentsMargins(kInset - kStageInset, 0, kInset - kStageInset, 0);
   lower->setSpacing(0);
-  lower->addWidget(waveform);
+  lower->addWidget(waveform, 1);
   lower->addSpacing(2);
   lower->addLayout(strips);
   lower->addWidget(sliderTime);

@@ -199,15 +199,35 @@ int StageView::toScale() const {
   return std::max(kScaleToMeters, toMeter() + (clipLeft->sizeHint().width() + 1) / 2 + kGap);
 }
 
+// The four and the two sides have an equal share of what there is more.
+StageView::Centres StageView::spread(const Centres& at) const {
+  constexpr int kGaps = 5;
+  const int more = std::max(0, width() - _usual.width());
+  return {at.dial + more / kGaps, at.field + 2 * more / kGaps, at.gain + 3 * more / kGaps,
+          at.levels + 4 * more / kGaps};
+}
+
+// The room to the right of the levels, and under the captions, may be left out.
+void StageView::take(QSize least) {
+  _usual = QSize(least.width(), least.height() + kGap).expandedTo({kWidth, kHeight});
+  setMinimumSize(least);
+  setMaximumHeight(_usual.height());
+}
+
+void StageView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  place();
+}
+
 void StageView::place() {
-  const Centres at = centres();
+  const Centres least = centres();
+  const int right = least.levels + std::max(levelHalf(), toScale()) + kGap;
+  const Centres at = spread(least);
   placeDial(at.dial);
   placeField(at.field);
   placeGain(at.gain);
   placeLevels(at.levels);
-  const int bottom = placeCaptions(at);
-  setFixedSize(std::max(kWidth, at.levels + std::max(levelHalf(), toScale()) + kGap),
-               std::max(kHeight, bottom + kGap));
+  take({right, placeCaptions(at)});
 }
 
 void StageView::placeField(int centre) {

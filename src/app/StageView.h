@@ -19,12 +19,14 @@
 ///
 /// Laid out and named, and nothing more. Dial, scales and meters keep their size; captions and
 /// labels get the room that their text and font ask for, at least that of the usual ones, and what
-/// stands beside them moves on. Interface thread.
+/// stands beside them moves on. More width than that goes between them. Interface thread.
 class StageView : public QWidget {
   Q_OBJECT
 
  public:
   explicit StageView(QWidget* parent = nullptr);
+
+  [[nodiscard]] QSize sizeHint() const override { return _usual; }
 
   AngleViewer* sliderStereo = nullptr;
   ImageView* imgDevice = nullptr;
@@ -49,6 +51,7 @@ class StageView : public QWidget {
 
  protected:
   bool event(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void makeDial();
@@ -70,10 +73,14 @@ class StageView : public QWidget {
     int levels;
   };
   [[nodiscard]] Centres centres() const;
+  [[nodiscard]] Centres spread(const Centres& at) const;
+  void take(QSize least);
   [[nodiscard]] int levelHalf() const;
   /// From the centre of the meters to that of each, and to their scale.
   [[nodiscard]] int toMeter() const;
   [[nodiscard]] int toScale() const;
   int placeCaptions(const Centres& at);
   [[nodiscard]] int scaleWidth(const GainTickTitle& scale) const;
+
+  QSize _usual;
 };

@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QStyle>
 
 #include "controls/Colors.h"
 
@@ -24,6 +25,13 @@ QRect WindowController::centredFrame(const QRect& visible) {
   return {corner, kSize};
 }
 
+QRect WindowController::startFrame(const QRect& visible, int titleBar) {
+  const QRect frame = centredFrame(visible);
+  const QRect left = visible.adjusted(0, titleBar, 0, 0);
+  const bool fits = kSize.boundedTo(left.size()) == kSize;
+  return fits || left.isEmpty() ? frame : frame.intersected(left);
+}
+
 void WindowController::windowDidLoad() {
   QPalette palette = _view.palette();
   palette.setColor(QPalette::Window, Colors::AppBG());
@@ -31,7 +39,8 @@ void WindowController::windowDidLoad() {
   _view.setAutoFillBackground(true);
   _view.setWindowTitle(QStringLiteral("TARN J4 Mixdeck"));
   const QScreen* const screen = _view.screen();
-  _view.setGeometry(centredFrame(screen == nullptr ? QRect() : screen->availableGeometry()));
+  const QRect visible = screen == nullptr ? QRect() : screen->availableGeometry();
+  _view.setGeometry(startFrame(visible, _view.style()->pixelMetric(QStyle::PM_TitleBarHeight)));
 }
 
 void WindowController::show() {

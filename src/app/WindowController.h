@@ -28,6 +28,8 @@ class WindowController : public QObject {
 
   /// In the middle of what a screen leaves to windows; y downward.
   [[nodiscard]] static QRect centredFrame(const QRect& visible);
+  /// The same, or as much of it as there is under a title bar of this height.
+  [[nodiscard]] static QRect startFrame(const QRect& visible, int titleBar);
 
  signals:
   /// The first picture of the window is painted.

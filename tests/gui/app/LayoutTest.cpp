@@ -1,7 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
+#include <QScrollBar>
+
 #include "WindowFixture.h"
+#include "app/StageArea.h"
 #include "controls/Appearance.h"
 
 namespace {
@@ -47,6 +50,40 @@ class Layout : public WindowFixture {
     const auto labels = captions();
     all.insert(all.end(), labels.begin(), labels.end());
     return all;
+  }
+  /// The window with a take, in this size.
+  void startAs(QSize size) {
+    take("R0001.WAV");
+    startOnTakes();
+    open("R0001.WAV");
+    view().resize(size);
+    for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+    ASSERT_EQ(view().size(), size);
+  }
+  /// So that nothing has to be scrolled.
+  void enlarge() {
+    view().resize({1800, 1200});
+    for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+  }
+  [[nodiscard]] QScrollArea& stageArea() const { return *view().findChild<StageArea*>(); }
+  [[nodiscard]] QWidgetList allTabStops() const {
+    return view().browser->tabOrder() + view().player->tabOrder() + view().device->tabOrder();
+  }
+  /// What stands outside of the stage is whole, in the window, and over nothing else.
+  void expectWholeAroundStage() const {
+    const PlayerView& player = *view().player;
+    const std::vector<const QWidget*> whole = {
+        view().browser->viewPathBG, view().browser->tableFile, view().device,
+        player.btnExport,           player.btnMenu,            &stageArea(),
+        player.waveform,            player.sliderTime,         player.lblTimeCurrent,
+        player.lblTimeTotal,        player.btnVolume,          player.sliderVolume,
+        player.btnPlayPause,        player.lblStatus};
+    for (std::size_t i = 0; i < whole.size(); ++i) {
+      EXPECT_TRUE(view().rect().contains(frame(whole[i]))) << i;
+      for (std::size_t j = 0; j < i; ++j) {
+        EXPECT_FALSE(frame(whole[i]).intersects(frame(whole[j]))) << i << " and " << j;
+      }
+    }
   }
   void expectRoom() const {
     // The captions under the dial stand where it is empty.
@@ -121,9 +158,65 @@ TEST_F(Layout, StandsToThePixelInTheUsualFont) {
   }
 }
 
+TEST_F(Layout, InASmallWindowTheStageIsScrolledAndNothingIsOutOfReach) {
+  startAs({900, 560});
+  expectWholeAroundStage();
+  EXPECT_GE(view().browser->tableFile->height(), 5 * FileListCell::kHeight);
+  EXPECT_GE(stageArea().viewport()->height(), 240);
+  for (QWidget* const stop : allTabStops()) {
+    if (!stop->isVisible()) continue;
+    stop->setFocus(Qt::TabFocusReason);
+    QCoreApplication::processEvents();
+    const QRect shown = stop->visibleRegion().boundingRect();
+    const QSize most = stop->size().boundedTo(stageArea().viewport()->size());
+    if (stage().isAncestorOf(stop)) {
+      EXPECT_EQ(shown.size(), most) << stop->accessibleName().toStdString();
+    } else {
+      EXPECT_EQ(shown, stop->rect()) << stop->accessibleName().toStdString();
+    }
+  }
+  stageArea().ensureWidgetVisible(stage().lblLevelValue, 0, 0);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(stage().lblLevelValue->visibleRegion().boundingRect(), stage().lblLevelValue->rect());
+}
+
+TEST_F(Layout, WindowThatIsOnlyLowIsScrolledOnlyDownward) {
+  startAs({1050, 560});
+  expectWholeAroundStage();
+  EXPECT_GT(stageArea().verticalScrollBar()->maximum(), 0);
+  EXPECT_EQ(stageArea().horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(Layout, UsualWindowIsNotScrolled) {
+  startAs({1050, 668});
+  expectWholeAroundStage();
+  EXPECT_EQ(stageArea().verticalScrollBar()->maximum(), 0);
+  EXPECT_EQ(stageArea().horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(Layout, LargeWindowGivesItsRoomToListAndPlayer) {
+  startAs({1600, 1000});
+  expectRoom();
+  expectWholeAroundStage();
+  EXPECT_EQ(frame(view().browser).width(), 480);
+  EXPECT_EQ(frame(view().device).width(), 480);
+  EXPECT_EQ(frame(view().player).right(), 1600 - 16 - 1);
+  EXPECT_EQ(view().player->waveform->height(), 64 + 1000 - 668);
+  // What is left and right of the stage's parts is no more than what is between them.
+  const int left = frame(stage().sliderStereo).left() - frame(view().player).left();
+  const int right = frame(view().player).right() - frame(stage().lvlRight).right();
+  EXPECT_LT(left, 120);
+  EXPECT_LT(right, 160);
+  view().resize(WindowController::kSize);
+  for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+  EXPECT_EQ(frame(view().browser), QRect(16, 16, 318, 404));
+  EXPECT_EQ(frame(stage().sliderStereo), QRect(370, 81, 352, 352));
+}
+
 TEST_F(Layout, LargerFontsGetTheRoomThatTheyNeed) {
   startWith(22);
   ASSERT_EQ(stage().lblGain->font().pixelSize(), 22) << "or nothing is shown here";
+  enlarge();
   expectRoom();
   EXPECT_GE(view().browser->viewPathBG->height(),
             view().browser->lblFolder->fontMetrics().height());
@@ -139,15 +232,14 @@ TEST_F(Layout, RowsOfTheListGrowWithTheFont) {
 
 TEST_F(Layout, LongerTextsMoveWhatStandsBesideThem) {
   startOnTakes();
-  const QSize before = stage().size();
+  const QSize before = stage().sizeHint();
   stage().lblStereo->setText("Breite des Klangbildes zwischen den Lautsprechern im Raum");
   stage().lblGain->setText("Verstärkung des Signals");
   stage().lblLevel->setText("Aussteuerung, links und rechts");
   view().player->btnExport->setText("Als entschlüsselte Datei ausgeben");
-  QCoreApplication::processEvents();
-  QCoreApplication::processEvents();
+  enlarge();
   expectRoom();
-  EXPECT_GT(stage().width(), before.width());
+  EXPECT_GT(stage().sizeHint().width(), before.width());
   EXPECT_EQ(stage().height(), before.height());
   const QPushButton& button = *view().player->btnExport;
   EXPECT_LT(button.fontMetrics().horizontalAdvance(button.text()), button.width());

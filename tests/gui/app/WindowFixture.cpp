@@ -38,6 +38,7 @@ WindowFixture::~WindowFixture() {
 
 void WindowFixture::start(const std::filesystem::path& path) {
   window = std::make_unique<WindowController>();
+  view().resize(WindowController::kSize);  // the screen of these tests is smaller
   controller().setStart(path);
   window->show();
   waitFor([this] { return controller().folderHelper() != nullptr; }, "the first listing");

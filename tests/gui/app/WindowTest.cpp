@@ -27,11 +27,24 @@ TEST_F(Window, StandsInTheMiddleOfItsScreen) {
   EXPECT_EQ(WindowController::centredFrame({100, 30, 1051, 669}), QRect(100, 30, 1050, 668));
   EXPECT_EQ(WindowController::centredFrame({}), QRect(-525, -334, 1050, 668));
   window = std::make_unique<WindowController>();
-  EXPECT_EQ(view().geometry(),
-            WindowController::centredFrame(view().screen()->availableGeometry()));
-  startOnTakes();
-  EXPECT_EQ(view().size(), QSize(1050, 668));
   EXPECT_EQ(view().windowTitle(), "TARN J4 Mixdeck");
+}
+
+TEST_F(Window, IsNeverLargerThanItsScreen) {
+  constexpr int kTitle = 24;
+  EXPECT_EQ(WindowController::startFrame({0, 0, 1920, 1080}, kTitle), QRect(435, 206, 1050, 668));
+  EXPECT_EQ(WindowController::startFrame({0, 0, 1050, 692}, kTitle), QRect(0, 12, 1050, 668));
+  EXPECT_EQ(WindowController::startFrame({0, 0, 1050, 691}, kTitle), QRect(0, 24, 1050, 655));
+  EXPECT_EQ(WindowController::startFrame({0, 30, 700, 420}, kTitle), QRect(0, 54, 700, 396));
+  EXPECT_EQ(WindowController::startFrame({}, kTitle), QRect(-525, -334, 1050, 668));
+  window = std::make_unique<WindowController>();
+  const QRect screen = view().screen()->availableGeometry();
+  ASSERT_LT(screen.width(), WindowController::kSize.width()) << "or nothing is shown here";
+  EXPECT_TRUE(screen.contains(view().geometry()));
+  window->show();
+  QCoreApplication::processEvents();
+  const QSize most = screen.size().expandedTo(view().minimumSizeHint());
+  EXPECT_EQ(view().size().boundedTo(most), view().size());
 }
 
 TEST_F(Window, ContentNeedsNoMoreRoomThanItHas) {
