@@ -15,3 +15,5 @@ inline constexpr double kMostSeconds = 1e9;
 
 /// Accepts a finite real number from `least` to `most`, both included; not "nan".
 CLI::Validator realBetween(double least, double most);
+/// A number without a fraction in that range.
+CLI::Validator wholeBetween(double least, double most);

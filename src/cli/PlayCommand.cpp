@@ -37,7 +37,7 @@ CLI::App* PlayCommand::declare(CLI::App& program) {
   CLI::App* command = program.add_subcommand("play", "Play a recording as it would be exported");
   WidthOption::add(*command, _angle);
   command->add_option("--gain", _gain, "Gain in whole dB; positive is louder")
-      ->check(realBetween(-kMostGain, kMostGain))
+      ->check(wholeBetween(-kMostGain, kMostGain))
       ->capture_default_str();
   command->add_option("--volume", _volume, "Volume of the output, linear; 1 leaves it as it is")
       ->check(realBetween(0, 1))
@@ -84,7 +84,10 @@ int PlayCommand::play(std::shared_ptr<const WaveFileReader> reader) const {
   session.set(angle, static_cast<int>(_gain), _volume);
   session.start(_stretch.from());
   const bool isPlayed = session.run();
-  if (!session.readFailure().empty()) return fail("Cannot read on.", session.readFailure());
+  if (!session.readFailure().empty()) {
+    return fail(session.hasReachedEnd() ? "Played to its end." : "Cannot read on.",
+                session.readFailure());
+  }
   if (Interrupt::requested()) return Interrupt::status();
   return isPlayed ? kDone : kFailed;
 }

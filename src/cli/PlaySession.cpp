@@ -182,6 +182,11 @@ void PlaySession::seekTo(double seconds) {
   if (_player.play_state() == PLAY_STATE_FINISH) end(true);
 }
 
+bool PlaySession::hasReachedEnd() const {
+  constexpr double kFrame = 1e-6;  // less than one, in seconds
+  return _player.curremtTime() + kFrame > _player.timeFromPosition(1.0) / kMsPerSecond;
+}
+
 void PlaySession::show() const {
   const std::string time = _player.currentTimeString();
   const std::string duration = _player.durationString();

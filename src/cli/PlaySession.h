@@ -30,6 +30,8 @@ class PlaySession {
   /// something went wrong, which has been told.
   bool run();
   /// Why the file could not be opened or read to its end; empty when it could.
+  /// The last frame has been heard.
+  [[nodiscard]] bool hasReachedEnd() const;
   [[nodiscard]] const std::string& readFailure() const { return _player.readFailure(); }
 
  private:

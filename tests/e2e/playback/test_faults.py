@@ -46,11 +46,31 @@ class NoServerTest(Case):
     def test_usage(self):
         path = self.file(noise(10, 24), 24)
         for wrong in (["--angle", "151"], ["--gain", "40"], ["--volume", "1.1"], ["--from", "-1"],
-                      ["--from", "2", "--to", "1"]):
+                      ["--from", "2", "--to", "1"], ["--gain", "2.5"]):
             self.assertEqual(self.run_play(*wrong, path).returncode, 2, wrong)
         beyond = self.run_play("--from", "0:05", path)
         self.assertEqual(beyond.returncode, 1)
         self.assertIn("--from 00:00:05.000 lies beyond its end at ", beyond.stderr)
+
+
+class GoingFileTest(Case):
+    def play_and(self, change):
+        """Six seconds, changed as soon as the time line shows that it plays."""
+        path = self.file(noise(6 * RATE, 24), 24)
+        with Player(self.server, path) as player:
+            change(path)
+            status = player.wait()
+            return status, player.shown
+
+    def test_a_take_deleted_while_it_plays_is_played_to_its_end(self):
+        status, shown = self.play_and(os.unlink)
+        self.assertEqual(status, 1)
+        self.assertIn("Played to its end. The file has been deleted", shown)
+
+    def test_a_take_cut_short_while_it_plays_cannot_be_read_on(self):
+        status, shown = self.play_and(lambda path: os.truncate(path, RATE * 6 * 4))
+        self.assertEqual(status, 1)
+        self.assertIn("Cannot read on. The file became shorter", shown)
 
 
 class GoingServerTest(Case):

@@ -163,8 +163,12 @@ class DialogTest(Case):
         about = program.find("dialog", "About")
         self.assertIn(self.version(), program.labels())
         program.wait(lambda: self.is_centred("About"), "the place in the middle")
-        hints = self.desktop.run("xprop", "-name", "About", "_NET_WM_ALLOWED_ACTIONS",
-                                 "_NET_WM_STATE")
+        def hints_of():
+            return self.desktop.run("xprop", "-name", "About", "_NET_WM_ALLOWED_ACTIONS",
+                                    "_NET_WM_STATE")
+        # The window manager sets them when it gets to it.
+        program.wait(lambda: "STATE_MODAL" in hints_of() and "ACTION_" in hints_of(), "its hints")
+        hints = hints_of()
         self.assertNotIn("ACTION_RESIZE", hints)
         self.assertNotIn("MAXIMIZE", hints)
         self.assertIn("STATE_MODAL", hints)

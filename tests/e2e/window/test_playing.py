@@ -121,11 +121,14 @@ class PlayingTest(Case):
             self.wait_sound(recorder)
             volume = program.find("slider", "Volume")
             self.assertEqual(volume.value, 0.5)
-            program.find("push button", "Mute").click()
+            mute = program.find("push button", "Mute")
+            self.assertFalse(mute.has("checked"))
+            mute.click()
             recorder.wait_silence()
             self.assertEqual(volume.value, 0)
             at = recorder.frames
-            program.find("push button", "Unmute").click()
+            self.assertTrue(mute.has("checked"))
+            mute.click()
             program.wait(lambda: recorder.samples()[at:].any(), "the sound again")
             self.assertEqual(volume.value, 0.5)
             volume.value = 1
