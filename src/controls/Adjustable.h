@@ -34,7 +34,7 @@ class Adjustable {
   [[nodiscard]] virtual double highest() const = 0;
   /// One arrow key or one notch of the wheel.
   [[nodiscard]] virtual double fineStep() const = 0;
-  /// Page Up or Page Down, or a notch with Shift or Control held.
+  /// Page Up or Page Down, an arrow with Shift, or a notch with Shift or Control held.
   [[nodiscard]] virtual double coarseStep() const = 0;
   /// Where a step starts: the value as the user reads it.
   [[nodiscard]] virtual double stepOrigin() const { return adjustableValue(); }

@@ -4,6 +4,7 @@
 #include "controls/Artwork.h"
 
 #include <QFile>
+#include <QHash>
 
 #include "controls/ArtworkEngine.h"
 
@@ -21,10 +22,14 @@ QString fileOf(const QString& name) {
 
 }  // namespace
 
+// Kept for the life of the process: no picture may go after the application.
 QIcon Artwork::icon(const QString& name) {
+  static auto* const kKept = new QHash<QString, QIcon>;
   const QString file = fileOf(name);
-  if (!QFile::exists(file)) return {};
-  return QIcon(new ArtworkEngine(file));  // the icon owns it
+  if (!kKept->contains(name) && QFile::exists(file)) {
+    kKept->insert(name, QIcon(new ArtworkEngine(file)));  // the icon owns it
+  }
+  return kKept->value(name);
 }
 
 QSize Artwork::naturalSize(const QString& name) {

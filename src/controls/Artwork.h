@@ -10,8 +10,9 @@
 /// the program's icon. Interface thread.
 class Artwork {
  public:
-  /// Drawn anew at every size, so sharp at every scale; dimmed when disabled; the drawing keeps
-  /// its shape and stands in the middle of the room it gets. A null icon for an unknown name.
+  /// Drawn at each size by itself, so sharp at every scale, and kept; dimmed when disabled; the
+  /// drawing keeps its shape and stands in the middle of the room it gets. A null icon for an
+  /// unknown name.
   static QIcon icon(const QString& name);
   /// The size that the drawing was made for, in device independent pixels; (0, 0) for an unknown
   /// name.

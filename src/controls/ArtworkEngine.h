@@ -3,12 +3,15 @@
 #pragma once
 
 #include <QIconEngine>
+#include <QPixmap>
 #include <QString>
 #include <QSvgRenderer>
+#include <map>
 #include <memory>
+#include <utility>
 
-/// Draws an icon from an SVG file at whatever size it is asked for. Copies share the parsed file.
-/// Interface thread.
+/// Draws an icon from an SVG file at whatever size it is asked for, and keeps the pictures of the
+/// last sizes. Copies share the parsed file and the pictures. Interface thread.
 class ArtworkEngine : public QIconEngine {
  public:
   explicit ArtworkEngine(const QString& file);
@@ -21,7 +24,12 @@ class ArtworkEngine : public QIconEngine {
   [[nodiscard]] QIconEngine* clone() const override { return new ArtworkEngine(*this); }
 
  private:
-  void paintDimmed(QPainter& painter, const QRect& rect, QIcon::State state);
+  /// By width and height in pixels.
+  using Kept = std::map<std::pair<int, int>, QPixmap>;
+
+  void draw(QPainter& painter, const QRect& rect) const;
+  [[nodiscard]] QPixmap kept(const QSize& pixels) const;
 
   std::shared_ptr<QSvgRenderer> _drawing;
+  std::shared_ptr<Kept> _kept;
 };

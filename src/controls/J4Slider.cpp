@@ -4,6 +4,13 @@
 
 #include <QMouseEvent>
 
+namespace {
+
+constexpr double kFineSeconds = 1.0;
+constexpr double kCoarseSeconds = 10.0;
+
+}  // namespace
+
 J4Slider::J4Slider(QWidget* parent) : Slider(parent) {
   setAccessibleName(tr("Position"));
 }
@@ -16,6 +23,18 @@ QString J4Slider::valueText() const {
   };
   return QStringLiteral("%1:%2:%3")
       .arg(two(seconds / 3600), two(seconds / 60 % 60), two(seconds % 60));
+}
+
+double J4Slider::valueOf(double seconds) const {
+  return (highest() - lowest()) * seconds / _duration;
+}
+
+double J4Slider::fineStep() const {
+  return _duration > 0.0 ? valueOf(kFineSeconds) : Slider::fineStep();
+}
+
+double J4Slider::coarseStep() const {
+  return _duration > 0.0 ? valueOf(kCoarseSeconds) : Slider::coarseStep();
 }
 
 void J4Slider::mousePressEvent(QMouseEvent* event) {

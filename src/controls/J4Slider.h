@@ -15,11 +15,13 @@ class J4Slider : public Slider {
 
   [[nodiscard]] bool isSeeking() const { return _isSeeking; }
   void setIsSeeking(bool seeking) { _isSeeking = seeking; }
-  /// Seconds that the range stands for, by which the position is read out; 0: it is read in per
-  /// cent.
+  /// Seconds that the range stands for, by which the position is read out and moved by keys and
+  /// wheel: 1 s or 10 s at a time. 0: it is read and moved in hundredths of the range.
   void setDuration(double seconds) { _duration = seconds; }
 
   [[nodiscard]] double unit() const override { return _duration > 0.0 ? _duration : 1.0; }
+  [[nodiscard]] double fineStep() const override;
+  [[nodiscard]] double coarseStep() const override;
   /// "00:01:05", or per cent.
   [[nodiscard]] QString valueText() const override;
 
@@ -29,6 +31,8 @@ class J4Slider : public Slider {
   [[nodiscard]] QString announcedText() const override { return Slider::valueText(); }
 
  private:
+  [[nodiscard]] double valueOf(double seconds) const;
+
   double _duration = 0.0;
   bool _isSeeking = false;
 };

@@ -6,14 +6,15 @@
 
 namespace {
 
-std::optional<double> target(const Adjustable& control, int key) {
+std::optional<double> target(const Adjustable& control, int key, bool isCoarse) {
+  const double arrow = isCoarse ? control.coarseStep() : control.fineStep();
   switch (key) {
     case Qt::Key_Up:
     case Qt::Key_Right:
-      return control.stepOrigin() + control.fineStep();
+      return control.stepOrigin() + arrow;
     case Qt::Key_Down:
     case Qt::Key_Left:
-      return control.stepOrigin() - control.fineStep();
+      return control.stepOrigin() - arrow;
     case Qt::Key_PageUp:
       return control.stepOrigin() + control.coarseStep();
     case Qt::Key_PageDown:
@@ -32,7 +33,8 @@ std::optional<double> target(const Adjustable& control, int key) {
 bool StepInput::keyPressed(Adjustable& control, const QKeyEvent& event) {
   const Qt::KeyboardModifiers shortcuts = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
   if (!control.isAdjustable() || (event.modifiers() & shortcuts) != 0) return false;
-  const auto value = target(control, event.key());
+  const bool isCoarse = event.modifiers().testFlag(Qt::ShiftModifier);
+  const auto value = target(control, event.key(), isCoarse);
   if (value) control.adjust(*value, AdjustCause::Key);
   return value.has_value();
 }

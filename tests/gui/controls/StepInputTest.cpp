@@ -12,6 +12,7 @@
 #include "Drawn.h"
 #include "Hands.h"
 #include "controls/AngleViewer.h"
+#include "controls/J4Slider.h"
 #include "controls/Slider.h"
 
 namespace {
@@ -47,6 +48,31 @@ TEST_F(Steps, KeysMoveIt) {
     EXPECT_EQ(AdjustCause::Key, causes.back());
   }
   EXPECT_EQ(8U, causes.size());
+}
+
+TEST_F(Steps, ArrowsWithShiftMoveItFurther) {
+  slider.setValue(50.0);
+  EXPECT_TRUE(key(Qt::Key_Right, Qt::ShiftModifier));
+  EXPECT_EQ(60.0, slider.value());
+  EXPECT_TRUE(key(Qt::Key_Down, Qt::ShiftModifier));
+  EXPECT_EQ(50.0, slider.value());
+}
+
+TEST(PositionSteps, AreASecondAndTenSeconds) {
+  J4Slider position;
+  position.setRange(0.0, 1.0);
+  position.setDuration(40.0);
+  position.setValue(0.5);
+  const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QKeyEvent event(QEvent::KeyPress, key, modifiers);
+    QCoreApplication::sendEvent(&position, &event);
+    return position.value() * 40.0;
+  };
+  EXPECT_DOUBLE_EQ(press(Qt::Key_Right), 21.0);
+  EXPECT_DOUBLE_EQ(press(Qt::Key_Left, Qt::ShiftModifier), 11.0);
+  EXPECT_DOUBLE_EQ(press(Qt::Key_PageUp), 21.0);
+  Hands::wheel(position, -120);
+  EXPECT_DOUBLE_EQ(position.value() * 40.0, 20.0);
 }
 
 TEST_F(Steps, KeysStopAtTheEnds) {

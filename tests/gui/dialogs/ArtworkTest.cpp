@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <QImage>
+#include <QPainter>
 #include <algorithm>
 #include <vector>
 
@@ -73,6 +74,35 @@ TEST(Artwork, HasAsManyPixelsAsTheScreen) {
   const QPixmap pixmap = Artwork::icon("folder").pixmap({20, 20}, 1.5);
   EXPECT_EQ(QSize(30, 30), pixmap.size());
   EXPECT_EQ(1.5, pixmap.devicePixelRatio());
+}
+
+TEST(Artwork, IsDrawnOnceForASize) {
+  const QIcon icon = Artwork::icon("folder");
+  EXPECT_EQ(icon.cacheKey(), Artwork::icon("folder").cacheKey()) << "and read once";
+  const auto key = [&](int size) { return icon.pixmap({size, size}, 1.0).cacheKey(); };
+  EXPECT_EQ(key(20), key(20));
+  EXPECT_NE(key(20), key(24));
+}
+
+TEST(Artwork, IsTheSamePictureWhereItIsPainted) {
+  const QIcon icon = Artwork::icon("device_j4");
+  const auto paintedAt = [&](double x) {
+    QImage image(80, 160, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.translate(x, 0.0);
+    icon.paint(&painter, QRect(0, 0, 68, 156));
+    return image;
+  };
+  const QImage kept = paintedAt(2.0);
+  EXPECT_EQ(kept, paintedAt(2.0));
+  const QImage drawn = paintedAt(2.0 + 1e-9);  // not on whole pixels: drawn by itself
+  for (int y = 0; y < kept.height(); ++y) {
+    for (int x = 0; x < kept.width(); ++x) {
+      ASSERT_NEAR(qAlpha(kept.pixel(x, y)), qAlpha(drawn.pixel(x, y)), 2) << x << ", " << y;
+      ASSERT_NEAR(qGreen(kept.pixel(x, y)), qGreen(drawn.pixel(x, y)), 4) << x << ", " << y;
+    }
+  }
 }
 
 TEST(Artwork, IsDimmedWhenDisabled) {
