@@ -47,6 +47,7 @@ void DevicePane::connectControls() {
 void DevicePane::showRecorder(bool isConnected) {
   if (!isConnected) return clear();
   _info = RecorderLink::record();
+  _view.dotConnected->show();
   _view.lblConnect->setText(tr("Connected"));
   _view.lblVersion->setText(tr("Ver. %1").arg(QString::fromLatin1(DeviceText::firmware(*_info))));
   showCard(*_info);
@@ -72,6 +73,7 @@ void DevicePane::showSettings(const TARNDeviceInfo& info) {
 }
 
 void DevicePane::clear() {
+  _view.dotConnected->hide();
   _view.lblConnect->setText(tr("Disconnected"));
   _view.lblVersion->clear();
   showCard({});

@@ -23,15 +23,18 @@ constexpr int kTallLine = 20;
 constexpr int kCaptionWidth = 106;
 constexpr int kSettingHeight = 26;
 constexpr QSize kPicture{54, 112};
+constexpr QSize kDot{14, 10};  // with what is kept free over it and to its right
 
 QString look() {
   return QStringLiteral(
              "#viewDeviceBG { background: %1; border-radius: 2px; }"
              "#listBatteryCover, #listAutoPowOffCover { background: transparent;"
              "  border-radius: 4px; padding: 0; min-height: 22px; }"
+             "#dotConnected { background: %4; border-radius: 4px; margin: 2px 6px 0 0; }"
              "#barUsed { background: %2; border: none; border-radius: 3px; }"
              "#barUsed::chunk { background: %3; border-radius: 3px; }")
-      .arg(Colors::AppBGLight().name(), Colors::ControlColor().name(), Colors::accent().name());
+      .arg(Colors::AppBGLight().name(), Colors::ControlColor().name(), Colors::accent().name(),
+           Colors::safe().name());
 }
 
 // A wheel that passes over it closed would set the recorder at once.
@@ -103,7 +106,11 @@ void DeviceView::placeConnection(QBoxLayout& words) {
   lblConnect = MainViewParts::label(this, "heading");
   lblVersion = MainViewParts::label(this, "dim");
   lblVersion->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  dotConnected = MainViewParts::ground(this, "dotConnected");
+  dotConnected->setFixedSize(kDot);
+  dotConnected->hide();
   auto* const line = addLine(words, kTallLine);
+  line->addWidget(dotConnected);
   for (QLabel* const label : {lblConnect, lblVersion}) {
     label->setContentsMargins(0, 2, 0, 0);
     line->addWidget(label, label == lblConnect ? 1 : 0);

@@ -31,6 +31,7 @@ class DeviceView : public QWidget {
   void showUnavailable(const QString& reason);
 
   ImageView* imgJ4 = nullptr;
+  QWidget* dotConnected = nullptr;  ///< shown while a recorder is connected
   QLabel* lblConnect = nullptr;
   QLabel* lblVersion = nullptr;
   QLabel* lblSimulated = nullptr;    ///< shown while the recorder is a simulated one

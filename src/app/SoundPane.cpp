@@ -4,6 +4,7 @@
 #include "app/SoundPane.h"
 
 #include <QEvent>
+#include <QSignalBlocker>
 
 #include "app/MainViewParts.h"
 #include "dsp/GainStage.h"
@@ -53,6 +54,7 @@ bool SoundPane::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void SoundPane::initVolume() {
+  _view.btnVolume->setCheckable(true);
   _sliderVolumeCell->setSliderEnabled(true);
   _view.sliderVolume->setCell(_sliderVolumeCell);
   _view.sliderVolume->setRange(0.0, 1.0);
@@ -61,7 +63,8 @@ void SoundPane::initVolume() {
   _take.setVolume(kFirstVolume);
   showVolume(static_cast<float>(kFirstVolume));
   connect(_view.sliderVolume, &Slider::valueAdjusted, this, &SoundPane::volumeAdjusted);
-  connect(_view.btnVolume, &QToolButton::clicked, this, &SoundPane::toggleMute);
+  // Not its clicks: assistive software toggles it without one.
+  connect(_view.btnVolume, &QToolButton::toggled, this, &SoundPane::toggleMute);
 }
 
 void SoundPane::initGain() {
@@ -142,7 +145,11 @@ void SoundPane::showVolume(float volume) {
     picture = volume < kHigh ? QStringLiteral("speaker_2") : QStringLiteral("speaker_3");
     if (volume < kLow) picture = QStringLiteral("speaker_1");
   }
-  MainViewParts::setFace(*_view.btnVolume, picture, isSilent ? tr("Unmute") : tr("Mute"));
+  // Named by what it is; what a press does is its tip.
+  MainViewParts::setFace(*_view.btnVolume, picture, tr("Mute"));
+  _view.btnVolume->setToolTip(isSilent ? tr("Unmute") : tr("Mute"));
+  const QSignalBlocker quiet(_view.btnVolume);  // only what others toggle is a wish
+  _view.btnVolume->setChecked(isSilent);
 }
 
 void SoundPane::sliderGainValueChanged(J4GainSlider* slider) {

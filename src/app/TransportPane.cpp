@@ -46,7 +46,7 @@ TransportPane::TransportPane(PlayerView& view, TakeSession& take, QObject* paren
 void TransportPane::showIdle() {
   _view.lblFileName->clear();
   _view.lblFileName->setToolTip({});
-  _view.lblFormat->clear();
+  _view.lblFormat->setText(tr("Double-click a recording to play it"));
   _view.lblTimeCurrent->setText(QLatin1String(Placeholder::kTime));
   _view.lblTimeTotal->setText(QLatin1String(Placeholder::kTime));
   setPlayable(false);
@@ -57,6 +57,7 @@ void TransportPane::showIdle() {
 
 void TransportPane::showOpening() {
   showIdle();
+  _view.lblFormat->clear();
   showName();
 }
 

@@ -31,6 +31,9 @@ void ViewController::initUI() {
     if (const auto item = std::exchange(_waiting, {})) openWavFile(*item);
   });
   connect(&_panes.browser, &FolderBrowser::listed, this, &ViewController::listed);
+  for (const auto changes : {&TakeSession::opening, &TakeSession::opened, &TakeSession::closed}) {
+    connect(&_panes.take, changes, this, &ViewController::markLoaded);
+  }
   connect(&commands, &WindowCommands::openSelectedRequested, &_panes.files,
           &BrowserPane::openSelected);
   connect(&commands, &WindowCommands::openFolderRequested, &_panes.files,
@@ -50,6 +53,11 @@ void ViewController::initUI() {
 void ViewController::openChosen(const WavItem& item) {
   if (!_panes.commands.isIntroducing()) return openWavFile(item);
   _waiting = item;
+}
+
+void ViewController::markLoaded() {
+  const TakeSession& take = _panes.take;
+  _panes.browser.model().setLoaded(take.isOpen() ? take.file().native() : std::string());
 }
 
 void ViewController::initMIDI() {

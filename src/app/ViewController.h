@@ -106,6 +106,7 @@ class ViewController : public QObject, public MIDIManagerDelegate {
   void initUI();
   void initMIDI();
   void openChosen(const WavItem& item);
+  void markLoaded();
 
   MainView& _view;
   WindowPanes _panes;

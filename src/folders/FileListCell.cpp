@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "controls/Colors.h"
+#include "folders/FileListModel.h"
 
 namespace {
 
@@ -18,6 +19,8 @@ constexpr int kNameLeft = 44;
 constexpr int kNameRight = 8;
 constexpr int kMargin = 4;  // over and under a large name
 constexpr double kRadius = 3.0;
+constexpr int kMarkWidth = 3;
+constexpr int kMarkInset = 7;  // from the top and the bottom of the row
 
 int widthOfView(const QStyleOptionViewItem& row) {
   const auto* const view = qobject_cast<const QAbstractScrollArea*>(row.widget);
@@ -53,6 +56,13 @@ void FileListCell::drawGround(QPainter& painter, const QStyleOptionViewItem& opt
   }
 }
 
+void FileListCell::drawMark(QPainter& painter, const QRect& row) {
+  const QRectF mark(row.left(), row.top() + kMarkInset, kMarkWidth, row.height() - 2 * kMarkInset);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(Colors::WHITE());
+  painter.drawRoundedRect(mark, kMarkWidth / 2.0, kMarkWidth / 2.0);
+}
+
 // Shortened in the middle: takes and their exports differ at their ends.
 void FileListCell::drawName(QPainter& painter, const QStyleOptionViewItem& option,
                             const QString& name) {
@@ -69,6 +79,7 @@ void FileListCell::paint(QPainter* painter, const QStyleOptionViewItem& whole,
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
   drawGround(*painter, option);
+  if (index.data(FileListModel::kLoadedRole).toBool()) drawMark(*painter, option.rect);
   index.data(Qt::DecorationRole).value<QIcon>().paint(painter, imgFileIcon(option.rect));
   drawName(*painter, option, index.data(Qt::DisplayRole).toString());
   painter->restore();

@@ -5,7 +5,8 @@
 #include <QStyledItemDelegate>
 
 /// Draws one row of the file list: icon and name, on a rounded ground where it is selected, with a
-/// ring where it has the focus by the keyboard. Interface thread.
+/// ring where it has the focus by the keyboard, and a bar at the left where it is the take that is
+/// loaded. Interface thread.
 class FileListCell : public QStyledItemDelegate {
   Q_OBJECT
 
@@ -32,6 +33,7 @@ class FileListCell : public QStyledItemDelegate {
 
  private:
   static void drawGround(QPainter& painter, const QStyleOptionViewItem& option);
+  static void drawMark(QPainter& painter, const QRect& row);
   static void drawName(QPainter& painter, const QStyleOptionViewItem& option, const QString& name);
 
   int _columnWidth = 0;

@@ -81,6 +81,12 @@ void FileListModel::insertNew(const std::vector<WavItem>& files) {
   }
 }
 
+void FileListModel::setLoaded(const std::string& fullPath) {
+  if (fullPath == _loaded) return;
+  _loaded = fullPath;
+  if (!_files.empty()) emit dataChanged(index(0), index(rowCount() - 1));
+}
+
 int FileListModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(_files.size());
 }
@@ -91,7 +97,10 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole) return item.fileName;
   if (role == Qt::ToolTipRole) return asPlainText(item.fileName);
   if (role == Qt::DecorationRole) return Artwork::icon(artworkName(item));
+  const bool isLoaded = !_loaded.empty() && item.fullPath == _loaded;
+  if (role == kLoadedRole) return isLoaded;
   if (role == Qt::AccessibleDescriptionRole) {
+    if (isLoaded) return tr("Recording, loaded");
     return item.isFolder ? tr("Folder") : tr("Recording");
   }
   return {};

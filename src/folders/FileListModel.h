@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <string>
 #include <vector>
 
 #include "folders/WavItem.h"
@@ -12,12 +13,17 @@ class FileListModel : public QAbstractListModel {
   Q_OBJECT
 
  public:
+  /// Whether the row is the take that is loaded.
+  static constexpr int kLoadedRole = Qt::UserRole + 1;
+
   using QAbstractListModel::QAbstractListModel;
 
   /// Shows these entries, which are in the order of `FolderHelper::isBefore`. Where little has
   /// changed only the rows in question come and go, so that the view stays where it is.
   void show(const std::vector<WavItem>& files);
   [[nodiscard]] const std::vector<WavItem>& files() const { return _files; }
+  /// Marks the row of this file, whenever it is there; an empty path marks none.
+  void setLoaded(const std::string& fullPath);
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
@@ -28,4 +34,5 @@ class FileListModel : public QAbstractListModel {
   void replaceAll(const std::vector<WavItem>& files);
 
   std::vector<WavItem> _files;
+  std::string _loaded;
 };

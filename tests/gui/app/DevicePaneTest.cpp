@@ -46,11 +46,14 @@ class DevicePaneTest : public testing::TestWithParam<MIDIPacketKind> {
 MIXDECK_BOTH_KINDS(DevicePaneTest);
 
 TEST_P(DevicePaneTest, ShowsTheRecorderAndThatItIsGone) {
+  EXPECT_TRUE(view.dotConnected->isHidden());
   plugIn();
+  EXPECT_FALSE(view.dotConnected->isHidden());
   EXPECT_EQ(view.lblConnect->text(), "Connected");
   EXPECT_EQ(view.lblVersion->text(), "Ver. 1.02");
   EXPECT_EQ(view.popupBattery->currentText(), "Alkaline");
   simulated.pullOut();
+  EXPECT_TRUE(view.dotConnected->isHidden());
   EXPECT_EQ(view.lblConnect->text(), "Disconnected");
   EXPECT_EQ(view.popupBattery->currentIndex(), -1);
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
+#include <QAccessible>
 #include <QMessageBox>
 #include <QTest>
 #include <cmath>
@@ -38,6 +39,7 @@ class Transport : public TakeFixture {
 
 TEST_F(Transport, ShowsTheTakeAndIsIdleWithoutOne) {
   EXPECT_FALSE(view.btnPlayPause->isEnabled());
+  EXPECT_EQ(view.lblFormat->text(), "Double-click a recording to play it");
   EXPECT_EQ(view.lblTimeTotal->text(), "--:--:--");
   EXPECT_EQ(view.sliderTime->maximum(), 100.0);
   open("a.WAV");
@@ -48,6 +50,7 @@ TEST_F(Transport, ShowsTheTakeAndIsIdleWithoutOne) {
   EXPECT_TRUE(view.sliderTime->cell()->sliderEnabled());
   EXPECT_EQ(view.btnPlayPause->accessibleName(), "Pause");
   session->close();
+  EXPECT_EQ(view.lblFormat->text(), "Double-click a recording to play it");
   EXPECT_EQ(view.lblFileName->text(), "");
   EXPECT_EQ(view.lblTimeCurrent->text(), "--:--:--");
   EXPECT_FALSE(view.sliderTime->isEnabled());
@@ -180,6 +183,26 @@ TEST_F(Sound, WhatTheControlsShowCarriesOver) {
   EXPECT_EQ(session->gain(), 4);
   EXPECT_EQ(session->angle(), 12.5);
   EXPECT_EQ(session->volume(), 0.125);
+}
+
+TEST_F(Sound, MuteIsReadByOneNameAndItsState) {
+  auto* const mute = QAccessible::queryAccessibleInterface(view.btnVolume);
+  const auto isOn = [mute] { return mute->state().checkable && mute->state().checked; };
+  EXPECT_EQ(mute->text(QAccessible::Name), "Mute");
+  EXPECT_FALSE(isOn());
+  view.btnVolume->click();
+  EXPECT_TRUE(pane->isMuted());
+  EXPECT_TRUE(isOn());
+  EXPECT_EQ(mute->text(QAccessible::Name), "Mute");
+  EXPECT_EQ(view.btnVolume->toolTip(), "Unmute");
+  mute->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_FALSE(pane->isMuted());
+  EXPECT_FALSE(isOn());
+  EXPECT_EQ(view.sliderVolume->value(), 0.5);
+  view.sliderVolume->adjust(0.4, AdjustCause::Key);
+  EXPECT_FALSE(isOn());
+  view.sliderVolume->adjust(0.0, AdjustCause::Key);
+  EXPECT_TRUE(isOn());
 }
 
 TEST_F(Sound, MutesAndRestores) {

@@ -9,6 +9,7 @@
 
 #include "WindowFixture.h"
 #include "base/EB.h"
+#include "controls/Colors.h"
 #include "controls/J4SliderCell.h"
 #include "dialogs/ExportVC.h"
 #include "support/WaveBytes.h"
@@ -480,6 +481,26 @@ TEST_F(Playback, LostOutputIsAQuietLineAndPlayTriesAgain) {
   EXPECT_EQ(outputsMade, 2);
   play(100);
   EXPECT_GT(player().curremtTime(), 0.5);
+}
+
+TEST_F(Playback, LoadedTakeIsMarkedApartFromTheSelectedRow) {
+  take("a.WAV");
+  take("b.WAV");
+  startOnTakes();
+  open("a.WAV");
+  clickRow("b.WAV");
+  const FileList& list = *view().browser->tableFile;
+  const auto isMarked = [&](const char* name) {
+    return list.model()->index(rowOf(name), 0).data(FileListModel::kLoadedRole).toBool();
+  };
+  EXPECT_TRUE(isMarked("a.WAV"));
+  EXPECT_FALSE(isMarked("b.WAV"));
+  const QRect row = list.visualRect(list.model()->index(rowOf("a.WAV"), 0));
+  const QImage picture = list.viewport()->grab(row).toImage();
+  EXPECT_EQ(Hands::colorAt(picture, {1.5, row.height() / 2.0}), Colors::WHITE());
+  open("b.WAV");
+  EXPECT_FALSE(isMarked("a.WAV"));
+  EXPECT_TRUE(isMarked("b.WAV"));
 }
 
 TEST_F(Playback, ExportGetsGainAngleAndFolder) {

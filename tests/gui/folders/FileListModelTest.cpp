@@ -44,6 +44,24 @@ TEST_F(Model, ShowsNameAndPictureOfEachEntry) {
   EXPECT_EQ(model.index(1, 0).data(Qt::AccessibleDescriptionRole).toString(), "Recording");
 }
 
+TEST_F(Model, MarksTheTakeThatIsLoadedWheneverItIsThere) {
+  const QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
+  model.setLoaded("/x/b.wav");
+  model.show(items({"a.wav", "b.wav"}));
+  const auto isMarked = [this](int row) {
+    return model.index(row, 0).data(FileListModel::kLoadedRole).toBool();
+  };
+  EXPECT_FALSE(isMarked(0));
+  EXPECT_TRUE(isMarked(1));
+  EXPECT_EQ(model.index(1, 0).data(Qt::AccessibleDescriptionRole).toString(), "Recording, loaded");
+  model.setLoaded("/x/a.wav");
+  EXPECT_TRUE(isMarked(0));
+  EXPECT_FALSE(isMarked(1));
+  EXPECT_EQ(changes.count(), 1);
+  model.setLoaded({});
+  EXPECT_FALSE(isMarked(0));
+}
+
 TEST_F(Model, ChangesOnlyTheRowsThatChanged) {
   model.show(items({"a", "b", "c", "d"}));
   inserted.clear();
