@@ -41,7 +41,7 @@ class HangingTest(Case):
     def assert_answers(self, what):
         """A click on the speaker mutes or unmutes at once."""
         volume = self.window.find("slider", "Volume")
-        speaker = self.window.find("push button", "Mute")
+        speaker = self.window.find("check box", "Mute")
         before = volume.value
         begun = time.monotonic()
         speaker.act("Toggle")

@@ -121,7 +121,7 @@ class PlayingTest(Case):
             self.wait_sound(recorder)
             volume = program.find("slider", "Volume")
             self.assertEqual(volume.value, 0.5)
-            mute = program.find("push button", "Mute")
+            mute = program.find("check box", "Mute")
             self.assertFalse(mute.has("checked"))
             mute.click()
             recorder.wait_silence()
