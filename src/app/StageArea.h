@@ -6,8 +6,8 @@
 
 class StageView;
 
-/// The place of the stage: shows it whole where there is room, and else as much of it as fits, to be
-/// scrolled. What gets the focus is brought into view. Interface thread.
+/// The place of the stage: shows it whole where there is room, and else as much of it as fits, to
+/// be scrolled. What gets the focus is brought into view. Interface thread.
 class StageArea : public QScrollArea {
   Q_OBJECT
 

@@ -42,8 +42,9 @@ void TakeMessages::tell(TakeSession::Failure failure, const QString& why) {
       Alert::show(&_window, tr("File not supported."));
       break;
     case TakeSession::Failure::Reading:
-      _status.say(Topic::Recording, tr("%1 cannot be read: %2. Open it again once it is back.")
-                                        .arg(_take.name(), why));
+      _status.say(
+          Topic::Recording,
+          tr("%1 cannot be read: %2. Open it again once it is back.").arg(_take.name(), why));
       break;
     case TakeSession::Failure::Output:
       tellOfSound(why);

@@ -61,13 +61,16 @@ class AudioOutput {
     double sampleRate = 0;  ///< frames per second; the sound system converts where it has another
     std::uint32_t channels = 0;
     std::uint32_t channelMask = 0;  ///< speakers, as in `AudioFormat`
-    std::uint32_t framesReady = 0;  ///< the most that the source ever has ready; 0: it does not tell
+    std::uint32_t framesReady =
+        0;  ///< the most that the source ever has ready; 0: it does not tell
 
     /// Of a file that could not be opened.
     [[nodiscard]] bool isNothing() const { return !(sampleRate > 0) || channels == 0; }
 
     /// What the source ever has ready lasts, in seconds; 0 where it is not known.
-    [[nodiscard]] double secondsReady() const { return sampleRate > 0 ? framesReady / sampleRate : 0; }
+    [[nodiscard]] double secondsReady() const {
+      return sampleRate > 0 ? framesReady / sampleRate : 0;
+    }
     /// The source has less ready than an output usually holds.
     [[nodiscard]] bool isShort() const { return framesReady > 0 && secondsReady() < kSecondsAhead; }
     /// What an output is to hold of what is not heard yet, in seconds.

@@ -72,12 +72,20 @@ class Layout : public WindowFixture {
   /// What stands outside of the stage is whole, in the window, and over nothing else.
   void expectWholeAroundStage() const {
     const PlayerView& player = *view().player;
-    const std::vector<const QWidget*> whole = {
-        view().browser->viewPathBG, view().browser->tableFile, view().device,
-        player.btnExport,           player.btnMenu,            &stageArea(),
-        player.waveform,            player.sliderTime,         player.lblTimeCurrent,
-        player.lblTimeTotal,        player.btnVolume,          player.sliderVolume,
-        player.btnPlayPause,        player.lblStatus};
+    const std::vector<const QWidget*> whole = {view().browser->viewPathBG,
+                                               view().browser->tableFile,
+                                               view().device,
+                                               player.btnExport,
+                                               player.btnMenu,
+                                               &stageArea(),
+                                               player.waveform,
+                                               player.sliderTime,
+                                               player.lblTimeCurrent,
+                                               player.lblTimeTotal,
+                                               player.btnVolume,
+                                               player.sliderVolume,
+                                               player.btnPlayPause,
+                                               player.lblStatus};
     for (std::size_t i = 0; i < whole.size(); ++i) {
       EXPECT_TRUE(view().rect().contains(frame(whole[i]))) << i;
       for (std::size_t j = 0; j < i; ++j) {

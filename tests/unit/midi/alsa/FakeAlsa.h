@@ -26,8 +26,8 @@ struct FakeAlsa {
   std::vector<Port> ports;  ///< of others: anyone may listen and send to them
   std::vector<int> heard;   ///< clients whose ports were connected
   std::vector<int> subscribed;
-  int written = 0;          ///< events
-  int reads = 0;            ///< attempts
+  int written = 0;                     ///< events
+  int reads = 0;                       ///< attempts
   std::vector<unsigned> capabilities;  ///< of each port that was made
 
   static FakeAlsa& get();
