@@ -17,7 +17,7 @@ thread_local long allocations = 0;
 }  // namespace
 
 // Every allocation of the program goes through here, those of libraries too.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef MIXDECK_SANITIZED
 // A sanitizer has its own allocator; operator new is what can be counted there.
 void* operator new(std::size_t size) {
   if (isCounting) ++allocations;
