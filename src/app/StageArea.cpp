@@ -3,12 +3,25 @@
 
 #include "app/StageArea.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QEvent>
 
 #include "app/StageView.h"
+#include "controls/AccessibleFactory.h"
+
+namespace {
+
+// The toolkit's own for a scroll area reads past the end when it is asked for a bar that has just
+// gone.
+QAccessibleInterface* makeInterface(StageArea& area) {
+  return new QAccessibleWidget(&area, QAccessible::Client);
+}
+
+}  // namespace
 
 StageArea::StageArea(StageView& stage, QWidget* parent) : QScrollArea(parent), _stage(stage) {
+  AccessibleFactory::install<StageArea, makeInterface>();
   setFrameShape(NoFrame);
   setFocusPolicy(Qt::NoFocus);
   setWidgetResizable(true);

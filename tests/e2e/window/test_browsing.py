@@ -179,7 +179,7 @@ class DialogTest(Case):
         program = self.start()
         self.choose(program, "i")
         program.find("dialog", "Introduction")
-        self.assertIsNone(program.look("check box"))
+        self.assertIsNone(program.look("check box", "Do not show this again"))
         program.key("Return")
         program.wait_gone("dialog", "Introduction")
         stored = [line for line in self.settings.read_text().splitlines() if "SHOW_AGAIN" in line]

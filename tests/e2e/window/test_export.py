@@ -91,7 +91,7 @@ class ExportTest(Case):
         program.find("dial", "Stereo width").value = 120
         self.open_dialog(program)
         program.find("radio button", "32-bit Float").click(x=0.1)
-        program.find("check box").click(x=0.1)
+        program.find("check box", "Normalize to full scale").click(x=0.1)
         program.wait_label("384.7 kB")
         program.wait_label("To full scale")
         self.save(program, "out")

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
+#include <QAccessible>
 #include <QScrollBar>
 
 #include "WindowFixture.h"
@@ -264,6 +265,19 @@ TEST_F(Layout, FurtherPaneStandsBetweenStageAndPosition) {
   EXPECT_EQ(frame(strip).bottom() + 1, frame(view().player->sliderTime).top());
   EXPECT_GE(frame(strip).top(), frame(&stage()).bottom());
   EXPECT_EQ(frame(view().player->sliderTime).top(), before);
+}
+
+// Assistive software asks for the third child of two, when a scroll bar went between its questions.
+TEST_F(Layout, StageHasNoChildBeyondItsLast) {
+  startWith(13);
+  QAccessibleInterface* const area = QAccessible::queryAccessibleInterface(&stageArea());
+  ASSERT_NE(area, nullptr);
+  const int count = area->childCount();
+  ASSERT_GT(count, 0);
+  EXPECT_NE(area->child(count - 1), nullptr);
+  for (const int beyond : {-1, count, count + 1, count + 100}) {
+    EXPECT_EQ(area->child(beyond), nullptr) << beyond;
+  }
 }
 
 }  // namespace
