@@ -15,10 +15,10 @@
 namespace {
 
 constexpr int kEntries = 20'000;
-constexpr int kAttempts = 3;
+constexpr int kAttempts = 4;
 /// The longest stall beside the time to list the folder on the interface thread, which is what must
-/// not happen: some 4 to 14 ms beside 60 ms where this was measured.
-constexpr double kMostOfAListing = 0.5;
+/// not happen, and would come on top: some 4 to 16 ms beside 26 to 60 ms where this was measured.
+constexpr double kMostOfAListing = 0.9;
 
 /// Time of the interface thread itself: what others on the machine take does not count.
 double threadMilliseconds() {
