@@ -14,6 +14,7 @@ using Keys = std::vector<UpperKey::Key>;
 
 // Each plane of the part to its place in the same plane of the whole.
 void put(const Keys& part, std::size_t first, std::size_t planes, Keys& whole) {
+  if (part.empty()) return;  // what has no such keys has no place for them either
   const std::size_t count = part.size() / planes;
   const std::size_t length = whole.size() / planes;
   for (std::size_t plane = 0; plane < planes; ++plane) {
