@@ -148,7 +148,9 @@ TEST_F(SlowMedium, TakeOfAlmostFourGiBNeedsLittleMemory) {
     controller().updateLevelMeter(1.0 / 30.0);
   }
   RecordProperty("MiB", std::to_string(memory.growth() / kMegabyte));
+#ifndef MIXDECK_SANITIZED  // which keeps for a while what is given back
   EXPECT_LT(memory.growth(), 64 * kMegabyte);
+#endif
 }
 
 TEST_F(SlowMedium, PulledOutWhilePlayingIsAQuietLine) {
