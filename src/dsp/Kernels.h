@@ -26,7 +26,8 @@ class Kernels {
   static void decodeMidSide(std::span<float> frames, float sideGain);
 
   /// Divides element 0 of each frame by `left` and element 1 by `right`, in place. A divisor of 0
-  /// leaves its channel as it is. Returns what `peakMagnitude` makes of the quotients, from 0 on.
+  /// leaves its channel as it is (a signalling NaN may become quiet). Returns what `peakMagnitude`
+  /// makes of the quotients, from 0 on.
   static float divide(std::span<float> frames, float left, float right);
 
   /// `decodeMidSide` and then `divide` in one go.

@@ -58,6 +58,15 @@ void expectDecodeAndDivideAsPlain(std::span<const float> frames, std::size_t off
   ASSERT_TRUE(buffer.guardsUntouched()) << frames.size() << " floats, offset " << offset;
 }
 
+/// Beside a division a compiler may make a NaN that signals a quiet one.
+std::vector<float> withoutSignals(std::vector<float> samples) {
+  for (float& sample : samples) {
+    if (std::isnan(sample))
+      sample = std::bit_cast<float>(std::bit_cast<std::uint32_t>(sample) | 0x00400000U);
+  }
+  return samples;
+}
+
 void expectDivideAsPlain(std::span<const float> frames, std::size_t offset, float left,
                          float right) {
   std::vector<float> wanted(frames.begin(), frames.end());
@@ -233,8 +242,8 @@ TEST_P(KernelsTest, DivideIsThePlainLoopForAnyCountAndMisalignment) {
   for (std::size_t count = 0; count <= kCounts; count += 2) {
     for (std::size_t offset = 0; offset < kOffsets; ++offset) {
       const float left = divisor(inputs);
-      ASSERT_NO_FATAL_FAILURE(
-          expectDivideAsPlain(inputs.any(count), 4 * offset, left, divisor(inputs)));
+      ASSERT_NO_FATAL_FAILURE(expectDivideAsPlain(withoutSignals(inputs.any(count)), 4 * offset,
+                                                  left, divisor(inputs)));
     }
   }
 }

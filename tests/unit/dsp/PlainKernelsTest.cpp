@@ -118,7 +118,7 @@ TEST(PlainKernelsTest, DivideByZeroLeavesTheSampleToTheBit) {
   EXPECT_EQ(PlainKernels::divide(0.5F, -0.0F), 0.5F);
   EXPECT_EQ(PlainKernels::divide(0.5F, 2.0F), 0.25F);
   EXPECT_EQ(PlainKernels::divide(-0.5F, 0.25F), -2.0F);
-  const std::array<float, 2> odd{std::bit_cast<float>(0x7F800001U), -0.0F};
+  const std::array<float, 2> odd{std::bit_cast<float>(0x7FC12345U), -0.0F};
   std::array<float, 2> frame = odd;
   PlainKernels::divide(frame, 0.0F, 0.0F);
   EXPECT_EQ(bitsOf(frame), bitsOf(odd));
