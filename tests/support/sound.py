@@ -88,12 +88,16 @@ class SoundServer:
         shutil.rmtree(self.folder, ignore_errors=True)
 
     @property
+    def addresses(self):
+        """What leads a program here, and to no other server."""
+        return {"PULSE_SERVER": f"unix:{self.socket}",
+                "PULSE_CLIENTCONFIG": str(self.folder / "client.conf"),
+                "PULSE_COOKIE": str(self.folder / "cookie")}
+
+    @property
     def environment(self):
         """For programs that play or record here."""
-        environment = dict(os.environ, PULSE_SERVER=f"unix:{self.socket}",
-                           PULSE_CLIENTCONFIG=str(self.folder / "client.conf"),
-                           PULSE_COOKIE=str(self.folder / "cookie"),
-                           SOUND_MONITOR=f"{SINK}.monitor")
+        environment = dict(os.environ, SOUND_MONITOR=f"{SINK}.monitor") | self.addresses
         for name in ("PULSE_SINK", "PULSE_SOURCE", "DISPLAY"):
             environment.pop(name, None)
         return environment

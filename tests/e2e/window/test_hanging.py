@@ -12,41 +12,27 @@ themselves are printed.
 import time
 import unittest
 
-from window import Case, noise  # first: it knows where the others are
+from window import SoundingCase, noise  # first: it knows where the others are
 from hanging import HANG, KINDS, HangingMedium
-from sound import RATE, SoundServer
+from sound import RATE
 
 FAR_BELOW = HANG / 3
 
 
-class HangingTest(Case):
-    @classmethod
-    def setUpClass(cls):
-        super().setUpClass()
-        cls.server = SoundServer("pulse").__enter__()
-        cls.addClassCleanup(cls.server.__exit__)
-
+class HangingTest(SoundingCase):
     def begin(self, folder):
         """The program, to which every file of `folder` may hang."""
         (self.takes / "Bells").mkdir()
         self.take("R0001.WAV", noise(RATE * 20, 24))
         self.take("R0002.WAV", noise(RATE, 24))
         self.medium = HangingMedium(folder, self.desktop.folder / f"board-{self.id()}")
-        names = ("PULSE_SERVER", "PULSE_CLIENTCONFIG", "PULSE_COOKIE")
-        environment = {name: self.server.environment[name] for name in names}
-        self.window = self.start(environment=environment | self.medium.environment)
+        self.window = self.start(environment=self.medium.environment)
         self.addCleanup(self.medium.hang)
         self.wait_files(self.window, "Bells", "R0001.WAV", "R0002.WAV")
 
     def assert_answers(self, what):
         """A click on the speaker mutes or unmutes at once."""
-        volume = self.window.find("slider", "Volume")
-        speaker = self.window.find("check box", "Mute")
-        before = volume.value
-        begun = time.monotonic()
-        speaker.act("Toggle")
-        self.window.wait(lambda: volume.value != before, "the answer to a click")
-        took = time.monotonic() - begun
+        took = self.seconds_to_mute(self.window)
         self.assertLess(took, FAR_BELOW, what)
         self.assert_main_thread_is_free(what)
         return took, self.medium.longest_round()

@@ -6,9 +6,9 @@ independent decode of the same file has at its place."""
 import unittest
 
 import numpy
-from window import Case, noise  # first: it knows where the others are
+from window import SoundingCase, noise  # first: it knows where the others are
 from playing import SIDE_GAINS
-from sound import RATE, SoundServer, wait_for
+from sound import RATE, wait_for
 
 HALF = numpy.float32(0.5)  # the volume that the window starts with
 SECONDS = 12
@@ -34,20 +34,17 @@ class Places:
         return numpy.array([self.of.get(pair.tobytes(), -1) for pair in samples])
 
 
-class ListeningTest(Case):
+class ListeningTest(SoundingCase):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        cls.server = SoundServer("pulse").__enter__()
-        cls.addClassCleanup(cls.server.__exit__)
         cls.frames = noise(RATE * SECONDS, 32)
         cls.decoded = decoded(cls.frames)
 
     def start_paused(self, **words):
         """At rest at a width, wherever it is: nothing glides any more."""
-        names = ("PULSE_SERVER", "PULSE_CLIENTCONFIG", "PULSE_COOKIE")
         self.take("R0001.WAV", self.frames, bits=32, **words)
-        program = super().start(environment={name: self.server.environment[name] for name in names})
+        program = self.start()
         self.open(program, "R0001.WAV")
         program.find("dial", "Stereo width").value = WIDTH
         program.wait_label(f"{WIDTH}°")

@@ -5,25 +5,14 @@
 import unittest
 
 import numpy
-from window import Case, noise  # first: it knows where the others are
+from window import SoundingCase, noise  # first: it knows where the others are
 from playing import expected, heard
-from sound import RATE, SoundServer, wait_for
+from sound import RATE, wait_for
 
 HALF = numpy.float32(0.5)  # the volume that the window starts with
 
 
-class PlayingTest(Case):
-    @classmethod
-    def setUpClass(cls):
-        super().setUpClass()
-        cls.server = SoundServer("pulse").__enter__()
-        cls.addClassCleanup(cls.server.__exit__)
-
-    def start(self, *arguments):
-        names = ("PULSE_SERVER", "PULSE_CLIENTCONFIG", "PULSE_COOKIE")
-        return super().start(*arguments, environment={
-            name: self.server.environment[name] for name in names})
-
+class PlayingTest(SoundingCase):
     def record(self, act):
         """All that is heard from before `act` until silence after it."""
         with self.server.record() as recorder:

@@ -11,20 +11,14 @@ on.
 import time
 import unittest
 
-from window import TITLE, Case, noise  # first: it knows where the others are
-from sound import RATE, SoundServer
+from window import TITLE, SoundingCase, noise  # first: it knows where the others are
+from sound import RATE
 from stalling import StallingMedium
 
 FAR_BELOW = 10  # seconds
 
 
-class StallingTest(Case):
-    @classmethod
-    def setUpClass(cls):
-        super().setUpClass()
-        cls.server = SoundServer("pulse").__enter__()
-        cls.addClassCleanup(cls.server.__exit__)
-
+class StallingTest(SoundingCase):
     def setUp(self):
         super().setUp()
         self.card = self.home / "card"  # what is really on it
@@ -34,9 +28,7 @@ class StallingTest(Case):
         self.medium = StallingMedium(self.card, self.takes)
         self.medium.__enter__()
         self.addCleanup(self.medium.__exit__)
-        names = ("PULSE_SERVER", "PULSE_CLIENTCONFIG", "PULSE_COOKIE")
-        self.window = self.start(
-            environment={name: self.server.environment[name] for name in names})
+        self.window = self.start()
         self.addCleanup(self.medium.go_on)
         self.wait_files(self.window, "Bells", "R0001.WAV", "R0002.WAV")
 
@@ -57,13 +49,7 @@ class StallingTest(Case):
 
     def assert_answers(self, state):
         """A click on the speaker mutes or unmutes at once."""
-        volume = self.window.find("slider", "Volume")
-        speaker = self.window.find("check box", "Mute")
-        before = volume.value
-        begun = time.monotonic()
-        speaker.act("Toggle")
-        self.window.wait(lambda: volume.value != before, "the answer to a click")
-        took = time.monotonic() - begun
+        took = self.seconds_to_mute(self.window)
         print(f"{state}: a click took {1000 * took:.0f} ms", flush=True)
         self.assertLess(took, FAR_BELOW, state)
 

@@ -9,6 +9,7 @@ import os
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
@@ -16,7 +17,7 @@ HERE = Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE.parents[1] / "support"), str(HERE.parent / "playback")]
 from desktop import Desktop, Program  # noqa: E402
 from playing import CLI, noise, recording  # noqa: E402
-from sound import wait_for  # noqa: E402
+from sound import SoundServer, wait_for  # noqa: E402
 
 WINDOW = os.environ["MIXDECK_WINDOW"]
 TITLE = "TARN J4 Mixdeck"
@@ -67,9 +68,13 @@ class Case(unittest.TestCase):
         self.settings.parent.mkdir(parents=True, exist_ok=True)
         self.settings.write_text(f"mixdeck-settings 1\nUD_DO_NOT_SHOW_AGAIN={self.version()}\n")
 
+    def sound(self):
+        """The environment that leads to a sound server: none."""
+        return {"PULSE_SERVER": f"unix:{self.home}/no-server"}
+
     def program(self, *arguments, environment=None, log=("--log",)):
         """The program, its window on the desktop; it ends with the test."""
-        own = {"HOME": str(self.home), "PULSE_SERVER": f"unix:{self.home}/no-server"}
+        own = {"HOME": str(self.home)} | self.sound()
         program = Program(self.desktop, WINDOW, *log, *arguments, environment=own | (environment or {}))
         program.start()
         self.addCleanup(program.stop)
@@ -107,3 +112,27 @@ class Case(unittest.TestCase):
         """Closes the window as a window manager does, and expects a clean end."""
         program.key("alt+F4")
         self.assertEqual(program.wait_end(), 0, program.output())
+
+    @staticmethod
+    def seconds_to_mute(program):
+        """How long a click on the speaker takes to be answered: it mutes or unmutes."""
+        volume = program.find("slider", "Volume")
+        speaker = program.find("check box", "Mute")
+        before = volume.value
+        begun = time.monotonic()
+        speaker.act("Toggle")
+        program.wait(lambda: volume.value != before, "the answer to a click")
+        return time.monotonic() - begun
+
+
+class SoundingCase(Case):
+    """The same with one sound server for all."""
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.server = SoundServer("pulse").__enter__()
+        cls.addClassCleanup(cls.server.__exit__)
+
+    def sound(self):
+        return self.server.addresses
