@@ -25,6 +25,9 @@ class Clipping {
   /// it.
   void look(std::span<const float> frames, float peak);
 
+  /// So many frames do not clip, and nobody looks at them.
+  void skip(std::uint64_t frames) { _position += frames; }
+
   /// How many there are; 0 where nothing clips.
   [[nodiscard]] std::uint64_t samples() const { return _samples; }
   /// The largest magnitude of all samples, if it is over full scale.

@@ -48,6 +48,10 @@ std::filesystem::path Export::nameFor(const std::filesystem::path& source) {
   return source.stem().native() + "_Decode.WAV";
 }
 
+std::filesystem::path Export::nameForSelection(const std::filesystem::path& source) {
+  return source.stem().native() + "_Decode_A-B.WAV";
+}
+
 Export::Export(const std::filesystem::path& filePath)
     : _dirPath(filePath.parent_path()), _filePath(filePath) {
   _reader = WaveFileReader::openFile(filePath, _failure);
@@ -89,7 +93,27 @@ std::uint64_t Export::outputSize(bool is24bit) const {
   if (!_reader) return 0;
   const int bits = BwfWriter::bitsPerSample(is24bit);
   const std::uint64_t frameBytes = 2 * static_cast<std::uint64_t>(bits) / 8;
-  return BwfWriter::fileSize(historyOf(bits), _reader->frameCount() * frameBytes);
+  const FrameRange frames = range();
+  return BwfWriter::fileSize(historyOf(bits), (frames.end - frames.first) * frameBytes);
+}
+
+void Export::setRange(const std::optional<FrameRange>& range) {
+  if (range != _range) _analysis.reset();
+  _range = range;
+}
+
+FrameRange Export::range() const {
+  const std::uint64_t frames = _reader->frameCount();
+  if (!_range) return {0, frames};
+  const std::uint64_t end = std::min(_range->end, frames);
+  return {std::min(_range->first, end), end};
+}
+
+FrameStream Export::stream() const {
+  FrameStream source(*_reader);
+  source.stopAt(range().end);
+  source.seek(range().first);
+  return source;
 }
 
 bool Export::export2File(const std::filesystem::path& path, bool Is24bit, bool IsNormalize) {
@@ -132,7 +156,7 @@ bool Export::prepare(const std::filesystem::path& path, BwfWriter& writer) {
 }
 
 void Export::editAndWriteSample(BwfWriter& writer) {
-  FrameStream source(*_reader);
+  FrameStream source = stream();
   _framesDone = 0;
   _framesToDo = source.framesLeft() * passes();
   _loudnessGain.reset();
@@ -171,13 +195,13 @@ unsigned Export::passes() const {
 bool Export::isAnalysed() const {
   if (!_analysis || !_analysis->isComplete()) return false;
   const TakeLayout& layout = _analysis->layout();
-  return layout.frames() == _reader->frameCount() &&
+  return layout.frames() == range().end - range().first &&
          layout.sampleRate() == _reader->header().SampleRate &&
          layout.isRawMidSide() == _reader->isBoMSFormat();
 }
 
 float Export::firstPass() {
-  PeakPass pass(*_reader, sideGain());
+  PeakPass pass(*_reader, sideGain(), range());
   const auto peak = pass.run(_cancel, [this](std::uint64_t frames) { report(frames); });
   if (peak) return *peak;
   _wasCancelled = pass.failure().empty();
@@ -187,8 +211,11 @@ float Export::firstPass() {
 
 bool Export::analyse() {
   if (isAnalysed()) return true;
-  TakeAnalyzer analyzer(*_reader);
-  const auto frames = static_cast<double>(_reader->frameCount());
+  TakeAnalyzer::Options options;
+  options.firstFrame = range().first;
+  options.endFrame = range().end;
+  TakeAnalyzer analyzer(*_reader, options);
+  const auto frames = static_cast<double>(range().end - range().first);
   _analysis = analyzer.wait(_cancel, [&](double done) {
     const auto reached = static_cast<std::uint64_t>(done * frames);
     report(reached - std::min(reached, _framesDone));

@@ -14,6 +14,7 @@
 #include "export/AtomicFile.h"
 #include "export/BwfWriter.h"
 #include "export/Clipping.h"
+#include "export/FrameRange.h"
 #include "export/LoudnessGain.h"
 #include "wav/BextChunkInfo.h"
 #include "wav/FrameStream.h"
@@ -35,6 +36,9 @@ class Export {
 
   /// The name that an export of `source` gets where nobody chose one: "<name>_Decode.WAV".
   static std::filesystem::path nameFor(const std::filesystem::path& source);
+
+  /// The same of an export of a stretch, from mark A to mark B: "<name>_Decode_A-B.WAV".
+  static std::filesystem::path nameForSelection(const std::filesystem::path& source);
 
   explicit Export(const std::filesystem::path& filePath);
   Export(const Export&) = delete;
@@ -92,6 +96,9 @@ class Export {
   void setAnalysis(std::shared_ptr<const TakeAnalysis> analysis) {
     _analysis = std::move(analysis);
   }
+  /// Exports these frames alone, as if there were no others; none for all. Cut to the file. The
+  /// analysis is then one of these frames, and that of others is let go.
+  void setRange(const std::optional<FrameRange>& range);
   /// Stereo width in degrees, 0 to 150; whole degrees count.
   [[nodiscard]] double angle() const { return _angle; }
   void setAngle(double degrees) { _angle = degrees; }
@@ -128,6 +135,8 @@ class Export {
   bool analyse();
   Attenuation towardsLoudness();
   float firstPass();
+  [[nodiscard]] FrameRange range() const;
+  [[nodiscard]] FrameStream stream() const;
   std::uint64_t fillBlock(FrameStream& source, std::span<float> block);
   [[nodiscard]] float sideGain() const;
   void report(std::uint64_t framesDone);
@@ -143,6 +152,7 @@ class Export {
   double _angle = 0;
   std::filesystem::path _filePath;
   std::unique_ptr<WaveFileReader> _reader;
+  std::optional<FrameRange> _range;
   std::optional<LoudnessTarget> _loudness;
   std::optional<LoudnessGain> _loudnessGain;
   std::optional<double> _normalizeGain;

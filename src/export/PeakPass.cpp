@@ -19,13 +19,11 @@ constexpr std::size_t kBlockFloats = 5120;
 
 }  // namespace
 
-PeakPass::PeakPass(const WaveFileReader& reader, float sideGain)
-    : _reader(reader), _sideGain(sideGain), _frames(FrameStream(reader).framesLeft()) {}
-
 // Where no more threads can be had, fewer do it.
 std::optional<float> PeakPass::run(const std::atomic<bool>* cancel, const Report& report) {
   _cancel = cancel;
-  const std::uint64_t parts = (_frames + kPartFrames - 1) / kPartFrames;
+  const std::uint64_t frames = _range.end - _range.first;
+  const std::uint64_t parts = (frames + kPartFrames - 1) / kPartFrames;
   const std::uint64_t threads = std::min<std::uint64_t>(parts, std::thread::hardware_concurrency());
   {
     std::vector<std::jthread> helpers;
@@ -36,12 +34,13 @@ std::optional<float> PeakPass::run(const std::atomic<bool>* cancel, const Report
     work(report);
   }
   tell(report);
-  if (_done < _frames) return std::nullopt;
+  if (_done < frames) return std::nullopt;
   return _peak;
 }
 
 void PeakPass::work(const Report& report) {
   FrameStream stream(_reader);
+  stream.stopAt(_range.end);
   float peak = 0;
   while (!isStopped() && takePart(stream, peak)) tell(report);
   const std::lock_guard lock(_mutex);
@@ -55,9 +54,9 @@ bool PeakPass::isStopped() const {
 
 bool PeakPass::takePart(FrameStream& stream, float& peak) {
   const std::uint64_t begin = _next.fetch_add(kPartFrames);
-  if (begin >= _frames) return false;
-  const std::uint64_t end = std::min(begin + kPartFrames, _frames);
-  if (_frames - stream.framesLeft() != begin) stream.seek(begin);
+  if (begin >= _range.end) return false;
+  const std::uint64_t end = std::min(begin + kPartFrames, _range.end);
+  if (_range.end - stream.framesLeft() != begin) stream.seek(begin);
   std::array<float, kBlockFloats> block;
   for (std::uint64_t at = begin; at < end && !isStopped();) {
     const std::uint64_t wanted = std::min<std::uint64_t>(end - at, kBlockFloats / 2);

@@ -9,19 +9,24 @@
 #include <optional>
 #include <string>
 
+#include "export/FrameRange.h"
 #include "wav/FrameStream.h"
 #include "wav/WaveFileReader.h"
 
-/// The greatest magnitude of a whole recording as it is decoded: what an export that normalises has
-/// to know first. All processors share the work; the result is the same on any number. One run a
-/// pass, by one thread.
+/// The greatest magnitude of a recording, or a stretch of it, as it is decoded: what an export that
+/// normalises has to know first. All processors share the work; the result is the same on any
+/// number. One run a pass, by one thread.
 class PeakPass {
  public:
   /// Told of further frames that are done, on the thread that runs.
   using Report = std::function<void(std::uint64_t frames)>;
 
   /// The reader outlives the pass; `sideGain` counts where it is raw Mid/Side.
-  PeakPass(const WaveFileReader& reader, float sideGain);
+  PeakPass(const WaveFileReader& reader, float sideGain)
+      : PeakPass(reader, sideGain, {0, reader.frameCount()}) {}
+  /// Of these frames alone, which lie in the file.
+  PeakPass(const WaveFileReader& reader, float sideGain, const FrameRange& frames)
+      : _reader(reader), _sideGain(sideGain), _range(frames), _next(frames.first) {}
 
   /// None where `*cancel` became true or reading failed.
   std::optional<float> run(const std::atomic<bool>* cancel, const Report& report);
@@ -36,9 +41,9 @@ class PeakPass {
 
   const WaveFileReader& _reader;
   const float _sideGain;
-  const std::uint64_t _frames;
+  const FrameRange _range;
   const std::atomic<bool>* _cancel = nullptr;
-  std::atomic<std::uint64_t> _next{0};  ///< the first frame that nobody has taken
+  std::atomic<std::uint64_t> _next;  ///< the first frame that nobody has taken
   std::atomic<std::uint64_t> _done{0};
   std::uint64_t _told = 0;
   std::atomic<bool> _hasFailed{false};

@@ -45,6 +45,29 @@ TEST_F(PeakPassTest, IsThatOfTheDecodeToTheLastBit) {
   EXPECT_EQ(PeakPass(*source, 0.7F).run(nullptr, {}), PlainKernels::peakMagnitude(samples, 0));
 }
 
+TEST_F(PeakPassTest, OfAStretchLooksAtNothingElse) {
+  std::vector<float> samples(2 * kFrames, 0.125F);
+  const FrameRange range{99'999, 400'001};
+  samples[2 * range.first - 1] = 0.9F;
+  samples[2 * range.end] = 0.9F;
+  const auto peak = [&] {
+    std::uint64_t told = 0;
+    const auto found =
+        PeakPass(*reader(samples, false), 1, range).run(nullptr, [&](std::uint64_t frames) {
+          told += frames;
+        });
+    EXPECT_EQ(told, range.end - range.first);
+    return found;
+  };
+  EXPECT_EQ(peak(), 0.125F);
+  for (const std::uint64_t frame : {range.first, std::uint64_t{263'838}, range.end - 1}) {
+    samples[2 * frame] = -0.5F;
+    EXPECT_EQ(peak(), 0.5F) << frame;
+    samples[2 * frame] = 0.125F;
+  }
+  EXPECT_EQ(PeakPass(*reader(samples, false), 1, {7, 7}).run(nullptr, {}), 0.0F);
+}
+
 TEST_F(PeakPassTest, NothingHasNoPeak) {
   EXPECT_EQ(PeakPass(*reader({}, true), 1).run(nullptr, {}), 0.0F);
   const std::vector<float> noNumbers(8, std::numeric_limits<float>::quiet_NaN());
