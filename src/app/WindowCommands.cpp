@@ -34,7 +34,8 @@ WindowCommands::WindowCommands(const Place& place, TakeSession& take, FolderBrow
       _desk(place.desk),
       _take(take),
       _browser(browser),
-      _menu(place.menu) {
+      _menu(place.menu),
+      _measured(place.measured) {
   QAbstractButton* const button = &place.btnExport;
   connect(button, &QAbstractButton::clicked, this, &WindowCommands::askForExport);
   connect(&_take, &TakeSession::opened, button, [button] { button->setEnabled(true); });
@@ -131,8 +132,12 @@ void WindowCommands::askForExport() {
   const std::shared_ptr<Export> job = _take.jobToExport();
   if (!job) return;
   if (_browser.listing()) job->setDirPath(_browser.listing()->folderPath());
+  ExportVC::Extra extra;
   const bool isSolo = _take.solo() != Solo::None;
-  _desk.ask(job, isSolo ? tr("Solo is for listening: Left and Right are exported.") : QString());
+  if (isSolo) extra.note = tr("Solo is for listening: Left and Right are exported.");
+  if (const auto& loop = _take.loop()) extra.selection = FrameRange{loop->first, loop->end};
+  if (_measured != nullptr) extra.analysis = _measured->analysis();
+  _desk.ask(job, extra);
 }
 
 void WindowCommands::connectExports() {

@@ -7,6 +7,7 @@
 #include <QObject>
 
 #include "app/FolderBrowser.h"
+#include "app/MeasuredTake.h"
 #include "app/StatusLine.h"
 #include "app/TakeSession.h"
 #include "app/WindowMenu.h"
@@ -32,6 +33,7 @@ class WindowCommands : public QObject {
     StatusLine& status;
     ExportQueue& exports;
     ExportDesk& desk;
+    const MeasuredTake* measured = nullptr;  ///< spares an export dialog measuring the take
   };
 
   WindowCommands(const Place& place, TakeSession& take, FolderBrowser& browser,
@@ -95,6 +97,7 @@ class WindowCommands : public QObject {
   TakeSession& _take;
   FolderBrowser& _browser;
   WindowMenu& _menu;
+  const MeasuredTake* _measured;
   QString _versionString;
   bool _firstIntroDialog = false;
   bool _isIntroducing = false;

@@ -58,9 +58,9 @@ struct WindowPanes {
   TakeKeys keys{*view.menu, *view.player, &owner};
   ExportQueue exports;
   ExportDesk desk{exports, view};
-  WindowCommands commands{
-      {view, *view.menu, *view.player->btnExport, *view.player->lblStatus, exports, desk},
-      take,
-      browser,
-      &owner};
+  WindowCommands commands{{view, *view.menu, *view.player->btnExport, *view.player->lblStatus,
+                           exports, desk, &measured},
+                          take,
+                          browser,
+                          &owner};
 };

@@ -8,7 +8,6 @@
 
 #include "base/EB.h"
 #include "dialogs/Alert.h"
-#include "dialogs/ExportVC.h"
 #include "dialogs/TimeLeft.h"
 
 namespace {
@@ -35,11 +34,11 @@ ExportDesk::ExportDesk(ExportQueue& queue, QWidget& window) : _queue(queue), _wi
   connect(&queue, &ExportQueue::finished, this, &ExportDesk::end);
 }
 
-void ExportDesk::ask(const std::shared_ptr<Export>& job, const QString& note) {
+void ExportDesk::ask(const std::shared_ptr<Export>& job, const ExportVC::Extra& extra) {
   if (_queue.isBusy()) return raiseProgress();
   auto* const dialog = new ExportVC(&_window);
   dialog->setExporter(job);
-  dialog->setNote(note);
+  dialog->setExtra(extra);
   dialog->setParentFrame(_window.window()->frameGeometry());
   connect(dialog, &ExportVC::ordered, &_queue, &ExportQueue::add);
   dialog->open();

@@ -12,6 +12,7 @@
 #include <string>
 
 #include "dialogs/ExportProgress.h"
+#include "dialogs/ExportVC.h"
 #include "queue/ExportQueue.h"
 
 class Export;
@@ -30,8 +31,7 @@ class ExportDesk : public QObject {
 
   /// Asks for an order and hands it to the queue; while an export runs, shows its progress instead.
   /// The job need not live on once the dialog is shown.
-  /// `note` is one more thing to know, shown in the dialog; empty for none.
-  void ask(const std::shared_ptr<Export>& job, const QString& note = {});
+  void ask(const std::shared_ptr<Export>& job, const ExportVC::Extra& extra = {});
 
  signals:
   /// An export has been written to `path`, and the list was told.

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QLocale>
+#include <algorithm>
 #include <limits>
 #include <system_error>
 
@@ -26,12 +27,28 @@ ExportFacts::ExportFacts(const Export& job)
   isRawMidSide = job.reader()->isBoMSFormat();
   const WaveHeader& header = job.reader()->header();
   if (!header.hasSound()) oddBits = header.BitsPerSample;
+  frames = job.reader()->frameCount();
   size24 = job.outputSize(true);
   size32 = job.outputSize(false);
 }
 
 std::filesystem::path ExportFacts::proposal() const {
   return folder / Export::nameFor(source);
+}
+
+std::filesystem::path ExportFacts::selectionProposal() const {
+  return folder / Export::nameForSelection(source);
+}
+
+ExportFacts ExportFacts::only(const FrameRange& range) const {
+  constexpr std::uint64_t kBytes24 = 6;
+  constexpr std::uint64_t kBytes32 = 8;
+  const std::uint64_t away = frames - std::min(frames, range.end - range.first);
+  ExportFacts facts = *this;
+  facts.frames -= away;
+  facts.size24 -= kBytes24 * away;
+  facts.size32 -= kBytes32 * away;
+  return facts;
 }
 
 QString ExportFacts::widthText() const {

@@ -16,12 +16,16 @@ struct ExportFacts {
 
   /// "<name>_Decode.WAV" in the folder.
   [[nodiscard]] std::filesystem::path proposal() const;
+  /// "<name>_Decode_A-B.WAV" there, for a stretch.
+  [[nodiscard]] std::filesystem::path selectionProposal() const;
   /// "90°", or that the channels stay as they are.
   [[nodiscard]] QString widthText() const;
   /// "+6 dB", or what takes its place in a normalised export.
   [[nodiscard]] QString gainText(bool isNormalized) const;
   /// "14.4 MB".
   [[nodiscard]] QString sizeText(bool is24bit) const;
+  /// As of an export of these frames alone.
+  [[nodiscard]] ExportFacts only(const FrameRange& range) const;
   /// Why the export would be noise, or would not fit into a file or into a folder with so many
   /// bytes `free`; empty when it is neither, and where that cannot be told.
   [[nodiscard]] QString warning(bool is24bit, std::optional<std::uint64_t> free) const;
@@ -35,7 +39,8 @@ struct ExportFacts {
   double gain = 0;
   double angle = 0;
   bool isRawMidSide = false;
-  int oddBits = 0;           ///< of a sample that does not decode to sound; 0 where it does
+  int oddBits = 0;  ///< of a sample that does not decode to sound; 0 where it does
+  std::uint64_t frames = 0;
   std::uint64_t size24 = 0;  ///< bytes of the output
   std::uint64_t size32 = 0;
 };

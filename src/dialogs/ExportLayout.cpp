@@ -29,6 +29,8 @@ void ExportVC::layOut() {
   _note = label({}, "dim");
   _note->hide();
   column->addWidget(_note);
+  _clipping = label({}, "warning");
+  column->addWidget(_clipping);
   _warning = label({}, "warning");
   column->addWidget(_warning);
   column->addLayout(buttons());
@@ -48,6 +50,8 @@ QLayout* ExportVC::facts() {
   _width = addFact(tr("Stereo width"));
   _gain = addFact(tr("Gain"));
   _size = addFact(tr("File size"));
+  _loudness = addFact(tr("Loudness"));
+  _truePeak = addFact(tr("True peak"));
   return form;
 }
 
@@ -59,14 +63,48 @@ QLayout* ExportVC::choices() {
   _radio32->setObjectName(QStringLiteral("radio32"));
   _checkboxNormalize->setObjectName(QStringLiteral("checkboxNormalize"));
   connect(_radio24, &QRadioButton::toggled, this, &ExportVC::radio_check);
-  connect(_checkboxNormalize, &QCheckBox::toggled, this, &ExportVC::showFacts);
+  connect(_checkboxNormalize, &QCheckBox::toggled, this,
+          [this] { chooseLevel(_checkboxNormalize); });
   auto* const column = new QVBoxLayout;
   column->setSpacing(2);
   column->addWidget(_radio24, 0, Qt::AlignLeft);
   column->addWidget(_radio32, 0, Qt::AlignLeft);
   column->addSpacing(6);
   column->addWidget(_checkboxNormalize, 0, Qt::AlignLeft);
+  column->addLayout(loudness());
+  _checkboxSelection = new QCheckBox(tr("Selection only"), this);
+  _checkboxSelection->setObjectName(QStringLiteral("checkboxSelection"));
+  _checkboxSelection->hide();
+  connect(_checkboxSelection, &QCheckBox::toggled, this, [this] {
+    measure();
+    showFacts();
+  });
+  column->addSpacing(6);
+  column->addWidget(_checkboxSelection, 0, Qt::AlignLeft);
   return column;
+}
+
+QLayout* ExportVC::loudness() {
+  _checkboxLoudness = new QCheckBox(tr("To a loudness"), this);
+  _checkboxLoudness->setObjectName(QStringLiteral("checkboxLoudness"));
+  _comboLoudness = new QComboBox(this);
+  _comboLoudness->setObjectName(QStringLiteral("comboLoudness"));
+  _comboLoudness->setAccessibleName(tr("Loudness to aim at"));
+  _comboLoudness->setEditable(true);
+  _comboLoudness->setInsertPolicy(QComboBox::NoInsert);
+  for (const int lufs : {-23, -18, -16, -14}) {
+    _comboLoudness->addItem(QString::number(lufs) + u' ' + tr("LUFS"));
+  }
+  _comboLoudness->setEnabled(false);
+  connect(_checkboxLoudness, &QCheckBox::toggled, _comboLoudness, &QWidget::setEnabled);
+  connect(_checkboxLoudness, &QCheckBox::toggled, this, [this] { chooseLevel(_checkboxLoudness); });
+  connect(_comboLoudness, &QComboBox::editTextChanged, this, &ExportVC::showFacts);
+  auto* const row = new QHBoxLayout;
+  row->setSpacing(8);
+  row->addWidget(_checkboxLoudness);
+  row->addWidget(_comboLoudness);
+  row->addStretch();
+  return row;
 }
 
 QLayout* ExportVC::buttons() {

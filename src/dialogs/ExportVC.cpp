@@ -4,13 +4,21 @@
 #include "dialogs/ExportVC.h"
 
 #include <QFile>
+#include <QStyle>
 #include <utility>
 
 #include "controls/Appearance.h"
 #include "dialogs/SavePanel.h"
 
+namespace {
+
+constexpr double kLeastLufs = -70;
+
+}  // namespace
+
 ExportVC::ExportVC(QWidget* parent) : DialogWindow(parent) {
   layOut();
+  connect(&_levels, &ExportLevels::changed, this, &ExportVC::showLevels);
   viewDidLoad();
   connect(this, &QDialog::finished, this, &QObject::deleteLater);
 }
@@ -23,15 +31,91 @@ void ExportVC::viewDidLoad() {
 
 void ExportVC::viewWillAppear() {
   _facts = _exporter ? ExportFacts(*_exporter) : ExportFacts();
-  _save->setEnabled(_facts.isValid);
+  _reader.reset();
+  if (_facts.isValid) _reader = std::make_unique<WaveFileReader>(_exporter->reader()->apart());
   showFacts();
   askForSpace();
+  measure();
   initWindowUI();
 }
 
-void ExportVC::setNote(const QString& note) {
-  _note->setText(note);
-  _note->setHidden(note.isEmpty());
+void ExportVC::setExtra(const Extra& extra) {
+  _extra = extra;
+  _note->setText(extra.note);
+  _note->setHidden(extra.note.isEmpty());
+  _checkboxSelection->setHidden(!extra.selection);
+}
+
+std::optional<FrameRange> ExportVC::range() const {
+  return _checkboxSelection->isChecked() ? _extra.selection : std::nullopt;
+}
+
+// With either minus, with either decimal sign, with or without the unit.
+std::optional<double> ExportVC::typedLufs() const {
+  QString typed = _comboLoudness->currentText();
+  typed.replace(u'−', u'-').replace(u',', u'.').remove(tr("LUFS"));
+  bool isNumber = false;
+  const double lufs = typed.toDouble(&isNumber);
+  if (!isNumber || !(lufs >= kLeastLufs && lufs <= 0)) return std::nullopt;
+  return lufs;
+}
+
+std::optional<LoudnessTarget> ExportVC::target() const {
+  const std::optional<double> lufs = typedLufs();
+  if (!_checkboxLoudness->isChecked() || !lufs) return std::nullopt;
+  LoudnessTarget target;
+  target.lufs = *lufs;
+  return target;
+}
+
+// Why there can be no export to the loudness that is wanted; empty where there can.
+QString ExportVC::levelWarning() const {
+  if (!_checkboxLoudness->isChecked()) return {};
+  if (!typedLufs()) return tr("A loudness is a number from -70 to 0.");
+  const bool isSilent = _levels.analysis() && !_levels.gain();
+  return isSilent ? tr("Silence, and what is shorter than 0.4 s, has no loudness.") : QString();
+}
+
+ExportFacts ExportVC::exported() const {
+  return range() ? _facts.only(*range()) : _facts;
+}
+
+void ExportVC::measure() {
+  if (_reader) _levels.measure(*_reader, range(), _extra.analysis);
+}
+
+// One level or the other.
+void ExportVC::chooseLevel(const QCheckBox* changed) {
+  QCheckBox* const other = changed == _checkboxNormalize ? _checkboxLoudness : _checkboxNormalize;
+  if (changed->isChecked()) other->setChecked(false);
+  showFacts();
+}
+
+QString ExportVC::gainText() const {
+  if (!_checkboxLoudness->isChecked()) return _facts.gainText(_checkboxNormalize->isChecked());
+  if (!levelWarning().isEmpty()) return QStringLiteral("–");
+  const auto gain = _levels.gain();
+  if (!gain) return QStringLiteral("…");
+  return tr("%1 dB").arg((*gain > 0 ? QStringLiteral("+") : QString()) +
+                         QString::number(*gain, 'f', 1));
+}
+
+void ExportVC::showLevels() {
+  const QString wrong = levelWarning();
+  const QString warning =
+      wrong.isEmpty() ? exported().warning(_radio24->isChecked(), _free) : wrong;
+  const bool isAimed = wrong.isEmpty();
+  _gain->setText(gainText());
+  _loudness->setText(isAimed ? _levels.loudnessText() : QStringLiteral("–"));
+  _truePeak->setText(isAimed ? _levels.truePeakText() : QStringLiteral("–"));
+  _clipping->setText(isAimed ? _levels.clippingText() : QString());
+  _clipping->setProperty("role", _radio24->isChecked() ? "warning" : "dim");
+  _clipping->style()->polish(_clipping);
+  _clipping->setHidden(_clipping->text().isEmpty());
+  _warning->setText(warning);
+  _warning->setHidden(warning.isEmpty());
+  _save->setEnabled(_facts.isValid && isAimed);
+  fixSize();
 }
 
 void ExportVC::askForSpace() {
@@ -55,11 +139,10 @@ void ExportVC::showFacts() {
   showName(*_name, QFile::decodeName(_facts.source.filename().c_str()),
            Appearance::lineWidth(kTextWidth, font()));
   _width->setText(_facts.widthText());
-  _gain->setText(_facts.gainText(_checkboxNormalize->isChecked()));
-  _size->setText(_facts.sizeText(_radio24->isChecked()));
-  _warning->setText(_facts.warning(_radio24->isChecked(), _free));
-  _warning->setHidden(_warning->text().isEmpty());
-  fixSize();
+  _size->setText(exported().sizeText(_radio24->isChecked()));
+  _levels.aim({_checkboxNormalize->isChecked(), target(), _facts.gain,
+               WaveFileReader::wholeAngle(_facts.angle)});
+  showLevels();
 }
 
 void ExportVC::btnCancel_Click() {
@@ -67,7 +150,8 @@ void ExportVC::btnCancel_Click() {
 }
 
 void ExportVC::btnSave_Click() {
-  auto* const panel = new SavePanel(_facts.proposal(), _facts.source, this);
+  const auto proposal = range() ? _facts.selectionProposal() : _facts.proposal();
+  auto* const panel = new SavePanel(proposal, _facts.source, this);
   connect(panel, &SavePanel::chosen, this, &ExportVC::save);
   panel->open();
 }
@@ -86,5 +170,8 @@ ExportOrder ExportVC::order(const std::filesystem::path& path,
           .angle = _facts.angle,
           .is24bit = _radio24->isChecked(),
           .isNormalized = _checkboxNormalize->isChecked(),
-          .existing = existing};
+          .existing = existing,
+          .loudness = target(),
+          .range = range(),
+          .analysis = _levels.analysis()};
 }

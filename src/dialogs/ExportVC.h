@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLayout>
 #include <QPushButton>
@@ -14,6 +15,7 @@
 #include "base/Errand.h"
 #include "dialogs/DialogWindow.h"
 #include "dialogs/ExportFacts.h"
+#include "dialogs/ExportLevels.h"
 #include "export/Export.h"
 #include "queue/ExportOrder.h"
 
@@ -25,6 +27,13 @@ class ExportVC : public DialogWindow {
   Q_OBJECT
 
  public:
+  /// What the dialog may know besides the job.
+  struct Extra {
+    QString note;                                  ///< one more thing to tell; empty for none
+    std::optional<FrameRange> selection;           ///< that may be exported alone
+    std::shared_ptr<const TakeAnalysis> analysis;  ///< of the whole file, where somebody has it
+  };
+
   explicit ExportVC(QWidget* parent = nullptr);
 
   /// The job whose file, gain, angle and folder count, as they are when the dialog is shown. The
@@ -32,8 +41,8 @@ class ExportVC : public DialogWindow {
   void setExporter(std::shared_ptr<Export> exporter) { _exporter = std::move(exporter); }
   [[nodiscard]] const std::shared_ptr<Export>& exporter() const { return _exporter; }
 
-  /// One more thing to know; empty for none.
-  void setNote(const QString& note);
+  /// Before the dialog is shown.
+  void setExtra(const Extra& extra);
 
   /// The buttons exclude each other; nothing follows from a choice but the numbers shown.
   void radio_check();
@@ -53,9 +62,19 @@ class ExportVC : public DialogWindow {
   void layOut();
   QLayout* facts();
   QLayout* choices();
+  QLayout* loudness();
   QLayout* buttons();
   void showFacts();
   void askForSpace();
+  void measure();
+  void chooseLevel(const QCheckBox* changed);
+  void showLevels();
+  [[nodiscard]] ExportFacts exported() const;
+  [[nodiscard]] QString levelWarning() const;
+  [[nodiscard]] std::optional<FrameRange> range() const;
+  [[nodiscard]] std::optional<double> typedLufs() const;
+  [[nodiscard]] std::optional<LoudnessTarget> target() const;
+  [[nodiscard]] QString gainText() const;
   void save(const std::filesystem::path& path, AtomicFile::Existing existing);
   [[nodiscard]] ExportOrder order(const std::filesystem::path& path,
                                   AtomicFile::Existing existing) const;
@@ -65,15 +84,24 @@ class ExportVC : public DialogWindow {
   QRadioButton* _radio32;
   QRadioButton* _radio24;
   QCheckBox* _checkboxNormalize;
+  QCheckBox* _checkboxLoudness;
+  QComboBox* _comboLoudness;
+  QCheckBox* _checkboxSelection;
   QLabel* _name;
   QLabel* _width;
   QLabel* _gain;
   QLabel* _size;
+  QLabel* _loudness;
+  QLabel* _truePeak;
+  QLabel* _clipping;
   QLabel* _note;
   QLabel* _warning;
   QPushButton* _save;
   std::shared_ptr<Export> _exporter;
+  Extra _extra;
+  std::unique_ptr<WaveFileReader> _reader;  ///< of its own: the job may be closed
   ExportFacts _facts;
+  ExportLevels _levels;
   Errand _spaceErrand;
   std::optional<std::uint64_t> _free;  ///< bytes in the folder, once that is known
 };

@@ -3,8 +3,12 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
+#include <optional>
 
 #include "export/AtomicFile.h"
+#include "export/FrameRange.h"
+#include "export/LoudnessGain.h"
 
 /// What an export is to be, settled before it begins.
 struct ExportOrder {
@@ -15,4 +19,8 @@ struct ExportOrder {
   bool is24bit = true;
   bool isNormalized = false;
   AtomicFile::Existing existing = AtomicFile::Existing::Refuse;
+  std::optional<LoudnessTarget> loudness = std::nullopt;  ///< in place of gain and normalising
+  std::optional<FrameRange> range = std::nullopt;         ///< these frames alone
+  /// Of what is to be exported, where somebody has it.
+  std::shared_ptr<const TakeAnalysis> analysis = nullptr;
 };

@@ -25,6 +25,9 @@ void prepare(Export& job, const ExportOrder& order, ExportWorker::Control& contr
   job.setAngle(order.angle);
   job.setDirPath(order.target.parent_path());
   job.setExisting(order.existing);
+  job.setLoudness(order.loudness);
+  job.setRange(order.range);
+  job.setAnalysis(order.analysis);
   job.setCancelFlag(&control.isCancelled);
   job.setProgress([&control](double done) { control.done = done; });
 }

@@ -121,6 +121,28 @@ class ListeningTest(SoundingCase):
         program.key("l")
         program.wait(lambda: not loop.has("checked"), "its end")
 
+    def test_the_loop_alone_is_exported_and_never_solo(self):
+        program = self.start_paused()
+        for key in ("Home", "Right", "l", "Right", "l", "s"):
+            program.key(key)
+        loop, solo = (program.find("check box", name) for name in ("Loop", "Solo Side"))
+        program.wait(lambda: loop.has("checked") and solo.has("checked"), "loop and solo")
+        program.find("push button", "Export").click()
+        program.find("dialog", "Export")
+        program.wait_label("Solo is for listening: Left and Right are exported.")
+        program.find("radio button", "32-bit Float").click(x=0.1)
+        program.find("check box", "Selection only").click(x=0.1)
+        program.wait_label("384.7 kB")
+        program.find("push button", "Save").click()
+        program.find("dialog", "Saving checkboard...")
+        program.key("Return")
+        program.wait_gone("dialog")
+        target = self.takes / "R0001_Decode_A-B.WAV"
+        wanted = (self.decoded[RATE:2 * RATE] / HALF).astype("<f4").tobytes()
+        program.wait(lambda: target.exists() and target.stat().st_size == 748 + len(wanted),
+                     "the export")
+        self.assertTrue(target.read_bytes()[748:] == wanted, "every sample from A to B, decoded")
+
     def test_solo(self):
         program = self.start_paused()
         for name, alone in (("Solo Side", self.frames[:, 1]), ("Solo Mid", self.frames[:, 0])):

@@ -1,9 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
+#include <QCheckBox>
 #include <QTest>
 
 #include "WindowFixture.h"
+#include "dialogs/ExportVC.h"
+#include "dialogs/SavePanel.h"
 
 namespace {
 
@@ -179,6 +182,29 @@ TEST_F(Loop, AfterTheEndItWaitsAtItsBeginning) {
   drag(ruler(3), ruler(5));
   EXPECT_EQ(state(), PLAY_STATE_PAUSE);
   EXPECT_NEAR(player().curremtTime(), 3, 0.06);
+}
+
+TEST_F(Loop, IsOfferedForExport) {
+  openTake();
+  player().pause();
+  const auto offered = [this]() -> const QCheckBox* {
+    controller().btnExport_Click();
+    return shown<ExportVC>()->findChild<QCheckBox*>("checkboxSelection");
+  };
+  EXPECT_FALSE(offered()->isVisible());
+  shown<ExportVC>()->reject();
+  controller().take().setLoop(FrameLoop{100'001, 200'002});
+  ASSERT_TRUE(offered()->isVisible());
+  std::optional<ExportOrder> order;
+  QObject::connect(shown<ExportVC>(), &ExportVC::ordered, &view(),
+                   [&](const ExportOrder& made) { order = made; });
+  shown<ExportVC>()->findChild<QCheckBox*>("checkboxSelection")->setChecked(true);
+  shown<ExportVC>()->btnSave_Click();
+  waitFor([] { return shown<SavePanel>() != nullptr; }, "the panel");
+  WindowFixture::press(shown<SavePanel>(), "Save");
+  waitFor([this] { return selected() == "R0001_Decode_A-B.WAV"; }, "the new file");
+  ASSERT_TRUE(order.has_value());
+  EXPECT_EQ(order->range, (FrameRange{100'001, 200'002}));
 }
 
 TEST_F(Loop, IsSeenInTheWaveform) {

@@ -105,13 +105,14 @@ TEST_F(ExportVCTest, TabVisitsEverythingFromTheTop) {
   const auto dialog = openExport(job());
   QApplication::setActiveWindow(dialog);
   QStringList visited;
-  for (int i = 0; i < 4; ++i) {
+  for (int i = 0; i < 5; ++i) {
     QWidget* const focused = dialog->focusWidget();
     ASSERT_NE(nullptr, focused);
     visited << qobject_cast<QAbstractButton*>(focused)->text();
     QTest::keyClick(focused, Qt::Key_Tab);
   }
-  EXPECT_EQ(QString("24-bit Linear|Normalize to full scale|Cancel|Save"), visited.join('|'));
+  EXPECT_EQ(QString("24-bit Linear|Normalize to full scale|To a loudness|Cancel|Save"),
+            visited.join('|'));
 }
 
 TEST_F(ExportVCTest, ReturnOpensTheSavePanel) {

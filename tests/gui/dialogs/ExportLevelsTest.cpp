@@ -1,0 +1,161 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <QComboBox>
+#include <QTest>
+#include <cmath>
+
+#include "DialogFixture.h"
+#include "analysis/TakeAnalyzer.h"
+#include "dialogs/SavePanel.h"
+#include "support/ByteView.h"
+#include "support/WaveBytes.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+/// What the dialog tells of the level of an export, over ten seconds of a tone that is loud three
+/// times.
+class ExportLevelsTest : public DialogFixture {
+ protected:
+  static constexpr int kFrames = 480'000;
+
+  std::shared_ptr<Export> tone() {
+    std::vector<float> samples;
+    for (int i = 0; i < kFrames; ++i) {
+      const int second = i / 48'000;
+      const bool isLoud = second == 2 || second == 5 || second == 8;
+      samples.push_back((isLoud ? 0.4F : 0.1F) * static_cast<float>(std::sin(i * 0.13)));
+      samples.push_back(0);
+    }
+    const auto bytes =
+        WaveBytes().formatFloat().recorderBext(true).data(WaveBytes::samplesFloat(samples)).get();
+    auto job = std::make_shared<Export>(_folder.file("R0001.WAV", bytes));
+    job->setAngle(90);
+    return job;
+  }
+  QPointer<ExportVC> openWith(const std::shared_ptr<Export>& job,
+                              const std::optional<FrameRange>& selection = {}) {
+    showMainWindow();
+    ExportVC::Extra extra;
+    extra.selection = selection;
+    _desk->ask(job, extra);
+    QPointer<ExportVC> dialog = waitForShown<ExportVC>();
+    EXPECT_TRUE(waitUntil([&] { return !seen(*dialog).contains(u'…'); })) << "levels";
+    return dialog;
+  }
+  static QString seen(const ExportVC& dialog) { return labels(dialog).join('|'); }
+  static void expectSeen(const ExportVC& dialog, const char* text) {
+    EXPECT_THAT(seen(dialog).toStdString(), HasSubstr(text));
+  }
+  static void waitForSeen(const ExportVC& dialog, const char* text) {
+    EXPECT_TRUE(waitUntil([&] { return seen(dialog).contains(QLatin1String(text)); }))
+        << text << " in " << seen(dialog).toStdString();
+  }
+  template <class Widget>
+  static Widget* named(const ExportVC& dialog, const char* name) {
+    return dialog.findChild<Widget*>(QLatin1String(name));
+  }
+};
+
+TEST_F(ExportLevelsTest, TellsLoudnessAndPeakOfWhatWillBeWritten) {
+  const auto job = tone();
+  const auto figures = TakeAnalyzer(*job->reader()).wait()->at(90, 6);
+  job->setGain(6);
+  const auto dialog = openWith(job);
+  const QString loudness = QString::number(*figures.integratedLufs, 'f', 1) + " LUFS";
+  const QString peak = QString::number(*figures.truePeakDbtp, 'f', 1) + " dBTP";
+  EXPECT_TRUE(seen(*dialog).contains("Loudness|" + loudness + "|True peak|" + peak))
+      << seen(*dialog).toStdString();
+  expectNothingCut(*dialog);
+}
+
+TEST_F(ExportLevelsTest, TellsWhereTwentyFourBitsWouldClip) {
+  const auto job = tone();
+  const auto calm = openWith(job);
+  EXPECT_THAT(seen(*calm).toStdString(), Not(HasSubstr("clip")));
+  calm->btnCancel_Click();
+  job->setGain(12);
+  const auto dialog = openWith(job);
+  waitForSeen(*dialog, "Would clip in 24 bit at 3 places");
+  named<QCheckBox>(*dialog, "checkboxNormalize")->setChecked(true);
+  EXPECT_TRUE(waitUntil([&] { return !seen(*dialog).contains("clip"); }));
+  expectNothingCut(*dialog);
+}
+
+TEST_F(ExportLevelsTest, BringsATakeToALoudness) {
+  const auto dialog = openWith(tone());
+  auto* const loudness = named<QCheckBox>(*dialog, "checkboxLoudness");
+  auto* const normalize = named<QCheckBox>(*dialog, "checkboxNormalize");
+  auto* const combo = named<QComboBox>(*dialog, "comboLoudness");
+  EXPECT_FALSE(combo->isEnabled());
+  normalize->setChecked(true);
+  QTest::mouseClick(loudness, Qt::LeftButton, {}, {10, loudness->height() / 2});
+  EXPECT_FALSE(normalize->isChecked()) << "one or the other";
+  ASSERT_TRUE(combo->isEnabled());
+  QStringList choices;
+  for (int i = 0; i < combo->count(); ++i) choices << combo->itemText(i);
+  EXPECT_EQ(choices.join('|'), "-23 LUFS|-18 LUFS|-16 LUFS|-14 LUFS");
+  expectSeen(*dialog, "Loudness|-23.0 LUFS");
+  combo->setEditText("-30,5");
+  expectSeen(*dialog, "Loudness|-30.5 LUFS");
+  combo->setEditText("loud");
+  expectSeen(*dialog, "A loudness is a number from -70 to 0.");
+  expectSeen(*dialog, "Gain|–");
+  EXPECT_FALSE(button(*dialog, "Save")->isEnabled());
+  normalize->setChecked(true);
+  EXPECT_FALSE(loudness->isChecked());
+  expectSeen(*dialog, "Gain|To full scale");
+  EXPECT_TRUE(button(*dialog, "Save")->isEnabled());
+}
+
+TEST_F(ExportLevelsTest, WritesTheLoudnessThatItTells) {
+  const auto dialog = openWith(tone());
+  named<QCheckBox>(*dialog, "checkboxLoudness")->setChecked(true);
+  named<QComboBox>(*dialog, "comboLoudness")->setEditText("-27");
+  saveAs(*dialog, path("out.WAV"));
+  EXPECT_THAT(told(dialog), testing::Contains(HasSubstr("exported")));
+  Export written(path("out.WAV"));
+  EXPECT_NEAR(*TakeAnalyzer(*written.reader()).wait()->at(120, 0).integratedLufs, -27, 0.05);
+}
+
+TEST_F(ExportLevelsTest, WithoutALoopThereIsNoSelection) {
+  const auto dialog = openWith(tone());
+  EXPECT_TRUE(named<QCheckBox>(*dialog, "checkboxSelection")->isHidden());
+}
+
+TEST_F(ExportLevelsTest, WritesTheSelectionAlone) {
+  const auto job = tone();
+  job->setGain(12);
+  const auto dialog = openWith(job, FrameRange{96'000, 192'000});
+  auto* const only = named<QCheckBox>(*dialog, "checkboxSelection");
+  ASSERT_TRUE(only->isVisible());
+  EXPECT_EQ(only->text(), "Selection only");
+  EXPECT_FALSE(only->isChecked());
+  const QString whole = seen(*dialog);
+  only->setChecked(true);
+  waitForSeen(*dialog, "Would clip in 24 bit at 1 place");
+  expectSeen(*dialog, "File size|576.7 kB");
+  EXPECT_NE(seen(*dialog), whole);
+  dialog->btnSave_Click();
+  auto* const panel = waitForShown<SavePanel>();
+  ASSERT_NE(panel, nullptr);
+  panel->accept();
+  EXPECT_THAT(told(dialog), testing::Contains(HasSubstr("R0001_Decode_A-B.WAV")));
+  EXPECT_EQ(std::filesystem::file_size(path("R0001_Decode_A-B.WAV")), 748U + 96'000 * 6);
+}
+
+TEST_F(ExportLevelsTest, OfSilenceThereIsNoLevel) {
+  auto job = this->job();
+  const auto dialog = openWith(job);
+  expectSeen(*dialog, "Loudness|–");
+  EXPECT_TRUE(button(*dialog, "Save")->isEnabled());
+  named<QCheckBox>(*dialog, "checkboxLoudness")->setChecked(true);
+  expectSeen(*dialog, "Loudness|–");
+  expectSeen(*dialog, "has no loudness");
+  EXPECT_FALSE(button(*dialog, "Save")->isEnabled());
+}
+
+}  // namespace
