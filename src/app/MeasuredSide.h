@@ -20,7 +20,7 @@ class MeasuredSide : public QObject {
   /// The session outlives it.
   explicit MeasuredSide(TakeSession& take, QObject* parent = nullptr);
 
-  /// What is known by now; null before anything is, and while nobody has asked.
+  /// The analysis, once its pass has ended; null until then, and while nobody has asked.
   [[nodiscard]] const std::shared_ptr<const TakeAnalysis>& analysis() const { return _analysis; }
 
  signals:

@@ -15,7 +15,8 @@
 
 /// What the open take measures, at every width and gain: its analysis, made on workers from the
 /// moment it opens, given up when it goes. Whatever shows figures or a picture of the whole take
-/// asks here; nothing here reads the file, or copies what is known, on the interface thread.
+/// asks here; nothing here reads the file, or copies what is known, on the interface thread,
+/// unless no thread can be had.
 /// Interface thread.
 class MeasuredTake : public QObject {
   Q_OBJECT

@@ -11,7 +11,7 @@ class StatusLine : public QLabel {
   Q_OBJECT
 
  public:
-  enum class Topic { Looking, Opening, Recording, Sound, Folder, Export, Device };
+  enum class Topic { Looking, Opening, Recording, Sound, Folder, Export };
 
   explicit StatusLine(QWidget* parent = nullptr);
 

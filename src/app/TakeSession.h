@@ -24,7 +24,8 @@
 /// no widget.
 ///
 /// Nothing here waits for the medium. A take opens between `opening` and either `opened` or
-/// `failed` and `closed`, which come from the event loop; whoever asks for it relies on them, not
+/// `failed` and `closed`, which come from the event loop, or from inside `open` where no
+/// thread can be had; whoever asks for it relies on them, not
 /// on the return of `open`. Another `open` or `close` gives up what is opening. Commands without an
 /// open take do nothing. Volume, gain and width belong to the session: they stay from take to take.
 /// Interface thread, which has an event loop.

@@ -29,9 +29,9 @@ class PlaySession {
   /// Until the end, a key, a signal, or, without a terminal, the loss of the output. False where
   /// something went wrong, which has been told.
   bool run();
-  /// Why the file could not be opened or read to its end; empty when it could.
   /// The last frame has been heard.
   [[nodiscard]] bool hasReachedEnd() const;
+  /// Why the file could not be opened or read to its end; empty when it could.
   [[nodiscard]] const std::string& readFailure() const { return _player.readFailure(); }
 
  private:

@@ -49,7 +49,7 @@ class MIDISystemClient {
 /// The platform's MIDI, as little of it as the link needs.
 ///
 /// Everything is called, and calls back, on the interface thread. Nothing waits, except that a back
-/// end may have to let a device come to rest in `dispose` and at its end. A call about an object
+/// end may wait a moment at its end. A call about an object
 /// that is not there (any more) does nothing. A system without MIDI has no endpoints and
 /// makes no ports; it is not an error to ask.
 ///

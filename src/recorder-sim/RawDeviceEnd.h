@@ -16,8 +16,8 @@ class DeviceNodeWatch;
 class QSocketNotifier;
 
 /// A raw MIDI device file, such as the far end of the kernel's MIDI gadget. Plugged in while the
-/// file is there; pulled out, it stays closed until the file has gone and come back. No faster than
-/// a cable, which the kernel at the other end could not follow.
+/// file is there; pulled out, it stays closed until the file has gone and come back, or `plugIn`.
+/// No faster than a cable, which the kernel at the other end could not follow.
 class RawDeviceEnd final : public CableEnd {
  public:
   /// What the file carries: MIDI 1.0 bytes, or Universal MIDI Packets as words in host order.

@@ -14,8 +14,8 @@
 /// The top-level chunks of a WAVE file and the summary of what matters in them.
 ///
 /// The rules are the recorder's, not quite RIFF's: an odd-sized chunk is not followed by a skipped
-/// pad byte, a data chunk may claim more bytes than the file has, and a later "fmt " or "data"
-/// chunk overrides an earlier one.
+/// pad byte, a "data" or "fmt " chunk may claim more bytes than the file has, and a later "fmt " or
+/// "data" chunk overrides an earlier one.
 struct WaveIndex {
   /// No recording has nearly as many chunks. Each eight zero bytes would be one more, so that a
   /// file of zeros would fill the memory and be read to its end.

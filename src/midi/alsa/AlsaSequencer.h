@@ -15,7 +15,8 @@
 class AlsaWire;
 
 /// One client of the sequencer, open from the start to the end of its life, with room for long
-/// SysEx messages both ways. Interface thread only. Nothing waits but `deletePort` and the end: the
+/// SysEx messages both ways. Interface thread only, but for the end, which
+/// `AlsaClosing` leaves to a thread. Nothing waits but `deletePort` and the end: the
 /// kernel plays out what a driver was still given, for up to ten seconds.
 class AlsaSequencer {
  public:

@@ -14,9 +14,10 @@ class PulseConnection;
 /// A stream to the PulseAudio server of the user, which PipeWire is as well.
 ///
 /// The connection is made at the first `start`, on a thread of its own that is the only one to talk
-/// to the server; it is asked for 50 ms of buffer. Where that thread cannot be started, the output
-/// is lost. The owner's thread has a Qt event loop, through which the listener is told, and never
-/// waits: neither for a server that is not there nor for one that does not answer.
+/// to the server; it is asked for as much as `Format::secondsAhead` says. Where that thread cannot
+/// be started, the output is lost. The owner's thread has a Qt event loop, through which the
+/// listener is told, and never waits: neither for a server that is not there nor for one that does
+/// not answer.
 class PulseOutput : public AudioOutput {
  public:
   explicit PulseOutput(const Format& format);
