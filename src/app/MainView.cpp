@@ -3,12 +3,12 @@
 
 #include "app/MainView.h"
 
-#include <QAccessibleWidget>
 #include <QAction>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "app/WindowAccessible.h"
 #include "controls/Colors.h"
 #include "controls/PopupAccessible.h"
 
@@ -68,17 +68,11 @@ QString lookOfParts() {
            Colors::dimText().name(), Colors::AppBG().name());
 }
 
-// The toolkit takes a plain widget for a filler, also where it is the window.
-QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
-  auto* const view = qobject_cast<MainView*>(object);
-  return view == nullptr ? nullptr : new QAccessibleWidget(view, QAccessible::Window);
-}
-
 }  // namespace
 
 MainView::MainView(QWidget* parent) : QWidget(parent) {
   PopupAccessible::install();  // before the pop-ups, which are the toolkit's
-  QAccessible::installFactory(makeInterface);
+  WindowAccessible::install();
   setStyleSheet(lookOfParts());
   auto* const left = new QVBoxLayout;
   left->setSpacing(kGap);

@@ -197,6 +197,14 @@ class DialogTest(Case):
             program.find("push button", "OK").click()
             program.wait_gone("dialog", TITLE)
 
+    def test_assistive_software_uses_the_menu(self):
+        program = self.start()
+        self.assertIsNone(program.look("menu item", "About"))
+        program.find("push button", "Menu").click()
+        program.find("menu item", "About").act("Press")
+        program.find("dialog", "About")
+        program.wait_gone("menu item", "About")
+
     def test_the_menu_ends_it(self):
         program = self.start()
         self.choose(program, "q")

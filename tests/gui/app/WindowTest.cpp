@@ -149,6 +149,23 @@ TEST_F(Window, FocusCanBeSeenEverywhere) {
   }
 }
 
+TEST_F(Window, MenuIsThereForAssistiveSoftwareWhileItIsOpen) {
+  startOnTakes();
+  QAccessibleInterface& tree = *QAccessible::queryAccessibleInterface(&view());
+  QAccessibleInterface* const menu = QAccessible::queryAccessibleInterface(view().menu);
+  const int parts = tree.childCount();
+  EXPECT_EQ(tree.indexOfChild(menu), -1);
+  view().menu->popup({});
+  ASSERT_EQ(tree.childCount(), parts + 1);
+  EXPECT_EQ(tree.child(parts), menu);
+  EXPECT_EQ(tree.indexOfChild(menu), parts);
+  EXPECT_EQ(tree.child(0)->object(), view().browser);
+  EXPECT_EQ(menu->parent(), &tree);
+  EXPECT_EQ(menu->role(), QAccessible::PopupMenu);
+  view().menu->hide();
+  EXPECT_EQ(tree.childCount(), parts);
+}
+
 TEST_F(Window, RunningTimeDoesNotJitter) {
   startOnTakes();
   TabularLabel& label = *view().player->lblTimeCurrent;
