@@ -18,6 +18,10 @@ if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # In one piece a source's own names look like those of a header to the others.
   add_compile_options(-Wno-subobject-linkage -Wno-shadow -Wshadow=local)
 endif()
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+  # To it a conversion that is written out counts as well, and moc's own names shadow ours.
+  add_compile_options(-Wno-double-promotion -Wno-shadow)
+endif()
 add_compile_definitions(_FILE_OFFSET_BITS=64)
 
 if(CMAKE_BUILD_TYPE STREQUAL "RelWithDebInfo")

@@ -15,12 +15,14 @@
 #include <vector>
 
 #include "support/Confinement.h"
-#include "support/CoreApplicationTest.h"
+#include "support/CoreApplication.h"
 #include "support/EventLoop.h"
 
 namespace {
 
-class ErrandTest : public CoreApplicationTest {};
+class ErrandTest : public testing::Test {
+  CoreApplication _application;
+};
 
 /// Tells on which thread it went.
 class Found {

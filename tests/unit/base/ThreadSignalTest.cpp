@@ -9,12 +9,14 @@
 #include <memory>
 #include <thread>
 
-#include "support/CoreApplicationTest.h"
+#include "support/CoreApplication.h"
 #include "support/EventLoop.h"
 
 namespace {
 
-class ThreadSignalTest : public CoreApplicationTest {};
+class ThreadSignalTest : public testing::Test {
+  CoreApplication _application;
+};
 
 TEST_F(ThreadSignalTest, WakesTheLoopFromAnotherThread) {
   std::thread::id seen;

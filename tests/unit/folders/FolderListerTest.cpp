@@ -17,6 +17,7 @@
 
 #include "base/ThreadSignal.h"
 #include "support/Confinement.h"
+#include "support/CoreApplication.h"
 #include "support/EventLoop.h"
 #include "support/TemporaryFolder.h"
 
@@ -46,10 +47,7 @@ class Lister : public testing::Test {
   }
   [[nodiscard]] std::size_t rows() const { return answers.back().listing->files().size(); }
 
-  int count = 1;
-  char name[5] = "test";
-  char* arguments[2] = {name, nullptr};
-  QCoreApplication application{count, arguments};
+  CoreApplication application;
   TemporaryFolder folder;
   TemporaryFolder other;
   std::vector<FolderLister::Answer> answers;

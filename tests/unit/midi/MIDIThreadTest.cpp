@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <atomic>
 #include <memory>
 #include <thread>
@@ -12,6 +11,7 @@
 #include "midi/MIDICommon.h"
 #include "midi/MIDISequenceBase.h"
 #include "midi/QtMIDIClock.h"
+#include "support/CoreApplication.h"
 #include "support/EventLoop.h"
 
 namespace {
@@ -19,10 +19,7 @@ namespace {
 /// An application whose main thread is the test's.
 class MIDIThreadTest : public testing::Test {
  protected:
-  int argumentCount = 1;
-  char name[5] = "test";
-  char* arguments[2] = {name, nullptr};
-  QCoreApplication application{argumentCount, arguments};
+  CoreApplication application;
   const std::thread::id main = std::this_thread::get_id();
 };
 

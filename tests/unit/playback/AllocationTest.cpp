@@ -17,20 +17,6 @@ thread_local long allocations = 0;
 }  // namespace
 
 // Every allocation of the program goes through here, those of libraries too.
-#ifdef MIXDECK_SANITIZED
-// A sanitizer has its own allocator; operator new is what can be counted there.
-void* operator new(std::size_t size) {
-  if (isCounting) ++allocations;
-  if (void* const block = std::malloc(size)) return block;
-  throw std::bad_alloc();
-}
-void operator delete(void* block) noexcept {
-  std::free(block);
-}
-void operator delete(void* block, std::size_t /*size*/) noexcept {
-  std::free(block);
-}
-#else
 extern "C" void* __libc_malloc(std::size_t size);
 extern "C" void* __libc_calloc(std::size_t count, std::size_t size);
 extern "C" void* __libc_realloc(void* block, std::size_t size);
@@ -47,7 +33,6 @@ extern "C" void* realloc(void* block, std::size_t size) {
   if (isCounting) ++allocations;
   return __libc_realloc(block, size);
 }
-#endif
 
 namespace {
 

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QCoreApplication>
-#include <QEvent>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -11,6 +9,7 @@
 #include "HeldFile.h"
 #include "PlaybackFixture.h"
 #include "playback/ReadAheadFile.h"
+#include "support/CoreApplication.h"
 
 inline constexpr std::uint32_t kBuffer = 4800;
 inline constexpr std::uint32_t kBlock = 6000;  ///< an eighth of a second
@@ -21,7 +20,6 @@ class ReadAheadFixture : public PlaybackFixture {
   void TearDown() override {
     medium.release();
     medium.waitUntilClosed();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     PlaybackFixture::TearDown();
   }
 
@@ -60,10 +58,7 @@ class ReadAheadFixture : public PlaybackFixture {
     while (medium.framesRead() < count) std::this_thread::yield();
   }
 
-  int count = 1;
-  char name[5] = "test";
-  char* arguments[2] = {name, nullptr};
-  QCoreApplication application{count, arguments};
+  CoreApplication application;
   HeldMedium medium;
   std::vector<std::byte> buffer;
 };

@@ -16,14 +16,16 @@
 #include "playback/pulse/PulseOutput.h"
 #include "playback/pulse/PulseStream.h"
 #include "support/Confinement.h"
-#include "support/CoreApplicationTest.h"
+#include "support/CoreApplication.h"
 #include "support/EnvironmentVariable.h"
 #include "support/EventLoop.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
 
-class Application : public CoreApplicationTest {};
+class Application : public testing::Test {
+  CoreApplication _application;
+};
 
 TEST(SpscRing, CarriesEverythingInOrderFromThreadToThread) {
   constexpr int kValues = 200000;

@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "support/CoreApplication.h"
 #include "support/EventLoop.h"
 #include "support/HeldWork.h"
 #include "support/TemporaryFolder.h"
@@ -87,10 +88,7 @@ class ExportQueueTest : public testing::Test {
     EXPECT_TRUE(EventLoop::runUntil([&] { return held.begun().size() == count; }));
   }
 
-  int argumentCount = 1;
-  char name[5] = "test";
-  char* arguments[2] = {name, nullptr};
-  QCoreApplication application{argumentCount, arguments};
+  CoreApplication application;
   HeldWork held{write};
   std::chrono::milliseconds now{1000};
   std::unique_ptr<ExportQueue> queue =

@@ -2,16 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QCoreApplication>
 #include <QEvent>
 
-/// A test that needs an event loop, without widgets.
-class CoreApplicationTest : public testing::Test {
- protected:
-  // What deletes itself later does so now.
-  void TearDown() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+/// An event loop for a test, without widgets; what deletes itself later does so at its end.
+class CoreApplication {
+ public:
+  ~CoreApplication() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
  private:
   int _count = 1;
