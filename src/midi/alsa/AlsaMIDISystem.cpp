@@ -126,8 +126,8 @@ void AlsaMIDISystem::giveUpSequencer() {
   _closing->begin(std::move(_sequencer));
 }
 
-// What was announced meanwhile has not been heard. After the application there is nobody to hear
-// anything, and the end gives the client up.
+// What was announced meanwhile has not been heard, and what waits to be sent is dropped. After the
+// application there is nobody to hear anything, and the end gives the client up.
 void AlsaMIDISystem::renewSequencer() {
   if (QCoreApplication::instance() == nullptr) return;
   giveUpSequencer();
@@ -139,16 +139,20 @@ void AlsaMIDISystem::renewSequencer() {
     return tryAgainLater();
   }
   adopt(std::move(opened.sequencer));
-  for (const auto& [reference, port] : _ports) restore(*port);
+  for (const auto& [reference, port] : _ports) {
+    if (const int status = restore(*port); status < 0) return lose(status);
+  }
 }
 
-void AlsaMIDISystem::restore(Port& port) {
+int AlsaMIDISystem::restore(Port& port) {
   const bool isInput = port.direction == MIDIDirection::Source;
   using Use = AlsaSequencer::Use;
   const int number = _sequencer->createPort(port.name, isInput ? Use::Receive : Use::Send);
-  port.number = static_cast<std::uint8_t>(std::max(0, number));
+  if (number < 0) return number;
+  port.number = static_cast<std::uint8_t>(number);
   port.to.clear();
   for (const auto& [source, heard] : std::exchange(port.heard, {})) hear(port, source);
+  return 0;
 }
 
 // The ports went with it; whoever holds one is told of the removal of all endpoints.

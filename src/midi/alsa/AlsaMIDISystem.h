@@ -99,7 +99,8 @@ class AlsaMIDISystem final : public MIDISystem {
   void enqueue(MIDIObjectRef port, MIDIObjectRef destination, AlsaPayload payload);
   void giveUpSequencer();
   void renewSequencer();
-  void restore(Port& port);
+  /// 0, or the error of a port that was refused.
+  int restore(Port& port);
   void closePort(const Port& port);
   [[nodiscard]] bool holdsDevice(const Port& port) const;
   void subscribe(Port& output, MIDIObjectRef destination);

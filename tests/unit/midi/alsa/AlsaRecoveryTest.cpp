@@ -175,6 +175,20 @@ TEST_F(AlsaRecoveryTest, PortsThatStayGoOnWithTheNewClient) {
   EXPECT_THAT(fake.heard, ElementsAre(kRecorder, kRecorder));
 }
 
+TEST_F(AlsaRecoveryTest, WhereThePortsThatStayAreRefusedTheSequencerIsGone) {
+  const auto input = system->createPort(client, MIDIDirection::Source, "Input");
+  system->connectSource(input.port, recorder(MIDIDirection::Source));
+  const MIDIObjectRef output = usedOutput();
+  fake.heard.clear();
+  fake.portError = -ENOMEM;
+  system->dispose(output);
+  EXPECT_THAT(system->unavailableReason(), HasSubstr("Cannot allocate memory"));
+  EXPECT_TRUE(fake.heard.empty()) << "through another port";
+  fake.mend();
+  clock->advance(2.0);
+  EXPECT_EQ(system->unavailableReason(), "");
+}
+
 TEST_F(AlsaRecoveryTest, APortThatHoldsNoDeviceEndsWithoutMuchAdo) {
   const auto unused = system->createPort(client, MIDIDirection::Destination, "Output");
   system->dispose(unused.port);

@@ -133,7 +133,9 @@ int snd_seq_poll_descriptors(snd_seq_t* handle, pollfd* to, unsigned, short) {
 }
 
 int snd_seq_create_simple_port(snd_seq_t* handle, const char*, unsigned caps, unsigned) {
-  FakeAlsa::get().capabilities.push_back(caps);
+  FakeAlsa& fake = FakeAlsa::get();
+  if (fake.portError < 0 && clientOf(handle).portsMade > 0) return fake.portError;
+  fake.capabilities.push_back(caps);
   return clientOf(handle).portsMade++;
 }
 

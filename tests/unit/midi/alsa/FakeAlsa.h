@@ -20,6 +20,7 @@ struct FakeAlsa {
 
   int openError = 0;  ///< 0, or the negative error of each attempt to open
   int readError = 0;  ///< the same of each attempt to read; see `fail`
+  int portError = 0;  ///< the same of each port after a client's first
   int connectFromError = 0;
   int connectToError = 0;
   int opened = 0;           ///< how often
