@@ -4,9 +4,11 @@
 #include "app/ProgramOptions.h"
 
 #include <CLI/CLI.hpp>
+#include <cstdio>
 #include <string>
 
 #include "base/Version.h"
+#include "manual/ProgramWords.h"
 
 ProgramOptions ProgramOptions::parse(int argc, const char* const* argv) {
   constexpr int kUsage = 2;
@@ -15,11 +17,17 @@ ProgramOptions ProgramOptions::parse(int argc, const char* const* argv) {
   CLI::App program("Browses, plays and exports the recordings of the TARN J4.", "mixdeck");
   program.set_version_flag("--version", std::string("mixdeck ") + kFullVersion);
   program.add_option("FOLDER|FILE", start, "Folder to show, or recording to show and play")
+      ->type_name("")
       ->check(CLI::ExistingPath);
   program.add_flag("--simulate-recorder", options.simulatesRecorder,
                    "Behave as if a recorder were connected");
   program.add_flag("--log", options.showsLog,
                    "Show the log lines here too; they are in the system's log");
+  if (ProgramWords::areAskedFor(argc, argv)) {
+    std::puts(ProgramWords::json(program, kFullVersion).c_str());
+    options.status = 0;
+    return options;
+  }
   try {
     program.parse(argc, argv);
     options.start = start;

@@ -102,6 +102,7 @@ std::string write(const Recording& recording, const fs::path& path) {
 CLI::App* DemoCommand::declare(CLI::App& program) {
   CLI::App* command = program.add_subcommand("demo", "Write recordings to try things on");
   command->add_option("--output-dir", _folder, "The folder, made where it is missing")
+      ->type_name("FOLDER")
       ->capture_default_str();
   return command;
 }

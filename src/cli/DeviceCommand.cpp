@@ -47,6 +47,13 @@ std::string listed(std::span<const RecorderChoice> choices) {
   return fmt::format("{}", fmt::join(words, ", "));
 }
 
+// "{0,1}"
+std::string valuesOf(std::span<const RecorderChoice> choices) {
+  std::vector<std::string> values;
+  for (const RecorderChoice& choice : choices) values.push_back(std::to_string(choice.value));
+  return fmt::format("{{{}}}", fmt::join(values, ","));
+}
+
 CLI::Validator valueOf(std::span<const RecorderChoice> choices) {
   const auto check = [choices](const std::string& text) -> std::string {
     for (const RecorderChoice& choice : choices) {
@@ -54,7 +61,7 @@ CLI::Validator valueOf(std::span<const RecorderChoice> choices) {
     }
     return fmt::format("the recorder does not know the value {}, only {}", text, listed(choices));
   };
-  return {check, ""};
+  return {check, valuesOf(choices)};
 }
 
 constexpr const char* kFooter =
@@ -96,6 +103,7 @@ void DeviceCommand::declareOptions() {
       ->add_option("--wait", _wait,
                    "How long to wait for the recorder and its answers, seconds or H:MM:SS; 5.5 "
                    "unless said otherwise, while watch and monitor wait for a recorder without end")
+      ->type_name("TIME")
       ->transform(TimeText::check());
   _device->add_flag("--simulate", _simulate, "A simulated recorder instead of one that is attached")
       ->check(CLI::Validator(checkScript, ""));

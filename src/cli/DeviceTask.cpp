@@ -104,7 +104,9 @@ std::string DeviceTask::absence() const {
     return "The recorder is there, but the time to wait was over before it could be asked.";
   }
   const std::int64_t step = _link.step();
-  if (step == 0) return "No recorder found.";
+  if (step == 0) {
+    return "No recorder found. Connect it over USB and turn it on; --simulate needs none.";
+  }
   return fmt::format("The recorder was unplugged. The last that it was asked for: {} (step {}).",
                      DeviceReport::stepName(step), step);
 }

@@ -40,44 +40,52 @@ CLI::App* ExportCommand::declare(CLI::App& program) {
   WidthOption::add(*command, _angle);
   declareLevel(*command);
   command->add_option("--format", _format, "24 (24-bit integer) or float32 (32-bit float)")
+      ->type_name("FORMAT")
       ->check(CLI::IsMember({"24", "float32"}))
       ->capture_default_str();
   declareTarget(*command);
   command->add_option("--jobs", _jobs, "Files at the same time; default: one a processor")
-      ->check(CLI::Range(1U, kMostJobs));
+      ->type_name("N")
+      ->check(wholeBetween(1, kMostJobs));
   command->add_flag("--dry-run", _isDryRun, "Tell what would be done, write nothing");
   command->add_flag("--quiet", _isQuiet, "Tell only what goes wrong");
-  command->add_option("FILE", _files, "Recordings")->required();
+  _list.add(*command, _files, "Recordings");
   return command;
 }
 
 void ExportCommand::declareLevel(CLI::App& command) {
   auto* gain = command.add_option("--gain", _gain, "Gain in dB; positive is louder")
+                   ->type_name("DB")
                    ->check(realBetween(-kMostGain, kMostGain))
                    ->capture_default_str();
   auto* normalize =
       command.add_flag("--normalize", _normalize, "Scale the loudest sample to full scale")
           ->excludes(gain);
   auto* loudness = command.add_option("--loudness", _loudness, "Bring it to a loudness in LUFS")
+                       ->type_name("LUFS")
                        ->check(realBetween(kLeastLoudness, 0))
                        ->excludes(gain)
                        ->excludes(normalize);
   command.add_option("--true-peak", _truePeak, "True peak in dBTP that --loudness may not pass")
+      ->type_name("DBTP")
       ->check(realBetween(kLeastTruePeak, 0))
       ->capture_default_str()
       ->needs(loudness);
 }
 
 void ExportCommand::declareTarget(CLI::App& command) {
-  auto* output = command.add_option("--output", _output, "The file to write, for a single FILE");
+  auto* output = command.add_option("--output", _output, "The file to write, for a single FILE")
+                     ->type_name("FILE");
   auto* folder = command
                      .add_option("--output-dir", _outputFolder,
                                  "The folder to write into, made where it is missing")
+                     ->type_name("FOLDER")
                      ->excludes(output);
   command.add_flag("--force", _force, "Replace files that exist");
   command.callback([this, output, folder] {
     refuseNothing(output, _output);
     refuseNothing(folder, _outputFolder);
+    _list.complete(_files);
     if (!_output.empty() && _files.size() > 1) {
       throw CLI::ValidationError("--output", "goes with a single FILE; see --output-dir");
     }
@@ -165,15 +173,17 @@ std::string ExportCommand::refusal(const ExportPlan::Item& item, const Export& j
   const bool isMade = _isDryRun && !_outputFolder.empty();
   const fs::path target =
       isMade ? OutputFolder::standing(_outputFolder) / item.target.filename() : item.target;
-  const std::string reason = job.whyNot(target, is24bit());
-  return reason.empty() ? "" : problemLine(item.target, kFailToSave, reason);
+  std::string reason = job.whyNot(target, is24bit());
+  if (reason.empty()) return "";
+  if (!is24bit() && job.whyNot(target, true).empty()) reason += "; --format 24 fits";
+  return problemLine(item.target, kFailToSave, reason);
 }
 
 void ExportCommand::warn(const Export& job, ProgressLine& line) const {
   const std::string audio = FileDescription::audioWarning(*job.reader());
-  if (!audio.empty()) line.message(problemLine(job.getFilePath(), "Warning:", audio));
+  if (!audio.empty()) line.message(problemLine(job.getFilePath(), kWarning, audio));
   const std::string width = WidthOption::warning(_angle, *job.reader());
-  if (!width.empty()) line.message(problemLine(job.getFilePath(), "Warning:", width));
+  if (!width.empty()) line.message(problemLine(job.getFilePath(), kWarning, width));
 }
 
 void ExportCommand::prepare(Export& job) const {

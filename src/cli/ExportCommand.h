@@ -12,6 +12,7 @@
 #include "cli/Command.h"
 #include "cli/ExportPlan.h"
 #include "cli/ExportReport.h"
+#include "cli/FilesOption.h"
 #include "cli/NumberCheck.h"
 #include "cli/ProgressLine.h"
 #include "export/Export.h"
@@ -43,6 +44,7 @@ class ExportCommand : public Command {
   [[nodiscard]] bool is24bit() const { return _format == "24"; }
 
   std::vector<std::filesystem::path> _files;
+  FilesOption _list;
   std::filesystem::path _output;
   std::filesystem::path _outputFolder;
   std::optional<double> _angle;

@@ -71,5 +71,5 @@ std::string ExportReport::clippingLine(const Export& job) const {
                   clipping.samples(), clipping.samples() == 1 ? " is" : "s are",
                   20.0 * std::log10(static_cast<double>(clipping.peak())),
                   placesText(clipping, job.reader()->header().SampleRate));
-  return problemLine(_target, "Warning:", text);
+  return problemLine(_target, kWarning, text);
 }

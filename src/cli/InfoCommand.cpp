@@ -12,7 +12,8 @@
 CLI::App* InfoCommand::declare(CLI::App& program) {
   CLI::App* command = program.add_subcommand("info", "Tell what a file is and holds");
   command->add_flag("--json", _asJson, "One JSON object a line for each file");
-  command->add_option("FILE", _files, "Files")->required();
+  _list.add(*command, _files, "Files");
+  command->callback([this] { _list.complete(_files); });
   return command;
 }
 

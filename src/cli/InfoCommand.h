@@ -15,5 +15,6 @@ class InfoCommand : public Command {
 
  private:
   std::vector<std::filesystem::path> _files;
+  FilesOption _list;
   bool _asJson = false;
 };

@@ -22,7 +22,7 @@ double dBFS(float magnitude) {
 }
 
 void warn(const std::filesystem::path& file, const std::string& text) {
-  if (!text.empty()) Streams::err(problemLine(file, "Warning:", text) + "\n");
+  if (!text.empty()) Streams::err(problemLine(file, kWarning, text) + "\n");
 }
 
 }  // namespace
@@ -31,12 +31,13 @@ CLI::App* LevelsCommand::declare(CLI::App& program) {
   CLI::App* command = program.add_subcommand("levels", "Measure the peaks of a stretch");
   _stretch.add(*command, StretchOption::Needs::BothEnds);
   command->add_option("--gain", _gain, "Gain in dB; positive is louder")
+      ->type_name("DB")
       ->check(realBetween(-kMostGain, kMostGain))
       ->capture_default_str();
   WidthOption::add(*command, _angle);
   command->add_flag("--meter-rule", _hasMeterRule,
                     "The two values, full scale 1, that the recorder's rule gives a level meter");
-  command->add_option("FILE", _file, "Recording")->required();
+  command->add_option("FILE", _file, "Recording")->required()->type_name("");
   command->callback([this] { _stretch.check(); });
   return command;
 }

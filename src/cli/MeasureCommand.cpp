@@ -42,19 +42,26 @@ CLI::App* MeasureCommand::declare(CLI::App& program) {
       "measure", "Measure loudness, peaks and stereo width, decoded, at one width or at all");
   auto* angle = WidthOption::add(*command, _angle);
   command->add_option("--angles", _angles, "Several widths: all, or whole degrees and commas")
+      ->type_name("LIST")
       ->check(AngleList::check())
       ->excludes(angle);
   command->add_option("--gain", _gain, "Gain in dB; positive is louder")
+      ->type_name("DB")
       ->check(realBetween(-kMostGain, kMostGain))
       ->capture_default_str();
   _stretch.add(*command, StretchOption::Needs::Nothing);
   auto* json = command->add_flag("--json", _asJson, "One JSON object a line for each file");
   command->add_flag("--csv", _asCsv, "Comma-separated values, a line a width")->excludes(json);
-  command->add_option(
-      "--plot", _plot,
-      "A picture to write, FILE.svg or FILE.png: the waveform, and figures over all widths");
-  command->add_option("FILE", _files, "Recordings")->required();
-  command->callback([this] { checkOptions(); });
+  command
+      ->add_option(
+          "--plot", _plot,
+          "A picture to write, FILE.svg or FILE.png: the waveform, and figures over all widths")
+      ->type_name("FILE");
+  _list.add(*command, _files, "Recordings");
+  command->callback([this] {
+    _list.complete(_files);
+    checkOptions();
+  });
   return command;
 }
 
@@ -122,9 +129,9 @@ std::optional<std::string> MeasureCommand::measure(std::size_t index, ProgressLi
     return std::nullopt;
   }
   const std::string warning = FileDescription::audioWarning(*job.reader());
-  if (!warning.empty()) line.message(problemLine(file, "Warning:", warning));
+  if (!warning.empty()) line.message(problemLine(file, kWarning, warning));
   const std::string width = WidthOption::warning(_angle, *job.reader());
-  if (!width.empty()) line.message(problemLine(file, "Warning:", width));
+  if (!width.empty()) line.message(problemLine(file, kWarning, width));
   const auto analysis = analyse(job, index, line);
   if (!analysis) return std::nullopt;
   if (!_plot.empty() && !plot(job, *analysis, line)) return std::nullopt;

@@ -43,6 +43,7 @@ class MeasureCommand : public Command {
   void checkOptions() const;
 
   std::vector<std::filesystem::path> _files;
+  FilesOption _list;
   std::optional<double> _angle;
   std::string _angles;
   std::filesystem::path _plot;

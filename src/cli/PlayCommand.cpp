@@ -37,13 +37,15 @@ CLI::App* PlayCommand::declare(CLI::App& program) {
   CLI::App* command = program.add_subcommand("play", "Play a recording as it would be exported");
   WidthOption::add(*command, _angle);
   command->add_option("--gain", _gain, "Gain in whole dB; positive is louder")
+      ->type_name("DB")
       ->check(wholeBetween(-kMostGain, kMostGain))
       ->capture_default_str();
   command->add_option("--volume", _volume, "Volume of the output, linear; 1 leaves it as it is")
+      ->type_name("V")
       ->check(realBetween(0, 1))
       ->capture_default_str();
   _stretch.add(*command, StretchOption::Needs::Nothing);
-  command->add_option("FILE", _file, "Recording")->required();
+  command->add_option("FILE", _file, "Recording")->required()->type_name("");
   command->footer(
       "Keys: space pauses, left and right seek 5 s, up and down change the gain, [ and ] the "
       "width, q quits.");
@@ -98,7 +100,7 @@ void PlayCommand::warn(const WaveFileReader& reader) const {
   };
   say(WidthOption::note(_angle));
   const std::string width = WidthOption::warning(_angle, reader);
-  if (!width.empty()) say(problemLine(_file, "Warning:", width));
+  if (!width.empty()) say(problemLine(_file, kWarning, width));
 }
 
 int PlayCommand::fail(std::string_view text, std::string_view reason) const {

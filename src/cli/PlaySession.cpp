@@ -121,7 +121,9 @@ void PlaySession::onPlayFinish(const Notification& /*event*/) {
 // At a terminal someone can have it tried again.
 void PlaySession::onLost(const std::string& message) {
   tell(message);
-  if (!_terminal || !_terminal->isActive()) end(false);
+  if (_terminal && _terminal->isActive()) return;
+  tell("It plays over PipeWire or PulseAudio; export writes to a file what would be heard.");
+  end(false);
 }
 
 void PlaySession::onTick() {

@@ -7,11 +7,14 @@
 
 #include <new>
 
+#include "cli/Emphasis.h"
 #include "cli/Printable.h"
 
 std::string problemLine(const std::filesystem::path& path, std::string_view text,
                         std::string_view reason) {
-  return printable(fmt::format("mixdeck-cli: {}: {} {}", path.native(), text, reason));
+  const auto kind = text == kWarning ? Emphasis::Kind::Warning : Emphasis::Kind::Failure;
+  return fmt::format("mixdeck-cli: {}: {} {}", printable(path.native()), Emphasis::of(text, kind),
+                     printable(reason));
 }
 
 std::string sourceProblem(const Export& job) {

@@ -13,8 +13,11 @@
 inline constexpr std::string_view kFileNotSupported = "File not supported.";
 inline constexpr std::string_view kFailToSave = "Fail to save.";
 inline constexpr std::string_view kFailToOpen = "Fail to open.";
+/// What stands in their place where nothing fails.
+inline constexpr std::string_view kWarning = "Warning:";
 
-/// One line for standard error: the path, what went wrong, and why.
+/// One line for standard error: the path, what went wrong (in colour where that is wanted), and
+/// why.
 std::string problemLine(const std::filesystem::path& path, std::string_view text,
                         std::string_view reason);
 

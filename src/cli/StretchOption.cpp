@@ -25,7 +25,7 @@ void StretchOption::add(CLI::App& command, Needs needs) {
   auto* from = command.add_option("--from", _from, "Start in seconds or H:MM:SS");
   auto* to = command.add_option("--to", _to, "End in seconds or H:MM:SS");
   for (CLI::Option* option : {from, to}) {
-    option->transform(TimeText::check())->required(needs == Needs::BothEnds);
+    option->type_name("TIME")->transform(TimeText::check())->required(needs == Needs::BothEnds);
   }
 }
 

@@ -10,6 +10,7 @@
 CLI::Option* WidthOption::add(CLI::App& command, std::optional<double>& angle) {
   return command
       .add_option("--angle", angle, "Stereo width in whole degrees; 0 is mono; 120 unless given")
+      ->type_name("DEGREES")
       ->check(realBetween(0, kMostAngle));
 }
 

@@ -22,8 +22,25 @@
 #include "cli/Printable.h"
 #include "cli/Problem.h"
 #include "cli/Streams.h"
+#include "manual/ProgramWords.h"
 
 namespace {
+
+constexpr const char* kFooter =
+    "Every command has --help.\n"
+    "\n"
+    "Exit status: 0 all done; 1 something failed, which standard error tells with a line a file; "
+    "2\n"
+    "wrong usage; play has 128 and the number of the signal that ended it.\n"
+    "\n"
+    "Environment: NO_COLOR, where it is set and not empty, keeps colours out of what standard "
+    "error\n"
+    "tells on a terminal.\n"
+    "\n"
+    "Examples:\n"
+    "  mixdeck-cli export --angle 90 --gain 6 R0001.WAV\n"
+    "  mixdeck-cli export --loudness -16 --output-dir Decoded *.WAV\n"
+    "  find . -name '*.WAV' -print0 | mixdeck-cli measure --csv --files-from -";
 
 // A guess at what was meant by a word that is no command; empty where there is none.
 std::string guess(const CLI::App& program) {
@@ -55,8 +72,15 @@ int runProgram(int argc, char** argv) {
        std::to_array<Command*>({&exportCommand, &info, &levels, &measure, &play, &device, &demo})) {
     commands.emplace_back(command->declare(program), command);
   }
+  program.footer(kFooter);  // the commands would have it too, were it there before them
+  if (ProgramWords::areAskedFor(argc, argv)) {
+    Streams::out(ProgramWords::json(program, kFullVersion) + "\n");
+    return Command::kDone;
+  }
   try {
     program.parse(argc, argv);
+  } catch (const CLI::RuntimeError& error) {  // has been told
+    return error.get_exit_code();
   } catch (const CLI::ParseError& error) {
     if (program.exit(error) == 0) return Command::kDone;
     Streams::err(guess(program));

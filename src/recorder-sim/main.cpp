@@ -8,6 +8,7 @@
 #include <string>
 
 #include "base/Version.h"
+#include "manual/ProgramWords.h"
 #include "recorder-sim/RecorderProgram.h"
 
 namespace {
@@ -27,19 +28,24 @@ constexpr const char* kFooter =
     "Exit status: 0 done; 1 no sequencer; 2 wrong usage.";
 
 void declare(CLI::App& program, RecorderOptions& options) {
-  auto* name =
-      program.add_option("--name", options.portName, "The port's name")->capture_default_str();
+  auto* name = program.add_option("--name", options.portName, "The port's name")
+                   ->type_name("NAME")
+                   ->capture_default_str();
   auto* whole = program.add_flag("--whole", options.sendsWhole,
                                  "Send what goes out at once as one event, however long");
-  auto* device = program.add_option("--device", options.device,
-                                    "Serve a raw MIDI device file instead, whenever it is there");
+  auto* device = program
+                     .add_option("--device", options.device,
+                                 "Serve a raw MIDI device file instead, whenever it is there")
+                     ->type_name("FILE");
   device->excludes(name)->excludes(whole);
   program.add_flag("--ump", options.hasWords, "The file carries Universal MIDI Packets")
       ->needs(device);
   program.add_option("--report-every", options.reportEvery, "Send a card report every S seconds")
+      ->type_name("S")
       ->check(CLI::PositiveNumber);
   program.add_flag("--log", options.logs, "Print every message as a line of JSON");
   program.add_option("WORD", options.words, "What the recorder is, and how it goes wrong")
+      ->type_name("")
       ->check(CLI::Validator(&RecorderProgram::checkWord, ""));
   program.footer(kFooter);
 }
@@ -58,6 +64,10 @@ int runProgram(int argc, char** argv) {
   program.set_version_flag("--version", std::string("mixdeck-recorder-sim ") + kFullVersion);
   RecorderOptions options;
   declare(program, options);
+  if (ProgramWords::areAskedFor(argc, argv)) {
+    std::puts(ProgramWords::json(program, kFullVersion).c_str());
+    return 0;
+  }
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -86,7 +86,8 @@ class StatusTest(DeviceCase):
     def test_no_recorder(self):
         begin = time.monotonic()
         self.device(1, "--wait", "0.2", words="unplugged", out="",
-                    err="mixdeck-cli: No recorder found.\n")
+                    err="mixdeck-cli: No recorder found. Connect it over USB and turn it on; "
+                        "--simulate needs none.\n")
         self.assertLess(time.monotonic() - begin, 4)
         self.assertEqual(self.json_of(1, "--wait", "0", words="unplugged"), NO_RECORDER)
 

@@ -202,7 +202,7 @@ class ExportTest(Case):
         size = 748 + 12000 * 48000 * 8
         self.expect(1, "export", "--dry-run", "--format", "float32", "long.wav", out="",
                     err=f"mixdeck-cli: long_Decode.WAV: Fail to save. The export would take {size} "
-                        "bytes; a WAVE file ends at 4 GiB\n")
+                        "bytes; a WAVE file ends at 4 GiB; --format 24 fits\n")
 
     def test_dry_run_refuses_where_it_cannot_write(self):
         self.file("file", b"")
