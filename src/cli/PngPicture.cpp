@@ -52,11 +52,12 @@ class SharedBytes {
   int _file;
 };
 
-// Beside this program, wherever that is.
+// Beside this program, wherever that is, or where an installation puts it.
 std::string programPath() {
   std::error_code error;
-  const auto self = std::filesystem::read_symlink("/proc/self/exe", error);
-  return self.parent_path() / kProgram;
+  const auto folder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+  const auto installed = folder.parent_path() / "libexec" / "mixdeck" / kProgram;
+  return std::filesystem::exists(installed, error) ? installed : folder / kProgram;
 }
 
 // Runs it to its end; the reason where that was not a good one.

@@ -5,7 +5,7 @@
 Runs a test, unless it has passed before with the very same programs, scripts, data, settings and
 installed packages: then it exits with 77, which CTest tells as "Skipped". STAMP keeps what it passed
 with. What counts as the same: every program that the command or the environment names in the build
-folder, the shared libraries of the tests, whatever is under tests/, fuzz/, resources/ and packaging/ but for
+folder, the shared libraries of the tests, whatever is under tests/, fuzz/, resources/, packaging/ and cmake/ but for
 sources (they are in the programs), the variables of ours and of the libraries, and the list of
 packages. A test that looks at anything else is not run through this.
 """
@@ -18,7 +18,7 @@ from pathlib import Path
 
 UNCHANGED = 77
 ROOT = Path(__file__).resolve().parents[2]
-FOLDERS = ("tests", "fuzz", "resources", "packaging")
+FOLDERS = ("tests", "fuzz", "resources", "packaging", "cmake")
 IN_PROGRAMS = {".cpp", ".h", ".txt", ".md", ".pyc"}
 VARIABLES = ("ASAN_", "GTEST_", "LANG", "LC_", "MIXDECK_", "QT_", "TSAN_", "TZ", "UBSAN_")
 PACKAGES = Path("/var/lib/dpkg/status")

@@ -1,0 +1,95 @@
+# SPDX-FileCopyrightText: 2026 The Mixdeck developers
+# SPDX-License-Identifier: MIT
+"""`cmake --install` under prefixes of its own. MIXDECK_BUILD is the folder of the build."""
+
+import os
+import re
+import subprocess
+import unittest
+from pathlib import Path
+from xml.etree import ElementTree
+
+from mixdeck import Case, recording
+
+BUILD = os.environ["MIXDECK_BUILD"]
+ID = "example.mixdeck.mixdeck"
+WINDOW_AND_TOOL = {"bin/mixdeck", "bin/mixdeck-cli", "libexec/mixdeck/mixdeck-plot-png",
+                   f"share/applications/{ID}.desktop", f"share/metainfo/{ID}.metainfo.xml",
+                   "share/icons/hicolor/scalable/apps/mixdeck.svg",
+                   "share/icons/hicolor/symbolic/apps/mixdeck-symbolic.svg"}
+
+
+def manual_of(program):
+    return {f"share/man/man1/{program}.1.gz", f"share/bash-completion/completions/{program}",
+            f"share/zsh/site-functions/_{program}",
+            f"share/fish/vendor_completions.d/{program}.fish"}
+
+
+class InstallTest(Case):
+    def install(self, name="prefix", component=None):
+        prefix = Path(self.path(name))
+        part = ["--component", component] if component else []
+        subprocess.run(["cmake", "--install", BUILD, "--prefix", prefix, *part],
+                       capture_output=True, check=True)
+        return prefix
+
+    def files(self, prefix):
+        return {str(path.relative_to(prefix)) for path in prefix.rglob("*") if not path.is_dir()}
+
+    def run_checked(self, *command, **options):
+        return subprocess.run(command, capture_output=True, text=True, check=True, **options).stdout
+
+    def test_the_components(self):
+        window = self.files(self.install("one", "mixdeck"))
+        self.assertEqual(window, WINDOW_AND_TOOL | manual_of("mixdeck") | manual_of("mixdeck-cli"))
+        simulator = self.files(self.install("other", "simulator"))
+        self.assertEqual(simulator,
+                         {"bin/mixdeck-recorder-sim"} | manual_of("mixdeck-recorder-sim"))
+
+    def test_it_runs_wherever_it_is(self):
+        prefix = self.install("a prefix")
+        environment = dict(os.environ, QT_QPA_PLATFORM="offscreen")
+        for program in ("mixdeck", "mixdeck-cli", "mixdeck-recorder-sim"):
+            told = self.run_checked(prefix / "bin" / program, "--version", env=environment)
+            self.assertTrue(told.startswith(f"{program} "))
+        take = self.file("a.wav", recording([1000, 500] * 4800))
+        self.run_checked(prefix / "bin/mixdeck-cli", "measure", "--plot", "a.png", take,
+                         cwd=self.folder)
+        self.assertEqual(self.read("a.png")[:4], b"\x89PNG")
+
+    def test_the_desktop_finds_it(self):
+        prefix = self.install()
+        entry = prefix / f"share/applications/{ID}.desktop"
+        self.run_checked("desktop-file-validate", entry)
+        lines = dict(line.split("=", 1) for line in entry.read_text().splitlines() if "=" in line)
+        self.assertTrue((prefix / "bin" / lines["Exec"].split()[0]).exists())
+        for icon in (f"scalable/apps/{lines['Icon']}.svg", f"symbolic/apps/{lines['Icon']}-symbolic.svg"):
+            root = ElementTree.parse(prefix / "share/icons/hicolor" / icon).getroot()
+            self.assertEqual(root.tag, "{http://www.w3.org/2000/svg}svg")
+        self.run_checked("appstreamcli", "validate-tree", "--no-net", prefix)
+
+    def test_it_takes_no_kind_of_file_over(self):
+        prefix = self.install()
+        names = {Path(name).name for name in self.files(prefix)}
+        self.assertEqual(names & {"mimeapps.list", "defaults.list", "mimeinfo.cache"}, set())
+        entry = (prefix / f"share/applications/{ID}.desktop").read_text()
+        kinds = set(filter(None, re.search(r"(?m)^MimeType=(.*)$", entry)[1].split(";")))
+        self.assertIn("audio/x-wav", kinds)
+        # A desktop may take the only program that names folders for its file manager.
+        self.assertNotIn("inode/directory", kinds)
+
+    def test_the_metadata_names_pictures_and_the_version(self):
+        prefix = self.install()
+        root = ElementTree.parse(prefix / f"share/metainfo/{ID}.metainfo.xml").getroot()
+        self.assertEqual(root.findtext("launchable"), f"{ID}.desktop")
+        for image in root.iter("image"):
+            name = image.text.rpartition("/")[2]
+            pictures = Path(__file__).parents[2] / "docs/pictures"
+            self.assertTrue((pictures / name).exists(), name)
+        told = self.run_checked(prefix / "bin/mixdeck-cli", "--version").split()[1]
+        newest = root.find("releases/release").get("version")
+        self.assertTrue(told.startswith(f"{newest}."), (told, newest))
+
+
+if __name__ == "__main__":
+    unittest.main()
