@@ -6,8 +6,6 @@
 
 #include <QCoreApplication>
 #include <cerrno>
-#include <filesystem>
-#include <iterator>
 #include <thread>
 #include <vector>
 
@@ -20,6 +18,7 @@
 #include "support/EnvironmentVariable.h"
 #include "support/EventLoop.h"
 #include "support/TemporaryFolder.h"
+#include "support/ThreadCount.h"
 
 namespace {
 
@@ -88,12 +87,6 @@ class LossListener : public AudioOutputListener {
   std::string lost;
 };
 
-/// Threads of this process.
-std::size_t threads() {
-  const std::filesystem::directory_iterator tasks("/proc/self/task");
-  return static_cast<std::size_t>(std::distance(begin(tasks), end(tasks)));
-}
-
 TEST_F(Application, WithoutAServerTheOutputIsLostSoon) {
   const TemporaryFolder folder;
   const EnvironmentVariable server("PULSE_SERVER", "unix:" + folder.path().native() + "/nobody");
@@ -152,7 +145,7 @@ TEST_F(Application, AFormatThatNoServerTakesIsALossThatSaysSo) {
 }
 
 TEST_F(Application, NothingIsPlayedToItsEndWithoutAServer) {
-  const std::size_t before = threads();
+  const std::size_t before = ThreadCount::now();
   LossListener listener;
   PulseOutput output({0, 0});
   output.attach(nullptr, &listener);
@@ -164,7 +157,7 @@ TEST_F(Application, NothingIsPlayedToItsEndWithoutAServer) {
   EXPECT_TRUE(EventLoop::runUntil([&] { return listener.drains > 0; }));
   output.drain();
   EXPECT_TRUE(EventLoop::runUntil([&] { return listener.drains > 1; }));
-  EXPECT_EQ(threads(), before);
+  EXPECT_EQ(ThreadCount::now(), before);
   EXPECT_TRUE(listener.lost.empty());
 }
 
@@ -212,14 +205,14 @@ TEST_F(Application, AThreadThatCannotBeStartedIsALossWithAReason) {
 
 TEST_F(Application, AnOutputThatWasNeverStartedStartsNothingAndTellsNothing) {
   LossListener listener;
-  const std::size_t before = threads();
+  const std::size_t before = ThreadCount::now();
   {
     PulseOutput output({48000, 2});
     output.attach(nullptr, &listener);
     output.pause();
     output.flush();
     output.drain();
-    EXPECT_EQ(threads(), before);
+    EXPECT_EQ(ThreadCount::now(), before);
     QCoreApplication::processEvents();
   }
   EXPECT_TRUE(listener.lost.empty());
