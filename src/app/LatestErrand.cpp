@@ -11,9 +11,13 @@ void LatestErrand::ask(Work work) {
   _next = std::move(work);
 }
 
-void LatestErrand::drop() {
+void LatestErrand::cancel() {
   if (_cancel) *_cancel = true;
   _next = nullptr;
+}
+
+void LatestErrand::drop() {
+  cancel();
   _errand.giveUp();
 }
 
@@ -21,9 +25,9 @@ void LatestErrand::drop() {
 void LatestErrand::begin(const Work& work) {
   _cancel = std::make_shared<std::atomic<bool>>(false);
   _errand.begin([this, work, cancel = _cancel]() -> Errand::Outcome {
-    return [this, outcome = work(*cancel)] {
+    return [this, cancel, outcome = work(*cancel)] {
       if (_next) return begin(std::exchange(_next, nullptr));
-      outcome();
+      if (!*cancel) outcome();
     };
   });
 }

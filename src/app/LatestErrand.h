@@ -22,7 +22,9 @@ class LatestErrand {
   ~LatestErrand() { drop(); }
 
   void ask(Work work);
-  /// Nothing comes of what was asked for; a hanging thread is left to itself.
+  /// Nothing comes of what was asked for; what is asked next waits for its end all the same.
+  void cancel();
+  /// As `cancel`, but a hanging thread is left to itself: what is asked next has one of its own.
   void drop();
   [[nodiscard]] bool isUnderWay() const { return _errand.isUnderWay(); }
 

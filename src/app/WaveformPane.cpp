@@ -110,7 +110,7 @@ void WaveformPane::draw() {
   show(wave);
   // What is still being measured changes before the medium has told the truth about it.
   const bool isSide = _take.solo() == Solo::Side;  // which is not decoded
-  if (isSide || !_measured.isComplete()) return _reading.dropTruth();
+  if (isSide || !_measured.isComplete()) return _reading.cancelTruth();
   _reading.settle(wave, _measured.shownWidth(), _measured.gain());
 }
 

@@ -39,7 +39,7 @@ std::shared_ptr<const CloseUp> WaveformReading::closeUp(std::uint64_t from, std:
 
 void WaveformReading::settle(const Waveform& waveform, int width, double gain) {
   const auto seemsToClip = [](const Waveform::Column& column) { return column.mayClip; };
-  if (std::ranges::none_of(waveform.columns, seemsToClip)) return _truthErrand.drop();
+  if (std::ranges::none_of(waveform.columns, seemsToClip)) return _truthErrand.cancel();
   const auto reader = std::make_shared<const WaveFileReader>(_take.reader()->apart());
   _truthErrand.ask([=, this](const std::atomic<bool>& cancel) -> Errand::Outcome {
     Waveform truth = waveform;

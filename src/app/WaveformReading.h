@@ -28,7 +28,7 @@ class WaveformReading : public QObject {
   /// Reads the columns that seem to clip again; gives up what was asked before, and does nothing
   /// where none seems to.
   void settle(const Waveform& waveform, int width, double gain);
-  void dropTruth() { _truthErrand.drop(); }
+  void cancelTruth() { _truthErrand.cancel(); }
 
  signals:
   /// The close-up that was asked for last is there.

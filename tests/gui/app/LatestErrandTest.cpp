@@ -18,9 +18,17 @@ namespace {
 class Latest : public testing::Test {
  protected:
   LatestErrand::Work held(char letter) {
-    return [this, letter, counts = counts](const std::atomic<bool>& cancel) -> Errand::Outcome {
+    return work(letter, [](const std::atomic<bool>& cancel) { return cancel.load(); });
+  }
+  /// As where a medium hangs: it is not asked whether it was cancelled.
+  LatestErrand::Work hanging(char letter) {
+    return work(letter, [](const std::atomic<bool>& /*cancel*/) { return false; });
+  }
+  template <class IsOver>
+  LatestErrand::Work work(char letter, IsOver isOver) {
+    return [=, this, counts = counts](const std::atomic<bool>& cancel) -> Errand::Outcome {
       if (++counts->threads > 1) counts->wereSeveral = true;
-      while (!cancel && !counts->isLetGo) std::this_thread::yield();
+      while (!isOver(cancel) && !counts->isLetGo) std::this_thread::yield();
       --counts->threads;
       return [this, letter] { heard += letter; };
     };
@@ -65,5 +73,27 @@ TEST_F(Latest, DroppedIsNotHeard) {
   errand.drop();
   EXPECT_FALSE(errand.isUnderWay());
   EXPECT_TRUE(EventLoop::runUntil([this] { return counts->threads == 0; })) << "it was cancelled";
+  EXPECT_EQ(heard, "");
+}
+
+TEST_F(Latest, AskedAgainAfterItWasCancelledWaitsForWhatHangs) {
+  errand.ask(hanging('a'));
+  ASSERT_TRUE(EventLoop::runUntil([this] { return counts->threads == 1; }));
+  errand.cancel();
+  EXPECT_TRUE(errand.isUnderWay());
+  errand.ask(hanging('b'));
+  errand.cancel();
+  errand.ask(hanging('c'));
+  counts->isLetGo = true;
+  EXPECT_TRUE(EventLoop::runUntil([this] { return !errand.isUnderWay(); }));
+  EXPECT_EQ(heard, "c");
+  EXPECT_FALSE(counts->wereSeveral);
+}
+
+TEST_F(Latest, CancelledIsNotHeard) {
+  errand.ask(hanging('a'));
+  errand.cancel();
+  counts->isLetGo = true;
+  EXPECT_TRUE(EventLoop::runUntil([this] { return !errand.isUnderWay(); }));
   EXPECT_EQ(heard, "");
 }

@@ -15,6 +15,7 @@
 #include "gui/controls/Hands.h"
 #include "support/EventLoop.h"
 #include "support/SlowReads.h"
+#include "support/ThreadCount.h"
 
 namespace {
 
@@ -203,6 +204,26 @@ TEST_F(Waves, AreRedOnlyWhereTheyClip) {
   EXPECT_TRUE(EventLoop::runUntil([this] { return !isRedSomewhere(); })) << "it was read again";
   session->setGain(static_cast<std::int64_t>(gain) + 3);
   EXPECT_TRUE(EventLoop::runUntil([this] { return isRedSomewhere(); }));
+}
+
+// Each time that the greatest column crosses full scale its truth is asked for, or is not any more.
+TEST_F(Waves, CrossingFullScaleOnACardThatHangsTakesOneThread) {
+  openRamp();
+  measureAll();
+  const auto [width, gain] = nearlyClipping();
+  session->play();
+  session->setAngle(width);
+  SlowReads::share(takes.path().string(), 1);
+  const std::size_t before = ThreadCount::now();
+  for (int i = 0; i < 20; ++i) {
+    session->setGain(static_cast<std::int64_t>(gain));
+    session->setGain(static_cast<std::int64_t>(gain) - 20);
+  }
+  session->setGain(static_cast<std::int64_t>(gain));
+  EXPECT_LE(ThreadCount::now(), before + 1);
+  EXPECT_TRUE(isRedSomewhere());
+  SlowReads::reset();
+  EXPECT_TRUE(EventLoop::runUntil([this] { return !isRedSomewhere(); })) << "it was read after all";
 }
 
 TEST_F(Waves, TurnTheDialWithoutTheFile) {
