@@ -4,7 +4,9 @@
 #include "app/ValueField.h"
 
 #include <QEvent>
+#include <QFocusEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QRegularExpression>
 #include <algorithm>
 #include <cmath>
@@ -13,6 +15,17 @@
 namespace {
 
 constexpr QSize kField{64, 26};
+
+bool isLeftPress(const QEvent& event) {
+  return event.type() == QEvent::MouseButtonPress &&
+         static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton;
+}
+
+// The focus is only lent to a menu of the field's own.
+bool isAbandoned(const QEvent& event) {
+  return event.type() == QEvent::FocusOut &&
+         static_cast<const QFocusEvent&>(event).reason() != Qt::PopupFocusReason;
+}
 
 }  // namespace
 
@@ -53,12 +66,12 @@ void ValueField::open() {
 }
 
 bool ValueField::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == &_label && event->type() == QEvent::MouseButtonPress) {
+  if (watched == &_label && isLeftPress(*event)) {
     open();
     return true;
   }
   if (watched != _field) return false;
-  if (event->type() == QEvent::FocusOut) apply();
+  if (isAbandoned(*event)) apply();
   if (event->type() != QEvent::KeyPress) return false;
   return keyPressed(static_cast<const QKeyEvent*>(event)->key());
 }

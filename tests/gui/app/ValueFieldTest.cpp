@@ -3,6 +3,7 @@
 
 #include "app/ValueField.h"
 
+#include <QContextMenuEvent>
 #include <QTest>
 
 #include "WindowFixture.h"
@@ -93,6 +94,29 @@ TEST_F(Typed, LeavingTheFieldSetsTheValue) {
   ASSERT_NE(type(stage().lblGainValue, "3"), nullptr);
   view().browser->tableFile->setFocus();
   EXPECT_EQ(player().gain(), 3);
+}
+
+TEST_F(Typed, TheFieldsOwnMenuDoesNotCloseIt) {
+  openTake();
+  QLineEdit* const field = type(stage().lblGainValue, "3");
+  ASSERT_NE(field, nullptr);
+  QContextMenuEvent asked(QContextMenuEvent::Mouse, {5, 5}, field->mapToGlobal(QPoint(5, 5)));
+  QCoreApplication::sendEvent(field, &asked);
+  QWidget* const menu = QApplication::activePopupWidget();
+  ASSERT_NE(menu, nullptr);
+  EXPECT_TRUE(field->isVisible());
+  menu->close();
+  EXPECT_TRUE(field->isVisible());
+  QTest::keyClick(field, Qt::Key_Return);
+  EXPECT_EQ(player().gain(), 3);
+}
+
+TEST_F(Typed, OtherButtonsOpenNoField) {
+  openTake();
+  for (const auto button : {Qt::RightButton, Qt::MiddleButton}) {
+    QTest::mouseClick(stage().lblGainValue, button);
+    EXPECT_EQ(stage().findChild<QLineEdit*>(), nullptr);
+  }
 }
 
 TEST_F(Typed, LettersInTheFieldAreNoKeysOfTheWindow) {
