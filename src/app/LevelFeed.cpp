@@ -119,7 +119,7 @@ void LevelFeed::showPeaks() {
 void LevelFeed::update(double interval) {
   if (!_heard) return;
   const double time = _take.playedTime();
-  if (_isByRule) return updateByRule(time, interval);
+  if (_isByRule && _take.solo() == Solo::None) return updateByRule(time, interval);
   updateTruly(time, interval);
 }
 
@@ -155,6 +155,10 @@ void LevelFeed::updateTruly(double time, double interval) {
   }
   _view.lvlLeft->setLevel(meterLevel(left));
   _view.lvlRight->setLevel(meterLevel(right));
+  if (!_isByRule) keepPeaks(left, right);
+}
+
+void LevelFeed::keepPeaks(double left, double right) {
   _peakLeft.add(left);
   _peakRight.add(right);
   showPeaks();

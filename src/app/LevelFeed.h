@@ -17,7 +17,7 @@
 ///
 /// A level is the greatest magnitude of the decoded stretch. By the recorder's rule it is what the
 /// greatest Mid and the greatest Side would give if they came together, which lights the left where
-/// a raw take has a source on the right; no peaks are kept then.
+/// a raw take has a source on the right, unless one of them is heard alone; no peaks are kept then.
 class LevelFeed : public QObject {
   Q_OBJECT
 
@@ -47,6 +47,7 @@ class LevelFeed : public QObject {
   void begin();
   void updateByRule(double time, double interval);
   void updateTruly(double time, double interval);
+  void keepPeaks(double left, double right);
   void showPeaks();
 
   StageView& _view;

@@ -309,6 +309,20 @@ TEST_F(Feed, LightsTheRightForASourceOnTheRight) {
   EXPECT_EQ(view.clipRight->figure(), "–") << "keeps no peak by that rule";
 }
 
+TEST_F(Feed, ShowsWhatIsHeardAloneByTheRecordersRuleToo) {
+  openAndLoad("a.WAV");
+  session->setAngle(120.0);
+  feed->setByRecordersRule(true);
+  session->setSolo(Solo::Side);
+  feed->update(LevelFeed::kInterval);
+  EXPECT_EQ(view.lvlLeft->level(), 36) << "Side is 0.25";
+  EXPECT_EQ(view.lvlRight->level(), 36);
+  EXPECT_EQ(view.clipLeft->figure(), "–");
+  session->setSolo(Solo::None);
+  feed->update(LevelFeed::kInterval);
+  EXPECT_EQ(view.lvlLeft->level(), 46) << "0.75 is 2.5 dB under full scale";
+}
+
 TEST_F(Feed, MagnitudesCountOnBothSidesOfZero) {
   const auto data = WaveBytes::samples24(repeated({-0.5, 0, 0.125, 0}, kRate));
   const auto file = takes.file("n.WAV", WaveBytes().recorderBext(true).format24().data(data).get());
