@@ -82,6 +82,9 @@ void FilePanel::makeName() {
   _name = new QLineEdit(this);
   _name->setObjectName(QStringLiteral("fileNameEdit"));
   _name->setAccessibleName(tr("Name"));
+  connect(_name, &QLineEdit::textChanged, this, [this] {
+    if (_isLooking) rest();
+  });
 }
 
 void FilePanel::layOut(const QString& end) {
@@ -178,7 +181,8 @@ void FilePanel::look(const std::filesystem::path& folder, const std::filesystem:
       then(found);
     };
   };
-  if (!begin(work, tr("Looking for “%1”…").arg(nameOf(file)))) then(std::nullopt);
+  _isLooking = begin(work, tr("Looking for “%1”…").arg(nameOf(file)));
+  if (!_isLooking) then(std::nullopt);
 }
 
 bool FilePanel::begin(const Errand::Work& work, const QString& goesOn) {
@@ -191,6 +195,7 @@ bool FilePanel::begin(const Errand::Work& work, const QString& goesOn) {
 
 void FilePanel::rest() {
   _errand.giveUp();
+  _isLooking = false;
   _slow.stop();
   say({});
 }

@@ -47,7 +47,8 @@ class FilePanel : public QDialog {
 
   /// A sentence over everything.
   void setMessage(const QString& text);
-  /// Looks on another thread, and gives up the look before.
+  /// Looks on another thread, and gives up the look before. Another name gives this one up: what
+  /// was taken is not what is named any more.
   void look(const std::filesystem::path& folder, const std::filesystem::path& file,
             const Then& then);
   /// Begins what waits for a medium, and tells of it by `goesOn` where it takes long. Its outcome
@@ -95,6 +96,7 @@ class FilePanel : public QDialog {
   QLabel* _status = nullptr;
   std::optional<WavItem> _picked;
   Errand _errand;
+  bool _isLooking = false;  ///< is what the errand is about
   QTimer _slow;
   QString _goesOn;
 };

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "DialogFixture.h"
+#include "support/ThreadCount.h"
 
 namespace {
 
@@ -90,6 +91,20 @@ TEST_F(FolderPanelTest, RefusesWhatIsNoFolder) {
     EXPECT_TRUE(says(QString("“%1” is no folder.").arg(name)));
   }
   EXPECT_THAT(_chosen, IsEmpty());
+}
+
+// The thread that looks ends once its answer was heard, or given up.
+TEST_F(FolderPanelTest, AnotherNameGivesUpTheLookForTheOneBefore) {
+  std::filesystem::create_directory(path("inner"));
+  openPanel();
+  ASSERT_TRUE(hasRows(1));
+  const std::size_t before = ThreadCount::now();
+  edit()->setText("inner");
+  click(*_panel, "Choose");
+  QTest::keyClicks(edit(), "most");
+  EXPECT_TRUE(waitUntil([&] { return ThreadCount::now() <= before; }));
+  EXPECT_THAT(_chosen, IsEmpty());
+  EXPECT_TRUE(_panel && _panel->isVisible());
 }
 
 TEST_F(FolderPanelTest, EscapeChoosesNothing) {

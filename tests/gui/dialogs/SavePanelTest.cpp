@@ -14,6 +14,7 @@
 
 #include "DialogFixture.h"
 #include "controls/Artwork.h"
+#include "support/ThreadCount.h"
 
 namespace {
 
@@ -189,6 +190,25 @@ TEST_F(SavePanelTest, CompletesWhatWasTyped) {
   type("take1.mp3");
   EXPECT_TRUE(isGone());
   EXPECT_THAT(_chosen, ElementsAre(choice("take1.mp3.WAV", Existing::Refuse)));
+}
+
+// The thread that looks ends once its answer was heard, or given up.
+TEST_F(SavePanelTest, AnotherNameGivesUpTheLookForTheOneBefore) {
+  take("there.WAV");
+  _panel->openFolder(_folder.path());
+  ASSERT_TRUE(waitUntil([this] { return rows().size() == 1; }));
+  const std::size_t before = ThreadCount::now();
+  type("old");
+  QTest::keyClicks(edit(), "er");
+  EXPECT_TRUE(waitUntil([&] { return ThreadCount::now() <= before; }));
+  type("older");
+  list()->selectRow(0);
+  EXPECT_TRUE(waitUntil([&] { return ThreadCount::now() <= before; }));
+  EXPECT_THAT(_chosen, IsEmpty());
+  ASSERT_TRUE(_panel && _panel->isVisible());
+  type("new");
+  EXPECT_TRUE(isGone());
+  EXPECT_THAT(_chosen, ElementsAre(choice("new.WAV", Existing::Refuse)));
 }
 
 TEST_F(SavePanelTest, EscapeChoosesNothing) {
