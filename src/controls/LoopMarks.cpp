@@ -27,23 +27,18 @@ bool LoopMarks::set(const std::optional<Marks>& marks) {
   return true;
 }
 
-bool LoopMarks::isMark(const TimeWindow& window, double place) const {
-  if (!_marks) return false;
-  return isNear(window, place, _marks->a) || (_marks->b && isNear(window, place, *_marks->b));
+// Of two marks in reach the later one: it can always be moved away.
+std::optional<double> LoopMarks::opposite(const TimeWindow& window, double place) const {
+  if (!_marks || !_marks->b) return std::nullopt;
+  if (isNear(window, place, *_marks->b)) return _marks->a;
+  return isNear(window, place, _marks->a) ? _marks->b : std::nullopt;
 }
 
 void LoopMarks::press(const TimeWindow& window, double place) {
   _isHeld = true;
   _isDragged = false;
   _pressed = place;
-  _fixed = window.timeAt(place);
-  if (!_marks || !_marks->b) return;
-  // Of two marks in reach the later one: it can always be moved away.
-  if (isNear(window, place, *_marks->b)) {
-    _fixed = _marks->a;
-  } else if (isNear(window, place, _marks->a)) {
-    _fixed = *_marks->b;
-  }
+  _fixed = opposite(window, place).value_or(window.timeAt(place));
 }
 
 void LoopMarks::drag(const TimeWindow& window, double place) {

@@ -9,8 +9,8 @@
 #include "controls/TimeWindow.h"
 
 /// The marks A and B of a stretch of a take, drawn over its picture and moved by hand in the ruler:
-/// a drag begins new ones, a drag that begins on a mark moves that one. Times are seconds, places
-/// those of the `TimeWindow`. Interface thread.
+/// a drag begins new ones, a drag that begins on a mark moves that one once both are set. Times are
+/// seconds, places those of the `TimeWindow`. Interface thread.
 class LoopMarks {
  public:
   struct Marks {
@@ -28,8 +28,10 @@ class LoopMarks {
   /// As they are, or, during a drag, as they would be.
   [[nodiscard]] const std::optional<Marks>& marks() const { return _isDragged ? _drawn : _marks; }
 
-  /// Whether there is a mark at this place.
-  [[nodiscard]] bool isMark(const TimeWindow& window, double place) const;
+  /// Whether a drag from this place moves a mark: A alone is none that can be moved.
+  [[nodiscard]] bool isMark(const TimeWindow& window, double place) const {
+    return opposite(window, place).has_value();
+  }
   void press(const TimeWindow& window, double place);
   void drag(const TimeWindow& window, double place);
   /// What was drawn, with both marks; none where nothing was dragged.
@@ -44,6 +46,8 @@ class LoopMarks {
   void drawMarks(QPainter& painter, const TimeWindow& window, const QRectF& body) const;
 
  private:
+  /// The time of the other mark, where there is one of the two at this place.
+  [[nodiscard]] std::optional<double> opposite(const TimeWindow& window, double place) const;
   static void drawMark(QPainter& painter, double x, const QRectF& body, const QString& letter);
 
   std::optional<Marks> _marks;

@@ -104,6 +104,19 @@ TEST_F(Loop, IsSetAndClearedByItsKey) {
   expectNone();
 }
 
+TEST_F(Loop, AnAAloneIsNotMovedAndDoesNotLookAsIfItWere) {
+  openTake();
+  player().pause();
+  wave().adjust(2, AdjustCause::Key);
+  press(Qt::Key_L);
+  Hands::move(wave(), ruler(2));
+  EXPECT_EQ(wave().cursor().shape(), Qt::ArrowCursor);
+  drag(ruler(2), ruler(4));
+  expectLoop(2, 4);
+  Hands::move(wave(), ruler(2));
+  EXPECT_EQ(wave().cursor().shape(), Qt::SizeHorCursor);
+}
+
 TEST_F(Loop, TakesItsMarksInEitherOrder) {
   openTake();
   player().pause();
