@@ -5,6 +5,8 @@
 
 #include <QPushButton>
 
+#include "controls/Appearance.h"
+
 namespace {
 
 constexpr int kTextWidth = 210;
@@ -48,7 +50,7 @@ void HelpVC::addLines(QGridLayout& grid, int column, const QString& heading,
     QLabel* const key = label(line.key);
     key->setWordWrap(false);
     QLabel* const what = label(line.what, "dim");
-    what->setFixedWidth(kTextWidth);
+    what->setFixedWidth(Appearance::lineWidth(kTextWidth, font()));
     grid.addWidget(key, row, column, Qt::AlignTop);
     grid.addWidget(what, row++, column + 1, Qt::AlignTop);
   }

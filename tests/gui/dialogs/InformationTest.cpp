@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QMessageBox>
 #include <QTest>
+#include <type_traits>
 
 #include "DialogFixture.h"
 #include "base/Utility.h"
@@ -11,18 +12,30 @@
 #include "controls/Colors.h"
 #include "dialogs/AboutVC.h"
 #include "dialogs/Alert.h"
+#include "dialogs/HelpVC.h"
 #include "dialogs/IntroductionVC.h"
 #include "dialogs/NodeviceVC.h"
 
 namespace {
 
+constexpr auto kLongLine = "One second back or forward; ten seconds";
+
 class InformationTest : public DialogFixture {
  protected:
   template <typename Dialog>
   QPointer<Dialog> make() {
-    QPointer<Dialog> dialog(new Dialog(_mainWindow.get()));
+    QPointer<Dialog> dialog(newDialog<Dialog>());
     dialog->setParentFrame(showMainWindow());
     return dialog;
+  }
+  template <typename Dialog>
+  Dialog* newDialog() {
+    if constexpr (std::is_same_v<Dialog, HelpVC>) {
+      return new HelpVC({{"Ctrl+E", "Export"}, {"Left, Right; with Shift", kLongLine}},
+                        _mainWindow.get());
+    } else {
+      return new Dialog(_mainWindow.get());
+    }
   }
   QPointer<IntroductionVC> introduce(bool isFromMenu) {
     const auto dialog = make<IntroductionVC>();
@@ -83,6 +96,7 @@ TEST_F(InformationTest, ALargerFontGetsLargerDialogsNotMoreLines) {
   EXPECT_EQ(linesIn<AboutVC>(13), linesIn<AboutVC>(26));
   EXPECT_EQ(linesIn<NodeviceVC>(13), linesIn<NodeviceVC>(26));
   EXPECT_EQ(linesIn<IntroductionVC>(13), linesIn<IntroductionVC>(26));
+  EXPECT_EQ(linesIn<HelpVC>(13), linesIn<HelpVC>(26));
 }
 
 TEST_F(InformationTest, AWindowOfOddSizeIsMetByThePixelBelow) {
