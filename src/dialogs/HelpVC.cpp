@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "controls/Appearance.h"
+#include "dsp/SideGain.h"
 
 namespace {
 
@@ -18,7 +19,8 @@ std::vector<HelpVC::Line> pointerLines() {
           {HelpVC::tr("Ruler over it"), HelpVC::tr("A drag loops; A and B can be moved there")},
           {HelpVC::tr("Gain"), HelpVC::tr("A double click on the knob resets it")},
           {HelpVC::tr("Width and gain"), HelpVC::tr("A click on the value lets you type one")},
-          {HelpVC::tr("Recorder in the dial"), HelpVC::tr("A double click turns to 120°")},
+          {HelpVC::tr("Recorder in the dial"),
+           HelpVC::tr("A double click turns to %1°").arg(SideGain::kUnityAngle)},
           {HelpVC::tr("Peaks"), HelpVC::tr("A click on a figure or lamp clears them")},
           {HelpVC::tr("Escape"), HelpVC::tr("Clears the loop, or gives up what takes long")}};
 }
