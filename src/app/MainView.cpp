@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "app/WindowAccessible.h"
+#include "controls/AccessibleFactory.h"
 #include "controls/Colors.h"
 #include "controls/PopupAccessible.h"
 
@@ -68,11 +69,15 @@ QString lookOfParts() {
            Colors::dimText().name(), Colors::AppBG().name());
 }
 
+QAccessibleInterface* makeInterface(MainView& view) {
+  return new WindowAccessible(view);
+}
+
 }  // namespace
 
 MainView::MainView(QWidget* parent) : QWidget(parent) {
   PopupAccessible::install();  // before the pop-ups, which are the toolkit's
-  WindowAccessible::install();
+  AccessibleFactory::install<MainView, makeInterface>();
   setStyleSheet(lookOfParts());
   auto* const left = new QVBoxLayout;
   left->setSpacing(kGap);

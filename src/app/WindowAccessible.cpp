@@ -3,41 +3,31 @@
 
 #include "app/WindowAccessible.h"
 
-#include "app/MainView.h"
-#include "controls/AccessibleFactory.h"
-
-namespace {
-
-QAccessibleInterface* makeInterface(MainView& view) {
-  return new WindowAccessible(view);
-}
-
-}  // namespace
-
-void WindowAccessible::install() {
-  AccessibleFactory::install<MainView, makeInterface>();
-}
+#include <QMenu>
+#include <algorithm>
 
 // With a role: the toolkit takes a plain widget for a filler, also where it is the window.
-WindowAccessible::WindowAccessible(MainView& view)
-    : QAccessibleWidget(&view, QAccessible::Window), _view(view) {}
+WindowAccessible::WindowAccessible(QWidget& window)
+    : QAccessibleWidget(&window, QAccessible::Window) {}
 
-bool WindowAccessible::isMenuOpen() const {
-  return _view.menu != nullptr && _view.menu->isVisible();
+QMenu* WindowAccessible::openMenu() const {
+  const auto menus = widget()->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+  const auto open = std::ranges::find_if(menus, &QMenu::isVisible);
+  return open == menus.end() ? nullptr : *open;
 }
 
 int WindowAccessible::childCount() const {
-  return QAccessibleWidget::childCount() + (isMenuOpen() ? 1 : 0);
+  return QAccessibleWidget::childCount() + (openMenu() == nullptr ? 0 : 1);
 }
 
 QAccessibleInterface* WindowAccessible::child(int index) const {
-  return isMenuOpen() && index == QAccessibleWidget::childCount()
-             ? QAccessible::queryAccessibleInterface(_view.menu)
+  return index == QAccessibleWidget::childCount()
+             ? QAccessible::queryAccessibleInterface(openMenu())
              : QAccessibleWidget::child(index);
 }
 
 int WindowAccessible::indexOfChild(const QAccessibleInterface* child) const {
-  return isMenuOpen() && child != nullptr && child->object() == _view.menu
+  return child != nullptr && child->object() != nullptr && child->object() == openMenu()
              ? QAccessibleWidget::childCount()
              : QAccessibleWidget::indexOfChild(child);
 }

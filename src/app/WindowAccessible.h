@@ -4,16 +4,13 @@
 
 #include <QAccessibleWidget>
 
-class MainView;
+class QMenu;
 
-/// The window for assistive software: its parts and, while it is open, its menu, which the toolkit
+/// A window for assistive software: its parts and, while it is open, its menu, which the toolkit
 /// itself leaves out of the tree. Interface thread.
 class WindowAccessible : public QAccessibleWidget {
  public:
-  /// Has windows read this way from now on; calling again changes nothing.
-  static void install();
-
-  explicit WindowAccessible(MainView& view);
+  explicit WindowAccessible(QWidget& window);
 
   [[nodiscard]] int childCount() const override;
   /// The open menu comes after the parts.
@@ -21,7 +18,6 @@ class WindowAccessible : public QAccessibleWidget {
   [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override;
 
  private:
-  [[nodiscard]] bool isMenuOpen() const;
-
-  const MainView& _view;
+  /// Of the menus whose parent is the window; null: none is open.
+  [[nodiscard]] QMenu* openMenu() const;
 };
