@@ -162,6 +162,32 @@ void addLyingSizes(Seeds& seeds) {
   }
 }
 
+WaveBytes longTake(std::uint64_t dataSize, const Bytes& table = Bytes(4)) {
+  return WaveBytes().ds64(~std::uint64_t{0}, dataSize, table).recorderBext().format24();
+}
+
+void addLongTakes(Seeds& seeds) {
+  const Bytes samples = tone24(20);
+  const Bytes table = ByteBuilder().u32(1).text("axml").u64(3).get();
+  const Bytes manyEntries = ByteBuilder().u32(kMost32).text("axml").u64(~std::uint64_t{0}).get();
+  const auto data = [&](WaveBytes bytes) { return bytes.chunk("data", kMost32, samples); };
+  seeds.file("rf64", data(longTake(samples.size())).chunk("LIST", Bytes(4)).getLong());
+  seeds.file("bw64", data(longTake(samples.size())).getLong("BW64"));
+  seeds.file("rf64-data-of-none", data(longTake(0)).getLong());
+  seeds.file("rf64-data-beyond-the-file", data(longTake(std::uint64_t{5} << 30)).getLong());
+  seeds.file("rf64-data-of-most", data(longTake(~std::uint64_t{0})).getLong());
+  seeds.file("rf64-data-wraps", data(longTake(~std::uint64_t{0} - 700)).getLong());
+  seeds.file("rf64-table",
+             data(longTake(samples.size(), table).chunk("axml", kMost32, Bytes(4))).getLong());
+  seeds.file(
+      "rf64-table-too-long",
+      data(longTake(samples.size(), manyEntries).chunk("axml", kMost32, Bytes(3))).getLong());
+  seeds.file("rf64-no-sizes", recording().data(samples).getLong());
+  seeds.file(
+      "rf64-sizes-short",
+      WaveBytes().chunk("ds64", Bytes(27)).recorderBext().format24().data(samples).getLong());
+}
+
 void addChunks(Seeds& seeds) {
   const Bytes samples = tone24(20);
   const Bytes odd(3);
@@ -312,6 +338,7 @@ int main(int count, char** arguments) {
   addFormats(seeds);
   addAbsurdFormats(seeds);
   addLyingSizes(seeds);
+  addLongTakes(seeds);
   addChunks(seeds);
   addBroken(seeds);
   addSettings(seeds);

@@ -43,6 +43,9 @@ CLI::App* ExportCommand::declare(CLI::App& program) {
       ->type_name("FORMAT")
       ->check(CLI::IsMember({"24", "float32"}))
       ->capture_default_str();
+  command->add_option("--rf64", _rf64, "What passes 4 GiB: auto (an RF64 file) or never (none)")
+      ->check(CLI::IsMember({"auto", "never"}))
+      ->capture_default_str();
   declareTarget(*command);
   command->add_option("--jobs", _jobs, "Files at the same time; default: one a processor")
       ->type_name("N")
@@ -141,6 +144,7 @@ ExportCommand::End ExportCommand::exportItem(const ExportPlan::Item& item, std::
                                              ProgressLine& line) const {
   Export job(item.source);
   job.setExisting(_force ? AtomicFile::Existing::Replace : AtomicFile::Existing::Refuse);
+  job.setLongOutput(_rf64 == "auto" ? Export::LongOutput::Rf64 : Export::LongOutput::Refuse);
   const std::string refused = refusal(item, job);
   if (!refused.empty()) {
     line.message(refused);

@@ -52,6 +52,7 @@ class ExportCommand : public Command {
   std::optional<double> _loudness;
   double _truePeak = -1;
   std::string _format = "24";
+  std::string _rf64 = "auto";
   unsigned _jobs = 0;
   bool _normalize = false;
   bool _force = false;

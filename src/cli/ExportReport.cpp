@@ -35,10 +35,10 @@ std::string ExportReport::line(const Export& job) const {
       job.reader()->isBoMSFormat()
           ? fmt::format("width {}", WaveFileReader::wholeAngle(_settings.angle))
           : "not M/S, channels as they are";
-  const std::string text =
-      fmt::format("{} -> {}: {}, {}, {}, {} bytes", job.getFilePath().native(), _target.native(),
-                  _settings.is24bit ? "24-bit" : "32-bit float", width, levelText(job),
-                  job.outputSize(_settings.is24bit));
+  const std::string text = fmt::format(
+      "{} -> {}: {}, {}, {}, {} bytes{}", job.getFilePath().native(), _target.native(),
+      _settings.is24bit ? "24-bit" : "32-bit float", width, levelText(job),
+      job.outputSize(_settings.is24bit), job.isRf64(_settings.is24bit) ? " as RF64" : "");
   return printable(text) + "\n";
 }
 

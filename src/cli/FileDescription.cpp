@@ -149,6 +149,8 @@ std::string FileDescription::text() const {
   text += fmt::format("  {} channels, {} Hz, {}-bit {}, {}\n", header.NumChannels,
                       header.SampleRate, header.BitsPerSample, encodingText(header),
                       TimeText::of(_reader->durationSeconds()));
+  if (header.isLong())
+    text += fmt::format("  {}, with 64-bit sizes\n", identifierText(header.ChunkID));
   const std::string warning = isRecording() ? audioWarning(*_reader) : "";
   if (!warning.empty()) text += fmt::format("  {}\n", warning);
   text += chunkLines();

@@ -6,7 +6,6 @@
 #include <QCoreApplication>
 #include <QLocale>
 #include <algorithm>
-#include <limits>
 #include <system_error>
 
 namespace {
@@ -73,12 +72,13 @@ QString ExportFacts::warning(bool is24bit, std::optional<std::uint64_t> free) co
         .arg(oddBits);
   }
   const std::uint64_t size = is24bit ? size24 : size32;
-  if (size > std::numeric_limits<std::uint32_t>::max()) {
-    return QCoreApplication::translate("ExportFacts", "Too long: a WAVE file ends at 4 GiB");
+  if (free && *free < size) {
+    return QCoreApplication::translate("ExportFacts", "Only %1 free in this folder")
+        .arg(sizeOf(*free));
   }
-  if (!free || *free >= size) return {};
-  return QCoreApplication::translate("ExportFacts", "Only %1 free in this folder")
-      .arg(sizeOf(*free));
+  if (!ChunkSizes::isRf64(size)) return {};
+  return QCoreApplication::translate("ExportFacts",
+                                     "Over 4 GiB: written as RF64, which not every program reads");
 }
 
 std::optional<std::uint64_t> ExportFacts::freeIn(const std::filesystem::path& folder) {

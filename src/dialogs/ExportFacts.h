@@ -26,8 +26,8 @@ struct ExportFacts {
   [[nodiscard]] QString sizeText(bool is24bit) const;
   /// As of an export of these frames alone.
   [[nodiscard]] ExportFacts only(const FrameRange& range) const;
-  /// Why the export would be noise, or would not fit into a file or into a folder with so many
-  /// bytes `free`; empty when it is neither, and where that cannot be told.
+  /// Why the export would be noise, would not fit into a folder with so many bytes `free`, or is
+  /// too long for a RIFF file; empty when it is none of these, and where that cannot be told.
   [[nodiscard]] QString warning(bool is24bit, std::optional<std::uint64_t> free) const;
   /// Bytes that a folder has room for; none where that cannot be told. Any thread; waits for the
   /// medium.

@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::uint32_t kJunkSize = 28;
 constexpr std::uint32_t kFormatSize = 18;
-constexpr std::uint32_t kRiffSizePosition = 4;
 constexpr std::uint64_t kChunkHeader = 8;
 constexpr std::uint64_t kRiffHeader = 12;
 constexpr std::size_t kStreamBlock = 1 << 18;
@@ -34,7 +33,7 @@ std::uint64_t bextSize(std::string_view codingHistory) {
 
 BwfWriter::BwfWriter(const WaveFileReader* reader, const BextChunkInfo& bext, bool is24bit) {
   const WaveHeader source = reader == nullptr ? WaveHeader() : reader->header();
-  appendU32(source.ChunkID);
+  appendU32(source.isLong() ? kRiffID : source.ChunkID);
   appendU32(0);
   appendU32(source.Format);
   appendU32(stringToInt32("JUNK"));
@@ -98,6 +97,7 @@ void BwfWriter::appendBext(const BextChunkInfo& bext) {
 void BwfWriter::appendFormat(const WaveHeader& source, bool is24bit) {
   const std::uint16_t bits = bitsPerSample(is24bit);
   const auto blockAlign = static_cast<std::uint16_t>(bits / 8 * source.NumChannels);
+  _frameBytes = blockAlign;
   appendU32(stringToInt32("fmt "));
   appendU32(kFormatSize);
   appendU16(is24bit ? kFormatPCM : kFormatFloat);
@@ -149,8 +149,7 @@ void BwfWriter::finishSending() {
   if (_stream && _failure.empty()) _failure = _stream->failure();
 }
 
-void BwfWriter::patchU32(std::uint32_t position, std::uint32_t value) {
-  const auto bytes = std::as_bytes(std::span(&value, 1));
+void BwfWriter::patch(std::uint32_t position, std::span<const std::byte> bytes) {
   if (_streamed == 0) {
     std::copy(bytes.begin(), bytes.end(), _data.begin() + position);
   } else if (_stream) {
@@ -162,8 +161,10 @@ void BwfWriter::FixUpChunkSizes() {
   if (_isDisposed) return;
   finishSending();
   const std::uint64_t length = _streamed + _data.size();
-  patchU32(kRiffSizePosition, static_cast<std::uint32_t>(length - kChunkHeader));
-  patchU32(_dataChunkSizePosition, _dataLength);
+  for (const auto& [position, bytes] :
+       ChunkSizes::patches(length, _dataLength, _frameBytes, _dataChunkSizePosition)) {
+    patch(position, bytes);
+  }
 }
 
 // Empty where nothing stands against it.

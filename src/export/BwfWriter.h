@@ -13,11 +13,14 @@
 
 #include "export/AtomicFile.h"
 #include "export/BackgroundWriter.h"
+#include "export/ChunkSizes.h"
 #include "export/RawBytes.h"
 #include "wav/BextChunkInfo.h"
 #include "wav/WaveFileReader.h"
 
-/// Assembles one Broadcast Wave file: RIFF, JUNK (28 zero bytes), bext, an 18-byte fmt, data.
+/// Assembles one Broadcast Wave file: RIFF, JUNK (28 zero bytes), bext, an 18-byte fmt, data. One
+/// that 32-bit sizes do not reach becomes RF64 in the end (EBU Tech 3306), with a chunk ds64 in the
+/// room of JUNK; nothing else of it is another.
 ///
 /// Order of use: construct, `Write` the sample bytes, `FixUpChunkSizes`, `Save2File`. The file is
 /// held in memory until it is saved, unless `streamTo` comes before the first `Write`: then the
@@ -63,7 +66,7 @@ class BwfWriter {
   // No program calls what follows; it belongs to the system's interface.
 
   /// Sample bytes so far.
-  [[nodiscard]] std::uint32_t dataLength() const { return _dataLength; }
+  [[nodiscard]] std::uint64_t dataLength() const { return _dataLength; }
   /// Where the data chunk's size field is.
   [[nodiscard]] std::uint32_t dataChunkSizePosition() const { return _dataChunkSizePosition; }
 
@@ -75,14 +78,15 @@ class BwfWriter {
   void appendField(std::string_view text, std::size_t width);
   void appendBext(const BextChunkInfo& bext);
   void appendFormat(const WaveHeader& source, bool is24bit);
-  void patchU32(std::uint32_t position, std::uint32_t value);
+  void patch(std::uint32_t position, std::span<const std::byte> bytes);
   void sendOut();
   void finishSending();
   [[nodiscard]] std::string_view whyNotSaved(const std::filesystem::path& path) const;
 
   RawBytes _data;
   std::uint32_t _dataChunkSizePosition = 0;
-  std::uint32_t _dataLength = 0;
+  std::uint64_t _dataLength = 0;
+  std::uint16_t _frameBytes = 0;
   std::unique_ptr<AtomicFile> _stream;
   std::filesystem::path _streamPath;  ///< empty while the file is held in memory
   std::unique_ptr<BackgroundWriter> _sender;

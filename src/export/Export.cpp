@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 #include <system_error>
 
 #include "analysis/TakeAnalyzer.h"
@@ -145,9 +144,9 @@ std::string Export::whyNot(const std::filesystem::path& path, bool is24bit) cons
 std::string Export::whyNotAtAll(const std::filesystem::path& path, bool is24bit) const {
   if (!_isFileValid || !_reader->image()) return "No recording is open";
   if (isSource(path)) return "The target is the source itself";
-  const std::uint64_t size = outputSize(is24bit);
-  if (size <= std::numeric_limits<std::uint32_t>::max()) return {};
-  return fmt::format("The export would take {} bytes; a WAVE file ends at 4 GiB", size);
+  if (_longOutput == LongOutput::Rf64 || !isRf64(is24bit)) return {};
+  return fmt::format("The export would take {} bytes; a WAVE file ends at 4 GiB",
+                     outputSize(is24bit));
 }
 
 bool Export::prepare(const std::filesystem::path& path, BwfWriter& writer) {

@@ -13,6 +13,7 @@
 
 #include "export/AtomicFile.h"
 #include "export/BwfWriter.h"
+#include "export/ChunkSizes.h"
 #include "export/Clipping.h"
 #include "export/FrameRange.h"
 #include "export/LoudnessGain.h"
@@ -39,6 +40,9 @@ class Export {
 
   /// The same of an export of a stretch, from mark A to mark B: "<name>_Decode_A-B.WAV".
   static std::filesystem::path nameForSelection(const std::filesystem::path& source);
+
+  /// What becomes of an output that 32-bit sizes do not reach.
+  enum class LongOutput { Rf64, Refuse };
 
   explicit Export(const std::filesystem::path& filePath);
   Export(const Export&) = delete;
@@ -72,6 +76,11 @@ class Export {
   [[nodiscard]] bool wasCancelled() const { return _wasCancelled; }
   /// Bytes that an export in this width comes to; 0 where no file could be read.
   [[nodiscard]] std::uint64_t outputSize(bool is24bit) const;
+
+  /// Whether an export in this width is written as RF64.
+  [[nodiscard]] bool isRf64(bool is24bit) const { return ChunkSizes::isRf64(outputSize(is24bit)); }
+  /// It is written as RF64, unless this says otherwise.
+  void setLongOutput(LongOutput longOutput) { _longOutput = longOutput; }
 
   [[nodiscard]] const std::filesystem::path& getFilePath() const { return _filePath; }
   [[nodiscard]] const std::filesystem::path& getDirPath() const { return _dirPath; }
@@ -162,6 +171,7 @@ class Export {
   Progress _progress;
   const std::atomic<bool>* _cancel = nullptr;
   AtomicFile::Existing _existing = AtomicFile::Existing::Replace;
+  LongOutput _longOutput = LongOutput::Rf64;
   std::uint64_t _framesToDo = 0;  ///< of all passes
   std::uint64_t _framesDone = 0;
   bool _wasCancelled = false;

@@ -79,8 +79,7 @@ WavArray WaveFileReader::getChunkData(const ChunkInfo& chunk, std::uint64_t most
   WavArray data;
   const std::uint64_t size = _image ? _image->size() : 0;
   if (chunk.streamPos > size) return data;
-  const std::uint64_t length =
-      std::min({std::uint64_t{chunk.chunkSize}, size - chunk.streamPos, most});
+  const std::uint64_t length = std::min({chunk.chunkSize, size - chunk.streamPos, most});
   data.bytes = static_cast<std::uint8_t*>(std::malloc(std::max<std::uint64_t>(length, 1)));
   if (data.bytes == nullptr) return data;
   const std::span block(reinterpret_cast<std::byte*>(data.bytes), length);
@@ -136,7 +135,7 @@ std::uint64_t WaveFileReader::levelEnd(double seconds) const {
   const double rate = header().SampleRate;
   const double end = rate * seconds * static_cast<double>(_cursor.frameBytes()) +
                      static_cast<double>(header().dataChunkPosition);
-  return std::min<std::uint64_t>(truncated(end), header().dataChunkLength);
+  return std::min(truncated(end), header().dataChunkLength);
 }
 
 void WaveFileReader::measureMaxima(std::uint64_t end, float& left, float& right) {

@@ -4,8 +4,11 @@
 #include "wav/WaveIndex.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
+#include <limits>
+
+#include "wav/ImageFields.h"
+#include "wav/LongSizes.h"
 
 namespace {
 
@@ -14,36 +17,7 @@ constexpr std::uint32_t kSmallestWalk = 20;
 constexpr std::uint32_t kFirstChunk = 12;
 constexpr std::uint32_t kChunkHeader = 8;
 
-// Little-endian integers of an image, fetched through a small window. Bytes past the end are 0.
-class Fields {
- public:
-  explicit Fields(const WaveImage& image) : _image(image) {}
-
-  std::uint16_t u16(std::uint64_t offset) {
-    return static_cast<std::uint16_t>(byte(offset) | byte(offset + 1) << 8);
-  }
-  std::uint32_t u32(std::uint64_t offset) {
-    return u16(offset) | static_cast<std::uint32_t>(u16(offset + 2)) << 16;
-  }
-
- private:
-  std::uint32_t byte(std::uint64_t offset) {
-    if (offset < _start || offset - _start >= _held) fetch(offset);
-    return offset - _start < _held ? std::to_integer<std::uint32_t>(_window[offset - _start]) : 0;
-  }
-  void fetch(std::uint64_t offset) {
-    _start = offset;
-    _held = _image.readAt(offset, _window);
-  }
-
-  const WaveImage& _image;
-  std::array<std::byte, 4096> _window{};
-  std::uint64_t _start = 0;
-  std::size_t _held = 0;
-};
-
-void readFormat(Fields& fields, std::uint32_t size, std::uint32_t payload, WaveIndex& index) {
-  const std::uint64_t q = payload;
+void readFormat(ImageFields& fields, std::uint32_t size, std::uint64_t q, WaveIndex& index) {
   index.header.Subchunk1ID = kFmtID;
   index.header.Subchunk1Size = size;
   index.header.AudioFormat = fields.u16(q);
@@ -55,37 +29,77 @@ void readFormat(Fields& fields, std::uint32_t size, std::uint32_t payload, WaveI
   index.encoding = index.header.AudioFormat;
 }
 
-void readData(std::uint32_t size, std::uint32_t payload, WaveHeader& header) {
-  header.dataChunkPosition = payload;
-  header.dataChunkLength = size;
-  header.dataChunkEnd = payload + size;  // wraps on purpose
+// Of a RIFF file in 32 bits, on purpose; of a longer one to the last that there is.
+std::uint64_t endOf(const ChunkInfo& data, bool isLong) {
+  const std::uint64_t end = data.streamPos + data.chunkSize;
+  if (!isLong) return static_cast<std::uint32_t>(end);
+  return end < data.streamPos ? std::numeric_limits<std::uint64_t>::max() : end;
 }
 
-// Takes in the chunk; false when it is one too many, or it runs past the end of the image and ends
-// the walk.
-bool readChunk(Fields& fields, const ChunkInfo& chunk, std::uint64_t length, WaveIndex& index) {
-  index.hasTooManyChunks = index.chunks.size() == WaveIndex::kMostChunks;
-  if (index.hasTooManyChunks) return false;
-  if (chunk.chunkID == kFmtID) {
-    readFormat(fields, chunk.chunkSize, chunk.streamPos, index);
-  } else if (chunk.chunkID == kDataID) {
-    readData(chunk.chunkSize, chunk.streamPos, index.header);
-  } else if (length - chunk.streamPos < chunk.chunkSize) {
-    return false;
-  }
-  index.chunks.push_back(chunk);
-  return true;
+void readData(const ChunkInfo& chunk, WaveHeader& header) {
+  header.dataChunkPosition = chunk.streamPos;
+  header.dataChunkLength = chunk.chunkSize;
+  header.dataChunkEnd = endOf(chunk, header.isLong());
 }
 
-void walk(Fields& fields, std::uint64_t length, std::uint64_t limit, WaveIndex& index) {
-  std::uint64_t position = kFirstChunk;
-  while (position + kChunkHeader <= limit) {
-    const ChunkInfo chunk{fields.u32(position), fields.u32(position + 4),
-                          static_cast<std::uint32_t>(position + kChunkHeader)};
-    if (!readChunk(fields, chunk, length, index)) return;
-    // In 64 bits: a size that wraps a 32-bit position would walk in circles, so it ends the walk.
-    position += kChunkHeader + std::uint64_t{chunk.chunkSize};
+/// The chunks of one image, one after the other.
+class Walk {
+ public:
+  Walk(ImageFields& fields, const std::optional<LongSizes>& sizes, WaveIndex& index)
+      : _fields(fields), _sizes(sizes), _index(index) {}
+
+  void run(std::uint64_t limit) {
+    std::uint64_t position = kFirstChunk;
+    while (position + kChunkHeader <= limit) {
+      const ChunkInfo chunk = chunkAt(position);
+      // A size beyond the limit would wrap a position, which could go in circles.
+      if (!take(chunk) || chunk.chunkSize > limit - chunk.streamPos) return;
+      position = chunk.streamPos + chunk.chunkSize + padAfter(chunk);
+    }
   }
+
+ private:
+  ChunkInfo chunkAt(std::uint64_t position) {
+    const std::uint32_t identifier = _fields.u32(position);
+    const std::uint32_t stated = _fields.u32(position + 4);
+    const std::uint64_t size = _sizes ? _sizes->chunkSize(identifier, stated) : stated;
+    return {identifier, size, position + kChunkHeader};
+  }
+
+  // The recorder writes none, other programs that write long files do, and no identifier begins
+  // with a zero.
+  std::uint64_t padAfter(const ChunkInfo& chunk) {
+    if (!_sizes || chunk.chunkSize % 2 == 0) return 0;
+    return _fields.u8(chunk.streamPos + chunk.chunkSize) == 0 ? 1 : 0;
+  }
+
+  // False when it is one too many, or it runs past the end of the image and ends the walk.
+  bool take(const ChunkInfo& chunk) {
+    _index.hasTooManyChunks = _index.chunks.size() == WaveIndex::kMostChunks;
+    if (_index.hasTooManyChunks) return false;
+    if (chunk.chunkID == kFmtID) {
+      const auto size = static_cast<std::uint32_t>(chunk.chunkSize);
+      readFormat(_fields, size, chunk.streamPos, _index);
+    } else if (chunk.chunkID == kDataID) {
+      readData(chunk, _index.header);
+    } else if (_fields.size() - chunk.streamPos < chunk.chunkSize) {
+      return false;
+    }
+    _index.chunks.push_back(chunk);
+    return true;
+  }
+
+  ImageFields& _fields;
+  const std::optional<LongSizes>& _sizes;
+  WaveIndex& _index;
+};
+
+// Where the last chunk may end.
+std::uint64_t walkLimit(std::uint32_t stated, const std::optional<LongSizes>& sizes,
+                        std::uint64_t length) {
+  const std::uint32_t riffEnd = stated + kChunkHeader;  // wraps on purpose
+  if (!sizes) return std::min<std::uint64_t>(length, riffEnd);
+  return std::min(length - kChunkHeader, sizes->riffSize(stated)) + kChunkHeader;
 }
 
 }  // namespace
@@ -93,17 +107,20 @@ void walk(Fields& fields, std::uint64_t length, std::uint64_t limit, WaveIndex& 
 void WaveIndex::parse(const WaveImage& image) {
   isValidFile = false;
   hasTooManyChunks = false;
+  lacksLongSizes = false;
   const std::uint64_t length = image.size();
   if (length < kSmallestFile) return;
-  Fields fields(image);
+  ImageFields fields(image);
   header.ChunkID = fields.u32(0);
   header.ChunkSize = fields.u32(4);
   header.Format = fields.u32(8);
-  if (header.ChunkID != kRiffID || header.Format != kWaveID) return;
+  if ((header.ChunkID != kRiffID && !header.isLong()) || header.Format != kWaveID) return;
   chunks.clear();
-  const std::uint32_t riffEnd = header.ChunkSize + kChunkHeader;  // wraps on purpose
-  const std::uint64_t limit = std::min<std::uint64_t>(length, riffEnd);
-  if (limit >= kSmallestWalk) walk(fields, length, limit, *this);
+  const auto sizes = header.isLong() ? LongSizes::read(fields) : std::nullopt;
+  lacksLongSizes = header.isLong() && !sizes;
+  if (lacksLongSizes) return;
+  const std::uint64_t limit = walkLimit(header.ChunkSize, sizes, length);
+  if (limit >= kSmallestWalk) Walk(fields, sizes, *this).run(limit);
   const bool isComplete = header.dataChunkPosition != 0 && header.Subchunk1ID == kFmtID;
   isValidFile = isComplete && !hasTooManyChunks;
 }
@@ -123,8 +140,9 @@ std::optional<ChunkInfo> WaveIndex::find(std::string_view identifier) const {
 std::string_view WaveIndex::whyInvalid(std::uint64_t imageSize) const {
   if (isValidFile) return "";
   if (imageSize < kSmallestFile) return "shorter than 48 bytes";
-  if (header.ChunkID != kRiffID) return "not a RIFF file";
+  if (header.ChunkID != kRiffID && !header.isLong()) return "not a RIFF file";
   if (header.Format != kWaveID) return "a RIFF file, but not WAVE";
+  if (lacksLongSizes) return "an RF64 file without its sizes (ds64 chunk)";
   if (hasTooManyChunks) return "more chunks than a recording has";
   if (header.Subchunk1ID != kFmtID) return "no format chunk";
   return "no data chunk";

@@ -15,7 +15,9 @@
 ///
 /// The rules are the recorder's, not quite RIFF's: an odd-sized chunk is not followed by a skipped
 /// pad byte, a "data" or "fmt " chunk may claim more bytes than the file has, and a later "fmt " or
-/// "data" chunk overrides an earlier one.
+/// "data" chunk overrides an earlier one. An RF64 or BW64 file, whose sizes may have 64
+/// bits (`LongSizes`), is read by the same rules but for two: a zero byte after an odd-sized chunk
+/// is its pad byte, and no size wraps; what is larger than the file ends with it.
 struct WaveIndex {
   /// No recording has nearly as many chunks. Each eight zero bytes would be one more, so that a
   /// file of zeros would fill the memory and be read to its end.
@@ -23,6 +25,7 @@ struct WaveIndex {
 
   bool isValidFile = false;       ///< RIFF/WAVE with a format and a data chunk, and not too many
   bool hasTooManyChunks = false;  ///< the walk was given up after `kMostChunks`
+  bool lacksLongSizes = false;    ///< RF64 or BW64 without a "ds64" chunk in its place; not walked
   std::uint64_t encoding = 0;     ///< AudioFormat of the last format chunk
   std::vector<ChunkInfo> chunks;
   WaveHeader header;

@@ -49,7 +49,7 @@ class UsageTest(Case):
     def test_help_names_every_option(self):
         text = self.expect(0, "export", "--help").stdout
         for option in ("--angle", "--gain", "--normalize", "--format", "--output", "--output-dir",
-                       "--jobs", "--force", "--dry-run", "--quiet"):
+                       "--jobs", "--force", "--dry-run", "--quiet", "--rf64"):
             self.assertIn(option, text)
 
     def test_words_that_are_missing_or_unknown(self):
@@ -73,6 +73,8 @@ class UsageTest(Case):
     def test_formats_and_jobs_that_are_unknown(self):
         for value in ("16", "32", "float", "FLOAT32", ""):
             self.assertIn("--format", self.usage_error("export", f"--format={value}", "a.wav"))
+        for value in ("always", "1", ""):
+            self.assertIn("--rf64", self.usage_error("export", f"--rf64={value}", "a.wav"))
         for value in ("0", "-1", "many", "257", "1.5"):
             self.assertIn("--jobs", self.usage_error("export", f"--jobs={value}", "a.wav"))
 
@@ -200,9 +202,19 @@ class ExportTest(Case):
     def test_dry_run_refuses_what_is_too_large(self):
         self.big_recording("long.wav", 12000)
         size = 748 + 12000 * 48000 * 8
-        self.expect(1, "export", "--dry-run", "--format", "float32", "long.wav", out="",
+        self.expect(1, "export", "--dry-run", "--rf64", "never", "--format", "float32",
+                    "long.wav", out="",
                     err=f"mixdeck-cli: long_Decode.WAV: Fail to save. The export would take {size} "
                         "bytes; a WAVE file ends at 4 GiB; --format 24 fits\n")
+
+    def test_dry_run_tells_that_it_would_be_rf64(self):
+        self.big_recording("long.wav", 12000)
+        size = 748 + 12000 * 48000 * 8
+        result = self.expect(0, "export", "--dry-run", "--format", "float32", "long.wav", err="")
+        self.assertEqual(result.stdout, "long.wav -> long_Decode.WAV: 32-bit float, width 120, gain "
+                                        f"+0 dB, {size} bytes as RF64\n")
+        result = self.expect(0, "export", "--dry-run", "long.wav", err="")
+        self.assertNotIn("RF64", result.stdout)
 
     def test_dry_run_refuses_where_it_cannot_write(self):
         self.file("file", b"")

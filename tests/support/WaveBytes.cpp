@@ -44,6 +44,20 @@ WaveBytes::Bytes WaveBytes::get() const {
   return whole.patch32(4, static_cast<std::uint32_t>(whole.size() - 8)).get();
 }
 
+WaveBytes& WaveBytes::ds64(std::uint64_t riffSize, std::uint64_t dataSize, const Bytes& table) {
+  return chunk("ds64", ByteBuilder()
+                           .u64(riffSize)
+                           .u64(dataSize)
+                           .u64(0)        // sample count, which nothing depends on
+                           .bytes(table)  // begins with its number of entries
+                           .get());
+}
+
+WaveBytes::Bytes WaveBytes::getLong(std::string_view identifier) const {
+  const Bytes rest(_bytes.get().begin() + 8, _bytes.get().end());
+  return ByteBuilder().text(identifier).u32(0xFFFFFFFF).bytes(rest).get();
+}
+
 WaveBytes::Bytes WaveBytes::samples24(const std::vector<std::int32_t>& values) {
   ByteBuilder bytes;
   for (const std::int32_t value : values) bytes.s24(value);

@@ -34,8 +34,13 @@ class WaveBytes {
   WaveBytes& recorderBext(bool isRaw = true);
   WaveBytes& data(const Bytes& samples) { return chunk("data", samples); }
 
+  /// The sizes of a file that is to be got by `getLong`; the first chunk there.
+  WaveBytes& ds64(std::uint64_t riffSize, std::uint64_t dataSize, const Bytes& table = Bytes(4));
+
   /// The file, with the RIFF size that fits it.
   [[nodiscard]] Bytes get() const;
+  /// The file with another identifier and no RIFF size.
+  [[nodiscard]] Bytes getLong(std::string_view identifier = "RF64") const;
 
   /// Samples as stored: 24-bit values, or floats.
   static Bytes samples24(const std::vector<std::int32_t>& values);

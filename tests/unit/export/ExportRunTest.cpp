@@ -169,9 +169,10 @@ TEST_F(ExportRunTest, NeverMakesTheSourceAnewThatIsGone) {
   EXPECT_FALSE(fs::exists(path));
 }
 
-TEST_F(ExportRunTest, RefusesMoreThan4GiBBeforeItWrites) {
+TEST_F(ExportRunTest, RefusesMoreThan4GiBBeforeItWritesWhereTold) {
   constexpr std::uint64_t kSize = 748 + 0xD0000000ULL / 6 * 8;
   Export job(sparseRecording(0xD0000000));
+  job.setLongOutput(Export::LongOutput::Refuse);
   ASSERT_TRUE(job.IsFileValid()) << job.failure();
   bool hasStarted = false;
   job.setProgress([&hasStarted](double) { hasStarted = true; });
@@ -187,16 +188,24 @@ TEST_F(ExportRunTest, RefusesMoreThan4GiBBeforeItWrites) {
 TEST_F(ExportRunTest, KnowsTheLastSizeThatFits) {
   constexpr std::uint64_t kLast = (0xFFFFFFFFU - 748U) / 8;
   Export fits(sparseRecording(static_cast<std::uint32_t>(kLast * 6)));
+  fits.setLongOutput(Export::LongOutput::Refuse);
+  EXPECT_FALSE(fits.isRf64(false));
   EXPECT_EQ(fits.outputSize(false), 748 + kLast * 8);
   std::atomic<bool> cancel{true};
   fits.setCancelFlag(&cancel);
   EXPECT_FALSE(fits.export2File(target(), false, false));
   EXPECT_TRUE(fits.wasCancelled());  // it was let through to its first block
   Export over(sparseRecording(static_cast<std::uint32_t>(kLast * 6 + 6)));
+  over.setLongOutput(Export::LongOutput::Refuse);
   over.setCancelFlag(&cancel);
+  EXPECT_TRUE(over.isRf64(false));
+  EXPECT_FALSE(over.isRf64(true));
   EXPECT_FALSE(over.export2File(target(), false, false));
   EXPECT_FALSE(over.wasCancelled());
   EXPECT_THAT(over.failure(), EndsWith("a WAVE file ends at 4 GiB"));
+  over.setLongOutput(Export::LongOutput::Rf64);
+  EXPECT_FALSE(over.export2File(target(), false, false));
+  EXPECT_TRUE(over.wasCancelled());
 }
 
 TEST_F(ExportRunTest, ForetellsWhatItRefusesAndWritesNothingForIt) {
@@ -213,8 +222,10 @@ TEST_F(ExportRunTest, ForetellsWhatItRefusesAndWritesNothingForIt) {
   EXPECT_EQ(job.whyNot(old, true), "File exists");
   EXPECT_EQ(job.failure(), "");
   EXPECT_THAT(_folder.names(), ElementsAre("in.wav", "old.wav"));
-  const Export large(sparseRecording(0xD0000000));
+  Export large(sparseRecording(0xD0000000));
   EXPECT_EQ(large.whyNot(target(), true), "");
+  EXPECT_EQ(large.whyNot(target(), false), "");
+  large.setLongOutput(Export::LongOutput::Refuse);
   EXPECT_THAT(large.whyNot(target(), false), EndsWith("a WAVE file ends at 4 GiB"));
   EXPECT_EQ(Export(target()).whyNot(target(), true), "No recording is open");
 }

@@ -141,7 +141,7 @@ PlainWave::Frame PlainWave::level(double from, double to, double gain, double an
   auto s = static_cast<std::uint64_t>(rate * from * static_cast<double>(frame));
   if (s % frame != 0) s = (s / frame + 1) * frame;
   position = s + header.dataChunkPosition;
-  const double start = header.dataChunkPosition;
+  const auto start = static_cast<double>(header.dataChunkPosition);
   auto e = static_cast<std::uint64_t>(rate * to * static_cast<double>(frame) + start);
   e = std::min<std::uint64_t>(e, header.dataChunkLength);
   while (position < e && !isFinished(position)) {

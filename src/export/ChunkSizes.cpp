@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "export/ChunkSizes.h"
+
+#include "wav/LongSizes.h"
+#include "wav/WaveHeader.h"
+
+namespace {
+
+constexpr std::uint64_t kChunkHeader = 8;
+constexpr std::uint32_t kRiffSizePosition = 4;
+constexpr std::uint32_t kJunkPosition = 12;
+constexpr std::uint32_t kLongRiffSizePosition = 20;
+constexpr std::uint32_t kLongDataSizePosition = 28;
+constexpr std::uint32_t kFrameCountPosition = 36;
+
+template <class Value>
+ChunkSizes::Patch patch(std::uint32_t position, Value value) {
+  ChunkSizes::Patch made{position, {}};
+  for (std::size_t i = 0; i < sizeof value; ++i) {
+    made.bytes.push_back(static_cast<std::byte>(value >> (8 * i)));
+  }
+  return made;
+}
+
+}  // namespace
+
+// The room of JUNK is just that of ds64 without a table, whose entry count stays 0.
+std::vector<ChunkSizes::Patch> ChunkSizes::patches(std::uint64_t fileSize, std::uint64_t dataSize,
+                                                   std::uint32_t frameBytes,
+                                                   std::uint32_t dataSizePosition) {
+  const std::uint64_t riffSize = fileSize - kChunkHeader;
+  if (!isRf64(fileSize)) {
+    return {patch(kRiffSizePosition, static_cast<std::uint32_t>(riffSize)),
+            patch(dataSizePosition, static_cast<std::uint32_t>(dataSize))};
+  }
+  return {patch(0, kRf64ID),
+          patch(kRiffSizePosition, LongSizes::kElsewhere),
+          patch(kJunkPosition, kDs64ID),
+          patch(kLongRiffSizePosition, riffSize),
+          patch(kLongDataSizePosition, dataSize),
+          patch(kFrameCountPosition, frameBytes == 0 ? 0 : dataSize / frameBytes),
+          patch(dataSizePosition, LongSizes::kElsewhere)};
+}

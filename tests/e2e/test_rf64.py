@@ -1,0 +1,112 @@
+# SPDX-FileCopyrightText: 2026 The Mixdeck developers
+# SPDX-License-Identifier: MIT
+"""Exports of more than 4 GiB, and what other programs make of them."""
+
+import json
+import os
+import re
+import struct
+import subprocess
+import unittest
+
+from mixdeck import (FIRST_SAMPLE, Case, bext, chunk, fmt, pack24, stored24, unpack24,
+                     unpack_floats, wave)
+
+FRAMES = 540_000_000  # 3.24 GB in 24 bits, 4.32 GB in floats: RIFF in, RF64 out
+LOUD = FRAMES - 3
+DATA = FRAMES * 8
+
+
+class Rf64Test(Case):
+    """One export, looked at from many sides: a take of silence but for a frame at its end."""
+
+    @classmethod
+    def setUpClass(cls):
+        case = cls()
+        Case.setUp(case)
+        cls.addClassCleanup(case.doCleanups)
+        cls.where = case.folder
+        head = wave(fmt(), bext(), chunk("data", b"", FRAMES * 6))
+        take = case.file("take.WAV", head[:4] + struct.pack("<I", len(head) + FRAMES * 6 - 8) +
+                         head[8:])
+        os.truncate(take, len(head) + FRAMES * 6)
+        with open(take, "r+b") as file:
+            file.seek(len(head) + LOUD * 6)
+            file.write(pack24([1 << 22, 1 << 21]))
+        cls.said = case.expect(0, "export", "--format", "float32", take, err="", env=dict(
+            os.environ, LD_PRELOAD=os.environ["SPARSE_WRITES"])).stdout
+        cls.target = case.path("take_Decode.WAV")
+
+    def setUp(self):
+        self.folder = self.where
+
+    @staticmethod
+    def output_of(*words):
+        return subprocess.run(words, capture_output=True, text=True, check=True).stdout
+
+    def test_it_is_said(self):
+        self.assertTrue(self.said.endswith(f", {FIRST_SAMPLE + DATA} bytes as RF64\n"), self.said)
+
+    def test_the_chunk_of_sizes_stands_in_the_room_of_junk(self):
+        with open(self.target, "rb") as file:
+            head = file.read(FIRST_SAMPLE)
+        size = FIRST_SAMPLE + DATA
+        self.assertEqual(os.path.getsize(self.target), size)
+        self.assertEqual(head[:48], b"RF64\xff\xff\xff\xffWAVEds64" + struct.pack(
+            "<IQQQI", 28, size - 8, DATA, FRAMES, 0))
+        self.assertEqual(head[48:52], b"bext")
+        self.assertEqual(head[740:], b"data\xff\xff\xff\xff")
+
+    def test_the_tool_reads_it(self):
+        info = self.info(self.target)
+        self.assertEqual((info["valid"], info["recorder"], info["raw_ms"]), (True, True, False))
+        self.assertEqual(info["frames"], FRAMES)
+        self.assertEqual(info["header"]["dataChunkLength"], DATA)
+        self.assertEqual([part["id"] for part in info["chunks"]], ["ds64", "bext", "fmt ", "data"])
+        text = self.expect(0, "info", self.target, err="").stdout
+        self.assertIn("  RF64, with 64-bit sizes\n", text)
+        self.assertNotIn("Cut short", text)
+
+    def test_the_last_frames_are_right(self):
+        with open(self.target, "rb") as file:
+            file.seek(FIRST_SAMPLE + (LOUD - 1) * 8)
+            self.assertEqual(unpack_floats(file.read()), [0, 0, 0.75, 0.25, 0, 0, 0, 0])
+        said = self.expect(0, "levels", "--from", (LOUD - 0.5) / 48000, "--to", FRAMES / 48000,
+                           self.target, err="").stdout
+        self.assertEqual(said, "left -2.50 dBFS, right -12.04 dBFS\n")
+
+    def test_it_is_a_take_again(self):
+        out = self.path("again.WAV")
+        self.expect(0, "export", "--output", out, self.target, err="", env=dict(
+            os.environ, LD_PRELOAD=os.environ["SPARSE_WRITES"]))
+        with open(out, "rb") as file:
+            self.assertEqual(file.read(16)[:4], b"RIFF")
+            file.seek(FIRST_SAMPLE + LOUD * 6)
+            self.assertEqual(unpack24(file.read(6)), [stored24(0.75), stored24(0.25)])
+        os.remove(out)
+
+    def test_ffprobe(self):
+        said = json.loads(self.output_of("ffprobe", "-v", "error", "-of", "json", "-show_streams",
+                                         self.target))["streams"][0]
+        self.assertEqual((said["codec_name"], said["channels"]), ("pcm_f32le", 2))
+        self.assertEqual(said["duration_ts"], FRAMES)
+
+    def test_mediainfo(self):
+        said = self.output_of("mediainfo", "--Inform=General;%Format%|%Format_Profile%|%Duration%",
+                              self.target)
+        self.assertEqual(said.strip(), f"Wave|RF64|{FRAMES * 1000 // 48000}")
+
+    def test_libsndfile(self):
+        said = self.output_of("sndfile-info", self.target)
+        self.assertRegex(said, rf"Frames\s*: {FRAMES}\n")
+        self.assertRegex(said, r"Channels\s*: 2\n")
+        self.assertNotRegex(said, re.compile("error|should be", re.IGNORECASE))
+
+    def test_sox(self):
+        said = self.output_of("soxi", self.target)
+        self.assertRegex(said, rf"Duration.* = {FRAMES} samples ")
+        self.assertRegex(said, r"Sample Encoding: 32-bit Floating Point PCM\n")
+
+
+if __name__ == "__main__":
+    unittest.main()
