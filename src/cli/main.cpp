@@ -21,6 +21,7 @@
 #include "cli/PlayCommand.h"
 #include "cli/Printable.h"
 #include "cli/Problem.h"
+#include "cli/RepairCommand.h"
 #include "cli/Streams.h"
 #include "manual/ProgramWords.h"
 
@@ -65,11 +66,12 @@ int runProgram(int argc, char** argv) {
   LevelsCommand levels;
   MeasureCommand measure;
   PlayCommand play;
+  RepairCommand repair;
   DeviceCommand device;
   DemoCommand demo;
   std::vector<std::pair<CLI::App*, Command*>> commands;
-  for (Command* command :
-       std::to_array<Command*>({&exportCommand, &info, &levels, &measure, &play, &device, &demo})) {
+  for (Command* command : std::to_array<Command*>(
+           {&exportCommand, &info, &levels, &measure, &play, &repair, &device, &demo})) {
     commands.emplace_back(command->declare(program), command);
   }
   program.footer(kFooter);  // the commands would have it too, were it there before them

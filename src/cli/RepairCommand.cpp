@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/RepairCommand.h"
+
+#include <fmt/format.h>
+
+#include <exception>
+#include <memory>
+#include <system_error>
+
+#include "cli/Interrupt.h"
+#include "cli/Printable.h"
+#include "cli/Problem.h"
+#include "cli/Streams.h"
+#include "cli/TimeText.h"
+#include "wav/WaveImage.h"
+
+namespace fs = std::filesystem;
+
+CLI::App* RepairCommand::declare(CLI::App& program) {
+  CLI::App* command = program.add_subcommand(
+      "repair", "Salvage takes whose recording broke off, into new files beside them");
+  command->add_flag("--force", _force, "Replace files that exist");
+  command->add_flag("--dry-run", _isDryRun, "Tell what would be done, write nothing");
+  command->add_option("FILE", _files, "Takes")->required();
+  return command;
+}
+
+int RepairCommand::run() {
+  ProgressLine line(_files.size());
+  bool isAllDone = true;
+  for (std::size_t i = 0; i < _files.size() && !Interrupt::requested(); ++i) {
+    try {
+      isAllDone = repair(i, line) && isAllDone;
+    } catch (const std::exception& error) {  // as where there is no memory left
+      line.message(problemLine(_files[i], kFailToOpen, reasonOf(error)));
+      isAllDone = false;
+    }
+  }
+  if (Interrupt::requested()) line.message("mixdeck-cli: cancelled");
+  return isAllDone && !Interrupt::requested() ? kDone : kFailed;
+}
+
+bool RepairCommand::repair(std::size_t index, ProgressLine& line) const {
+  const fs::path& take = _files[index];
+  std::string reason;
+  const std::shared_ptr<const WaveImage> image = WaveImage::fromFile(take, reason);
+  if (!image) {
+    line.message(problemLine(take, kFailToOpen, reason));
+    return false;
+  }
+  const TakeDiagnosis diagnosis = TakeDiagnosis::of(*image, &Interrupt::requested());
+  if (!image->failure().empty()) {
+    line.message(problemLine(take, kFailToOpen, image->failure()));
+    return false;
+  }
+  if (diagnosis.isCancelled || !isBroken(take, diagnosis, line)) {
+    return diagnosis.state == TakeDiagnosis::State::Sound && !diagnosis.isCancelled;
+  }
+  TakeRepair repair(image, diagnosis);
+  if (!salvage(index, repair, line)) return false;
+  line.print(reportOf(take, diagnosis));
+  return true;
+}
+
+bool RepairCommand::isBroken(const fs::path& take, const TakeDiagnosis& diagnosis,
+                             ProgressLine& line) {
+  if (diagnosis.state == TakeDiagnosis::State::Sound) {
+    line.print(printable(take.native()) + ": sound, left alone\n");
+  }
+  if (diagnosis.state == TakeDiagnosis::State::Hopeless) {
+    line.message(problemLine(take, "Nothing to salvage:", diagnosis.whyHopeless));
+  }
+  return diagnosis.state == TakeDiagnosis::State::Broken;
+}
+
+bool RepairCommand::salvage(std::size_t index, TakeRepair& repair, ProgressLine& line) const {
+  const fs::path target = TakeRepair::nameFor(_files[index]);
+  const std::string name = printable(_files[index].filename().native());
+  const auto existing = _force ? AtomicFile::Existing::Replace : AtomicFile::Existing::Refuse;
+  std::error_code error;
+  std::string refusal = repair.whyNot(target, existing);
+  if (!_force && fs::exists(fs::symlink_status(target, error))) {
+    refusal = "The file exists; --force replaces it";
+  }
+  if (fs::equivalent(target, _files[index], error)) refusal = "The target is the source itself";
+  repair.setCancelFlag(&Interrupt::requested());
+  repair.setProgress([&](double done) { line.update(index, name, done); });
+  if (refusal.empty() && (_isDryRun || repair.save(target, existing))) return true;
+  if (refusal.empty() && repair.wasCancelled()) return false;
+  line.message(problemLine(target, kFailToSave, refusal.empty() ? repair.failure() : refusal));
+  return false;
+}
+
+std::string RepairCommand::reportOf(const fs::path& take, const TakeDiagnosis& diagnosis) const {
+  const std::uint64_t frames = diagnosis.keptBytes / diagnosis.frameBytes;
+  const std::string length = diagnosis.sampleRate == 0
+                                 ? fmt::format("{} frames", frames)
+                                 : TimeText::of(static_cast<double>(frames) / diagnosis.sampleRate);
+  std::string text = fmt::format("{} -> {}: {} of sound {}\n", printable(take.native()),
+                                 printable(TakeRepair::nameFor(take).native()), length,
+                                 _isDryRun ? "can be salvaged" : "salvaged");
+  for (const std::string& finding : diagnosis.findings) text += fmt::format("  {}\n", finding);
+  return text;
+}

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "cli/Command.h"
+#include "cli/ProgressLine.h"
+#include "transfer/TakeDiagnosis.h"
+#include "transfer/TakeRepair.h"
+
+/// `repair`: salvages takes whose recording broke off into new files beside them.
+class RepairCommand : public Command {
+ public:
+  CLI::App* declare(CLI::App& program) override;
+  int run() override;
+
+ private:
+  [[nodiscard]] bool repair(std::size_t index, ProgressLine& line) const;
+  /// Tells of one that is not.
+  [[nodiscard]] static bool isBroken(const std::filesystem::path& take,
+                                     const TakeDiagnosis& diagnosis, ProgressLine& line);
+  [[nodiscard]] bool salvage(std::size_t index, TakeRepair& repair, ProgressLine& line) const;
+  [[nodiscard]] std::string reportOf(const std::filesystem::path& take,
+                                     const TakeDiagnosis& diagnosis) const;
+
+  std::vector<std::filesystem::path> _files;
+  bool _force = false;
+  bool _isDryRun = false;
+};

@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "transfer/TakeRepair.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+#include "wav/ImageFields.h"
+#include "wav/LongSizes.h"
+#include "wav/WaveHeader.h"
+
+namespace {
+
+constexpr std::uint64_t kMost32 = 0xFFFFFFFF;
+constexpr std::uint32_t kJunkID = 0x4B4E554A;
+constexpr std::size_t kRiffHeader = 12;
+constexpr std::size_t kChunkHeader = 8;
+constexpr std::size_t kLongRiffSizeAt = 20;
+constexpr std::size_t kLongDataSizeAt = 28;
+constexpr std::size_t kFrameCountAt = 36;
+constexpr std::size_t kEntryCountAt = 44;
+constexpr std::size_t kBlock = 1 << 18;
+
+template <class Value>
+void put(std::vector<std::byte>& bytes, std::size_t offset, Value value) {
+  for (std::size_t i = 0; i < sizeof value; ++i) {
+    bytes[offset + i] = static_cast<std::byte>(value >> (8 * i));
+  }
+}
+
+}  // namespace
+
+std::filesystem::path TakeRepair::nameFor(const std::filesystem::path& take) {
+  return take.parent_path() / (take.stem().native() + "_Repaired.WAV");
+}
+
+TakeRepair::TakeRepair(std::shared_ptr<const WaveImage> image, TakeDiagnosis diagnosis)
+    : _image(std::move(image)), _diagnosis(std::move(diagnosis)) {
+  ImageFields fields(*_image);
+  _firstChunk = fields.u32(kRiffHeader);
+  _firstChunkSize = fields.u32(kRiffHeader + 4);
+}
+
+bool TakeRepair::hasRoomForSizes() const {
+  const bool isRoom = _firstChunk == kJunkID || _firstChunk == kDs64ID;
+  const bool isBeforeSound = kRiffHeader + kChunkHeader + _firstChunkSize <= _diagnosis.dataAt;
+  return isRoom && _firstChunkSize >= LongSizes::kFixedSize && isBeforeSound;
+}
+
+bool TakeRepair::isLong() const {
+  return _diagnosis.dataAt + _diagnosis.keptBytes + _diagnosis.tailBytes > kMost32;
+}
+
+std::uint64_t TakeRepair::size() const {
+  const std::uint64_t more =
+      isLong() && !hasRoomForSizes() ? kChunkHeader + LongSizes::kFixedSize : 0;
+  return _diagnosis.dataAt + more + _diagnosis.keptBytes + _diagnosis.tailBytes;
+}
+
+std::string TakeRepair::whyNot(const std::filesystem::path& path,
+                               AtomicFile::Existing existing) const {
+  return AtomicFile::whyNot(path, existing, size());
+}
+
+std::vector<std::byte> TakeRepair::header() {
+  std::vector<std::byte> head(static_cast<std::size_t>(_diagnosis.dataAt));
+  if (_image->readAt(0, head) < head.size()) fail("The take cannot be read: " + _image->failure());
+  if (isLong() && !hasRoomForSizes()) {
+    head.insert(head.begin() + kRiffHeader, kChunkHeader + LongSizes::kFixedSize, std::byte{0});
+    put(head, kRiffHeader + 4, LongSizes::kFixedSize);
+    put(head, kRiffHeader, kJunkID);
+  }
+  fitSizes(head, size());
+  return head;
+}
+
+// Sizes that nothing needs any more become JUNK again, so that everything stays in its place.
+void TakeRepair::fitSizes(std::vector<std::byte>& head, std::uint64_t fileSize) const {
+  const std::uint64_t riffSize = fileSize - kChunkHeader;
+  const bool hadSizes = _firstChunk == kDs64ID && hasRoomForSizes();
+  put(head, 0, isLong() ? kRf64ID : kRiffID);
+  put(head, 4, static_cast<std::uint32_t>(isLong() ? kMost32 : riffSize));
+  put(head, head.size() - 4, static_cast<std::uint32_t>(isLong() ? kMost32 : _diagnosis.keptBytes));
+  if (hadSizes && !isLong()) put(head, kRiffHeader, kJunkID);
+  if (!isLong()) return;
+  put(head, kRiffHeader, kDs64ID);
+  put(head, kLongRiffSizeAt, riffSize);
+  put(head, kLongDataSizeAt, _diagnosis.keptBytes);
+  put(head, kFrameCountAt, _diagnosis.keptBytes / _diagnosis.frameBytes);
+  if (!hadSizes) put(head, kEntryCountAt, std::uint32_t{0});
+}
+
+bool TakeRepair::save(const std::filesystem::path& path, AtomicFile::Existing existing) {
+  _failure.clear();
+  _wasCancelled = false;
+  _copied = 0;
+  const std::vector<std::byte> head = header();
+  if (!_failure.empty()) return false;
+  AtomicFile file(path, existing);
+  const bool isWritten = file.hasRoomFor(size()) && file.write(head) &&
+                         copy(file, _diagnosis.dataAt, _diagnosis.keptBytes) &&
+                         copy(file, _diagnosis.tailAt, _diagnosis.tailBytes) && file.commit();
+  return isWritten || _wasCancelled ? isWritten : fail(file.failure());
+}
+
+bool TakeRepair::copy(AtomicFile& file, std::uint64_t from, std::uint64_t count) {
+  std::vector<std::byte> block;
+  while (count > 0) {
+    _wasCancelled = _cancel != nullptr && _cancel->load(std::memory_order_relaxed);
+    if (_wasCancelled) return false;
+    const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(count, kBlock));
+    const auto bytes = _image->view(from, wanted, block);
+    if (bytes.size() < wanted) return fail("The take cannot be read: " + _image->failure());
+    if (!file.write(bytes)) return false;
+    from += wanted;
+    count -= wanted;
+    _copied += wanted;
+    if (_progress) _progress(static_cast<double>(_copied) / static_cast<double>(size()));
+  }
+  return true;
+}
+
+bool TakeRepair::fail(const std::string& reason) {
+  if (_failure.empty()) _failure = reason;
+  return false;
+}

@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "transfer/TakeRepair.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <atomic>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "support/ByteBuilder.h"
+#include "support/ByteView.h"
+#include "support/TemporaryFolder.h"
+#include "support/WaveBytes.h"
+#include "wav/WaveFileReader.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Bytes = std::vector<std::byte>;
+
+constexpr std::uint64_t kGiB = std::uint64_t{1} << 30;
+constexpr std::uint32_t kElsewhere = 0xFFFFFFFF;
+
+class TakeRepairTest : public testing::Test {
+ protected:
+  static Bytes loud(std::size_t count) { return Bytes(count, std::byte{0x11}); }
+
+  TakeRepair repairOf(const fs::path& take) const {
+    std::string whyNot;
+    const std::shared_ptr<const WaveImage> image = WaveImage::fromFile(take, whyNot);
+    return {image, TakeDiagnosis::of(*image)};
+  }
+  [[nodiscard]] fs::path target() const { return _folder.path() / "take_Repaired.WAV"; }
+
+  ByteView repaired(const Bytes& broken) const {
+    const fs::path take = _folder.file("take.WAV", broken);
+    TakeRepair repair = repairOf(take);
+    EXPECT_TRUE(repair.save(target(), AtomicFile::Existing::Replace)) << repair.failure();
+    EXPECT_EQ(TemporaryFolder::read(take), broken) << "the take stays as it is";
+    EXPECT_EQ(fs::file_size(target()), repair.size());
+    std::string whyNot;
+    EXPECT_TRUE(WaveFileReader::openFile(target(), whyNot)->isValidFile());
+    EXPECT_EQ(TakeDiagnosis::of(*WaveImage::fromFile(target(), whyNot)).state,
+              TakeDiagnosis::State::Sound);
+    return ByteView(TemporaryFolder::read(target()));
+  }
+
+  TemporaryFolder _folder;
+};
+
+TEST_F(TakeRepairTest, StandsBesideTheTake) {
+  EXPECT_EQ(TakeRepair::nameFor("/card/R0001.WAV"), "/card/R0001_Repaired.WAV");
+}
+
+TEST_F(TakeRepairTest, OnlyTheSizesAreOthers) {
+  const Bytes samples = loud(600);
+  const Bytes broken = WaveBytes()
+                           .recorderBext()
+                           .format24()
+                           .chunk("data", 0, ByteBuilder().bytes(samples).zeros(3).get())
+                           .get();
+  const Bytes whole = WaveBytes().recorderBext().format24().data(samples).get();
+  EXPECT_EQ(repaired(ByteBuilder().bytes(broken).patch32(4, 0).get()).get(), whole);
+}
+
+TEST_F(TakeRepairTest, ChunksAfterTheSoundStay) {
+  const auto take = [](const Bytes& samples) {
+    return WaveBytes().format24().data(samples).chunk("LIST", loud(4)).get();
+  };
+  EXPECT_EQ(repaired(take(loud(13))).get(), take(loud(12)));
+}
+
+TEST_F(TakeRepairTest, AShortTakeWithLongSizesBecomesRiff) {
+  const ByteView out = repaired(
+      WaveBytes().ds64(0, 0).format24().chunk("data", kElsewhere, loud(600)).getLong("BW64"));
+  EXPECT_EQ(out.text(0, 4), "RIFF");
+  EXPECT_EQ(out.u32(4), 672U);
+  EXPECT_EQ(out.text(12, 4), "JUNK");
+  EXPECT_EQ(out.u32(76), 600U);
+}
+
+// The loud frame is the last one; nearly nothing is on the disk, but what is saved is read.
+TEST_F(TakeRepairTest, ALongTakeBecomesRf64) {
+  for (const bool hasRoom : {false, true}) {
+    WaveBytes head;
+    if (hasRoom) head.chunk("JUNK", Bytes(28));
+    const fs::path take = _folder.file("take.WAV", head.format24().chunk("data", 0, {}).get());
+    const auto start = fs::file_size(take);
+    constexpr std::uint64_t kData = (4 * kGiB / 6 + 1) * 6;
+    fs::resize_file(take, start + kData - 6);
+    std::ofstream(take, std::ios::app | std::ios::binary) << "loud!!";
+    TakeRepair repair = repairOf(take);
+    EXPECT_EQ(repair.size(), start + kData + (hasRoom ? 0 : 36));
+    std::atomic<bool> cancel{false};
+    repair.setCancelFlag(&cancel);
+    repair.setProgress([&cancel](double) { cancel = true; });
+    EXPECT_FALSE(repair.save(target(), AtomicFile::Existing::Refuse));
+    EXPECT_TRUE(repair.wasCancelled()) << "all but the copy itself was done";
+    EXPECT_FALSE(fs::exists(target()));
+  }
+}
+
+TEST_F(TakeRepairTest, RefusesWhatExistsAndForetellsIt) {
+  const fs::path take =
+      _folder.file("take.WAV", WaveBytes().format24().chunk("data", 0, loud(600)).get());
+  _folder.file("take_Repaired.WAV", loud(3));
+  TakeRepair repair = repairOf(take);
+  EXPECT_EQ(repair.whyNot(target(), AtomicFile::Existing::Refuse), "File exists");
+  EXPECT_FALSE(repair.save(target(), AtomicFile::Existing::Refuse));
+  EXPECT_EQ(repair.failure(), "File exists");
+  EXPECT_EQ(TemporaryFolder::read(target()), loud(3));
+}
+
+TEST_F(TakeRepairTest, ATakeThatGetsShorterMeanwhileFails) {
+  const fs::path take =
+      _folder.file("take.WAV", WaveBytes().format24().chunk("data", 0, loud(600'000)).get());
+  TakeRepair repair = repairOf(take);
+  fs::resize_file(take, 1000);
+  EXPECT_FALSE(repair.save(target(), AtomicFile::Existing::Refuse));
+  EXPECT_EQ(repair.failure(), "The take cannot be read: The file became shorter");
+  EXPECT_FALSE(repair.wasCancelled());
+  EXPECT_EQ(_folder.names(), std::vector<std::string>{"take.WAV"});
+}
+
+}  // namespace
