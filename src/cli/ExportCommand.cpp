@@ -44,6 +44,7 @@ CLI::App* ExportCommand::declare(CLI::App& program) {
       ->check(CLI::IsMember({"24", "float32"}))
       ->capture_default_str();
   command->add_option("--rf64", _rf64, "What passes 4 GiB: auto (an RF64 file) or never (none)")
+      ->type_name("WHEN")
       ->check(CLI::IsMember({"auto", "never"}))
       ->capture_default_str();
   declareTarget(*command);

@@ -123,7 +123,8 @@ class RefusalTest(Case):
         self.big_recording("long.wav", 12000)  # 3.5 GB, of which hardly any is on the disk
         size = 748 + 12000 * 48000 * 8
         self.refused(f"long_Decode.WAV: Fail to save. The export would take {size} bytes; a WAVE "
-                     "file ends at 4 GiB", "--rf64", "never", "--format", "float32", "long.wav")
+                     "file ends at 4 GiB; --format 24 fits", "--rf64", "never", "--format", "float32",
+                     "long.wav")
         self.assertEqual(self.names(), ["a.wav", "long.wav"])
 
     def test_one_failure_does_not_stop_the_others(self):
