@@ -23,7 +23,8 @@ CLI::App* RepairCommand::declare(CLI::App& program) {
       "repair", "Salvage takes whose recording broke off, into new files beside them");
   command->add_flag("--force", _force, "Replace files that exist");
   command->add_flag("--dry-run", _isDryRun, "Tell what would be done, write nothing");
-  command->add_option("FILE", _files, "Takes")->required();
+  _list.add(*command, _files, "Recordings");
+  command->callback([this] { _list.complete(_files); });
   return command;
 }
 

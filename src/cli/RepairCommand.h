@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cli/Command.h"
+#include "cli/FilesOption.h"
 #include "cli/ProgressLine.h"
 #include "transfer/TakeDiagnosis.h"
 #include "transfer/TakeRepair.h"
@@ -27,6 +28,7 @@ class RepairCommand : public Command {
   [[nodiscard]] std::string reportOf(const std::filesystem::path& take,
                                      const TakeDiagnosis& diagnosis) const;
 
+  FilesOption _list;
   std::vector<std::filesystem::path> _files;
   bool _force = false;
   bool _isDryRun = false;
