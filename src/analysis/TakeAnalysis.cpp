@@ -50,6 +50,12 @@ TakeFigures TakeAnalysis::at(int width, double gain) const {
   return figures;
 }
 
+TakeFigures TakeAnalysis::peaksAt(int width, double gain) const {
+  TakeFigures figures;
+  addPeaks(figures, width, gain);
+  return figures;
+}
+
 TakeFigures TakeAnalysis::at(int width, double gain, std::uint64_t from, std::uint64_t to) const {
   to = std::min(to, layout().frames());
   from = std::min(from, to);

@@ -45,6 +45,7 @@ constexpr int kDialToField = 130;
 
 constexpr QSize kDevice{68, 156};
 constexpr int kFieldGap = 20;
+constexpr int kCostGap = 5;
 constexpr QSize kDialCaption{120, 20};
 constexpr QSize kDialValue{120, 18};
 constexpr QSize kCaption{90, 20};
@@ -114,6 +115,7 @@ void StageView::makeDial() {
   sliderStereo = new AngleViewer(this);
   imgDevice = new ImageView(this);
   imgDevice->setImage(Artwork::icon(QStringLiteral("device_j4")));
+  cost = new CostView(this);
   lblStereo = caption<QLabel>("heading", tr("Stereo width"));
   lblStereoValue = caption<TabularLabel>("dim");
 }
@@ -240,6 +242,17 @@ void StageView::placeDial(int centre) {
   const int middle = middleOf(*sliderStereo);
   placeCentred(*sliderStereo, centre, middle - side / 2, {side, side});
   placeCentred(*imgDevice, centre, middle - kDevice.height() / 2, kDevice);
+  placeCost(centre, middle);
+}
+
+// Between the arc and the recorder.
+void StageView::placeCost(int centre, int middle) {
+  const double arc =
+      AngleViewer::radiusOf(sideOf(*sliderStereo)) - CostRing::kInset - CostRing::kWidth;
+  const int left = centre - static_cast<int>(arc) + kCostGap;
+  const int right = centre - kDevice.width() / 2 - kCostGap;
+  const int height = cost->sizeHint().height();
+  cost->setGeometry(left, middle - height / 2, right - left, height);
 }
 
 void StageView::placeGain(int centre) {

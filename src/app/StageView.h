@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QWidget>
 
+#include "app/CostView.h"
 #include "app/FieldView.h"
 #include "app/ImageView.h"
 #include "app/TabularLabel.h"
@@ -30,6 +31,7 @@ class StageView : public QWidget {
 
   AngleViewer* sliderStereo = nullptr;
   ImageView* imgDevice = nullptr;
+  CostView* cost = nullptr;
   QLabel* lblStereo = nullptr;
   TabularLabel* lblStereoValue = nullptr;
   FieldView* field = nullptr;
@@ -62,6 +64,7 @@ class StageView : public QWidget {
   Label* caption(const char* role, const QString& text = {});
   void place();
   void placeDial(int centre);
+  void placeCost(int centre, int middle);
   void placeField(int centre);
   void placeGain(int centre);
   void placeLevels(int centre);

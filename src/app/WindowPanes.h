@@ -20,6 +20,7 @@
 #include "app/TakeSession.h"
 #include "app/TransportPane.h"
 #include "app/WaveformPane.h"
+#include "app/WidthPane.h"
 #include "app/WindowCommands.h"
 #include "dialogs/ExportDesk.h"
 #include "queue/ExportQueue.h"
@@ -48,6 +49,7 @@ struct WindowPanes {
   WaveformPane waveform{*view.player, take, measured, &owner};
   ScopePane scope{*view.player->stage, take, &owner};
   LoudnessPane loudness{*view.player, take, measured, &owner};
+  WidthPane width{*view.player->stage, take, measured, &owner};
   DevicePane device{*view.device, &owner};
   TakeMessages messages{view, *view.player->lblStatus, take, &owner};
   LoopPane loop{*view.player, *view.menu->actionLoop, take, &owner};

@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "controls/AccessibleFactory.h"
 #include "controls/AdjustableAccessible.h"
@@ -18,6 +19,7 @@ constexpr double kDegreesPerRadian = 57.29577951308232;
 constexpr double kFullTurn = 360.0;
 constexpr int kGrey = 88;
 constexpr double kTitleReach = 10.0;
+constexpr double kArcReach = 16.0;  // of the pointer, to both sides of the arc
 
 QAccessibleInterface* makeReadable(AngleViewer& dial) {
   return new AdjustableAccessible(&dial, dial, QAccessible::Dial);
@@ -46,12 +48,24 @@ void AngleViewer::initUI() {
                     {tr("60°"), 60.0, {-5, -5}},   {tr("90°"), 90.0, {-5, 0}},
                     {tr("120°"), 120.0, {-5, 10}}, {tr("150°"), 150.0, {5, 18}}};
   measureTitles();
+  setMouseTracking(true);
+}
+
+void AngleViewer::setCosts(std::vector<CostRing::Cost> costs) {
+  if (_ring.set(std::move(costs))) update();
+}
+
+void AngleViewer::setPointed(std::optional<int> degree) {
+  if (degree == _pointed) return;
+  _pointed = degree;
+  emit pointedChanged();
 }
 
 void AngleViewer::setEnable(bool enable) {
   if (!enable && hasFocus() && !focusNextChild()) clearFocus();
   _enable = enable;
   setFocusPolicy(enable ? Qt::StrongFocus : Qt::NoFocus);
+  if (!enable) setPointed(std::nullopt);
   update();
   QAccessible::State changed;
   changed.disabled = true;
@@ -63,7 +77,7 @@ void AngleViewer::layoutGeometry() {
   if (QSizeF(size()) == _cacheSize) return;
   _cacheSize = size();
   const double width = _cacheSize.width();
-  RADIUS_OF_BIG_CURVE = width / 10.0 * 8.0 * 0.5;
+  RADIUS_OF_BIG_CURVE = radiusOf(width);
   THUMB_SIZE = (width / 10.0 * 2.0) * 0.25;
   auto thumb = std::make_shared<QPainterPath>();
   thumb->addEllipse(QRectF(0.0, 0.0, THUMB_SIZE, THUMB_SIZE));
@@ -120,6 +134,7 @@ void AngleViewer::updateAngle(double angle) {
   if (angle == _angle) return;
   if (const auto delegate = _delegate.lock()) delegate->angleViewer(this, angle);
   _angle = angle;
+  emit turned();
   QAccessibleValueChangeEvent event(this, angle);
   QAccessible::updateAccessibility(&event);
 }
@@ -152,14 +167,28 @@ void AngleViewer::detectClick(QPointF point) {
   moveTheThumb(point, true);
 }
 
-void AngleViewer::detectClickTitle(QPointF point) {
+// On the arc or on a label.
+std::optional<double> AngleViewer::angleAt(QPointF point) const {
+  if (const auto title = titleAt(point); title != _angleTextList.end()) return title->angle();
+  const QPointF arm = point - centre();
+  if (std::fabs(std::hypot(arm.x(), arm.y()) - RADIUS_OF_BIG_CURVE) > kArcReach) return {};
+  const double degrees = std::atan2(arm.y(), arm.x()) * kDegreesPerRadian;
+  const double angle = (degrees < 0.0 ? degrees + kFullTurn : degrees) - kTop;
+  return angle >= 0.0 && angle <= kMaxAngle ? std::optional(angle) : std::nullopt;
+}
+
+std::vector<AngleInfo>::const_iterator AngleViewer::titleAt(QPointF point) const {
   const auto isHit = [point](const AngleInfo& title) {
     const QRectF f = title.frame();
     return Upward::covers({f.x() - kTitleReach, f.y() - kTitleReach, f.width() + kTitleReach,
                            f.height() + kTitleReach},
                           point);
   };
-  const auto title = std::find_if(_angleTextList.begin(), _angleTextList.end(), isHit);
+  return std::find_if(_angleTextList.begin(), _angleTextList.end(), isHit);
+}
+
+void AngleViewer::detectClickTitle(QPointF point) {
+  const auto title = titleAt(point);
   if (title == _angleTextList.end()) return;
   _didTouchAngleTitle = true;
   setNewAngle(title->angle());

@@ -7,11 +7,13 @@
 #include <QWidget>
 #include <cmath>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "controls/Adjustable.h"
 #include "controls/AngleInfo.h"
 #include "controls/ClickCounter.h"
+#include "controls/CostRing.h"
 #include "controls/KeyboardFocus.h"
 #include "controls/StepInput.h"
 
@@ -72,6 +74,15 @@ class AngleViewer : public QWidget, public Adjustable {
   /// not to the right or up.
   void detectClickTitle(QPointF point);
 
+  /// What each whole degree costs, drawn inside the arc while the dial is enabled.
+  void setCosts(std::vector<CostRing::Cost> costs);
+  [[nodiscard]] const std::vector<CostRing::Cost>& costs() const { return _ring.costs(); }
+  /// That of the arc in a dial of this width.
+  static double radiusOf(double width) { return width / 10.0 * 8.0 * 0.5; }
+  /// The whole degree that the pointer is at, on the arc, on a label or with the thumb; none where
+  /// it is elsewhere, and while the dial is disabled.
+  [[nodiscard]] std::optional<int> pointedAngle() const { return _pointed; }
+
   [[nodiscard]] bool isAdjustable() const override { return _enable; }
   [[nodiscard]] double adjustableValue() const override { return _angle; }
   [[nodiscard]] double lowest() const override { return 0.0; }
@@ -91,6 +102,12 @@ class AngleViewer : public QWidget, public Adjustable {
   /// Back to mono, with thumb and active arc.
   void resetTo0();
 
+ signals:
+  /// The angle is another one; stored by then.
+  void turned();
+  /// `pointedAngle` is another one.
+  void pointedChanged();
+
  protected:
   /// Where things are drawn.
   [[nodiscard]] double radius() const { return RADIUS_OF_BIG_CURVE; }
@@ -108,6 +125,7 @@ class AngleViewer : public QWidget, public Adjustable {
   void keyPressEvent(QKeyEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void leaveEvent(QEvent* event) override;
 
  private:
   static constexpr double kTop = 90.0;  ///< where angle 0 is, in degrees from the right
@@ -121,6 +139,10 @@ class AngleViewer : public QWidget, public Adjustable {
   void drawText(QPainter& painter, const QRectF& rect);
   void placeTitle(AngleInfo& title, QSizeF size, QPointF centre) const;
   void stopAt(double end, const Path& arc, QPointF place);
+  void point(const QMouseEvent& event);
+  void setPointed(std::optional<int> degree);
+  [[nodiscard]] std::optional<double> angleAt(QPointF point) const;
+  [[nodiscard]] std::vector<AngleInfo>::const_iterator titleAt(QPointF point) const;
   [[nodiscard]] Path arcTo(double angle) const;
   [[nodiscard]] QPointF centre() const;
   [[nodiscard]] QPointF onArc(double radians) const;
@@ -150,6 +172,8 @@ class AngleViewer : public QWidget, public Adjustable {
   std::weak_ptr<AngleViewerDelegate> _delegate;
 
   std::vector<QSizeF> _titleSizes;  ///< measured when the font changes, not while painting
+  CostRing _ring;
+  std::optional<int> _pointed;
   ClickCounter _clicks;
   StepInput _steps;
   KeyboardFocus _focus;

@@ -64,6 +64,7 @@ void AngleViewer::paintEvent(QPaintEvent* /*event*/) {
   painter.save();
   Upward::turn(painter, height());
   drawArcs(painter);
+  if (_enable) _ring.draw(painter, centre(), RADIUS_OF_BIG_CURVE);
   drawThumb(painter);
   painter.restore();
   drawText(painter, rect());
@@ -122,9 +123,22 @@ void AngleViewer::mousePressEvent(QMouseEvent* event) {
 }
 
 void AngleViewer::mouseMoveEvent(QMouseEvent* event) {
-  if (!_allow2Drag) return;
-  _userDidDrag = true;
-  moveTheThumb(upward(*event), false);
+  if (_allow2Drag) {
+    _userDidDrag = true;
+    moveTheThumb(upward(*event), false);
+  }
+  point(*event);
+}
+
+void AngleViewer::point(const QMouseEvent& event) {
+  std::optional<double> angle;
+  if (_enable) angle = _allow2Drag ? _angle : angleAt(upward(event));
+  setPointed(angle ? std::optional(static_cast<int>(*angle)) : std::nullopt);
+}
+
+void AngleViewer::leaveEvent(QEvent* event) {
+  setPointed(std::nullopt);
+  QWidget::leaveEvent(event);
 }
 
 void AngleViewer::mouseReleaseEvent(QMouseEvent* event) {
@@ -133,6 +147,7 @@ void AngleViewer::mouseReleaseEvent(QMouseEvent* event) {
   if (!_didTouchAngleTitle && !_userDidDrag && _clicks.count() == 1) detectClick(upward(*event));
   _userDidDrag = false;
   _allow2Drag = false;
+  point(*event);
 }
 
 void AngleViewer::keyPressEvent(QKeyEvent* event) {

@@ -167,6 +167,10 @@ class Item:
         self.accessible.get_value_iface().set_current_value(value)
 
     @property
+    def highest(self):
+        return self.accessible.get_value_iface().get_maximum_value()
+
+    @property
     def text(self):
         iface = self.accessible.get_text_iface()
         return iface.get_text(0, iface.get_character_count())

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QApplication>
 #include <QTest>
 #include <cmath>
 #include <memory>
@@ -227,6 +228,51 @@ TEST(AngleViewer, ItsLabelsAreNowhereBeforeTheFirstDrawing) {
   dial.resize(350, 350);
   for (int y = -20; y < 350; ++y) dial.detectClickTitle(QPointF(0.0, y));
   EXPECT_EQ(0.0, dial.angle());
+}
+
+TEST_F(AngleViewerMouse, TellsTheDegreeThatThePointerIsAt) {
+  int told = 0;
+  QObject::connect(&dial, &AngleViewer::pointedChanged, &dial, [&] { ++told; });
+  EXPECT_EQ(dial.pointedAngle(), std::nullopt);
+  Hands::move(dial, at(100.5));
+  EXPECT_EQ(dial.pointedAngle(), 100);
+  Hands::move(dial, at(100.7, kRadius + 12));
+  EXPECT_EQ(told, 1) << "the same degree";
+  Hands::move(dial, at(20.5, kRadius - 12));
+  EXPECT_EQ(dial.pointedAngle(), 20);
+  Hands::move(dial, label(2).center());
+  EXPECT_EQ(dial.pointedAngle(), 60);
+  for (const QPointF elsewhere : {at(20.5, kRadius - 20), at(170), at(-10), at(90, 10)}) {
+    Hands::move(dial, elsewhere);
+    EXPECT_EQ(dial.pointedAngle(), std::nullopt);
+  }
+  Hands::move(dial, at(20.5));
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&dial, &leave);
+  EXPECT_EQ(dial.pointedAngle(), std::nullopt);
+  Hands::move(dial, at(20.5));
+  dial.setEnable(false);
+  EXPECT_EQ(dial.pointedAngle(), std::nullopt);
+  Hands::move(dial, at(40.5));
+  EXPECT_EQ(dial.pointedAngle(), std::nullopt);
+}
+
+TEST_F(AngleViewerMouse, WhileItIsDraggedThePointerIsAtItsAngle) {
+  int turns = 0;
+  double atTurn = 0;
+  QObject::connect(&dial, &AngleViewer::turned, &dial, [&] {
+    ++turns;
+    atTurn = dial.angle();
+  });
+  Hands::press(dial, at(kStart));
+  Hands::move(dial, at(100.5, 60));
+  EXPECT_EQ(turns, 1);
+  EXPECT_EQ(atTurn, dial.angle()) << "it is stored by then";
+  EXPECT_EQ(dial.pointedAngle(), 100) << "wherever it is";
+  Hands::release(dial, at(100.5, 60));
+  EXPECT_EQ(dial.pointedAngle(), std::nullopt);
+  dial.setNewAngle(dial.angle());
+  EXPECT_EQ(turns, 1) << "the same angle is no turn";
 }
 
 }  // namespace

@@ -4,8 +4,11 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <numbers>
+#include <vector>
 
 #include "Drawn.h"
 #include "Hands.h"
@@ -16,6 +19,14 @@ namespace {
 
 const QColor kGrey(88, 88, 88);
 const QColor kBlack(0, 0, 0);
+
+// Where a thin line is nearly as wide as a pixel, some of its ground is in it.
+bool isAlmost(const QColor& color, const QColor& wanted) {
+  constexpr int kMost = 24;
+  return std::abs(color.red() - wanted.red()) <= kMost &&
+         std::abs(color.green() - wanted.green()) <= kMost &&
+         std::abs(color.blue() - wanted.blue()) <= kMost;
+}
 
 struct AngleViewerPaint : testing::TestWithParam<double> {
   AngleViewerPaint() {
@@ -115,6 +126,64 @@ TEST_P(AngleViewerPaint, DisabledIsGreyWithDimmedLabels) {
     EXPECT_LT(90, brightest(i));
     EXPECT_GE(129, brightest(i));
   }
+}
+
+// Each pixel beside what the place of its centre asks for; those that an edge crosses may be mixed.
+TEST_P(AngleViewerPaint, CostsAreAThinLineInsideTheArc) {
+  using Cost = CostRing::Cost;
+  std::vector<Cost> costs(151, Cost::None);
+  std::fill(costs.begin() + 80, costs.begin() + 110, Cost::Near);
+  std::fill(costs.begin() + 110, costs.end(), Cost::Over);
+  dial.setCosts(costs);
+  paint();
+  int drawn = 0;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      const QPointF arm((x + 0.5) / GetParam() - 200.0, 200.0 - (y + 0.5) / GetParam());
+      const double radius = std::hypot(arm.x(), arm.y());
+      double angle = std::atan2(arm.y(), arm.x()) * 180.0 / std::numbers::pi - 90.0;
+      if (angle < -90.0) angle += 360.0;
+      const double in = std::fabs(radius - (160.0 - 14.0)) - 1.0;
+      const bool isInside = in < -0.8 && angle > 80.5 && angle < 149.5;
+      const bool isOutside = in > 0.8 || angle < 79.5 || angle > 150.5;
+      const bool isRing = std::fabs(radius - 146.0) < 8.0 && angle > 10.0 && angle < 170.0;
+      if (!isRing || std::fabs(angle - 110.0) < 0.5) continue;
+      const QColor color = picture.pixelColor(x, y);
+      const QColor wanted = angle < 110.0 ? Colors::warning() : Colors::over();
+      ASSERT_TRUE(!isInside || isAlmost(color, wanted))
+          << angle << " at " << radius << " is " << color.name().toStdString();
+      ASSERT_TRUE(!isOutside || color == kBlack)
+          << angle << " at " << radius << " is " << color.name().toStdString();
+      drawn += isInside ? 1 : 0;
+    }
+  }
+  EXPECT_GT(drawn, 40);
+}
+
+TEST_P(AngleViewerPaint, CostsOfTheLastDegreeAloneAreSeen) {
+  std::vector<CostRing::Cost> costs(151, CostRing::Cost::None);
+  costs.back() = CostRing::Cost::Over;
+  dial.setCosts(costs);
+  paint();
+  EXPECT_EQ(Colors::over(), colorAt(149.5, 146.0));
+  EXPECT_EQ(kBlack, colorAt(148.0, 146.0));
+}
+
+TEST_P(AngleViewerPaint, WithoutCostsOrDisabledThereIsNoLine) {
+  paint();
+  const QImage none = picture;
+  dial.setCosts(std::vector<CostRing::Cost>(151, CostRing::Cost::None));
+  paint();
+  EXPECT_EQ(none, picture);
+  dial.setEnable(false);
+  paint();
+  const QImage disabled = picture;
+  dial.setCosts(std::vector<CostRing::Cost>(151, CostRing::Cost::Over));
+  paint();
+  EXPECT_EQ(disabled, picture);
+  dial.setEnable(true);
+  paint();
+  EXPECT_NE(none, picture);
 }
 
 TEST_P(AngleViewerPaint, KeyboardFocusIsARingInTheThumb) {

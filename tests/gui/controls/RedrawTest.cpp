@@ -109,6 +109,14 @@ TEST_F(RedrawOfDial, ForAFontAndForTheFocusRing) {
   EXPECT_TRUE(repaints([this] { QTest::keyClick(&control, Qt::Key_Home); }));
 }
 
+TEST_F(RedrawOfDial, ForWhatAWidthCosts) {
+  const std::vector<CostRing::Cost> costs(151, CostRing::Cost::Over);
+  EXPECT_TRUE(repaints([&] { control.setCosts(costs); }));
+  EXPECT_FALSE(repaints([&] { control.setCosts(costs); }));
+  EXPECT_TRUE(repaints([this] { control.setCosts({}); }));
+  EXPECT_FALSE(repaints([this] { Hands::move(control, {200, 40}); })) << "pointing shows nothing";
+}
+
 TEST_F(RedrawOfDial, NotForAnAngleThatIsOnlyStored) {
   EXPECT_FALSE(repaints([this] { control.setAngle(50.0); }));
 }
