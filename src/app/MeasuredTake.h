@@ -2,22 +2,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QElapsedTimer>
 #include <QObject>
-#include <QTimer>
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 
 #include "analysis/TakeAnalysis.h"
-#include "analysis/TakeAnalyzer.h"
-#include "app/MeasuredSide.h"
+#include "app/RunningAnalysis.h"
 #include "app/TakeSession.h"
-#include "base/Errand.h"
 
-/// What the open take measures, at every width and gain: its analysis, made on workers from the
-/// moment it opens, given up when it goes. Whatever shows figures or a picture of the whole take
-/// asks here; nothing here reads the file, or copies what is known, on the interface thread,
-/// unless no thread can be had.
-/// Interface thread.
+/// What the open take measures, at every width and gain: its analysis, begun when it opens and
+/// given up when it goes. Whatever shows figures or a picture of the whole take asks here.
+///
+/// What is decoded does not tell how Side looks alone: for that the channels are analysed as if
+/// they were Left and Right, in a pass of its own, begun once somebody listens to Side. Interface
+/// thread.
 class MeasuredTake : public QObject {
   Q_OBJECT
 
@@ -26,12 +25,14 @@ class MeasuredTake : public QObject {
   explicit MeasuredTake(TakeSession& take, QObject* parent = nullptr);
 
   /// What is known by now; null without a take, and before anything is known.
-  [[nodiscard]] const std::shared_ptr<const TakeAnalysis>& analysis() const { return _analysis; }
+  [[nodiscard]] const std::shared_ptr<const TakeAnalysis>& analysis() const {
+    return _decoded.analysis();
+  }
   /// How much of the take is known, 0 to 1; 0 without one.
-  [[nodiscard]] double progress() const { return _progress; }
+  [[nodiscard]] double progress() const { return _decoded.progress(); }
   /// Whether more is to come.
-  [[nodiscard]] bool isRunning() const { return _analyzer != nullptr; }
-  [[nodiscard]] bool isComplete() const { return _analysis && _analysis->isComplete(); }
+  [[nodiscard]] bool isRunning() const { return _decoded.isRunning(); }
+  [[nodiscard]] bool isComplete() const { return analysis() && analysis()->isComplete(); }
   /// Frames [from, to) as they are heard, at the width and gain, or Mid or Side alone; see
   /// `TakeAnalysis::waveform`. No columns where nothing is known.
   [[nodiscard]] Waveform waveform(std::uint64_t from, std::uint64_t to, std::size_t columns) const;
@@ -52,16 +53,12 @@ class MeasuredTake : public QObject {
 
  private:
   void begin();
+  void beginSide();
   void drop();
-  void fetch(bool isLast);
-  void take(std::shared_ptr<const TakeAnalysis> known, double progress, bool isLast);
+  [[nodiscard]] Waveform sideWaveform(std::uint64_t from, std::uint64_t to,
+                                      std::size_t columns) const;
 
   TakeSession& _take;
-  MeasuredSide _side{_take, this};
-  std::shared_ptr<TakeAnalyzer> _analyzer;  ///< while it works
-  Errand _errand;                           ///< copies what is known: megabytes of a long take
-  QElapsedTimer _fetched;                   ///< since the errand began
-  std::shared_ptr<const TakeAnalysis> _analysis;
-  double _progress = 0;
-  QTimer _timerMeasured{this};
+  RunningAnalysis _decoded{this};
+  RunningAnalysis _recorded{this};  ///< of the channels as they are
 };

@@ -320,6 +320,9 @@ TEST_F(Waves, LongTakesShowWhatIsKnownBeforeAllIs) {
   };
   EXPECT_TRUE(EventLoop::runUntil(isKnownInPart));
   EXPECT_FALSE(measured->isComplete());
+  session->setSolo(Solo::Side);
+  EXPECT_FALSE(isKnownInPart()) << "that is another picture";
+  EXPECT_TRUE(EventLoop::runUntil(isKnownInPart)) << "of Side";
   session->close();
   SlowReads::reset();
 }

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/RunningAnalysis.h"
+
+#include <algorithm>
+#include <thread>
+#include <utility>
+
+namespace {
+
+constexpr int kLook = 100;       // ms from one look to the next, at least
+constexpr int kShareOfLook = 5;  // a copy of a long take may take a fifth of the time
+
+// One processor is left to the player and the window.
+unsigned workers() {
+  return std::max(2U, std::thread::hardware_concurrency()) - 1;
+}
+
+}  // namespace
+
+RunningAnalysis::RunningAnalysis(QObject* parent) : QObject(parent) {
+  _timerMeasured.setObjectName(QStringLiteral("timerMeasured"));
+  _timerMeasured.setSingleShot(true);
+  connect(&_timerMeasured, &QTimer::timeout, this, &RunningAnalysis::collect);
+}
+
+void RunningAnalysis::begin(const WaveFileReader& reader) {
+  drop();
+  TakeAnalyzer::Options options;
+  options.workers = workers();
+  _analyzer = std::make_shared<TakeAnalyzer>(reader, options);
+  _timerMeasured.start(kLook);
+}
+
+void RunningAnalysis::drop() {
+  _timerMeasured.stop();
+  _errand.giveUp();
+  if (_analyzer) _analyzer->cancel();
+  _analyzer.reset();
+  _progress = 0;
+  _analysis.reset();
+}
+
+void RunningAnalysis::lookAt(std::uint64_t frame) {
+  if (_analyzer) _analyzer->lookAt(frame);
+}
+
+void RunningAnalysis::collect() {
+  if (!_analyzer || _errand.isUnderWay()) return;
+  const bool isFinished = _analyzer->isFinished();
+  if (isFinished || _analyzer->progress() != _progress) return fetch(isFinished);
+  _timerMeasured.start(kLook);
+}
+
+// Where reading failed, what has been found stays. Where there is no thread it is done here.
+void RunningAnalysis::fetch(bool isLast) {
+  const Errand::Work work = [this, isLast, analyzer = _analyzer]() -> Errand::Outcome {
+    const double progress = analyzer->progress();
+    auto known = isLast ? analyzer->wait() : nullptr;
+    if (!known) known = analyzer->soFar();
+    return [this, known, progress, isLast] { take(known, progress, isLast); };
+  };
+  _fetched.start();
+  if (!_errand.begin(work)) work()();
+}
+
+void RunningAnalysis::take(std::shared_ptr<const TakeAnalysis> known, double progress,
+                           bool isLast) {
+  _analysis = std::move(known);
+  _progress = progress;
+  if (isLast) {
+    _analyzer.reset();
+  } else {
+    _timerMeasured.start(std::max(kLook, static_cast<int>(_fetched.elapsed()) * kShareOfLook));
+  }
+  emit measured();
+}

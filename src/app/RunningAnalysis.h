@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+#include <cstdint>
+#include <memory>
+
+#include "analysis/TakeAnalysis.h"
+#include "analysis/TakeAnalyzer.h"
+#include "base/Errand.h"
+#include "wav/WaveFileReader.h"
+
+/// An analysis while it is made, on workers, and what is known of it by now. Nothing here reads the
+/// file, or copies what is known, on the interface thread, which is the one that has it.
+class RunningAnalysis : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit RunningAnalysis(QObject* parent = nullptr);
+
+  /// Begins, and gives up what was before. Of a valid file, which it reads through an image of its
+  /// own.
+  void begin(const WaveFileReader& reader);
+  /// Gives up; nothing is known any more.
+  void drop();
+
+  /// What is known by now; null before anything is.
+  [[nodiscard]] const std::shared_ptr<const TakeAnalysis>& analysis() const { return _analysis; }
+  /// How much of the file is known, 0 to 1.
+  [[nodiscard]] double progress() const { return _progress; }
+  /// Whether more is to come.
+  [[nodiscard]] bool isRunning() const { return _analyzer != nullptr; }
+
+  /// Measures what is from this frame on first.
+  void lookAt(std::uint64_t frame);
+  /// Has what has been found since fetched.
+  void collect();
+
+ signals:
+  /// More is known.
+  void measured();
+
+ private:
+  void fetch(bool isLast);
+  void take(std::shared_ptr<const TakeAnalysis> known, double progress, bool isLast);
+
+  std::shared_ptr<TakeAnalyzer> _analyzer;  ///< while it works
+  Errand _errand;                           ///< copies what is known: megabytes of a long take
+  QElapsedTimer _fetched;                   ///< since the errand began
+  std::shared_ptr<const TakeAnalysis> _analysis;
+  double _progress = 0;
+  QTimer _timerMeasured{this};
+};
