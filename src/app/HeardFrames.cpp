@@ -44,13 +44,18 @@ double HeardFrames::heardAt(double from, double to, const HeardSound& sound) con
   return hasTurned ? to - secondsAt(sound.loop->end - sound.loop->first) : to;
 }
 
-bool HeardFrames::followFrames(std::uint64_t first, std::uint64_t count) {
-  return _reader->follow(secondsAt(first), secondsAt(first + count));
+double HeardFrames::secondsUntil(double from, double time, const HeardSound& sound) const {
+  const double ahead = time - from;
+  if (ahead >= 0 || !sound.loop) return ahead;
+  const double first = secondsAt(sound.loop->first);
+  const double end = secondsAt(sound.loop->end);
+  const bool isInside = time >= first && from <= end;
+  const double turned = ahead + (end - first);
+  return isInside && turned < -ahead ? turned : ahead;
 }
 
-bool HeardFrames::follow(double from, double to, const HeardSound& sound) {
-  const Stretch wanted = stretch(from, to, sound);
-  return followFrames(wanted.first, wanted.count);
+bool HeardFrames::followFrames(std::uint64_t first, std::uint64_t count) {
+  return _reader->follow(secondsAt(first), secondsAt(first + count));
 }
 
 std::size_t HeardFrames::readFrames(std::uint64_t first, std::uint64_t count, std::size_t at) {
@@ -59,9 +64,10 @@ std::size_t HeardFrames::readFrames(std::uint64_t first, std::uint64_t count, st
   return cursor.readFrames(std::span(_frames).subspan(2 * at, 2 * count));
 }
 
-std::span<const float> HeardFrames::read(double from, double to, const HeardSound& sound) {
+std::optional<std::span<const float>> HeardFrames::read(double from, double to,
+                                                        const HeardSound& sound) {
   const Stretch wanted = stretch(from, to, sound);
-  if (wanted.count == 0 || !followFrames(wanted.first, wanted.count)) return {};
+  if (!followFrames(wanted.first, wanted.count)) return std::nullopt;
   _frames.resize(std::max<std::size_t>(_frames.size(), 2 * (wanted.count + wanted.turned)));
   std::size_t count = readFrames(wanted.first, wanted.count, 0);
   if (wanted.turned > 0 && followFrames(sound.loop->first, wanted.turned)) {

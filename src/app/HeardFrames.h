@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -17,15 +18,15 @@ class HeardFrames {
   /// Of a valid file.
   explicit HeardFrames(std::unique_ptr<WaveFileReader> reader);
 
-  /// Has the samples from a time on read ahead, in seconds, and tells whether those up to `to`, or
-  /// to the turn, are at hand.
-  bool follow(double from, double to, const HeardSound& sound);
   /// Interleaved pairs, Left and Right, of the frames that begin in [from, to), in seconds; valid
-  /// until the next call. Empty where not all of them are at hand, which are read ahead then, and
-  /// where there are none; what comes after a turn is left out where it is not at hand.
-  std::span<const float> read(double from, double to, const HeardSound& sound);
+  /// until the next call. None where not all of them are at hand, empty where there are none. They
+  /// are read ahead from there on. What comes after a turn is left out where it is not at hand.
+  std::optional<std::span<const float>> read(double from, double to, const HeardSound& sound);
   /// The time that is heard at `to` by one who hears on from `from`: another one after a turn.
   [[nodiscard]] double heardAt(double from, double to, const HeardSound& sound) const;
+  /// The inverse: how long one hears on from `from` until `time` is heard; less than nothing where
+  /// that was before. In a loop the shorter way counts.
+  [[nodiscard]] double secondsUntil(double from, double time, const HeardSound& sound) const;
 
   [[nodiscard]] WaveFileReader& reader() { return *_reader; }
 

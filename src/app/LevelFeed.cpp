@@ -123,10 +123,18 @@ void LevelFeed::update(double interval) {
   updateTruly(time, interval);
 }
 
-// What is not at hand yet is not known; the bars do not stand at what was before.
+// What is not at hand yet is not known. Where it goes on with what was measured, as at the turn of
+// a loop that is longer than what is read ahead, it may be in a moment, and the bars wait for it.
+void LevelFeed::wait(double time, const HeardSound& sound) {
+  const double late = _heard->secondsUntil(_measuredTo, time, sound);
+  if (!(std::abs(late) < kLatest)) clear();
+}
+
 void LevelFeed::updateByRule(double time, double interval) {
   WaveFileReader& reader = _heard->reader();
-  if (!reader.follow(time, time + interval)) return clear();
+  const HeardSound sound = _take.heardSound();
+  if (!reader.follow(time, time + interval)) return wait(time, sound);
+  _measuredTo = _heard->heardAt(time, time + interval, sound);
   float left = 0.0F;
   float right = 0.0F;
   const double attenuation = -static_cast<double>(_take.gain());
@@ -139,19 +147,20 @@ void LevelFeed::updateByRule(double time, double interval) {
 
 // From where the last look ended, where that was just now: a late timer leaves no peak out.
 void LevelFeed::updateTruly(double time, double interval) {
-  const double late = time - _measuredTo;
-  const double from = late > 0 && late < kLatest ? _measuredTo : time;
-  const double to = time + interval;
   const HeardSound sound = _take.heardSound();
-  if (!_heard->follow(from, to, sound)) return clear();
+  const double late = _heard->secondsUntil(_measuredTo, time, sound);
+  const bool goesOn = late > 0 && late < kLatest;
+  const double from = goesOn ? _measuredTo : time;
+  const double to = goesOn ? from + late + interval : time + interval;
   const auto frames = _heard->read(from, to, sound);
-  if (frames.empty()) return;
+  if (!frames) return wait(time, sound);
+  if (frames->empty()) return;
   _measuredTo = _heard->heardAt(from, to, sound);
   double left = 0;
   double right = 0;
-  for (std::size_t i = 0; i + 1 < frames.size(); i += 2) {
-    left = std::max(left, std::abs(static_cast<double>(frames[i])));
-    right = std::max(right, std::abs(static_cast<double>(frames[i + 1])));
+  for (std::size_t i = 0; i + 1 < frames->size(); i += 2) {
+    left = std::max(left, std::abs(static_cast<double>((*frames)[i])));
+    right = std::max(right, std::abs(static_cast<double>((*frames)[i + 1])));
   }
   _view.lvlLeft->setLevel(meterLevel(left));
   _view.lvlRight->setLevel(meterLevel(right));

@@ -45,6 +45,7 @@ class LevelFeed : public QObject {
   void clear();
   void drop();
   void begin();
+  void wait(double time, const HeardSound& sound);
   void updateByRule(double time, double interval);
   void updateTruly(double time, double interval);
   void keepPeaks(double left, double right);
@@ -55,7 +56,7 @@ class LevelFeed : public QObject {
   std::unique_ptr<HeardFrames> _heard;  ///< null without a take
   PeakHold _peakLeft;
   PeakHold _peakRight;
-  double _measuredTo = 0;  ///< seconds
+  double _measuredTo = 0;  ///< seconds: what is heard next
   bool _isByRule = false;
   QTimer _timerLevel{this};
 };

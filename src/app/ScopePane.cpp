@@ -50,7 +50,7 @@ void ScopePane::advance() {
   const double since = to - _shownTo;
   const double from = since > 0 && since < kMostLate ? _shownTo : to - kInterval;
   const HeardSound sound = _take.heardSound();
-  const auto frames = _heard->read(from, to, sound);
+  const auto frames = _heard->read(from, to, sound).value_or(std::span<const float>());
   _shownTo = _heard->heardAt(from, to, sound);
   _view.field->scope->advance(frames, to - from);
   _correlation.add(frames, to - from);

@@ -397,6 +397,34 @@ TEST_F(Feed, MeasuresAgainWhenTheCardIsBack) {
   while (image->heldFrom(kRing) == 0) std::this_thread::yield();
 }
 
+// Nearly thirty seconds of 0.25, of which the ring holds the half.
+TEST_F(Feed, WaitsAMomentForTheBeginningOfALongLoop) {
+  constexpr std::uint64_t kRing = FollowedBlocks::kMostBlocks * FollowedBlocks::kBlockBytes;
+  const auto data = WaveBytes::samples24(repeated({0.25, 0.25}, int{kRing / 3}));
+  packets = data;
+  SlowReads::limit(takes.path().string(), 0);
+  openFile("a.WAV",
+           takes.file("a.WAV", WaveBytes().recorderBext(false).format24().data(data).get()));
+  const std::uint64_t frames = session->job()->reader()->frameCount();
+  session->setLoop(FrameLoop{0, frames});
+  session->seekToFrame(frames - std::uint64_t{kRate});
+  const auto isShown = [this] {
+    feed->update(LevelFeed::kInterval);
+    return view.lvlLeft->level() == 36;
+  };
+  EXPECT_TRUE(EventLoop::runUntil(isShown));
+  play(900);
+  EXPECT_TRUE(isShown());
+  SlowReads::share(takes.path().string(), 1);
+  play(200);
+  ASSERT_LT(session->playedTime(), 0.2) << "it has turned";
+  EXPECT_TRUE(isShown()) << "what comes next may be there in a moment";
+  play(600);
+  EXPECT_FALSE(isShown()) << "it was not";
+  SlowReads::reset();
+  EXPECT_TRUE(EventLoop::runUntil(isShown));
+}
+
 TEST_F(Feed, WithoutATakeItMeasuresNothing) {
   setLevels(17);
   feed->update(1.0);
