@@ -3,7 +3,6 @@
 
 #include <QLabel>
 #include <QTest>
-#include <thread>
 
 #include "WindowFixture.h"
 #include "dialogs/ExportVC.h"
@@ -31,7 +30,10 @@ class SoloTest : public WindowFixture {
   /// Until the meters know what is heard, and so do they.
   void updateMeters() {
     const double time = player().curremtTime();
-    while (!controller().exportJob()->reader()->follow(time, time + 1.0)) std::this_thread::yield();
+    const auto isAtHand = [&] {
+      return controller().exportJob()->reader()->follow(time, time + 1.0);
+    };
+    waitFor(isAtHand, "the samples");
     const auto known = [this] {
       controller().updateLevelMeter(0.033);
       return stage().lvlLeft->level() > 0;
