@@ -16,43 +16,19 @@ namespace {
 
 constexpr std::uint32_t kRate = 8000;
 
-struct Edges {
-  float greatestLeft = -9, leastLeft = 9, greatestRight = -9, leastRight = 9;
-
-  [[nodiscard]] float peak() const {
-    return std::max({greatestLeft, -leastLeft, greatestRight, -leastRight});
-  }
-};
-
-Edges truthOf(const Frames& leftRight, std::uint64_t from, std::uint64_t to) {
-  Edges edges;
-  for (std::uint64_t i = from; i < to; ++i) {
-    edges.greatestLeft = std::max(edges.greatestLeft, leftRight[2 * i]);
-    edges.leastLeft = std::min(edges.leastLeft, leftRight[2 * i]);
-    edges.greatestRight = std::max(edges.greatestRight, leftRight[2 * i + 1]);
-    edges.leastRight = std::min(edges.leastRight, leftRight[2 * i + 1]);
-  }
-  return edges;
-}
-
-float peakOf(const Waveform::Column& column) {
-  return Edges{column.greatestLeft, column.leastLeft, column.greatestRight, column.leastRight}
-      .peak();
-}
-
 void expectTrue(const Waveform& waveform, const Frames& leftRight) {
   constexpr float kHalfDecibel = 1.0593F;
   for (std::size_t i = 0; i < waveform.columns.size(); ++i) {
     const Waveform::Column& column = waveform.columns[i];
     const std::uint64_t begin = waveform.columnStart(i);
     const std::uint64_t end = std::max(begin + 1, waveform.columnStart(i + 1));
-    const Edges truth = truthOf(leftRight, begin, end);
+    const Waveform::Column truth = TestTake::truthOf(leftRight, begin, end);
     ASSERT_TRUE(column.isKnown);
     ASSERT_GE(column.greatestLeft, truth.greatestLeft) << i;
     ASSERT_LE(column.leastLeft, truth.leastLeft) << i;
     ASSERT_GE(column.greatestRight, truth.greatestRight) << i;
     ASSERT_LE(column.leastRight, truth.leastRight) << i;
-    ASSERT_LE(peakOf(column), truth.peak() * kHalfDecibel) << i;
+    ASSERT_LE(TestTake::peakOf(column), TestTake::peakOf(truth) * kHalfDecibel) << i;
   }
 }
 

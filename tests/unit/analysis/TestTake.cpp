@@ -3,6 +3,7 @@
 
 #include "TestTake.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <numbers>
@@ -52,6 +53,24 @@ void TestTake::addSine(Frames& frames, std::uint32_t rate, double seconds, doubl
 
 void TestTake::addSilence(Frames& frames, std::uint32_t rate, double seconds) {
   frames.resize(frames.size() + 2 * static_cast<std::size_t>(std::llround(seconds * rate)));
+}
+
+Waveform::Column TestTake::truthOf(const Frames& leftRight, std::uint64_t from, std::uint64_t to) {
+  Waveform::Column truth;
+  truth.leastLeft = truth.greatestLeft = leftRight[2 * from];
+  truth.leastRight = truth.greatestRight = leftRight[2 * from + 1];
+  for (std::uint64_t i = from; i < to; ++i) {
+    truth.leastLeft = std::min(truth.leastLeft, leftRight[2 * i]);
+    truth.greatestLeft = std::max(truth.greatestLeft, leftRight[2 * i]);
+    truth.leastRight = std::min(truth.leastRight, leftRight[2 * i + 1]);
+    truth.greatestRight = std::max(truth.greatestRight, leftRight[2 * i + 1]);
+  }
+  return truth;
+}
+
+float TestTake::peakOf(const Waveform::Column& column) {
+  return std::max(
+      {column.greatestLeft, -column.leastLeft, column.greatestRight, -column.leastRight});
 }
 
 Frames TestTake::encoded(const Frames& leftRight, int width) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "analysis/TakeAnalyzer.h"
+#include "analysis/Waveform.h"
 #include "wav/WaveFileReader.h"
 
 /// Interleaved frames, Left and Right or Mid and Side.
@@ -29,6 +30,11 @@ class TestTake {
   static void addSine(Frames& frames, std::uint32_t rate, double seconds, double level,
                       double frequency = 1000, double phase = 0);
   static void addSilence(Frames& frames, std::uint32_t rate, double seconds);
+
+  /// The least and the greatest of frames [from, to), at least one, looked at one by one.
+  static Waveform::Column truthOf(const Frames& leftRight, std::uint64_t from, std::uint64_t to);
+  /// The greatest magnitude of both channels.
+  static float peakOf(const Waveform::Column& column);
 
   /// Left and Right as Mid and Side that decode to them at this width, but for rounding.
   static Frames encoded(const Frames& leftRight, int width);

@@ -16,34 +16,11 @@ namespace {
 
 constexpr std::uint32_t kRate = 8000;
 
-struct Truth {
-  float leastLeft, greatestLeft, leastRight, greatestRight;
-};
-
-Truth truthOf(const Frames& leftRight, std::uint64_t from, std::uint64_t to) {
-  Truth truth{leftRight[2 * from], leftRight[2 * from], leftRight[2 * from + 1],
-              leftRight[2 * from + 1]};
-  for (std::uint64_t i = from; i < to; ++i) {
-    truth.leastLeft = std::min(truth.leastLeft, leftRight[2 * i]);
-    truth.greatestLeft = std::max(truth.greatestLeft, leftRight[2 * i]);
-    truth.leastRight = std::min(truth.leastRight, leftRight[2 * i + 1]);
-    truth.greatestRight = std::max(truth.greatestRight, leftRight[2 * i + 1]);
-  }
-  return truth;
-}
+using Truth = Waveform::Column;
 
 void expectClose(float got, float truth, float allowed, int width) {
   ASSERT_GE(got, truth) << "width " << width;
   ASSERT_LE(got - truth, allowed) << "width " << width;
-}
-
-float peakOf(const Truth& truth) {
-  return std::max({truth.greatestLeft, -truth.leastLeft, truth.greatestRight, -truth.leastRight});
-}
-
-float peakOf(const Waveform::Column& column) {
-  return std::max(
-      {column.greatestLeft, -column.leastLeft, column.greatestRight, -column.leastRight});
 }
 
 float peakOfSide(const Truth& midSide) {
@@ -52,13 +29,14 @@ float peakOfSide(const Truth& midSide) {
 
 // How far a straight line between two nodes may lie over the peak of both channels.
 float mostOverPeak(const Truth& truth, const Truth& midSide, int width) {
-  return width < 15 ? 0.0164F * peakOfSide(midSide) : 0.0518F * peakOf(truth);
+  return width < 15 ? 0.0164F * peakOfSide(midSide) : 0.0518F * TestTake::peakOf(truth);
 }
 
 // What the line, and 16 bits, add to an edge.
 float mostOverEdge(const Truth& truth, const Truth& midSide, int width) {
-  const float line = width < 111 ? 0.1441F * peakOfSide(midSide) : 0.1036F * peakOf(truth);
-  return line + (peakOf(truth) + line) / 127.0F;
+  const float line =
+      width < 111 ? 0.1441F * peakOfSide(midSide) : 0.1036F * TestTake::peakOf(truth);
+  return line + (TestTake::peakOf(truth) + line) / 127.0F;
 }
 
 void expectClose(const Waveform::Column& column, const Truth& truth, float allowed, int width) {
@@ -77,19 +55,19 @@ void expectCloseColumns(const Frames& midSide, std::size_t columns) {
     for (std::size_t i = 0; i < columns; ++i) {
       const std::uint64_t from = waveform.columnStart(i);
       const std::uint64_t to = waveform.columnStart(i + 1);
-      const Truth truth = truthOf(leftRight, from, to);
-      const Truth source = truthOf(midSide, from, to);
+      const Truth truth = TestTake::truthOf(leftRight, from, to);
+      const Truth source = TestTake::truthOf(midSide, from, to);
       const float allowed = mostOverEdge(truth, source, width);
       ASSERT_NO_FATAL_FAILURE(expectClose(waveform.columns[i], truth, allowed, width));
-      const float most = peakOf(truth) + mostOverPeak(truth, source, width);
-      ASSERT_LE(peakOf(waveform.columns[i]), most * (1 + 1.0F / 127)) << width;
+      const float most = TestTake::peakOf(truth) + mostOverPeak(truth, source, width);
+      ASSERT_LE(TestTake::peakOf(waveform.columns[i]), most * (1 + 1.0F / 127)) << width;
     }
   }
 }
 
 // How high the louder channel of a column reads, in dB.
 double decibelsHigh(const Waveform::Column& column, const Truth& truth) {
-  return 20 * std::log10(static_cast<double>(peakOf(column) / peakOf(truth)));
+  return 20 * std::log10(static_cast<double>(TestTake::peakOf(column) / TestTake::peakOf(truth)));
 }
 
 Frames phaseShifted(double degrees, double sideLevel) {
@@ -131,8 +109,8 @@ double worstHigh(int width) {
     midSide[301] = 0.5F * level / SideGain::factor(width);
     const Waveform waveform =
         TestTake::analyse(midSide, kRate, true)->waveform(width, 0, 0, 400, 1);
-    const Truth truth = truthOf(TestTake::decoded(midSide, width), 0, 400);
-    EXPECT_GE(peakOf(waveform.columns[0]), peakOf(truth)) << width;
+    const Truth truth = TestTake::truthOf(TestTake::decoded(midSide, width), 0, 400);
+    EXPECT_GE(TestTake::peakOf(waveform.columns[0]), TestTake::peakOf(truth)) << width;
     worst = std::max(worst, decibelsHigh(waveform.columns[0], truth));
   }
   return worst;
@@ -189,7 +167,7 @@ TEST(WaveformTest, AnyStretchAtAnyZoomHidesNothing) {
       for (std::size_t i = 0; i < 13; ++i) {
         const std::uint64_t begin = waveform.columnStart(i);
         const std::uint64_t end = std::max(begin + 1, waveform.columnStart(i + 1));
-        expectClose(waveform.columns[i], truthOf(leftRight, begin, end), 9.0F, 97);
+        expectClose(waveform.columns[i], TestTake::truthOf(leftRight, begin, end), 9.0F, 97);
       }
     }
   }
@@ -213,7 +191,8 @@ TEST(WaveformTest, LeftRightTakesReadAsTheyAre) {
   const auto analysis = TestTake::analyse(frames, kRate, false);
   const Waveform waveform = analysis->waveform(3, 0, 0, frames.size() / 2, 40);
   for (std::size_t i = 0; i < 40; ++i) {
-    const Truth truth = truthOf(frames, waveform.columnStart(i), waveform.columnStart(i + 1));
+    const Truth truth =
+        TestTake::truthOf(frames, waveform.columnStart(i), waveform.columnStart(i + 1));
     expectClose(waveform.columns[i], truth, 1.0F / 127, 3);
   }
 }
