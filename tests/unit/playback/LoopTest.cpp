@@ -47,6 +47,17 @@ class LoopTest : public PlaybackFixture {
     EXPECT_EQ(heard, wanted);
   }
   [[nodiscard]] std::size_t heardFrames() const { return output->played().size() / 2; }
+  /// Files are late ones from now on; the one that is opened last is `late`.
+  void useLateFiles() {
+    AudioBackends::addFile("late", [this] {
+      auto made = std::make_unique<LateFile>(format, packets);
+      late = made.get();
+      return made;
+    });
+    AudioBackends::chooseFile("late");
+  }
+
+  LateFile* late = nullptr;
 };
 
 TEST_F(LoopTest, TurnsToTheSampleWithoutAGap) {
@@ -147,13 +158,7 @@ TEST_F(LoopTest, SeeksInsideTurnAndSeeksBehindDoNot) {
 }
 
 TEST_F(LoopTest, WaitsForATurnThatIsLateAndLosesNothing) {
-  LateFile* late = nullptr;
-  AudioBackends::addFile("late", [&] {
-    auto made = std::make_unique<LateFile>(format, packets);
-    late = made.get();
-    return made;
-  });
-  AudioBackends::chooseFile("late");
+  useLateFiles();
   useFloatFile(20'000);
   AQPlayer player("x");
   const FrameLoop loop{3'000, 12'000};
@@ -170,17 +175,11 @@ TEST_F(LoopTest, WaitsForATurnThatIsLateAndLosesNothing) {
 }
 
 TEST_F(LoopTest, AnEndBehindTheTurnIsStillHeard) {
-  LateFile* made = nullptr;
-  AudioBackends::addFile("failing", [&] {
-    auto file = std::make_unique<LateFile>(format, packets);
-    made = file.get();
-    return file;
-  });
-  AudioBackends::chooseFile("failing");
+  useLateFiles();
   useFloatFile(20'000);
   AQPlayer player("x");
   player.setLoop(FrameLoop{3'000, 6'000});
-  made->failAt(3'000, 7);
+  late->failAt(3'000, 7);
   player.setPosition(4'000.5 / 20'000, true);
   clock.advance(500);
   EXPECT_EQ(output->played(), ramp(4'000, 6'000));
