@@ -201,11 +201,13 @@ TEST_F(SavePanelTest, AnotherNameGivesUpTheLookForTheOneBefore) {
   type("old");
   QTest::keyClicks(edit(), "er");
   EXPECT_TRUE(waitUntil([&] { return ThreadCount::now() <= before; }));
+  ASSERT_TRUE(_panel);
   type("older");
   list()->selectRow(0);
   EXPECT_TRUE(waitUntil([&] { return ThreadCount::now() <= before; }));
+  ASSERT_TRUE(_panel);
   EXPECT_THAT(_chosen, IsEmpty());
-  ASSERT_TRUE(_panel && _panel->isVisible());
+  EXPECT_TRUE(_panel->isVisible());
   type("new");
   EXPECT_TRUE(isGone());
   EXPECT_THAT(_chosen, ElementsAre(choice("new.WAV", Existing::Refuse)));
