@@ -11,7 +11,7 @@ class FolderCalls {
  public:
   struct Counts {
     std::size_t looks = 0;     ///< at a file or folder, or the file system it lies on
-    std::size_t listings = 0;  ///< that were begun
+    std::size_t listings = 0;  ///< that were begun, by `opendir`
 
     bool operator==(const Counts&) const = default;
   };
