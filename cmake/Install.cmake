@@ -33,7 +33,7 @@ function(mixdeck_install_manual program component)
 endfunction()
 
 install(TARGETS mixdeck mixdeck-cli RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT mixdeck)
-install(TARGETS mixdeck-plot-png RUNTIME DESTINATION "${CMAKE_INSTALL_LIBEXECDIR}/mixdeck"
+install(TARGETS mixdeck-cli-live mixdeck-plot-png RUNTIME DESTINATION "${CMAKE_INSTALL_LIBEXECDIR}/mixdeck"
         COMPONENT mixdeck)
 install(TARGETS mixdeck-recorder-sim RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
         COMPONENT simulator)

@@ -11,8 +11,9 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <filesystem>
 #include <system_error>
+
+#include "cli/ProgramBeside.h"
 
 namespace {
 
@@ -52,21 +53,13 @@ class SharedBytes {
   int _file;
 };
 
-// Beside this program, wherever that is, or where an installation puts it.
-std::string programPath() {
-  std::error_code error;
-  const auto folder = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
-  const auto installed = folder.parent_path() / "libexec" / "mixdeck" / kProgram;
-  return std::filesystem::exists(installed, error) ? installed : folder / kProgram;
-}
-
 // Runs it to its end; the reason where that was not a good one.
 std::string run(int input, int output) {
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO);
   posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
-  std::string path = programPath();
+  std::string path = ProgramBeside::path(kProgram);
   const std::array<char*, 2> arguments{path.data(), nullptr};
   pid_t child = 0;
   const int error = posix_spawn(&child, path.c_str(), &actions, nullptr, arguments.data(), environ);

@@ -1,110 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include <array>
-#include <clocale>
-#include <exception>
-#include <string>
-#include <utility>
-#include <vector>
+#include <span>
 
-#include "base/Version.h"
-#include "cli/Command.h"
-#include "cli/DemoCommand.h"
-#include "cli/DeviceCommand.h"
-#include "cli/ExportCommand.h"
-#include "cli/InfoCommand.h"
-#include "cli/Interrupt.h"
-#include "cli/LevelsCommand.h"
-#include "cli/MeasureCommand.h"
-#include "cli/NearestWord.h"
-#include "cli/PlayCommand.h"
-#include "cli/Printable.h"
-#include "cli/Problem.h"
-#include "cli/RepairCommand.h"
-#include "cli/Streams.h"
-#include "manual/ProgramWords.h"
-
-namespace {
-
-constexpr const char* kFooter =
-    "Every command has --help.\n"
-    "\n"
-    "Exit status: 0 all done; 1 something failed, which standard error tells with a line a file; "
-    "2\n"
-    "wrong usage; play has 128 and the number of the signal that ended it.\n"
-    "\n"
-    "Environment: NO_COLOR, where it is set and not empty, keeps colours out of what standard "
-    "error\n"
-    "tells on a terminal.\n"
-    "\n"
-    "Examples:\n"
-    "  mixdeck-cli export --angle 90 --gain 6 R0001.WAV\n"
-    "  mixdeck-cli export --loudness -16 --output-dir Decoded *.WAV\n"
-    "  find . -name '*.WAV' -print0 | mixdeck-cli measure --csv --files-from -";
-
-// A guess at what was meant by a word that is no command; empty where there is none.
-std::string guess(const CLI::App& program) {
-  const std::vector<CLI::App*> parsed = program.get_subcommands();
-  const CLI::App& asked = parsed.empty() ? program : *parsed.front();
-  std::vector<std::string> words;
-  for (const CLI::App* command : asked.get_subcommands({})) words.push_back(command->get_name());
-  for (const std::string& word : program.remaining(true)) {
-    const auto nearest = NearestWord::of(word, words);
-    if (nearest) return printable(word) + " is no command. Did you mean " + *nearest + "?\n";
-  }
-  return "";
-}
-
-int runProgram(int argc, char** argv) {
-  CLI::App program("Decodes, plays, measures and describes the recordings of the TARN J4.",
-                   "mixdeck-cli");
-  program.set_version_flag("--version", std::string("mixdeck-cli ") + kFullVersion);
-  program.require_subcommand(1);
-  ExportCommand exportCommand;
-  InfoCommand info;
-  LevelsCommand levels;
-  MeasureCommand measure;
-  PlayCommand play;
-  RepairCommand repair;
-  DeviceCommand device;
-  DemoCommand demo;
-  std::vector<std::pair<CLI::App*, Command*>> commands;
-  for (Command* command : std::to_array<Command*>(
-           {&exportCommand, &info, &levels, &measure, &play, &repair, &device, &demo})) {
-    commands.emplace_back(command->declare(program), command);
-  }
-  program.footer(kFooter);  // the commands would have it too, were it there before them
-  if (ProgramWords::areAskedFor(argc, argv)) {
-    Streams::out(ProgramWords::json(program, kFullVersion) + "\n");
-    return Command::kDone;
-  }
-  try {
-    program.parse(argc, argv);
-  } catch (const CLI::RuntimeError& error) {  // has been told
-    return error.get_exit_code();
-  } catch (const CLI::ParseError& error) {
-    if (program.exit(error) == 0) return Command::kDone;
-    Streams::err(guess(program));
-    return Command::kUsage;
-  }
-  for (const auto& [words, command] : commands) {
-    if (words->parsed()) return command->run();
-  }
-  return Command::kUsage;
-}
-
-}  // namespace
+#include "cli/LiveCommand.h"
+#include "cli/Tool.h"
 
 int main(int argc, char** argv) {
-  Interrupt::install();
-  try {
-    const int status = runProgram(argc, argv);
-    const std::string failure = Streams::failure();
-    if (failure.empty()) return status;
-    Streams::err("mixdeck-cli: standard output: " + failure + "\n");
-  } catch (const std::exception& error) {
-    Streams::err("mixdeck-cli: " + reasonOf(error) + "\n");
-  }
-  return Command::kFailed;
+  const std::span words(argv, static_cast<std::size_t>(argc));
+  if (words.size() > 1 && LiveCommand::isMeant(words[1])) return LiveCommand::handOver(argv);
+  return Tool::run(argc, argv, [argv] {
+    return Tool::commands(std::make_unique<LiveCommand>(LiveCommand::kPlay, argv),
+                          std::make_unique<LiveCommand>(LiveCommand::kDevice, argv));
+  });
 }

@@ -21,7 +21,7 @@ from dependencies import Tree, circles, place_of
 WITHOUT_QT = {"dsp", "wav", "export", "analysis"}
 STAND_INS = {"simulator", "memory", "null"}
 # Where a program is put together: every main.cpp, these files, and the simulated recorder's program.
-COMPOSERS = {"app/DeviceLink.h", "cli/DeviceCommand.cpp", "playback/AudioBackends.cpp"}
+COMPOSERS = {"app/DeviceLink.h", "cli/live/DeviceCommand.cpp", "playback/AudioBackends.cpp"}
 COMPOSING_FOLDERS = {"recorder-sim"}
 
 # What is being taken apart; this list shrinks to nothing.

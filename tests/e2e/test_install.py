@@ -13,7 +13,7 @@ from mixdeck import Case, recording
 
 BUILD = os.environ["MIXDECK_BUILD"]
 ID = "example.mixdeck.mixdeck"
-WINDOW_AND_TOOL = {"bin/mixdeck", "bin/mixdeck-cli", "libexec/mixdeck/mixdeck-plot-png",
+WINDOW_AND_TOOL = {"bin/mixdeck", "bin/mixdeck-cli", "libexec/mixdeck/mixdeck-plot-png", "libexec/mixdeck/mixdeck-cli-live",
                    f"share/applications/{ID}.desktop", f"share/metainfo/{ID}.metainfo.xml",
                    "share/icons/hicolor/scalable/apps/mixdeck.svg",
                    "share/icons/hicolor/symbolic/apps/mixdeck-symbolic.svg"}
@@ -52,6 +52,7 @@ class InstallTest(Case):
         for program in ("mixdeck", "mixdeck-cli", "mixdeck-recorder-sim"):
             told = self.run_checked(prefix / "bin" / program, "--version", env=environment)
             self.assertTrue(told.startswith(f"{program} "))
+        self.run_checked(prefix / "bin/mixdeck-cli", "device", "--simulate")
         take = self.file("a.wav", recording([1000, 500] * 4800))
         self.run_checked(prefix / "bin/mixdeck-cli", "measure", "--plot", "a.png", take,
                          cwd=self.folder)

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/DeviceTap.h"
+#include "cli/live/DeviceTap.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/DeviceCommand.h"
+#include "cli/live/DeviceCommand.h"
 
 #include <fmt/format.h>
 
@@ -12,10 +12,11 @@
 #include <utility>
 #include <vector>
 
-#include "cli/DeviceMonitorTask.h"
-#include "cli/DeviceSettingTask.h"
-#include "cli/DeviceStatusTask.h"
+#include "cli/LiveCommand.h"
 #include "cli/TimeText.h"
+#include "cli/live/DeviceMonitorTask.h"
+#include "cli/live/DeviceSettingTask.h"
+#include "cli/live/DeviceStatusTask.h"
 #include "midi/AbsentMIDISystem.h"
 #include "midi/MIDILog.h"
 #include "midi/MIDIPlatform.h"
@@ -87,9 +88,7 @@ constexpr const char* kFooter =
 }  // namespace
 
 CLI::App* DeviceCommand::declare(CLI::App& program) {
-  _device = program.add_subcommand("device",
-                                   "Ask a recorder that is attached, and change its "
-                                   "settings");
+  _device = program.add_subcommand(LiveCommand::kDevice.name, LiveCommand::kDevice.description);
   _device->require_subcommand(0, 1);
   _device->footer(kFooter);
   declareOptions();

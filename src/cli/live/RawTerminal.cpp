@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/RawTerminal.h"
+#include "cli/live/RawTerminal.h"
 
 #include <unistd.h>
 

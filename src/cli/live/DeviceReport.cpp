@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/DeviceReport.h"
+#include "cli/live/DeviceReport.h"
 
 #include <fmt/format.h>
 

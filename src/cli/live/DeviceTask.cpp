@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/DeviceTask.h"
+#include "cli/live/DeviceTask.h"
 
 #include <fmt/format.h>
 
@@ -11,9 +11,9 @@
 #include <utility>
 
 #include "cli/Command.h"
-#include "cli/DeviceReport.h"
 #include "cli/Interrupt.h"
 #include "cli/Streams.h"
+#include "cli/live/DeviceReport.h"
 
 namespace {
 

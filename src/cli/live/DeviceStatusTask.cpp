@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/DeviceStatusTask.h"
+#include "cli/live/DeviceStatusTask.h"
 
 #include "cli/Command.h"
 

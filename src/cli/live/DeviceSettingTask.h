@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "cli/DeviceTask.h"
+#include "cli/live/DeviceTask.h"
 
 /// `device set-battery` and `device set-auto-power-off`: changes a setting and waits for the
 /// acknowledgement.

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/DeviceMessage.h"
+#include "cli/live/DeviceMessage.h"
 
 #include <fmt/format.h>
 

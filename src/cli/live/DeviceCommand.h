@@ -7,7 +7,7 @@
 #include <string>
 
 #include "cli/Command.h"
-#include "cli/DeviceTask.h"
+#include "cli/live/DeviceTask.h"
 
 /// `device`: asks the recorder, changes its settings, or listens to it, over MIDI or with a
 /// simulated recorder of this process.

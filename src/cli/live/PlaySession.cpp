@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/PlaySession.h"
+#include "cli/live/PlaySession.h"
 
 #include <fmt/format.h>
 #include <sys/ioctl.h>
@@ -21,9 +21,9 @@
 #include "cli/NumberCheck.h"
 #include "cli/Printable.h"
 #include "cli/ProgressLine.h"
-#include "cli/RawTerminal.h"
 #include "cli/Streams.h"
-#include "cli/TimeLine.h"
+#include "cli/live/RawTerminal.h"
+#include "cli/live/TimeLine.h"
 #include "dsp/SideGain.h"
 
 namespace {

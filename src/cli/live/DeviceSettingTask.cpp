@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/DeviceSettingTask.h"
+#include "cli/live/DeviceSettingTask.h"
 
 #include <fmt/format.h>
 
@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "cli/Command.h"
-#include "cli/DeviceReport.h"
+#include "cli/live/DeviceReport.h"
 
 DeviceSettingTask::DeviceSettingTask(Setup setup, Setting setting, std::uint8_t value)
     : DeviceTask(std::move(setup)), _setting(setting), _value(value) {}

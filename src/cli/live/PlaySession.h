@@ -8,7 +8,7 @@
 #include <string>
 
 #include "base/NotificationCenter.h"
-#include "cli/KeyReader.h"
+#include "cli/live/KeyReader.h"
 #include "playback/WavePlayer.h"
 
 class RawTerminal;

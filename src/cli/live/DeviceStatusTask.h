@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "cli/DeviceReport.h"
-#include "cli/DeviceTask.h"
+#include "cli/live/DeviceReport.h"
+#include "cli/live/DeviceTask.h"
 
 /// `device status`: the record once, also of a handshake that stopped half way.
 class DeviceStatusTask final : public DeviceTask {

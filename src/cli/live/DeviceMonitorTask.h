@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "cli/DeviceTap.h"
-#include "cli/DeviceTask.h"
+#include "cli/live/DeviceTap.h"
+#include "cli/live/DeviceTask.h"
 
 /// `device monitor`: every message both ways with its meaning, until interrupted.
 class DeviceMonitorTask final : public DeviceTask {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/PlayCommand.h"
+#include "cli/live/PlayCommand.h"
 
 #include <QCoreApplication>
 #include <array>
@@ -11,11 +11,12 @@
 #include "base/EB.h"
 #include "base/Log.h"
 #include "cli/Interrupt.h"
+#include "cli/LiveCommand.h"
 #include "cli/NumberCheck.h"
-#include "cli/PlaySession.h"
 #include "cli/Problem.h"
 #include "cli/Streams.h"
 #include "cli/WidthOption.h"
+#include "cli/live/PlaySession.h"
 #include "export/Export.h"
 #include "playback/AudioBackends.h"
 #include "playback/LimitedAudioFile.h"
@@ -34,7 +35,8 @@ void endFilesAt(double seconds) {
 }  // namespace
 
 CLI::App* PlayCommand::declare(CLI::App& program) {
-  CLI::App* command = program.add_subcommand("play", "Play a recording as it would be exported");
+  CLI::App* command =
+      program.add_subcommand(LiveCommand::kPlay.name, LiveCommand::kPlay.description);
   WidthOption::add(*command, _angle);
   command->add_option("--gain", _gain, "Gain in whole dB; positive is louder")
       ->type_name("DB")

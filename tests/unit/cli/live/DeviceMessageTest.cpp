@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/DeviceMessage.h"
+#include "cli/live/DeviceMessage.h"
 
 #include <gmock/gmock.h>
 
-#include "cli/DeviceTap.h"
+#include "cli/live/DeviceTap.h"
 #include "midi/memory/InMemoryMIDISystem.h"
 #include "midi/simulator/RecorderState.h"
 

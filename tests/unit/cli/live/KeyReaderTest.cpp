@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/KeyReader.h"
+#include "cli/live/KeyReader.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/TimeLine.h"
+#include "cli/live/TimeLine.h"
 
 #include <fmt/format.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/DeviceMonitorTask.h"
+#include "cli/live/DeviceMonitorTask.h"
 
 #include <fmt/format.h>
 
@@ -10,7 +10,7 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "cli/DeviceMessage.h"
+#include "cli/live/DeviceMessage.h"
 #include "midi/MIDIPlatform.h"
 
 namespace {
