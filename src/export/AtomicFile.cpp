@@ -214,6 +214,13 @@ bool AtomicFile::hasRoomFor(std::uint64_t bytes) {
   return _file < 0 || bytes <= available(fstatvfs(_file, &room), room) || fail(ENOSPC);
 }
 
+// Only where files can be unnamed: such file systems set room aside without writing to it, and what
+// is not filled goes with the file. FAT would be left with lost clusters by a power cut.
+void AtomicFile::expect(std::uint64_t bytes) {
+  if (_file < 0 || !_temporary.empty()) return;
+  static_cast<void>(fallocate(_file, FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(bytes)));
+}
+
 bool AtomicFile::write(std::span<const std::byte> bytes) {
   if (!_failure.empty()) return false;
   return writeFully(_file, bytes) || fail(errno);

@@ -41,6 +41,9 @@ class AtomicFile {
 
   /// False when the target's medium has less than `bytes` left.
   bool hasRoomFor(std::uint64_t bytes);
+  /// Has the file system set room aside for so many bytes where that is quick: they are written
+  /// more quickly then, and lie together. A hint: what does not fit is told by `write`.
+  void expect(std::uint64_t bytes);
   /// Appends.
   bool write(std::span<const std::byte> bytes);
   /// Overwrites what has been written before, `offset` bytes from the start.

@@ -15,7 +15,8 @@ constexpr std::uint32_t kJunkSize = 28;
 constexpr std::uint32_t kFormatSize = 18;
 constexpr std::uint64_t kChunkHeader = 8;
 constexpr std::uint64_t kRiffHeader = 12;
-constexpr std::size_t kStreamBlock = 1 << 18;
+constexpr std::size_t kStreamBlock = 1 << 20;
+constexpr std::size_t kRoom = kStreamBlock + (1 << 16);  // for a block and what begins the next
 
 // The text's bytes when all of it is ASCII, else none.
 std::string_view ascii(std::string_view text) {
@@ -117,8 +118,9 @@ bool BwfWriter::streamTo(const std::filesystem::path& path, AtomicFile::Existing
   }
   _stream = std::make_unique<AtomicFile>(path, existing);
   _streamPath = path;
+  _data.reserve(kRoom);
   _streamed = 0;
-  _stream->hasRoomFor(expectedSize);
+  if (_stream->hasRoomFor(expectedSize)) _stream->expect(expectedSize);
   _sender = std::make_unique<BackgroundWriter>(
       [file = _stream.get()](std::span<const std::byte> bytes) { return file->write(bytes); });
   _failure = _stream->failure();
@@ -137,9 +139,16 @@ std::span<std::byte> BwfWriter::extend(std::uint32_t count) {
   return std::span(_data).last(count);
 }
 
+// Whole blocks at whole multiples of their size: the system keeps those in the largest pieces.
 void BwfWriter::sendOut() {
-  _streamed += _data.size();
+  const std::size_t whole = _data.size() - _data.size() % kStreamBlock;
+  const std::span<const std::byte> rest = std::span(_data).subspan(whole);
+  _rest.assign(rest.begin(), rest.end());
+  _data.resize(whole);
+  _streamed += whole;
   _sender->submit(_data);
+  _data.reserve(kRoom);
+  _data.insert(_data.end(), _rest.begin(), _rest.end());
   if (_sender->hasFailed()) finishSending();
 }
 

@@ -84,6 +84,7 @@ class BwfWriter {
   [[nodiscard]] std::string_view whyNotSaved(const std::filesystem::path& path) const;
 
   RawBytes _data;
+  RawBytes _rest;  ///< what came after the last whole block
   std::uint32_t _dataChunkSizePosition = 0;
   std::uint64_t _dataLength = 0;
   std::uint16_t _frameBytes = 0;

@@ -15,12 +15,14 @@
 #include "dsp/Kernels.h"
 #include "dsp/SideGain.h"
 #include "export/PeakPass.h"
+#include "export/ProcessorShare.h"
 #include "export/Recognition.h"
 #include "wav/BextLayout.h"
 
 namespace {
 
 constexpr std::size_t kBlockFloats = 5120;
+constexpr std::size_t kReadBytes = 1 << 20;
 constexpr std::uint64_t kFramesPerReport = 1 << 17;
 
 std::string field(const WavArray& chunk, BextField field) {
@@ -109,7 +111,7 @@ FrameRange Export::range() const {
 }
 
 FrameStream Export::stream() const {
-  FrameStream source(*_reader);
+  FrameStream source(*_reader, kReadBytes);
   source.stopAt(range().end);
   source.seek(range().first);
   return source;
@@ -122,6 +124,7 @@ bool Export::export2File(const std::filesystem::path& path, bool Is24bit, bool I
 }
 
 bool Export::export2File(const std::filesystem::path& path) {
+  const ProcessorShare own = ProcessorShare::own();
   _wasCancelled = false;
   _failure.clear();
   const std::string whyNot = whyNotAtAll(path, _isExport24Bit);
@@ -200,7 +203,9 @@ bool Export::isAnalysed() const {
 }
 
 float Export::firstPass() {
+  const ProcessorShare spare = ProcessorShare::spare();
   PeakPass pass(*_reader, sideGain(), range());
+  pass.setThreads(1 + spare.count());
   const auto peak = pass.run(_cancel, [this](std::uint64_t frames) { report(frames); });
   if (peak) return *peak;
   _wasCancelled = pass.failure().empty();
@@ -210,7 +215,9 @@ float Export::firstPass() {
 
 bool Export::analyse() {
   if (isAnalysed()) return true;
+  const ProcessorShare spare = ProcessorShare::spare();
   TakeAnalyzer::Options options;
+  options.workers = 1 + spare.count();
   options.firstFrame = range().first;
   options.endFrame = range().end;
   TakeAnalyzer analyzer(*_reader, options);

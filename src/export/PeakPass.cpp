@@ -14,7 +14,8 @@
 
 namespace {
 
-constexpr std::uint64_t kPartFrames = 163840;  // some reads of the stream
+constexpr std::uint64_t kPartFrames = 163840;
+constexpr std::size_t kReadBytes = 1 << 20;  // a part of a 24-bit take at once
 constexpr std::size_t kBlockFloats = 5120;
 
 }  // namespace
@@ -24,7 +25,7 @@ std::optional<float> PeakPass::run(const std::atomic<bool>* cancel, const Report
   _cancel = cancel;
   const std::uint64_t frames = _range.end - _range.first;
   const std::uint64_t parts = (frames + kPartFrames - 1) / kPartFrames;
-  const std::uint64_t threads = std::min<std::uint64_t>(parts, std::thread::hardware_concurrency());
+  const std::uint64_t threads = std::min<std::uint64_t>(parts, _threads);
   {
     std::vector<std::jthread> helpers;
     try {
@@ -39,7 +40,7 @@ std::optional<float> PeakPass::run(const std::atomic<bool>* cancel, const Report
 }
 
 void PeakPass::work(const Report& report) {
-  FrameStream stream(_reader);
+  FrameStream stream(_reader, kReadBytes);
   stream.stopAt(_range.end);
   float peak = 0;
   while (!isStopped() && takePart(stream, peak)) tell(report);

@@ -10,11 +10,12 @@
 #include <string>
 
 #include "export/FrameRange.h"
+#include "export/ProcessorShare.h"
 #include "wav/FrameStream.h"
 #include "wav/WaveFileReader.h"
 
 /// The greatest magnitude of a recording, or a stretch of it, as it is decoded: what an export that
-/// normalises has to know first. All processors share the work; the result is the same on any
+/// normalises has to know first. Several threads share the work; the result is the same on any
 /// number. One run a pass, by one thread.
 class PeakPass {
  public:
@@ -27,6 +28,9 @@ class PeakPass {
   /// Of these frames alone, which lie in the file.
   PeakPass(const WaveFileReader& reader, float sideGain, const FrameRange& frames)
       : _reader(reader), _sideGain(sideGain), _range(frames), _next(frames.first) {}
+
+  /// At least 1, before the run; one a processor unless somebody says otherwise.
+  void setThreads(unsigned count) { _threads = count; }
 
   /// None where `*cancel` became true or reading failed.
   std::optional<float> run(const std::atomic<bool>* cancel, const Report& report);
@@ -42,6 +46,7 @@ class PeakPass {
   const WaveFileReader& _reader;
   const float _sideGain;
   const FrameRange _range;
+  unsigned _threads = ProcessorShare::processors();
   const std::atomic<bool>* _cancel = nullptr;
   std::atomic<std::uint64_t> _next;  ///< the first frame that nobody has taken
   std::atomic<std::uint64_t> _done{0};

@@ -5,16 +5,11 @@
 
 #include <algorithm>
 
-namespace {
-
-constexpr std::size_t kBlockBytes = 245760;
-
-}  // namespace
-
-FrameStream::FrameStream(const WaveFileReader& reader)
+FrameStream::FrameStream(const WaveFileReader& reader, std::size_t blockBytes)
     : _image(reader.image()),
       _decoder(reader.header().NumChannels, reader.header().BitsPerSample, reader.encoding()),
-      _isApart(_decoder.reach() > kBlockBytes),
+      _blockBytes(blockBytes),
+      _isApart(_decoder.reach() > blockBytes),
       _position(reader.header().dataChunkPosition),
       _framesLeft(reader.frameCount()),
       _frames(_framesLeft) {}
@@ -54,7 +49,7 @@ std::uint64_t FrameStream::read(std::span<float> frames) {
 // Later channels lie beyond their frame, but not beyond the end of the image.
 bool FrameStream::fetch() {
   const std::uint64_t frame = _decoder.frameBytes();
-  const std::uint64_t most = std::max<std::uint64_t>(1, kBlockBytes / frame);
+  const std::uint64_t most = std::max<std::uint64_t>(1, _blockBytes / frame);
   const std::uint64_t count = std::min(_framesLeft, most);
   const std::uint64_t bytes =
       std::min((count - 1) * frame + _decoder.reach(), _image->size() - _position);

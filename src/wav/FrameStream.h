@@ -18,8 +18,11 @@
 /// number of streams over one image.
 class FrameStream {
  public:
-  /// Starts at the first frame.
-  explicit FrameStream(const WaveFileReader& reader);
+  /// What is read at once unless somebody says otherwise: from a slow medium soon there.
+  static constexpr std::size_t kBlockBytes = 245760;
+
+  /// Starts at the first frame. At most `blockBytes` are read and held at once.
+  explicit FrameStream(const WaveFileReader& reader, std::size_t blockBytes = kBlockBytes);
 
   /// Whole frames from here to the end.
   [[nodiscard]] std::uint64_t framesLeft() const { return _framesLeft; }
@@ -44,6 +47,7 @@ class FrameStream {
 
   std::shared_ptr<WaveImage> _image;
   FrameDecoder _decoder;
+  std::size_t _blockBytes;
   bool _isApart;            ///< samples of a frame lie further apart than a block holds
   std::uint64_t _position;  ///< of the next frame, in the image
   std::uint64_t _framesLeft;

@@ -160,6 +160,33 @@ TEST_F(AtomicFileFaultTest, DoesNotFlushANewFile) {
   EXPECT_EQ(TemporaryFolder::read(at("new")), bytesOf("n"));
 }
 
+TEST_F(AtomicFileFaultTest, ExpectsInVainWhereNoRoomCanBeSetAside) {
+  for (const int error : {EOPNOTSUPP, ENOSPC, EINTR}) {
+    EXPECT_EQ(inChild([this, error] {
+                if (!Confinement::failSystemCall(SYS_fallocate, error)) return false;
+                AtomicFile file(_old, kReplace);
+                file.expect(kDisk);
+                return file.write(bytesOf("n")) && file.commit();
+              }),
+              0);
+    EXPECT_EQ(TemporaryFolder::read(_old), bytesOf("n"));
+  }
+}
+
+// As on FAT, where a power cut would leave it as lost clusters.
+TEST_F(AtomicFileFaultTest, SetsNoRoomAsideForAFileThatHasAName) {
+  EXPECT_EQ(inChild([this] {
+              if (!Confinement::refuseUnnamedFiles()) return false;
+              AtomicFile file(at("new"), kReplace);
+              file.expect(1 << 20);
+              return file.write(bytesOf("n")) && file.commit();
+            }),
+            0);
+  struct stat status {};
+  ASSERT_EQ(stat(at("new").c_str(), &status), 0);
+  EXPECT_LT(512 * status.st_blocks, 1 << 20);
+}
+
 TEST_F(AtomicFileFaultTest, LeavesNothingWhenTheRenameFails) {
   EXPECT_EQ(inChild([this] {
               return Confinement::failRenames(EIO) &&

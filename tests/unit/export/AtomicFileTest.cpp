@@ -277,4 +277,15 @@ TEST_F(AtomicFileTest, KnowsWhetherThereIsRoom) {
   EXPECT_THAT(_folder.names(), IsEmpty());
 }
 
+TEST_F(AtomicFileTest, WhatIsExpectedIsNoPartOfTheFile) {
+  _folder.file("old", bytesOf("old"));
+  for (const char* name : {"new", "old"}) {
+    AtomicFile file(at(name), kReplace);
+    file.expect(1 << 20);
+    EXPECT_TRUE(file.write(bytesOf("words")));
+    EXPECT_TRUE(file.commit()) << file.failure();
+    EXPECT_EQ(TemporaryFolder::read(at(name)), bytesOf("words"));
+  }
+}
+
 }  // namespace

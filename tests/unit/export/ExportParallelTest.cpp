@@ -5,12 +5,15 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <iterator>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "export/ProcessorShare.h"
 #include "unit/export/ExportFixture.h"
 
 namespace fs = std::filesystem;
@@ -28,6 +31,19 @@ class ExportParallelTest : public ExportFixture {
   /// The samples of an export, without the header, which is dated.
   static std::vector<float> samplesOf(const fs::path& path) {
     return ByteView(TemporaryFolder::read(path)).allFloats(kSamples);
+  }
+
+  /// Enough for every processor of any machine.
+  static std::vector<float> longTone() {
+    std::vector<float> samples(6'000'000);
+    for (std::size_t i = 0; i < samples.size(); ++i) samples[i] = i / 100 % 2 == 0 ? 0.5F : -0.5F;
+    return samples;
+  }
+
+  /// Of this process.
+  static std::size_t threads() {
+    const fs::directory_iterator tasks("/proc/self/task");
+    return static_cast<std::size_t>(std::distance(begin(tasks), end(tasks)));
   }
 
   [[nodiscard]] fs::path numbered(int i) const { return _folder.path() / std::to_string(i); }
@@ -69,6 +85,22 @@ TEST_F(ExportParallelTest, LeavesOneWholeFileWhenAllGoToOneTarget) {
   }
   EXPECT_EQ(matches, 1);
   EXPECT_THAT(_folder.names(), testing::ElementsAre("in.wav", "out.wav"));
+}
+
+TEST_F(ExportParallelTest, TakesNoFurtherThreadsWhereEveryProcessorHasAJob) {
+  const auto others = ProcessorShare::spare();
+  const fs::path source = _folder.file("long.wav", recordingFloat(longTone(), true));
+  for (const bool isLoudness : {false, true}) {
+    Export job(source);
+    if (isLoudness) job.setLoudness(LoudnessTarget{-23, -1});
+    const std::size_t before = threads();
+    std::size_t during = 0;
+    job.setProgress([&](double done) {
+      if (done <= 0.5) during = std::max(during, threads());  // the second pass has a writer
+    });
+    EXPECT_TRUE(job.export2File(target(), false, !isLoudness)) << job.failure();
+    EXPECT_LE(during, before + (isLoudness ? 1 : 0));  // an analysis is a worker's
+  }
 }
 
 TEST_F(ExportParallelTest, LetsOthersReadDuringAnExport) {

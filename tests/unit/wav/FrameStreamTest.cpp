@@ -83,6 +83,16 @@ TEST_F(FrameStreamTest, BlockSizesDoNotMatter) {
   }
 }
 
+TEST_F(FrameStreamTest, WhatIsReadAtOnceDoesNotMatter) {
+  const Bytes file = longTake();
+  const auto reader = opened(_folder.file("take.wav", file));
+  const std::vector<float> expected = oneByOne(file);
+  for (const std::size_t bytes : {6U, 1000U, 1U << 20, 1U << 30}) {
+    FrameStream stream(*reader, bytes);
+    EXPECT_EQ(expected, all(stream, 5120)) << bytes;
+  }
+}
+
 TEST_F(FrameStreamTest, ReadsFromMemory) {
   const Bytes file = longTake();
   const auto reader = WaveFileReader::readFromData(file);
