@@ -39,7 +39,6 @@ std::int64_t magnitude(double sample) {
 LevelFeed::LevelFeed(StageView& view, TakeSession& take, QObject* parent)
     : QObject(parent), _view(view), _take(take) {
   _view.tickOfLevel->setTexts(levelLabels());
-  _view.tickOfLevel->setEnable(true);
   _view.tickOfLevel->initTick();
   for (LevelMeter* const meter : {_view.lvlLeft, _view.lvlRight}) {
     meter->setMaxValue(LevelMeterScale::kFull);

@@ -102,6 +102,7 @@ void SoundPane::setPlayable(bool isPlayable) {
   _stage.sliderGain->setEnabled(isPlayable);
   _sliderGainCell->setSliderEnabled(isPlayable);
   _stage.tickOfGain->setEnable(isPlayable);
+  _stage.tickOfLevel->setEnable(isPlayable);
   for (QLabel* const caption : {_stage.lblGain, _stage.lblImage, _stage.lblLevel}) {
     MainViewParts::setAlpha(*caption, isPlayable ? 1.0 : kDimmed);
   }

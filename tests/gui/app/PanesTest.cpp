@@ -152,8 +152,10 @@ TEST_F(Sound, IsIdleWithoutATake) {
   open("b.WAV", false);
   EXPECT_FALSE(stage.sliderStereo->enable()) << "there is no width to choose";
   EXPECT_TRUE(stage.tickOfGain->enable());
+  EXPECT_TRUE(stage.tickOfLevel->enable());
   session->close();
   EXPECT_FALSE(stage.tickOfGain->enable());
+  EXPECT_FALSE(stage.tickOfLevel->enable());
 }
 
 TEST_F(Sound, ControlsAreWhatTheSessionHas) {

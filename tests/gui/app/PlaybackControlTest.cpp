@@ -63,7 +63,7 @@ TEST_F(Playback, IsIdleAtFirst) {
   EXPECT_EQ(stage().sliderGain->minimum(), -36.0);
   EXPECT_EQ(stage().sliderGain->maximum(), 36.0);
   EXPECT_EQ(stage().lvlLeft->maxValue(), 54);
-  EXPECT_TRUE(stage().tickOfLevel->enable());
+  EXPECT_FALSE(stage().tickOfLevel->enable()) << "nothing has a level";
   EXPECT_EQ(stage().tickOfGain->texts().join(u' '), "+36 +24 +12 0 -12 -24 -36");
   EXPECT_EQ(stage().tickOfLevel->texts().join(u' '), "+6 0 -6 -12 -18 -24 -36 -48");
 }

@@ -1,0 +1,175 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+//
+// Whether what is drawn can be told from its ground, measured in pictures of the window, by the
+// contrast ratio that guidelines for accessible pages define.
+
+#include <QImage>
+#include <QLabel>
+#include <QTest>
+#include <QToolButton>
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <numbers>
+#include <string>
+
+#include "WindowFixture.h"
+#include "controls/FigureLine.h"
+
+namespace {
+
+constexpr double kText = 4.5;
+constexpr double kControl = 3.0;
+
+double linear(int channel) {
+  const double share = channel / 255.0;
+  return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+}
+
+double luminance(QRgb color) {
+  return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) +
+         0.0722 * linear(qBlue(color));
+}
+
+double contrast(QRgb a, QRgb b) {
+  const double one = luminance(a) + 0.05;
+  const double other = luminance(b) + 0.05;
+  return std::max(one, other) / std::min(one, other);
+}
+
+/// The ground is the commonest color; what stands out most from it is what is drawn.
+double greatestContrast(const QImage& picture) {
+  std::map<QRgb, int> counts;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) ++counts[picture.pixel(x, y)];
+  }
+  const auto isRarer = [](const auto& a, const auto& b) { return a.second < b.second; };
+  const QRgb ground = std::ranges::max_element(counts, isRarer)->first;
+  double most = 1;
+  for (const auto& [color, count] : counts) most = std::max(most, contrast(color, ground));
+  return most;
+}
+
+class Contrast : public WindowFixture {
+ protected:
+  void SetUp() override {
+    take("R0001.WAV");
+    take("R0002.WAV");
+    startOnTakes();
+    open("R0001.WAV");
+    // Until the meters show what is heard.
+    for (int i = 0; i < 100; ++i) {
+      play(50);
+      _window = view().grab().toImage().convertToFormat(QImage::Format_RGB32);
+      if (of(*stage().lvlLeft) >= kControl && of(*stage().lvlRight) >= kControl) break;
+    }
+  }
+  void TearDown() override { end(); }
+
+  [[nodiscard]] double of(const QWidget& widget) const {
+    const double scale = _window.devicePixelRatio();
+    const QPoint place = widget.mapTo(&view(), QPoint(0, 0));
+    const QRectF area(place.x() * scale, place.y() * scale, widget.width() * scale,
+                      widget.height() * scale);
+    return greatestContrast(_window.copy(area.toAlignedRect() & _window.rect()));
+  }
+  /// The same of a part of a widget.
+  [[nodiscard]] double of(const QWidget& widget, const QRect& part) const {
+    const double scale = _window.devicePixelRatio();
+    const QPoint place = widget.mapTo(&view(), part.topLeft());
+    const QRectF area(place.x() * scale, place.y() * scale, part.width() * scale,
+                      part.height() * scale);
+    return greatestContrast(_window.copy(area.toAlignedRect() & _window.rect()));
+  }
+  /// In the middle of the line inside the arc, beside its ground a little farther in.
+  [[nodiscard]] double ofCostAt(double angle) const {
+    const double t = (angle + 90.0) * std::numbers::pi / 180.0;
+    const AngleViewer& dial = *stage().sliderStereo;
+    const auto at = [&](double inset) {
+      const double radius = AngleViewer::radiusOf(dial.width()) - inset;
+      const QPointF place(dial.width() / 2.0 + radius * std::cos(t),
+                          dial.height() / 2.0 - radius * std::sin(t));
+      const QPointF onWindow = place + QPointF(dial.mapTo(&view(), QPoint(0, 0)));
+      return _window.pixel((onWindow * _window.devicePixelRatio()).toPoint());
+    };
+    return contrast(at(CostRing::kInset), at(CostRing::kInset + 6));
+  }
+  static std::string nameOf(const QWidget& widget) {
+    const auto* const label = qobject_cast<const QLabel*>(&widget);
+    return (label ? label->text() : widget.accessibleName()).toStdString();
+  }
+  static bool isInUse(const QWidget& widget) {
+    return widget.isVisible() && widget.isEnabled() && !widget.size().isEmpty();
+  }
+  /// How many there were.
+  template <class Widget, class Condition>
+  int expectAtLeast(double least, const Condition& counts) const {
+    int count = 0;
+    for (const Widget* const widget : view().findChildren<Widget*>()) {
+      if (!isInUse(*widget) || !counts(*widget)) continue;
+      EXPECT_GE(of(*widget), least) << nameOf(*widget);
+      ++count;
+    }
+    return count;
+  }
+
+  QImage _window;
+};
+
+TEST_F(Contrast, OfLabelsIsThatOfText) {
+  const auto hasText = [](const QLabel& label) { return !label.text().isEmpty(); };
+  EXPECT_GT(expectAtLeast<QLabel>(kText, hasText), 10);
+}
+
+TEST_F(Contrast, OfFiguresIsThatOfText) {
+  EXPECT_EQ(expectAtLeast<FigureLine>(kText, [](const FigureLine&) { return true; }), 4);
+}
+
+TEST_F(Contrast, OfControlsIsThatOfControls) {
+  // Without a recorder nothing is drawn in the bar of its card.
+  const auto isNamed = [](const QWidget& widget) {
+    return !widget.accessibleName().isEmpty() && widget.accessibleName() != "Card used";
+  };
+  EXPECT_GT(expectAtLeast<QWidget>(kControl, isNamed), 10);
+}
+
+TEST_F(Contrast, OfLoopSoloAndWhatAWidthCosts) {
+  setGain(6);
+  controller().take().setLoop(FrameLoop{96'000, 192'000});
+  QTest::mouseClick(view().player->btnSoloMid, Qt::LeftButton);
+  AngleViewer& dial = *stage().sliderStereo;
+  waitFor([&] { return !dial.costs().empty() && dial.costs().back() == CostRing::Cost::Over; },
+          "what the width costs");
+  ASSERT_EQ(dial.costs().front(), CostRing::Cost::Near);
+  Hands::move(dial,
+              {dial.width() / 2.0 - AngleViewer::radiusOf(dial.width()), dial.height() / 2.0});
+  ASSERT_TRUE(stage().cost->isVisible());
+  _window = view().grab().toImage().convertToFormat(QImage::Format_RGB32);
+  for (const QToolButton* const button :
+       {view().player->btnLoop, view().player->btnSoloMid, view().player->btnSoloSide}) {
+    EXPECT_GE(of(*button), kText) << nameOf(*button);
+  }
+  for (const QLabel* const label :
+       {stage().cost->lblWidth, stage().cost->lblLoudness, stage().cost->lblPeak}) {
+    EXPECT_GE(of(*label), kText) << nameOf(*label);
+  }
+  const auto& wave = *view().player->waveform;
+  for (const double seconds : {2.0, 4.0}) {
+    const int x = static_cast<int>(wave.xOf(seconds));
+    EXPECT_GE(of(wave, {x - 6, 0, 12, 13}), kText) << "mark at " << seconds;
+  }
+  EXPECT_GE(ofCostAt(0.4), kControl);
+  EXPECT_GE(ofCostAt(140), kControl);
+}
+
+TEST_F(Contrast, IsMeasuredAsItIsDefined) {
+  EXPECT_NEAR(contrast(qRgb(0, 0, 0), qRgb(255, 255, 255)), 21, 1e-9);
+  EXPECT_NEAR(contrast(qRgb(0x77, 0x77, 0x77), qRgb(255, 255, 255)), 4.48, 0.005);
+  QImage picture(4, 4, QImage::Format_RGB32);
+  picture.fill(qRgb(255, 255, 255));
+  picture.setPixel(1, 1, qRgb(0x77, 0x77, 0x77));
+  EXPECT_LT(greatestContrast(picture), kText) << "grey that is too light is found";
+}
+
+}  // namespace
