@@ -56,13 +56,15 @@ class TakeAnalyzer::Work {
  private:
   void run();
   bool takeNext(UnitResult& result);
+  bool readNext(UnitPass& pass, UnitResult& result);
   void add(const UnitResult& result);
   void end(const std::string& failure);
 
   const WaveFileReader _reader;
   const std::uint64_t _firstFrame;
   std::atomic<bool> _isCancelled{false};
-  std::mutex _mutex;  ///< guards all that follows
+  std::mutex _reading;  ///< held by the worker that reads
+  std::mutex _mutex;    ///< guards all that follows
   std::condition_variable _progressed;
   TakeFindings _findings;
   std::vector<bool> _isTaken;
@@ -89,10 +91,20 @@ void TakeAnalyzer::Work::run() {
   {
     UnitPass pass(_reader, _findings.layout, _firstFrame, &_isCancelled);
     UnitResult result;
-    while (takeNext(result) && pass.run(result)) add(result);
+    while (readNext(pass, result)) {
+      pass.run(result);
+      add(result);
+    }
     failure = pass.failure();
   }
   end(failure);
+}
+
+// One after the other: several units at once would share a slow medium, and nothing would be known
+// for as long as all of them take.
+bool TakeAnalyzer::Work::readNext(UnitPass& pass, UnitResult& result) {
+  const std::lock_guard lock(_reading);
+  return takeNext(result) && pass.fill(result.unit);
 }
 
 bool TakeAnalyzer::Work::takeNext(UnitResult& result) {

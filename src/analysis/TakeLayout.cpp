@@ -10,7 +10,7 @@
 namespace {
 
 constexpr std::size_t kNominalBlock = 4800;
-constexpr std::size_t kMostStretchFrames = 96000;  // a unit has to fit the memory of a worker
+constexpr std::size_t kMostStretchFrames = 48000;  // a unit is soon read, and fits a worker
 constexpr std::size_t kMostBlocks = 10;
 constexpr std::size_t kLeastBlocks = 2;
 

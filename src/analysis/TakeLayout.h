@@ -6,7 +6,8 @@
 #include <cstdint>
 
 /// How an analysis divides a take: blocks of 100 ms, whose sums loudness is made of; two bins a
-/// block, for the waveform; units of some 4 s, which are read and worked on in one piece.
+/// block, for the waveform; units of 4 s, or less at high rates, which are read and worked on in
+/// one piece.
 ///
 /// The division depends on the rate and the length alone, so that the result does not depend on who
 /// did which unit when. Frames count from the first one that is analysed. Where loudness is not

@@ -63,8 +63,7 @@ std::span<float> UnitPass::frames(std::size_t begin, std::size_t end) {
   return std::span(_buffer).subspan(2 * begin, 2 * (end - begin));
 }
 
-bool UnitPass::run(UnitResult& result) {
-  if (!fill(result.unit)) return false;
+void UnitPass::run(UnitResult& result) {
   findExtremes(result);
   findLoudest();
   raiseSamplePeaks(result.samplePeaks);
@@ -72,7 +71,6 @@ bool UnitPass::run(UnitResult& result) {
   result.truePeaks.merge(result.samplePeaks);
   raiseTruePeaks(result.truePeaks);
   weigh(result);
-  return true;
 }
 
 // Outside the take there is silence.

@@ -29,13 +29,15 @@
 /// waveform, where infinity counts. One thread at a time.
 class UnitPass {
  public:
-  /// `firstFrame` of the file is frame 0 of the layout. `*cancel` ends a run early.
+  /// `firstFrame` of the file is frame 0 of the layout. `*cancel` ends the reading early.
   UnitPass(const WaveFileReader& reader, const TakeLayout& layout, std::uint64_t firstFrame,
            const std::atomic<bool>* cancel);
 
-  /// Fills in blocks, keys and peaks of `result.unit`; the peaks that are there already spare the
-  /// search for lower ones. False on a cancel or a failure.
-  bool run(UnitResult& result);
+  /// Reads a unit. False on a cancel or a failure.
+  bool fill(std::size_t unit);
+  /// Fills in blocks, keys and peaks of `result.unit`, which has been read; the peaks that are
+  /// there already spare the search for lower ones.
+  void run(UnitResult& result);
 
   /// Why reading failed; empty when it did not.
   [[nodiscard]] const std::string& failure() const { return _stream.failure(); }
@@ -51,7 +53,6 @@ class UnitPass {
     std::array<float, PeakEnvelope::kRawExtremes> extremes;
   };
 
-  bool fill(std::size_t unit);
   bool read(std::size_t begin, std::size_t end);
   [[nodiscard]] std::span<float> frames(std::size_t begin, std::size_t end);
   void findExtremes(UnitResult& result);

@@ -9,8 +9,9 @@
 
 namespace {
 
-constexpr int kLook = 100;       // ms from one look to the next, at least
-constexpr int kShareOfLook = 5;  // a copy of a long take may take a fifth of the time
+constexpr int kLook = 60;        // ms from one picture to the next look: ten pictures a second
+constexpr int kLookAgain = 20;   // ms, where nothing more was known
+constexpr int kShareOfLook = 1;  // a copy of a long take may take half of the time
 
 // One processor is left to the player and the window.
 unsigned workers() {
@@ -50,7 +51,7 @@ void RunningAnalysis::collect() {
   if (!_analyzer || _errand.isUnderWay()) return;
   const bool isFinished = _analyzer->isFinished();
   if (isFinished || _analyzer->progress() != _progress) return fetch(isFinished);
-  _timerMeasured.start(kLook);
+  _timerMeasured.start(kLookAgain);
 }
 
 // Where reading failed, what has been found stays. Where there is no thread it is done here.

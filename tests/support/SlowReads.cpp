@@ -29,6 +29,9 @@ struct Medium {
   std::condition_variable changed;
   std::uint64_t round = 0;     ///< counts the calls that set the medium up
   std::uint64_t share = 0;     ///< bytes a thread may have; 0 is any number
+  bool isShared = false;       ///< `given` counts
+  std::uint64_t given = 0;     ///< bytes that all may have
+  std::uint64_t taken = 0;     ///< bytes that all have had of them
   std::thread::id privileged;  ///< who is not held to it
   Clock::time_point free;      ///< when the medium has done what was asked of it
   std::atomic<std::uint64_t> rate{0};
@@ -86,9 +89,21 @@ void waitForShare(std::size_t bytes) {
   all.changed.wait(lock, mayGoOn);
 }
 
+void waitForGift(std::size_t bytes) {
+  Medium& all = medium();
+  std::unique_lock lock(all.mutex);
+  if (!all.isShared || all.privileged == std::this_thread::get_id()) return;
+  all.taken += bytes;
+  const auto mayGoOn = [&, mark = all.taken] {
+    return !all.isShared || mark <= all.given || all.isGone || !all.isActive;
+  };
+  all.changed.wait(lock, mayGoOn);
+}
+
 void waitFor(std::size_t bytes) {
   Medium& all = medium();
   waitForShare(bytes);
+  waitForGift(bytes);
   if (all.rate == 0) return;
   Clock::time_point done;
   {
@@ -127,6 +142,8 @@ void setUp(const std::string& folder, std::uint64_t rate, std::uint64_t share) {
   all.free = Clock::now();
   all.rate = rate;
   all.share = share;
+  all.isShared = false;
+  all.given = all.taken = 0;
   all.privileged = std::this_thread::get_id();
   all.isGone = false;
   all.brokenListings = 0;
@@ -159,6 +176,15 @@ void SlowReads::share(const std::string& folder, std::uint64_t bytesPerThread) {
   setUp(folder, 0, bytesPerThread);
 }
 
+void SlowReads::give(const std::string& folder, std::uint64_t bytes) {
+  Medium& all = medium();
+  if (!all.isShared) setUp(folder, 0, 0);
+  const std::lock_guard lock(all.mutex);
+  all.isShared = true;
+  all.given += bytes;
+  all.changed.notify_all();
+}
+
 std::uint64_t SlowReads::takenHere() {
   const std::lock_guard lock(medium().mutex);
   return account().taken;
@@ -177,6 +203,7 @@ void SlowReads::breakListings(int times) {
 void SlowReads::reset() {
   const std::lock_guard lock(medium().mutex);
   medium().isActive = false;
+  medium().isShared = false;
   medium().changed.notify_all();
 }
 

@@ -16,6 +16,8 @@ class SlowReads {
   /// A medium without a clock: every other thread gets so many bytes and then waits, until the next
   /// call here or `reset`. The calling thread is never held up; `takenHere` tells what it took.
   static void share(const std::string& folder, std::uint64_t bytesPerThread);
+  /// The same for all other threads together: they get so many bytes more and then wait.
+  static void give(const std::string& folder, std::uint64_t bytes);
   /// Bytes that the calling thread has read since the last `limit` or `share`.
   static std::uint64_t takenHere();
   /// Every read from now on fails with an input/output error.

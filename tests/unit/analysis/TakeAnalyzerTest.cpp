@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <fstream>
 #include <thread>
 
@@ -74,6 +75,27 @@ TEST_F(TakeAnalyzerTest, ASlowMediumMakesNoDifference) {
   ASSERT_NE(got, nullptr);
   expectSame(*got, *wanted);
   EXPECT_EQ(last, 1.0);
+}
+
+// What a medium of 20 MB/s gives in a tenth of a second: there are ten pictures a second.
+TEST_F(TakeAnalyzerTest, ATenthOfASecondOfASlowMediumTellsMore) {
+  const auto reader = openFile();
+  for (const unsigned count : {1U, 2U, 4U}) {
+    SlowReads::reset();
+    SlowReads::give(_folder.path().native(), 0);
+    TakeAnalyzer analyzer(*reader, workers(count));
+    double known = 0;
+    while (known < 1) {
+      SlowReads::give(_folder.path().native(), 2'000'000);
+      const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+      while (analyzer.progress() == known && std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::yield();
+      }
+      ASSERT_GT(analyzer.progress(), known) << count << " workers";
+      known = analyzer.progress();
+    }
+    EXPECT_NE(analyzer.wait(), nullptr);
+  }
 }
 
 TEST_F(TakeAnalyzerTest, TheLastReportIsThatAllIsDoneHoweverEarlyItWas) {

@@ -43,6 +43,13 @@ TEST(TakeLayoutTest, NothingHasNoParts) {
   EXPECT_EQ(layout.blocks() + layout.bins() + layout.units() + layout.wholeBlocks(), 0U);
 }
 
+// A tenth of a second of a medium of 20 MB/s.
+TEST(TakeLayoutTest, AUnitIsSoonRead) {
+  for (const std::uint32_t rate : {8000U, 48000U, 96000U, 192000U}) {
+    EXPECT_LE(TakeLayout(rate, 1, true).framesPerUnit() * 2 * sizeof(float), 2'000'000U) << rate;
+  }
+}
+
 TEST(TakeLayoutTest, ThePassesOfSeveralWorkersFitTheMemory) {
   for (const std::uint32_t rate : {0U, 8000U, 48000U, 96000U, 192000U, 384000U, 768000U}) {
     EXPECT_LT(UnitPass::memory(TakeLayout(rate, 1, true)), 10U << 20) << rate;
