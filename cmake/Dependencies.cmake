@@ -11,7 +11,7 @@ find_package(nlohmann_json REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(ALSA REQUIRED IMPORTED_TARGET alsa)
 pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Svg Widgets)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Svg Widgets)
 
 # A newer Qt warns of what the oldest one that we build with has nothing else for.
 if(Qt6_VERSION VERSION_GREATER_EQUAL 6.5)

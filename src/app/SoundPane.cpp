@@ -63,6 +63,7 @@ void SoundPane::initVolume() {
   _take.setVolume(kFirstVolume);
   showVolume(static_cast<float>(kFirstVolume));
   connect(_view.sliderVolume, &Slider::valueAdjusted, this, &SoundPane::volumeAdjusted);
+  connect(&_take, &TakeSession::volumeChanged, this, &SoundPane::followVolume);
   // Not its clicks: assistive software toggles it without one.
   connect(_view.btnVolume, &QToolButton::toggled, this, &SoundPane::toggleMute);
 }
@@ -126,6 +127,17 @@ void SoundPane::volumeAdjusted(AdjustCause cause) {
   _isMuteVolume = !(value > 0);
   showVolume(static_cast<float>(value));
   _take.setVolume(value);
+}
+
+// Somebody else has set it; what the slider sets comes here too, and is there already.
+void SoundPane::followVolume() {
+  const double volume = _take.volume();
+  if (volume == _view.sliderVolume->value()) return;
+  _isMuteVolume = !(volume > 0);
+  if (_isMuteVolume) _lastVolume = _view.sliderVolume->value();
+  _view.sliderVolume->setValue(volume);
+  _volumeBefore = volume;
+  showVolume(static_cast<float>(volume));
 }
 
 void SoundPane::toggleMute() {

@@ -39,6 +39,7 @@ class SoundPane : public QObject,
 
  private:
   void initVolume();
+  void followVolume();
   void initGain();
   void showIdle();
   void showTake();

@@ -118,7 +118,9 @@ void TakeSession::play() {
 }
 
 void TakeSession::seek(double position) {
-  if (_player) _player->setPosition(position);
+  if (!_player) return;
+  _player->setPosition(position);
+  emit jumped();
 }
 
 // The middle of the frame: the player cuts down to the one that it is in.
@@ -157,8 +159,9 @@ std::optional<FrameLoop> TakeSession::fitted(const FrameLoop& loop) const {
 }
 
 void TakeSession::setVolume(double volume) {
-  _volume = volume;
+  const bool isOther = std::exchange(_volume, volume) != volume;
   if (_player) _player->setVolume(volume);
+  if (isOther) emit volumeChanged();
 }
 
 void TakeSession::setGain(std::int64_t dB) {

@@ -129,6 +129,9 @@ class TakeSession : public QObject, public WavePlayerDelegate {
   void stateChanged();
   /// Gain, width or solo are others than they were.
   void soundChanged();
+  /// It plays on from elsewhere, as somebody wished.
+  void jumped();
+  void volumeChanged();
   /// There is another loop, or none.
   void loopChanged();
   /// `why` is a phrase or a sentence for people. A reading failure is told once, until `readAgain`.

@@ -47,6 +47,12 @@ void WindowController::show() {
   _view.show();
 }
 
+void WindowController::raise() {
+  if (_view.isMinimized()) _view.showNormal();
+  _view.raise();
+  _view.activateWindow();
+}
+
 bool WindowController::eventFilter(QObject* watched, QEvent* event) {
   if (watched != &_view) return false;
   if (event->type() == QEvent::Close && !_viewController->mayEnd()) {

@@ -13,6 +13,7 @@
 #include "app/MainView.h"
 #include "app/MeasuredTake.h"
 #include "app/ScopePane.h"
+#include "app/SessionRemote.h"
 #include "app/SoloPane.h"
 #include "app/SoundPane.h"
 #include "app/TakeKeys.h"
@@ -41,6 +42,7 @@ struct WindowPanes {
   QObject& owner;
   TakeSession take{&owner};
   FolderBrowser browser{&owner};
+  SessionRemote remote{take, browser, &owner};
   BrowserPane files{*view.browser, browser, *view.player->lblStatus, &owner};
   TransportPane transport{*view.player, take, &owner};
   SoundPane sound{*view.player, take, &owner};

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "app/AppDelegate.h"
+#include "app/DesktopPresence.h"
 #include "app/DeviceLink.h"
 #include "app/DisplayGuard.h"
 #include "app/ProgramLog.h"
@@ -29,6 +30,7 @@ int run(QApplication& application, const ProgramOptions& options) {
   WindowController window;
   window.viewController().setStart(options.start);
   link.attach(window.window());
+  const DesktopPresence presence(window);
   window.show();
   return QApplication::exec();
 }
@@ -41,5 +43,6 @@ int main(int argc, char** argv) {
   const ProgramLog log(options.showsLog);
   const auto application = makeApplication(argc, argv);
   QApplication::setApplicationName(QStringLiteral("mixdeck"));
+  QGuiApplication::setDesktopFileName(QStringLiteral("example.mixdeck.mixdeck"));
   return run(*application, options);
 }

@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/DesktopPresence.h"
+
+DesktopPresence::DesktopPresence(WindowController& window)
+    : _mpris(window.viewController().remote()) {
+  QObject::connect(&window, &WindowController::appeared, &_bus, &BusLink::begin);
+  QObject::connect(&_bus, &BusLink::connected, &_mpris, &MprisService::appear);
+  QObject::connect(&_mpris, &MprisService::raiseRequested, &window, &WindowController::raise);
+  QObject::connect(&_mpris, &MprisService::quitRequested, &window.window(), &QWidget::close);
+}

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/WindowController.h"
+#include "desktop/BusLink.h"
+#include "desktop/MprisService.h"
+
+/// The window as the desktop knows it: on the session bus from when it has appeared, where there is
+/// a bus. Interface thread.
+class DesktopPresence {
+ public:
+  /// The window outlives it.
+  explicit DesktopPresence(WindowController& window);
+
+ private:
+  BusLink _bus;
+  MprisService _mpris;
+};

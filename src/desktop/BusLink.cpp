@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "desktop/BusLink.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+namespace {
+
+const QString& connectionName() {
+  static const QString kName = QStringLiteral("mixdeck");
+  return kName;
+}
+
+// Without an address the library would start a bus of its own.
+bool isNamed() {
+  return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS");
+}
+
+}  // namespace
+
+void BusLink::begin() {
+  if (!isNamed()) return;
+  _errand.begin([this] {
+    const bool isThere =
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName()).isConnected();
+    return [this, isThere] {
+      if (isThere) emit connected(QDBusConnection(connectionName()));
+    };
+  });
+}
+
+void BusLink::requestName(const QDBusConnection& bus, const QString& name, QObject* context,
+                          const std::function<void(bool isOurs)>& done) {
+  constexpr quint32 kDoNotQueue = 4;
+  constexpr quint32 kOwner = 1;
+  QDBusMessage request = QDBusMessage::createMethodCall(
+      QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+      QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"));
+  request.setArguments({name, kDoNotQueue});
+  auto* const watcher = new QDBusPendingCallWatcher(bus.asyncCall(request), context);
+  connect(watcher, &QDBusPendingCallWatcher::finished, context, [watcher, done] {
+    const QDBusPendingReply<quint32> reply = *watcher;
+    watcher->deleteLater();
+    if (reply.isValid()) done(reply.value() == kOwner);
+  });
+}
