@@ -46,7 +46,7 @@ class Option:
         if "FILE" in name or "LIST" in name:
             is_recording = self.place and "ecording" in self.description
             return Value("recordings" if is_recording else "files")
-        return Value("folders") if name == "FOLDER" else Value("anything")
+        return Value("folders" if name in ("FOLDER", "CARD", "DEST") else "anything")
 
 
 class Words:

@@ -30,14 +30,29 @@ void ProgressLine::update(std::size_t index, const std::string& name, double don
   const std::lock_guard lock(_mutex);
   if (!_isTerminal) return;
   _done[index] = done;
-  const Clock::time_point now = _now();
-  if (now < _nextDraw) return;
-  _nextDraw = now + kRedraw;
+  if (!isDue()) return;
   const auto finished = std::count(_done.begin(), _done.end(), 1.0);
   const double all = std::accumulate(_done.begin(), _done.end(), 0.0);
-  Streams::err(fmt::format("{}{:3.0f} %  {} of {} done  {}", kEraseLine,
-                           100.0 * all / static_cast<double>(_done.size()), finished, _done.size(),
-                           name));
+  draw(all / static_cast<double>(_done.size()),
+       fmt::format("{} of {} done  {}", finished, _done.size(), name));
+}
+
+void ProgressLine::show(std::uint64_t done, std::uint64_t total,
+                        const std::function<std::string()>& text) {
+  const std::lock_guard lock(_mutex);
+  if (!_isTerminal || !isDue()) return;
+  draw(total == 0 ? 1 : static_cast<double>(done) / static_cast<double>(total), text());
+}
+
+bool ProgressLine::isDue() {
+  const Clock::time_point now = _now();
+  if (now < _nextDraw) return false;
+  _nextDraw = now + kRedraw;
+  return true;
+}
+
+void ProgressLine::draw(double done, const std::string& text) {
+  Streams::err(fmt::format("{}{:3.0f} %  {}", kEraseLine, 100.0 * done, text));
   std::fflush(stderr);
   _isShown = true;
 }

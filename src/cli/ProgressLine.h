@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <mutex>
 #include <string>
@@ -26,6 +27,8 @@ class ProgressLine {
 
   /// Job `index`, called `name`, is `done` (0 to 1) of its way.
   void update(std::size_t index, const std::string& name, double done);
+  /// So much of all the work is done, in units of its own; `text` is asked for where it is drawn.
+  void show(std::uint64_t done, std::uint64_t total, const std::function<std::string()>& text);
   /// Shows no progress from now on.
   void hide();
   /// Prints a whole line to standard error, above the progress line.
@@ -34,6 +37,8 @@ class ProgressLine {
   void print(const std::string& text);
 
  private:
+  [[nodiscard]] bool isDue();
+  void draw(double done, const std::string& text);
   void clear();
 
   bool _isTerminal;

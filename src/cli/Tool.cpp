@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "base/Version.h"
+#include "cli/CopyCommand.h"
 #include "cli/DemoCommand.h"
 #include "cli/ExportCommand.h"
 #include "cli/InfoCommand.h"
@@ -19,6 +20,7 @@
 #include "cli/Problem.h"
 #include "cli/RepairCommand.h"
 #include "cli/Streams.h"
+#include "cli/VerifyCommand.h"
 #include "manual/ProgramWords.h"
 
 namespace {
@@ -90,6 +92,8 @@ Tool::Commands Tool::commands(std::unique_ptr<Command> play, std::unique_ptr<Com
   made.push_back(std::make_unique<LevelsCommand>());
   made.push_back(std::make_unique<MeasureCommand>());
   made.push_back(std::move(play));
+  made.push_back(std::make_unique<CopyCommand>());
+  made.push_back(std::make_unique<VerifyCommand>());
   made.push_back(std::make_unique<RepairCommand>());
   made.push_back(std::move(device));
   made.push_back(std::make_unique<DemoCommand>());

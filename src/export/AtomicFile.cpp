@@ -10,6 +10,7 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <limits>
@@ -229,6 +230,20 @@ bool AtomicFile::write(std::span<const std::byte> bytes) {
 bool AtomicFile::writeAt(std::uint64_t offset, std::span<const std::byte> bytes) {
   if (!_failure.empty()) return false;
   return writeFullyAt(_file, bytes, offset) || fail(errno);
+}
+
+bool AtomicFile::sync() {
+  return _failure.empty() && (fsync(_file) == 0 || fail(errno));
+}
+
+bool AtomicFile::setModified(const timespec& time) {
+  const timespec accessed{0, UTIME_NOW};
+  const std::array<timespec, 2> times{accessed, time};
+  return _failure.empty() && (futimens(_file, times.data()) == 0 || fail(errno));
+}
+
+fs::path AtomicFile::readablePath() const {
+  return fmt::format("/proc/self/fd/{}", _file);
 }
 
 // Some file systems tell of failed writes only when a descriptor is closed; a replaced file's

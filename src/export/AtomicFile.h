@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <ctime>
 #include <filesystem>
 #include <span>
 #include <string>
@@ -48,6 +49,12 @@ class AtomicFile {
   bool write(std::span<const std::byte> bytes);
   /// Overwrites what has been written before, `offset` bytes from the start.
   bool writeAt(std::uint64_t offset, std::span<const std::byte> bytes);
+  /// Has all that was written by now on the disk.
+  bool sync();
+  /// What time of change the file tells; the time of the last write, unless this says otherwise.
+  bool setModified(const timespec& time);
+  /// Where the file can be read until it is committed, in this process alone.
+  [[nodiscard]] std::filesystem::path readablePath() const;
   /// Publishes the file under the target's name. Nothing can be written after it.
   bool commit();
 

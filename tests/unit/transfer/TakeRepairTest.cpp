@@ -86,12 +86,14 @@ TEST_F(TakeRepairTest, AShortTakeWithLongSizesBecomesRiff) {
 
 // The loud frame is the last one; nearly nothing is on the disk, but what is saved is read.
 TEST_F(TakeRepairTest, ALongTakeBecomesRf64) {
+  constexpr std::uint64_t kData = (4 * kGiB / 6 + 1) * 6;
+  constexpr auto kWrapped = static_cast<std::uint32_t>(kData);  // as its field would hold it
   for (const bool hasRoom : {false, true}) {
     WaveBytes head;
     if (hasRoom) head.chunk("JUNK", Bytes(28));
-    const fs::path take = _folder.file("take.WAV", head.format24().chunk("data", 0, {}).get());
+    head.format24().chunk("data", hasRoom ? kWrapped : 0, {});
+    const fs::path take = _folder.file("take.WAV", head.get());
     const auto start = fs::file_size(take);
-    constexpr std::uint64_t kData = (4 * kGiB / 6 + 1) * 6;
     fs::resize_file(take, start + kData - 6);
     std::ofstream(take, std::ios::app | std::ios::binary) << "loud!!";
     TakeRepair repair = repairOf(take);

@@ -1,0 +1,110 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/CopyCommand.h"
+
+#include <fmt/format.h>
+
+#include <exception>
+
+#include "base/Version.h"
+#include "cli/Interrupt.h"
+#include "cli/Printable.h"
+#include "cli/Problem.h"
+#include "cli/SpeedText.h"
+
+namespace {
+
+// How often each end came.
+struct Counts {
+  std::size_t copied = 0;
+  std::size_t kept = 0;
+  std::size_t notRight = 0;
+
+  void add(CardCopy::Outcome outcome) {
+    copied += outcome == CardCopy::Outcome::Copied ? 1 : 0;
+    kept += outcome == CardCopy::Outcome::Kept ? 1 : 0;
+    notRight +=
+        outcome == CardCopy::Outcome::Differs || outcome == CardCopy::Outcome::Failed ? 1 : 0;
+  }
+  [[nodiscard]] std::string text(std::size_t takes) const {
+    std::string said = fmt::format("{} of {} takes copied, {} there already", copied, takes, kept);
+    if (notRight > 0) said += fmt::format(", {} not right", notRight);
+    const std::size_t left = takes - copied - kept - notRight;
+    if (left > 0) said += fmt::format(", {} not reached", left);
+    return said;
+  }
+};
+
+}  // namespace
+
+CLI::App* CopyCommand::declare(CLI::App& program) {
+  CLI::App* command =
+      program.add_subcommand("copy", "Bring the takes of a card home, verified, with a manifest");
+  command->add_flag("--quiet", _isQuiet, "Tell only what goes wrong");
+  command->add_option("CARD", _card, "The folder that the card is mounted on; is only read")
+      ->required()
+      ->type_name("");
+  command->add_option("DEST", _destination, "The folder to copy into, made where it is missing")
+      ->required()
+      ->type_name("");
+  return command;
+}
+
+int CopyCommand::run() {
+  ProgressLine line(1);
+  if (_isQuiet) line.hide();
+  try {
+    return copy(line) ? kDone : kFailed;
+  } catch (const std::exception& error) {  // as where there is no memory left
+    line.message(problemLine(_card, kFailToSave, reasonOf(error)));
+    return kFailed;
+  }
+}
+
+bool CopyCommand::copy(ProgressLine& line) const {
+  CardCopy job(_card, _destination);
+  const std::string reason = job.prepare();
+  if (!reason.empty()) {
+    line.message(problemLine(_card, kFailToSave, reason));
+    return false;
+  }
+  Counts counts;
+  SpeedText speed;
+  job.setVersion(kFullVersion);
+  job.setCancelFlag(&Interrupt::requested());
+  job.setResult([&](const CardCopy::Result& result) {
+    counts.add(result.outcome);
+    tell(result, line);
+  });
+  job.setProgress([&](const CardCopy::Progress& progress) {
+    line.show(progress.done, progress.total, [&] {
+      return fmt::format("{} of {} takes  {}  {}", progress.takesDone, progress.takes,
+                         speed.text(progress.done, progress.total),
+                         printable(progress.take.native()));
+    });
+  });
+  const bool isAllThere = job.run();
+  if (!job.failure().empty()) line.message(problemLine(_card, kFailToSave, job.failure()));
+  if (job.wasCancelled()) line.message("mixdeck-cli: cancelled");
+  if (!_isQuiet) line.print(counts.text(job.takes().size()) + "\n");
+  return isAllThere;
+}
+
+void CopyCommand::tell(const CardCopy::Result& result, ProgressLine& line) const {
+  const std::string name = printable(result.take.native());
+  switch (result.outcome) {
+    case CardCopy::Outcome::Copied:
+      if (!_isQuiet) line.print(name + ": copied and verified\n");
+      break;
+    case CardCopy::Outcome::Kept:
+      if (!_isQuiet) line.print(name + ": there already\n");
+      break;
+    case CardCopy::Outcome::Differs:
+      line.message(problemLine(_destination / result.take, "Differs.", result.reason));
+      break;
+    case CardCopy::Outcome::Failed:
+      line.message(problemLine(result.take, "Not copied.", result.reason));
+      break;
+  }
+}

@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "cli/VerifyCommand.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <exception>
+#include <string_view>
+#include <utility>
+
+#include "cli/Interrupt.h"
+#include "cli/Printable.h"
+#include "cli/Problem.h"
+#include "cli/SpeedText.h"
+#include "transfer/FolderCheck.h"
+
+namespace {
+
+using State = FolderCheck::State;
+
+constexpr std::array<std::pair<State, std::string_view>, 6> kWords{
+    {{State::Right, "right"},
+     {State::Changed, "changed"},
+     {State::Missing, "missing"},
+     {State::Moved, "moved"},
+     {State::New, "new"},
+     {State::Unreadable, "unreadable"}}};
+
+std::size_t placeOf(State state) {
+  return static_cast<std::size_t>(state);
+}
+
+std::string lineOf(const FolderCheck::Finding& finding) {
+  const std::string detail = finding.detail.empty()
+                                 ? ""
+                                 : (finding.state == State::Moved ? " to " : ": ") + finding.detail;
+  return fmt::format("{}  {}{}\n", kWords[placeOf(finding.state)].second, printable(finding.path),
+                     printable(detail));
+}
+
+// "58 right, 1 changed": those that there are.
+std::string summaryOf(const std::array<std::size_t, kWords.size()>& counts) {
+  std::string text = fmt::format("{} right", counts[0]);
+  for (const auto& [state, word] : kWords) {
+    const std::size_t count = counts[placeOf(state)];
+    if (state != State::Right && count > 0) text += fmt::format(", {} {}", count, word);
+  }
+  return text + "\n";
+}
+
+}  // namespace
+
+CLI::App* VerifyCommand::declare(CLI::App& program) {
+  CLI::App* command =
+      program.add_subcommand("verify", "Hold the files of a folder to its manifest");
+  command->add_flag("--quiet", _isQuiet, "Tell nothing but what is not right");
+  command->add_option("FOLDER", _folder, "A folder that takes were copied into")
+      ->required()
+      ->type_name("");
+  return command;
+}
+
+int VerifyCommand::run() {
+  ProgressLine line(1);
+  if (_isQuiet) line.hide();
+  try {
+    return verify(line) ? kDone : kFailed;
+  } catch (const std::exception& error) {  // as where there is no memory left
+    line.message(problemLine(_folder, kFailToOpen, reasonOf(error)));
+    return kFailed;
+  }
+}
+
+bool VerifyCommand::verify(ProgressLine& line) const {
+  FolderCheck check(_folder);
+  const std::string reason = check.whyNot();
+  if (!reason.empty()) {
+    line.message(problemLine(_folder, kFailToOpen, reason));
+    return false;
+  }
+  for (const std::string& problem : check.problems()) {
+    line.message(problemLine(_folder, "The manifest is not right:", problem));
+  }
+  const SpeedText speed;
+  std::uint64_t done = 0;
+  std::array<std::size_t, kWords.size()> counts{};
+  const auto tell = [&](const FolderCheck::Finding& finding) {
+    ++counts.at(placeOf(finding.state));
+    if (finding.state != State::Right) line.print(lineOf(finding));
+  };
+  const auto step = [&](std::uint64_t bytes) {
+    done += bytes;
+    line.show(done, check.bytes(), [&] { return speed.text(done, check.bytes()); });
+    return !Interrupt::requested();
+  };
+  const bool isAllRight = check.run(tell, step);
+  if (Interrupt::requested()) line.message("mixdeck-cli: cancelled");
+  if (!_isQuiet) line.print(summaryOf(counts));
+  return isAllRight && !Interrupt::requested();
+}

@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "transfer/CardCopy.h"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <ctime>
+#include <system_error>
+
+#include "transfer/FolderFiles.h"
+#include "transfer/XmlReader.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::int64_t kTimeGrain = 2;     // seconds, of FAT
+constexpr std::size_t kSaveEachUpTo = 64;  // entries; a manifest is written as a whole
+constexpr std::size_t kSaveEvery = 16;
+
+std::string hostName() {
+  std::array<char, 256> name{};
+  return gethostname(name.data(), name.size() - 1) == 0 && canBeXml(name.data()) ? name.data() : "";
+}
+
+std::string now() {
+  return Manifest::timeText(std::time(nullptr));
+}
+
+bool isFullDisk(const std::string& reason) {
+  return reason == std::generic_category().message(ENOSPC);
+}
+
+bool isInside(const fs::path& path, const fs::path& folder) {
+  std::error_code error;
+  const fs::path inner = fs::weakly_canonical(path, error);
+  const fs::path outer = fs::weakly_canonical(folder, error);
+  const fs::path way = inner.lexically_relative(outer);
+  return !way.empty() && *way.begin() != "..";
+}
+
+// None where it is not there.
+std::unique_ptr<struct stat> statusOf(const fs::path& path) {
+  auto status = std::make_unique<struct stat>();
+  return lstat(path.c_str(), status.get()) == 0 ? std::move(status) : nullptr;
+}
+
+void syncFolderOf(const fs::path& path) {
+  const int folder = open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (folder < 0) return;
+  fsync(folder);  // some know no sync of folders
+  close(folder);
+}
+
+}  // namespace
+
+CardCopy::CardCopy(fs::path card, fs::path destination)
+    : _card(std::move(card)), _destination(std::move(destination)) {}
+
+std::string CardCopy::prepare() {
+  std::error_code error;
+  const bool isFolder = fs::is_directory(_card, error);
+  if (error) return fmt::format("The card cannot be read: {}", error.message());
+  if (!isFolder) return "The card is no folder";
+  if (isInside(_destination, _card)) return "The card is never written to, but holds the folder";
+  FolderFiles listed = FolderFiles::of(_card, FolderFiles::Which::Takes);
+  if (!listed.failure.empty()) return "The card cannot be read: " + listed.failure;
+  _takes = std::move(listed.files);
+  if (_takes.empty()) return "The card holds no takes";
+  fs::create_directories(_destination, error);
+  if (error) return fmt::format("The folder cannot be made: {}", error.message());
+  _manifests = std::make_unique<ManifestFolder>(_destination);
+  _manifest.createdAt = now();
+  _manifest.host = hostName();
+  return whyNoRoom();
+}
+
+std::string CardCopy::whyNoRoom() const {
+  std::uint64_t wanted = 0;
+  for (const CardTake& take : _takes) {
+    if (!statusOf(targetOf(take))) wanted += take.size;
+  }
+  std::error_code error;
+  const fs::space_info space = fs::space(_destination, error);
+  // Some file systems do not tell.
+  if (error || space.capacity == 0 || wanted <= space.available) return "";
+  return fmt::format("The takes need {} bytes, and {} are free", wanted, space.available);
+}
+
+bool CardCopy::run() {
+  _progress.takes = _takes.size();
+  for (const CardTake& take : _takes) _progress.total += 2 * take.size;
+  for (const CardTake& take : _takes) {
+    _wasCancelled = _cancel != nullptr && _cancel->load(std::memory_order_relaxed);
+    if (hasEnded()) break;
+    _progress.take = take.path;
+    handle(take);
+    if (isSaveDue()) saveManifest();
+  }
+  if (_manifest.entries.size() > _savedEntries) saveManifest();
+  fallShort(_manifests->finish());
+  return _isAllThere && !hasEnded();
+}
+
+void CardCopy::handle(const CardTake& take) {
+  const auto there = statusOf(targetOf(take));
+  if (!canBeXml(take.path.native())) {
+    tell(take, Outcome::Failed, "Its name is not UTF-8, and cannot stand in a manifest");
+  } else if (!there) {
+    copy(take);
+  } else if (!S_ISREG(there->st_mode)) {
+    tell(take, Outcome::Differs, "What is there is no file");
+  } else if (static_cast<std::uint64_t>(there->st_size) != take.size) {
+    tell(
+        take, Outcome::Differs,
+        fmt::format("The take has {} bytes, the file that is there {}", take.size, there->st_size));
+  } else if (isKnown(take)) {
+    tell(take, Outcome::Kept);
+  } else {
+    compare(take);
+  }
+  skip(take);
+}
+
+// As a manifest has it, and untouched since.
+bool CardCopy::isKnown(const CardTake& take) const {
+  const auto known = _manifests->files().find(take.path.native());
+  const auto there = statusOf(targetOf(take));
+  if (known == _manifests->files().end() || !there) return false;
+  const std::int64_t apart = std::abs(std::int64_t{there->st_mtim.tv_sec} - take.modified.tv_sec);
+  return known->second.size == take.size && !known->second.hash.empty() && apart <= kTimeGrain &&
+         known->second.modified == Manifest::timeText(take.modified.tv_sec);
+}
+
+void CardCopy::compare(const CardTake& take) {
+  const MediumContent source = MediumContent::of(_card / take.path, MediumFile::Way::Plain, step());
+  if (!source.failure.empty()) return tell(take, Outcome::Failed, source.failure);
+  if (_wasCancelled) return;
+  const MediumContent there = MediumContent::of(targetOf(take), MediumFile::Way::PastCache, step());
+  if (!there.failure.empty()) return tell(take, Outcome::Differs, there.failure);
+  if (_wasCancelled) return;
+  if (there.hash != source.hash) {
+    return tell(take, Outcome::Differs, "The file that is there has another content");
+  }
+  record(take, source.hash);
+  tell(take, Outcome::Kept);
+}
+
+void CardCopy::copy(const CardTake& take) {
+  std::error_code error;
+  fs::create_directories(targetOf(take).parent_path(), error);
+  if (error) return tell(take, Outcome::Failed, error.message());
+  TakeCopy job(_card, take, step());
+  const TakeCopy::End end = job.to(targetOf(take));
+  if (end == TakeCopy::End::Cancelled) return;
+  if (end == TakeCopy::End::Copied) {
+    _copiedBytes += take.size;
+    record(take, job.hash());
+    return tell(take, Outcome::Copied);
+  }
+  tell(take, Outcome::Failed, job.failure());
+  if (end == TakeCopy::End::NotRead && !statusOf(_card / take.path)) _failure = "The card is gone";
+  if (end == TakeCopy::End::NotWritten && isFullDisk(job.failure())) _failure = job.failure();
+}
+
+void CardCopy::skip(const CardTake& take) {
+  _doneBefore += 2 * take.size;
+  _progress.done = _doneBefore;
+  if (!hasEnded()) ++_progress.takesDone;
+  if (_tellProgress) _tellProgress(_progress);
+}
+
+void CardCopy::record(const CardTake& take, const std::string& hash) {
+  const auto known = _manifests->files().find(take.path.native());
+  const bool isAgain = known != _manifests->files().end() && known->second.hash == hash;
+  _manifest.entries.push_back({take.path.native(), take.size,
+                               Manifest::timeText(take.modified.tv_sec), hash,
+                               isAgain ? "verified" : "original", now()});
+}
+
+void CardCopy::tell(const CardTake& take, Outcome outcome, const std::string& reason) {
+  if (outcome == Outcome::Differs || outcome == Outcome::Failed) _isAllThere = false;
+  if (_tellResult) _tellResult({take.path, outcome, reason});
+}
+
+bool CardCopy::isSaveDue() const {
+  const std::size_t count = _manifest.entries.size();
+  return count > _savedEntries && (count <= kSaveEachUpTo || count % kSaveEvery == 0);
+}
+
+// What a manifest calls verified has to be there after a power cut, too: names first.
+void CardCopy::saveManifest() {
+  for (std::size_t i = _savedEntries; i < _manifest.entries.size(); ++i) {
+    syncFolderOf(_destination / _manifest.entries[i].path);
+  }
+  fallShort(_manifests->save(_manifest));
+  _savedEntries = _manifest.entries.size();
+}
+
+void CardCopy::fallShort(const std::string& reason) {
+  if (!reason.empty() && _failure.empty()) {
+    _failure = fmt::format("The manifest cannot be written: {}", reason);
+  }
+}
+
+MediumStep CardCopy::step() {
+  _progress.done = _doneBefore;
+  return [this](std::uint64_t bytes) {
+    _progress.done += bytes;
+    if (_tellProgress) _tellProgress(_progress);
+    _wasCancelled = _cancel != nullptr && _cancel->load(std::memory_order_relaxed);
+    return !_wasCancelled;
+  };
+}

@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "transfer/ManifestFolder.h"
+#include "transfer/TakeCopy.h"
+
+/// Brings the takes of a card home into a folder, each verified, and writes a manifest of them.
+///
+/// The card is only ever read. A take that is there already is kept: without a look at its content
+/// where a manifest says that it was verified and neither it nor the take has changed since, else
+/// after its content has been compared. One that is there with another content is kept, too, and
+/// told. What was done by a break, a cancel or a failure stays done. One thread at a time, but for
+/// the cancel flag, which any thread may set; waits for the media.
+class CardCopy {
+ public:
+  enum class Outcome { Copied, Kept, Differs, Failed };
+  struct Result {
+    std::filesystem::path take;  ///< from the card on
+    Outcome outcome;
+    std::string reason;  ///< in words for people; empty unless it differs or failed
+  };
+  /// How far the work is. Bytes count twice: read from the card, and read back.
+  struct Progress {
+    std::uint64_t done = 0;
+    std::uint64_t total = 0;
+    std::size_t takesDone = 0;
+    std::size_t takes = 0;
+    std::filesystem::path take;  ///< that is worked on
+  };
+
+  CardCopy(std::filesystem::path card, std::filesystem::path destination);
+
+  /// Told on the thread that copies.
+  void setProgress(std::function<void(const Progress&)> tell) { _tellProgress = std::move(tell); }
+  void setResult(std::function<void(const Result&)> tell) { _tellResult = std::move(tell); }
+  /// The copy stops soon after `*cancel` becomes true.
+  void setCancelFlag(const std::atomic<bool>* cancel) { _cancel = cancel; }
+  /// The version of the program, for the manifest.
+  void setVersion(std::string_view version) { _manifest.toolVersion = version; }
+
+  /// Lists the card and makes the destination. Empty when the copy can begin, else why not: the
+  /// card cannot be read, holds no takes, or holds the destination, or there is not enough room.
+  std::string prepare();
+  /// Whether every take is there and verified in the end. After `prepare`.
+  bool run();
+
+  [[nodiscard]] bool wasCancelled() const { return _wasCancelled; }
+  /// What ended the whole copy, or kept the manifest from being written; empty when nothing did.
+  [[nodiscard]] const std::string& failure() const { return _failure; }
+  /// Takes of the card, and the bytes that were copied.
+  [[nodiscard]] const std::vector<CardTake>& takes() const { return _takes; }
+  [[nodiscard]] std::uint64_t copiedBytes() const { return _copiedBytes; }
+
+ private:
+  [[nodiscard]] std::string whyNoRoom() const;
+  void handle(const CardTake& take);
+  [[nodiscard]] bool isKnown(const CardTake& take) const;
+  void compare(const CardTake& take);
+  void copy(const CardTake& take);
+  void skip(const CardTake& take);
+  void record(const CardTake& take, const std::string& hash);
+  void tell(const CardTake& take, Outcome outcome, const std::string& reason = {});
+  void saveManifest();
+  void fallShort(const std::string& reason);
+  [[nodiscard]] bool isSaveDue() const;
+  [[nodiscard]] bool hasEnded() const { return _wasCancelled || !_failure.empty(); }
+  [[nodiscard]] MediumStep step();
+  [[nodiscard]] std::filesystem::path targetOf(const CardTake& take) const {
+    return _destination / take.path;
+  }
+
+  std::filesystem::path _card;
+  std::filesystem::path _destination;
+  std::function<void(const Progress&)> _tellProgress;
+  std::function<void(const Result&)> _tellResult;
+  const std::atomic<bool>* _cancel = nullptr;
+  std::vector<CardTake> _takes;
+  std::unique_ptr<ManifestFolder> _manifests;
+  Manifest _manifest;
+  std::size_t _savedEntries = 0;
+  Progress _progress;
+  std::uint64_t _doneBefore = 0;  ///< bytes of the takes that are over
+  std::uint64_t _copiedBytes = 0;
+  bool _isAllThere = true;
+  bool _wasCancelled = false;
+  std::string _failure;
+};

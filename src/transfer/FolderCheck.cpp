@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "transfer/FolderCheck.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace fs = std::filesystem;
+
+FolderCheck::FolderCheck(fs::path folder)
+    : _folder(std::move(folder)),
+      _manifests(_folder),
+      _found(FolderFiles::of(_folder, FolderFiles::Which::All)) {}
+
+std::string FolderCheck::whyNot() const {
+  return _manifests.isThere() ? "" : fmt::format("It has no manifest ({})", ManifestFolder::kName);
+}
+
+std::vector<std::string> FolderCheck::problems() const {
+  std::vector<std::string> problems = _manifests.problems();
+  if (!_found.failure.empty()) problems.push_back("it cannot be listed: " + _found.failure);
+  return problems;
+}
+
+std::uint64_t FolderCheck::bytes() const {
+  std::uint64_t sum = 0;
+  for (const CardTake& file : _found.files) {
+    if (_manifests.files().contains(file.path.native())) sum += file.size;
+  }
+  return sum;
+}
+
+bool FolderCheck::run(const Tell& tell, const MediumStep& step) {
+  _tell = tell;
+  _step = [this, &step](std::uint64_t bytes) {
+    _hasEnded = _hasEnded || !step(bytes);
+    return !_hasEnded;
+  };
+  _isAllRight = problems().empty();
+  _missing = _manifests.files();
+  for (const CardTake& file : _found.files) _missing.erase(file.path.native());
+  for (const CardTake& file : _found.files) {
+    if (_hasEnded) return false;
+    const auto known = _manifests.files().find(file.path.native());
+    known == _manifests.files().end() ? checkNew(file) : checkKnown(file, known->second);
+  }
+  for (const auto& [path, entry] : _missing) note(State::Missing, path);
+  return _isAllRight && !_hasEnded;
+}
+
+void FolderCheck::note(State state, const std::string& path, const std::string& detail) {
+  _isAllRight = _isAllRight && state == State::Right;
+  _tell({state, path, detail});
+}
+
+void FolderCheck::checkKnown(const CardTake& file, const Manifest::Entry& entry) {
+  const std::string path = file.path.native();
+  if (entry.hash.empty()) {
+    return note(State::Unreadable, path, "the manifest has no hash of it that is known here");
+  }
+  if (file.size != entry.size) {
+    return note(State::Changed, path, fmt::format("{} bytes, not {}", file.size, entry.size));
+  }
+  const auto content = MediumContent::of(_folder / file.path, MediumFile::Way::PastCache, _step);
+  if (!content.failure.empty()) return note(State::Unreadable, path, content.failure);
+  if (content.hash.empty()) return;
+  const bool isRight = content.hash == entry.hash;
+  note(isRight ? State::Right : State::Changed, path, isRight ? "" : "another content");
+}
+
+bool FolderCheck::mayHaveMoved(const CardTake& file) const {
+  return std::any_of(_missing.begin(), _missing.end(),
+                     [&file](const auto& one) { return one.second.size == file.size; });
+}
+
+void FolderCheck::checkNew(const CardTake& file) {
+  const std::string path = file.path.native();
+  if (!mayHaveMoved(file)) return note(State::New, path);
+  const auto content = MediumContent::of(_folder / file.path, MediumFile::Way::PastCache, _step);
+  if (!content.failure.empty()) return note(State::Unreadable, path, content.failure);
+  if (content.hash.empty()) return;
+  const auto was = std::find_if(_missing.begin(), _missing.end(), [&](const auto& one) {
+    return one.second.size == content.size && one.second.hash == content.hash;
+  });
+  if (was == _missing.end()) return note(State::New, path);
+  note(State::Moved, was->first, path);
+  _missing.erase(was);
+}

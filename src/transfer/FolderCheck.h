@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "transfer/FolderFiles.h"
+#include "transfer/ManifestFolder.h"
+#include "transfer/MediumFile.h"
+
+/// Holds the files of a folder to its manifests, by what stands on the medium. Reads only. One
+/// thread at a time.
+class FolderCheck {
+ public:
+  enum class State { Right, Changed, Missing, Moved, New, Unreadable };
+  struct Finding {
+    State state;
+    std::string path;    ///< from the folder on, as the manifest has it
+    std::string detail;  ///< where it moved to, or why it is changed or unreadable
+  };
+  using Tell = std::function<void(const Finding&)>;
+
+  explicit FolderCheck(std::filesystem::path folder);
+
+  /// Why nothing can be checked: there is no manifest. Empty otherwise.
+  [[nodiscard]] std::string whyNot() const;
+  /// What is wrong with the manifests themselves, or kept the folder from being listed.
+  [[nodiscard]] std::vector<std::string> problems() const;
+  /// Of all that is to be read, as far as it is known beforehand.
+  [[nodiscard]] std::uint64_t bytes() const;
+
+  /// Tells of each file, missing and new ones last. Whether all are right; false where `step` ended
+  /// it.
+  bool run(const Tell& tell, const MediumStep& step);
+
+ private:
+  void note(State state, const std::string& path, const std::string& detail = {});
+  void checkKnown(const CardTake& file, const Manifest::Entry& entry);
+  void checkNew(const CardTake& file);
+  [[nodiscard]] bool mayHaveMoved(const CardTake& file) const;
+
+  std::filesystem::path _folder;
+  ManifestFolder _manifests;
+  FolderFiles _found;
+  std::map<std::string, Manifest::Entry> _missing;
+  Tell _tell;
+  MediumStep _step;
+  bool _isAllRight = true;
+  bool _hasEnded = false;
+};

@@ -1,0 +1,319 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "transfer/CardCopy.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "support/TemporaryFolder.h"
+#include "transfer/FolderCheck.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Bytes = std::vector<std::byte>;
+using Outcome = CardCopy::Outcome;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::size_t kLong = 3'000'001;  // some blocks, and no whole number of them
+
+/// A card with three takes, one of them in a folder below, and a place to bring them to.
+class CardCopyTest : public testing::Test {
+ protected:
+  CardCopyTest() {
+    fs::create_directories(card() / "DAY2");
+    put("card/R0001.WAV", Bytes(kLong, std::byte{1}));
+    put("card/R0002.wav", {});
+    put("card/DAY2/R0003.WAV", Bytes(1000, std::byte{3}));
+    put("card/notes.txt", Bytes(10));
+    put("card/.hidden.WAV", Bytes(10));
+  }
+
+  void put(const std::string& name, const Bytes& bytes) const { _folder.file(name, bytes); }
+  [[nodiscard]] Bytes read(const std::string& name) const {
+    return TemporaryFolder::read(_folder.path() / name);
+  }
+  [[nodiscard]] fs::path card() const { return _folder.path() / "card"; }
+  [[nodiscard]] fs::path home() const { return _folder.path() / "home"; }
+
+  /// Whether all was well.
+  bool copy() {
+    CardCopy job(card(), home());
+    return run(job);
+  }
+  bool run(CardCopy& job) {
+    _told.clear();
+    job.setResult([this](const CardCopy::Result& result) {
+      const std::string words[] = {"copied", "kept", "differs", "failed"};
+      _told.push_back(result.take.native() + " " + words[static_cast<int>(result.outcome)]);
+      _reasons.push_back(result.reason);
+    });
+    const std::string reason = job.prepare();
+    EXPECT_EQ(reason, "");
+    return job.run();
+  }
+  [[nodiscard]] bool isRight() const {
+    FolderCheck check(home());
+    return check.whyNot().empty() &&
+           check.run([](const auto& /*finding*/) {}, [](auto /*bytes*/) { return true; });
+  }
+  [[nodiscard]] std::vector<std::string> homeNames() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::recursive_directory_iterator(home())) {
+      if (entry.is_regular_file() && entry.path().extension() != ".mhl") {
+        names.push_back(entry.path().lexically_relative(home()).native());
+      }
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  TemporaryFolder _folder;
+  std::vector<std::string> _told;
+  std::vector<std::string> _reasons;
+};
+
+TEST_F(CardCopyTest, BringsEveryTakeHome) {
+  EXPECT_TRUE(copy());
+  EXPECT_THAT(_told, ElementsAre("DAY2/R0003.WAV copied", "R0001.WAV copied", "R0002.wav copied"));
+  EXPECT_THAT(homeNames(),
+              ElementsAre("DAY2/R0003.WAV", "R0001.WAV", "R0002.wav", "ascmhl/ascmhl_chain.xml"));
+  EXPECT_EQ(read("home/R0001.WAV"), read("card/R0001.WAV"));
+  EXPECT_EQ(read("home/DAY2/R0003.WAV"), read("card/DAY2/R0003.WAV"));
+  EXPECT_TRUE(isRight());
+}
+
+TEST_F(CardCopyTest, ACopyTellsWhenItsTakeWasMade) {
+  const auto made = fs::file_time_type::clock::now() - std::chrono::hours(1000);
+  fs::last_write_time(card() / "R0001.WAV", made);
+  copy();
+  EXPECT_EQ(fs::last_write_time(home() / "R0001.WAV"), made);
+}
+
+TEST_F(CardCopyTest, WhatWasVerifiedIsNotEvenRead) {
+  copy();
+  const ManifestFolder before(home());
+  // Another content of the same length and time would be found by reading.
+  const auto time = fs::last_write_time(home() / "R0001.WAV");
+  std::fstream(home() / "R0001.WAV", std::ios::in | std::ios::out) << "another";
+  fs::last_write_time(home() / "R0001.WAV", time);
+  EXPECT_TRUE(copy());
+  EXPECT_THAT(_told, ElementsAre("DAY2/R0003.WAV kept", "R0001.WAV kept", "R0002.wav kept"));
+  EXPECT_FALSE(isRight()) << "which verifying is for";
+}
+
+TEST_F(CardCopyTest, WhatIsThereWithoutAManifestIsCompared) {
+  copy();
+  fs::remove_all(home() / "ascmhl");
+  EXPECT_TRUE(copy());
+  EXPECT_THAT(_told, ElementsAre("DAY2/R0003.WAV kept", "R0001.WAV kept", "R0002.wav kept"));
+  EXPECT_TRUE(isRight());
+  fs::remove_all(home() / "ascmhl");
+  std::fstream(home() / "R0001.WAV", std::ios::in | std::ios::out) << "another";
+  EXPECT_FALSE(copy());
+  EXPECT_THAT(_told, ElementsAre("DAY2/R0003.WAV kept", "R0001.WAV differs", "R0002.wav kept"));
+}
+
+TEST_F(CardCopyTest, WhatDiffersIsKeptAndTold) {
+  fs::create_directories(home() / "R0002.wav");
+  put("home/R0001.WAV", Bytes(7));
+  EXPECT_FALSE(copy());
+  EXPECT_THAT(_told,
+              ElementsAre("DAY2/R0003.WAV copied", "R0001.WAV differs", "R0002.wav differs"));
+  EXPECT_THAT(_reasons, ElementsAre("", "The take has 3000001 bytes, the file that is there 7",
+                                    "What is there is no file"));
+  EXPECT_EQ(read("home/R0001.WAV"), Bytes(7));
+}
+
+TEST_F(CardCopyTest, ATakeThatIsNewIsAddedInANewGeneration) {
+  copy();
+  put("card/R0004.WAV", Bytes(5));
+  EXPECT_TRUE(copy());
+  EXPECT_EQ(_told.back(), "R0004.WAV copied");
+  EXPECT_TRUE(isRight());
+  EXPECT_EQ(std::distance(fs::directory_iterator(home() / "ascmhl"), fs::directory_iterator()), 3);
+}
+
+TEST_F(CardCopyTest, ProgressReachesAllBytesTwiceAndNeverGoesBack) {
+  CardCopy job(card(), home());
+  std::vector<std::uint64_t> done;
+  job.setProgress([&](const CardCopy::Progress& progress) {
+    EXPECT_EQ(progress.total, 2 * (kLong + 1000));
+    EXPECT_EQ(progress.takes, 3U);
+    done.push_back(progress.done);
+  });
+  EXPECT_TRUE(run(job));
+  EXPECT_TRUE(std::is_sorted(done.begin(), done.end()));
+  EXPECT_GT(done.size(), 6U);
+  EXPECT_EQ(done.back(), 2 * (kLong + 1000));
+  EXPECT_EQ(job.copiedBytes(), kLong + 1000);
+}
+
+// At each step: nothing half done is there, what is there is right, and the next copy makes it
+// whole.
+TEST_F(CardCopyTest, ACancelAtAnyStepLeavesNothingHalfDone) {
+  for (int step = 0; step < 12; ++step) {
+    fs::remove_all(home());
+    std::atomic<bool> cancel{false};
+    CardCopy job(card(), home());
+    job.setCancelFlag(&cancel);
+    int steps = 0;
+    job.setProgress(
+        [&](const CardCopy::Progress& /*progress*/) { cancel = steps++ == step || cancel; });
+    if (run(job)) break;
+    EXPECT_TRUE(job.wasCancelled());
+    for (const std::string& name : homeNames()) {
+      if (name.starts_with("ascmhl")) continue;
+      EXPECT_EQ(read("home/" + name), read("card/" + name)) << step;
+    }
+    EXPECT_TRUE(copy()) << step;
+    EXPECT_TRUE(isRight()) << step;
+  }
+}
+
+TEST_F(CardCopyTest, APulledCardEndsTheCopyAndWhatWasDoneStays) {
+  CardCopy job(card(), home());
+  job.setProgress([&](const CardCopy::Progress& progress) {
+    if (progress.takesDone == 1) fs::remove_all(card());
+  });
+  EXPECT_FALSE(run(job));
+  EXPECT_EQ(job.failure(), "The card is gone");
+  EXPECT_THAT(_told, ElementsAre("DAY2/R0003.WAV copied", "R0001.WAV failed"));
+  EXPECT_THAT(homeNames(), ElementsAre("DAY2/R0003.WAV", "ascmhl/ascmhl_chain.xml"));
+  EXPECT_TRUE(isRight());
+}
+
+TEST_F(CardCopyTest, ATakeThatGrowsMeanwhileFailsAndTheOthersAreCopied) {
+  CardCopy job(card(), home());
+  job.setProgress([&](const CardCopy::Progress& progress) {
+    if (progress.takesDone == 1) fs::resize_file(card() / "R0001.WAV", kLong + 1);
+  });
+  EXPECT_FALSE(run(job));
+  EXPECT_THAT(_told, ElementsAre("DAY2/R0003.WAV copied", "R0001.WAV failed", "R0002.wav copied"));
+  EXPECT_EQ(_reasons[1], "It was changed while it was read");
+  EXPECT_EQ(job.failure(), "");
+}
+
+TEST_F(CardCopyTest, ANameThatCannotStandInAManifestIsNotCopied) {
+  put("card/R\xE9.WAV", Bytes(5));
+  EXPECT_FALSE(copy());
+  EXPECT_EQ(_told.back(), "R\xE9.WAV failed");
+}
+
+TEST_F(CardCopyTest, TellsWhyItCannotBegin) {
+  const auto whyNot = [this](const fs::path& card, const fs::path& home) {
+    return CardCopy(card, home).prepare();
+  };
+  fs::create_directories(_folder.path() / "empty");
+  EXPECT_EQ(whyNot(_folder.path() / "none", home()),
+            "The card cannot be read: No such file or directory");
+  EXPECT_EQ(whyNot(card() / "R0001.WAV", home()), "The card is no folder");
+  EXPECT_EQ(whyNot(_folder.path() / "empty", home()), "The card holds no takes");
+  for (const fs::path& inside : {card(), card() / "home", card() / "DAY2" / ".." / "home"}) {
+    EXPECT_EQ(whyNot(card(), inside), "The card is never written to, but holds the folder");
+  }
+  EXPECT_EQ(whyNot(card(), card() / "R0001.WAV" / "home").substr(0, 4), "The ");
+  EXPECT_THAT(fs::exists(card() / "home"), false);
+  fs::resize_file(card() / "R0001.WAV", std::uintmax_t{1} << 43);
+  EXPECT_THAT(whyNot(card(), home()),
+              testing::StartsWith("The takes need 8796093023208 bytes, and "));
+}
+
+/// Of a folder that a card was copied into.
+class FolderCheckTest : public CardCopyTest {
+ protected:
+  FolderCheckTest() { copy(); }
+
+  std::vector<std::string> findings() {
+    std::vector<std::string> all;
+    FolderCheck check(home());
+    _isRight = check.run(
+        [&](const FolderCheck::Finding& finding) {
+          const std::string words[] = {"right", "changed", "missing", "moved", "new", "unreadable"};
+          all.push_back(words[static_cast<int>(finding.state)] + " " + finding.path +
+                        (finding.detail.empty() ? "" : ": " + finding.detail));
+        },
+        [](auto /*bytes*/) { return true; });
+    return all;
+  }
+
+  bool _isRight = false;
+};
+
+TEST_F(FolderCheckTest, AllIsRight) {
+  EXPECT_THAT(findings(),
+              ElementsAre("right DAY2/R0003.WAV", "right R0001.WAV", "right R0002.wav"));
+  EXPECT_TRUE(_isRight);
+}
+
+TEST_F(FolderCheckTest, TellsWhatIsNotRight) {
+  std::fstream(home() / "R0001.WAV", std::ios::in | std::ios::out) << "x";
+  fs::rename(home() / "DAY2" / "R0003.WAV", home() / "moved.WAV");
+  put("home/R0002.wav", Bytes(1));
+  put("home/new.WAV", Bytes(1000));
+  EXPECT_THAT(findings(),
+              ElementsAre("changed R0001.WAV: another content", "changed R0002.wav: 1 bytes, not 0",
+                          "moved DAY2/R0003.WAV: moved.WAV", "new new.WAV"));
+  EXPECT_FALSE(_isRight);
+}
+
+TEST_F(FolderCheckTest, TellsWhatIsMissing) {
+  fs::remove(home() / "R0001.WAV");
+  EXPECT_THAT(findings(),
+              ElementsAre("right DAY2/R0003.WAV", "right R0002.wav", "missing R0001.WAV"));
+  EXPECT_FALSE(_isRight);
+}
+
+TEST_F(FolderCheckTest, AFolderWithoutAManifestCannotBeChecked) {
+  EXPECT_EQ(FolderCheck(card()).whyNot(), "It has no manifest (ascmhl)");
+  EXPECT_EQ(FolderCheck(home()).whyNot(), "");
+}
+
+TEST_F(FolderCheckTest, AManifestThatWasTouchedIsNotRight) {
+  const fs::path chain = home() / "ascmhl" / "ascmhl_chain.xml";
+  fs::path generation;
+  for (const auto& entry : fs::directory_iterator(home() / "ascmhl")) {
+    if (entry.path().extension() == ".mhl") generation = entry.path();
+  }
+  const std::string name = generation.filename().native();
+  EXPECT_THAT(FolderCheck(home()).problems(), IsEmpty());
+  std::ofstream(generation, std::ios::app) << "<!-- -->";
+  EXPECT_THAT(FolderCheck(home()).problems(),
+              ElementsAre(name + ": it was changed after it was written"));
+  findings();
+  EXPECT_FALSE(_isRight);
+  std::ofstream(generation, std::ios::app) << "<";
+  EXPECT_THAT(FolderCheck(home()).problems(), ElementsAre(name + ": it is not well-formed"));
+  fs::remove(generation);
+  EXPECT_THAT(FolderCheck(home()).problems(), ElementsAre(name + ": it is missing"));
+  std::ofstream(chain, std::ios::trunc) << "<other/>";
+  EXPECT_THAT(FolderCheck(home()).problems(), ElementsAre("ascmhl_chain.xml: it is no such list"));
+}
+
+TEST_F(FolderCheckTest, AGenerationThatIsNotInTheChainYetIsTakenInByTheNextCopy) {
+  fs::remove(home() / "ascmhl" / "ascmhl_chain.xml");
+  EXPECT_EQ(FolderCheck(home()).problems().size(), 1U);
+  put("card/R0004.WAV", Bytes(5));
+  EXPECT_TRUE(copy());
+  EXPECT_THAT(FolderCheck(home()).problems(), IsEmpty());
+  EXPECT_TRUE(isRight());
+}
+
+TEST_F(FolderCheckTest, AStepThatSaysSoEndsIt) {
+  FolderCheck check(home());
+  std::size_t told = 0;
+  EXPECT_FALSE(
+      check.run([&](const auto& /*finding*/) { ++told; }, [](auto /*bytes*/) { return false; }));
+  EXPECT_EQ(told, 0U);
+}
+
+}  // namespace
