@@ -43,6 +43,7 @@ CLI::App* ExportCommand::declare(CLI::App& program) {
       ->type_name("FORMAT")
       ->check(CLI::IsMember({"24", "float32"}))
       ->capture_default_str();
+  command->add_flag("--keep-metadata", _keepsMetadata, "Take over recording time and markers");
   command->add_option("--rf64", _rf64, "What passes 4 GiB: auto (an RF64 file) or never (none)")
       ->type_name("WHEN")
       ->check(CLI::IsMember({"auto", "never"}))
@@ -145,6 +146,7 @@ ExportCommand::End ExportCommand::exportItem(const ExportPlan::Item& item, std::
                                              ProgressLine& line) const {
   Export job(item.source);
   job.setExisting(_force ? AtomicFile::Existing::Replace : AtomicFile::Existing::Refuse);
+  job.setKeepMetadata(_keepsMetadata);
   job.setLongOutput(_rf64 == "auto" ? Export::LongOutput::Rf64 : Export::LongOutput::Refuse);
   const std::string refused = refusal(item, job);
   if (!refused.empty()) {

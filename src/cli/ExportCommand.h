@@ -54,6 +54,7 @@ class ExportCommand : public Command {
   std::string _format = "24";
   std::string _rf64 = "auto";
   unsigned _jobs = 0;
+  bool _keepsMetadata = false;
   bool _normalize = false;
   bool _force = false;
   bool _isDryRun = false;

@@ -139,6 +139,12 @@ std::span<std::byte> BwfWriter::extend(std::uint32_t count) {
   return std::span(_data).last(count);
 }
 
+void BwfWriter::appendChunk(std::string_view identifier, std::span<const std::byte> bytes) {
+  appendU32(stringToInt32(identifier));
+  appendU32(static_cast<std::uint32_t>(bytes.size()));
+  append(bytes);
+}
+
 // Whole blocks at whole multiples of their size: the system keeps those in the largest pieces.
 void BwfWriter::sendOut() {
   const std::size_t whole = _data.size() - _data.size() % kStreamBlock;

@@ -48,6 +48,8 @@ class BwfWriter {
   /// Appends room for this many sample bytes, for the caller to fill before the next call: `Write`
   /// without a copy.
   std::span<std::byte> extend(std::uint32_t count);
+  /// Appends a chunk of an even number of bytes after the samples, of which none may follow.
+  void appendChunk(std::string_view identifier, std::span<const std::byte> bytes);
   /// Sets the RIFF size and the data size. Calling it again, or after `dispose`, is harmless.
   void FixUpChunkSizes();
   /// Puts the file in its place, whole or not at all; see `AtomicFile`. A streamed file can be

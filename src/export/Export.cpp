@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <span>
 #include <system_error>
 
 #include "analysis/TakeAnalyzer.h"
@@ -82,6 +83,7 @@ BextChunkInfo Export::buildBextInfo() const {
   info.Originator = field(_bextChunk, bext::kOriginator);
   info.OriginatorReference = field(_bextChunk, bext::kOriginatorReference);
   info.UniqueMaterialIdentifier = field(_bextChunk, bext::kUniqueMaterialIdentifier);
+  if (_keepsMetadata) _kept.putInto(info);
   return info;
 }
 
@@ -95,12 +97,24 @@ std::uint64_t Export::outputSize(bool is24bit) const {
   const int bits = BwfWriter::bitsPerSample(is24bit);
   const std::uint64_t frameBytes = 2 * static_cast<std::uint64_t>(bits) / 8;
   const FrameRange frames = range();
-  return BwfWriter::fileSize(historyOf(bits), (frames.end - frames.first) * frameBytes);
+  BextChunkInfo info;
+  info.CodingHistory = historyOf(bits);
+  if (_keepsMetadata) _kept.putInto(info);
+  return BwfWriter::fileSize(info.CodingHistory, (frames.end - frames.first) * frameBytes) +
+         _kept.size();
+}
+
+void Export::setKeepMetadata(bool on) {
+  _keepsMetadata = on && _isFileValid;
+  _kept = _keepsMetadata
+              ? KeptMetadata(*_reader, std::span(_bextChunk.bytes, _bextChunk.length), range())
+              : KeptMetadata();
 }
 
 void Export::setRange(const std::optional<FrameRange>& range) {
   if (range != _range) _analysis.reset();
   _range = range;
+  setKeepMetadata(_keepsMetadata);
 }
 
 FrameRange Export::range() const {
@@ -134,6 +148,7 @@ bool Export::export2File(const std::filesystem::path& path) {
   if (!prepare(path, writer)) return false;
   editAndWriteSample(writer);
   if (stopped()) return false;
+  for (const auto& [identifier, bytes] : _kept.chunks()) writer.appendChunk(identifier, bytes);
   writer.FixUpChunkSizes();
   return writer.Save2File(path) || fail(writer.failure());
 }

@@ -16,6 +16,7 @@
 #include "export/ChunkSizes.h"
 #include "export/Clipping.h"
 #include "export/FrameRange.h"
+#include "export/KeptMetadata.h"
 #include "export/LoudnessGain.h"
 #include "wav/BextChunkInfo.h"
 #include "wav/FrameStream.h"
@@ -76,6 +77,10 @@ class Export {
   [[nodiscard]] bool wasCancelled() const { return _wasCancelled; }
   /// Bytes that an export in this width comes to; 0 where no file could be read.
   [[nodiscard]] std::uint64_t outputSize(bool is24bit) const;
+
+  /// Whether the export takes over when the source was recorded, how it came to be, and its
+  /// markers; see `KeptMetadata`. It does not, unless this says otherwise. Waits for the medium.
+  void setKeepMetadata(bool on);
 
   /// Whether an export in this width is written as RF64.
   [[nodiscard]] bool isRf64(bool is24bit) const { return ChunkSizes::isRf64(outputSize(is24bit)); }
@@ -171,6 +176,8 @@ class Export {
   Progress _progress;
   const std::atomic<bool>* _cancel = nullptr;
   AtomicFile::Existing _existing = AtomicFile::Existing::Replace;
+  bool _keepsMetadata = false;
+  KeptMetadata _kept;
   LongOutput _longOutput = LongOutput::Rf64;
   std::uint64_t _framesToDo = 0;  ///< of all passes
   std::uint64_t _framesDone = 0;

@@ -28,11 +28,13 @@ BextChunkInfo::BextChunkInfo() : OriginationDateTime(std::chrono::system_clock::
 }
 
 std::string BextChunkInfo::OriginationDate() const {
+  if (!keptDate.empty()) return keptDate;
   const std::tm local = localTime(OriginationDateTime);
   return fmt::format("{:04}-{:02}-{:02}", local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
 }
 
 std::string BextChunkInfo::OriginationTime() const {
+  if (!keptTime.empty()) return keptTime;
   const std::tm local = localTime(OriginationDateTime);
   return fmt::format("{:02}:{:02}:{:02}", local.tm_hour, local.tm_min, local.tm_sec);
 }

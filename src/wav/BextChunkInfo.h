@@ -14,9 +14,10 @@ struct BextChunkInfo {
   /// Everything empty, version 1, dated now, `Reserved` a block of 190 zero bytes.
   BextChunkInfo();
 
-  /// `OriginationDateTime` as "yyyy-MM-dd" in the user's time zone (Gregorian, digits 0 to 9).
+  /// `keptDate`, else `OriginationDateTime` as "yyyy-MM-dd" in the user's time zone (Gregorian,
+  /// digits 0 to 9).
   [[nodiscard]] std::string OriginationDate() const;
-  /// `OriginationDateTime` as "HH:mm:ss", 24-hour clock, in the user's time zone.
+  /// `keptTime`, else `OriginationDateTime` as "HH:mm:ss", 24-hour clock, in the user's time zone.
   [[nodiscard]] std::string OriginationTime() const;
 
   /// Frees `Reserved`; the destructor does it too.
@@ -28,6 +29,8 @@ struct BextChunkInfo {
   std::string Originator;
   std::string OriginatorReference;
   std::chrono::system_clock::time_point OriginationDateTime;
+  std::string keptDate;  ///< of another file, as it has it; empty for that of the moment
+  std::string keptTime;
   std::string UniqueMaterialIdentifier;
   WavArray Reserved;
   std::string CodingHistory;

@@ -1,0 +1,96 @@
+# SPDX-FileCopyrightText: 2026 The Mixdeck developers
+# SPDX-License-Identifier: MIT
+"""Exports that keep recording time and markers, and what other programs read of them."""
+
+import json
+import struct
+import subprocess
+import unittest
+
+from mixdeck import FIRST_SAMPLE, PLAIN, RAW, Case, bext, chunk, fmt, pack24, wave
+
+SAMPLES = pack24([1000, -1000] * 48000)
+LABEL = b"labl" + struct.pack("<II", 10, 1) + b"River\0"
+MARKS = struct.pack("<III4sIII", 1, 1, 24000, b"data", 0, 0, 24000)
+NAME = b"INFOINAM" + struct.pack("<I", 8) + b"By dawn\0"
+
+
+def take(history=RAW + " "):
+    return wave(fmt(), bext(history=history), chunk("data", SAMPLES), chunk("cue ", MARKS),
+                chunk("LIST", b"adtl" + LABEL), chunk("LIST", NAME),
+                chunk("iXML", b"<BWFXML><PROJECT>River</PROJECT></BWFXML>"))
+
+
+class MetadataTest(Case):
+    def setUp(self):
+        super().setUp()
+        self.file("R0001.WAV", take())
+
+    def export(self, *words):
+        self.expect(0, "export", "--force", *words, "R0001.WAV", err="")
+        return self.read("R0001_Decode.WAV")
+
+    def test_without_it_nothing_is_kept(self):
+        plain = self.export()
+        self.assertEqual(len(plain), FIRST_SAMPLE + len(SAMPLES))
+        self.assertNotIn(b"cue ", plain)
+        info = self.info(self.path("R0001_Decode.WAV"))["bext"]
+        self.assertEqual((info["CodingHistory"], info["TimeReference"]), (PLAIN, 0))
+
+    def test_times_history_and_chunks_are_kept(self):
+        self.export("--keep-metadata")
+        info = self.info(self.path("R0001_Decode.WAV"))
+        self.assertFalse(info["raw_ms"])
+        self.assertEqual([part["id"] for part in info["chunks"]],
+                         ["JUNK", "bext", "fmt ", "data", "cue ", "LIST", "LIST", "iXML"])
+        bext_ = info["bext"]
+        self.assertEqual((bext_["OriginationDate"], bext_["OriginationTime"],
+                          bext_["TimeReference"]), ("2026-05-04", "03:02:01", 99))
+        self.assertEqual(bext_["CodingHistory"],
+                         RAW.replace("MSRAW=ON", "MSRAW=DECODED") + "\r\n" + PLAIN)
+
+    def test_the_size_is_told_beforehand(self):
+        size = len(self.export("--keep-metadata"))
+        said = self.expect(0, "export", "--dry-run", "--force", "--keep-metadata", "R0001.WAV").stdout
+        self.assertTrue(said.endswith(f", {size} bytes\n"), said)
+
+    def test_an_export_of_an_export_keeps_them_too(self):
+        self.export("--keep-metadata")
+        self.expect(0, "export", "--keep-metadata", "R0001_Decode.WAV", err="")
+        bext_ = self.info(self.path("R0001_Decode_Decode.WAV"))["bext"]
+        self.assertEqual(bext_["TimeReference"], 99)
+        self.assertEqual(bext_["CodingHistory"].count("\r\n"), 2)
+
+    def test_ffprobe(self):
+        self.export("--keep-metadata")
+        said = json.loads(subprocess.run(
+            ["ffprobe", "-v", "error", "-of", "json", "-show_format", "-show_streams",
+             self.path("R0001_Decode.WAV")], capture_output=True, text=True, check=True).stdout)
+        tags = said["format"]["tags"]
+        self.assertEqual((tags["date"], tags["creation_time"], tags["time_reference"]),
+                         ("2026-05-04", "03:02:01", "99"))
+        self.assertIn("MSRAW=DECODED", tags["coding_history"])
+        self.assertEqual(tags["title"], "By dawn")
+        self.assertEqual(said["streams"][0]["duration_ts"], 48000)
+
+    def test_mediainfo(self):
+        self.export("--keep-metadata")
+        said = subprocess.run(["mediainfo", "--Output=JSON", self.path("R0001_Decode.WAV")],
+                              capture_output=True, text=True, check=True).stdout
+        general = json.loads(said)["media"]["track"][0]
+        self.assertIn("2026-05-04 03:02:01", general["Encoded_Date"])
+        self.assertEqual(general["Title"], "By dawn")
+
+    def test_libsndfile(self):
+        self.export("--keep-metadata")
+        said = subprocess.run(["sndfile-metadata-get", "--all", self.path("R0001_Decode.WAV")],
+                              capture_output=True, text=True, check=True).stdout
+        self.assertIn("2026-05-04", said)
+        self.assertIn("03:02:01", said)
+        said = subprocess.run(["sndfile-info", "--cuepoints", self.path("R0001_Decode.WAV")],
+                              capture_output=True, text=True, check=False).stdout
+        self.assertIn("24000", said)
+
+
+if __name__ == "__main__":
+    unittest.main()
