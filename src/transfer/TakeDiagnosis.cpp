@@ -77,7 +77,7 @@ class Search {
       if (size > _image.size() - payload) break;
       if (identifier == kFmtID && size >= kFormatBytes) hasFormat = readFormat(payload);
       position = payload + size;
-      if (_isLong && size % 2 == 1 && _fields.u8(position) == 0) ++position;
+      if (_sizes && size % 2 == 1 && _fields.u8(position) == 0) ++position;
     }
     return "no sound is found in it (data chunk)";
   }

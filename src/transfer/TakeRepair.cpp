@@ -44,6 +44,7 @@ std::filesystem::path TakeRepair::nameFor(const std::filesystem::path& take) {
 TakeRepair::TakeRepair(std::shared_ptr<const WaveImage> image, TakeDiagnosis diagnosis)
     : _image(std::move(image)), _diagnosis(std::move(diagnosis)) {
   ImageFields fields(*_image);
+  _identifier = fields.u32(0);
   _firstChunk = fields.u32(kRiffHeader);
   _firstChunkSize = fields.u32(kRiffHeader + 4);
 }
@@ -54,7 +55,10 @@ bool TakeRepair::hasRoomForSizes() const {
   return isRoom && _firstChunkSize >= LongSizes::kFixedSize && isBeforeSound;
 }
 
+// What has its sizes in ds64 keeps them there: those of other chunks may be among them.
 bool TakeRepair::isLong() const {
+  const bool wasLong = _identifier == kRf64ID || _identifier == kBw64ID;
+  if (wasLong && _firstChunk == kDs64ID && hasRoomForSizes()) return true;
   return _diagnosis.dataAt + _diagnosis.keptBytes + _diagnosis.tailBytes > kMost32;
 }
 
@@ -81,20 +85,17 @@ std::vector<std::byte> TakeRepair::header() {
   return head;
 }
 
-// Sizes that nothing needs any more become JUNK again, so that everything stays in its place.
 void TakeRepair::fitSizes(std::vector<std::byte>& head, std::uint64_t fileSize) const {
   const std::uint64_t riffSize = fileSize - kChunkHeader;
-  const bool hadSizes = _firstChunk == kDs64ID && hasRoomForSizes();
-  put(head, 0, isLong() ? kRf64ID : kRiffID);
   put(head, 4, static_cast<std::uint32_t>(isLong() ? kMost32 : riffSize));
   put(head, head.size() - 4, static_cast<std::uint32_t>(isLong() ? kMost32 : _diagnosis.keptBytes));
-  if (hadSizes && !isLong()) put(head, kRiffHeader, kJunkID);
-  if (!isLong()) return;
+  if (!isLong()) return put(head, 0, kRiffID);
+  put(head, 0, _identifier == kBw64ID ? kBw64ID : kRf64ID);
   put(head, kRiffHeader, kDs64ID);
   put(head, kLongRiffSizeAt, riffSize);
   put(head, kLongDataSizeAt, _diagnosis.keptBytes);
   put(head, kFrameCountAt, _diagnosis.keptBytes / _diagnosis.frameBytes);
-  if (!hadSizes) put(head, kEntryCountAt, std::uint32_t{0});
+  if (_firstChunk != kDs64ID) put(head, kEntryCountAt, std::uint32_t{0});
 }
 
 bool TakeRepair::save(const std::filesystem::path& path, AtomicFile::Existing existing) {

@@ -55,6 +55,7 @@ class TakeRepair {
 
   std::shared_ptr<const WaveImage> _image;
   TakeDiagnosis _diagnosis;
+  std::uint32_t _identifier;      ///< of the file
   std::uint32_t _firstChunk;      ///< identifier and
   std::uint32_t _firstChunkSize;  ///< size field of what may hold the sizes
   Progress _progress;

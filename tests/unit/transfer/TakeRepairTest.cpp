@@ -75,13 +75,19 @@ TEST_F(TakeRepairTest, ChunksAfterTheSoundStay) {
   EXPECT_EQ(repaired(take(loud(13))).get(), take(loud(12)));
 }
 
-TEST_F(TakeRepairTest, AShortTakeWithLongSizesBecomesRiff) {
-  const ByteView out = repaired(
-      WaveBytes().ds64(0, 0).format24().chunk("data", kElsewhere, loud(600)).getLong("BW64"));
-  EXPECT_EQ(out.text(0, 4), "RIFF");
-  EXPECT_EQ(out.u32(4), 672U);
-  EXPECT_EQ(out.text(12, 4), "JUNK");
-  EXPECT_EQ(out.u32(76), 600U);
+TEST_F(TakeRepairTest, ATakeWithLongSizesKeepsThem) {
+  const Bytes table = ByteBuilder().u32(1).text("axml").u64(3).get();
+  const ByteView out = repaired(WaveBytes()
+                                    .ds64(0, 0, table)
+                                    .chunk("axml", kElsewhere, Bytes(4))
+                                    .format24()
+                                    .chunk("data", kElsewhere, loud(600))
+                                    .getLong("BW64"));
+  EXPECT_EQ(out.text(0, 4), "BW64");
+  EXPECT_EQ(out.u32(20), out.size() - 8);
+  EXPECT_EQ(out.u32(28), 600U);
+  EXPECT_EQ(out.u32(36), 100U);
+  EXPECT_EQ(out.text(48, 4), "axml") << "the table stays";
 }
 
 // The loud frame is the last one; nearly nothing is on the disk, but what is saved is read.
