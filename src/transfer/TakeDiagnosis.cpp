@@ -55,7 +55,7 @@ class Search {
     if (identifier != kRiffID && !_isLong) return "it does not begin as a WAVE file";
     if (_fields.u32(8) != kWaveID) return "a RIFF file, but not WAVE";
     if (_isLong) _sizes = LongSizes::read(_fields);
-    const std::string reason = walkToData();
+    std::string reason = walkToData();
     if (!reason.empty()) return reason;
     return _found.frameBytes > 0 ? "" : "its format has no frames";
   }
