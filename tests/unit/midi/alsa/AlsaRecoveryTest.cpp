@@ -182,7 +182,7 @@ TEST_F(AlsaRecoveryTest, WhereThePortsThatStayAreRefusedTheSequencerIsGone) {
   fake.heard.clear();
   fake.portError = -ENOMEM;
   system->dispose(output);
-  EXPECT_THAT(system->unavailableReason(), HasSubstr("Cannot allocate memory"));
+  EXPECT_THAT(system->unavailableReason(), testing::HasSubstr("Cannot allocate memory"));
   EXPECT_TRUE(fake.heard.empty()) << "through another port";
   fake.mend();
   clock->advance(2.0);
