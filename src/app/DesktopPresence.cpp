@@ -7,6 +7,9 @@ DesktopPresence::DesktopPresence(WindowController& window)
     : _mpris(window.viewController().remote()) {
   QObject::connect(&window, &WindowController::appeared, &_bus, &BusLink::begin);
   QObject::connect(&_bus, &BusLink::connected, &_mpris, &MprisService::appear);
+  QObject::connect(&_bus, &BusLink::connected, &_motion, &MotionSetting::ask);
+  QObject::connect(&_motion, &MotionSetting::told, &window,
+                   [&window](bool isReduced) { window.viewController().reduceMotion(isReduced); });
   QObject::connect(&_mpris, &MprisService::raiseRequested, &window, &WindowController::raise);
   QObject::connect(&_mpris, &MprisService::quitRequested, &window.window(), &QWidget::close);
 }

@@ -4,10 +4,11 @@
 
 #include "app/WindowController.h"
 #include "desktop/BusLink.h"
+#include "desktop/MotionSetting.h"
 #include "desktop/MprisService.h"
 
-/// The window as the desktop knows it: on the session bus from when it has appeared, where there is
-/// a bus. Interface thread.
+/// The window as the desktop knows it, and as the desktop wants it: on the session bus from when it
+/// has appeared, where there is a bus. Interface thread.
 class DesktopPresence {
  public:
   /// The window outlives it.
@@ -16,4 +17,5 @@ class DesktopPresence {
  private:
   BusLink _bus;
   MprisService _mpris;
+  MotionSetting _motion;
 };

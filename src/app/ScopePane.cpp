@@ -5,8 +5,8 @@
 
 namespace {
 
-constexpr int kRefresh = 33;       // ms
-constexpr double kMostLate = 0.2;  // seconds; after more the picture begins anew
+constexpr double kMsPerSecond = 1000;
+constexpr double kMostLate = 6;  // intervals; after more the picture begins anew
 
 }  // namespace
 
@@ -41,17 +41,23 @@ void ScopePane::rest() {
 void ScopePane::showState() {
   if (_take.state() != TakeSession::State::Playing) return rest();
   advance();
-  _timerScope.start(kRefresh);
+  _timerScope.start(static_cast<int>(_interval * kMsPerSecond));
+}
+
+void ScopePane::reduceMotion(bool isReduced) {
+  _interval = isReduced ? kCalmInterval : kInterval;
+  if (_timerScope.isActive()) showState();
 }
 
 void ScopePane::advance() {
   if (!_heard) return;
-  const double to = _take.playedTime() + kInterval / 2;
+  const double to = _take.playedTime() + _interval / 2;
   const double since = to - _shownTo;
-  const double from = since > 0 && since < kMostLate ? _shownTo : to - kInterval;
+  const double from = since > 0 && since < kMostLate * _interval ? _shownTo : to - _interval;
   const HeardSound sound = _take.heardSound();
   const auto frames = _heard->read(from, to, sound).value_or(std::span<const float>());
   _shownTo = _heard->heardAt(from, to, sound);
+  if (_interval == kCalmInterval) _view.field->scope->clear();
   _view.field->scope->advance(frames, to - from);
   _correlation.add(frames, to - from);
   showCorrelation(_correlation.value());

@@ -13,17 +13,20 @@
 #include "app/TakeSession.h"
 
 /// Shows where the sound stands between the channels, thirty times a second while a take plays:
-/// each frame within the half of a picture from when it is heard. Interface thread.
+/// each frame within the half of a picture from when it is heard. With reduced motion, four times a
+/// second what was heard since, without a trace of what came before. Interface thread.
 class ScopePane : public QObject {
   Q_OBJECT
 
  public:
   /// Seconds from one picture to the next.
   static constexpr double kInterval = 1.0 / 30.0;
+  static constexpr double kCalmInterval = 0.25;
 
   /// Both outlive the pane.
   ScopePane(StageView& view, TakeSession& take, QObject* parent = nullptr);
 
+  void reduceMotion(bool isReduced);
   /// The next picture: what is heard from where the last one ended to half an interval from now.
   void advance();
 
@@ -39,5 +42,6 @@ class ScopePane : public QObject {
   std::unique_ptr<HeardFrames> _heard;  ///< null without a take
   HeardCorrelation _correlation;
   double _shownTo = 0;  ///< seconds
+  double _interval = kInterval;
   QTimer _timerScope{this};
 };

@@ -85,6 +85,8 @@ class ViewController : public QObject, public MIDIManagerDelegate {
 
   [[nodiscard]] MainView& view() const { return _view; }
   [[nodiscard]] TakeSession& take() { return _panes.take; }
+  /// Fewer pictures, for a desktop that wants less motion.
+  void reduceMotion(bool isReduced) { _panes.scope.reduceMotion(isReduced); }
   /// The take and its folder, for a desktop that controls them from afar.
   [[nodiscard]] RemotePlayer& remote() { return _panes.remote; }
   [[nodiscard]] const FolderBrowser& browser() const { return _panes.browser; }

@@ -84,6 +84,24 @@ TEST_F(Scope, ShowsSideAsOppositeChannels) {
   EXPECT_EQ(field.correlation->figureText(), "-1.00");
 }
 
+TEST_F(Scope, ReducedMotionShowsEachQuarterOfASecondByItself) {
+  openSound(
+      [](int i) { return std::pair(i < static_cast<int>(kRate) ? 0.5 * tone(i) : 0.0, 0.0); });
+  load(0, 2);
+  pane->reduceMotion(true);
+  EXPECT_EQ(pane->findChild<QTimer*>("timerScope")->interval(), 250);
+  session->seek(0.5);
+  pane->advance();
+  EXPECT_FALSE(field.scope->isDark());
+  session->seek(1.5);
+  load(1, 2);
+  pane->advance();
+  const int side = field.scope->points().side();
+  for (int y = 0; y < side / 2 - 4; ++y) EXPECT_EQ(field.scope->points().lightAt(side / 2, y), 0);
+  pane->reduceMotion(false);
+  EXPECT_EQ(pane->findChild<QTimer*>("timerScope")->interval(), 33);
+}
+
 // One loud frame at two seconds: looked for from before to after, thirty pictures a second.
 TEST_F(Scope, ShowsAFrameWithinThirtyMillisecondsOfItsSound) {
   constexpr int kImpulse = 2 * kRate;
