@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/Command.h"
+#include "cli/FilesOption.h"
 
 /// `info`: tells what there is to know of files: text, or with --json one object a line and file.
 class InfoCommand : public Command {

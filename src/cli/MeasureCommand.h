@@ -11,6 +11,7 @@
 
 #include "analysis/TakeAnalyzer.h"
 #include "cli/Command.h"
+#include "cli/FilesOption.h"
 #include "cli/ProgressLine.h"
 #include "cli/StretchOption.h"
 #include "export/Export.h"
