@@ -184,8 +184,9 @@ class Player:
         self.before = termios.tcgetattr(slave)
         self.slave = slave
         self.process = subprocess.Popen(
-            [CLI, "play", *map(str, arguments)], env=server.environment | environment,
-            stdin=slave, stdout=slave, stderr=slave, start_new_session=True,
+            [CLI, "play", *map(str, arguments)],
+            env=server.environment | {"NO_COLOR": "1"} | environment, stdin=slave,
+            stdout=slave, stderr=slave, start_new_session=True,
             preexec_fn=lambda: fcntl.ioctl(0, termios.TIOCSCTTY, 0))
         self.shown = ""
         self.reader = threading.Thread(target=self._read, daemon=True)
