@@ -24,9 +24,7 @@ class MotionSetting : public QObject {
   /// The answer, and each change after it. Where nothing answers, nothing is told.
   void told(bool isReduced);
 
- private slots:
-  void hear(const QString& group, const QString& name, const QDBusVariant& value);
-
  private:
+  Q_SLOT void hear(const QString& group, const QString& name, const QDBusVariant& value);
   void take(const QVariant& value);
 };
