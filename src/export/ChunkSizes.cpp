@@ -10,10 +10,6 @@ namespace {
 
 constexpr std::uint64_t kChunkHeader = 8;
 constexpr std::uint32_t kRiffSizePosition = 4;
-constexpr std::uint32_t kJunkPosition = 12;
-constexpr std::uint32_t kLongRiffSizePosition = 20;
-constexpr std::uint32_t kLongDataSizePosition = 28;
-constexpr std::uint32_t kFrameCountPosition = 36;
 
 template <class Value>
 ChunkSizes::Patch patch(std::uint32_t position, Value value) {
@@ -30,16 +26,24 @@ ChunkSizes::Patch patch(std::uint32_t position, Value value) {
 std::vector<ChunkSizes::Patch> ChunkSizes::patches(std::uint64_t fileSize, std::uint64_t dataSize,
                                                    std::uint32_t frameBytes,
                                                    std::uint32_t dataSizePosition) {
+  return patches(fileSize, dataSize, frameBytes, dataSizePosition,
+                 isRf64(fileSize) ? kRf64ID : kRiffID);
+}
+
+std::vector<ChunkSizes::Patch> ChunkSizes::patches(std::uint64_t fileSize, std::uint64_t dataSize,
+                                                   std::uint32_t frameBytes,
+                                                   std::uint32_t dataSizePosition,
+                                                   std::uint32_t identifier) {
   const std::uint64_t riffSize = fileSize - kChunkHeader;
-  if (!isRf64(fileSize)) {
+  if (identifier == kRiffID) {
     return {patch(kRiffSizePosition, static_cast<std::uint32_t>(riffSize)),
             patch(dataSizePosition, static_cast<std::uint32_t>(dataSize))};
   }
-  return {patch(0, kRf64ID),
+  return {patch(0, identifier),
           patch(kRiffSizePosition, LongSizes::kElsewhere),
-          patch(kJunkPosition, kDs64ID),
-          patch(kLongRiffSizePosition, riffSize),
-          patch(kLongDataSizePosition, dataSize),
-          patch(kFrameCountPosition, frameBytes == 0 ? 0 : dataSize / frameBytes),
+          patch(LongSizes::kChunkAt, kDs64ID),
+          patch(LongSizes::kRiffAt, riffSize),
+          patch(LongSizes::kDataAt, dataSize),
+          patch(LongSizes::kFrameCountAt, frameBytes == 0 ? 0 : dataSize / frameBytes),
           patch(dataSizePosition, LongSizes::kElsewhere)};
 }

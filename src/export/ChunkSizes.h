@@ -24,4 +24,9 @@ class ChunkSizes {
   /// size field of the data is at `dataSizePosition`.
   static std::vector<Patch> patches(std::uint64_t fileSize, std::uint64_t dataSize,
                                     std::uint32_t frameBytes, std::uint32_t dataSizePosition);
+  /// The same for a choice of `kRiffID`, which leaves the first four bytes as they are, `kRf64ID`
+  /// or `kBw64ID`.
+  static std::vector<Patch> patches(std::uint64_t fileSize, std::uint64_t dataSize,
+                                    std::uint32_t frameBytes, std::uint32_t dataSizePosition,
+                                    std::uint32_t identifier);
 };

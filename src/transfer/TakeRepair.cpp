@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "export/ChunkSizes.h"
 #include "wav/ImageFields.h"
 #include "wav/LongSizes.h"
 #include "wav/WaveHeader.h"
@@ -22,18 +23,7 @@ constexpr std::uint64_t kMost32 = 0xFFFFFFFF;
 constexpr std::uint32_t kJunkID = 0x4B4E554A;
 constexpr std::size_t kRiffHeader = 12;
 constexpr std::size_t kChunkHeader = 8;
-constexpr std::size_t kLongRiffSizeAt = 20;
-constexpr std::size_t kLongDataSizeAt = 28;
-constexpr std::size_t kFrameCountAt = 36;
-constexpr std::size_t kEntryCountAt = 44;
 constexpr std::size_t kBlock = 1 << 18;
-
-template <class Value>
-void put(std::vector<std::byte>& bytes, std::size_t offset, Value value) {
-  for (std::size_t i = 0; i < sizeof value; ++i) {
-    bytes[offset + i] = static_cast<std::byte>(value >> (8 * i));
-  }
-}
 
 }  // namespace
 
@@ -78,24 +68,22 @@ std::vector<std::byte> TakeRepair::header() {
   if (_image->readAt(0, head) < head.size()) fail("The take cannot be read: " + _image->failure());
   if (isLong() && !hasRoomForSizes()) {
     head.insert(head.begin() + kRiffHeader, kChunkHeader + LongSizes::kFixedSize, std::byte{0});
-    put(head, kRiffHeader + 4, LongSizes::kFixedSize);
-    put(head, kRiffHeader, kJunkID);
+    head[kRiffHeader + 4] = std::byte{LongSizes::kFixedSize};
   }
   fitSizes(head, size());
   return head;
 }
 
 void TakeRepair::fitSizes(std::vector<std::byte>& head, std::uint64_t fileSize) const {
-  const std::uint64_t riffSize = fileSize - kChunkHeader;
-  put(head, 4, static_cast<std::uint32_t>(isLong() ? kMost32 : riffSize));
-  put(head, head.size() - 4, static_cast<std::uint32_t>(isLong() ? kMost32 : _diagnosis.keptBytes));
-  if (!isLong()) return put(head, 0, kRiffID);
-  put(head, 0, _identifier == kBw64ID ? kBw64ID : kRf64ID);
-  put(head, kRiffHeader, kDs64ID);
-  put(head, kLongRiffSizeAt, riffSize);
-  put(head, kLongDataSizeAt, _diagnosis.keptBytes);
-  put(head, kFrameCountAt, _diagnosis.keptBytes / _diagnosis.frameBytes);
-  if (_firstChunk != kDs64ID) put(head, kEntryCountAt, std::uint32_t{0});
+  const std::uint32_t longID = _identifier == kBw64ID ? kBw64ID : kRf64ID;
+  const auto dataSizeAt = static_cast<std::uint32_t>(head.size() - 4);
+  std::memcpy(head.data(), &kRiffID, sizeof kRiffID);
+  const auto sizes = ChunkSizes::patches(fileSize, _diagnosis.keptBytes,
+                                         static_cast<std::uint32_t>(_diagnosis.frameBytes),
+                                         dataSizeAt, isLong() ? longID : kRiffID);
+  for (const auto& [position, bytes] : sizes) std::ranges::copy(bytes, head.begin() + position);
+  if (!isLong() || _firstChunk == kDs64ID) return;
+  std::fill_n(head.begin() + LongSizes::kEntryCountAt, sizeof(std::uint32_t), std::byte{0});
 }
 
 bool TakeRepair::save(const std::filesystem::path& path, AtomicFile::Existing existing) {

@@ -9,11 +9,6 @@
 
 namespace {
 
-constexpr std::uint64_t kChunkAt = 12;
-constexpr std::uint64_t kRiffAt = 20;
-constexpr std::uint64_t kDataAt = 28;
-constexpr std::uint64_t kEntryCountAt = 44;  // after the sample count, which the data tells itself
-constexpr std::uint64_t kEntriesAt = 48;
 constexpr std::uint32_t kEntryBytes = 12;
 
 }  // namespace

@@ -20,6 +20,14 @@ class LongSizes {
   /// No file has nearly as many chunks that pass 4 GiB; further entries are not read.
   static constexpr std::uint32_t kMostEntries = 256;
 
+  /// Where the chunk and its fields stand in the file, of which it is the first chunk.
+  static constexpr std::uint32_t kChunkAt = 12;
+  static constexpr std::uint32_t kRiffAt = 20;
+  static constexpr std::uint32_t kDataAt = 28;
+  static constexpr std::uint32_t kFrameCountAt = 36;
+  static constexpr std::uint32_t kEntryCountAt = 44;
+  static constexpr std::uint32_t kEntriesAt = 48;
+
   /// Reads the chunk, which has to be the first one, with all of its fixed part in the file; none
   /// where it is not.
   static std::optional<LongSizes> read(ImageFields& fields);
