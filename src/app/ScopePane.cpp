@@ -53,11 +53,13 @@ void ScopePane::advance() {
   if (!_heard) return;
   const double to = _take.playedTime() + _interval / 2;
   const double since = to - _shownTo;
-  const double from = since > 0 && since < kMostLate * _interval ? _shownTo : to - _interval;
+  const double least = isCalm() ? _interval : 0;  // a picture by itself is not cut short by a pause
+  const bool goesOn = since > least && since < kMostLate * _interval;
+  const double from = goesOn ? _shownTo : to - _interval;
   const HeardSound sound = _take.heardSound();
   const auto frames = _heard->read(from, to, sound).value_or(std::span<const float>());
   _shownTo = _heard->heardAt(from, to, sound);
-  if (_interval == kCalmInterval) _view.field->scope->clear();
+  if (isCalm()) _view.field->scope->clear();
   _view.field->scope->advance(frames, to - from);
   _correlation.add(frames, to - from);
   showCorrelation(_correlation.value());

@@ -34,6 +34,7 @@ class ScopePane : public QObject {
   void begin();
   void drop();
   void showState();
+  [[nodiscard]] bool isCalm() const { return _interval == kCalmInterval; }
   void rest();
   void showCorrelation(std::optional<double> value);
 

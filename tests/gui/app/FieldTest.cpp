@@ -90,10 +90,10 @@ TEST_F(Scope, ReducedMotionShowsEachQuarterOfASecondByItself) {
   load(0, 2);
   pane->reduceMotion(true);
   EXPECT_EQ(pane->findChild<QTimer*>("timerScope")->interval(), 250);
-  session->seek(0.5);
+  session->seek(0.05);
   pane->advance();
   EXPECT_FALSE(field.scope->isDark());
-  session->seek(1.5);
+  session->seek(0.15);
   load(1, 2);
   pane->advance();
   const int side = field.scope->points().side();
