@@ -20,7 +20,8 @@ class MprisService : public QObject {
   /// The player outlives it.
   explicit MprisService(RemotePlayer& player, QObject* parent = nullptr);
 
-  /// Appears on this bus, as `org.mpris.MediaPlayer2.mixdeck`; once.
+  /// Appears on this bus, as `org.mpris.MediaPlayer2.mixdeck`, or with `.instance` and the process
+  /// number behind that where another one has the name; once.
   void appear(const QDBusConnection& bus);
 
  signals:

@@ -54,6 +54,8 @@ class Export {
 
   /// The extension of the output: dated now, version 1, time reference 0; description, originator,
   /// reference and identifier are the source's, the coding history is the export's own.
+  /// What `setKeepMetadata` takes over stands in place of date and time reference, and before that
+  /// history.
   [[nodiscard]] BextChunkInfo buildBextInfo() const;
 
   /// Exports to `path`, which appears whole or not at all. The source itself is never replaced.

@@ -19,8 +19,8 @@
 /// Brings the takes of a card home into a folder, each verified, and writes a manifest of them.
 ///
 /// The card is only ever read. A take that is there already is kept: without a look at its content
-/// where a manifest says that it was verified and neither it nor the take has changed since, else
-/// after its content has been compared. One that is there with another content is kept, too, and
+/// where a manifest says that it was verified and both have the length and the time of change that
+/// it states, else after its content has been compared. One that is there with another content is kept, too, and
 /// told. What was done by a break, a cancel or a failure stays done. One thread at a time, but for
 /// the cancel flag, which any thread may set; waits for the media.
 class CardCopy {

@@ -34,7 +34,7 @@ class FolderCheck {
   /// Of all that is to be read, as far as it is known beforehand.
   [[nodiscard]] std::uint64_t bytes() const;
 
-  /// Tells of each file, missing and new ones last. Whether all are right; false where `step` ended
+  /// Tells of each file in the order of the paths, missing ones last. Whether all are right; false where `step` ended
   /// it.
   bool run(const Tell& tell, const MediumStep& step);
 

@@ -83,7 +83,9 @@ constexpr const char* kFooter =
     "  plug@SECONDS (also unplug, report, eject, insert, behave)\n"
     "\n"
     "Exit status: 0 done, also when watch or monitor is interrupted; 1 no recorder, no answer\n"
-    "or no MIDI; 2 wrong usage, or a value that the recorder does not know.";
+    "or no MIDI; 2 wrong usage, or a value that the recorder does not know.\n"
+    "\n"
+    "Environment: MIXDECK_MIDI=bytes or ump forces the kind of packets.";
 
 }  // namespace
 
