@@ -69,6 +69,9 @@ bool CopyCommand::copy(ProgressLine& line) const {
     line.message(problemLine(_card, kFailToSave, reason));
     return false;
   }
+  for (const FolderFiles::Gap& gap : job.gaps()) {
+    line.message(problemLine(gap.in(_card), "Not listed.", gap.reason));
+  }
   Counts counts;
   SpeedText speed;
   job.setVersion(kFullVersion);

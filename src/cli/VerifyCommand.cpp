@@ -83,6 +83,9 @@ bool VerifyCommand::verify(ProgressLine& line) const {
   for (const std::string& problem : check.problems()) {
     line.message(problemLine(_folder, "The manifest is not right:", problem));
   }
+  for (const FolderFiles::Gap& gap : check.gaps()) {
+    line.message(problemLine(gap.in(_folder), "Not listed.", gap.reason));
+  }
   const SpeedText speed;
   std::uint64_t done = 0;
   std::array<std::size_t, kWords.size()> counts{};

@@ -14,7 +14,6 @@
 #include <ctime>
 #include <system_error>
 
-#include "transfer/FolderFiles.h"
 #include "transfer/XmlReader.h"
 
 namespace fs = std::filesystem;
@@ -71,8 +70,9 @@ std::string CardCopy::prepare() {
   if (!isFolder) return "The card is no folder";
   if (isInside(_destination, _card)) return "The card is never written to, but holds the folder";
   FolderFiles listed = FolderFiles::of(_card, FolderFiles::Which::Takes);
-  if (!listed.failure.empty()) return "The card cannot be read: " + listed.failure;
   _takes = std::move(listed.files);
+  _gaps = std::move(listed.gaps);
+  if (_takes.empty() && !_gaps.empty()) return "The card cannot be read: " + _gaps.front().reason;
   if (_takes.empty()) return "The card holds no takes";
   fs::create_directories(_destination, error);
   if (error) return fmt::format("The folder cannot be made: {}", error.message());
@@ -106,7 +106,7 @@ bool CardCopy::run() {
   }
   if (_manifest.entries.size() > _savedEntries) saveManifest();
   fallShort(_manifests->finish());
-  return _isAllThere && !hasEnded();
+  return _isAllThere && _gaps.empty() && !hasEnded();
 }
 
 void CardCopy::handle(const CardTake& take) {

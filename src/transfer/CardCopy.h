@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "transfer/FolderFiles.h"
 #include "transfer/ManifestFolder.h"
 #include "transfer/TakeCopy.h"
 
@@ -20,9 +21,9 @@
 ///
 /// The card is only ever read. A take that is there already is kept: without a look at its content
 /// where a manifest says that it was verified and both have the length and the time of change that
-/// it states, else after its content has been compared. One that is there with another content is kept, too, and
-/// told. What was done by a break, a cancel or a failure stays done. One thread at a time, but for
-/// the cancel flag, which any thread may set; waits for the media.
+/// it states, else after its content has been compared. One that is there with another content is
+/// kept, too, and told. What was done by a break, a cancel or a failure stays done. One thread at a
+/// time, but for the cancel flag, which any thread may set; waits for the media.
 class CardCopy {
  public:
   enum class Outcome { Copied, Kept, Differs, Failed };
@@ -53,12 +54,15 @@ class CardCopy {
   /// Lists the card and makes the destination. Empty when the copy can begin, else why not: the
   /// card cannot be read, holds no takes, or holds the destination, or there is not enough room.
   std::string prepare();
-  /// Whether every take is there and verified in the end. After `prepare`.
+  /// Whether the whole card could be listed, and every take is there and verified in the end. After
+  /// `prepare`.
   bool run();
 
   [[nodiscard]] bool wasCancelled() const { return _wasCancelled; }
   /// What ended the whole copy, or kept the manifest from being written; empty when nothing did.
   [[nodiscard]] const std::string& failure() const { return _failure; }
+  /// What of the card could not be listed. After `prepare`.
+  [[nodiscard]] const std::vector<FolderFiles::Gap>& gaps() const { return _gaps; }
   /// Takes of the card, and the bytes that were copied.
   [[nodiscard]] const std::vector<CardTake>& takes() const { return _takes; }
   [[nodiscard]] std::uint64_t copiedBytes() const { return _copiedBytes; }
@@ -87,6 +91,7 @@ class CardCopy {
   std::function<void(const Result&)> _tellResult;
   const std::atomic<bool>* _cancel = nullptr;
   std::vector<CardTake> _takes;
+  std::vector<FolderFiles::Gap> _gaps;
   std::unique_ptr<ManifestFolder> _manifests;
   Manifest _manifest;
   std::size_t _savedEntries = 0;

@@ -19,12 +19,6 @@ std::string FolderCheck::whyNot() const {
   return _manifests.isThere() ? "" : fmt::format("It has no manifest ({})", ManifestFolder::kName);
 }
 
-std::vector<std::string> FolderCheck::problems() const {
-  std::vector<std::string> problems = _manifests.problems();
-  if (!_found.failure.empty()) problems.push_back("it cannot be listed: " + _found.failure);
-  return problems;
-}
-
 std::uint64_t FolderCheck::bytes() const {
   std::uint64_t sum = 0;
   for (const CardTake& file : _found.files) {
@@ -39,16 +33,29 @@ bool FolderCheck::run(const Tell& tell, const MediumStep& step) {
     _hasEnded = _hasEnded || !step(bytes);
     return !_hasEnded;
   };
-  _isAllRight = problems().empty();
+  _isAllRight = problems().empty() && gaps().empty();
   _missing = _manifests.files();
   for (const CardTake& file : _found.files) _missing.erase(file.path.native());
+  const auto hidden = takeHidden();
   for (const CardTake& file : _found.files) {
     if (_hasEnded) return false;
     const auto known = _manifests.files().find(file.path.native());
     known == _manifests.files().end() ? checkNew(file) : checkKnown(file, known->second);
   }
+  for (const std::string& path : hidden) note(State::Unreadable, path, "it cannot be listed");
   for (const auto& [path, entry] : _missing) note(State::Missing, path);
   return _isAllRight && !_hasEnded;
+}
+
+// Of those that were not found those that may be there all the same.
+std::vector<std::string> FolderCheck::takeHidden() {
+  std::vector<std::string> hidden;
+  std::erase_if(_missing, [&](const auto& one) {
+    if (!_found.mayHide(one.first)) return false;
+    hidden.push_back(one.first);
+    return true;
+  });
+  return hidden;
 }
 
 void FolderCheck::note(State state, const std::string& path, const std::string& detail) {

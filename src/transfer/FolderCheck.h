@@ -29,13 +29,15 @@ class FolderCheck {
 
   /// Why nothing can be checked: there is no manifest. Empty otherwise.
   [[nodiscard]] std::string whyNot() const;
-  /// What is wrong with the manifests themselves, or kept the folder from being listed.
-  [[nodiscard]] std::vector<std::string> problems() const;
+  /// What is wrong with the manifests themselves.
+  [[nodiscard]] const std::vector<std::string>& problems() const { return _manifests.problems(); }
+  /// What could not be listed, and why. A file that may be there is no missing one, but unreadable.
+  [[nodiscard]] const std::vector<FolderFiles::Gap>& gaps() const { return _found.gaps; }
   /// Of all that is to be read, as far as it is known beforehand.
   [[nodiscard]] std::uint64_t bytes() const;
 
-  /// Tells of each file in the order of the paths, missing ones last. Whether all are right; false where `step` ended
-  /// it.
+  /// Tells of each file in the order of the paths, hidden and missing ones last. Whether all are
+  /// right; false where `step` ended it.
   bool run(const Tell& tell, const MediumStep& step);
 
  private:
@@ -43,6 +45,7 @@ class FolderCheck {
   void checkKnown(const CardTake& file, const Manifest::Entry& entry);
   void checkNew(const CardTake& file);
   [[nodiscard]] bool mayHaveMoved(const CardTake& file) const;
+  std::vector<std::string> takeHidden();
 
   std::filesystem::path _folder;
   ManifestFolder _manifests;

@@ -8,7 +8,9 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
+#include <cstdint>
 #include <system_error>
+#include <utility>
 
 #include "transfer/ManifestFolder.h"
 
@@ -23,46 +25,69 @@ bool isTake(const fs::path& path) {
   return ending == ".wav";
 }
 
-/// Walks one folder.
+/// Walks one folder and those below it, each by itself: what one of them hides does not keep the
+/// others from being listed.
 class Listing {
  public:
   Listing(const fs::path& folder, FolderFiles::Which which) : _folder(folder), _which(which) {}
 
   FolderFiles run() {
-    std::error_code error;
-    fs::recursive_directory_iterator entry(_folder, error);
-    for (const fs::recursive_directory_iterator end; !error && entry != end;
-         entry.increment(error)) {
-      const fs::path path = entry->path();
-      const bool isHidden = path.filename().native().starts_with('.');
-      const bool isManifest = entry.depth() == 0 && path.filename() == ManifestFolder::kName;
-      if (isHidden || isManifest) entry.disable_recursion_pending();
-      if (!isHidden && !isManifest) look(path);
+    for (_next.emplace_back(); !_next.empty();) {
+      const fs::path inside = std::move(_next.back());
+      _next.pop_back();
+      list(inside);
     }
-    if (error) _found.failure = error.message();
     std::sort(_found.files.begin(), _found.files.end(),
               [](const CardTake& a, const CardTake& b) { return a.path < b.path; });
-    return _found;
+    return std::move(_found);
   }
 
  private:
+  void list(const fs::path& inside) {
+    std::error_code error;
+    const fs::path folder = inside.empty() ? _folder : _folder / inside;
+    fs::directory_iterator entry(folder, error);
+    for (const fs::directory_iterator end; !error && entry != end; entry.increment(error)) {
+      const fs::path path = inside / entry->path().filename();
+      if (!isLeftOut(path)) look(path);
+    }
+    if (error) _found.gaps.push_back({inside, error.message()});
+  }
+
+  static bool isLeftOut(const fs::path& path) {
+    return path.filename().native().starts_with('.') || path == ManifestFolder::kName;
+  }
+
   void look(const fs::path& path) {
     struct stat status {};
-    if (lstat(path.c_str(), &status) != 0) {
-      _found.failure = std::generic_category().message(errno);
+    if (lstat((_folder / path).c_str(), &status) != 0) {
+      _found.gaps.push_back({path, std::generic_category().message(errno)});
       return;
     }
+    if (S_ISDIR(status.st_mode)) _next.push_back(path);
     if (!S_ISREG(status.st_mode) || (_which == FolderFiles::Which::Takes && !isTake(path))) return;
-    _found.files.push_back({path.lexically_relative(_folder),
-                            static_cast<std::uint64_t>(status.st_size), status.st_mtim});
+    _found.files.push_back({path, static_cast<std::uint64_t>(status.st_size), status.st_mtim});
   }
 
   const fs::path& _folder;
   FolderFiles::Which _which;
   FolderFiles _found;
+  std::vector<fs::path> _next;  ///< folders that are still to be listed
 };
 
 }  // namespace
+
+bool FolderFiles::Gap::hides(const fs::path& file) const {
+  return std::mismatch(path.begin(), path.end(), file.begin(), file.end()).first == path.end();
+}
+
+fs::path FolderFiles::Gap::in(const fs::path& folder) const {
+  return path.empty() ? folder : folder / path;
+}
+
+bool FolderFiles::mayHide(const fs::path& file) const {
+  return std::any_of(gaps.begin(), gaps.end(), [&file](const Gap& gap) { return gap.hides(file); });
+}
 
 FolderFiles FolderFiles::of(const fs::path& folder, Which which) {
   return Listing(folder, which).run();

@@ -13,9 +13,23 @@
 struct FolderFiles {
   enum class Which { Takes, All };  ///< takes are those that end in ".wav", in letters of any size
 
-  /// Waits for the medium.
+  /// What could not be listed: a folder with what is below it, or a file.
+  struct Gap {
+    std::filesystem::path path;  ///< from the folder on; empty for the folder itself
+    std::string reason;
+
+    /// Whether what has this path would not have been seen.
+    [[nodiscard]] bool hides(const std::filesystem::path& file) const;
+    /// Its whole path, in the folder that was listed.
+    [[nodiscard]] std::filesystem::path in(const std::filesystem::path& folder) const;
+  };
+
+  /// Waits for the medium. What cannot be listed does not keep the rest from it.
   static FolderFiles of(const std::filesystem::path& folder, Which which);
 
+  /// Whether what has this path would not have been seen.
+  [[nodiscard]] bool mayHide(const std::filesystem::path& file) const;
+
   std::vector<CardTake> files;
-  std::string failure;  ///< why not all of it could be listed; empty where it was
+  std::vector<Gap> gaps;
 };
