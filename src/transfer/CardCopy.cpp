@@ -76,6 +76,8 @@ std::string CardCopy::prepare() {
   if (_takes.empty()) return "The card holds no takes";
   fs::create_directories(_destination, error);
   if (error) return fmt::format("The folder cannot be made: {}", error.message());
+  _lock = std::make_unique<ManifestLock>(_destination);
+  if (_lock->isElsewhere()) return "Another copy is at work there";
   _manifests = std::make_unique<ManifestFolder>(_destination);
   _manifest.createdAt = now();
   _manifest.host = hostName();
@@ -106,6 +108,7 @@ bool CardCopy::run() {
   }
   if (_manifest.entries.size() > _savedEntries) saveManifest();
   fallShort(_manifests->finish());
+  _lock.reset();
   return _isAllThere && _gaps.empty() && !hasEnded();
 }
 

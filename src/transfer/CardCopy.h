@@ -15,6 +15,7 @@
 
 #include "transfer/FolderFiles.h"
 #include "transfer/ManifestFolder.h"
+#include "transfer/ManifestLock.h"
 #include "transfer/TakeCopy.h"
 
 /// Brings the takes of a card home into a folder, each verified, and writes a manifest of them.
@@ -52,7 +53,8 @@ class CardCopy {
   void setVersion(std::string_view version) { _manifest.toolVersion = version; }
 
   /// Lists the card and makes the destination. Empty when the copy can begin, else why not: the
-  /// card cannot be read, holds no takes, or holds the destination, or there is not enough room.
+  /// card cannot be read, holds no takes, or holds the destination, another copy is at work there,
+  /// or there is not enough room.
   std::string prepare();
   /// Whether the whole card could be listed, and every take is there and verified in the end. After
   /// `prepare`.
@@ -92,6 +94,7 @@ class CardCopy {
   const std::atomic<bool>* _cancel = nullptr;
   std::vector<CardTake> _takes;
   std::vector<FolderFiles::Gap> _gaps;
+  std::unique_ptr<ManifestLock> _lock;  ///< from `prepare` to the end of `run`
   std::unique_ptr<ManifestFolder> _manifests;
   Manifest _manifest;
   std::size_t _savedEntries = 0;

@@ -143,6 +143,22 @@ TEST_F(CardCopyTest, ATakeThatGrowsMeanwhileFailsAndTheOthersAreCopied) {
   EXPECT_EQ(job.failure(), "");
 }
 
+TEST_F(CardCopyTest, OneCopyAtATimeWorksInAFolder) {
+  CardCopy first(card(), home());
+  ASSERT_EQ(first.prepare(), "");
+  EXPECT_EQ(CardCopy(card(), home()).prepare(), "Another copy is at work there");
+  EXPECT_EQ(CardCopy(card(), _folder.path() / "elsewhere").prepare(), "");
+  EXPECT_TRUE(first.run());
+  EXPECT_TRUE(isRight());
+  EXPECT_EQ(CardCopy(card(), home()).prepare(), "") << "the first one is over";
+}
+
+TEST_F(CardCopyTest, ACopyThatDoesNotBeginLeavesNoManifests) {
+  { ASSERT_EQ(CardCopy(card(), home()).prepare(), ""); }
+  EXPECT_THAT(fs::exists(home() / "ascmhl"), false);
+  EXPECT_TRUE(copy());
+}
+
 TEST_F(CardCopyTest, ANameThatCannotStandInAManifestIsNotCopied) {
   put("card/R\xE9.WAV", Bytes(5));
   EXPECT_FALSE(copy());
