@@ -72,6 +72,9 @@ bool CopyCommand::copy(ProgressLine& line) const {
   for (const FolderFiles::Gap& gap : job.gaps()) {
     line.message(problemLine(gap.in(_card), "Not listed.", gap.reason));
   }
+  for (const std::string& problem : job.problems()) {
+    line.message(problemLine(_destination, "The manifest is not right:", problem));
+  }
   Counts counts;
   SpeedText speed;
   job.setVersion(kFullVersion);

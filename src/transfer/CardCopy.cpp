@@ -79,6 +79,7 @@ std::string CardCopy::prepare() {
   _lock = std::make_unique<ManifestLock>(_destination);
   if (_lock->isElsewhere()) return "Another copy is at work there";
   _manifests = std::make_unique<ManifestFolder>(_destination);
+  if (!_manifests->whyNot().empty()) return "The manifest cannot be read: " + _manifests->whyNot();
   _manifest.createdAt = now();
   _manifest.host = hostName();
   return whyNoRoom();
@@ -138,7 +139,8 @@ bool CardCopy::isKnown(const CardTake& take) const {
   const auto there = statusOf(targetOf(take));
   if (known == _manifests->files().end() || !there) return false;
   const std::int64_t apart = std::abs(std::int64_t{there->st_mtim.tv_sec} - take.modified.tv_sec);
-  return known->second.size == take.size && !known->second.hash.empty() && apart <= kTimeGrain &&
+  const bool isTold = _manifests->isTrusted(known->first) && !known->second.hash.empty();
+  return isTold && known->second.size == take.size && apart <= kTimeGrain &&
          known->second.modified == Manifest::timeText(take.modified.tv_sec);
 }
 

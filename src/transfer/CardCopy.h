@@ -54,7 +54,7 @@ class CardCopy {
 
   /// Lists the card and makes the destination. Empty when the copy can begin, else why not: the
   /// card cannot be read, holds no takes, or holds the destination, another copy is at work there,
-  /// or there is not enough room.
+  /// the manifests there cannot be read, or there is not enough room.
   std::string prepare();
   /// Whether the whole card could be listed, and every take is there and verified in the end. After
   /// `prepare`.
@@ -65,6 +65,8 @@ class CardCopy {
   [[nodiscard]] const std::string& failure() const { return _failure; }
   /// What of the card could not be listed. After `prepare`.
   [[nodiscard]] const std::vector<FolderFiles::Gap>& gaps() const { return _gaps; }
+  /// What is wrong with the manifests that are there, a sentence each. After `prepare`.
+  [[nodiscard]] const std::vector<std::string>& problems() const { return _manifests->problems(); }
   /// Takes of the card, and the bytes that were copied.
   [[nodiscard]] const std::vector<CardTake>& takes() const { return _takes; }
   [[nodiscard]] std::uint64_t copiedBytes() const { return _copiedBytes; }

@@ -16,7 +16,16 @@ FolderCheck::FolderCheck(fs::path folder)
       _found(FolderFiles::of(_folder, FolderFiles::Which::All)) {}
 
 std::string FolderCheck::whyNot() const {
-  return _manifests.isThere() ? "" : fmt::format("It has no manifest ({})", ManifestFolder::kName);
+  if (_manifests.isThere()) return "";
+  if (!_manifests.whyNot().empty()) return "The manifest cannot be read: " + _manifests.whyNot();
+  return fmt::format("It has no manifest ({})", ManifestFolder::kName);
+}
+
+std::vector<std::string> FolderCheck::problems() const {
+  std::vector<std::string> problems = _manifests.problems();
+  const std::vector<std::string>& more = _manifests.notInChain();
+  problems.insert(problems.end(), more.begin(), more.end());
+  return problems;
 }
 
 std::uint64_t FolderCheck::bytes() const {
@@ -68,8 +77,8 @@ void FolderCheck::checkKnown(const CardTake& file, const Manifest::Entry& entry)
   if (entry.hash.empty()) {
     return note(State::Unreadable, path, "the manifest has no hash of it that is known here");
   }
-  if (file.size != entry.size) {
-    return note(State::Changed, path, fmt::format("{} bytes, not {}", file.size, entry.size));
+  if (file.size != entry.size.value_or(file.size)) {
+    return note(State::Changed, path, fmt::format("{} bytes, not {}", file.size, *entry.size));
   }
   const auto content = MediumContent::of(_folder / file.path, MediumFile::Way::PastCache, _step);
   if (!content.failure.empty()) return note(State::Unreadable, path, content.failure);
@@ -79,8 +88,9 @@ void FolderCheck::checkKnown(const CardTake& file, const Manifest::Entry& entry)
 }
 
 bool FolderCheck::mayHaveMoved(const CardTake& file) const {
-  return std::any_of(_missing.begin(), _missing.end(),
-                     [&file](const auto& one) { return one.second.size == file.size; });
+  return std::any_of(_missing.begin(), _missing.end(), [&file](const auto& one) {
+    return one.second.size.value_or(file.size) == file.size;
+  });
 }
 
 void FolderCheck::checkNew(const CardTake& file) {
@@ -89,9 +99,8 @@ void FolderCheck::checkNew(const CardTake& file) {
   const auto content = MediumContent::of(_folder / file.path, MediumFile::Way::PastCache, _step);
   if (!content.failure.empty()) return note(State::Unreadable, path, content.failure);
   if (content.hash.empty()) return;
-  const auto was = std::find_if(_missing.begin(), _missing.end(), [&](const auto& one) {
-    return one.second.size == content.size && one.second.hash == content.hash;
-  });
+  const auto was = std::find_if(_missing.begin(), _missing.end(),
+                                [&](const auto& one) { return one.second.hash == content.hash; });
   if (was == _missing.end()) return note(State::New, path);
   note(State::Moved, was->first, path);
   _missing.erase(was);

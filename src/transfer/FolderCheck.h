@@ -30,7 +30,7 @@ class FolderCheck {
   /// Why nothing can be checked: there is no manifest. Empty otherwise.
   [[nodiscard]] std::string whyNot() const;
   /// What is wrong with the manifests themselves.
-  [[nodiscard]] const std::vector<std::string>& problems() const { return _manifests.problems(); }
+  [[nodiscard]] std::vector<std::string> problems() const;
   /// What could not be listed, and why. A file that may be there is no missing one, but unreadable.
   [[nodiscard]] const std::vector<FolderFiles::Gap>& gaps() const { return _found.gaps; }
   /// Of all that is to be read, as far as it is known beforehand.

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <charconv>
 #include <ctime>
+#include <system_error>
 
 #include "transfer/XmlReader.h"
 
@@ -17,10 +18,11 @@ namespace {
 constexpr std::string_view kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 constexpr const char* kNotWellFormed = "it is not well-formed";
 
-std::uint64_t numberOf(const std::string& text) {
+std::optional<std::uint64_t> numberOf(const std::string& text) {
   std::uint64_t number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  return number;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  const bool isNumber = error == std::errc() && end == text.data() + text.size();
+  return isNumber ? std::optional(number) : std::nullopt;
 }
 
 std::string lowered(std::string text) {
@@ -86,15 +88,16 @@ class Document {
 };
 
 std::string element(const Manifest::Entry& entry) {
+  const std::string size = entry.size ? fmt::format(" size=\"{}\"", *entry.size) : "";
   const std::string modified = entry.modified.empty() ? ""
                                                       : fmt::format(" lastmodificationdate=\"{}\"",
                                                                     xmlEscaped(entry.modified));
   return fmt::format(
       "    <hash>\n"
-      "      <path size=\"{}\"{}>{}</path>\n"
+      "      <path{}{}>{}</path>\n"
       "      <xxh128 action=\"{}\" hashdate=\"{}\">{}</xxh128>\n"
       "    </hash>\n",
-      entry.size, modified, xmlEscaped(entry.path), entry.action, entry.hashedAt, entry.hash);
+      size, modified, xmlEscaped(entry.path), entry.action, entry.hashedAt, entry.hash);
 }
 
 }  // namespace
@@ -175,7 +178,8 @@ std::optional<ManifestChain> ManifestChain::fromXml(std::string_view document,
   ManifestChain chain;
   Link link;
   const auto start = [&](const XmlReader& reader, std::string_view path) {
-    if (path == "hashlist") link = Link{numberOf(reader.attribute("sequencenr")), {}, {}};
+    if (path == "hashlist")
+      link = Link{numberOf(reader.attribute("sequencenr")).value_or(0), {}, {}};
   };
   const auto end = [&](std::string_view path, const std::string& text) {
     if (path == "hashlist/path") link.file = text;

@@ -12,12 +12,12 @@
 /// the XXH3 (128 bits) of each. Texts are UTF-8, times ISO 8601. Plain data: one thread at a time.
 struct Manifest {
   struct Entry {
-    std::string path;        ///< from the folder on, parts divided by slashes
-    std::uint64_t size = 0;  ///< bytes
-    std::string modified;    ///< when the file was last changed; may be empty
-    std::string hash;        ///< small hexadecimal digits; empty where it has none of that kind
-    std::string action;      ///< "original", "verified" or "failed"
-    std::string hashedAt;    ///< may be empty
+    std::string path;                   ///< from the folder on, parts divided by slashes
+    std::optional<std::uint64_t> size;  ///< bytes; none where it is not told
+    std::string modified;               ///< when the file was last changed; may be empty
+    std::string hash;      ///< small hexadecimal digits; empty where it has none of that kind
+    std::string action;    ///< "original", "verified" or "failed"
+    std::string hashedAt;  ///< may be empty
   };
 
   /// "2026-11-22T04:56:00+00:00" of seconds since 1970.

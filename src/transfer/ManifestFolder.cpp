@@ -16,14 +16,15 @@
 #include <system_error>
 #include <utility>
 
-#include "export/AtomicFile.h"
 #include "transfer/C4Id.h"
+#include "transfer/XmlReader.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
 constexpr const char* kChainName = "ascmhl_chain.xml";
+constexpr std::size_t kMostOfName = 100;  // bytes
 constexpr std::uintmax_t kMostBytes = std::uintmax_t{64} << 20;
 
 // None where it cannot be read, or is larger than any manifest.
@@ -53,6 +54,20 @@ std::string nameTime(const std::string& time) {
   return text + "Z";
 }
 
+// What a generation's name tells of the folder: its name, unless that is none that can stand in the
+// chain, and no more of it than leaves room for the rest.
+std::string namePart(const fs::path& folder) {
+  std::error_code error;
+  const std::string name = fs::weakly_canonical(folder, error).filename().native();
+  if (name.empty() || !canBeXml(name)) return "takes";
+  const auto isInside = [&name](std::size_t at) {
+    return at < name.size() && (static_cast<unsigned char>(name[at]) & 0xC0U) == 0x80;
+  };
+  std::size_t end = kMostOfName;
+  while (isInside(end)) --end;
+  return name.substr(0, end);
+}
+
 void syncFolder(const fs::path& path) {
   const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (folder < 0) return;
@@ -73,64 +88,98 @@ fs::path ManifestFolder::inside(const std::string& name) const {
 
 void ManifestFolder::readChain() {
   std::error_code error;
-  if (!fs::exists(inside(kChainName), error)) return;
+  const bool isThere = fs::exists(inside(kChainName), error);
+  if (error) return giveUp(kChainName, error.message());
+  if (!isThere) return;
   std::string whyNot = "it cannot be read";
   const auto text = textOf(inside(kChainName));
   const auto chain = text ? ManifestChain::fromXml(*text, whyNot) : std::nullopt;
-  if (chain) _chain = *chain;
-  if (!chain) _problems.push_back(fmt::format("{}: {}", kChainName, whyNot));
+  if (!chain) return giveUp(kChainName, whyNot);
+  _chain = *chain;
+}
+
+void ManifestFolder::giveUp(const std::string& name, const std::string& reason) {
+  _whyNot = fmt::format("{}: {}", name, reason);
+  _problems.push_back(_whyNot);
 }
 
 void ManifestFolder::readGenerations() {
-  std::map<std::uint64_t, std::string> found;
+  Generations found;
   std::error_code error;
-  for (fs::directory_iterator entry(_folder / kName, error), end; !error && entry != end;
-       entry.increment(error)) {
+  fs::directory_iterator entry(_folder / kName, error);
+  for (const fs::directory_iterator end; !error && entry != end; entry.increment(error)) {
     const std::string name = entry->path().filename().native();
-    if (numberOf(name) > 0) found[numberOf(name)] = name;
+    if (numberOf(name) > 0) found.emplace(numberOf(name), name);
   }
+  if (error && error != std::errc::no_such_file_or_directory) giveUp(kName, error.message());
+  tellMissing(found);
   for (const auto& [number, name] : found) read(number, name);
+}
+
+void ManifestFolder::tellMissing(const Generations& found) {
   for (const ManifestChain::Link& link : _chain.links) {
-    if (!found.contains(link.number)) _problems.push_back(link.file + ": it is missing");
+    _last = std::max(_last, link.number);
+    const auto isIt = [&link](const auto& one) { return one.second == link.file; };
+    if (std::any_of(found.begin(), found.end(), isIt)) continue;
+    _problems.push_back(link.file + ": it is missing");
   }
 }
 
 void ManifestFolder::read(std::uint64_t number, const std::string& name) {
-  _last = number;
+  _last = std::max(_last, number);
   std::string whyNot = "it cannot be read";
   const auto text = textOf(inside(name));
   const auto manifest = text ? Manifest::fromXml(*text, whyNot) : std::nullopt;
-  const auto isIt = [&name](const ManifestChain::Link& link) { return link.file == name; };
-  const auto link = std::find_if(_chain.links.begin(), _chain.links.end(), isIt);
   if (!manifest) {
     _problems.push_back(fmt::format("{}: {}", name, whyNot));
     return;
   }
-  if (link == _chain.links.end()) {
-    // A copy was broken off between the two; the next one takes it into the chain.
-    _problems.push_back(fmt::format("{}: it is not in the chain", name));
-    _chain.links.push_back({number, name, c4::idOf(*text)});
-    _isChainWhole = false;
-  } else if (link->c4 != c4::idOf(*text)) {
-    _problems.push_back(fmt::format("{}: it was changed after it was written", name));
-  }
+  const bool isIntact = isAsItWas(number, name, c4::idOf(*text));
   for (const Manifest::Entry& entry : manifest->entries) {
-    if (entry.action != "failed") _files[entry.path] = entry;
+    if (entry.action != "failed") add(entry, isIntact);
   }
 }
 
+bool ManifestFolder::isAsItWas(std::uint64_t number, const std::string& name,
+                               const std::string& c4) {
+  const auto isIt = [&name](const ManifestChain::Link& link) { return link.file == name; };
+  const auto link = std::find_if(_chain.links.begin(), _chain.links.end(), isIt);
+  if (link == _chain.links.end()) {
+    // A copy was broken off between the two; the next one takes it into the chain.
+    if (_whyNot.empty()) _notInChain.push_back(fmt::format("{}: it is not in the chain", name));
+    _chain.links.push_back({number, name, c4});
+    _isChainWhole = false;
+    return true;
+  }
+  if (link->c4 == c4) return true;
+  _problems.push_back(fmt::format("{}: it was changed after it was written", name));
+  return false;
+}
+
+// The last one counts, but none that was changed before one that was not, and a hash before none.
+void ManifestFolder::add(const Manifest::Entry& entry, bool isIntact) {
+  const auto known = _files.find(entry.path);
+  const bool isKnown = known != _files.end();
+  if (isKnown && !isIntact && !_doubtful.contains(entry.path)) return;
+  if (isKnown && entry.hash.empty() && !known->second.hash.empty()) return;
+  if (isIntact) _doubtful.erase(entry.path);
+  if (!isIntact) _doubtful.insert(entry.path);
+  _files.insert_or_assign(entry.path, entry);
+}
+
 std::string ManifestFolder::save(const Manifest& manifest) {
+  if (!_whyNot.empty()) return _whyNot;
   std::error_code error;
   fs::create_directories(_folder / kName, error);
   if (error) return error.message();
-  if (_saved.empty()) {
-    const std::string folder = fs::weakly_canonical(_folder, error).filename().native();
-    _saved = fmt::format("{:04}_{}_{}.mhl", ++_last, folder, nameTime(manifest.createdAt));
-    _chain.links.push_back({_last, _saved, {}});
-  }
+  const bool isNew = _saved.empty();
+  const std::string name = isNew ? newName(manifest) : _saved;
   const std::string text = manifest.toXml();
-  std::string reason = write(_saved, text);
+  std::string reason =
+      write(name, text, isNew ? AtomicFile::Existing::Refuse : AtomicFile::Existing::Replace);
   if (!reason.empty()) return reason;
+  if (isNew) _chain.links.push_back({++_last, name, {}});
+  _saved = name;
   _isChainWhole = false;
   _chain.links.back().c4 = c4::idOf(text);
   syncFolder(_folder / kName);
@@ -138,16 +187,21 @@ std::string ManifestFolder::save(const Manifest& manifest) {
   return "";
 }
 
+std::string ManifestFolder::newName(const Manifest& manifest) const {
+  return fmt::format("{:04}_{}_{}.mhl", _last + 1, namePart(_folder), nameTime(manifest.createdAt));
+}
+
 std::string ManifestFolder::finish() {
-  if (_isChainWhole) return "";
-  std::string reason = write(kChainName, _chain.toXml());
+  if (_isChainWhole || !_whyNot.empty()) return _isChainWhole ? "" : _whyNot;
+  std::string reason = write(kChainName, _chain.toXml(), AtomicFile::Existing::Replace);
   _isChainWhole = reason.empty();
   syncFolder(_folder / kName);
   return reason;
 }
 
-std::string ManifestFolder::write(const std::string& name, const std::string& text) const {
-  AtomicFile file(inside(name), AtomicFile::Existing::Replace);
+std::string ManifestFolder::write(const std::string& name, const std::string& text,
+                                  AtomicFile::Existing existing) const {
+  AtomicFile file(inside(name), existing);
   const bool isWritten = file.write(std::as_bytes(std::span(text))) && file.sync() && file.commit();
   return isWritten ? "" : file.failure();
 }

@@ -19,6 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
+using testing::HasSubstr;
 
 using CardCopyTest = CardFixture;
 
@@ -49,6 +50,20 @@ TEST_F(CardCopyTest, WhatWasVerifiedIsNotEvenRead) {
   EXPECT_TRUE(copy());
   EXPECT_THAT(_told, ElementsAre("DAY2/R0003.WAV kept", "R0001.WAV kept", "R0002.wav kept"));
   EXPECT_FALSE(isRight()) << "which verifying is for";
+}
+
+TEST_F(CardCopyTest, WhatAChangedManifestSaysIsComparedAndTold) {
+  copy();
+  const auto time = fs::last_write_time(home() / "R0001.WAV");
+  std::fstream(home() / "R0001.WAV", std::ios::in | std::ios::out) << "another";
+  fs::last_write_time(home() / "R0001.WAV", time);
+  for (const auto& entry : fs::directory_iterator(home() / "ascmhl")) {
+    if (entry.path().extension() == ".mhl") std::ofstream(entry.path(), std::ios::app) << "\n";
+  }
+  CardCopy job(card(), home());
+  EXPECT_FALSE(run(job));
+  EXPECT_THAT(_told, ElementsAre("DAY2/R0003.WAV kept", "R0001.WAV differs", "R0002.wav kept"));
+  EXPECT_THAT(job.problems(), ElementsAre(HasSubstr("it was changed after it was written")));
 }
 
 TEST_F(CardCopyTest, WhatIsThereWithoutAManifestIsCompared) {

@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -110,6 +111,20 @@ TEST_F(FolderCheckTest, AGenerationThatIsNotInTheChainYetIsTakenInByTheNextCopy)
   EXPECT_TRUE(copy());
   EXPECT_THAT(FolderCheck(home()).problems(), IsEmpty());
   EXPECT_TRUE(isRight());
+}
+
+// Of a program that tells no sizes, and knows other hashes beside.
+TEST_F(FolderCheckTest, WithoutASizeTheContentCounts) {
+  fs::rename(home() / "R0001.WAV", home() / "moved.WAV");
+  for (const auto& entry : fs::directory_iterator(home() / "ascmhl")) {
+    std::string text;
+    std::getline(std::ifstream(entry.path()), text, '\0');
+    text = std::regex_replace(text, std::regex(" size=\"[0-9]*\""), "");
+    if (entry.path().extension() == ".mhl") std::ofstream(entry.path()) << text;
+  }
+  fs::remove(home() / "ascmhl" / "ascmhl_chain.xml");
+  EXPECT_THAT(findings(),
+              ElementsAre("right DAY2/R0003.WAV", "right R0002.wav", "moved R0001.WAV: moved.WAV"));
 }
 
 TEST_F(FolderCheckTest, AStepThatSaysSoEndsIt) {

@@ -61,8 +61,10 @@ TEST(ManifestTest, OneOfOtherProgramsMayHaveMoreAndLess) {
   ASSERT_EQ(read->entries.size(), 2U);
   EXPECT_EQ(read->entries[0].path, "a.wav");
   EXPECT_EQ(read->entries[0].hash, "");
+  EXPECT_FALSE(read->entries[0].size) << "none, and not that of an empty file";
   EXPECT_EQ(read->entries[1].hash, "abcdef");
   EXPECT_EQ(read->entries[1].size, 7U);
+  EXPECT_NE(read->toXml().find("<path>a.wav</path>"), std::string::npos);
 }
 
 TEST(ManifestTest, WhatIsNoneHasAReason) {
