@@ -145,10 +145,11 @@ bool CardCopy::isKnown(const CardTake& take) const {
 }
 
 void CardCopy::compare(const CardTake& take) {
-  const MediumContent source = MediumContent::of(_card / take.path, MediumFile::Way::Plain, step());
+  const MediumStep step = this->step();
+  const MediumContent source = MediumContent::of(_card / take.path, MediumFile::Way::Plain, step);
   if (!source.failure.empty()) return tell(take, Outcome::Failed, source.failure);
   if (_wasCancelled) return;
-  const MediumContent there = MediumContent::of(targetOf(take), MediumFile::Way::PastCache, step());
+  const MediumContent there = MediumContent::of(targetOf(take), MediumFile::Way::PastCache, step);
   if (!there.failure.empty()) return tell(take, Outcome::Differs, there.failure);
   if (_wasCancelled) return;
   if (there.hash != source.hash) {
