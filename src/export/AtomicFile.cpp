@@ -124,7 +124,9 @@ AtomicFile::~AtomicFile() {
 }
 
 bool AtomicFile::fail(int error) {
-  if (_failure.empty()) _failure = std::generic_category().message(error);
+  if (!_failure.empty()) return false;
+  _failure = std::generic_category().message(error);
+  _error = error;
   return false;
 }
 

@@ -60,6 +60,8 @@ class AtomicFile {
 
   /// Why an operation failed; empty as long as none did.
   [[nodiscard]] const std::string& failure() const { return _failure; }
+  /// The system's number for it; 0 as long as none failed, or where it has none.
+  [[nodiscard]] int error() const { return _error; }
 
  private:
   struct Place {
@@ -89,4 +91,5 @@ class AtomicFile {
   bool _mayReplace;
   bool _replaces = false;
   std::string _failure;
+  int _error = 0;
 };

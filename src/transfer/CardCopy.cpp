@@ -9,7 +9,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <cerrno>
 #include <cstdlib>
 #include <ctime>
 #include <system_error>
@@ -31,10 +30,6 @@ std::string hostName() {
 
 std::string now() {
   return Manifest::timeText(std::time(nullptr));
-}
-
-bool isFullDisk(const std::string& reason) {
-  return reason == std::generic_category().message(ENOSPC);
 }
 
 bool isInside(const fs::path& path, const fs::path& folder) {
@@ -173,7 +168,7 @@ void CardCopy::copy(const CardTake& take) {
   }
   tell(take, Outcome::Failed, job.failure());
   if (end == TakeCopy::End::NotRead && !statusOf(_card / take.path)) _failure = "The card is gone";
-  if (end == TakeCopy::End::NotWritten && isFullDisk(job.failure())) _failure = job.failure();
+  if (job.isDiskFull()) _failure = job.failure();
 }
 
 void CardCopy::skip(const CardTake& take) {

@@ -3,6 +3,7 @@
 
 #include "transfer/TakeCopy.h"
 
+#include <cerrno>
 #include <utility>
 
 #include "transfer/ContentHash.h"
@@ -12,15 +13,13 @@ TakeCopy::TakeCopy(const std::filesystem::path& card, const CardTake& take, Medi
 
 TakeCopy::End TakeCopy::to(const std::filesystem::path& target) {
   AtomicFile file(target, AtomicFile::Existing::Refuse);
-  if (!file.hasRoomFor(_take.size)) return end(End::NotWritten, file.failure());
+  if (!file.hasRoomFor(_take.size)) return notWritten(file);
   End reached = write(file);
   if (reached != End::Copied) return reached;
-  if (!file.setModified(_take.modified) || !file.sync()) {
-    return end(End::NotWritten, file.failure());
-  }
+  if (!file.setModified(_take.modified) || !file.sync()) return notWritten(file);
   reached = readBack(file);
   if (reached != End::Copied) return reached;
-  return file.commit() ? End::Copied : end(End::NotWritten, file.failure());
+  return file.commit() ? End::Copied : notWritten(file);
 }
 
 TakeCopy::End TakeCopy::write(AtomicFile& file) {
@@ -30,7 +29,7 @@ TakeCopy::End TakeCopy::write(AtomicFile& file) {
   for (auto bytes = source.next(); !bytes.empty(); bytes = source.next()) {
     hash.add(bytes);
     size += bytes.size();
-    if (!file.write(bytes)) return end(End::NotWritten, file.failure());
+    if (!file.write(bytes)) return notWritten(file);
     if (!_step(bytes.size())) return End::Cancelled;
   }
   if (!source.failure().empty()) return end(End::NotRead, source.failure());
@@ -47,6 +46,11 @@ TakeCopy::End TakeCopy::readBack(const AtomicFile& file) {
   return content.hash == _hash
              ? End::Copied
              : end(End::NotTheSame, "What was written does not read back as it was");
+}
+
+TakeCopy::End TakeCopy::notWritten(const AtomicFile& file) {
+  _isDiskFull = file.error() == ENOSPC || file.error() == EDQUOT;
+  return end(End::NotWritten, file.failure());
 }
 
 TakeCopy::End TakeCopy::end(End end, const std::string& reason) {

@@ -34,15 +34,19 @@ class TakeCopy {
   [[nodiscard]] const std::string& hash() const { return _hash; }
   /// Why it was not copied, in words for people; empty when it was, or was cancelled.
   [[nodiscard]] const std::string& failure() const { return _failure; }
+  /// Whether that was for want of room.
+  [[nodiscard]] bool isDiskFull() const { return _isDiskFull; }
 
  private:
   End write(AtomicFile& file);
   End readBack(const AtomicFile& file);
   End end(End end, const std::string& reason);
+  End notWritten(const AtomicFile& file);
 
   std::filesystem::path _source;
   const CardTake& _take;
   MediumStep _step;
   std::string _hash;
   std::string _failure;
+  bool _isDiskFull = false;
 };

@@ -154,11 +154,16 @@ class CopyTest(CardCase):
         self.assertEqual(self.at_home(), self.takes)
 
     def test_progress_tells_speed_and_time_on_a_terminal(self):
-        self.add("R0009.WAV", b"RIFF" + os.urandom(1 << 20) * 64)
+        # A second of reading, and some more: the first one tells no speed.
+        self.add("R0009.WAV", b"RIFF" + os.urandom(1 << 20) * 3)
         script = f"stty cols 200; exec '{CLI}' copy card home"
         said = subprocess.run(["script", "-qec", f"sh -c \"{script}\"", "/dev/null"],
-                              cwd=self.folder, capture_output=True, check=True).stdout
-        self.assertRegex(said, rb"\r\x1b\[K *\d+ %  \d of 4 takes  ")
+                              cwd=self.folder, capture_output=True, check=True, env=dict(
+                                  os.environ, LD_PRELOAD=os.environ["SLOW_READS"],
+                                  MIXDECK_SLOW_FOLDER=self.path("card"),
+                                  MIXDECK_SLOW_RATE=str(2 << 20))).stdout
+        self.assertRegex(said, rb"\r\x1b\[K *\d+ %  3 of 4 takes  "
+                               rb"[\d.]+ MB/s, 00:\d\d:\d\d left  R0009.WAV")
 
 
 class VerifyTest(CardCase):
@@ -238,7 +243,7 @@ class InterruptedTest(CardCase):
             self.assertEqual(self.at_home(), self.takes)
             self.expect(0, "verify", "home", out="7 right\n", err="")
 
-    def test_a_full_disk_ends_the_copy(self):
+    def test_takes_larger_than_a_file_may_be_fail_alone(self):
         def limit():
             import resource
             resource.setrlimit(resource.RLIMIT_FSIZE, (1 << 20, 1 << 20))
