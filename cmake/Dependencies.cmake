@@ -11,6 +11,7 @@ find_package(nlohmann_json REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(ALSA REQUIRED IMPORTED_TARGET alsa)
 pkg_check_modules(XXHASH REQUIRED IMPORTED_TARGET libxxhash)
+pkg_check_modules(SQLITE REQUIRED IMPORTED_TARGET sqlite3)
 pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Svg Widgets)
 

@@ -39,6 +39,14 @@ PeakEnvelope::PeakEnvelope(bool isRawMidSide)
       _left(isRawMidSide ? WidthGrid::kWidths : 1),
       _right(_left.size()) {}
 
+PeakEnvelope::PeakEnvelope(const PeakEnvelope& like, std::span<const float> lefts,
+                           std::span<const float> rights)
+    : PeakEnvelope(like._isRawMidSide) {
+  std::ranges::copy(lefts.first(_left.size()), _left.begin());
+  std::ranges::copy(rights.first(_right.size()), _right.begin());
+  if (_isRawMidSide) drawLines();
+}
+
 std::size_t PeakEnvelope::indexOf(int angle) const {
   if (!_isRawMidSide) return 0;
   return static_cast<std::size_t>(std::clamp(angle, SideGain::kMinAngle, SideGain::kMaxAngle));

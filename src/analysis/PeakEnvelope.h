@@ -22,6 +22,9 @@ class PeakEnvelope {
   static constexpr std::size_t kPlainExtremes = 4;
 
   explicit PeakEnvelope(bool isRawMidSide = false);
+  /// With peaks of another envelope of the same kind as `like`, which were kept meanwhile.
+  PeakEnvelope(const PeakEnvelope& like, std::span<const float> lefts,
+               std::span<const float> rights);
 
   /// What is asked about: frames, or whatever oversampling can find between them.
   enum class Values : std::size_t { Samples, Between };
@@ -38,6 +41,10 @@ class PeakEnvelope {
   /// Linear, 0 where nothing came; angles outside 0 to 150 count as the nearest.
   [[nodiscard]] float left(int angle) const { return _left[indexOf(angle)]; }
   [[nodiscard]] float right(int angle) const { return _right[indexOf(angle)]; }
+
+  /// All that it holds, one value a width, or one.
+  [[nodiscard]] std::span<const float> lefts() const { return _left; }
+  [[nodiscard]] std::span<const float> rights() const { return _right; }
 
   friend bool operator==(const PeakEnvelope& a, const PeakEnvelope& b) {
     return a._left == b._left && a._right == b._right;

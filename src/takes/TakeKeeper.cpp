@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "takes/TakeKeeper.h"
+
+#include <algorithm>
+#include <condition_variable>
+#include <mutex>
+#include <system_error>
+#include <thread>
+#include <utility>
+#include <vector>
+
+class TakeKeeper::Desk {
+ public:
+  explicit Desk(const std::filesystem::path& file) : _memory(file) {}
+
+  /// What is to be written: what a take was heard with, or an export.
+  struct Entry {
+    std::string take;  ///< empty of an export
+    RememberedSound sound;
+    ExportNote note;
+  };
+
+  void put(const Entry& entry, const std::shared_ptr<Desk>& self);
+  void close();
+  std::optional<RememberedSound> find(const std::string& take);
+  std::vector<ExportNote> exportsOf(const std::filesystem::path& source);
+  bool flush(std::chrono::milliseconds most);
+  TakeMemory::Trouble takeTrouble();
+
+ private:
+  void start(const std::shared_ptr<Desk>& self);
+  void work();
+  std::optional<Entry> next();
+  std::optional<RememberedSound> pending(const std::string& take);
+
+  std::mutex _using;   ///< held while the memory is used
+  TakeMemory _memory;  ///< of whoever holds that
+  std::mutex _mutex;   ///< guards all that follows; never held while the medium is waited for
+  std::condition_variable _wanted;
+  std::condition_variable _written;
+  std::vector<Entry> _waiting;     ///< oldest first
+  std::optional<Entry> _underWay;  ///< being written
+  bool _isStarted = false;
+  bool _isClosed = false;
+};
+
+void TakeKeeper::Desk::put(const Entry& entry, const std::shared_ptr<Desk>& self) {
+  const std::lock_guard lock(_mutex);
+  std::erase_if(_waiting, [&](const Entry& other) {
+    return other.take == entry.take && other.note.target == entry.note.target;
+  });
+  _waiting.push_back(entry);
+  if (!_isStarted) start(self);
+  _wanted.notify_one();
+}
+
+// Without a thread it waits for the next one, and at the end is not written.
+void TakeKeeper::Desk::start(const std::shared_ptr<Desk>& self) {
+  try {
+    std::thread([self] { self->work(); }).detach();
+    _isStarted = true;
+  } catch (const std::system_error&) {
+    _isStarted = false;
+  }
+}
+
+void TakeKeeper::Desk::work() {
+  for (auto entry = next(); entry; entry = next()) {
+    const std::lock_guard lock(_using);
+    if (entry->take.empty()) {
+      _memory.noteExport(entry->note);
+    } else {
+      _memory.remember(entry->take, entry->sound);
+    }
+  }
+}
+
+// Tells that the one before is written, too.
+std::optional<TakeKeeper::Desk::Entry> TakeKeeper::Desk::next() {
+  std::unique_lock lock(_mutex);
+  _underWay.reset();
+  _written.notify_all();
+  _wanted.wait(lock, [this] { return !_waiting.empty() || _isClosed; });
+  if (_waiting.empty()) return std::nullopt;
+  _underWay = std::move(_waiting.front());
+  _waiting.erase(_waiting.begin());
+  return _underWay;
+}
+
+void TakeKeeper::Desk::close() {
+  const std::lock_guard lock(_mutex);
+  _isClosed = true;
+  _wanted.notify_one();
+}
+
+std::optional<RememberedSound> TakeKeeper::Desk::pending(const std::string& take) {
+  const std::lock_guard lock(_mutex);
+  const auto found = std::ranges::find(_waiting, take, &Entry::take);
+  if (found != _waiting.end()) return found->sound;
+  if (_underWay && _underWay->take == take) return _underWay->sound;
+  return std::nullopt;
+}
+
+std::optional<RememberedSound> TakeKeeper::Desk::find(const std::string& take) {
+  auto sound = pending(take);
+  if (sound) return sound;
+  const std::lock_guard lock(_using);
+  return _memory.find(take);
+}
+
+std::vector<ExportNote> TakeKeeper::Desk::exportsOf(const std::filesystem::path& source) {
+  const std::lock_guard lock(_using);
+  return _memory.exportsOf(source);
+}
+
+bool TakeKeeper::Desk::flush(std::chrono::milliseconds most) {
+  std::unique_lock lock(_mutex);
+  return _written.wait_for(lock, most, [this] { return _waiting.empty() && !_underWay; });
+}
+
+TakeMemory::Trouble TakeKeeper::Desk::takeTrouble() {
+  const std::lock_guard lock(_using);
+  return _memory.takeTrouble();
+}
+
+TakeKeeper::TakeKeeper(const std::filesystem::path& file) : _desk(std::make_shared<Desk>(file)) {}
+
+TakeKeeper::~TakeKeeper() {
+  _desk->close();
+}
+
+void TakeKeeper::remember(const std::string& take, const RememberedSound& sound) {
+  _desk->put({take, sound, {}}, _desk);
+}
+
+void TakeKeeper::noteExport(const ExportNote& note) {
+  _desk->put({{}, {}, note}, _desk);
+}
+
+std::vector<ExportNote> TakeKeeper::exportsOf(const std::filesystem::path& source) {
+  return _desk->exportsOf(source);
+}
+
+std::optional<RememberedSound> TakeKeeper::find(const std::string& take) {
+  return _desk->find(take);
+}
+
+bool TakeKeeper::flush(std::chrono::milliseconds most) {
+  return _desk->flush(most);
+}
+
+TakeMemory::Trouble TakeKeeper::takeTrouble() {
+  return _desk->takeTrouble();
+}

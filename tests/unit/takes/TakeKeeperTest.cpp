@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "takes/TakeKeeper.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <fstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "unit/takes/MemoryFixture.h"
+
+namespace {
+
+using Keeper = MemoryFixture;
+using namespace std::chrono_literals;
+
+TEST_F(Keeper, WhatWasGivenIsFoundAtOnceAndWritten) {
+  TakeKeeper keeper(file);
+  EXPECT_EQ(keeper.find("a"), std::nullopt);
+  for (int i = 0; i < 20; ++i) keeper.remember("a", sound(i));
+  EXPECT_EQ(keeper.find("a"), sound(19));
+  ASSERT_TRUE(keeper.flush(1min));
+  EXPECT_EQ(keeper.find("a"), sound(19));
+  EXPECT_EQ(gainOf(file, "a"), 19);
+}
+
+TEST_F(Keeper, WhatWasGivenIsWrittenAfterItsEnd) {
+  { TakeKeeper(file).remember("a", sound(3)); }
+  while (gainOf(file, "a") != 3) std::this_thread::yield();
+}
+
+TEST_F(Keeper, ExportsAreNoted) {
+  TakeKeeper keeper(file);
+  const ExportNote note{"/a.wav", "/b.wav", 90.0, 3.0, 17};
+  keeper.noteExport(note);
+  keeper.noteExport({"/a.wav", "/c.wav", {}, {}, 18});
+  ASSERT_TRUE(keeper.flush(1min));
+  EXPECT_EQ(keeper.exportsOf("/a.wav").size(), 2U);
+  EXPECT_EQ(keeper.exportsOf("/a.wav").at(0), note);
+}
+
+TEST_F(Keeper, TellsOfADamagedFile) {
+  std::filesystem::create_directories(file.parent_path());
+  std::ofstream(file) << std::string(10'000, 'x');
+  TakeKeeper keeper(file);
+  EXPECT_EQ(keeper.find("a"), std::nullopt);
+  EXPECT_EQ(keeper.takeTrouble(), TakeMemory::Trouble::SetAside);
+  EXPECT_EQ(keeper.takeTrouble(), TakeMemory::Trouble::None);
+}
+
+TEST_F(Keeper, SeveralThreadsMayAskAndGive) {
+  TakeKeeper keeper(file);
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([&keeper, i] {
+      const std::string take = std::to_string(i);
+      for (int gain = 0; gain < 10; ++gain) {
+        keeper.remember(take, sound(gain));
+        EXPECT_EQ(keeper.find(take), sound(gain));
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  ASSERT_TRUE(keeper.flush(1min));
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(gainOf(file, std::to_string(i)), 9);
+}
+
+}  // namespace
