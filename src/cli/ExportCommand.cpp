@@ -37,8 +37,9 @@ void refuseNothing(const CLI::Option* option, const fs::path& path) {
 
 CLI::App* ExportCommand::declare(CLI::App& program) {
   CLI::App* command = program.add_subcommand("export", "Decode recordings into Left/Right files");
-  WidthOption::add(*command, _angle);
+  auto* const angle = WidthOption::add(*command, _angle);
   declareLevel(*command);
+  _remembered.add(*command)->excludes(angle)->excludes("--gain");
   command->add_option("--format", _format, "24 (24-bit integer) or float32 (32-bit float)")
       ->type_name("FORMAT")
       ->check(CLI::IsMember({"24", "float32"}))
@@ -154,11 +155,12 @@ ExportCommand::End ExportCommand::exportItem(const ExportPlan::Item& item, std::
     return End::Failed;
   }
   warn(job, line);
-  prepare(job);
+  const TakeLevel level = levelOf(job, line);
+  prepare(job, level);
   const std::string name = printable(item.source.filename().native());
   job.setProgress([&](double done) { line.update(index, name, done); });
   if (_isDryRun || job.export2File(item.target, is24bit(), _normalize)) {
-    tell(item, job, line);
+    tell(item, job, level, line);
     return End::Done;
   }
   if (job.wasCancelled()) return End::Cancelled;
@@ -193,23 +195,30 @@ void ExportCommand::warn(const Export& job, ProgressLine& line) const {
   if (!width.empty()) line.message(problemLine(job.getFilePath(), kWarning, width));
 }
 
-void ExportCommand::prepare(Export& job) const {
-  job.setAngle(WidthOption::valueOf(_angle));
-  job.setGain(_gain);
+TakeLevel ExportCommand::levelOf(const Export& job, ProgressLine& line) const {
+  TakeLevel level{WidthOption::valueOf(_angle), _gain};
+  const std::string warning = _remembered.apply(*job.reader(), level);
+  if (!warning.empty()) line.message(problemLine(job.getFilePath(), kWarning, warning));
+  return level;
+}
+
+void ExportCommand::prepare(Export& job, const TakeLevel& level) const {
+  job.setAngle(level.width);
+  job.setGain(level.gain);
   if (_loudness) job.setLoudness(LoudnessTarget{*_loudness, _truePeak});
   job.setCancelFlag(&Interrupt::requested());
 }
 
-void ExportCommand::tell(const ExportPlan::Item& item, const Export& job,
+void ExportCommand::tell(const ExportPlan::Item& item, const Export& job, const TakeLevel& level,
                          ProgressLine& line) const {
-  const ExportReport report(item.target, settings());
+  const ExportReport report(item.target, settings(level));
   if (!_isQuiet) line.print(report.line(job));
   const std::string clipping = report.clippingLine(job);
   if (!clipping.empty()) line.message(clipping);
 }
 
-ExportReport::Settings ExportCommand::settings() const {
-  ExportReport::Settings settings{WidthOption::valueOf(_angle), _gain, is24bit(), _normalize, {}};
+ExportReport::Settings ExportCommand::settings(const TakeLevel& level) const {
+  ExportReport::Settings settings{level.width, level.gain, is24bit(), _normalize, {}};
   if (_loudness) settings.loudness = LoudnessTarget{*_loudness, _truePeak};
   return settings;
 }

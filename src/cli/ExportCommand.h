@@ -15,6 +15,7 @@
 #include "cli/FilesOption.h"
 #include "cli/NumberCheck.h"
 #include "cli/ProgressLine.h"
+#include "cli/RememberedOption.h"
 #include "export/Export.h"
 
 /// `export`: decodes recordings into Left/Right files, several at once.
@@ -38,9 +39,11 @@ class ExportCommand : public Command {
   /// Empty where nothing stands against it, else the line that says what does.
   [[nodiscard]] std::string refusal(const ExportPlan::Item& item, const Export& job) const;
   void warn(const Export& job, ProgressLine& line) const;
-  void prepare(Export& job) const;
-  void tell(const ExportPlan::Item& item, const Export& job, ProgressLine& line) const;
-  [[nodiscard]] ExportReport::Settings settings() const;
+  [[nodiscard]] TakeLevel levelOf(const Export& job, ProgressLine& line) const;
+  void prepare(Export& job, const TakeLevel& level) const;
+  void tell(const ExportPlan::Item& item, const Export& job, const TakeLevel& level,
+            ProgressLine& line) const;
+  [[nodiscard]] ExportReport::Settings settings(const TakeLevel& level) const;
   [[nodiscard]] bool is24bit() const { return _format == "24"; }
 
   std::vector<std::filesystem::path> _files;
@@ -49,6 +52,7 @@ class ExportCommand : public Command {
   std::filesystem::path _outputFolder;
   std::optional<double> _angle;
   double _gain = 0;
+  RememberedOption _remembered;
   std::optional<double> _loudness;
   double _truePeak = -1;
   std::string _format = "24";
