@@ -171,6 +171,24 @@ void FolderBrowser::replaceRows(const std::shared_ptr<const FolderHelper>& listi
   _listing = listing;
   _model.show(_listing->files());
   emit rowsChanged(isSameFolder);
+  emit newRows();
+}
+
+void FolderBrowser::setOrder(FileListModel::Order order) {
+  _model.setOrder(order);
+  rearrange();
+}
+
+void FolderBrowser::addFacts(const RowFactsByPath& facts) {
+  _model.addFacts(facts);
+  rearrange();
+}
+
+void FolderBrowser::rearrange() {
+  if (!_listing || _isForgotten || !_model.wouldMove(_listing->files())) return;
+  emit rowsAboutToChange();
+  _model.show(_listing->files());
+  emit rowsChanged(true);
 }
 
 // A file that was written while the folder was listed is in the listing that follows.

@@ -54,6 +54,9 @@ class FolderBrowser : public QObject {
   /// Null until the first listing has come.
   [[nodiscard]] const std::shared_ptr<const FolderHelper>& listing() const { return _listing; }
   [[nodiscard]] FileListModel& model() { return _model; }
+  /// Puts the rows in another order, or in their place where more is known of them.
+  void setOrder(FileListModel::Order order);
+  void addFacts(const RowFactsByPath& facts);
   /// Why the folder that is shown could not be read, a sentence for people; empty when it could.
   [[nodiscard]] QString failure() const;
 
@@ -62,6 +65,8 @@ class FolderBrowser : public QObject {
   void named(const QString& name);
   void rowsAboutToChange();
   void rowsChanged(bool isSameFolder);
+  /// There are other entries than before.
+  void newRows();
   /// The wish for a file has come true.
   void wishGranted(int row);
   /// The rows are what the folder held a moment ago.
@@ -87,6 +92,7 @@ class FolderBrowser : public QObject {
   void showAnswer(const FolderLister::Answer& answer);
   void forgetRows();
   void replaceRows(const std::shared_ptr<const FolderHelper>& listing);
+  void rearrange();
   void lookForWish();
 
   std::filesystem::path _requested;

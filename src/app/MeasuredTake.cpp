@@ -3,7 +3,11 @@
 
 #include "app/MeasuredTake.h"
 
-MeasuredTake::MeasuredTake(TakeSession& take, QObject* parent) : QObject(parent), _take(take) {
+#include <utility>
+
+MeasuredTake::MeasuredTake(TakeSession& take, QObject* parent,
+                           std::shared_ptr<const AnalysisCache> cache)
+    : QObject(parent), _take(take), _cache(std::move(cache)) {
   connect(&_decoded, &RunningAnalysis::measured, this, &MeasuredTake::measured);
   connect(&_recorded, &RunningAnalysis::measured, this, &MeasuredTake::measured);
   connect(&_take, &TakeSession::opened, this, &MeasuredTake::begin);
@@ -46,7 +50,7 @@ Waveform MeasuredTake::sideWaveform(std::uint64_t from, std::uint64_t to,
 void MeasuredTake::begin() {
   const std::unique_ptr<WaveFileReader> reader = _take.reader();
   if (!reader) return;
-  _decoded.begin(reader->apart());
+  _decoded.begin(reader->apart(), {_cache, _take.file()});
   emit measured();
 }
 
@@ -55,7 +59,7 @@ void MeasuredTake::beginSide() {
   if (_take.solo() != Solo::Side || isBegun) return;
   WaveFileReader channels = _take.reader()->apart();
   channels.setIsBoMSFormat(false);
-  _recorded.begin(channels);
+  _recorded.begin(channels, {_cache, _take.file()});
 }
 
 void MeasuredTake::drop() {

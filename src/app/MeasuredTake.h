@@ -21,8 +21,9 @@ class MeasuredTake : public QObject {
   Q_OBJECT
 
  public:
-  /// The session outlives it.
-  explicit MeasuredTake(TakeSession& take, QObject* parent = nullptr);
+  /// The session outlives it. What has been measured is kept in the cache, where there is one.
+  explicit MeasuredTake(TakeSession& take, QObject* parent = nullptr,
+                        std::shared_ptr<const AnalysisCache> cache = nullptr);
 
   /// What is known by now; null without a take, and before anything is known.
   [[nodiscard]] const std::shared_ptr<const TakeAnalysis>& analysis() const {
@@ -59,6 +60,7 @@ class MeasuredTake : public QObject {
                                       std::size_t columns) const;
 
   TakeSession& _take;
+  std::shared_ptr<const AnalysisCache> _cache;
   RunningAnalysis _decoded{this};
   RunningAnalysis _recorded{this};  ///< of the channels as they are
 };

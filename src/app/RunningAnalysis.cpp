@@ -26,11 +26,32 @@ RunningAnalysis::RunningAnalysis(QObject* parent) : QObject(parent) {
   connect(&_timerMeasured, &QTimer::timeout, this, &RunningAnalysis::collect);
 }
 
-void RunningAnalysis::begin(const WaveFileReader& reader) {
+void RunningAnalysis::begin(const WaveFileReader& reader, const Shelf& shelf) {
   drop();
+  _cache = shelf.cache;
+  if (_cache) return look(reader, shelf);
+  analyse(reader);
+}
+
+// Where there is no thread nothing is kept either.
+void RunningAnalysis::look(const WaveFileReader& reader, const Shelf& shelf) {
+  _isLooking = _errand.begin([this, reader, shelf]() -> Errand::Outcome {
+    const auto key = AnalysisCache::Key::of(reader, shelf.file);
+    return [this, reader, key, known = shelf.cache->find(key)] {
+      _isLooking = false;
+      _key = key;
+      if (known) return take(known, 1, true);
+      analyse(reader);
+    };
+  });
+  if (!_isLooking) analyse(reader);
+}
+
+void RunningAnalysis::analyse(const WaveFileReader& reader) {
   TakeAnalyzer::Options options;
   options.workers = workers();
   _analyzer = std::make_shared<TakeAnalyzer>(reader, options);
+  if (_lookAt) _analyzer->lookAt(*_lookAt);
   _timerMeasured.start(kLook);
 }
 
@@ -41,9 +62,13 @@ void RunningAnalysis::drop() {
   _analyzer.reset();
   _progress = 0;
   _analysis.reset();
+  _isLooking = false;
+  _lookAt.reset();
+  _key = {};
 }
 
 void RunningAnalysis::lookAt(std::uint64_t frame) {
+  if (_isLooking) _lookAt = frame;
   if (_analyzer) _analyzer->lookAt(frame);
 }
 
@@ -71,9 +96,19 @@ void RunningAnalysis::take(std::shared_ptr<const TakeAnalysis> known, double pro
   _analysis = std::move(known);
   _progress = progress;
   if (isLast) {
+    if (_analyzer) keep();
     _analyzer.reset();
   } else {
     _timerMeasured.start(std::max(kLook, static_cast<int>(_fetched.elapsed()) * kShareOfLook));
   }
   emit measured();
+}
+
+// Nobody waits for it.
+void RunningAnalysis::keep() {
+  if (!_cache || !_analysis || !_analysis->isComplete()) return;
+  _keeping.begin([cache = _cache, key = _key, analysis = _analysis]() -> Errand::Outcome {
+    cache->keep(key, *analysis);
+    return [] {};
+  });
 }

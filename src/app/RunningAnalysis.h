@@ -6,24 +6,34 @@
 #include <QObject>
 #include <QTimer>
 #include <cstdint>
+#include <filesystem>
 #include <memory>
+#include <optional>
 
 #include "analysis/TakeAnalysis.h"
 #include "analysis/TakeAnalyzer.h"
 #include "base/Errand.h"
+#include "takes/AnalysisCache.h"
 #include "wav/WaveFileReader.h"
 
-/// An analysis while it is made, on workers, and what is known of it by now. Nothing here reads the
-/// file, or copies what is known, on the interface thread, which is the one that has it.
+/// An analysis while it is made, on workers, and what is known of it by now; one that was kept is
+/// there at once. Nothing here reads the file, or copies what is known, on the interface thread,
+/// which is the one that has it.
 class RunningAnalysis : public QObject {
   Q_OBJECT
 
  public:
   explicit RunningAnalysis(QObject* parent = nullptr);
 
+  /// Where an analysis is kept, and of which file; nowhere where there is no cache.
+  struct Shelf {
+    std::shared_ptr<const AnalysisCache> cache;
+    std::filesystem::path file;
+  };
+
   /// Begins, and gives up what was before. Of a valid file, which it reads through an image of its
   /// own.
-  void begin(const WaveFileReader& reader);
+  void begin(const WaveFileReader& reader, const Shelf& shelf = {});
   /// Gives up; nothing is known any more.
   void drop();
 
@@ -32,7 +42,7 @@ class RunningAnalysis : public QObject {
   /// How much of the file is known, 0 to 1.
   [[nodiscard]] double progress() const { return _progress; }
   /// Whether more is to come.
-  [[nodiscard]] bool isRunning() const { return _analyzer != nullptr; }
+  [[nodiscard]] bool isRunning() const { return _analyzer || _isLooking; }
 
   /// Measures what is from this frame on first.
   void lookAt(std::uint64_t frame);
@@ -44,6 +54,9 @@ class RunningAnalysis : public QObject {
   void measured();
 
  private:
+  void look(const WaveFileReader& reader, const Shelf& shelf);
+  void analyse(const WaveFileReader& reader);
+  void keep();
   void fetch(bool isLast);
   void take(std::shared_ptr<const TakeAnalysis> known, double progress, bool isLast);
 
@@ -52,5 +65,10 @@ class RunningAnalysis : public QObject {
   QElapsedTimer _fetched;                   ///< since the errand began
   std::shared_ptr<const TakeAnalysis> _analysis;
   double _progress = 0;
+  std::shared_ptr<const AnalysisCache> _cache;
+  AnalysisCache::Key _key;  ///< of what is analysed
+  bool _isLooking = false;  ///< for one that was kept
+  std::optional<std::uint64_t> _lookAt;
+  Errand _keeping;
   QTimer _timerMeasured{this};
 };

@@ -170,6 +170,12 @@ void SoundPane::sliderGainValueChanged(J4GainSlider* slider) {
   _take.setGain(slider->integerValue());
 }
 
+void SoundPane::setSound(const std::optional<double>& width, std::int64_t gain) {
+  _stage.sliderGain->setValue(static_cast<double>(gain));
+  sliderGainValueChanged(_stage.sliderGain);
+  if (width && _stage.sliderStereo->enable()) _stage.sliderStereo->setNewAngle(*width);
+}
+
 void SoundPane::GainTickTitle(class GainTickTitle* scale, const QString& clickAt) {
   if (scale != _stage.tickOfGain || !_stage.sliderGain->isEnabled()) return;
   if (!gainLabels().contains(clickAt)) return;

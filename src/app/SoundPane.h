@@ -3,7 +3,9 @@
 #pragma once
 
 #include <QObject>
+#include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "app/PlayerView.h"
 #include "app/TakeSession.h"
@@ -27,6 +29,9 @@ class SoundPane : public QObject,
   /// "speaker_1" to "speaker_3" by volume, 0 to 1, or "speaker_mute".
   void showVolume(float volume);
   [[nodiscard]] bool isMuted() const { return _isMuteVolume; }
+  /// Sets the controls of a take that is open: the gain in dB, and the width where the take has
+  /// one.
+  void setSound(const std::optional<double>& width, std::int64_t gain);
 
   void sliderGainValueChanged(J4GainSlider* slider) override;
   /// A label of the gain scale sets its gain while a take is open.

@@ -11,7 +11,7 @@ class StatusLine : public QLabel {
   Q_OBJECT
 
  public:
-  enum class Topic { Looking, Opening, Recording, Sound, Folder, Export };
+  enum class Topic { Looking, Opening, Recording, Sound, Folder, Export, Memory };
 
   explicit StatusLine(QWidget* parent = nullptr);
 

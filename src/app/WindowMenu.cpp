@@ -3,6 +3,7 @@
 
 #include "app/WindowMenu.h"
 
+#include <QActionGroup>
 #include <algorithm>
 
 WindowMenu::WindowMenu(QWidget& window) : QMenu(&window) {
@@ -10,9 +11,11 @@ WindowMenu::WindowMenu(QWidget& window) : QMenu(&window) {
   actionExport = add(*this, tr("&Export…"), Qt::CTRL | Qt::Key_E);
   addSeparator();
   makePlaying();
+  makeOrder();
   actionClearPeaks = add(*this, tr("&Clear peaks"), Qt::CTRL | Qt::Key_K);
   actionMetersByRule = add(*this, tr("&Meters by the recorder's rule"));
   actionMetersByRule->setCheckable(true);
+  actionRemember = add(*this, tr("&Remember width, gain and loop"));
   addSeparator();
   actionKeys = add(*this, tr("&Keys and pointer"), QKeySequence::HelpContents);
   actionIntroduction = add(*this, tr("&Introduction"));
@@ -43,6 +46,19 @@ void WindowMenu::makePlaying() {
   for (QAction* const toggle : {actionLoop, actionSoloMid, actionSoloSide}) {
     toggle->setCheckable(true);
   }
+}
+
+void WindowMenu::makeOrder() {
+  QMenu& menu = *addMenu(tr("Order of the &list"));
+  actionByName = add(menu, tr("By &name"));
+  actionByRecorded = add(menu, tr("By &recording time"));
+  actionByDuration = add(menu, tr("By &duration"));
+  auto* const one = new QActionGroup(this);
+  for (QAction* const order : {actionByName, actionByRecorded, actionByDuration}) {
+    order->setCheckable(true);
+    one->addAction(order);
+  }
+  actionByName->setChecked(true);
 }
 
 QAction* WindowMenu::add(QMenu& menu, const QString& text, const QKeySequence& keys) {

@@ -43,8 +43,12 @@ class WindowMenu : public QMenu {
   QAction* actionLoop = nullptr;  ///< checkable, as are the two that follow
   QAction* actionSoloMid = nullptr;
   QAction* actionSoloSide = nullptr;
+  QAction* actionByName = nullptr;  ///< one of these three is checked
+  QAction* actionByRecorded = nullptr;
+  QAction* actionByDuration = nullptr;
   QAction* actionClearPeaks = nullptr;
   QAction* actionMetersByRule = nullptr;  ///< checkable
+  QAction* actionRemember = nullptr;      ///< checkable
   QAction* actionKeys = nullptr;
   QAction* actionIntroduction = nullptr;
   QAction* actionHelp = nullptr;
@@ -53,6 +57,7 @@ class WindowMenu : public QMenu {
 
  private:
   void makePlaying();
+  void makeOrder();
   /// With a key of the window's own.
   QAction* add(QMenu& menu, const QString& text, const QKeySequence& keys = {});
   /// With a key that is named only.

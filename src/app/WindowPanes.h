@@ -8,16 +8,19 @@
 #include "app/DevicePane.h"
 #include "app/FolderBrowser.h"
 #include "app/LevelFeed.h"
+#include "app/ListOrder.h"
 #include "app/LoopPane.h"
 #include "app/LoudnessPane.h"
 #include "app/MainView.h"
 #include "app/MeasuredTake.h"
+#include "app/RowReader.h"
 #include "app/ScopePane.h"
 #include "app/SessionRemote.h"
 #include "app/SoloPane.h"
 #include "app/SoundPane.h"
 #include "app/TakeKeys.h"
 #include "app/TakeMessages.h"
+#include "app/TakeRecall.h"
 #include "app/TakeSession.h"
 #include "app/TransportPane.h"
 #include "app/WaveformPane.h"
@@ -47,7 +50,7 @@ struct WindowPanes {
   TransportPane transport{*view.player, take, &owner};
   SoundPane sound{*view.player, take, &owner};
   LevelFeed levels{*view.player->stage, take, &owner};
-  MeasuredTake measured{take, &owner};
+  MeasuredTake measured{take, &owner, std::make_shared<const AnalysisCache>()};
   WaveformPane waveform{*view.player, take, measured, &owner};
   ScopePane scope{*view.player->stage, take, &owner};
   LoudnessPane loudness{*view.player, take, measured, &owner};
@@ -59,8 +62,16 @@ struct WindowPanes {
                 {*view.player->btnSoloSide, *view.menu->actionSoloSide},
                 take,
                 &owner};
+  std::shared_ptr<TakeKeeper> keeper = std::make_shared<TakeKeeper>();
+  TakeRecall recall{{*view.menu->actionRemember, sound, *view.player->lblStatus, take, keeper},
+                    &owner};
+  ListOrder order{
+      {view.menu->actionByName, view.menu->actionByRecorded, view.menu->actionByDuration},
+      browser,
+      &owner};
   TakeKeys keys{*view.menu, *view.player, &owner};
   ExportQueue exports;
+  RowReader rows{browser, exports, keeper, *view.menu->actionRemember, &owner};
   ExportDesk desk{exports, view};
   WindowCommands commands{{view, *view.menu, *view.player->btnExport, *view.player->lblStatus,
                            exports, desk, &measured},

@@ -16,6 +16,10 @@ class Utility {
   static constexpr std::string_view kDoNotShowAgain = "UD_DO_NOT_SHOW_AGAIN";
   /// "on" where meters follow the recorder's rule.
   static constexpr std::string_view kMetersByRule = "UD_METERS_BY_RULE";
+  /// "off" where width, gain and loop of takes are not remembered.
+  static constexpr std::string_view kRememberTakes = "UD_REMEMBER_TAKES";
+  /// "recorded" or "duration" where the list is in this order, else it is by name.
+  static constexpr std::string_view kListOrder = "UD_LIST_ORDER";
 
   /// Keeps the value for the key, in place of any earlier one. Returns at once: it is written on
   /// another thread, soon. What cannot be written is logged.

@@ -49,6 +49,25 @@ void FileList::goToPlace(int place) {
   verticalScrollBar()->setValue(place);
 }
 
+bool FileList::event(QEvent* event) {
+  if (event->type() != QEvent::ShortcutOverride) return QListView::event(event);
+  const auto& key = static_cast<const QKeyEvent&>(*event);
+  const bool isLetter = !key.text().isEmpty() && key.text().front().isPrint() &&
+                        (key.modifiers() & ~Qt::ShiftModifier) == Qt::NoModifier;
+  if (!isLetter || key.key() == Qt::Key_Space || !_typed.isUnderWay()) {
+    return QListView::event(event);
+  }
+  event->accept();
+  return true;
+}
+
+void FileList::keyboardSearch(const QString& letters) {
+  const int row = _typed.type(letters, *model(), selectedRow());
+  if (row < 0) return;
+  selectRow(row);
+  scrollTo(model()->index(row, 0));
+}
+
 void FileList::initViewItemOption(QStyleOptionViewItem* option) const {
   QListView::initViewItemOption(option);
   option->state.setFlag(QStyle::State_KeyboardFocusChange, hasFocus() && _focus.isShown());

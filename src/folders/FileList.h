@@ -6,6 +6,7 @@
 
 #include "controls/KeyboardFocus.h"
 #include "folders/FileListCell.h"
+#include "folders/TypedName.h"
 
 /// The list of files: one column, one row selected at most. Return, the space bar, Left
 /// and Right are left to the window. Interface thread.
@@ -27,8 +28,12 @@ class FileList : public QListView {
   /// Where it is scrolled to, to be gone back to after a change of the rows.
   [[nodiscard]] int place() const;
   void goToPlace(int place);
+  /// Goes to the name that is typed; see `TypedName`.
+  void keyboardSearch(const QString& letters) override;
 
  protected:
+  /// What goes on with a name that is typed is none of the window's keys.
+  bool event(QEvent* event) override;
   /// The current row shows the focus ring as long as the keyboard is what is used.
   void initViewItemOption(QStyleOptionViewItem* option) const override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -38,4 +43,5 @@ class FileList : public QListView {
  private:
   FileListCell* _cell;
   KeyboardFocus _focus;
+  TypedName _typed;
 };

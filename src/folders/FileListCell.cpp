@@ -10,6 +10,7 @@
 
 #include "controls/Colors.h"
 #include "folders/FileListModel.h"
+#include "folders/RowMarks.h"
 
 namespace {
 
@@ -81,6 +82,7 @@ void FileListCell::paint(QPainter* painter, const QStyleOptionViewItem& whole,
   drawGround(*painter, option);
   if (index.data(FileListModel::kLoadedRole).toBool()) drawMark(*painter, option.rect);
   index.data(Qt::DecorationRole).value<QIcon>().paint(painter, imgFileIcon(option.rect));
+  option.rect.setWidth(option.rect.width() - RowMarks::draw(*painter, option.rect, index));
   drawName(*painter, option, index.data(Qt::DisplayRole).toString());
   painter->restore();
 }

@@ -43,6 +43,9 @@ std::size_t countMissing(const std::vector<WavItem>& a, const std::vector<WavIte
 }  // namespace
 
 void FileListModel::show(const std::vector<WavItem>& files) {
+  const bool isByName = _order == Order::Name && _shownOrder == Order::Name;
+  _shownOrder = _order;
+  if (!isByName) return replaceAll(ordered(files));
   if (countMissing(_files, files) > kFewRows || countMissing(files, _files) > kFewRows) {
     return replaceAll(files);
   }
@@ -50,6 +53,26 @@ void FileListModel::show(const std::vector<WavItem>& files) {
   insertNew(files);
   // Names that read alike have no order between them.
   if (_files != files) replaceAll(files);
+}
+
+bool FileListModel::stands(const WavItem& a, const WavItem& b) const {
+  const RowFacts& mine = factsOf(a);
+  const RowFacts& other = factsOf(b);
+  if (_order == Order::Recorded) {
+    if (other.recorded.empty()) return !mine.recorded.empty();
+    return !mine.recorded.empty() && mine.recorded < other.recorded;
+  }
+  if (!other.seconds) return mine.seconds.has_value();
+  return mine.seconds && *mine.seconds < *other.seconds;
+}
+
+// What is alike stays in the order of its name.
+std::vector<WavItem> FileListModel::ordered(std::vector<WavItem> files) const {
+  if (_order == Order::Name) return files;
+  const auto first = std::ranges::find(files, false, &WavItem::isFolder);
+  std::stable_sort(first, files.end(),
+                   [this](const WavItem& a, const WavItem& b) { return stands(a, b); });
+  return files;
 }
 
 void FileListModel::replaceAll(const std::vector<WavItem>& files) {
@@ -87,6 +110,40 @@ void FileListModel::setLoaded(const std::string& fullPath) {
   if (!_files.empty()) emit dataChanged(index(0), index(rowCount() - 1));
 }
 
+// Only what is another than it was is worth a repaint.
+void FileListModel::addFacts(const RowFactsByPath& facts) {
+  bool isAnyNew = false;
+  for (const auto& [path, known] : facts) {
+    RowFacts& mine = _facts[path];
+    isAnyNew = isAnyNew || mine != known;
+    mine = known;
+  }
+  if (isAnyNew && !_files.empty()) emit dataChanged(index(0), index(rowCount() - 1));
+}
+
+const RowFacts& FileListModel::factsOf(const WavItem& item) const {
+  static const RowFacts kNone;
+  const auto found = _facts.find(item.fullPath);
+  return found == _facts.end() ? kNone : found->second;
+}
+
+QVariant FileListModel::factOf(const WavItem& item, int role) const {
+  const RowFacts& facts = factsOf(item);
+  if (role == kDurationRole) return facts.durationText();
+  if (role == kExportedRole) return facts.isExported;
+  if (facts.exportNote.isEmpty()) return asPlainText(item.fileName);
+  return asPlainText(item.fileName + u'\n' + facts.exportNote);
+}
+
+QString FileListModel::descriptionOf(const WavItem& item, bool isLoaded) const {
+  if (item.isFolder) return tr("Folder");
+  const RowFacts& facts = factsOf(item);
+  QStringList parts{isLoaded ? tr("Recording, loaded") : tr("Recording")};
+  if (facts.seconds) parts << facts.durationText();
+  if (facts.isExported) parts << tr("exported");
+  return parts.join(QStringLiteral(", "));
+}
+
 int FileListModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(_files.size());
 }
@@ -95,13 +152,11 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= rowCount()) return {};
   const WavItem& item = _files[static_cast<std::size_t>(index.row())];
   if (role == Qt::DisplayRole) return item.fileName;
-  if (role == Qt::ToolTipRole) return asPlainText(item.fileName);
+  const bool isFact = role == Qt::ToolTipRole || role == kDurationRole || role == kExportedRole;
+  if (isFact) return factOf(item, role);
   if (role == Qt::DecorationRole) return Artwork::icon(artworkName(item));
   const bool isLoaded = !_loaded.empty() && item.fullPath == _loaded;
   if (role == kLoadedRole) return isLoaded;
-  if (role == Qt::AccessibleDescriptionRole) {
-    if (isLoaded) return tr("Recording, loaded");
-    return item.isFolder ? tr("Folder") : tr("Recording");
-  }
+  if (role == Qt::AccessibleDescriptionRole) return descriptionOf(item, isLoaded);
   return {};
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "folders/RowFacts.h"
 #include "folders/WavItem.h"
 
 /// The rows of the file list. Interface thread.
@@ -15,24 +16,49 @@ class FileListModel : public QAbstractListModel {
  public:
   /// Whether the row is the take that is loaded.
   static constexpr int kLoadedRole = Qt::UserRole + 1;
+  /// What is known of a recording, as `RowFacts` has it: a text, and whether it was exported.
+  static constexpr int kDurationRole = Qt::UserRole + 2;
+  static constexpr int kExportedRole = Qt::UserRole + 3;
+
+  /// In which recordings stand, after the folders; those of which nothing is known stand last,
+  /// those that are alike by name.
+  enum class Order { Name, Recorded, Duration };
 
   using QAbstractListModel::QAbstractListModel;
 
   /// Shows these entries, which are in the order of `FolderHelper::isBefore`. Where little has
   /// changed only the rows in question come and go, so that the view stays where it is.
   void show(const std::vector<WavItem>& files);
+  /// Counts from the next `show` on.
+  void setOrder(Order order) { _order = order; }
+  [[nodiscard]] Order order() const { return _order; }
+  /// Whether `show` would put anything elsewhere.
+  [[nodiscard]] bool wouldMove(const std::vector<WavItem>& files) const {
+    return ordered(files) != _files;
+  }
   [[nodiscard]] const std::vector<WavItem>& files() const { return _files; }
   /// Marks the row of this file, whenever it is there; an empty path marks none.
   void setLoaded(const std::string& fullPath);
+  /// What is known of these files from now on, whenever they are there.
+  void addFacts(const RowFactsByPath& facts);
+  /// Nothing where nothing is known.
+  [[nodiscard]] const RowFacts& factsOf(const WavItem& item) const;
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
  private:
+  [[nodiscard]] std::vector<WavItem> ordered(std::vector<WavItem> files) const;
+  [[nodiscard]] bool stands(const WavItem& a, const WavItem& b) const;
+  [[nodiscard]] QVariant factOf(const WavItem& item, int role) const;
+  [[nodiscard]] QString descriptionOf(const WavItem& item, bool isLoaded) const;
   void removeMissing(const std::vector<WavItem>& files);
   void insertNew(const std::vector<WavItem>& files);
   void replaceAll(const std::vector<WavItem>& files);
 
   std::vector<WavItem> _files;
   std::string _loaded;
+  RowFactsByPath _facts;
+  Order _order = Order::Name;
+  Order _shownOrder = Order::Name;  ///< of the rows
 };

@@ -10,8 +10,8 @@
 #include "support/EnvironmentVariable.h"
 #include "support/TemporaryFolder.h"
 
-/// A home and settings of its own for the length of a test. Comes before whatever stores settings:
-/// what that leaves to be written is written at the end.
+/// A home, settings and what is kept of takes of its own for the length of a test. Comes before
+/// whatever stores settings: what that leaves to be written is written at the end.
 class OwnSettings {
  public:
   OwnSettings() = default;
@@ -25,4 +25,6 @@ class OwnSettings {
  private:
   EnvironmentVariable _home{"HOME", home.path().string()};
   EnvironmentVariable _configuration{"XDG_CONFIG_HOME", configuration.path().string()};
+  EnvironmentVariable _data{"XDG_DATA_HOME", (home.path() / "data").string()};
+  EnvironmentVariable _cache{"XDG_CACHE_HOME", (home.path() / "cache").string()};
 };

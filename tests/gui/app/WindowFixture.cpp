@@ -29,6 +29,8 @@ WindowFixture::WindowFixture(MIDIPacketKind kind) : link(kind, midiClock) {
   link.install();
   manager = std::make_unique<MIDIManager>();
   sequences = std::make_unique<MIDISequenceManager>();
+  // The takes of these tests are alike, so that one would be known by what another was heard with.
+  Utility::store(Utility::kRememberTakes, "off");
 }
 
 WindowFixture::~WindowFixture() {

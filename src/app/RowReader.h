@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAction>
+#include <QObject>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/FolderBrowser.h"
+#include "base/Errand.h"
+#include "folders/RowFacts.h"
+#include "queue/ExportQueue.h"
+#include "takes/TakeKeeper.h"
+
+/// Finds out what the list tells of each recording beside its name: its duration, when it was
+/// recorded, and whether an export of it is there. On a thread of its own, some rows at a time; a
+/// file whose size and time of change are as they were is not read again. Notes what is exported.
+/// Interface thread, which has an event loop.
+class RowReader : public QObject {
+  Q_OBJECT
+
+ public:
+  /// What is known of a file, and of which state of it.
+  struct Known {
+    std::uint64_t size = 0;
+    std::int64_t modified = 0;  ///< nanoseconds
+    bool isRawMidSide = false;
+    RowFacts facts;
+  };
+  using KnownByPath = std::map<std::string, Known>;
+
+  /// Exports are noted with their width and gain while `remembers` is checked. What is handed in
+  /// outlives it.
+  RowReader(FolderBrowser& browser, ExportQueue& exports, std::shared_ptr<TakeKeeper> keeper,
+            const QAction& remembers, QObject* parent = nullptr);
+
+  /// Of one file, where `before` is what was known of it. Waits for the medium.
+  static Known look(const std::string& path, const Known& before, TakeKeeper& keeper);
+
+ signals:
+  /// All rows are known.
+  void finished();
+
+ private:
+  void begin();
+  void readSome();
+  void take(const KnownByPath& some);
+  void note(const ExportOrder& order, const ExportResult& result);
+  [[nodiscard]] KnownByPath rest() const;
+
+  FolderBrowser& _browser;
+  std::shared_ptr<TakeKeeper> _keeper;
+  const QAction& _remembers;
+  KnownByPath _known;
+  std::vector<std::string> _paths;  ///< of the recordings that are shown
+  std::size_t _next = 0;            ///< of these, the first that is not known yet
+  Errand _errand;
+};

@@ -1,0 +1,174 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/TakeRecall.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <fstream>
+
+#include "WindowFixture.h"
+#include "base/Utility.h"
+#include "takes/TakeMemory.h"
+
+namespace {
+
+/// What takes were heard with, in the whole window.
+class Recall : public WindowFixture {
+ protected:
+  static constexpr double kWithin = 1e-9;
+
+  Recall() {
+    Utility::store(Utility::kRememberTakes, "on");
+    take("A.WAV", 480'000);
+    take("B.WAV", 240'000);
+    take("Plain.WAV", 96'000, false);
+  }
+  TakeRecall& recall() {
+    auto* const found = controller().findChild<TakeRecall*>();
+    EXPECT_NE(found, nullptr);
+    return *found;
+  }
+  /// Opens it and waits until it is known what is remembered of it.
+  void openKnown(const std::string& name) {
+    const QSignalSpy recalled(&recall(), &TakeRecall::recalled);
+    open(name);
+    waitFor([&] { return !recalled.empty(); }, "what is remembered");
+  }
+  void set(double width, double gain) {
+    stage().sliderStereo->setNewAngle(width);
+    setGain(gain);
+  }
+  void expectSound(double width, std::int64_t gain) {
+    EXPECT_NEAR(controller().take().angle(), width, kWithin);
+    EXPECT_NEAR(stage().sliderStereo->angle(), width, kWithin);
+    EXPECT_EQ(controller().take().gain(), gain);
+    EXPECT_EQ(stage().sliderGain->integerValue(), gain);
+    EXPECT_EQ(player().angle(), static_cast<std::int64_t>(width));
+  }
+  [[nodiscard]] std::optional<FrameLoop> loop() { return controller().take().loop(); }
+  [[nodiscard]] QString said() const {
+    return view().player->lblStatus->message(StatusLine::Topic::Memory);
+  }
+};
+
+TEST_F(Recall, WidthGainAndLoopOfATakeComeBack) {
+  startOnTakes();
+  openKnown("A.WAV");
+  set(60.25, -6);
+  controller().take().setLoop(FrameLoop{48'000, 96'000});
+  openKnown("B.WAV");
+  expectSound(60.25, -6);  // nothing is known of it: as it was
+  EXPECT_FALSE(loop());
+  set(30, 4);
+  openKnown("A.WAV");
+  expectSound(60.25, -6);
+  EXPECT_EQ(loop(), (FrameLoop{48'000, 96'000}));
+  EXPECT_TRUE(view().player->btnLoop->isChecked());
+  EXPECT_LT(player().curremtTime(), 0.5) << "the loop is played into, not gone to";
+  openKnown("B.WAV");
+  expectSound(30, 4);
+  EXPECT_FALSE(loop());
+}
+
+TEST_F(Recall, TheyComeBackAfterTheEndAndUnderAnotherName) {
+  startOnTakes();
+  openKnown("A.WAV");
+  set(75, 9);
+  end();
+  std::filesystem::rename(takes.path() / "A.WAV", takes.path() / "Bells.WAV");
+  startOnTakes();
+  openKnown("Bells.WAV");
+  expectSound(75, 9);
+}
+
+TEST_F(Recall, WhatHasSettledIsRememberedWhileTheTakeIsOpen) {
+  startOnTakes();
+  openKnown("A.WAV");
+  set(75, 9);
+  auto* const timer = recall().findChild<QTimer*>("timerRemember");
+  ASSERT_TRUE(timer->isActive());
+  timer->start(0);
+  waitFor(
+      [] {
+        std::error_code error;
+        return std::filesystem::file_size(TakeMemory::defaultPath(), error) > 0 && !error;
+      },
+      "what is written");
+}
+
+TEST_F(Recall, WhatSomebodyTurnsMeanwhileStays) {
+  startOnTakes();
+  openKnown("A.WAV");
+  set(75, 9);
+  openKnown("B.WAV");
+  set(40, 2);
+  const auto turns =
+      QObject::connect(&controller().take(), &TakeSession::opened, [this] { setGain(-20); });
+  openKnown("A.WAV");
+  expectSound(40, -20);  // the width, too, as it was
+  QObject::disconnect(turns);
+  openKnown("B.WAV");
+  expectSound(40, 2);
+  openKnown("A.WAV");
+  expectSound(40, -20);
+}
+
+TEST_F(Recall, TurnedOffItIsAsEverAndKeepsNothing) {
+  startOnTakes();
+  view().menu->actionRemember->setChecked(false);
+  open("A.WAV");
+  set(60, -6);
+  open("B.WAV");
+  set(30, 4);
+  open("A.WAV");
+  expectSound(30, 4);
+  end();
+  EXPECT_FALSE(std::filesystem::exists(TakeMemory::defaultPath()));
+  startOnTakes();
+  EXPECT_FALSE(view().menu->actionRemember->isChecked()) << "the switch stays where it was left";
+}
+
+TEST_F(Recall, TurnedOnAgainItKeepsWhatIsHeard) {
+  startOnTakes();
+  openKnown("A.WAV");
+  set(60, -6);
+  view().menu->actionRemember->setChecked(false);
+  set(90, 1);
+  const QSignalSpy recalled(&recall(), &TakeRecall::recalled);
+  view().menu->actionRemember->setChecked(true);
+  waitFor([&] { return !recalled.empty(); }, "which take it is");
+  expectSound(90, 1);
+  openKnown("B.WAV");
+  set(30, 2);
+  openKnown("A.WAV");
+  expectSound(90, 1);
+}
+
+TEST_F(Recall, ATakeThatHasNoWidthLeavesTheDial) {
+  startOnTakes();
+  openKnown("A.WAV");
+  set(60, -6);
+  openKnown("Plain.WAV");
+  setGain(12);
+  openKnown("B.WAV");
+  set(100, 0);
+  openKnown("Plain.WAV");
+  expectSound(100, 12);
+}
+
+TEST_F(Recall, ADamagedMemoryIsToldAndANewOneBegun) {
+  std::filesystem::create_directories(TakeMemory::defaultPath().parent_path());
+  std::ofstream(TakeMemory::defaultPath()) << std::string(10'000, 'x');
+  startOnTakes();
+  openKnown("A.WAV");
+  EXPECT_TRUE(said().contains("takes.db.damaged")) << said().toStdString();
+  set(75, 9);
+  openKnown("B.WAV");
+  EXPECT_EQ(said(), "") << "told once";
+  set(30, 0);
+  openKnown("A.WAV");
+  expectSound(75, 9);
+}
+
+}  // namespace
