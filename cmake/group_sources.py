@@ -37,7 +37,7 @@ def names(text):
             if match:
                 found[match[1]] = line if is_alias else None
         if re.match(r"enum (?!class|struct)", line):
-            found.update(dict.fromkeys(re.findall(r"(\w+)(?= *=| *,| *\})", line)))
+            found.update(dict.fromkeys(re.findall(r"([A-Za-z_]\w*)(?= *=| *,| *\})", line)))
     return found
 
 
@@ -46,11 +46,12 @@ def agree(some, others):
                for name in some.keys() & others.keys())
 
 
-def group(texts):
-    """The number of each text's group."""
+def group(texts, most=None):
+    """The number of each text's group, of which none has more than `most`."""
     groups, numbers = [], []
     for own in map(names, texts):
-        number = next((i for i, taken in enumerate(groups) if agree(own, taken)), len(groups))
+        number = next((i for i, taken in enumerate(groups)
+                       if numbers.count(i) != most and agree(own, taken)), len(groups))
         if number == len(groups):
             groups.append({})
         groups[number].update(own)

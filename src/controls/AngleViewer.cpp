@@ -21,14 +21,14 @@ constexpr int kGrey = 88;
 constexpr double kTitleReach = 10.0;
 constexpr double kArcReach = 16.0;  // of the pointer, to both sides of the arc
 
-QAccessibleInterface* makeReadable(AngleViewer& dial) {
+QAccessibleInterface* makeReadableDial(AngleViewer& dial) {
   return new AdjustableAccessible(&dial, dial, QAccessible::Dial);
 }
 
 }  // namespace
 
 AngleViewer::AngleViewer(QWidget* parent) : QWidget(parent) {
-  AccessibleFactory::install<AngleViewer, makeReadable>();
+  AccessibleFactory::install<AngleViewer, makeReadableDial>();
   setAccessibleName(tr("Stereo width"));
   initUI();
 }

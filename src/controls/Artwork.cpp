@@ -9,14 +9,14 @@
 #include "controls/ArtworkEngine.h"
 
 // Outside of every namespace, as the macro wants it.
-static void initialiseResources() {
+static void initialiseArtwork() {
   Q_INIT_RESOURCE(mixdeck);
 }
 
 namespace {
 
 QString fileOf(const QString& name) {
-  initialiseResources();
+  initialiseArtwork();
   return QStringLiteral(":/artwork/%1.svg").arg(name);
 }
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double kLampWidth = 20;
 constexpr double kLampHeight = 6;
-constexpr double kRadius = 2;
+constexpr double kLampRadius = 2;
 constexpr double kGap = 4;
 
 }  // namespace
@@ -93,7 +93,7 @@ void ClipLamp::paintEvent(QPaintEvent* /*event*/) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(_isLit ? Colors::over() : Colors::overDark());
-  painter.drawRoundedRect(lamp(), kRadius, kRadius);
+  painter.drawRoundedRect(lamp(), kLampRadius, kLampRadius);
   painter.setFont(figureFont());
   const bool isNone = _figure == QStringLiteral("–");
   const QColor plain = isNone || !isEnabled() ? Colors::dimText() : Colors::WHITE();

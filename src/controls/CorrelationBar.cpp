@@ -15,18 +15,18 @@ namespace {
 
 constexpr double kBarTop = 3;
 constexpr double kBarHeight = 6;
-constexpr double kRadius = 3;
+constexpr double kBarRadius = 3;
 constexpr double kMarkWidth = 3;
 constexpr double kMarkHeight = 12;
 
-QAccessibleInterface* makeReadable(CorrelationBar& bar) {
+QAccessibleInterface* makeReadableBar(CorrelationBar& bar) {
   return new FigureAccessible(bar, bar);
 }
 
 }  // namespace
 
 CorrelationBar::CorrelationBar(QWidget* parent) : QWidget(parent) {
-  AccessibleFactory::install<CorrelationBar, makeReadable>();
+  AccessibleFactory::install<CorrelationBar, makeReadableBar>();
   setAccessibleName(tr("Correlation"));
 }
 
@@ -64,7 +64,7 @@ void CorrelationBar::paintEvent(QPaintEvent* /*event*/) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(Colors::ControlColor());
-  painter.drawRoundedRect(QRectF(0, kBarTop, width(), kBarHeight), kRadius, kRadius);
+  painter.drawRoundedRect(QRectF(0, kBarTop, width(), kBarHeight), kBarRadius, kBarRadius);
   if (_value) {
     const double from = std::min(xOf(0), xOf(*_value));
     const double to = std::max(xOf(0), xOf(*_value));

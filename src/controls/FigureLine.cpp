@@ -18,7 +18,7 @@ namespace {
 constexpr int kUnitRoom = 32;  // to the right of the number
 constexpr int kHeight = 18;
 
-QAccessibleInterface* makeReadable(FigureLine& line) {
+QAccessibleInterface* makeReadableLine(FigureLine& line) {
   return new FigureAccessible(line, line);
 }
 
@@ -38,7 +38,7 @@ QFont numberFont(const QFont& from, FigureLine::Look look) {
 
 FigureLine::FigureLine(QString title, QString unit, QWidget* parent)
     : QWidget(parent), _title(std::move(title)), _unit(std::move(unit)) {
-  AccessibleFactory::install<FigureLine, makeReadable>();
+  AccessibleFactory::install<FigureLine, makeReadableLine>();
 }
 
 void FigureLine::setFigure(std::optional<double> figure) {

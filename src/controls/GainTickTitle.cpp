@@ -22,14 +22,14 @@ QRectF hitArea(const QRectF& frame) {
   return {0.0, frame.y() - kReachBelow, frame.x() + frame.width(), frame.height() + kReachBelow};
 }
 
-QAccessibleInterface* makeReadable(GainTickTitle& scale) {
+QAccessibleInterface* makeReadableScale(GainTickTitle& scale) {
   return new ScaleAccessible(scale, scale);
 }
 
 }  // namespace
 
 GainTickTitle::GainTickTitle(QWidget* parent) : QWidget(parent) {
-  AccessibleFactory::install<GainTickTitle, makeReadable>();
+  AccessibleFactory::install<GainTickTitle, makeReadableScale>();
   setAccessibleName(tr("Scale"));
   initUI();
 }

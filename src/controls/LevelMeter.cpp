@@ -14,14 +14,14 @@ namespace {
 
 constexpr double kHoldHeight = 2.0;
 
-QAccessibleInterface* makeReadable(LevelMeter& meter) {
+QAccessibleInterface* makeReadableMeter(LevelMeter& meter) {
   return new LevelMeterAccessible(meter, meter);
 }
 
 }  // namespace
 
 LevelMeter::LevelMeter(QWidget* parent) : QWidget(parent) {
-  AccessibleFactory::install<LevelMeter, makeReadable>();
+  AccessibleFactory::install<LevelMeter, makeReadableMeter>();
   initUI();
 }
 

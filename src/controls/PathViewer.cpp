@@ -13,14 +13,14 @@
 
 namespace {
 
-QAccessibleInterface* makeReadable(PathViewer& path) {
+QAccessibleInterface* makeReadablePath(PathViewer& path) {
   return new PathViewerAccessible(path, [&path] { return path.lastPathComponent(); });
 }
 
 }  // namespace
 
 PathViewer::PathViewer(QWidget* parent) : QWidget(parent) {
-  AccessibleFactory::install<PathViewer, makeReadable>();
+  AccessibleFactory::install<PathViewer, makeReadablePath>();
   setAccessibleName(tr("Current folder"));
   initUI();
 }

@@ -11,14 +11,14 @@
 namespace {
 
 // One that is edited is a field, as the toolkit has it.
-QAccessibleInterface* makeReadable(QComboBox& popup) {
+QAccessibleInterface* makeReadablePopup(QComboBox& popup) {
   return popup.isEditable() ? nullptr : new PopupAccessible(popup);
 }
 
 }  // namespace
 
 void PopupAccessible::install() {
-  AccessibleFactory::install<QComboBox, makeReadable>();
+  AccessibleFactory::install<QComboBox, makeReadablePopup>();
 }
 
 PopupAccessible::PopupAccessible(QComboBox& popup)

@@ -28,14 +28,14 @@ double travel(double length) {
   return length - J4SliderCell::knobDiameter(kKnobSide, kKnobSide);
 }
 
-QAccessibleInterface* makeReadable(Slider& slider) {
+QAccessibleInterface* makeReadableSlider(Slider& slider) {
   return new AdjustableAccessible(&slider, slider, QAccessible::Slider);
 }
 
 }  // namespace
 
 Slider::Slider(QWidget* parent) : QWidget(parent) {
-  AccessibleFactory::install<Slider, makeReadable>();
+  AccessibleFactory::install<Slider, makeReadableSlider>();
   setFocusPolicy(Qt::StrongFocus);
   setCell(std::make_shared<J4SliderCell>());
 }

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr double kRadius = 4;
+constexpr double kScopeRadius = 4;
 constexpr double kFadeTime = 0.12;  // seconds after which a point has a third of its light
 constexpr double kLetter = 16;
 constexpr double kInner = 0.05;     // of the side: the lines keep clear of the middle
@@ -60,7 +60,7 @@ void StereoScope::paintEvent(QPaintEvent* /*event*/) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(Colors::AppBG());
-  painter.drawRoundedRect(rect(), kRadius, kRadius);
+  painter.drawRoundedRect(rect(), kScopeRadius, kScopeRadius);
   drawGraticule(painter);
   if (_points.isDark()) return;
   painter.drawImage(QRectF(0, 0, std::min(width(), height()), std::min(width(), height())),

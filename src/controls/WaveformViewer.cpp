@@ -29,7 +29,7 @@ constexpr double kHeadWidth = 2;
 constexpr double kReadingPadding = 6;
 constexpr double kReadingGap = 10;
 
-QAccessibleInterface* makeReadable(WaveformViewer& viewer) {
+QAccessibleInterface* makeReadableWaveform(WaveformViewer& viewer) {
   return new AdjustableAccessible(&viewer, viewer, QAccessible::Slider);
 }
 
@@ -42,7 +42,7 @@ QString decibels(const QString& channel, float magnitude) {
 }  // namespace
 
 WaveformViewer::WaveformViewer(QWidget* parent) : QWidget(parent) {
-  AccessibleFactory::install<WaveformViewer, makeReadable>();
+  AccessibleFactory::install<WaveformViewer, makeReadableWaveform>();
   setAccessibleName(tr("Waveform"));
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);

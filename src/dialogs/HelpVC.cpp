@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int kTextWidth = 210;
+constexpr int kPageWidth = 210;
 
 std::vector<HelpVC::Line> pointerLines() {
   return {{HelpVC::tr("Waveform"), HelpVC::tr("A click or a drag moves the play head")},
@@ -52,7 +52,7 @@ void HelpVC::addLines(QGridLayout& grid, int column, const QString& heading,
     QLabel* const key = label(line.key);
     key->setWordWrap(false);
     QLabel* const what = label(line.what, "dim");
-    what->setFixedWidth(Appearance::lineWidth(kTextWidth, font()));
+    what->setFixedWidth(Appearance::lineWidth(kPageWidth, font()));
     grid.addWidget(key, row, column, Qt::AlignTop);
     grid.addWidget(what, row++, column + 1, Qt::AlignTop);
   }

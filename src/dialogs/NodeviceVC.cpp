@@ -13,7 +13,7 @@
 namespace {
 
 constexpr QSize kPicture(54, 120);
-constexpr int kTextWidth = 260;
+constexpr int kNoteWidth = 260;
 
 }  // namespace
 
@@ -30,7 +30,7 @@ NodeviceVC::NodeviceVC(QWidget* parent) : DialogWindow(parent) {
   QLabel* const advice =
       label(tr("Connect the recorder over USB and switch it on. Its settings can "
                "be changed here as soon as it is found."));
-  advice->setFixedWidth(Appearance::lineWidth(kTextWidth, font()));
+  advice->setFixedWidth(Appearance::lineWidth(kNoteWidth, font()));
   auto* const text = new QVBoxLayout;
   text->setSpacing(8);
   text->addWidget(label(tr("No recorder is connected"), "heading"), 0, Qt::AlignTop);

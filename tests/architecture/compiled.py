@@ -12,6 +12,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 SOURCES = ROOT / "src"
+TWO_WORDS = {"-isystem", "-MT", "-MF"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 
 
@@ -38,15 +39,33 @@ def compiled(entry):
     return [Path(name) for name in INCLUDE.findall(path.read_text("utf-8"))]
 
 
+def entries(build):
+    """How the targets of src/ are compiled; tests compile some of its sources once more."""
+    for entry in json.loads((build / "compile_commands.json").read_text("utf-8")):
+        words = shlex.split(entry["command"])
+        if words[words.index("-o") + 1].startswith("src/"):
+            yield entry
+
+
 def folders(build):
     """Sources by folder, flags and directory."""
     alike = {}
-    for entry in json.loads((build / "compile_commands.json").read_text("utf-8")):
+    for entry in entries(build):
         for path in compiled(entry):
             if SOURCES in path.parents:
                 key = (path.parent, flags(entry), entry["directory"])
                 alike.setdefault(key, set()).add(path)
     return alike
+
+
+def united(commands):
+    """All flags of all commands, each once, in their order."""
+    kept = {}
+    for command in commands:
+        words = iter(command)
+        for word in words:
+            kept[(word, next(words)) if word in TWO_WORDS else (word,)] = None
+    return [word for words in kept for word in words]
 
 
 def closure(sources, folders):

@@ -4,10 +4,10 @@
 
 clang-tidy with the rules of .clang-tidy over every source under src/ that the build compiles.
 
-Nearly all of its time goes into the headers of libraries, so the sources of a folder are looked at
-in as few pieces as their names allow. A piece without findings is not looked at again before
-something changes that it consists of: its sources, the headers of ours that they include, the rules,
-the compiler's flags or clang-tidy itself.
+Nearly all of its time goes into the headers of libraries, so many sources are looked at in one
+piece, with the flags of all, where their names allow it. A piece without findings is not looked at
+again before something changes that it consists of: its sources, the headers of ours that they
+include, the rules, the compiler's flags or clang-tidy itself.
 """
 
 import json
@@ -20,22 +20,25 @@ import tempfile
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-from compiled import ROOT, SOURCES, Memory, folders, key, version
+from compiled import ROOT, SOURCES, Memory, folders, key, united, version
 
 sys.path.insert(0, str(ROOT / "cmake"))
 from group_sources import group  # noqa: E402
 
+# In one piece: more are hardly quicker, and looked at again whenever one of them changes.
+MOST_SOURCES = 40
 FINDING = re.compile(r"(error|warning): .*\[")
 
 
 def pieces(build):
-    """Lists of sources that are compiled alike and share no name, with their flags."""
-    for (_, command, directory), sources in folders(build).items():
-        ordered = sorted(sources)
-        numbers = group([path.read_text("utf-8") for path in ordered])
+    """Lists of sources that share no name; those that use Qt, and the others."""
+    of_qt, others = set(), set()
+    for (_, flags, _), sources in folders(build).items():
+        (of_qt if any("-DQT_" in flag for flag in flags) else others).update(sources)
+    for ordered in sorted(of_qt), sorted(others - of_qt):
+        numbers = group([path.read_text("utf-8") for path in ordered], MOST_SOURCES)
         for number in sorted(set(numbers)):
-            members = [path for path, own in zip(ordered, numbers) if own == number]
-            yield command, directory, members
+            yield [path for path, own in zip(ordered, numbers) if own == number]
 
 
 def tidy(command, directory, sources):
@@ -44,7 +47,7 @@ def tidy(command, directory, sources):
         piece = Path(folder, "piece.cpp")
         piece.write_text("".join(f'#include "{source}"  // NOLINT\n' for source in sources))
         Path(folder, "compile_commands.json").write_text(json.dumps([{
-            "directory": directory, "file": str(piece),
+            "directory": str(directory), "file": str(piece),
             "command": shlex.join(["c++", *command, "-w", "-c", str(piece)])}]))
         done = subprocess.run(
             ["clang-tidy", "-quiet", f"--config-file={ROOT}/.clang-tidy",
@@ -68,10 +71,11 @@ def main():
     build = Path(sys.argv[1]).resolve()
     rules = version("clang-tidy"), (ROOT / ".clang-tidy").read_text(), Path(__file__).read_text()
     memory = Memory("lint")
+    command = united(sorted(flags for _, flags, _ in folders(build)))
     with ThreadPoolExecutor(os.cpu_count()) as pool:
-        work = [pool.submit(lint, command, directory, sources, memory,
+        work = [pool.submit(lint, command, build, sources, memory,
                             key(command, build, sources, *rules))
-                for command, directory, sources in pieces(build)]
+                for sources in pieces(build)]
         findings = sorted({line for each in work for line in each.result()})
     if not work:
         findings = [f"no source of {SOURCES} is compiled in {build}"]

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr std::uint32_t kRate = 8000;
+constexpr std::uint32_t kLowRate = 8000;
 
 void expectTrue(const Waveform& waveform, const Frames& leftRight) {
   constexpr float kHalfDecibel = 1.0593F;
@@ -35,8 +35,8 @@ void expectTrue(const Waveform& waveform, const Frames& leftRight) {
 }  // namespace
 
 TEST(CloseUpTest, EachColumnIsTrueHoweverNarrow) {
-  const Frames midSide = TestTake::wandering(kRate, 6, 5);
-  const auto reader = TestTake::reader(midSide, kRate, true);
+  const Frames midSide = TestTake::wandering(kLowRate, 6, 5);
+  const auto reader = TestTake::reader(midSide, kLowRate, true);
   for (const std::uint64_t length : {1U, 5U, 300U, 2400U, 40000U}) {
     const auto closeUp = CloseUp::read(*reader, 7001, 7001 + length, 300);
     ASSERT_TRUE(closeUp);
@@ -48,15 +48,15 @@ TEST(CloseUpTest, EachColumnIsTrueHoweverNarrow) {
 }
 
 TEST(CloseUpTest, TakesThatAreNotRawReadAsTheyAre) {
-  const Frames frames = TestTake::decoded(TestTake::wandering(kRate, 2, 8), 110);
-  const auto reader = TestTake::reader(frames, kRate, false);
+  const Frames frames = TestTake::decoded(TestTake::wandering(kLowRate, 2, 8), 110);
+  const auto reader = TestTake::reader(frames, kLowRate, false);
   const auto closeUp = CloseUp::read(*reader, 100, 9000, 77);
   ASSERT_TRUE(closeUp);
   expectTrue(closeUp->at(3, 0), frames);
 }
 
 TEST(CloseUpTest, AGainIsAFactor) {
-  const auto reader = TestTake::reader(TestTake::wandering(kRate, 2, 8), kRate, true);
+  const auto reader = TestTake::reader(TestTake::wandering(kLowRate, 2, 8), kLowRate, true);
   const auto closeUp = CloseUp::read(*reader, 4000, 4100, 5);
   const Waveform plain = closeUp->at(100, 0);
   const Waveform louder = closeUp->at(100, 20);
@@ -68,13 +68,13 @@ TEST(CloseUpTest, AGainIsAFactor) {
 TEST(CloseUpTest, WhatIsNotANumberCountsAsNothing) {
   Frames frames(2 * 100, 0.25F);
   frames[2 * 50] = std::numeric_limits<float>::quiet_NaN();
-  const auto reader = TestTake::reader(frames, kRate, true);
+  const auto reader = TestTake::reader(frames, kLowRate, true);
   const Waveform waveform = CloseUp::read(*reader, 0, 100, 10)->at(120, 0);
   EXPECT_NEAR(waveform.columns[5].greatestLeft, 0.5, 1e-5);
 }
 
 TEST(CloseUpTest, KnowsWhatItIsOf) {
-  const auto reader = TestTake::reader(Frames(2 * 100), kRate, true);
+  const auto reader = TestTake::reader(Frames(2 * 100), kLowRate, true);
   const auto closeUp = CloseUp::read(*reader, 10, 1000, 10);
   EXPECT_TRUE(closeUp->isOf(10, 100, 10)) << "to the end of the take";
   EXPECT_FALSE(closeUp->isOf(10, 100, 11));
@@ -84,7 +84,7 @@ TEST(CloseUpTest, KnowsWhatItIsOf) {
 }
 
 TEST(CloseUpTest, CancelEndsIt) {
-  const auto reader = TestTake::reader(Frames(2 * kRate), kRate, true);
+  const auto reader = TestTake::reader(Frames(2 * kLowRate), kLowRate, true);
   const std::atomic<bool> cancel{true};
-  EXPECT_FALSE(CloseUp::read(*reader, 0, kRate, 4, &cancel));
+  EXPECT_FALSE(CloseUp::read(*reader, 0, kLowRate, 4, &cancel));
 }

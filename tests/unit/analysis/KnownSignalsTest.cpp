@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr std::uint32_t kRate = 48000;
+constexpr std::uint32_t kSignalRate = 48000;
 constexpr double kLoudnessTolerance = 0.1;
 
 using Check = std::function<void(const TakeAnalysis& analysis, int width)>;
@@ -27,12 +27,13 @@ struct Step {
 
 Frames steps(const std::vector<Step>& all) {
   Frames frames;
-  for (const Step& step : all) TestTake::addSine(frames, kRate, step.seconds, step.level);
+  for (const Step& step : all) TestTake::addSine(frames, kSignalRate, step.seconds, step.level);
   return frames;
 }
 
 // As Left and Right, then as Mid and Side.
-void expectAtEveryWidth(const Frames& leftRight, const Check& check, std::uint32_t rate = kRate) {
+void expectAtEveryWidth(const Frames& leftRight, const Check& check,
+                        std::uint32_t rate = kSignalRate) {
   check(*TestTake::analyse(leftRight, rate, false), 120);
   for (const int width : {60, 120, 150}) {
     SCOPED_TRACE(width);
@@ -65,7 +66,7 @@ void expectTruePeak(const Frames& frames, double wanted) {
 
 // Fades of 10 ms.
 void fade(Frames& frames) {
-  constexpr std::size_t kLength = kRate / 100;
+  constexpr std::size_t kLength = kSignalRate / 100;
   const std::size_t count = frames.size() / 2;
   for (std::size_t i = 0; i < kLength; ++i) {
     const float factor = static_cast<float>(i) / kLength;
@@ -78,7 +79,8 @@ void fade(Frames& frames) {
 
 Frames tone(double amplitude, double divisor, double phase) {
   Frames frames;
-  TestTake::addSine(frames, kRate, 1, 20 * std::log10(amplitude), kRate / divisor, phase);
+  TestTake::addSine(frames, kSignalRate, 1, 20 * std::log10(amplitude), kSignalRate / divisor,
+                    phase);
   fade(frames);
   return frames;
 }
@@ -152,7 +154,7 @@ TEST(KnownSignalsTest, Case9ShortTermIsConstant) {
   std::vector<Step> all;
   for (int i = 0; i < 5; ++i) all.insert(all.end(), {{-20, 1.34}, {-30, 1.66}});
   expectAtEveryWidth(steps(all), [](const TakeAnalysis& analysis, int width) {
-    for (std::uint64_t frame = 3 * kRate; frame < analysis.layout().frames(); frame += 4800) {
+    for (std::uint64_t frame = 3 * kSignalRate; frame < analysis.layout().frames(); frame += 4800) {
       EXPECT_NEAR(analysis.shortTermLufs(width, 0, frame).value_or(-99), -23, kLoudnessTolerance);
     }
   });
@@ -163,16 +165,16 @@ TEST(KnownSignalsTest, Case10And13TonesThatBeginAnywhere) {
     SCOPED_TRACE(i);
     for (const double seconds : {3.0, 0.4}) {
       Frames frames;
-      TestTake::addSilence(frames, kRate, i * 0.15);
-      TestTake::addSine(frames, kRate, seconds, -23);
-      TestTake::addSilence(frames, kRate, 1);
+      TestTake::addSilence(frames, kSignalRate, i * 0.15);
+      TestTake::addSine(frames, kSignalRate, seconds, -23);
+      TestTake::addSilence(frames, kSignalRate, 1);
       const auto check = [seconds](const TakeAnalysis& analysis, int width) {
         const TakeFigures figures = analysis.at(width, 0);
         const auto found = seconds > 1 ? figures.shortTermMaxLufs : figures.momentaryMaxLufs;
         EXPECT_NEAR(found.value_or(-99), -23, kLoudnessTolerance);
       };
-      check(*TestTake::analyse(frames, kRate, false), 120);
-      check(*TestTake::analyse(TestTake::encoded(frames, 90), kRate, true), 90);
+      check(*TestTake::analyse(frames, kSignalRate, false), 120);
+      check(*TestTake::analyse(TestTake::encoded(frames, 90), kSignalRate, true), 90);
     }
   }
 }
@@ -183,7 +185,7 @@ TEST(KnownSignalsTest, Case11And14StepsAreFollowed) {
     for (int level = -38; level <= -19; ++level) all.push_back({level + 0.0, seconds});
     expectAtEveryWidth(steps(all), [seconds](const TakeAnalysis& analysis, int width) {
       for (int i = 0; i < 20; ++i) {
-        const auto last = static_cast<std::uint64_t>((i + 1) * seconds * kRate) - 1;
+        const auto last = static_cast<std::uint64_t>((i + 1) * seconds * kSignalRate) - 1;
         const auto found = seconds > 1 ? analysis.shortTermLufs(width, 0, last)
                                        : analysis.momentaryLufs(width, 0, last);
         EXPECT_NEAR(found.value_or(-99), i - 38, kLoudnessTolerance);
@@ -196,7 +198,7 @@ TEST(KnownSignalsTest, Case12MomentaryIsConstant) {
   std::vector<Step> all;
   for (int i = 0; i < 25; ++i) all.insert(all.end(), {{-20, 0.18}, {-30, 0.22}});
   expectAtEveryWidth(steps(all), [](const TakeAnalysis& analysis, int width) {
-    for (std::uint64_t frame = kRate; frame < analysis.layout().frames(); frame += 4800) {
+    for (std::uint64_t frame = kSignalRate; frame < analysis.layout().frames(); frame += 4800) {
       EXPECT_NEAR(analysis.momentaryLufs(width, 0, frame).value_or(-99), -23, kLoudnessTolerance);
     }
   });
@@ -229,7 +231,7 @@ TEST(KnownSignalsTest, Range1To4) {
 
 TEST(KnownSignalsTest, ScaleOf997HertzInOneChannel) {
   Frames frames;
-  TestTake::addSine(frames, kRate, 10, 0, 997);
+  TestTake::addSine(frames, kSignalRate, 10, 0, 997);
   for (std::size_t i = 1; i < frames.size(); i += 2) frames[i] = 0;
   expectAtEveryWidth(frames, [](const TakeAnalysis& analysis, int width) {
     EXPECT_NEAR(analysis.at(width, 0).integratedLufs.value_or(-99), -3.01, 0.01);

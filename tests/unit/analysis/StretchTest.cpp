@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr std::uint32_t kRate = 16000;
+constexpr std::uint32_t kMiddleRate = 16000;
 
 struct Stretch {
   std::uint64_t from;
@@ -38,11 +38,11 @@ constexpr Stretch kStretches[] = {{0, 16000},      {1, 2},          {777, 100003
 }  // namespace
 
 TEST(StretchTest, AnalysedByItselfIsTheAnalysisOfTheStretchCutOut) {
-  const Frames frames = TestTake::wandering(kRate, 12, 1);
+  const Frames frames = TestTake::wandering(kMiddleRate, 12, 1);
   for (const Stretch& stretch : kStretches) {
     if (stretch.from > stretch.to) continue;
-    const auto got = TestTake::analyse(frames, kRate, true, only(stretch));
-    const auto wanted = TestTake::analyse(cutOut(frames, stretch), kRate, true);
+    const auto got = TestTake::analyse(frames, kMiddleRate, true, only(stretch));
+    const auto wanted = TestTake::analyse(cutOut(frames, stretch), kMiddleRate, true);
     EXPECT_EQ(got->findings().blocks, wanted->findings().blocks);
     EXPECT_EQ(got->findings().keys, wanted->findings().keys);
     EXPECT_EQ(got->findings().peakKeys, wanted->findings().peakKeys);
@@ -52,19 +52,22 @@ TEST(StretchTest, AnalysedByItselfIsTheAnalysisOfTheStretchCutOut) {
 }
 
 TEST(StretchTest, OutsideTheTakeThereIsNothing) {
-  const Frames frames = TestTake::wandering(kRate, 1, 1);
-  EXPECT_EQ(TestTake::analyse(frames, kRate, true, only({20000, 30000}))->layout().frames(), 0U);
-  EXPECT_EQ(TestTake::analyse(frames, kRate, true, only({100, 50}))->layout().frames(), 0U);
-  EXPECT_EQ(TestTake::analyse(frames, kRate, true, only({100, ~0ULL}))->layout().frames(), 15900U);
+  const Frames frames = TestTake::wandering(kMiddleRate, 1, 1);
+  EXPECT_EQ(TestTake::analyse(frames, kMiddleRate, true, only({20000, 30000}))->layout().frames(),
+            0U);
+  EXPECT_EQ(TestTake::analyse(frames, kMiddleRate, true, only({100, 50}))->layout().frames(), 0U);
+  EXPECT_EQ(TestTake::analyse(frames, kMiddleRate, true, only({100, ~0ULL}))->layout().frames(),
+            15900U);
 }
 
 // On whole blocks only what the filters carry over from before makes a difference.
 TEST(StretchTest, LoudnessOfAStretchOfBlocksIsThatOfTheStretchCutOut) {
-  const Frames frames = TestTake::wandering(kRate, 30, 2);
-  const auto analysis = TestTake::analyse(frames, kRate, true);
+  const Frames frames = TestTake::wandering(kMiddleRate, 30, 2);
+  const auto analysis = TestTake::analyse(frames, kMiddleRate, true);
   for (const Stretch stretch : {Stretch{16000, 200000}, Stretch{112000, 400000},
                                 Stretch{320000, 480000}, Stretch{160000, 256000}}) {
-    const TakeFigures wanted = TestTake::analyse(cutOut(frames, stretch), kRate, true)->at(90, 1);
+    const TakeFigures wanted =
+        TestTake::analyse(cutOut(frames, stretch), kMiddleRate, true)->at(90, 1);
     const TakeFigures got = analysis->at(90, 1, stretch.from, stretch.to);
     EXPECT_NEAR(got.integratedLufs.value_or(9), wanted.integratedLufs.value_or(99), 0.05);
     EXPECT_NEAR(got.shortTermMaxLufs.value_or(9), wanted.shortTermMaxLufs.value_or(99), 0.05);
@@ -75,13 +78,13 @@ TEST(StretchTest, LoudnessOfAStretchOfBlocksIsThatOfTheStretchCutOut) {
 }
 
 TEST(StretchTest, PeaksAreBoundsThatAreCloseAndNeverLow) {
-  const Frames frames = TestTake::wandering(kRate, 12, 3);
-  const auto analysis = TestTake::analyse(frames, kRate, true);
+  const Frames frames = TestTake::wandering(kMiddleRate, 12, 3);
+  const auto analysis = TestTake::analyse(frames, kMiddleRate, true);
   for (const Stretch& stretch : kStretches) {
     if (stretch.from > stretch.to) continue;
     for (const int width : {0, 60, 133}) {
       const TakeFigures wanted =
-          TestTake::analyse(cutOut(frames, stretch), kRate, true)->at(width, 2);
+          TestTake::analyse(cutOut(frames, stretch), kMiddleRate, true)->at(width, 2);
       const TakeFigures got = analysis->at(width, 2, stretch.from, stretch.to);
       EXPECT_TRUE(got.arePeaksBounds);
       EXPECT_GE(got.peakLeft, wanted.peakLeft);
@@ -93,16 +96,16 @@ TEST(StretchTest, PeaksAreBoundsThatAreCloseAndNeverLow) {
 }
 
 TEST(StretchTest, TheWholeTakeIsExact) {
-  const Frames frames = TestTake::wandering(kRate, 5, 4);
-  const auto analysis = TestTake::analyse(frames, kRate, true);
+  const Frames frames = TestTake::wandering(kMiddleRate, 5, 4);
+  const auto analysis = TestTake::analyse(frames, kMiddleRate, true);
   const TakeFigures figures = analysis->at(60, 0, 0, ~0ULL);
   EXPECT_FALSE(figures.arePeaksBounds);
   EXPECT_EQ(figures.truePeakDbtp, analysis->at(60, 0).truePeakDbtp);
 }
 
 TEST(StretchTest, AnEmptyStretchHasNoFigures) {
-  const Frames frames = TestTake::wandering(kRate, 5, 4);
-  const TakeFigures figures = TestTake::analyse(frames, kRate, true)->at(60, 0, 5000, 5000);
+  const Frames frames = TestTake::wandering(kMiddleRate, 5, 4);
+  const TakeFigures figures = TestTake::analyse(frames, kMiddleRate, true)->at(60, 0, 5000, 5000);
   EXPECT_FALSE(figures.integratedLufs);
   EXPECT_FALSE(figures.samplePeakDbfs);
   EXPECT_FALSE(figures.correlation);

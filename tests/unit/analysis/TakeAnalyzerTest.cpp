@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr std::uint32_t kRate = 48000;
+constexpr std::uint32_t kTakeRate = 48000;
 
 void expectSame(const TakeAnalysis& got, const TakeAnalysis& wanted) {
   EXPECT_EQ(got.findings().blocks, wanted.findings().blocks);
@@ -38,32 +38,32 @@ class TakeAnalyzerTest : public testing::Test {
 
   std::unique_ptr<WaveFileReader> openFile() {
     std::string whyNot;
-    auto reader =
-        WaveFileReader::openFile(_folder.file("take.wav", TestTake::file(_frames, kRate)), whyNot);
+    auto reader = WaveFileReader::openFile(
+        _folder.file("take.wav", TestTake::file(_frames, kTakeRate)), whyNot);
     reader->setIsBoMSFormat(true);
     return reader;
   }
 
   TemporaryFolder _folder;
-  const Frames _frames = TestTake::wandering(kRate, 14.2, 1);  // four units
+  const Frames _frames = TestTake::wandering(kTakeRate, 14.2, 1);  // four units
 };
 
 }  // namespace
 
 TEST_F(TakeAnalyzerTest, AnyNumberOfWorkersFindsTheSame) {
-  const auto wanted = TestTake::analyse(_frames, kRate, true, workers(1));
+  const auto wanted = TestTake::analyse(_frames, kTakeRate, true, workers(1));
   for (const unsigned count : {0U, 2U, 3U, 16U}) {
-    expectSame(*TestTake::analyse(_frames, kRate, true, workers(count)), *wanted);
+    expectSame(*TestTake::analyse(_frames, kTakeRate, true, workers(count)), *wanted);
   }
 }
 
 TEST_F(TakeAnalyzerTest, AFileOnDiskIsReadAsOneInMemory) {
-  const auto wanted = TestTake::analyse(_frames, kRate, true);
+  const auto wanted = TestTake::analyse(_frames, kTakeRate, true);
   expectSame(*TakeAnalyzer(*openFile()).wait(), *wanted);
 }
 
 TEST_F(TakeAnalyzerTest, ASlowMediumMakesNoDifference) {
-  const auto wanted = TestTake::analyse(_frames, kRate, true);
+  const auto wanted = TestTake::analyse(_frames, kTakeRate, true);
   const auto reader = openFile();
   SlowReads::limit(_folder.path().native(), 40'000'000);
   double last = 0;
@@ -99,7 +99,7 @@ TEST_F(TakeAnalyzerTest, ATenthOfASecondOfASlowMediumTellsMore) {
 }
 
 TEST_F(TakeAnalyzerTest, TheLastReportIsThatAllIsDoneHoweverEarlyItWas) {
-  const auto reader = TestTake::reader({0.5F, 0.25F}, kRate, true);
+  const auto reader = TestTake::reader({0.5F, 0.25F}, kTakeRate, true);
   TakeAnalyzer analyzer(*reader);
   while (!analyzer.isFinished()) std::this_thread::yield();
   std::vector<double> reports;
@@ -108,7 +108,7 @@ TEST_F(TakeAnalyzerTest, TheLastReportIsThatAllIsDoneHoweverEarlyItWas) {
 }
 
 TEST_F(TakeAnalyzerTest, UnitsInAnyOrderFindTheSame) {
-  const auto wanted = TestTake::analyse(_frames, kRate, true);
+  const auto wanted = TestTake::analyse(_frames, kTakeRate, true);
   const auto reader = openFile();
   SlowReads::limit(_folder.path().native(), 40'000'000);
   for (const std::uint64_t frame : {600000ULL, 200000ULL, ~0ULL}) {
@@ -121,7 +121,7 @@ TEST_F(TakeAnalyzerTest, UnitsInAnyOrderFindTheSame) {
 }
 
 TEST_F(TakeAnalyzerTest, ShowsWhatHasComeSoFarFromWhereSomeoneLooks) {
-  const auto wanted = TestTake::analyse(_frames, kRate, true);
+  const auto wanted = TestTake::analyse(_frames, kTakeRate, true);
   const auto reader = openFile();
   SlowReads::limit(_folder.path().native(), 3'000'000);
   TakeAnalyzer analyzer(*reader, workers(1));
@@ -187,7 +187,7 @@ TEST_F(TakeAnalyzerTest, AFileThatBecomesShorterIsAFailure) {
 
 TEST_F(TakeAnalyzerTest, TheResultOfAnHourIsAtMostEightMebibytes) {
   constexpr std::size_t kSeconds = 60;
-  const auto analysis = TestTake::analyse(Frames(2 * kSeconds * kRate), kRate, true);
+  const auto analysis = TestTake::analyse(Frames(2 * kSeconds * kTakeRate), kTakeRate, true);
   constexpr std::size_t kHour = 3600 / kSeconds;
   EXPECT_LE(analysis->memory() * kHour, std::size_t{8} << 20);
 }
