@@ -12,11 +12,11 @@
 /// Loudness of a take at any mix of its two channels (ITU-R BS.1770, EBU Tech 3341 and 3342), from
 /// the K-weighted sums of its blocks. Immutable; safe on any thread.
 ///
-/// Momentary is a window of 4 blocks that moves by half a block, short-term one of 30 that moves by a
-/// block. Integrated
-/// loudness is gated at -70 LUFS and 10 LU under the mean of what is left; the range takes a
-/// short-term value every second, gated at -70 LUFS and 20 LU under their mean, from the 10th to
-/// the 95th in a hundred. Windows that touch a block that has not been read do not count.
+/// Momentary is a window of 4 blocks that moves by half a block, short-term one of 30 that moves by
+/// a block. Integrated loudness is gated at -70 LUFS and 10 LU under the mean of what is left; the
+/// range takes a short-term value every second, gated at -70 LUFS and 20 LU under their mean, from
+/// the 10th to the 95th in a hundred. Windows that touch a block that has not been read do not
+/// count.
 class Loudness {
  public:
   static constexpr std::size_t kMomentaryBlocks = 4;

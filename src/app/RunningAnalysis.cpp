@@ -9,9 +9,8 @@
 
 namespace {
 
-constexpr int kLook = 60;        // ms from one picture to the next look: ten pictures a second
-constexpr int kLookAgain = 20;   // ms, where nothing more was known
-constexpr int kShareOfLook = 1;  // a copy of a long take may take half of the time
+constexpr int kLook = 60;       // ms from one picture to the next look: ten pictures a second
+constexpr int kLookAgain = 20;  // ms, where nothing more was known
 
 // One processor is left to the player and the window.
 unsigned workers() {
@@ -99,7 +98,8 @@ void RunningAnalysis::take(std::shared_ptr<const TakeAnalysis> known, double pro
     if (_analyzer) keep();
     _analyzer.reset();
   } else {
-    _timerMeasured.start(std::max(kLook, static_cast<int>(_fetched.elapsed()) * kShareOfLook));
+    // A copy of a long take takes half of the time at most.
+    _timerMeasured.start(std::max(kLook, static_cast<int>(_fetched.elapsed())));
   }
   emit measured();
 }

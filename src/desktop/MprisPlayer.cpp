@@ -55,9 +55,9 @@ void MprisPlayer::PlayPause() {
 void MprisPlayer::Seek(qlonglong offset) {
   const auto take = _player.take();
   if (!take) return;
-  const qlonglong wanted = position() + offset;
-  if (wanted > take->length) return _player.next();
-  _player.goTo(std::max<qlonglong>(wanted, 0));
+  const qlonglong now = position();
+  if (offset > take->length - now) return _player.next();
+  _player.goTo(now + std::max(offset, -now));
 }
 
 void MprisPlayer::SetPosition(const QDBusObjectPath& track, qlonglong position) {

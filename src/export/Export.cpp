@@ -162,6 +162,7 @@ std::string Export::whyNot(const std::filesystem::path& path, bool is24bit) cons
 std::string Export::whyNotAtAll(const std::filesystem::path& path, bool is24bit) const {
   if (!_isFileValid || !_reader->image()) return "No recording is open";
   if (isSource(path)) return "The target is the source itself";
+  if (_kept.isCutShort()) return "Markers and descriptions of the recording cannot be read";
   if (_longOutput == LongOutput::Rf64 || !isRf64(is24bit)) return {};
   return fmt::format("The export would take {} bytes; a WAVE file ends at 4 GiB",
                      outputSize(is24bit));

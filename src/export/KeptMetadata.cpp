@@ -111,6 +111,7 @@ void KeptMetadata::takeExtension(std::span<const std::uint8_t> bext, const Frame
 void KeptMetadata::takeChunk(const WaveFileReader& source, const ChunkInfo& chunk,
                              const FrameRange& range) {
   const WavArray data = source.getChunkData(chunk);
+  _isCutShort |= data.length < chunk.chunkSize;
   const auto held = std::as_bytes(std::span(data.bytes, data.length));
   Chunk kept{identifierOf(chunk), {held.begin(), held.end()}};
   const bool isStretch = range.first > 0 || range.end < source.frameCount();

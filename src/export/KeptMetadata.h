@@ -40,6 +40,8 @@ class KeptMetadata {
   /// "?".
   void putInto(BextChunkInfo& info) const;
   [[nodiscard]] const std::vector<Chunk>& chunks() const { return _chunks; }
+  /// Whether a chunk could not be read as a whole.
+  [[nodiscard]] bool isCutShort() const { return _isCutShort; }
   /// Bytes of the chunks with their headers.
   [[nodiscard]] std::uint64_t size() const;
 
@@ -52,4 +54,5 @@ class KeptMetadata {
   std::string _history;
   std::int64_t _timeReference = 0;
   std::vector<Chunk> _chunks;
+  bool _isCutShort = false;
 };

@@ -12,12 +12,12 @@
 /// Whether the recording of a take broke off before its sizes were written, and what can be had of
 /// it. Sizes and positions in bytes. Plain data: one thread at a time.
 ///
-/// Broken is a data or file size of none, of more than the file holds, or of less than there is (the
-/// file's less than the data, the data's by whole 4 GiB), half a frame at the end of the data, and
-/// zeros after the end that the file states: such a tail is room that was kept for
-/// sound that never came. Where the size of the sound is not known the zeros at its end are taken
-/// for that, too, from 512 of them on; where it is known they are silence and belong to the take.
-/// The sound of another, deleted file in that room cannot be told from that of the take.
+/// Broken is a data or file size of none, of more than the file holds, or of less than there is
+/// (the file's less than the data, the data's by whole 4 GiB), half a frame at the end of the data,
+/// and zeros after the end that the file states: such a tail is room that was kept for sound that
+/// never came. Where the size of the sound is not known the zeros at its end are taken for that,
+/// too, from 512 of them on; where it is known they are silence and belong to the take. The sound
+/// of another, deleted file in that room cannot be told from that of the take.
 struct TakeDiagnosis {
   enum class State { Sound, Broken, Hopeless };
 

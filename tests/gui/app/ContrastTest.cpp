@@ -59,11 +59,12 @@ class Contrast : public WindowFixture {
     startOnTakes();
     open("R0001.WAV");
     // Until the meters show what is heard.
-    for (int i = 0; i < 100; ++i) {
+    const auto isShown = [this] {
       play(50);
       _window = view().grab().toImage().convertToFormat(QImage::Format_RGB32);
-      if (of(*stage().lvlLeft) >= kControl && of(*stage().lvlRight) >= kControl) break;
-    }
+      return of(*stage().lvlLeft) >= kControl && of(*stage().lvlRight) >= kControl;
+    };
+    waitFor(isShown, "the meters");
   }
   void TearDown() override { end(); }
 

@@ -116,6 +116,7 @@ TEST_F(Keys, ClearPeaksAndTheirLamps) {
   open("R0001.WAV");
   setGain(12);
   play(400);
+  letLevelsArrive();
   controller().updateLevelMeter(0.033);
   ASSERT_TRUE(stage().clipLeft->isLit());
   press(Qt::Key_K, Qt::ControlModifier);

@@ -38,11 +38,6 @@ class Playback : public WindowFixture {
   static int alphaOf(const QLabel& label) {
     return label.palette().color(QPalette::WindowText).alpha();
   }
-  /// Until what the meters show next is at hand; the time limit of the test is the only one.
-  void letLevelsArrive() {
-    const double time = player().curremtTime();
-    while (!controller().exportJob()->reader()->follow(time, time + 1.0)) std::this_thread::yield();
-  }
   [[nodiscard]] QTimer* timer(const char* name) { return controller().findChild<QTimer*>(name); }
   /// Where a position slider's knob stands for a fraction.
   [[nodiscard]] QPointF onTime(double fraction) const {

@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QSignalSpy>
 #include <QTest>
+#include <thread>
 
 #include "base/Utility.h"
 #include "base/Version.h"
@@ -148,6 +149,12 @@ void WindowFixture::play(int milliseconds) {
     clock.advance(std::min(rest, kStep));
     QCoreApplication::processEvents();
   }
+}
+
+void WindowFixture::letLevelsArrive() {
+  WaveFileReader& reader = *controller().exportJob()->reader();
+  const double time = player().curremtTime();
+  while (!reader.follow(time, time + 1.0)) std::this_thread::yield();
 }
 
 void WindowFixture::plugIn() {

@@ -63,6 +63,8 @@ class WindowFixture : public testing::Test, protected Screen {
   /// Lets music play; the timers of the window do not run by themselves meanwhile. Unless told that
   /// the medium is slow, time stands still until what is to be heard has been read.
   void play(int milliseconds);
+  /// Until what the meters show next is at hand; the time limit of the test is the only one.
+  void letLevelsArrive();
 
   void plugIn();
   void pullOut();

@@ -120,6 +120,18 @@ TEST_F(KeptMetadataTest, ChunksFollowTheSamplesAndEachIsEven) {
   EXPECT_EQ(_reader->frameCount(), 10U);
 }
 
+TEST_F(KeptMetadataTest, WhatCannotBeReadAnyMoreRefusesTheExport) {
+  const auto source = _folder.file("in.wav", take());
+  Export job(source);
+  std::filesystem::resize_file(source, std::filesystem::file_size(source) - 24);  // of iXML, smpl
+  job.setKeepMetadata(true);
+  EXPECT_FALSE(job.export2File(target(), true, false));
+  EXPECT_EQ(job.failure(), "Markers and descriptions of the recording cannot be read");
+  EXPECT_FALSE(std::filesystem::exists(target()));
+  job.setKeepMetadata(false);
+  EXPECT_TRUE(job.export2File(target(), true, false)) << job.failure();
+}
+
 TEST_F(KeptMetadataTest, TheSamplesAreTheSame) {
   const ByteView plain = exportOf(take(), {false, {}});
   const ByteView kept = exportOf(take(), {});
