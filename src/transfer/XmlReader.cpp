@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::string_view kSpace = " \t\r\n";
 constexpr std::string_view kNameEnd = " \t\r\n=/><\"'";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::uint32_t kMostCodePoint = 0x10FFFF;
 
 struct Entity {
@@ -99,14 +100,23 @@ std::string xmlEscaped(std::string_view text) {
   return escaped;
 }
 
-XmlReader::XmlReader(std::string_view document) : _rest(document), _isBroken(!canBeXml(document)) {}
+XmlReader::XmlReader(std::string_view document) : _rest(document), _isBroken(!canBeXml(document)) {
+  take(kByteOrderMark);
+}
 
 XmlReader::Token XmlReader::broken() {
   _isBroken = true;
   return Token::Broken;
 }
 
+// An empty piece of data is none.
 XmlReader::Token XmlReader::next() {
+  Token token = nextPiece();
+  while (token == Token::Text && _text.empty()) token = nextPiece();
+  return token;
+}
+
+XmlReader::Token XmlReader::nextPiece() {
   if (_isBroken) return Token::Broken;
   if (_isEmptyElement) return takeEnd();
   if (!skipMarkup()) return broken();
@@ -165,7 +175,7 @@ XmlReader::Token XmlReader::takeData() {
   if (_open.empty() || end == std::string_view::npos) return broken();
   _text = _rest.substr(0, end);
   _rest.remove_prefix(end + 3);
-  return _text.empty() ? next() : Token::Text;
+  return Token::Text;
 }
 
 XmlReader::Token XmlReader::takeStart() {

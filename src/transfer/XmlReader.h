@@ -11,7 +11,8 @@
 /// Reads the elements, attributes and texts of an XML document, one after the other: as much of XML
 /// as manifests are made of. Names lose their prefixes; comments, instructions and the declaration
 /// are passed over. A document type, an entity of its own and whatever is not well-formed end it as
-/// broken. The document has to be UTF-8 and to outlive the reader. One thread at a time.
+/// broken. The document has to be UTF-8, with or without a byte order mark, and to outlive the
+/// reader. One thread at a time.
 class XmlReader {
  public:
   enum class Token { Start, End, Text, Done, Broken };
@@ -34,6 +35,7 @@ class XmlReader {
   void skipSpace();
   bool take(std::string_view what);
   std::string_view takeName();
+  Token nextPiece();
   Token takeText();
   Token takeData();
   Token takeStart();

@@ -89,6 +89,19 @@ TEST(XmlReaderTest, ADeepDocumentIsBroken) {
   EXPECT_NE(nested(XmlReader::kMostDepth + 1).find('!'), std::string::npos);
 }
 
+TEST(XmlReaderTest, AnyNumberOfEmptyPiecesOfDataIsPassedOver) {
+  std::string text = "<x>";
+  for (int i = 0; i < 100'000; ++i) text += "<![CDATA[]]>";
+  EXPECT_EQ(told(text + "<![CDATA[a]]></x>"), "<x'a'>x");
+  EXPECT_EQ(told(text), "<x!");
+}
+
+TEST(XmlReaderTest, AByteOrderMarkMayStandInFront) {
+  EXPECT_EQ(told("\xEF\xBB\xBF<?xml version='1.0'?><x/>"), "<x>x");
+  EXPECT_EQ(told("<x>\xEF\xBB\xBF</x>"), "<x'\xEF\xBB\xBF'>x") << "elsewhere it is a text";
+  EXPECT_EQ(told("\xEF\xBB\xBF\xEF\xBB\xBF<x/>"), "!");
+}
+
 TEST(XmlReaderTest, WhatIsEscapedReadsAsItWas) {
   const std::string text = "<a & b> \"c\" 'd'\t\r\n\u20AC";
   EXPECT_EQ(told("<x a='" + xmlEscaped(text) + "'/>"), "<x" + text + ">x");
