@@ -100,9 +100,11 @@ class Search {
     return size > _image.size() - kChunkHeader ? _image.size() + 1 : size + kChunkHeader;
   }
 
-  // An empty data chunk in a file that is whole is a take without sound; a size that just fits what
+  // What says that the size stands elsewhere says nothing where there is no such place. An empty
+  // data chunk in a file that is whole is a take without sound; a size that just fits what
   // the file holds but for a multiple of 4 GiB has passed what its field holds.
   [[nodiscard]] bool isSizeKnown() {
+    if (!_sizes && _stated == LongSizes::kElsewhere) return false;
     if (_stated == 0) return riffEnd() == _image.size() && hasOnlyChunksAfter();
     const bool hasWrapped =
         !_sizes && _held > _stated && static_cast<std::uint32_t>(_held) == _stated;

@@ -7,10 +7,13 @@
 
 #include <atomic>
 #include <cstdint>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
 #include "support/ByteBuilder.h"
+#include "support/TemporaryFolder.h"
 #include "support/WaveBytes.h"
 
 namespace {
@@ -163,6 +166,19 @@ TEST(TakeDiagnosisTest, LongTakesHaveTheirSizesElsewhere) {
               ElementsAre("the file states 18446744073709551615 bytes, and has 680"));
   const Bytes without = WaveBytes().format24().chunk("data", kElsewhere, loud(600)).getLong();
   EXPECT_EQ(diagnose(without).keptBytes, 600U);
+}
+
+// Nearly nothing of it is on the disk.
+TEST(TakeDiagnosisTest, ASizeThatStandsElsewhereIsNotOneThatALongFileHolds) {
+  const TemporaryFolder folder;
+  const auto path = folder.file("take.WAV", take(kElsewhere, {}));
+  constexpr std::uint64_t kFrames = (std::uint64_t{1} << 32) / 6 + 1000;
+  std::filesystem::resize_file(path, 44 + (kFrames - 1) * 6);
+  std::ofstream(path, std::ios::app | std::ios::binary) << "loud!!";
+  std::string whyNot;
+  const TakeDiagnosis found = TakeDiagnosis::of(*WaveImage::fromFile(path, whyNot));
+  EXPECT_EQ(found.state, State::Broken);
+  EXPECT_EQ(found.keptBytes, kFrames * 6);
 }
 
 TEST(TakeDiagnosisTest, WhatIsNoTakeCannotBeHelped) {
