@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <new>
 #include <system_error>
+#include <utility>
 
 #include "transfer/ContentHash.h"
 
@@ -32,14 +33,14 @@ void MediumFile::Release::operator()(std::byte* block) const {
 }
 
 MediumFile::MediumFile(const std::filesystem::path& path, Way way)
-    : _block(static_cast<std::byte*>(std::aligned_alloc(kAlignment, kBlock))) {
+    : _path(path), _block(static_cast<std::byte*>(std::aligned_alloc(kAlignment, kBlock))) {
   if (!_block) throw std::bad_alloc();
-  open(path, way);
+  open(way);
 }
 
-void MediumFile::open(const std::filesystem::path& path, Way way) {
-  _isDirect = way == Way::PastCache && openPastCache(path);
-  if (_file < 0) _file = openWithoutTrace(path);
+void MediumFile::open(Way way) {
+  _isDirect = way == Way::PastCache && openPastCache();
+  if (_file < 0) _file = openWithoutTrace(_path);
   struct stat status {};
   if (_file < 0 || fstat(_file, &status) != 0) return fail(errno);
   if (!S_ISREG(status.st_mode)) return fail(S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
@@ -52,16 +53,33 @@ MediumFile::~MediumFile() {
 }
 
 // Not every file system knows it.
-bool MediumFile::openPastCache(const std::filesystem::path& path) {
-  _file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_DIRECT);
+bool MediumFile::openPastCache() {
+  _file = ::open(_path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_DIRECT);
   return _file >= 0;
 }
 
-std::span<const std::byte> MediumFile::next() {
-  if (_isAtEnd || !_failure.empty()) return {};
+bool MediumFile::openThroughCache() {
+  const int file = openWithoutTrace(_path);
+  if (file < 0) return false;
+  close(std::exchange(_file, file));
+  _isDirect = false;
+  posix_fadvise(_file, 0, 0, POSIX_FADV_DONTNEED);
+  return true;
+}
+
+ssize_t MediumFile::read() {
   const auto offset = static_cast<off_t>(_position);
   ssize_t got = pread(_file, _block.get(), kBlock, offset);
   while (got < 0 && errno == EINTR) got = pread(_file, _block.get(), kBlock, offset);
+  return got;
+}
+
+// There are file systems that open a file for reads past the cache, and then refuse them.
+std::span<const std::byte> MediumFile::next() {
+  if (_isAtEnd || !_failure.empty()) return {};
+  ssize_t got = read();
+  const bool isRefused = got < 0 && errno == EINVAL && _isDirect && _position == 0;
+  if (isRefused && openThroughCache()) got = read();
   if (got < 0) {
     fail(errno);
     return {};

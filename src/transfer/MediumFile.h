@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <sys/types.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -37,10 +39,13 @@ class MediumFile {
     void operator()(std::byte* block) const;
   };
 
-  void open(const std::filesystem::path& path, Way way);
-  bool openPastCache(const std::filesystem::path& path);
+  void open(Way way);
+  bool openPastCache();
+  bool openThroughCache();
+  ssize_t read();
   void fail(int error);
 
+  std::filesystem::path _path;
   int _file = -1;
   std::uint64_t _position = 0;
   bool _isDirect = false;

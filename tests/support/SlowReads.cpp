@@ -5,6 +5,7 @@
 
 #include <dirent.h>
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -38,6 +39,8 @@ struct Medium {
   std::atomic<bool> isActive{false};
   std::atomic<bool> isGone{false};
   std::atomic<int> brokenListings{0};
+  std::atomic<bool> isPastCacheRefused{false};
+  std::atomic<int> refusals{0};
 };
 
 // Never destroyed: reads may come from threads that outlive everything.
@@ -117,11 +120,21 @@ void waitFor(std::size_t bytes) {
   std::this_thread::sleep_until(done);
 }
 
+bool isRefused(int file) {
+  if (!medium().isPastCacheRefused || (fcntl(file, F_GETFL) & O_DIRECT) == 0) return false;
+  ++medium().refusals;
+  return true;
+}
+
 // Piece by piece, so that readers take turns as at a real medium.
 template <class Real>
 ssize_t slowly(int file, std::byte* to, std::size_t count, Real real) {
   if (!isOnMedium(file)) return real(to, count, 0);
   std::size_t done = 0;
+  if (isRefused(file)) {
+    errno = EINVAL;
+    return -1;
+  }
   while (done < count) {
     if (medium().isGone) {
       errno = EIO;
@@ -147,6 +160,8 @@ void setUp(const std::string& folder, std::uint64_t rate, std::uint64_t share) {
   all.privileged = std::this_thread::get_id();
   all.isGone = false;
   all.brokenListings = 0;
+  all.isPastCacheRefused = false;
+  all.refusals = 0;
   all.isActive = true;
   ++all.round;
   all.changed.notify_all();
@@ -198,6 +213,15 @@ void SlowReads::pullOut() {
 
 void SlowReads::breakListings(int times) {
   medium().brokenListings = times;
+}
+
+void SlowReads::refusePastCache(const std::string& folder) {
+  setUp(folder, 0, 0);
+  medium().isPastCacheRefused = true;
+}
+
+int SlowReads::refusals() {
+  return medium().refusals;
 }
 
 void SlowReads::reset() {

@@ -24,5 +24,9 @@ class SlowReads {
   static void pullOut();
   /// So many times from now on, going on with the listing of a folder there fails so.
   static void breakListings(int times);
+  /// Every read of these files past the cache fails from now on, as by a file system that opens
+  /// them for it and does not know it; `refusals` counts them.
+  static void refusePastCache(const std::string& folder);
+  static int refusals();
   static void reset();
 };
