@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <exception>
 
 #include "base/Version.h"
@@ -84,9 +86,10 @@ bool CopyCommand::copy(ProgressLine& line) const {
     tell(result, line);
   });
   job.setProgress([&](const CardCopy::Progress& progress) {
+    const std::uint64_t left = progress.total - std::min(progress.done, progress.total);
     line.show(progress.done, progress.total, [&] {
       return fmt::format("{} of {} takes  {}  {}", progress.takesDone, progress.takes,
-                         speed.text(progress.done, progress.total),
+                         speed.text(progress.worked, progress.worked + left),
                          printable(progress.take.native()));
     });
   });

@@ -3,7 +3,6 @@
 
 #include "transfer/CardCopy.h"
 
-#include <fcntl.h>
 #include <fmt/format.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -11,8 +10,11 @@
 #include <array>
 #include <cstdlib>
 #include <ctime>
+#include <optional>
+#include <set>
 #include <system_error>
 
+#include "transfer/FolderSync.h"
 #include "transfer/XmlReader.h"
 
 namespace fs = std::filesystem;
@@ -41,16 +43,9 @@ bool isInside(const fs::path& path, const fs::path& folder) {
 }
 
 // None where it is not there.
-std::unique_ptr<struct stat> statusOf(const fs::path& path) {
-  auto status = std::make_unique<struct stat>();
-  return lstat(path.c_str(), status.get()) == 0 ? std::move(status) : nullptr;
-}
-
-void syncFolderOf(const fs::path& path) {
-  const int folder = open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (folder < 0) return;
-  fsync(folder);  // some know no sync of folders
-  close(folder);
+std::optional<struct stat> statusOf(const fs::path& path) {
+  struct stat status {};
+  return lstat(path.c_str(), &status) == 0 ? std::optional(status) : std::nullopt;
 }
 
 }  // namespace
@@ -69,7 +64,7 @@ std::string CardCopy::prepare() {
   _gaps = std::move(listed.gaps);
   if (_takes.empty() && !_gaps.empty()) return "The card cannot be read: " + _gaps.front().reason;
   if (_takes.empty()) return "The card holds no takes";
-  fs::create_directories(_destination, error);
+  error = FolderSync::make(_destination);
   if (error) return fmt::format("The folder cannot be made: {}", error.message());
   _lock = std::make_unique<ManifestLock>(_destination);
   if (_lock->isElsewhere()) return "Another copy is at work there";
@@ -198,11 +193,20 @@ bool CardCopy::isSaveDue() const {
 
 // What a manifest calls verified has to be there after a power cut, too: names first.
 void CardCopy::saveManifest() {
-  for (std::size_t i = _savedEntries; i < _manifest.entries.size(); ++i) {
-    syncFolderOf(_destination / _manifest.entries[i].path);
-  }
+  syncNames();
   fallShort(_manifests->save(_manifest));
   _savedEntries = _manifest.entries.size();
+}
+
+// Those of the takes since the last manifest, and of the folders that they are in.
+void CardCopy::syncNames() const {
+  std::set<fs::path> folders;
+  for (std::size_t i = _savedEntries; i < _manifest.entries.size(); ++i) {
+    fs::path folder = _manifest.entries[i].path;
+    do folder = folder.parent_path();
+    while (folders.insert(folder).second && !folder.empty());
+  }
+  for (const fs::path& folder : folders) FolderSync::of(_destination / folder);
 }
 
 void CardCopy::fallShort(const std::string& reason) {
@@ -215,6 +219,7 @@ MediumStep CardCopy::step() {
   _progress.done = _doneBefore;
   return [this](std::uint64_t bytes) {
     _progress.done += bytes;
+    _progress.worked += bytes;
     if (_tellProgress) _tellProgress(_progress);
     _wasCancelled = _cancel != nullptr && _cancel->load(std::memory_order_relaxed);
     return !_wasCancelled;

@@ -37,6 +37,7 @@ class CardCopy {
   struct Progress {
     std::uint64_t done = 0;
     std::uint64_t total = 0;
+    std::uint64_t worked = 0;  ///< of those done that were not just known: what takes the time
     std::size_t takesDone = 0;
     std::size_t takes = 0;
     std::filesystem::path take;  ///< that is worked on
@@ -81,6 +82,7 @@ class CardCopy {
   void record(const CardTake& take, const std::string& hash);
   void tell(const CardTake& take, Outcome outcome, const std::string& reason = {});
   void saveManifest();
+  void syncNames() const;
   void fallShort(const std::string& reason);
   [[nodiscard]] bool isSaveDue() const;
   [[nodiscard]] bool hasEnded() const { return _wasCancelled || !_failure.empty(); }

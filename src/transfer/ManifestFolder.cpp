@@ -3,9 +3,7 @@
 
 #include "transfer/ManifestFolder.h"
 
-#include <fcntl.h>
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <charconv>
@@ -17,6 +15,7 @@
 #include <utility>
 
 #include "transfer/C4Id.h"
+#include "transfer/FolderSync.h"
 #include "transfer/XmlReader.h"
 
 namespace fs = std::filesystem;
@@ -66,13 +65,6 @@ std::string namePart(const fs::path& folder) {
   std::size_t end = kMostOfName;
   while (isInside(end)) --end;
   return name.substr(0, end);
-}
-
-void syncFolder(const fs::path& path) {
-  const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (folder < 0) return;
-  fsync(folder);  // some know no sync of folders
-  close(folder);
 }
 
 }  // namespace
@@ -182,8 +174,8 @@ std::string ManifestFolder::save(const Manifest& manifest) {
   _saved = name;
   _isChainWhole = false;
   _chain.links.back().c4 = c4::idOf(text);
-  syncFolder(_folder / kName);
-  syncFolder(_folder);
+  FolderSync::of(_folder / kName);
+  FolderSync::of(_folder);
   return "";
 }
 
@@ -195,7 +187,7 @@ std::string ManifestFolder::finish() {
   if (_isChainWhole || !_whyNot.empty()) return _isChainWhole ? "" : _whyNot;
   std::string reason = write(kChainName, _chain.toXml(), AtomicFile::Existing::Replace);
   _isChainWhole = reason.empty();
-  syncFolder(_folder / kName);
+  FolderSync::of(_folder / kName);
   return reason;
 }
 
