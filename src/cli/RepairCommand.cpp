@@ -38,6 +38,7 @@ int RepairCommand::run() {
       line.message(problemLine(_files[i], kFailToOpen, reasonOf(error)));
       isAllDone = false;
     }
+    line.update(i, printable(_files[i].filename().native()), 1.0);
   }
   if (Interrupt::requested()) line.message("mixdeck-cli: cancelled");
   return isAllDone && !Interrupt::requested() ? kDone : kFailed;

@@ -51,10 +51,10 @@ class Search {
  private:
   std::string findData() {
     const std::uint32_t identifier = _fields.u32(0);
-    _isLong = identifier == kRf64ID || identifier == kBw64ID;
-    if (identifier != kRiffID && !_isLong) return "it does not begin as a WAVE file";
+    const bool isLong = identifier == kRf64ID || identifier == kBw64ID;
+    if (identifier != kRiffID && !isLong) return "it does not begin as a WAVE file";
     if (_fields.u32(8) != kWaveID) return "a RIFF file, but not WAVE";
-    if (_isLong) _sizes = LongSizes::read(_fields);
+    if (isLong) _sizes = LongSizes::read(_fields);
     std::string reason = walkToData();
     if (!reason.empty()) return reason;
     return _found.frameBytes > 0 ? "" : "its format has no frames";
@@ -62,7 +62,6 @@ class Search {
 
   // The chunks before the sound were written at once, so their sizes hold or nothing does.
   std::string walkToData() {
-    bool hasFormat = false;
     std::uint64_t position = kFirstChunk;
     const std::uint64_t end = std::min(_image.size(), kMostHeader);
     for (std::size_t i = 0; i < kMostChunks && position + kChunkHeader <= end; ++i) {
@@ -72,10 +71,10 @@ class Search {
       if (identifier == kDataID) {
         _found.dataAt = payload;
         _stated = size;
-        return hasFormat ? "" : "there is no format chunk before the sound";
+        return _hasFormat ? "" : "there is no format chunk before the sound";
       }
       if (size > _image.size() - payload) break;
-      if (identifier == kFmtID && size >= kFormatBytes) hasFormat = readFormat(payload);
+      if (identifier == kFmtID && size >= kFormatBytes) readFormat(payload);
       position = payload + size;
       if (_sizes && size % 2 == 1 && _fields.u8(position) == 0) ++position;
     }
@@ -87,11 +86,12 @@ class Search {
     return _sizes ? _sizes->chunkSize(_fields.u32(position), stated) : stated;
   }
 
-  bool readFormat(std::uint64_t payload) {
+  // A later one counts, as where a take is read.
+  void readFormat(std::uint64_t payload) {
+    _hasFormat = true;
     _found.channels = _fields.u16(payload + 2);
     _found.sampleRate = _fields.u32(payload + 4);
     _found.frameBytes = std::uint64_t{_fields.u16(payload + 14)} / 8 * _found.channels;
-    return true;
   }
 
   [[nodiscard]] std::uint64_t riffEnd() {
@@ -205,7 +205,7 @@ class Search {
   ImageFields _fields;
   const std::atomic<bool>* _cancel;
   std::optional<LongSizes> _sizes;
-  bool _isLong = false;
+  bool _hasFormat = false;
   std::uint64_t _stated = 0;  ///< of the data chunk
   std::uint64_t _held = 0;    ///< from the first sample byte to the end of the file
   std::vector<std::byte> _block;

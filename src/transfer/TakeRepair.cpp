@@ -89,13 +89,14 @@ void TakeRepair::fitSizes(std::vector<std::byte>& head, std::uint64_t fileSize) 
 bool TakeRepair::save(const std::filesystem::path& path, AtomicFile::Existing existing) {
   _failure.clear();
   _wasCancelled = false;
-  _copied = 0;
   const std::vector<std::byte> head = header();
   if (!_failure.empty()) return false;
+  _done = head.size();
   AtomicFile file(path, existing);
   const bool isWritten = file.hasRoomFor(size()) && file.write(head) &&
                          copy(file, _diagnosis.dataAt, _diagnosis.keptBytes) &&
-                         copy(file, _diagnosis.tailAt, _diagnosis.tailBytes) && file.commit();
+                         copy(file, _diagnosis.tailAt, _diagnosis.tailBytes) && file.sync() &&
+                         file.commit();
   return isWritten || _wasCancelled ? isWritten : fail(file.failure());
 }
 
@@ -110,8 +111,8 @@ bool TakeRepair::copy(AtomicFile& file, std::uint64_t from, std::uint64_t count)
     if (!file.write(bytes)) return false;
     from += wanted;
     count -= wanted;
-    _copied += wanted;
-    if (_progress) _progress(static_cast<double>(_copied) / static_cast<double>(size()));
+    _done += wanted;
+    if (_progress) _progress(static_cast<double>(_done) / static_cast<double>(size()));
   }
   return true;
 }

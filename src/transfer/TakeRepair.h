@@ -38,7 +38,7 @@ class TakeRepair {
   /// nothing stands against it.
   [[nodiscard]] std::string whyNot(const std::filesystem::path& path,
                                    AtomicFile::Existing existing) const;
-  /// Saves it whole or not at all. Waits for the medium.
+  /// Saves it whole or not at all, and on the disk. Waits for the medium.
   bool save(const std::filesystem::path& path, AtomicFile::Existing existing);
 
   /// Why the last save failed; empty when it did not, or was cancelled.
@@ -60,7 +60,7 @@ class TakeRepair {
   std::uint32_t _firstChunkSize;  ///< size field of what may hold the sizes
   Progress _progress;
   const std::atomic<bool>* _cancel = nullptr;
-  std::uint64_t _copied = 0;
+  std::uint64_t _done = 0;  ///< bytes that are written
   bool _wasCancelled = false;
   std::string _failure;
 };

@@ -7,7 +7,7 @@ import struct
 import subprocess
 import unittest
 
-from mixdeck import PLAIN, Case, bext, chunk, fmt, pack24, recording, wave
+from mixdeck import CLI, PLAIN, Case, bext, chunk, fmt, pack24, recording, wave
 
 SAMPLES = pack24([1000, -1000] * 24000)
 
@@ -93,6 +93,14 @@ class RepairTest(Case):
         result = self.expect(0, "repair", "--dry-run", "R0001.WAV", err="")
         self.assertIn(": 00:00:00.500 of sound can be salvaged\n", result.stdout)
         self.assertEqual(self.names(), ["R0001.WAV"])
+
+    def test_progress_counts_every_file_on_a_terminal(self):
+        self.file("R0001.WAV", recording())
+        self.file("R0002.WAV", b"No take at all, but long enough to be looked into, and more.")
+        said = subprocess.run(["script", "-qec", f"'{CLI}' repair R0001.WAV R0002.WAV",
+                               "/dev/null"], cwd=self.folder, capture_output=True,
+                              check=False).stdout
+        self.assertIn(b" 50 %  1 of 2 done  R0001.WAV", said)
 
     def test_words_that_are_missing(self):
         self.assertIn("FILE", self.expect(2, "repair", out="").stderr)

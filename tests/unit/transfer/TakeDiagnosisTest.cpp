@@ -15,6 +15,7 @@
 #include "support/ByteBuilder.h"
 #include "support/TemporaryFolder.h"
 #include "support/WaveBytes.h"
+#include "wav/WaveFileReader.h"
 
 namespace {
 
@@ -150,6 +151,12 @@ TEST(TakeDiagnosisTest, ZerosAfterTheEndAreLeftOut) {
     EXPECT_EQ(found.tailBytes, 13U) << size;
     EXPECT_EQ(found.findings.back(), "3000 zero bytes after the end of the take");
   }
+}
+
+TEST(TakeDiagnosisTest, OfTwoFormatsBeforeTheSoundTheLastOneCounts) {
+  const Bytes file = WaveBytes().format(1, 1, 8000, 8).format24().chunk("data", 0, loud(601)).get();
+  EXPECT_EQ(diagnose(file).frameBytes, 6U);
+  EXPECT_EQ(WaveFileReader::readFromData(file)->header().BitsPerSample, 24U);
 }
 
 TEST(TakeDiagnosisTest, LongTakesHaveTheirSizesElsewhere) {

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <filesystem>
@@ -14,6 +15,7 @@
 
 #include "support/ByteBuilder.h"
 #include "support/ByteView.h"
+#include "support/DiskLog.h"
 #include "support/TemporaryFolder.h"
 #include "support/WaveBytes.h"
 #include "wav/WaveFileReader.h"
@@ -111,6 +113,33 @@ TEST_F(TakeRepairTest, ALongTakeBecomesRf64) {
     EXPECT_TRUE(repair.wasCancelled()) << "all but the copy itself was done";
     EXPECT_FALSE(fs::exists(target()));
   }
+}
+
+TEST_F(TakeRepairTest, ItsProgressEndsWithTheWork) {
+  const fs::path take =
+      _folder.file("take.WAV", WaveBytes().format24().chunk("data", 0, loud(600'000)).get());
+  TakeRepair repair = repairOf(take);
+  std::vector<double> told;
+  repair.setProgress([&told](double done) { told.push_back(done); });
+  EXPECT_TRUE(repair.save(target(), AtomicFile::Existing::Refuse));
+  ASSERT_EQ(told.size(), 3U);
+  EXPECT_LT(told[0], 0.5);
+  EXPECT_EQ(told[2], 1.0);
+}
+
+TEST_F(TakeRepairTest, WhatIsSalvagedIsOnTheDiskBeforeItHasAName) {
+  const fs::path take =
+      _folder.file("take.WAV", WaveBytes().format24().chunk("data", 0, loud(600)).get());
+  TakeRepair repair = repairOf(take);
+  DiskLog::start();
+  EXPECT_TRUE(repair.save(target(), AtomicFile::Existing::Refuse));
+  const std::vector<DiskCall> calls = DiskLog::stop();
+  const auto place = [&](DiskCall::Kind kind) {
+    return std::find_if(calls.begin(), calls.end(),
+                        [kind](const DiskCall& call) { return call.kind == kind; });
+  };
+  ASSERT_NE(place(DiskCall::Kind::Name), calls.end());
+  EXPECT_LT(place(DiskCall::Kind::Sync), place(DiskCall::Kind::Name));
 }
 
 TEST_F(TakeRepairTest, RefusesWhatExistsAndForetellsIt) {
