@@ -41,7 +41,7 @@ void ProgressLine::show(std::uint64_t done, std::uint64_t total,
                         const std::function<std::string()>& text) {
   const std::lock_guard lock(_mutex);
   if (!_isTerminal || !isDue()) return;
-  draw(total == 0 ? 1 : static_cast<double>(done) / static_cast<double>(total), text());
+  draw(done >= total ? 1 : static_cast<double>(done) / static_cast<double>(total), text());
 }
 
 bool ProgressLine::isDue() {

@@ -27,7 +27,8 @@ class ProgressLine {
 
   /// Job `index`, called `name`, is `done` (0 to 1) of its way.
   void update(std::size_t index, const std::string& name, double done);
-  /// So much of all the work is done, in units of its own; `text` is asked for where it is drawn.
+  /// So much of all the work is done, in units of its own, or more than was foreseen; `text` is
+  /// asked for where it is drawn.
   void show(std::uint64_t done, std::uint64_t total, const std::function<std::string()>& text);
   /// Shows no progress from now on.
   void hide();

@@ -87,6 +87,7 @@ bool VerifyCommand::verify(ProgressLine& line) const {
     line.message(problemLine(gap.in(_folder), "Not listed.", gap.reason));
   }
   const SpeedText speed;
+  const std::uint64_t total = check.bytes();
   std::uint64_t done = 0;
   std::array<std::size_t, kWords.size()> counts{};
   const auto tell = [&](const FolderCheck::Finding& finding) {
@@ -95,7 +96,7 @@ bool VerifyCommand::verify(ProgressLine& line) const {
   };
   const auto step = [&](std::uint64_t bytes) {
     done += bytes;
-    line.show(done, check.bytes(), [&] { return speed.text(done, check.bytes()); });
+    line.show(done, total, [&] { return speed.text(done, total); });
     return !Interrupt::requested();
   };
   const bool isAllRight = check.run(tell, step);

@@ -11,6 +11,7 @@
 
 #include <array>
 #include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <functional>
 #include <string>
@@ -106,6 +107,15 @@ TEST(ProgressLineTest, RedrawsTenTimesASecondAtMost) {
     }
   });
   EXPECT_EQ(text, drawn(1) + drawn(62) + drawn(64) + kEraseLine);
+}
+
+TEST(ProgressLineTest, MoreThanWasForeseenIsAllOfIt) {
+  const auto shown = [](std::uint64_t done, std::uint64_t total) {
+    return onTerminal([=] { ProgressLine(1).show(done, total, [] { return "text"; }); });
+  };
+  EXPECT_THAT(shown(3, 4), StartsWith(std::string(kEraseLine) + " 75 %  text"));
+  EXPECT_THAT(shown(5, 4), StartsWith(std::string(kEraseLine) + "100 %  text"));
+  EXPECT_THAT(shown(0, 0), StartsWith(std::string(kEraseLine) + "100 %  text"));
 }
 
 TEST(ProgressLineTest, PutsMessagesInThePlaceOfTheLine) {
