@@ -57,6 +57,9 @@ class Rf64Test(Case):
         self.assertEqual(head[48:52], b"bext")
         self.assertEqual(head[740:], b"data\xff\xff\xff\xff")
 
+    def test_it_takes_next_to_no_room_here(self):
+        self.assertLess(os.stat(self.target).st_blocks * 512, 64 << 20)
+
     def test_the_tool_reads_it(self):
         info = self.info(self.target)
         self.assertEqual((info["valid"], info["recorder"], info["raw_ms"]), (True, True, False))
@@ -106,6 +109,31 @@ class Rf64Test(Case):
         said = self.output_of("soxi", self.target)
         self.assertRegex(said, rf"Duration.* = {FRAMES} samples ")
         self.assertRegex(said, r"Sample Encoding: 32-bit Floating Point PCM\n")
+
+
+class LongRepairTest(Case):
+    """A take of more than 4 GiB that broke off: silence but for a frame at its end."""
+
+    def test_it_becomes_rf64_with_a_chunk_for_its_sizes(self):
+        head = wave(bext(), fmt(), chunk("data", b"", 0), riff_size=0)
+        data = FRAMES * 8 // 6 * 6
+        take = self.file("R0001.WAV", head)
+        os.truncate(take, len(head) + data - 6)
+        with open(take, "ab") as file:
+            file.write(pack24([1 << 22, 1 << 21]))
+        self.expect(0, "repair", take, err="", env=dict(
+            os.environ, LD_PRELOAD=os.environ["SPARSE_WRITES"]))
+        target = self.path("R0001_Repaired.WAV")
+        size = len(head) + data + 36
+        self.assertEqual(os.path.getsize(target), size)
+        with open(target, "rb") as file:
+            self.assertEqual(file.read(48), b"RF64\xff\xff\xff\xffWAVEds64" + struct.pack(
+                "<IQQQI", 28, size - 8, data, data // 6, 0))
+            file.seek(-12, os.SEEK_END)
+            self.assertEqual(unpack24(file.read()), [0, 0, 1 << 22, 1 << 21])
+        info = self.info(target)
+        self.assertEqual((info["valid"], info["frames"]), (True, data // 6))
+        self.assertEqual([part["id"] for part in info["chunks"]], ["ds64", "bext", "fmt ", "data"])
 
 
 if __name__ == "__main__":
