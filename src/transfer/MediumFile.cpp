@@ -32,8 +32,9 @@ void MediumFile::Release::operator()(std::byte* block) const {
   std::free(block);  // NOLINT(cppcoreguidelines-no-malloc)
 }
 
-MediumFile::MediumFile(const std::filesystem::path& path, Way way)
-    : _path(path), _block(static_cast<std::byte*>(std::aligned_alloc(kAlignment, kBlock))) {
+MediumFile::MediumFile(std::filesystem::path path, Way way)
+    : _path(std::move(path)),
+      _block(static_cast<std::byte*>(std::aligned_alloc(kAlignment, kBlock))) {
   if (!_block) throw std::bad_alloc();
   open(way);
 }

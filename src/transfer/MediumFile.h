@@ -24,7 +24,7 @@ class MediumFile {
     PastCache  ///< what stands on the medium: what the cache holds is passed by, or dropped before
   };
 
-  MediumFile(const std::filesystem::path& path, Way way);
+  MediumFile(std::filesystem::path path, Way way);
   MediumFile(const MediumFile&) = delete;
   MediumFile& operator=(const MediumFile&) = delete;
   ~MediumFile();
