@@ -52,6 +52,7 @@ class TakeAnalyzer::Work {
   TakeFindings copy();
   std::shared_ptr<const TakeAnalysis> handOver();
   void waitForMore();
+  void waitForWorkers();
 
  private:
   void run();
@@ -180,6 +181,11 @@ void TakeAnalyzer::Work::waitForMore() {
   if (_workers > 0 && !_isCancelled) _progressed.wait_for(lock, kReportEvery);
 }
 
+void TakeAnalyzer::Work::waitForWorkers() {
+  std::unique_lock lock(_mutex);
+  _progressed.wait(lock, [this] { return _workers == 0; });
+}
+
 TakeAnalyzer::TakeAnalyzer(const WaveFileReader& reader, const Options& options) {
   const TakeLayout layout = layoutOf(reader, options);
   _work = std::make_shared<Work>(reader, layout, options.firstFrame);
@@ -223,4 +229,8 @@ std::shared_ptr<const TakeAnalysis> TakeAnalyzer::wait(const std::atomic<bool>* 
   }
   if (report) report(_work->progress());  // it may have been done before the wait began
   return _work->handOver();
+}
+
+void TakeAnalyzer::waitForWorkers() {
+  _work->waitForWorkers();
 }

@@ -53,6 +53,9 @@ class TakeAnalyzer {
   /// found is handed over: `soFar` has nothing after that.
   std::shared_ptr<const TakeAnalysis> wait(const std::atomic<bool>* cancel = nullptr,
                                            const Progress& report = {});
+  /// Waits until no worker is at work any more, however long the medium hangs: one that was
+  /// cancelled still ends the read that it is in.
+  void waitForWorkers();
 
  private:
   class Work;

@@ -9,8 +9,8 @@
 
 #include "analysis/CloseUp.h"
 #include "analysis/Waveform.h"
-#include "app/LatestErrand.h"
 #include "app/TakeSession.h"
+#include "base/LatestErrand.h"
 
 /// What the picture of the open take needs from its file beyond the analysis, read on threads of
 /// its own: columns narrower than the bins of the analysis, and the truth where columns seem to

@@ -3,41 +3,19 @@
 
 #include "dialogs/ExportLevels.h"
 
+#include <atomic>
 #include <cmath>
-#include <utility>
 
+#include "analysis/TakeAnalyzer.h"
 #include "export/ClipSearch.h"
-
-namespace {
-
-constexpr int kLook = 50;  // ms
-
-}  // namespace
-
-bool ExportLevels::Aim::isSame(const Aim& other) const {
-  const bool isLoudnessSame =
-      loudness.has_value() == other.loudness.has_value() &&
-      (!loudness || (loudness->lufs == other.loudness->lufs &&
-                     loudness->truePeakDbtp == other.loudness->truePeakDbtp));
-  return isLoudnessSame && isNormalized == other.isNormalized && gain == other.gain &&
-         width == other.width;
-}
-
-ExportLevels::ExportLevels(QObject* parent) : QObject(parent) {
-  connect(&_timer, &QTimer::timeout, this, &ExportLevels::collect);
-}
-
-ExportLevels::~ExportLevels() {
-  if (_cancel) *_cancel = true;
-}
 
 void ExportLevels::measure(const WaveFileReader& reader, const std::optional<FrameRange>& range,
                            const std::shared_ptr<const TakeAnalysis>& whole) {
   _reader = std::make_unique<WaveFileReader>(reader.apart());
   _firstFrame = range ? range->first : 0;
   _analysis.reset();
-  _analyzer.reset();
   if (!range && whole && whole->isComplete()) {
+    _measuring.cancel();
     _analysis = whole;
   } else {
     analyse(range);
@@ -45,24 +23,30 @@ void ExportLevels::measure(const WaveFileReader& reader, const std::optional<Fra
   search();
 }
 
+// Until its workers are over, too: what is asked next would have workers of its own beside those
+// that hang with the card.
 void ExportLevels::analyse(const std::optional<FrameRange>& range) {
   TakeAnalyzer::Options options;
   options.firstFrame = _firstFrame;
   if (range) options.endFrame = range->end;
-  _analyzer = std::make_unique<TakeAnalyzer>(*_reader, options);
-  _timer.start(kLook);
+  const auto reader = std::make_shared<const WaveFileReader>(_reader->apart());
+  _measuring.ask([this, reader, options](const std::atomic<bool>& cancel) -> Errand::Outcome {
+    TakeAnalyzer analyzer(*reader, options);
+    const auto found = analyzer.wait(&cancel);
+    analyzer.waitForWorkers();
+    return [this, found] {
+      _analysis = found;
+      search();
+    };
+  });
 }
 
-void ExportLevels::collect() {
-  if (!_analyzer || !_analyzer->isFinished()) return;
-  _timer.stop();
-  _analysis = _analyzer->wait();
-  _analyzer.reset();
-  search();
+bool ExportLevels::hasFailed() const {
+  return _reader && !_analysis && !_measuring.isUnderWay();
 }
 
 void ExportLevels::aim(const Aim& aim) {
-  if (aim.isSame(_aim)) return;
+  if (aim == _aim) return;
   _aim = aim;
   search();
 }
@@ -75,25 +59,28 @@ std::optional<double> ExportLevels::gain() const {
   return peak > 0 ? -20.0 * std::log10(peak) : 0.0;
 }
 
-// Those of what clips; a search that nobody waits for any more ends soon.
+// For the places that clip, where any may.
 void ExportLevels::search() {
-  if (_cancel) *_cancel = true;
-  _search.giveUp();
   _places.reset();
   const std::optional<double> gain = this->gain();
   if (gain && figures().isOverFullScale()) {
-    const auto cancel = std::make_shared<std::atomic<bool>>(false);
-    _cancel = cancel;
-    _search.begin([this, cancel, gain, reader = _reader->apart(), analysis = _analysis,
-                   first = _firstFrame, width = _aim.width] {
-      const auto found = ClipSearch::find(reader, *analysis, first, width, *gain, *cancel);
-      return [this, found] {
-        if (found) _places = found->placeCount();
-        emit changed();
-      };
-    });
+    count(*gain);
+  } else {
+    _search.cancel();
   }
   emit changed();
+}
+
+void ExportLevels::count(double gain) {
+  _search.ask([this, gain, reader = std::make_shared<const WaveFileReader>(_reader->apart()),
+               analysis = _analysis, first = _firstFrame,
+               width = _aim.width](const std::atomic<bool>& cancel) -> Errand::Outcome {
+    const auto found = ClipSearch::find(*reader, *analysis, first, width, gain, cancel);
+    return [this, found] {
+      if (found) _places = found->placeCount();
+      emit changed();
+    };
+  });
 }
 
 TakeFigures ExportLevels::figures() const {
@@ -102,7 +89,7 @@ TakeFigures ExportLevels::figures() const {
 }
 
 QString ExportLevels::text(const std::optional<double>& figure, const QString& unit) const {
-  if (!_analysis) return _analyzer ? QStringLiteral("…") : QStringLiteral("–");
+  if (!_analysis) return _measuring.isUnderWay() ? QStringLiteral("…") : QStringLiteral("–");
   if (!figure) return QStringLiteral("–");
   const double tenths = std::round(*figure * 10) + 0.0;  // no "-0.0"
   return QString::number(tenths / 10, 'f', 1) + u' ' + unit;

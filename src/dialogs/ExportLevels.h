@@ -4,15 +4,12 @@
 
 #include <QObject>
 #include <QString>
-#include <QTimer>
-#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <optional>
 
 #include "analysis/TakeAnalysis.h"
-#include "analysis/TakeAnalyzer.h"
-#include "base/Errand.h"
+#include "base/LatestErrand.h"
 #include "export/FrameRange.h"
 #include "export/LoudnessGain.h"
 #include "wav/WaveFileReader.h"
@@ -30,11 +27,10 @@ class ExportLevels : public QObject {
     double gain = 0;                         ///< dB, where there is no other aim
     int width = 0;                           ///< whole degrees
 
-    [[nodiscard]] bool isSame(const Aim& other) const;
+    friend bool operator==(const Aim&, const Aim&) = default;
   };
 
-  explicit ExportLevels(QObject* parent = nullptr);
-  ~ExportLevels() override;
+  explicit ExportLevels(QObject* parent = nullptr) : QObject(parent) {}
 
   /// Measures these frames of the file, all of them where there is no range; `whole` spares that
   /// for all of them, where it is complete.
@@ -45,6 +41,8 @@ class ExportLevels : public QObject {
 
   /// Of the frames that are measured; null before all is known.
   [[nodiscard]] const std::shared_ptr<const TakeAnalysis>& analysis() const { return _analysis; }
+  /// Whether the frames that were to be measured cannot be read.
+  [[nodiscard]] bool hasFailed() const;
   /// The gain that comes of the aim, dB; none before it is known, and where there is none.
   [[nodiscard]] std::optional<double> gain() const;
   /// "-23.1 LUFS", "-1.2 dBTP"; "–" where there is none, "…" before it is known.
@@ -59,18 +57,16 @@ class ExportLevels : public QObject {
 
  private:
   void analyse(const std::optional<FrameRange>& range);
-  void collect();
   void search();
+  void count(double gain);
   [[nodiscard]] TakeFigures figures() const;
   [[nodiscard]] QString text(const std::optional<double>& figure, const QString& unit) const;
 
   std::unique_ptr<WaveFileReader> _reader;
   std::uint64_t _firstFrame = 0;
-  std::unique_ptr<TakeAnalyzer> _analyzer;  ///< while it works
   std::shared_ptr<const TakeAnalysis> _analysis;
   Aim _aim;
-  Errand _search;
-  std::shared_ptr<std::atomic<bool>> _cancel;  ///< of the search under way
-  std::optional<std::uint64_t> _places;        ///< that clip, once they are counted
-  QTimer _timer{this};
+  std::optional<std::uint64_t> _places;  ///< that clip, once they are counted
+  LatestErrand _measuring;
+  LatestErrand _search;
 };

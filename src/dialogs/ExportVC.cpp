@@ -72,6 +72,7 @@ std::optional<LoudnessTarget> ExportVC::target() const {
 QString ExportVC::levelWarning() const {
   if (!_checkboxLoudness->isChecked()) return {};
   if (!typedLufs()) return tr("A loudness is a number from -70 to 0.");
+  if (_levels.hasFailed()) return tr("The take cannot be read, so its loudness is not known.");
   const bool isSilent = _levels.analysis() && !_levels.gain();
   return isSilent ? tr("Silence, and what is shorter than 0.4 s, has no loudness.") : QString();
 }

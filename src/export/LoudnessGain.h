@@ -10,6 +10,8 @@
 struct LoudnessTarget {
   double lufs = -23;
   double truePeakDbtp = -1;
+
+  friend bool operator==(const LoudnessTarget&, const LoudnessTarget&) = default;
 };
 
 /// The gain that brings a take to a loudness at a width, in dB. Immutable; safe on any thread.

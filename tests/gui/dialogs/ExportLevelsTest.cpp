@@ -4,11 +4,14 @@
 #include <QComboBox>
 #include <QTest>
 #include <cmath>
+#include <thread>
 
 #include "DialogFixture.h"
 #include "analysis/TakeAnalyzer.h"
 #include "dialogs/SavePanel.h"
 #include "support/ByteView.h"
+#include "support/SlowReads.h"
+#include "support/ThreadCount.h"
 #include "support/WaveBytes.h"
 
 namespace {
@@ -46,6 +49,10 @@ class ExportLevelsTest : public DialogFixture {
     EXPECT_TRUE(waitUntil([&] { return !seen(*dialog).contains(u'…'); })) << "levels";
     return dialog;
   }
+  ~ExportLevelsTest() override { SlowReads::reset(); }
+
+  /// From now on what others than the test read of the take hangs.
+  void hang() const { SlowReads::share(_folder.path().string(), 1); }
   static QString seen(const ExportVC& dialog) { return labels(dialog).join('|'); }
   static void expectSeen(const ExportVC& dialog, const char* text) {
     EXPECT_THAT(seen(dialog).toStdString(), HasSubstr(text));
@@ -145,6 +152,55 @@ TEST_F(ExportLevelsTest, WritesTheSelectionAlone) {
   panel->accept();
   EXPECT_THAT(told(dialog), testing::Contains(HasSubstr("R0001_Decode_A-B.WAV")));
   EXPECT_EQ(std::filesystem::file_size(path("R0001_Decode_A-B.WAV")), 748U + 96'000 * 6);
+}
+
+TEST_F(ExportLevelsTest, ChoosingOnACardThatHangsTakesTheThreadsOfOneAnalysis) {
+  const auto dialog = openWith(tone(), FrameRange{96'000, 192'000});
+  auto* const only = named<QCheckBox>(*dialog, "checkboxSelection");
+  hang();
+  const std::size_t most = ThreadCount::now() + 1 + std::thread::hardware_concurrency();
+  for (int i = 0; i < 41; ++i) only->toggle();
+  EXPECT_LE(ThreadCount::now(), most);
+  EXPECT_TRUE(only->isChecked());
+  expectSeen(*dialog, "Loudness|…");
+  SlowReads::reset();
+  EXPECT_TRUE(waitUntil([&] { return !seen(*dialog).contains(u'…'); })) << "it was read after all";
+}
+
+TEST_F(ExportLevelsTest, CountingClipsOnACardThatHangsTakesOneThread) {
+  const auto job = tone();
+  job->setGain(12);
+  const auto dialog = openWith(job);
+  waitForSeen(*dialog, "Would clip in 24 bit at 3 places");
+  auto* const normalize = named<QCheckBox>(*dialog, "checkboxNormalize");
+  hang();
+  const std::size_t before = ThreadCount::now();
+  for (int i = 0; i < 40; ++i) normalize->toggle();
+  EXPECT_LE(ThreadCount::now(), before + 1);
+  expectSeen(*dialog, "Would clip in 24 bit");
+  EXPECT_FALSE(seen(*dialog).contains("place"));
+  SlowReads::reset();
+  waitForSeen(*dialog, "Would clip in 24 bit at 3 places");
+}
+
+TEST_F(ExportLevelsTest, WhereTheCardIsPulledOutThereIsNoLevel) {
+  const auto job = tone();
+  showMainWindow();
+  hang();
+  _desk->ask(job, ExportVC::Extra());
+  const QPointer<ExportVC> dialog = waitForShown<ExportVC>();
+  auto* const loudness = named<QCheckBox>(*dialog, "checkboxLoudness");
+  loudness->setChecked(true);
+  expectSeen(*dialog, "Gain|…");
+  EXPECT_TRUE(button(*dialog, "Save")->isEnabled()) << "it will be measured for the export";
+  SlowReads::pullOut();
+  waitForSeen(*dialog, "The take cannot be read, so its loudness is not known.");
+  expectSeen(*dialog, "Gain|–");
+  expectSeen(*dialog, "Loudness|–");
+  EXPECT_FALSE(button(*dialog, "Save")->isEnabled());
+  expectNothingCut(*dialog);
+  loudness->setChecked(false);
+  EXPECT_TRUE(button(*dialog, "Save")->isEnabled()) << "which tells what is wrong";
 }
 
 TEST_F(ExportLevelsTest, OfSilenceThereIsNoLevel) {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "app/LatestErrand.h"
+#include "base/LatestErrand.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +10,7 @@
 #include <string>
 #include <thread>
 
+#include "support/CoreApplication.h"
 #include "support/EventLoop.h"
 
 namespace {
@@ -34,6 +35,7 @@ class Latest : public testing::Test {
     };
   }
 
+  CoreApplication application;
   /// Outlives the test with a thread that does.
   struct Counts {
     std::atomic<int> threads{0};

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "app/LatestErrand.h"
+#include "base/LatestErrand.h"
 
 #include <utility>
 
