@@ -13,6 +13,7 @@
 #include "app/LoudnessPane.h"
 #include "app/MainView.h"
 #include "app/MeasuredTake.h"
+#include "app/RepairOffer.h"
 #include "app/RowReader.h"
 #include "app/ScopePane.h"
 #include "app/SessionRemote.h"
@@ -57,6 +58,7 @@ struct WindowPanes {
   WidthPane width{*view.player->stage, take, measured, &owner};
   DevicePane device{*view.device, &owner};
   TakeMessages messages{view, *view.player->lblStatus, take, &owner};
+  RepairOffer repair{{view, *view.player->lblStatus, take, browser}, &owner};
   LoopPane loop{*view.player, *view.menu->actionLoop, take, &owner};
   SoloPane solo{{*view.player->btnSoloMid, *view.menu->actionSoloMid},
                 {*view.player->btnSoloSide, *view.menu->actionSoloSide},

@@ -82,6 +82,9 @@ void FileListCell::paint(QPainter* painter, const QStyleOptionViewItem& whole,
   drawGround(*painter, option);
   if (index.data(FileListModel::kLoadedRole).toBool()) drawMark(*painter, option.rect);
   index.data(Qt::DecorationRole).value<QIcon>().paint(painter, imgFileIcon(option.rect));
+  // Dimmed, a text on the ground of a selected row has too little contrast.
+  const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+  painter->setPen(isSelected ? Colors::WHITE() : Colors::dimText());
   option.rect.setWidth(option.rect.width() - RowMarks::draw(*painter, option.rect, index));
   drawName(*painter, option, index.data(Qt::DisplayRole).toString());
   painter->restore();

@@ -37,7 +37,6 @@ double RowMarks::drawDuration(QPainter& painter, const QRect& row, const QString
   const double digit = digitWidth(metrics);
   const double colon = metrics.horizontalAdvance(u':');
   const double base = row.top() + (row.height() - metrics.height()) / 2 + metrics.ascent();
-  painter.setPen(Colors::dimText());
   double x = row.right() + 1 - kRight;
   for (auto letter = text.crbegin(); letter != text.crend(); ++letter) {
     const double width = *letter == u':' ? colon : digit;

@@ -12,7 +12,7 @@
 class RowMarks {
  public:
   /// Draws them in this row, and returns how much of its width is theirs: 0 where there is nothing
-  /// to draw.
+  /// to draw. The painter has the colour of the text.
   static int draw(QPainter& painter, const QRect& row, const QModelIndex& index);
 
  private:

@@ -108,4 +108,68 @@ TEST_F(Model, HoldsNamesThatReadAlike) {
   EXPECT_EQ(model.files(), files);
 }
 
+TEST_F(Model, TellsWhatIsKnownOfARecordingWheneverItIsThere) {
+  RowFacts facts;
+  facts.seconds = 192.9;
+  model.addFacts({{"/x/b.wav", facts}});
+  model.show(items({"Bells/", "a.wav", "b.wav"}));
+  const auto at = [this](int row, int role) { return model.index(row, 0).data(role); };
+  EXPECT_EQ(at(2, FileListModel::kDurationRole).toString(), "03:12");
+  EXPECT_EQ(at(1, FileListModel::kDurationRole).toString(), "");
+  EXPECT_FALSE(at(2, FileListModel::kExportedRole).toBool());
+  EXPECT_EQ(at(2, Qt::ToolTipRole).toString(), "b.wav");
+  facts.isExported = true;
+  facts.exportNote = "Exported as c.wav";
+  const QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
+  model.addFacts({{"/x/b.wav", facts}});
+  model.addFacts({{"/x/b.wav", facts}});
+  EXPECT_EQ(changes.count(), 1) << "the second time nothing is new";
+  EXPECT_TRUE(at(2, FileListModel::kExportedRole).toBool());
+  EXPECT_EQ(at(2, Qt::ToolTipRole).toString(), "b.wav\nExported as c.wav");
+  EXPECT_EQ(at(2, Qt::AccessibleDescriptionRole).toString(), "Recording, 03:12, exported");
+}
+
+TEST_F(Model, StandsInTheOrderThatIsWished) {
+  RowFacts facts;
+  facts.seconds = 5;
+  facts.recorded = "2026-05-04 10:00:00";
+  model.addFacts({{"/x/a.wav", facts}});
+  facts.seconds = 3;
+  facts.recorded = "2026-05-05 10:00:00";
+  model.addFacts({{"/x/c.wav", facts}, {"/x/b.wav", facts}});
+  const auto shown = [this] {
+    std::vector<std::string> names;
+    for (const WavItem& item : model.files()) names.push_back(item.fileName.toStdString());
+    return names;
+  };
+  const auto files = items({"Zoo/", "0.wav", "a.wav", "b.wav", "c.wav"});
+  using testing::ElementsAre;
+  model.show(files);
+  EXPECT_THAT(shown(), ElementsAre("Zoo/", "0.wav", "a.wav", "b.wav", "c.wav"));
+  model.setOrder(FileListModel::Order::Duration);
+  EXPECT_TRUE(model.wouldMove(files));
+  model.show(files);
+  EXPECT_THAT(shown(), ElementsAre("Zoo/", "b.wav", "c.wav", "a.wav", "0.wav"));
+  EXPECT_FALSE(model.wouldMove(files));
+  model.setOrder(FileListModel::Order::Recorded);
+  model.show(files);
+  EXPECT_THAT(shown(), ElementsAre("Zoo/", "a.wav", "b.wav", "c.wav", "0.wav"));
+  model.setOrder(FileListModel::Order::Name);
+  model.show(files);
+  EXPECT_THAT(shown(), ElementsAre("Zoo/", "0.wav", "a.wav", "b.wav", "c.wav"));
+}
+
+TEST(RowFactsTest, DurationsAreWholeSecondsAndHaveHoursWhereTheyNeedThem) {
+  const auto textOf = [](std::optional<double> seconds) {
+    RowFacts facts;
+    facts.seconds = seconds;
+    return facts.durationText().toStdString();
+  };
+  EXPECT_EQ(textOf(std::nullopt), "");
+  EXPECT_EQ(textOf(0.0), "00:00");
+  EXPECT_EQ(textOf(41.99), "00:41");
+  EXPECT_EQ(textOf(3729.0), "01:02:09");
+  EXPECT_EQ(textOf(360'000.0), "100:00:00");
+}
+
 }  // namespace

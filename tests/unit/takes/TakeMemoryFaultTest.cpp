@@ -178,6 +178,21 @@ TEST_F(MemoryFault, AMediumThatCannotBeWrittenToIsReadAllTheSame) {
   std::filesystem::permissions(file.parent_path(), std::filesystem::perms(0755));
 }
 
+TEST_F(MemoryFault, WhileAnotherProgramHasItLockedItIsReadAndNotSetAside) {
+  remember(file, "a", 1);
+  sqlite3* other = nullptr;
+  ASSERT_EQ(sqlite3_open(file.c_str(), &other), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+  TakeMemory memory(file, std::chrono::milliseconds(5));
+  EXPECT_EQ(memory.find("a"), sound(1));
+  EXPECT_FALSE(memory.remember("a", sound(2)));
+  EXPECT_EQ(memory.takeTrouble(), Trouble::OutOfReach);
+  EXPECT_FALSE(std::filesystem::exists(memory.damagedPath()));
+  sqlite3_close(other);
+  EXPECT_TRUE(memory.remember("a", sound(3)));
+  EXPECT_EQ(gainOf(file, "a"), 3);
+}
+
 TEST_F(MemoryFault, AFolderThatCannotBeMadeIsHarmless) {
   const auto nowhere = folder.file("a file", {}) / "mixdeck" / "takes.db";
   TakeMemory memory(nowhere);

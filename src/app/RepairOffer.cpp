@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/RepairOffer.h"
+
+#include <QFile>
+#include <QMessageBox>
+#include <QPushButton>
+#include <string>
+
+#include "dialogs/Alert.h"
+#include "transfer/TakeDiagnosis.h"
+#include "transfer/TakeRepair.h"
+#include "wav/WaveImage.h"
+
+namespace {
+
+QString nameOf(const std::filesystem::path& path) {
+  return QFile::decodeName(path.filename().c_str());
+}
+
+double secondsOf(const TakeDiagnosis& diagnosis) {
+  if (diagnosis.frameBytes == 0 || diagnosis.sampleRate == 0) return 0;
+  return static_cast<double>(diagnosis.keptBytes / diagnosis.frameBytes) / diagnosis.sampleRate;
+}
+
+// Why it was not saved; empty where it was, or was given up.
+std::string saved(const std::filesystem::path& take, const std::atomic<bool>& cancel) {
+  std::string whyNot;
+  const std::shared_ptr<const WaveImage> image = WaveImage::fromFile(take, whyNot);
+  if (!image) return whyNot;
+  const TakeDiagnosis diagnosis = TakeDiagnosis::of(*image, &cancel);
+  if (diagnosis.state != TakeDiagnosis::State::Broken) return image->failure();
+  TakeRepair repair(image, diagnosis);
+  repair.setCancelFlag(&cancel);
+  repair.save(TakeRepair::nameFor(take), AtomicFile::Existing::Refuse);
+  return repair.failure();
+}
+
+}  // namespace
+
+RepairOffer::RepairOffer(const Place& place, QObject* parent)
+    : QObject(parent),
+      _window(place.window),
+      _status(place.status),
+      _take(place.take),
+      _browser(place.browser) {
+  connect(&_take, &TakeSession::opened, this, [this] { look(_take.file()); });
+  connect(&_take, &TakeSession::failed, this, [this](TakeSession::Failure failure) {
+    if (failure == TakeSession::Failure::Unsupported) look(_take.file());
+  });
+  connect(&_take, &TakeSession::opening, this, [this] {
+    _look.giveUp();
+    if (_question) _question->close();
+  });
+}
+
+RepairOffer::~RepairOffer() {
+  *_cancel = true;
+}
+
+void RepairOffer::look(const std::filesystem::path& take) {
+  _look.begin([this, take, cancel = _cancel]() -> Errand::Outcome {
+    std::string whyNot;
+    const auto image = WaveImage::fromFile(take, whyNot);
+    const auto diagnosis = image ? TakeDiagnosis::of(*image, cancel.get()) : TakeDiagnosis();
+    const bool isRead = image && image->failure().empty() && !diagnosis.isCancelled;
+    return [this, take, diagnosis, isRead] {
+      if (isRead && diagnosis.state == TakeDiagnosis::State::Broken) offer(take, diagnosis);
+      emit looked();
+    };
+  });
+}
+
+void RepairOffer::offer(const std::filesystem::path& take, const TakeDiagnosis& diagnosis) {
+  auto* const question = new QMessageBox(QMessageBox::NoIcon, _window.window()->windowTitle(), {},
+                                         QMessageBox::NoButton, &_window);
+  question->setAttribute(Qt::WA_DeleteOnClose);
+  question->setInformativeText(
+      tr("The recording of %1 broke off. %2 s of sound can be salvaged into %3, beside it. The "
+         "take itself stays as it is.")
+          .arg(nameOf(take), QString::number(secondsOf(diagnosis), 'f', 1),
+               nameOf(TakeRepair::nameFor(take))));
+  const auto* const salvages = question->addButton(tr("Salvage"), QMessageBox::ActionRole);
+  QPushButton* const later = question->addButton(tr("Not now"), QMessageBox::ActionRole);
+  question->setDefaultButton(later);
+  question->setEscapeButton(later);
+  connect(salvages, &QAbstractButton::clicked, this, [this, take] { salvage(take); });
+  question->open();
+  _question = question;
+}
+
+// A second one waits until the first has ended: the offer comes again with the take.
+void RepairOffer::salvage(const std::filesystem::path& take) {
+  if (_salvage.isUnderWay()) return;
+  _status.say(StatusLine::Topic::Repair, tr("%1 is being salvaged…").arg(nameOf(take)));
+  const bool hasBegun = _salvage.begin([this, take, cancel = _cancel]() -> Errand::Outcome {
+    const std::string failure = saved(take, *cancel);
+    return
+        [this, take, failure] { end(TakeRepair::nameFor(take), QString::fromStdString(failure)); };
+  });
+  if (!hasBegun) end(TakeRepair::nameFor(take), tr("no thread can be had"));
+}
+
+void RepairOffer::end(const std::filesystem::path& target, const QString& failure) {
+  _status.clear(StatusLine::Topic::Repair);
+  if (failure.isEmpty()) {
+    _browser.wishFor(target);
+    _browser.refresh();
+  } else {
+    _status.say(StatusLine::Topic::Repair,
+                tr("%1 was not saved: %2.").arg(nameOf(target), failure));
+    Alert::show(&_window, tr("Fail to save."));
+  }
+  emit ended();
+}

@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/RowReader.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <chrono>
+
+#include "WindowFixture.h"
+#include "base/Utility.h"
+#include "support/SlowReads.h"
+
+namespace {
+
+/// What the list tells beside the names.
+class Rows : public WindowFixture {
+ protected:
+  Rows() {
+    Utility::store(Utility::kRememberTakes, "on");
+    SlowReads::reset();
+  }
+  ~Rows() override { SlowReads::reset(); }
+
+  RowReader& reader() {
+    auto* const found = controller().findChild<RowReader*>();
+    EXPECT_NE(found, nullptr);
+    return *found;
+  }
+  [[nodiscard]] QVariant of(const std::string& name, int role) const {
+    return view().browser->tableFile->model()->index(rowOf(name), 0).data(role);
+  }
+  [[nodiscard]] std::string duration(const std::string& name) const {
+    return of(name, FileListModel::kDurationRole).toString().toStdString();
+  }
+  [[nodiscard]] bool isExported(const std::string& name) const {
+    return of(name, FileListModel::kExportedRole).toBool();
+  }
+  [[nodiscard]] std::string tip(const std::string& name) const {
+    return of(name, Qt::ToolTipRole).toString().toStdString();
+  }
+  void waitForDuration(const std::string& name, const std::string& text) {
+    waitFor([&] { return duration(name) == text; }, text.c_str());
+  }
+  /// A recording of so many seconds of this day.
+  void recorded(const std::string& name, std::uint32_t seconds, const std::string& date) const {
+    const auto path = take(name, 48'000 * seconds);
+    auto bytes = TemporaryFolder::read(path);
+    const std::string_view mark = "TARN J4";
+    const auto found = std::search(bytes.begin(), bytes.end(), mark.begin(), mark.end(),
+                                   [](std::byte a, char b) { return a == std::byte(b); });
+    constexpr std::ptrdiff_t kDate = 64;  // behind originator and reference
+    std::ranges::transform(date, found + kDate, [](char c) { return std::byte(c); });
+    takes.file(name, bytes);
+  }
+  static ExportOrder order(const std::filesystem::path& source,
+                           const std::filesystem::path& target) {
+    ExportOrder made;
+    made.source = source;
+    made.target = target;
+    made.angle = 90;
+    made.gain = -6;
+    return made;
+  }
+};
+
+TEST_F(Rows, ShowDurationsAndNothingForWhatIsNoRecording) {
+  take("R0001.WAV", 48'000 * 7);
+  file("broken.wav");
+  folder("Bells");
+  startOnTakes();
+  waitForDuration("R0001.WAV", "00:07");
+  EXPECT_EQ(duration("broken.wav"), "");
+  EXPECT_EQ(duration("Bells"), "");
+  EXPECT_EQ(of("R0001.WAV", Qt::AccessibleDescriptionRole).toString(), "Recording, 00:07");
+  EXPECT_FALSE(isExported("R0001.WAV"));
+}
+
+TEST_F(Rows, AFileThatHasChangedIsReadAgain) {
+  take("R0001.WAV", 48'000 * 2);
+  startOnTakes();
+  waitForDuration("R0001.WAV", "00:02");
+  take("R0001.WAV", 48'000 * 5);
+  take("R0002.WAV", 48'000);
+  refresh();
+  waitForDuration("R0001.WAV", "00:05");
+  waitForDuration("R0002.WAV", "00:01");
+}
+
+TEST_F(Rows, AnExportBesideItIsKnownByItsName) {
+  take("R0001.WAV");
+  take("R0002.WAV");
+  take("R0002_Decode.WAV", 480'000, false);
+  startOnTakes();
+  waitFor([this] { return isExported("R0002.WAV"); }, "the export");
+  EXPECT_FALSE(isExported("R0001.WAV"));
+  EXPECT_NE(tip("R0002.WAV").find("R0002_Decode.WAV"), std::string::npos);
+  EXPECT_EQ(tip("R0001.WAV"), "R0001.WAV");
+  std::filesystem::remove(takes.path() / "R0002_Decode.WAV");
+  refresh();
+  waitFor([this] { return !isExported("R0002.WAV"); }, "that it has gone");
+}
+
+TEST_F(Rows, AnExportElsewhereIsNotedWithItsWidthAndGain) {
+  const auto source = take("R0001.WAV");
+  const TemporaryFolder elsewhere;
+  startOnTakes();
+  waitForDuration("R0001.WAV", "00:10");
+  controller().exportQueue().add(order(source, elsewhere.path() / "Bells.wav"));
+  waitFor([this] { return isExported("R0001.WAV"); }, "the export");
+  for (const char* const part : {"Bells.wav", "width 90°", "gain -6 dB"}) {
+    EXPECT_NE(tip("R0001.WAV").find(part), std::string::npos) << tip("R0001.WAV");
+  }
+  end();
+  startOnTakes();
+  waitFor([this] { return isExported("R0001.WAV"); }, "the export, after a new start");
+  EXPECT_NE(tip("R0001.WAV").find("width 90°"), std::string::npos);
+}
+
+TEST_F(Rows, TheWindowWaitsForNoMedium) {
+  take("R0001.WAV");
+  take("R0002.WAV");
+  SlowReads::share(takes.path().string(), 0);
+  startOnTakes();
+  EXPECT_EQ(duration("R0001.WAV"), "");
+  const QSignalSpy answers(&controller(), &ViewController::listed);
+  refresh();
+  EXPECT_GT(answers.count(), 0) << "it lists and answers meanwhile";
+  EXPECT_EQ(SlowReads::takenHere(), 0U) << "and reads nothing itself";
+  SlowReads::reset();
+  waitForDuration("R0001.WAV", "00:10");
+}
+
+TEST_F(Rows, StandInTheOrderThatTheMenuSays) {
+  recorded("A.WAV", 3, "2026-05-04");
+  recorded("B.WAV", 1, "2026-05-06");
+  recorded("C.WAV", 2, "2026-05-05");
+  file("0broken.wav");
+  folder("Zoo");
+  startOnTakes();
+  waitForDuration("C.WAV", "00:02");
+  waitForDuration("A.WAV", "00:03");
+  using testing::ElementsAre;
+  EXPECT_THAT(rows(), ElementsAre("Zoo", "0broken.wav", "A.WAV", "B.WAV", "C.WAV"));
+  clickRow("C.WAV");
+  view().menu->actionByDuration->trigger();
+  EXPECT_THAT(rows(), ElementsAre("Zoo", "B.WAV", "C.WAV", "A.WAV", "0broken.wav"));
+  EXPECT_EQ(selected(), "C.WAV") << "what is selected stays so";
+  view().menu->actionByRecorded->trigger();
+  EXPECT_THAT(rows(), ElementsAre("Zoo", "A.WAV", "C.WAV", "B.WAV", "0broken.wav"));
+  recorded("D.WAV", 4, "2026-05-01");
+  refresh();
+  waitFor([this] { return rows().at(1) == "D.WAV"; }, "the new one in its place");
+  end();
+  startOnTakes();
+  waitFor([this] { return rows().at(1) == "D.WAV"; }, "the order after a new start");
+  EXPECT_TRUE(view().menu->actionByRecorded->isChecked());
+  view().menu->actionByName->trigger();
+  EXPECT_THAT(rows(), ElementsAre("Zoo", "0broken.wav", "A.WAV", "B.WAV", "C.WAV", "D.WAV"));
+}
+
+}  // namespace
