@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -15,9 +16,17 @@ class LongTake {
   /// Makes `name` in the folder, with this many bytes of 24-bit samples, and returns its path.
   static std::filesystem::path make(const TemporaryFolder& folder, const std::string& name,
                                     std::uint32_t sampleBytes) {
-    const auto head = WaveBytes().format24().recorderBext().chunk("data", sampleBytes, {}).get();
+    auto head = WaveBytes().format24().recorderBext().chunk("data", sampleBytes, {}).get();
+    const std::uint64_t fileSize = head.size() + sampleBytes - kBeforeSize;
+    for (std::size_t i = 0; i < sizeof(std::uint32_t); ++i) {
+      head[kSizeAt + i] = static_cast<std::byte>(fileSize >> 8 * i);
+    }
     const std::filesystem::path path = folder.file(name, head);
     std::filesystem::resize_file(path, head.size() + sampleBytes);
     return path;
   }
+
+ private:
+  static constexpr std::size_t kSizeAt = 4;      // of the file, in its header
+  static constexpr std::size_t kBeforeSize = 8;  // bytes that it does not count
 };

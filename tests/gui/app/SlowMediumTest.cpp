@@ -9,8 +9,8 @@
 #include <fstream>
 
 #include "WindowFixture.h"
+#include "support/LongTake.h"
 #include "support/SlowReads.h"
-#include "support/WaveBytes.h"
 
 namespace {
 
@@ -58,12 +58,8 @@ class SlowMedium : public WindowFixture {
 
   /// A raw take as long as a WAVE file of the recorder can be, without taking the room.
   std::filesystem::path longTake(const std::string& name,
-                                 std::uint32_t sampleBytes = 0x7FFF'0000) const {
-    const auto header =
-        WaveBytes().bext("TARN J4", "MSRAW=ON").format24().chunk("data", sampleBytes, {});
-    const auto path = takes.file(name, header.get());
-    std::filesystem::resize_file(path, std::filesystem::file_size(path) + sampleBytes);
-    return path;
+                                 std::uint32_t sampleBytes = 0x7FFF'0000 / 6 * 6) const {
+    return LongTake::make(takes, name, sampleBytes);
   }
   /// Lets music play until it holds.
   void playUntil(const std::function<bool()>& condition, const char* what) {
@@ -149,7 +145,8 @@ TEST_F(SlowMedium, TakeOfAlmostFourGiBNeedsLittleMemory) {
   }
   RecordProperty("MiB", std::to_string(memory.growth() / kMegabyte));
 #ifndef MIXDECK_SANITIZED  // which keeps for a while what is given back
-  EXPECT_LT(memory.growth(), 64 * kMegabyte);
+  // What is known of four hours is 32 MiB, and where it is shown in time there is a copy of it.
+  EXPECT_LT(memory.growth(), 96 * kMegabyte);
 #endif
 }
 
