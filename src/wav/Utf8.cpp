@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "cli/Utf8.h"
+#include "wav/Utf8.h"
 
 #include <algorithm>
 
