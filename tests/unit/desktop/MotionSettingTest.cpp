@@ -8,10 +8,9 @@
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
-#include <QProcess>
-#include <memory>
 #include <vector>
 
+#include "SessionBus.h"
 #include "support/CoreApplication.h"
 #include "support/EventLoop.h"
 
@@ -43,35 +42,18 @@ class FakePortal : public QDBusVirtualObject {
 class MotionSettingTest : public testing::Test {
  protected:
   void SetUp() override {
-    daemon.start(QStringLiteral("dbus-daemon"),
-                 {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                  QStringLiteral("--nopidfile"), QStringLiteral("--print-address")});
-    ASSERT_TRUE(daemon.waitForReadyRead());
-    const QString address = QString::fromUtf8(daemon.readLine()).trimmed();
-    desktop = std::make_unique<QDBusConnection>(
-        QDBusConnection::connectToBus(address, QStringLiteral("desktop")));
-    program = std::make_unique<QDBusConnection>(
-        QDBusConnection::connectToBus(address, QStringLiteral("program")));
-    ASSERT_TRUE(desktop->isConnected() && program->isConnected());
     QObject::connect(&setting, &MotionSetting::told,
                      [this](bool isReduced) { told.push_back(isReduced); });
   }
-  void TearDown() override {
-    for (const char* const name : {"desktop", "program"}) {
-      QDBusConnection::disconnectFromBus(QString::fromLatin1(name));
-    }
-    daemon.kill();
-    daemon.waitForFinished();
-  }
   void beThere() {
-    ASSERT_TRUE(desktop->registerVirtualObject(kPath, &portal));
-    ASSERT_TRUE(desktop->registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
+    ASSERT_TRUE(bus.desktop().registerVirtualObject(kPath, &portal));
+    ASSERT_TRUE(bus.desktop().registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
   }
   void change(const QString& name, const QVariant& value) const {
     QDBusMessage signal =
         QDBusMessage::createSignal(kPath, kSettings, QStringLiteral("SettingChanged"));
     signal.setArguments({kGroup, name, QVariant::fromValue(QDBusVariant(value))});
-    ASSERT_TRUE(desktop->send(signal));
+    ASSERT_TRUE(bus.desktop().send(signal));
   }
   /// Until so much has been told.
   bool waitFor(std::size_t count) {
@@ -79,10 +61,8 @@ class MotionSettingTest : public testing::Test {
   }
 
   CoreApplication application;
-  QProcess daemon;
   FakePortal portal;
-  std::unique_ptr<QDBusConnection> desktop;
-  std::unique_ptr<QDBusConnection> program;
+  const SessionBus bus;
   MotionSetting setting;
   std::vector<bool> told;
 };
@@ -90,7 +70,7 @@ class MotionSettingTest : public testing::Test {
 TEST_F(MotionSettingTest, AsksAndHearsOfChanges) {
   portal.isAnimated = false;
   beThere();
-  setting.ask(*program);
+  setting.ask(bus.program());
   ASSERT_TRUE(waitFor(1));
   ASSERT_EQ(portal.asked.size(), 1U);
   EXPECT_EQ(portal.asked[0], QVariantList({kGroup, kName}));
@@ -102,7 +82,7 @@ TEST_F(MotionSettingTest, AsksAndHearsOfChanges) {
 }
 
 TEST_F(MotionSettingTest, WithoutAPortalNothingIsTold) {
-  setting.ask(*program);
+  setting.ask(bus.program());
   change(kName, false);  // comes after the answer that there is none
   ASSERT_TRUE(waitFor(1));
   EXPECT_THAT(told, ElementsAre(true));
@@ -112,7 +92,7 @@ TEST_F(MotionSettingTest, WithoutAPortalNothingIsTold) {
 TEST_F(MotionSettingTest, WhatIsNoYesOrNoIsNoAnswer) {
   portal.isAnimated = 7;
   beThere();
-  setting.ask(*program);
+  setting.ask(bus.program());
   ASSERT_TRUE(EventLoop::runUntil([&] { return !portal.asked.empty(); }));
   change(kName, true);
   ASSERT_TRUE(waitFor(1));

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusConnection>
+#include <QObject>
+#include <QString>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <vector>
+
+/// Has files shown in the desktop's file manager (`org.freedesktop.FileManager1`), where they are
+/// then selected. Where there is no session bus, or none that answers, their folder is opened by
+/// whatever opens folders. Nothing waits, and no file is touched here. Interface thread, which has
+/// an event loop.
+class FileManager : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Opens a folder by its address.
+  using Opener = std::function<void(const QString& address)>;
+
+  explicit FileManager(QObject* parent = nullptr, Opener opener = open);
+
+  /// From now on it goes over this bus.
+  void use(const QDBusConnection& bus) { _bus = bus; }
+  /// `files` are absolute, in the file system's own bytes.
+  void show(const std::vector<std::filesystem::path>& files);
+
+ private:
+  static void open(const QString& address);
+
+  std::optional<QDBusConnection> _bus;
+  Opener _opener;
+};
