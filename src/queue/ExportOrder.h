@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -23,4 +24,6 @@ struct ExportOrder {
   std::optional<FrameRange> range = std::nullopt;         ///< these frames alone
   /// Of what is to be exported, where somebody has it.
   std::shared_ptr<const TakeAnalysis> analysis = nullptr;
+  bool isOfBatch = false;  ///< one of many that were ordered together
+  std::uint64_t size = 0;  ///< bytes of the target, where somebody knows
 };

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "queue/MediumPace.h"
+
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+
+#include <fstream>
+
+#include "export/ProcessorShare.h"
+#include "support/TemporaryFolder.h"
+
+namespace {
+
+/// A disk with a partition, as the kernel tells of it.
+class MediumPaceTest : public testing::Test {
+ protected:
+  /// The partition's folder.
+  std::filesystem::path disk(const std::string& name, bool isRemovable, bool isRotational) const {
+    const auto disk = _system.path() / "devices" / name;
+    std::filesystem::create_directories(disk / "queue");
+    std::filesystem::create_directories(disk / (name + "p1"));
+    std::ofstream(disk / "removable") << isRemovable << '\n';
+    std::ofstream(disk / "queue" / "rotational") << isRotational << '\n';
+    std::ofstream(disk / (name + "p1") / "partition") << "1\n";
+    return disk / (name + "p1");
+  }
+  /// Has this device hold the folder of the takes.
+  void hold(const std::filesystem::path& device) const {
+    struct stat status {};
+    ASSERT_EQ(0, stat(_takes.path().c_str(), &status));
+    const auto folder = _system.path() / "dev/block";
+    std::filesystem::create_directories(folder);
+    const std::string number = fmt::format("{}:{}", major(status.st_dev), minor(status.st_dev));
+    std::filesystem::create_symlink(device, folder / number);
+  }
+
+  TemporaryFolder _system;
+  TemporaryFolder _takes;
+};
+
+TEST_F(MediumPaceTest, CardsSticksAndTurningDisksAreSlow) {
+  EXPECT_FALSE(MediumPace::isSlow(disk("nvme0n1", false, false)));
+  EXPECT_FALSE(MediumPace::isSlow(disk("sda", false, false).parent_path()));
+  EXPECT_TRUE(MediumPace::isSlow(disk("mmcblk0", false, false)));
+  EXPECT_TRUE(MediumPace::isSlow(disk("sdb", true, false)));
+  EXPECT_TRUE(MediumPace::isSlow(disk("sdc", false, true)));
+  EXPECT_TRUE(MediumPace::isSlow(disk("sdd", false, true).parent_path()));
+}
+
+TEST_F(MediumPaceTest, ASlowMediumHasOneAtATime) {
+  hold(disk("mmcblk0", false, false));
+  EXPECT_EQ(1U, MediumPace::atOnce(_takes.path(), _system.path()));
+}
+
+TEST_F(MediumPaceTest, AFastOneHasOneAProcessor) {
+  hold(disk("nvme0n1", false, false));
+  EXPECT_EQ(ProcessorShare::processors(), MediumPace::atOnce(_takes.path(), _system.path()));
+}
+
+TEST_F(MediumPaceTest, OneThatIsNotKnownCountsAsFastAndOneThatIsNotThereAsSlow) {
+  EXPECT_EQ(ProcessorShare::processors(), MediumPace::atOnce(_takes.path(), _system.path()));
+  EXPECT_EQ(1U, MediumPace::atOnce(_takes.path() / "none", _system.path()));
+}
+
+}  // namespace
