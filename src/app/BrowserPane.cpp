@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QFile>
 #include <QUrl>
-#include <algorithm>
 
 #include "dialogs/FolderPanel.h"
 
@@ -56,10 +55,23 @@ void BrowserPane::showPath() {
   _view.btnOpenFolder->setToolTip(tr("Open folder, now %1").arg(path));
 }
 
+std::vector<WavItem> BrowserPane::selectedTakes() const {
+  std::vector<WavItem> takes;
+  const auto& files = _browser.model().files();
+  for (const int row : _view.tableFile->selectedRows()) {
+    const WavItem& item = files[static_cast<std::size_t>(row)];
+    if (!item.isFolder) takes.push_back(item);
+  }
+  return takes;
+}
+
 void BrowserPane::rememberPlace() {
-  const int row = _view.tableFile->selectedRow();
-  _hadSelection = row >= 0 && row < _browser.model().rowCount();
-  if (_hadSelection) _selected = _browser.model().files()[static_cast<std::size_t>(row)].fileName;
+  const auto nameOf = [this](int row) {
+    return _browser.model().files()[static_cast<std::size_t>(row)].fileName;
+  };
+  _selected.clear();
+  for (const int row : _view.tableFile->selectedRows()) _selected.insert(nameOf(row));
+  if (!_selected.empty()) _current = nameOf(_view.tableFile->selectedRow());
   _place = _view.tableFile->place();
 }
 
@@ -75,16 +87,22 @@ void BrowserPane::restorePlace(bool isSameFolder) {
 
 // Where a row vanishes, the view selects the one beside it.
 void BrowserPane::selectRemembered() {
-  if (!_hadSelection) return _view.tableFile->clearSelection();
+  if (_selected.empty()) return _view.tableFile->clearSelection();
   const auto& files = _browser.model().files();
-  const auto found = std::ranges::find(files, _selected, &WavItem::fileName);
-  const bool isThere = found != files.end();
-  _view.tableFile->selectRow(isThere ? static_cast<int>(found - files.begin()) : -1);
+  std::vector<int> rows;
+  int current = -1;
+  for (std::size_t row = 0; row < files.size(); ++row) {
+    if (!_selected.contains(files[row].fileName)) continue;
+    rows.push_back(static_cast<int>(row));
+    if (files[row].fileName == _current) current = rows.back();
+  }
+  if (rows.empty()) return _view.tableFile->selectRow(-1);
+  _view.tableFile->selectRows(rows, current < 0 ? rows.front() : current);
 }
 
-void BrowserPane::selectAndSee(int row) {
-  _view.tableFile->selectRow(row);
-  _view.tableFile->scrollTo(_browser.model().index(row));
+void BrowserPane::selectAndSee(const std::vector<int>& rows) {
+  _view.tableFile->selectRows(rows, rows.front());
+  _view.tableFile->scrollTo(_browser.model().index(rows.front()));
 }
 
 void BrowserPane::autoResizeColumn() {

@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QString>
 #include <filesystem>
+#include <set>
+#include <vector>
 
 #include "app/BrowserView.h"
 #include "app/ColumnMeasure.h"
@@ -23,6 +25,8 @@ class BrowserPane : public QObject {
 
   /// Opens what is selected: goes into a folder, chooses a recording.
   void openSelected();
+  /// The recordings that are selected, from the top.
+  [[nodiscard]] std::vector<WavItem> selectedTakes() const;
   /// Asks for a folder.
   void askForFolder();
   /// Makes the rows as wide as their longest name.
@@ -34,13 +38,13 @@ class BrowserPane : public QObject {
   void rememberPlace();
   void restorePlace(bool isSameFolder);
   void selectRemembered();
-  void selectAndSee(int row);
+  void selectAndSee(const std::vector<int>& rows);
   [[nodiscard]] std::filesystem::path startOfPanel() const;
 
   BrowserView& _view;
   FolderBrowser& _browser;
   ColumnMeasure _columnMeasure;
-  bool _hadSelection = false;
-  QString _selected;
+  std::set<QString> _selected;
+  QString _current;
   int _place = 0;
 };

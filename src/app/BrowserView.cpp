@@ -20,11 +20,14 @@ BrowserView::BrowserView(QWidget* parent) : QWidget(parent) {
   setMinimumWidth(kLeastWidth);
   makeFolderBar();
   tableFile = new FileList(this);
+  tableFile->setSeveral(true);
+  makeSelectionBar();
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(10, 10, 10, 10);
   layout->setSpacing(9);
   layout->addWidget(viewPathBG);
   layout->addWidget(tableFile, 1);
+  layout->addWidget(viewSelectionBG);
 }
 
 void BrowserView::makeFolderBar() {
@@ -46,6 +49,20 @@ void BrowserView::makeFolderBar() {
   layout->addWidget(btnOpenFolder);
 }
 
+void BrowserView::makeSelectionBar() {
+  viewSelectionBG = new QWidget(this);
+  MainViewParts::makeGround(*viewSelectionBG, "viewSelectionBG");
+  viewSelectionBG->setMinimumHeight(kLeastBarHeight);
+  viewSelectionBG->hide();
+  lblSelection = MainViewParts::label(viewSelectionBG, "dim");
+  btnExportSelected = new QPushButton(viewSelectionBG);
+  btnExportSelected->setObjectName(QStringLiteral("btnExportSelected"));
+  auto* const layout = new QHBoxLayout(viewSelectionBG);
+  layout->setContentsMargins(12, 0, 2, 0);
+  layout->addWidget(lblSelection, 1);
+  layout->addWidget(btnExportSelected);
+}
+
 QWidgetList BrowserView::tabOrder() const {
-  return {btnGoUp, lblFolder, btnOpenFolder, tableFile};
+  return {btnGoUp, lblFolder, btnOpenFolder, tableFile, btnExportSelected};
 }

@@ -2,14 +2,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QLabel>
+#include <QPushButton>
 #include <QToolButton>
 #include <QWidget>
 
 #include "app/ElidedButton.h"
 #include "folders/FileList.h"
 
-/// The left half of the window: the bar with the folder's name, and the list of files under it.
-/// Laid out and named, and nothing more. Interface thread.
+/// The left half of the window: the bar with the folder's name, the list of files under it, and
+/// under that a bar for several that are selected, hidden at first. Laid out and named, and nothing
+/// more. Interface thread.
 class BrowserView : public QWidget {
   Q_OBJECT
 
@@ -24,7 +27,11 @@ class BrowserView : public QWidget {
   ElidedButton* lblFolder = nullptr;
   QToolButton* btnOpenFolder = nullptr;
   FileList* tableFile = nullptr;
+  QWidget* viewSelectionBG = nullptr;
+  QLabel* lblSelection = nullptr;
+  QPushButton* btnExportSelected = nullptr;
 
  private:
   void makeFolderBar();
+  void makeSelectionBar();
 };

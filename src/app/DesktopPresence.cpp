@@ -10,6 +10,9 @@ DesktopPresence::DesktopPresence(WindowController& window)
   QObject::connect(&_bus, &BusLink::connected, &_motion, &MotionSetting::ask);
   QObject::connect(&_motion, &MotionSetting::told, &window,
                    [&window](bool isReduced) { window.viewController().reduceMotion(isReduced); });
+  QObject::connect(&_bus, &BusLink::connected, &_files, &FileManager::use);
+  QObject::connect(&window.viewController(), &ViewController::showFilesRequested, &_files,
+                   &FileManager::show);
   QObject::connect(&_mpris, &MprisService::raiseRequested, &window, &WindowController::raise);
   QObject::connect(&_mpris, &MprisService::quitRequested, &window.window(), &QWidget::close);
 }

@@ -4,6 +4,7 @@
 
 #include "app/WindowController.h"
 #include "desktop/BusLink.h"
+#include "desktop/FileManager.h"
 #include "desktop/MotionSetting.h"
 #include "desktop/MprisService.h"
 
@@ -18,4 +19,5 @@ class DesktopPresence {
   BusLink _bus;
   MprisService _mpris;
   MotionSetting _motion;
+  FileManager _files;
 };

@@ -135,9 +135,13 @@ void FolderBrowser::choose(int row) {
   });
 }
 
-void FolderBrowser::wishFor(const std::filesystem::path& file) {
-  const std::filesystem::path path = tidy(file);
-  _wish = Wish{path.parent_path(), lastComponent(path)};
+void FolderBrowser::wishFor(const std::vector<std::filesystem::path>& files) {
+  if (files.empty()) return;
+  _wish = Wish{tidy(files.front()).parent_path(), {}};
+  for (const std::filesystem::path& file : files) {
+    const std::filesystem::path path = tidy(file);
+    if (path.parent_path() == _wish->folder) _wish->names.insert(lastComponent(path));
+  }
 }
 
 QString FolderBrowser::failure() const {
@@ -191,13 +195,22 @@ void FolderBrowser::rearrange() {
   emit rowsChanged(true);
 }
 
+std::vector<int> FolderBrowser::wishedRows() const {
+  std::vector<int> rows;
+  const auto& files = _model.files();
+  for (std::size_t row = 0; row < files.size(); ++row) {
+    if (_wish->names.contains(files[row].fileName)) rows.push_back(static_cast<int>(row));
+  }
+  return rows;
+}
+
 // A file that was written while the folder was listed is in the listing that follows.
 void FolderBrowser::lookForWish() {
   if (!_wish) return;
   const bool isItsFolder = _wish->folder == _listing->folderPath();
-  const auto& files = _model.files();
-  const auto found = std::ranges::find(files, _wish->name, &WavItem::fileName);
-  const bool isGranted = isItsFolder && found != files.end();
-  if (isGranted || !isItsFolder || !_lister.isListing()) _wish.reset();
-  if (isGranted) emit wishGranted(static_cast<int>(found - files.begin()));
+  const std::vector<int> rows = isItsFolder ? wishedRows() : std::vector<int>();
+  const bool isGranted = !rows.empty() && rows.size() >= _wish->names.size();
+  const bool isOver = isGranted || !isItsFolder || !_lister.isListing();
+  if (isOver) _wish.reset();
+  if (isOver && !rows.empty()) emit wishGranted(rows);
 }

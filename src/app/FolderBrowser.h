@@ -8,6 +8,8 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
+#include <vector>
 
 #include "base/Errand.h"
 #include "folders/FileListModel.h"
@@ -44,7 +46,9 @@ class FolderBrowser : public QObject {
   void lookNoMore();
   /// Wishes for this file to be selected as soon as its folder shows it. Another folder ends the
   /// wish.
-  void wishFor(const std::filesystem::path& file);
+  void wishFor(const std::filesystem::path& file) { wishFor(std::vector{file}); }
+  /// The same for several files of one folder.
+  void wishFor(const std::vector<std::filesystem::path>& files);
 
   [[nodiscard]] const std::filesystem::path& requestedFolder() const { return _requested; }
   /// The folder that is shown, or about to be.
@@ -67,8 +71,8 @@ class FolderBrowser : public QObject {
   void rowsChanged(bool isSameFolder);
   /// There are other entries than before.
   void newRows();
-  /// The wish for a file has come true.
-  void wishGranted(int row);
+  /// The wish for files has come true; the rows are in order.
+  void wishGranted(const std::vector<int>& rows);
   /// The rows are what the folder held a moment ago.
   void listed();
   void takeChosen(const WavItem& take);
@@ -81,10 +85,10 @@ class FolderBrowser : public QObject {
   enum class Kind { Nothing, Something, Folder };
   using Then = std::function<void(Kind kind)>;
 
-  /// A file by name together with the folder in which it is meant.
+  /// Files by name together with the folder in which they are meant.
   struct Wish {
     std::filesystem::path folder;
-    QString name;
+    std::set<QString> names;
   };
 
   void lookAt(const std::filesystem::path& path, const Then& then);
@@ -94,6 +98,7 @@ class FolderBrowser : public QObject {
   void replaceRows(const std::shared_ptr<const FolderHelper>& listing);
   void rearrange();
   void lookForWish();
+  [[nodiscard]] std::vector<int> wishedRows() const;
 
   std::filesystem::path _requested;
   bool _isAwaited = false;    ///< no listing of the requested folder has come

@@ -39,7 +39,7 @@ class Columns : public QHBoxLayout {
 
 QString lookOfParts() {
   return QStringLiteral(
-             "#viewPathBG { background: %1; border-radius: 3px; }"
+             "#viewPathBG, #viewSelectionBG { background: %1; border-radius: 3px; }"
              "#viewLeftBG, #viewRightBG { background: %2; border-radius: 2px; }"
              "FileList { background: transparent; border: none; }"
              "QScrollArea::corner { background: transparent; }"
@@ -62,7 +62,11 @@ QString lookOfParts() {
              "QToolButton[role=\"toggle\"]:focus { border-color: %5; }"
              "#btnExport { background: %1; border-radius: 8px; padding: 0 12px; min-height: 32px; }"
              "#btnExport:hover { background: %3; }"
-             "#btnExport:pressed { background: %4; }")
+             "#btnExport:pressed { background: %4; }"
+             "#btnExportSelected { background: transparent; border-radius: 4px; padding: 0 8px;"
+             "  min-height: 26px; }"
+             "#btnExportSelected:hover { background: %3; }"
+             "#btnExportSelected:pressed { background: %4; }")
       .arg(Colors::ControlColor().name(), Colors::AppBGLight().name(), Colors::hover().name(),
            Colors::pressed().name(), Colors::focusRing().name(), Colors::WHITE().name(),
            Colors::primaryHover().name(), Colors::primaryPressed().name(), Colors::line().name(),

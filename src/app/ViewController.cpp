@@ -45,8 +45,21 @@ void ViewController::initUI() {
   connect(&commands, &WindowCommands::metersByRuleRequested, &_panes.levels,
           &LevelFeed::setByRecordersRule);
   connect(&commands, &WindowCommands::endRequested, this, &ViewController::endRequested);
+  connect(&_panes.selection, &SelectionPane::exportRequested, &_panes.selected,
+          &SelectedExport::ask);
+  connectRows();
   connect(&_panes.device, &DevicePane::recorderMissing, &commands, &WindowCommands::showNoDevice);
   MIDIManagerDisconnected();
+}
+
+void ViewController::connectRows() {
+  RowMenu& rows = _panes.rowMenu;
+  connect(&rows, &RowMenu::openRequested, &_panes.files, &BrowserPane::openSelected);
+  connect(&rows, &RowMenu::exportRequested, &_panes.selected, &SelectedExport::ask);
+  connect(&rows, &RowMenu::informationRequested, &_panes.informant, &TakeInformant::show);
+  connect(&rows, &RowMenu::showRequested, this, &ViewController::showFilesRequested);
+  connect(&_panes.batch, &BatchDesk::showInFolderRequested, this,
+          &ViewController::showFilesRequested);
 }
 
 // What the command line names is not to play behind a dialog that explains the program.

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "app/WindowPanes.h"
 #include "base/NotificationCenter.h"
@@ -103,11 +104,14 @@ class ViewController : public QObject, public MIDIManagerDelegate {
 
  signals:
   void endRequested();
+  /// These files are to be shown in the desktop's file manager.
+  void showFilesRequested(const std::vector<std::filesystem::path>& files);
   /// The list shows what the folder held a moment ago.
   void listed();
 
  private:
   void initUI();
+  void connectRows();
   void initMIDI();
   void openChosen(const WavItem& item);
   void markLoaded();

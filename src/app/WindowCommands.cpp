@@ -163,11 +163,16 @@ void WindowCommands::askForTheEnd() {
   auto* const question = new QMessageBox(QMessageBox::NoIcon, _window.windowTitle(), {},
                                          QMessageBox::NoButton, &_window);
   question->setAttribute(Qt::WA_DeleteOnClose);
-  question->setInformativeText(tr("An export is still running. Ending now cancels it."));
+  const auto count = static_cast<int>(_exports.ids().size());
+  question->setInformativeText(
+      count == 1 ? tr("An export is still running. Ending now cancels it.")
+                 : tr("%n exports are still running or waiting. Ending now cancels them.", nullptr,
+                      count));
   // In this order, whatever the desktop's is.
   QPushButton* const stay = question->addButton(tr("Keep exporting"), QMessageBox::ActionRole);
   const auto* const end =
-      question->addButton(tr("Cancel export and quit"), QMessageBox::ActionRole);
+      question->addButton(count == 1 ? tr("Cancel export and quit") : tr("Cancel exports and quit"),
+                          QMessageBox::ActionRole);
   question->setDefaultButton(stay);
   question->setEscapeButton(stay);
   connect(end, &QAbstractButton::clicked, this, &WindowCommands::endAnyway);

@@ -14,11 +14,15 @@
 #include "app/MainView.h"
 #include "app/MeasuredTake.h"
 #include "app/RepairOffer.h"
+#include "app/RowMenu.h"
 #include "app/RowReader.h"
 #include "app/ScopePane.h"
+#include "app/SelectedExport.h"
+#include "app/SelectionPane.h"
 #include "app/SessionRemote.h"
 #include "app/SoloPane.h"
 #include "app/SoundPane.h"
+#include "app/TakeInformant.h"
 #include "app/TakeKeys.h"
 #include "app/TakeMessages.h"
 #include "app/TakeRecall.h"
@@ -27,6 +31,8 @@
 #include "app/WaveformPane.h"
 #include "app/WidthPane.h"
 #include "app/WindowCommands.h"
+#include "app/WindowDrop.h"
+#include "dialogs/BatchDesk.h"
 #include "dialogs/ExportDesk.h"
 #include "queue/ExportQueue.h"
 
@@ -48,6 +54,9 @@ struct WindowPanes {
   FolderBrowser browser{&owner};
   SessionRemote remote{take, browser, &owner};
   BrowserPane files{*view.browser, browser, *view.player->lblStatus, &owner};
+  SelectionPane selection{*view.browser, browser, files, &owner};
+  RowMenu rowMenu{*view.browser, browser, files, &owner};
+  WindowDrop drop{view, browser, &owner};
   TransportPane transport{*view.player, take, &owner};
   SoundPane sound{*view.player, take, &owner};
   LevelFeed levels{*view.player->stage, take, &owner};
@@ -75,6 +84,9 @@ struct WindowPanes {
   ExportQueue exports;
   RowReader rows{browser, exports, keeper, *view.menu->actionRemember, &owner};
   ExportDesk desk{exports, view};
+  BatchDesk batch{exports, view};
+  SelectedExport selected{{files, take, *view.player->lblStatus, desk, batch}, &owner};
+  TakeInformant informant{view, take, measured, &owner};
   WindowCommands commands{{view, *view.menu, *view.player->btnExport, *view.player->lblStatus,
                            exports, desk, &measured},
                           take,

@@ -19,6 +19,8 @@ class Colors {
   static QColor line() { return {0x3F, 0x43, 0x4A}; }
   /// Behind the chosen entry of a list or menu.
   static QColor selection() { return {0x3A, 0x3F, 0x47}; }
+  /// The same where several entries of a list are chosen.
+  static QColor severalSelected() { return {0x2B, 0x39, 0x4A}; }
   /// A button under the pointer, and pressed.
   static QColor hover() { return {0x3A, 0x3E, 0x46}; }
   static QColor pressed() { return {0x25, 0x28, 0x2D}; }

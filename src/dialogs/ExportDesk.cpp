@@ -35,7 +35,7 @@ ExportDesk::ExportDesk(ExportQueue& queue, QWidget& window) : _queue(queue), _wi
 }
 
 void ExportDesk::ask(const std::shared_ptr<Export>& job, const ExportVC::Extra& extra) {
-  if (_queue.isBusy()) return raiseProgress();
+  if (_queue.isBusy()) return _progress.empty() ? emit queueWanted() : raiseProgress();
   auto* const dialog = new ExportVC(&_window);
   dialog->setExporter(job);
   dialog->setExtra(extra);
@@ -45,6 +45,7 @@ void ExportDesk::ask(const std::shared_ptr<Export>& job, const ExportVC::Extra& 
 }
 
 void ExportDesk::prepareProgress(int id, const ExportOrder& order) {
+  if (order.isOfBatch) return;
   auto progress =
       std::make_unique<ExportProgress>(nameOf(order.source), nameOf(order.target), &_window);
   progress->setParentFrame(_window.window()->frameGeometry());
@@ -54,14 +55,15 @@ void ExportDesk::prepareProgress(int id, const ExportOrder& order) {
 }
 
 void ExportDesk::showProgress(int id, double done, std::chrono::milliseconds elapsed) {
-  ExportProgress& progress = *_progress.at(id);
+  const auto found = _progress.find(id);
+  if (found == _progress.end()) return;
+  ExportProgress& progress = *found->second;
   const double seconds = std::chrono::duration<double>(elapsed).count();
   progress.update(done, TimeLeft::text(seconds, done));
   if (elapsed >= kBeforeShown) progress.show();
 }
 
 void ExportDesk::raiseProgress() {
-  if (_progress.empty()) return;
   ExportProgress& oldest = *_progress.begin()->second;
   oldest.show();
   oldest.raise();
@@ -69,6 +71,7 @@ void ExportDesk::raiseProgress() {
 }
 
 void ExportDesk::end(int id, const ExportOrder& order, const ExportResult& result) {
+  if (order.isOfBatch) return;
   _progress.erase(id);
   EB::FIRE(EB::kReloadFileList);
   switch (result.end) {

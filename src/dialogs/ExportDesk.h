@@ -18,7 +18,7 @@
 class Export;
 
 /// What the user sees of the window's exports: the dialog that takes an order, the progress of each
-/// order that runs for a while, and how it ended.
+/// order that runs for a while, and how it ended. Orders of a batch are `BatchDesk`'s.
 ///
 /// When an order has ended, its progress goes, "EB_RELOAD_FILE_LIST" is fired, and then `exported`
 /// comes, or `failed` and an alert; neither after a cancel. Interface thread.
@@ -38,6 +38,8 @@ class ExportDesk : public QObject {
   void exported(const std::filesystem::path& path);
   /// An export could not be written; `why` is a sentence for the window's quiet line.
   void failed(const QString& why);
+  /// What runs is a batch, which somebody else shows.
+  void queueWanted();
 
  private:
   void prepareProgress(int id, const ExportOrder& order);

@@ -8,14 +8,6 @@
 #include <algorithm>
 #include <system_error>
 
-namespace {
-
-QString sizeOf(std::uint64_t bytes) {
-  return QLocale().formattedDataSize(static_cast<qint64>(bytes), 1, QLocale::DataSizeSIFormat);
-}
-
-}  // namespace
-
 ExportFacts::ExportFacts(const Export& job)
     : isValid(job.IsFileValid() && job.reader() != nullptr && job.reader()->image()),
       source(job.getFilePath()),
@@ -60,8 +52,12 @@ QString ExportFacts::gainText(bool isNormalized) const {
   return QStringLiteral("%1%2 dB").arg(gain > 0 ? QStringLiteral("+") : QString()).arg(gain);
 }
 
+QString ExportFacts::textOf(std::uint64_t bytes) {
+  return QLocale().formattedDataSize(static_cast<qint64>(bytes), 1, QLocale::DataSizeSIFormat);
+}
+
 QString ExportFacts::sizeText(bool is24bit) const {
-  return sizeOf(is24bit ? size24 : size32);
+  return textOf(is24bit ? size24 : size32);
 }
 
 QString ExportFacts::warning(bool is24bit, std::optional<std::uint64_t> free) const {
@@ -74,7 +70,7 @@ QString ExportFacts::warning(bool is24bit, std::optional<std::uint64_t> free) co
   const std::uint64_t size = is24bit ? size24 : size32;
   if (free && *free < size) {
     return QCoreApplication::translate("ExportFacts", "Only %1 free in this folder")
-        .arg(sizeOf(*free));
+        .arg(textOf(*free));
   }
   if (!ChunkSizes::isRf64(size)) return {};
   return QCoreApplication::translate("ExportFacts",

@@ -24,6 +24,8 @@ struct ExportFacts {
   [[nodiscard]] QString gainText(bool isNormalized) const;
   /// "14.4 MB".
   [[nodiscard]] QString sizeText(bool is24bit) const;
+  /// So many bytes in the same way.
+  [[nodiscard]] static QString textOf(std::uint64_t bytes);
   /// As of an export of these frames alone.
   [[nodiscard]] ExportFacts only(const FrameRange& range) const;
   /// Why the export would be noise, would not fit into a folder with so many bytes `free`, or is

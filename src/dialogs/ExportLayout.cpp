@@ -87,14 +87,8 @@ QLayout* ExportVC::choices() {
 QLayout* ExportVC::loudness() {
   _checkboxLoudness = new QCheckBox(tr("To a loudness"), this);
   _checkboxLoudness->setObjectName(QStringLiteral("checkboxLoudness"));
-  _comboLoudness = new QComboBox(this);
+  _comboLoudness = new LoudnessField(this);
   _comboLoudness->setObjectName(QStringLiteral("comboLoudness"));
-  _comboLoudness->setAccessibleName(tr("Loudness to aim at"));
-  _comboLoudness->setEditable(true);
-  _comboLoudness->setInsertPolicy(QComboBox::NoInsert);
-  for (const int lufs : {-23, -18, -16, -14}) {
-    _comboLoudness->addItem(QString::number(lufs) + u' ' + tr("LUFS"));
-  }
   _comboLoudness->setEnabled(false);
   connect(_checkboxLoudness, &QCheckBox::toggled, _comboLoudness, &QWidget::setEnabled);
   connect(_checkboxLoudness, &QCheckBox::toggled, this, [this] { chooseLevel(_checkboxLoudness); });

@@ -10,12 +10,6 @@
 #include "controls/Appearance.h"
 #include "dialogs/SavePanel.h"
 
-namespace {
-
-constexpr double kLeastLufs = -70;
-
-}  // namespace
-
 ExportVC::ExportVC(QWidget* parent) : DialogWindow(parent) {
   layOut();
   connect(&_levels, &ExportLevels::changed, this, &ExportVC::showLevels);
@@ -50,18 +44,8 @@ std::optional<FrameRange> ExportVC::range() const {
   return _checkboxSelection->isChecked() ? _extra.selection : std::nullopt;
 }
 
-// With either minus, with either decimal sign, with or without the unit.
-std::optional<double> ExportVC::typedLufs() const {
-  QString typed = _comboLoudness->currentText();
-  typed.replace(u'−', u'-').replace(u',', u'.').remove(tr("LUFS"));
-  bool isNumber = false;
-  const double lufs = typed.toDouble(&isNumber);
-  if (!isNumber || !(lufs >= kLeastLufs && lufs <= 0)) return std::nullopt;
-  return lufs;
-}
-
 std::optional<LoudnessTarget> ExportVC::target() const {
-  const std::optional<double> lufs = typedLufs();
+  const std::optional<double> lufs = _comboLoudness->lufs();
   if (!_checkboxLoudness->isChecked() || !lufs) return std::nullopt;
   LoudnessTarget target;
   target.lufs = *lufs;
@@ -71,7 +55,7 @@ std::optional<LoudnessTarget> ExportVC::target() const {
 // Why there can be no export to the loudness that is wanted; empty where there can.
 QString ExportVC::levelWarning() const {
   if (!_checkboxLoudness->isChecked()) return {};
-  if (!typedLufs()) return tr("A loudness is a number from -70 to 0.");
+  if (!_comboLoudness->lufs()) return tr("A loudness is a number from -70 to 0.");
   if (_levels.hasFailed()) return tr("The take cannot be read, so its loudness is not known.");
   const bool isSilent = _levels.analysis() && !_levels.gain();
   return isSilent ? tr("Silence, and what is shorter than 0.4 s, has no loudness.") : QString();

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
 #include <QLayout>
 #include <QPushButton>
@@ -16,6 +15,7 @@
 #include "dialogs/DialogWindow.h"
 #include "dialogs/ExportFacts.h"
 #include "dialogs/ExportLevels.h"
+#include "dialogs/LoudnessField.h"
 #include "export/Export.h"
 #include "queue/ExportOrder.h"
 
@@ -72,7 +72,6 @@ class ExportVC : public DialogWindow {
   [[nodiscard]] ExportFacts exported() const;
   [[nodiscard]] QString levelWarning() const;
   [[nodiscard]] std::optional<FrameRange> range() const;
-  [[nodiscard]] std::optional<double> typedLufs() const;
   [[nodiscard]] std::optional<LoudnessTarget> target() const;
   [[nodiscard]] QString gainText() const;
   void save(const std::filesystem::path& path, AtomicFile::Existing existing);
@@ -85,7 +84,7 @@ class ExportVC : public DialogWindow {
   QRadioButton* _radio24;
   QCheckBox* _checkboxNormalize;
   QCheckBox* _checkboxLoudness;
-  QComboBox* _comboLoudness;
+  LoudnessField* _comboLoudness;
   QCheckBox* _checkboxSelection;
   QLabel* _name;
   QLabel* _width;

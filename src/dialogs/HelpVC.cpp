@@ -17,6 +17,8 @@ std::vector<HelpVC::Line> pointerLines() {
           {HelpVC::tr("Wheel there"), HelpVC::tr("Zooms; with Shift it scrolls")},
           {HelpVC::tr("Double click there"), HelpVC::tr("Shows the whole take")},
           {HelpVC::tr("Ruler over it"), HelpVC::tr("A drag loops; A and B can be moved there")},
+          {HelpVC::tr("Takes in the list"),
+           HelpVC::tr("Shift and Ctrl select several; the second button opens a menu")},
           {HelpVC::tr("Gain"), HelpVC::tr("A double click on the knob resets it")},
           {HelpVC::tr("Width and gain"), HelpVC::tr("A click on the value lets you type one")},
           {HelpVC::tr("Recorder in the dial"),

@@ -3,8 +3,12 @@
 
 #include "folders/FileList.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <algorithm>
+
+#include "controls/Colors.h"
 
 FileList::FileList(QWidget* parent) : QListView(parent), _cell(new FileListCell(this)) {
   setItemDelegate(_cell);
@@ -24,9 +28,41 @@ void FileList::setColumnWidth(int width) {
   scheduleDelayedItemsLayout();
 }
 
+void FileList::setSeveral(bool isAllowed) {
+  setSelectionMode(isAllowed ? ExtendedSelection : SingleSelection);
+  setDragEnabled(isAllowed);
+}
+
+// The current row has the focus ring, whether or not it is one of them.
 int FileList::selectedRow() const {
-  const QModelIndexList rows = selectionModel()->selectedIndexes();
-  return rows.isEmpty() ? -1 : rows.first().row();
+  const QItemSelection& selection = selectionModel()->selection();
+  if (selection.isEmpty()) return -1;
+  const QModelIndex current = currentIndex();
+  return current.isValid() ? current.row() : selection.first().top();
+}
+
+std::vector<int> FileList::selectedRows() const {
+  std::vector<int> rows;
+  for (const QItemSelectionRange& range : selectionModel()->selection()) {
+    for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);
+  }
+  std::ranges::sort(rows);
+  rows.erase(std::ranges::unique(rows).begin(), rows.end());
+  return rows;
+}
+
+void FileList::selectRows(const std::vector<int>& rows, int current) {
+  QItemSelection selection;
+  for (auto row = rows.begin(); row != rows.end();) {
+    auto end = row;
+    while (end + 1 != rows.end() && *(end + 1) == *end + 1) ++end;
+    selection.select(model()->index(*row, 0), model()->index(*end, 0));
+    row = end + 1;
+  }
+  setAutoScroll(false);
+  selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+  selectionModel()->setCurrentIndex(model()->index(current, 0), QItemSelectionModel::NoUpdate);
+  setAutoScroll(true);
 }
 
 void FileList::selectRow(int row) {
@@ -71,16 +107,38 @@ void FileList::keyboardSearch(const QString& letters) {
 void FileList::initViewItemOption(QStyleOptionViewItem* option) const {
   QListView::initViewItemOption(option);
   option->state.setFlag(QStyle::State_KeyboardFocusChange, hasFocus() && _focus.isShown());
+  option->backgroundBrush = _isSeveral ? Colors::severalSelected() : Colors::selection();
+}
+
+void FileList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+  QListView::selectionChanged(selected, deselected);
+  const QItemSelection& selection = selectionModel()->selection();
+  const bool isSeveral =
+      selection.size() > 1 || (!selection.isEmpty() && selection.first().height() > 1);
+  if (isSeveral != _isSeveral) viewport()->update();
+  _isSeveral = isSeveral;
+  emit selectionMoved();
 }
 
 void FileList::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
   const bool isAside = key == Qt::Key_Left || key == Qt::Key_Right;
   const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter;
-  if (key == Qt::Key_Space || isReturn || isAside) return event->ignore();
+  const bool isToggle =
+      selectionMode() == ExtendedSelection && event->modifiers() == Qt::ControlModifier;
+  const bool isSpace = key == Qt::Key_Space && !isToggle;
+  if (isSpace || isReturn || isAside) return event->ignore();
   _focus.used();
   QListView::keyPressEvent(event);
   viewport()->update();
+}
+
+// By the keyboard the menu stands at the current row, wherever the pointer is.
+void FileList::contextMenuEvent(QContextMenuEvent* event) {
+  const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+  const QPoint place = isByKey ? visualRect(currentIndex()).center() : event->pos();
+  const bool isOnRow = isByKey || indexAt(place).isValid();
+  if (isOnRow && selectedRow() >= 0) emit menuRequested(viewport()->mapToGlobal(place));
 }
 
 // Without a bar it could still be scrolled by a wheel or by the keyboard.

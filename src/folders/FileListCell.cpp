@@ -46,7 +46,7 @@ void FileListCell::drawGround(QPainter& painter, const QStyleOptionViewItem& opt
   const QRectF ground = QRectF(option.rect).adjusted(0.0, 1.0, 0.0, -1.0);
   if (option.state.testFlag(QStyle::State_Selected)) {
     painter.setPen(Qt::NoPen);
-    painter.setBrush(Colors::selection());
+    painter.setBrush(option.backgroundBrush);
     painter.drawRoundedRect(ground, kRadius, kRadius);
   }
   constexpr auto kRing = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;

@@ -3,11 +3,14 @@
 
 #include "folders/FileListModel.h"
 
+#include <QByteArray>
 #include <QTextDocument>
 #include <algorithm>
 #include <cstddef>
+#include <filesystem>
 #include <iterator>
 
+#include "base/FileAddress.h"
 #include "controls/Artwork.h"
 #include "folders/FolderHelper.h"
 
@@ -15,6 +18,8 @@ namespace {
 
 // Each change of a row costs the view a pass over all of them.
 constexpr std::size_t kFewRows = 32;
+
+constexpr const char* kFileAddresses = "text/uri-list";
 
 QString artworkName(const WavItem& item) {
   return QString::fromLatin1(item.icon.data(), static_cast<qsizetype>(item.icon.size()));
@@ -159,4 +164,27 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
   if (role == kLoadedRole) return isLoaded;
   if (role == Qt::AccessibleDescriptionRole) return descriptionOf(item, isLoaded);
   return {};
+}
+
+Qt::ItemFlags FileListModel::flags(const QModelIndex& index) const {
+  const Qt::ItemFlags flags = QAbstractListModel::flags(index);
+  const bool isTake = index.isValid() && !_files[static_cast<std::size_t>(index.row())].isFolder;
+  return isTake ? flags | Qt::ItemIsDragEnabled : flags;
+}
+
+QStringList FileListModel::mimeTypes() const {
+  return {QLatin1String(kFileAddresses)};
+}
+
+QMimeData* FileListModel::mimeData(const QModelIndexList& indexes) const {
+  std::vector<std::filesystem::path> takes;
+  for (const QModelIndex& index : indexes) {
+    const WavItem& item = _files[static_cast<std::size_t>(index.row())];
+    if (!item.isFolder) takes.emplace_back(item.fullPath);
+  }
+  std::ranges::sort(takes);
+  auto* const data = new QMimeData;
+  data->setData(QLatin1String(kFileAddresses),
+                QByteArray::fromStdString(FileAddress::listOf(takes)));
+  return data;
 }

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <QMimeData>
+#include <QStringList>
 #include <string>
 #include <vector>
 
@@ -46,6 +48,11 @@ class FileListModel : public QAbstractListModel {
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+  /// Recordings can be dragged, as the files that they are, to be copied; folders stay.
+  [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+  [[nodiscard]] QStringList mimeTypes() const override;
+  [[nodiscard]] QMimeData* mimeData(const QModelIndexList& indexes) const override;
 
  private:
   [[nodiscard]] std::vector<WavItem> ordered(std::vector<WavItem> files) const;

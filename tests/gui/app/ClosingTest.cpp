@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "WindowFixture.h"
+#include "dialogs/BatchDialog.h"
 #include "dialogs/ExportVC.h"
 #include "dialogs/SavePanel.h"
 #include "support/LongTake.h"
@@ -65,6 +66,32 @@ TEST_F(Closing, DuringAnExportItAsksFirst) {
   press(question, "Keep exporting");
   EXPECT_TRUE(view().isVisible());
   EXPECT_TRUE(exports().isBusy());
+}
+
+TEST_F(Closing, DuringABatchItAsksForAllOfThem) {
+  LongTake::make(takes, "R0001.WAV", 300'000'000);
+  LongTake::make(takes, "R0002.WAV", 300'000'000);
+  SlowReads::limit(takes.path().string(), 1'000'000);
+  startOnTakes();
+  QTest::keyClick(view().browser->tableFile, Qt::Key_A, Qt::ControlModifier);
+  QPushButton& button = *view().browser->btnExportSelected;
+  waitFor([&] { return button.isVisible(); }, "the bar");
+  button.click();
+  auto* const begin = shown<BatchDialog>()->findChild<QPushButton*>(QStringLiteral("export"));
+  waitFor([&] { return begin->isEnabled(); }, "the plan");
+  begin->click();
+  ASSERT_TRUE(exports().isBusy());
+  view().close();
+  EXPECT_TRUE(view().isVisible());
+  auto* const question = shown<QMessageBox>();
+  ASSERT_NE(question, nullptr);
+  EXPECT_EQ(question->informativeText(),
+            "2 exports are still running or waiting. Ending now cancels them.");
+  press(question, "Cancel exports and quit");
+  EXPECT_FALSE(view().isVisible());
+  SlowReads::reset();
+  waitForEnd();
+  EXPECT_THAT(takes.names(), testing::ElementsAre("R0001.WAV", "R0002.WAV"));
 }
 
 TEST_F(Closing, ExportIsCancelledWhereTheUserWantsTheEnd) {

@@ -174,7 +174,7 @@ TEST_F(Commands, WhatWasExportedIsWishedFor) {
   emit desk.exported(take("a_Decode.WAV"));
   EXPECT_EQ(status.text(), "");
   while (granted.empty()) ASSERT_TRUE(granted.wait(20'000));
-  EXPECT_EQ(granted.first().first().toInt(), 1);
+  EXPECT_EQ(granted.first().first().value<std::vector<int>>(), std::vector{1});
 }
 
 }  // namespace

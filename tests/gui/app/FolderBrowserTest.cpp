@@ -100,7 +100,7 @@ TEST_F(Browser, BeginsWithARecordingThatItChoosesAndShows) {
   EXPECT_EQ(browser.requestedFolder(), takes.path());
   waitForListing();
   ASSERT_EQ(granted.count(), 1);
-  EXPECT_EQ(granted.first().first().toInt(), 1);
+  EXPECT_EQ(granted.first().first().value<std::vector<int>>(), std::vector{1});
 }
 
 TEST_F(Browser, ShowsTheDesktopWhileTheFolderIsGone) {

@@ -7,8 +7,11 @@
 
 #include <QAbstractItemModelTester>
 #include <QIcon>
+#include <QMimeData>
 #include <QSignalSpy>
+#include <QUrl>
 #include <algorithm>
+#include <memory>
 #include <random>
 
 #include "folders/FolderHelper.h"
@@ -170,6 +173,17 @@ TEST(RowFactsTest, DurationsAreWholeSecondsAndHaveHoursWhereTheyNeedThem) {
   EXPECT_EQ(textOf(41.99), "00:41");
   EXPECT_EQ(textOf(3729.0), "01:02:09");
   EXPECT_EQ(textOf(360'000.0), "100:00:00");
+}
+
+TEST_F(Model, TakesAreDraggedAsFilesAndFoldersAreNot) {
+  model.show(items({"Bells/", "b c.wav", "a.wav"}));
+  EXPECT_FALSE(model.flags(model.index(0, 0)).testFlag(Qt::ItemIsDragEnabled));
+  EXPECT_TRUE(model.flags(model.index(1, 0)).testFlag(Qt::ItemIsDragEnabled));
+  EXPECT_EQ(model.supportedDragActions(), Qt::CopyAction);
+  const std::unique_ptr<QMimeData> data(
+      model.mimeData({model.index(2, 0), model.index(0, 0), model.index(1, 0)}));
+  EXPECT_EQ(data->data("text/uri-list"), "file:///x/a.wav\r\nfile:///x/b%20c.wav\r\n");
+  EXPECT_EQ(data->urls().size(), 2);
 }
 
 }  // namespace

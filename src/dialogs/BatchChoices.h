@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLayout>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QWidget>
+#include <filesystem>
+#include <optional>
+
+#include "dialogs/LoudnessField.h"
+#include "queue/BatchPlan.h"
+
+/// What can be chosen for the export of several takes: format, level, place, and what becomes of
+/// exports that are there. Interface thread.
+class BatchChoices : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit BatchChoices(QWidget* parent = nullptr);
+
+  /// Where the search for a folder begins.
+  void setStart(const std::filesystem::path& folder) { _start = folder; }
+  /// Puts what is chosen into a wish.
+  void putInto(BatchWish& wish) const;
+  [[nodiscard]] bool isNormalized() const { return _normalize->isChecked(); }
+  /// Whether each take is to be brought to a loudness; which one is none where it is no number.
+  [[nodiscard]] bool isToLoudness() const { return _toLoudness->isChecked(); }
+  [[nodiscard]] std::optional<double> lufs() const { return _loudness->lufs(); }
+  /// Whether all that is chosen can be carried out.
+  [[nodiscard]] bool isWhole() const;
+
+ signals:
+  void changed();
+
+ private:
+  QLayout* formats();
+  QLayout* levels();
+  QLayout* places();
+  QLayout* existing();
+  QLabel* heading(const QString& text);
+  void chooseLevel(const QCheckBox* changed);
+  void choosePlace();
+  void askForFolder();
+  void setFolder(const std::filesystem::path& folder);
+
+  QRadioButton* _radio24;
+  QRadioButton* _radio32;
+  QCheckBox* _normalize;
+  QCheckBox* _toLoudness;
+  LoudnessField* _loudness;
+  QRadioButton* _beside;
+  QRadioButton* _into;
+  QPushButton* _folderButton;
+  QComboBox* _existing;
+  std::filesystem::path _start;
+  std::filesystem::path _folder;
+};

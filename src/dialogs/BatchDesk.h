@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QWidget>
+#include <chrono>
+#include <cstddef>
+#include <filesystem>
+#include <limits>
+#include <memory>
+#include <vector>
+
+#include "dialogs/BatchDialog.h"
+#include "dialogs/QueueModel.h"
+#include "dialogs/QueuePanel.h"
+#include "queue/ExportQueue.h"
+
+/// What the user sees of takes that are exported together: the dialog that takes the orders, and
+/// the panel with the queue.
+///
+/// With each export that is written "EB_RELOAD_FILE_LIST" is fired. When the last order has ended
+/// and some failed, the panel is shown again and `failed` comes. Interface thread.
+class BatchDesk : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Everything is shown over `window`. Queue and window outlive this.
+  BatchDesk(ExportQueue& queue, QWidget& window, ExportQueue::Clock clock = ExportQueue::steady);
+
+  /// Asks how to export these takes at this gain and width, and hands the orders to the queue,
+  /// behind what is in it.
+  void ask(const std::vector<std::filesystem::path>& files, double gain, double angle);
+  /// No more exports at once than so many, whatever the medium is good for.
+  void setMost(unsigned count) { _most = count; }
+  /// Shows the queue, where there is something in it.
+  void showQueue();
+
+ signals:
+  /// Some were not exported; `why` is a sentence for the window's quiet line.
+  void failed(const QString& why);
+  void showInFolderRequested(const std::vector<std::filesystem::path>& files);
+
+ private:
+  void order(const std::vector<ExportOrder>& orders, unsigned atOnce);
+  void progress(int id, double done, std::chrono::milliseconds elapsed);
+  void finish(int id, const ExportOrder& order, const ExportResult& result);
+  void cancel(const std::vector<int>& ids);
+  void end();
+  void refresh();
+
+  ExportQueue& _queue;
+  QWidget& _window;
+  ExportQueue::Clock _clock;
+  std::chrono::milliseconds _began{0};
+  std::size_t _most = std::numeric_limits<std::size_t>::max();
+  QueueModel _model;
+  std::unique_ptr<QueuePanel> _panel;
+};

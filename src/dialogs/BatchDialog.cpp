@@ -1,0 +1,224 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "dialogs/BatchDialog.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "controls/Appearance.h"
+#include "dialogs/ClockText.h"
+#include "dialogs/ExportFacts.h"
+#include "dialogs/PathText.h"
+#include "export/ChunkSizes.h"
+
+namespace {
+
+constexpr int kTextWidth = 360;
+constexpr int kMargin = 28;
+constexpr int kRefusedLines = 5;
+
+QString nameOf(const std::filesystem::path& path) {
+  return PathText::textOf(path.filename());
+}
+
+// Why a take is not exported.
+QString reasonOf(const BatchPlan::Item& item) {
+  switch (item.fate) {
+    case BatchPlan::Fate::Exists:
+      return BatchDialog::tr("%1 exists").arg(nameOf(item.order.target));
+    case BatchPlan::Fate::IsTake:
+      return BatchDialog::tr("%1 is itself among the takes").arg(nameOf(item.order.target));
+    case BatchPlan::Fate::HasSameName:
+      if (item.other.empty()) {
+        return BatchDialog::tr("%1 is about to be written").arg(nameOf(item.order.target));
+      }
+      return BatchDialog::tr("%1 is to be the export of %2")
+          .arg(nameOf(item.order.target), nameOf(item.other));
+    default:
+      return QString::fromStdString(item.why);
+  }
+}
+
+}  // namespace
+
+BatchDialog::BatchDialog(const Takes& takes, QWidget* parent)
+    : DialogWindow(parent), _takes(takes) {
+  layOut();
+  connect(this, &QDialog::finished, this, &QObject::deleteLater);
+  connect(_choices, &BatchChoices::changed, this, &BatchDialog::choose);
+  connect(&_checks, &BatchChecks::changed, this, &BatchDialog::tell);
+  if (!_takes.files.empty()) _choices->setStart(_takes.files.front().parent_path());
+  _checks.read(_takes.files);
+  choose();
+}
+
+void BatchDialog::initWindowUI() {
+  DialogWindow::initWindowUI(tr("Export"));
+}
+
+void BatchDialog::layOut() {
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(kMargin, 24, kMargin, 20);
+  column->setSpacing(8);
+  const int count = static_cast<int>(_takes.files.size());
+  column->addWidget(label(
+      count == 1 ? nameOf(_takes.files.front()) : tr("Export %n takes", nullptr, count), "title"));
+  column->addLayout(facts());
+  column->addSpacing(8);
+  _choices = new BatchChoices(this);
+  column->addWidget(_choices);
+  column->addSpacing(4);
+  _refusedTitle = label({}, "heading");
+  _refused = new QListWidget(this);
+  _refused->setAccessibleName(tr("Takes that will not be exported"));
+  _refused->setTextElideMode(Qt::ElideMiddle);
+  _refused->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  _refusedTitle->hide();
+  _refused->hide();
+  column->addWidget(_refusedTitle);
+  column->addWidget(_refused);
+  _warning = label({}, "warning");
+  column->addWidget(_warning);
+  column->addLayout(buttons());
+  setMinimumWidth(Appearance::lineWidth(kTextWidth, font()) + 2 * kMargin);
+}
+
+QLayout* BatchDialog::facts() {
+  auto* const form = new QFormLayout;
+  form->setHorizontalSpacing(24);
+  form->setVerticalSpacing(4);
+  const auto addFact = [this, form](const QString& name, const QString& text) {
+    QLabel* const caption = label(name, "dim");
+    QLabel* const value = label(text);
+    form->addRow(caption, value);
+    return value;
+  };
+  _length = addFact(tr("Length"), {});
+  addFact(tr("Stereo width"), tr("%1° for all").arg(WaveFileReader::wholeAngle(_takes.angle)));
+  _gain = addFact(tr("Gain"), {});
+  _room = addFact(tr("Room"), {});
+  return form;
+}
+
+QLayout* BatchDialog::buttons() {
+  auto* const cancel = new QPushButton(tr("Cancel"), this);
+  cancel->setAutoDefault(false);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  _export = new QPushButton(this);
+  _export->setObjectName(QStringLiteral("export"));
+  _export->setProperty("primary", true);
+  _export->setDefault(true);
+  connect(_export, &QPushButton::clicked, this, &BatchDialog::order);
+  auto* const row = new QHBoxLayout;
+  row->addStretch();
+  row->addWidget(cancel);
+  row->addWidget(_export);
+  return row;
+}
+
+void BatchDialog::choose() {
+  BatchWish wish;
+  wish.how.gain = _takes.gain;
+  wish.how.angle = _takes.angle;
+  wish.awaited = _takes.awaited;
+  _choices->putInto(wish);
+  _checks.plan(wish);
+  tell();
+}
+
+// What was refused stays on the screen until it is known anew.
+void BatchDialog::tell() {
+  showFacts();
+  if (_checks.plan()) showRefused();
+  const QString warning = this->warning();
+  _warning->setText(warning);
+  _warning->setHidden(warning.isEmpty());
+  const auto& plan = _checks.plan();
+  const std::size_t count = plan ? plan->orders().size() : 0;
+  _export->setText(count > 0 ? tr("Export %1").arg(count) : tr("Export"));
+  _export->setEnabled(count > 0 && _choices->isWhole());
+  fixSize();
+}
+
+void BatchDialog::showFacts() {
+  _length->setText(lengthText());
+  _gain->setText(gainText());
+  _room->setText(roomText());
+}
+
+QString BatchDialog::lengthText() const {
+  if (!_checks.takes()) return QStringLiteral("…");
+  double seconds = 0;
+  for (const BatchTake& take : *_checks.takes()) seconds += take.seconds;
+  return ClockText::of(seconds);
+}
+
+QString BatchDialog::gainText() const {
+  if (!_choices->isToLoudness()) {
+    ExportFacts facts;
+    facts.gain = _takes.gain;
+    return facts.gainText(_choices->isNormalized());
+  }
+  const auto lufs = _choices->lufs();
+  return lufs ? tr("To %1 LUFS").arg(*lufs) : QStringLiteral("–");
+}
+
+QString BatchDialog::roomText() const {
+  const auto& plan = _checks.plan();
+  if (!plan) return QStringLiteral("…");
+  const QString needed = ExportFacts::textOf(plan->needed());
+  const BatchPlan::Room* const room = plan->tightest();
+  if (room == nullptr || !room->free) return needed;
+  return tr("%1, of %2 that are free").arg(needed, ExportFacts::textOf(*room->free));
+}
+
+QString BatchDialog::warning() const {
+  if (_checks.hasFailed()) return tr("The takes cannot be looked at: no thread can be had.");
+  if (_choices->isToLoudness() && !_choices->lufs()) {
+    return tr("A loudness is a number from -70 to 0.");
+  }
+  const auto& plan = _checks.plan();
+  if (!plan) return {};
+  const BatchPlan::Room* const room = plan->tightest();
+  if (room != nullptr && room->free && *room->free < room->needed) {
+    return tr("There is too little room: the last of them will not be written");
+  }
+  const auto isNoise = [](const BatchTake& take) { return take.isNoise; };
+  if (std::ranges::any_of(*_checks.takes(), isNoise)) {
+    return tr(
+        "Samples of some of them export as noise: the recorder writes 24 bits or 32-bit "
+        "float");
+  }
+  const auto isLong = [](const ExportOrder& order) { return ChunkSizes::isRf64(order.size); };
+  if (!std::ranges::any_of(plan->orders(), isLong)) return {};
+  return tr("Over 4 GiB: written as RF64, which not every program reads");
+}
+
+void BatchDialog::showRefused() {
+  _refused->clear();
+  for (const BatchPlan::Item& item : _checks.plan()->items) {
+    if (item.fate != BatchPlan::Fate::Export) addRefused(item);
+  }
+  const int count = _refused->count();
+  _refusedTitle->setText(count == 1 ? tr("One will not be exported:")
+                                    : tr("%n will not be exported:", nullptr, count));
+  _refusedTitle->setHidden(count == 0);
+  _refused->setHidden(count == 0);
+  const int line = count == 0 ? 0 : _refused->sizeHintForRow(0);
+  _refused->setFixedHeight(std::min(count, kRefusedLines) * line + 2 * _refused->frameWidth());
+}
+
+void BatchDialog::addRefused(const BatchPlan::Item& item) {
+  const QString line = tr("%1: %2").arg(nameOf(item.order.source), reasonOf(item));
+  auto* const row = new QListWidgetItem(line, _refused);
+  row->setToolTip(line);
+}
+
+void BatchDialog::order() {
+  const BatchPlan& plan = *_checks.plan();
+  accept();
+  emit ordered(plan.orders(), plan.atOnce);
+}

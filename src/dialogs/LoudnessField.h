@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QComboBox>
+#include <optional>
+
+/// A loudness to bring takes to: one of the usual ones, or a number from -70 to 0, typed with or
+/// without the unit. Interface thread.
+class LoudnessField : public QComboBox {
+  Q_OBJECT
+
+ public:
+  explicit LoudnessField(QWidget* parent = nullptr);
+
+  /// LUFS; none where what is typed is no such number.
+  [[nodiscard]] std::optional<double> lufs() const;
+};

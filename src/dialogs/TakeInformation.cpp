@@ -1,0 +1,164 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "dialogs/TakeInformation.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QVBoxLayout>
+#include <optional>
+
+#include "controls/Appearance.h"
+#include "dialogs/PathText.h"
+
+namespace {
+
+using Line = TakeFacts::Line;
+
+constexpr QSize kTreeSize(520, 420);
+constexpr int kNameWidth = 190;
+constexpr int kLook = 100;  // ms
+
+// As the tool prints them.
+QString figure(const std::optional<double>& value, int digits, const char* unit) {
+  if (!value) return QStringLiteral("–");
+  const QString number = QString::number(*value + 0.0, 'f', digits);
+  return *unit == 0 ? number : number + u' ' + QLatin1String(unit);
+}
+
+std::vector<Line> linesOf(const TakeFigures& f) {
+  using Information = TakeInformation;
+  return {{Information::tr("Integrated loudness"), figure(f.integratedLufs, 2, "LUFS")},
+          {Information::tr("Loudness range"), figure(f.rangeLu, 2, "LU")},
+          {Information::tr("Momentary, at most"), figure(f.momentaryMaxLufs, 2, "LUFS")},
+          {Information::tr("Short term, at most"), figure(f.shortTermMaxLufs, 2, "LUFS")},
+          {Information::tr("True peak"), figure(f.truePeakDbtp, 2, "dBTP")},
+          {Information::tr("Sample peak"), figure(f.samplePeakDbfs, 2, "dBFS")},
+          {Information::tr("Correlation"), figure(f.correlation, 3, "")},
+          {Information::tr("Balance"), figure(f.balanceDb, 2, "dB")}};
+}
+
+}  // namespace
+
+TakeInformation::TakeInformation(const Subject& subject, QWidget* parent)
+    : DialogWindow(parent), _subject(subject) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  layOut();
+  connect(&_timer, &QTimer::timeout, this, &TakeInformation::collect);
+  read();
+}
+
+void TakeInformation::initWindowUI() {
+  DialogWindow::initWindowUI(tr("Information"));
+}
+
+void TakeInformation::layOut() {
+  QLabel* const name = label({}, "title");
+  showName(*name, PathText::textOf(_subject.file.filename()),
+           Appearance::lineWidth(kTreeSize.width(), font()));
+  _tree = new QTreeWidget(this);
+  _tree->setColumnCount(2);
+  _tree->setHeaderHidden(true);
+  _tree->setRootIsDecorated(false);
+  _tree->setFrameShape(QFrame::NoFrame);
+  _tree->setAccessibleName(tr("Information"));
+  _tree->setMinimumSize(kTreeSize);
+  _tree->header()->resizeSection(0, Appearance::lineWidth(kNameWidth, font()));
+  auto* const copy = new QPushButton(tr("Copy"), this);
+  auto* const close = new QPushButton(tr("Close"), this);
+  copy->setAutoDefault(false);
+  close->setDefault(true);
+  connect(copy, &QPushButton::clicked, this, &TakeInformation::copy);
+  connect(close, &QPushButton::clicked, this, &QDialog::accept);
+  auto* const row = new QHBoxLayout;
+  row->addWidget(copy);
+  row->addStretch();
+  row->addWidget(close);
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(28, 24, 28, 20);
+  column->setSpacing(12);
+  column->addWidget(name);
+  column->addWidget(_tree, 1);
+  column->addLayout(row);
+}
+
+void TakeInformation::read() {
+  addGroup(tr("File"), {{tr("Reading…"), {}}});
+  const bool hasBegun = _errand.begin([this, file = _subject.file]() -> Errand::Outcome {
+    return [this, facts = std::make_shared<const TakeFacts>(file)] { showFacts(*facts); };
+  });
+  if (hasBegun) return;
+  _tree->clear();
+  addGroup(tr("File"), {{tr("Note"), tr("No thread can be had to read it.")}});
+}
+
+void TakeInformation::showFacts(const TakeFacts& facts) {
+  _tree->clear();
+  addGroup(tr("File"), facts.general());
+  if (!facts.chunks().empty()) addGroup(tr("Chunks"), facts.chunks());
+  if (!facts.fields().empty()) addGroup(tr("Broadcast extension"), facts.fields());
+  if (!facts.isRecording()) return emit complete();
+  const QString gain = QString::number(_subject.gain);
+  _figures = addGroup(tr("Figures at %1° and %2 dB").arg(_subject.width).arg(gain),
+                      {{tr("Measuring…"), {}}});
+  measure(*facts.reader());
+}
+
+void TakeInformation::measure(const WaveFileReader& reader) {
+  if (_subject.analysis && _subject.analysis->isComplete()) return showFigures();
+  _analyzer = std::make_unique<TakeAnalyzer>(reader);
+  _timer.start(kLook);
+}
+
+void TakeInformation::collect() {
+  if (!_analyzer->isFinished()) return;
+  _timer.stop();
+  _subject.analysis = _analyzer->wait();
+  const QString failure = QString::fromStdString(_analyzer->failure());
+  _analyzer.reset();
+  if (_subject.analysis) return showFigures();
+  _figures->child(0)->setText(0, tr("Note"));
+  _figures->child(0)->setText(1, failure);
+  emit complete();
+}
+
+void TakeInformation::showFigures() {
+  delete _figures->takeChild(0);
+  for (const Line& line : linesOf(_subject.analysis->at(_subject.width, _subject.gain))) {
+    new QTreeWidgetItem(_figures, {line.name, line.value});
+  }
+  emit complete();
+}
+
+QTreeWidgetItem* TakeInformation::addGroup(const QString& title, const std::vector<Line>& lines) {
+  auto* const group = new QTreeWidgetItem(_tree, {title});
+  QFont bold = font();
+  bold.setWeight(QFont::DemiBold);
+  group->setFont(0, bold);
+  group->setFirstColumnSpanned(true);
+  for (const Line& line : lines) {
+    auto* const item = new QTreeWidgetItem(group, {line.name, line.value});
+    item->setToolTip(1, line.value.toHtmlEscaped());
+  }
+  group->setExpanded(true);
+  return group;
+}
+
+QString TakeInformation::text() const {
+  QString text = PathText::textOf(_subject.file) + u'\n';
+  for (int i = 0; i < _tree->topLevelItemCount(); ++i) {
+    const QTreeWidgetItem& group = *_tree->topLevelItem(i);
+    text += group.text(0) + u'\n';
+    for (int row = 0; row < group.childCount(); ++row) {
+      text +=
+          QStringLiteral("  %1: %2\n").arg(group.child(row)->text(0), group.child(row)->text(1));
+    }
+  }
+  return text;
+}
+
+void TakeInformation::copy() const {
+  QGuiApplication::clipboard()->setText(text());
+}

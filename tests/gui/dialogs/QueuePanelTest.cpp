@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "dialogs/QueuePanel.h"
+
+#include <QMessageBox>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "DialogFixture.h"
+#include "dialogs/BatchDesk.h"
+#include "queue/MediumPace.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using namespace std::chrono_literals;
+
+class QueuePanelTest : public DialogFixture {
+ protected:
+  QueuePanelTest() {
+    _held.hold();
+    _batch = std::make_unique<BatchDesk>(*_queue, *_mainWindow, [this] { return _now; });
+    _batch->setMost(1);
+    QObject::connect(_batch.get(), &BatchDesk::failed,
+                     [this](const QString& why) { _failures.push_back(why.toStdString()); });
+  }
+  ~QueuePanelTest() override {
+    _queue->cancelAll();
+    EXPECT_TRUE(waitUntil([this] { return !_queue->isBusy(); }));
+    _batch.reset();
+  }
+  /// Asks for the export of these takes, and begins it.
+  void begin(const std::vector<std::string>& names) {
+    showMainWindow();
+    std::vector<std::filesystem::path> files;
+    for (const std::string& name : names) files.push_back(take(name));
+    _batch->ask(files, 0, 90);
+    const QPointer<BatchDialog> dialog(waitForShown<BatchDialog>());
+    auto* const end = dialog->findChild<QPushButton*>(QStringLiteral("export"));
+    EXPECT_TRUE(waitUntil([&] { return end->isEnabled(); }));
+    end->click();
+    EXPECT_TRUE(waitUntil([&] { return dialog.isNull(); }));
+    _panel = shown<QueuePanel>();
+    ASSERT_NE(_panel, nullptr);
+  }
+  [[nodiscard]] QListView& list() const { return *_panel->findChild<QListView*>(); }
+  [[nodiscard]] std::vector<std::string> lines() const {
+    std::vector<std::string> all;
+    for (int row = 0; row < list().model()->rowCount(); ++row) {
+      const QModelIndex index = list().model()->index(row, 0);
+      all.push_back(index.data().toString().toStdString() + ": " +
+                    index.data(QueueModel::kStateRole).toString().toStdString());
+    }
+    return all;
+  }
+  void select(int row) { list().setCurrentIndex(list().model()->index(row, 0)); }
+  void release(const std::string& target) { _held.release(path(target)); }
+  void waitForLine(int row, const std::string& line) {
+    EXPECT_TRUE(waitUntil([&] { return lines()[static_cast<std::size_t>(row)] == line; }))
+        << testing::PrintToString(lines());
+  }
+  void waitForEnd() {
+    EXPECT_TRUE(waitUntil([this] { return !_queue->isBusy(); }));
+  }
+  [[nodiscard]] std::string summary() const {
+    return _panel->findChild<QLabel*>(QStringLiteral("summary"))->text().toStdString();
+  }
+
+  std::unique_ptr<BatchDesk> _batch;
+  QPointer<QueuePanel> _panel;
+  std::vector<std::string> _failures;
+};
+
+TEST_F(QueuePanelTest, HasALineATakeWithItsProgressAndWhatCameOfIt) {
+  begin({"a.WAV", "b.WAV"});
+  EXPECT_EQ(_panel->windowModality(), Qt::NonModal);
+  EXPECT_THAT(lines(), ElementsAre("a.WAV: 0 %", "b.WAV: Waiting"));
+  EXPECT_EQ(summary(), "0 of 2 exported");
+  _held.setDone(0.25);
+  _now = 3s;
+  waitForLine(0, "a.WAV: 25 % · About 9 s left");
+  release("a_Decode.WAV");
+  EXPECT_TRUE(waitUntil([this] { return lines()[0] == "a.WAV: Exported"; }));
+  EXPECT_EQ(summary(), "1 of 2 exported");
+  release("b_Decode.WAV");
+  waitForEnd();
+  EXPECT_THAT(lines(), ElementsAre("a.WAV: Exported", "b.WAV: Exported"));
+  EXPECT_EQ(summary(), "2 of 2 exported");
+  EXPECT_TRUE(_panel->isVisible()) << "until it is closed";
+  EXPECT_EQ(shown<ExportProgress>(), nullptr);
+  EXPECT_THAT(_told, ElementsAre("EB_RELOAD_FILE_LIST", "EB_RELOAD_FILE_LIST"));
+  EXPECT_THAT(_folder.names(), ElementsAre("a.WAV", "a_Decode.WAV", "b.WAV", "b_Decode.WAV"));
+}
+
+TEST_F(QueuePanelTest, AsManyRunAtOnceAsHelp) {
+  _batch->setMost(1000);
+  begin({"a.WAV", "b.WAV"});
+  EXPECT_EQ(_queue->atOnce(), MediumPace::atOnce(_folder.path()));
+}
+
+TEST_F(QueuePanelTest, OneIsCancelledAndTheOthersGoOn) {
+  begin({"a.WAV", "b.WAV", "c.WAV"});
+  EXPECT_FALSE(button(*_panel, "Cancel")->isEnabled()) << "nothing is selected";
+  select(1);
+  click(*_panel, "Cancel");
+  EXPECT_THAT(lines(), ElementsAre("a.WAV: 0 %", "b.WAV: Cancelled", "c.WAV: Waiting"));
+  EXPECT_FALSE(button(*_panel, "Cancel")->isEnabled());
+  select(0);
+  QTest::keyClick(_panel, Qt::Key_Delete);
+  waitForLine(0, "a.WAV: Cancelled");
+  _held.releaseAll();
+  waitForEnd();
+  EXPECT_THAT(lines(), ElementsAre("a.WAV: Cancelled", "b.WAV: Cancelled", "c.WAV: Exported"));
+  EXPECT_THAT(_failures, IsEmpty());
+  EXPECT_THAT(_folder.names(), ElementsAre("a.WAV", "b.WAV", "c.WAV", "c_Decode.WAV"));
+}
+
+TEST_F(QueuePanelTest, AllAreCancelled) {
+  begin({"a.WAV", "b.WAV", "c.WAV"});
+  click(*_panel, "Cancel all");
+  waitForEnd();
+  EXPECT_THAT(lines(), ElementsAre("a.WAV: Cancelled", "b.WAV: Cancelled", "c.WAV: Cancelled"));
+  EXPECT_THAT(_folder.names(), ElementsAre("a.WAV", "b.WAV", "c.WAV"));
+  click(*_panel, "Close");
+  EXPECT_FALSE(_panel->isVisible());
+}
+
+TEST_F(QueuePanelTest, TellsWhyATakeFailedAndTheOthersAreWritten) {
+  begin({"a.WAV", "b.WAV", "c.WAV"});
+  std::filesystem::remove(path("b.WAV"));        // it vanishes
+  _folder.file("c_Decode.WAV", {std::byte{1}});  // somebody else was quicker
+  _held.releaseAll();
+  waitForEnd();
+  EXPECT_THAT(lines(), ElementsAre("a.WAV: Exported", "b.WAV: No such file or directory",
+                                   "c.WAV: File exists"));
+  EXPECT_EQ(summary(), "1 of 3 exported, 2 failed");
+  EXPECT_THAT(_failures, ElementsAre("2 takes were not exported."));
+  EXPECT_EQ(TemporaryFolder::read(path("c_Decode.WAV")).size(), 1U) << "it stays";
+  EXPECT_EQ(shown<QMessageBox>(), nullptr) << "no alert a take";
+}
+
+TEST_F(QueuePanelTest, AFolderThatGoesFailsTheRest) {
+  begin({"a.WAV", "b.WAV"});
+  release("a_Decode.WAV");
+  waitForLine(0, "a.WAV: Exported");
+  std::filesystem::remove_all(_folder.path());
+  _held.releaseAll();
+  waitForEnd();
+  EXPECT_THAT(lines(), ElementsAre("a.WAV: Exported", "b.WAV: No such file or directory"));
+  EXPECT_THAT(_failures, ElementsAre("One take was not exported."));
+}
+
+TEST_F(QueuePanelTest, ClosedMeanwhileItComesBackWhereSomethingFailed) {
+  begin({"a.WAV", "b.WAV"});
+  _panel->reject();
+  EXPECT_FALSE(_panel->isVisible());
+  EXPECT_TRUE(_queue->isBusy());
+  std::filesystem::remove(path("b.WAV"));
+  _held.releaseAll();
+  waitForEnd();
+  EXPECT_TRUE(_panel->isVisible());
+  EXPECT_EQ(lines().size(), 2U);
+  click(*_panel, "Close");
+  EXPECT_THAT(lines(), IsEmpty());
+}
+
+TEST_F(QueuePanelTest, ClosedMeanwhileItStaysSoWhereAllWentWell) {
+  begin({"a.WAV", "b.WAV"});
+  _panel->reject();
+  _held.releaseAll();
+  waitForEnd();
+  EXPECT_FALSE(_panel->isVisible());
+}
+
+TEST_F(QueuePanelTest, ShowsWhatWasWrittenInItsFolder) {
+  QSignalSpy wishes(_batch.get(), &BatchDesk::showInFolderRequested);
+  begin({"a.WAV", "b.WAV"});
+  select(0);
+  EXPECT_FALSE(button(*_panel, "Show in folder")->isEnabled());
+  release("a_Decode.WAV");
+  waitForLine(0, "a.WAV: Exported");
+  click(*_panel, "Show in folder");
+  ASSERT_EQ(wishes.count(), 1);
+  EXPECT_THAT(wishes[0][0].value<std::vector<std::filesystem::path>>(),
+              ElementsAre(path("a_Decode.WAV")));
+}
+
+TEST_F(QueuePanelTest, FurtherTakesJoinTheQueueAndKeepClearOfIt) {
+  begin({"a.WAV", "b.WAV"});
+  _batch->ask({path("a.WAV")}, 0, 90);
+  const QPointer<BatchDialog> dialog(waitForShown<BatchDialog>());
+  auto* const refused = dialog->findChild<QListWidget*>();
+  EXPECT_TRUE(waitUntil([&] { return refused->count() == 1; }));
+  EXPECT_EQ(refused->item(0)->text(), "a.WAV: a_Decode.WAV is about to be written");
+  dialog->reject();
+  begin({"c.WAV"});
+  EXPECT_THAT(lines(), ElementsAre("a.WAV: 0 %", "b.WAV: Waiting", "c.WAV: Waiting"));
+}
+
+TEST_F(QueuePanelTest, TheSingleDialogLeadsToTheQueueMeanwhile) {
+  QObject::connect(_desk.get(), &ExportDesk::queueWanted, _batch.get(), &BatchDesk::showQueue);
+  begin({"a.WAV", "b.WAV"});
+  _panel->reject();
+  _desk->ask(job());
+  EXPECT_EQ(shown<ExportVC>(), nullptr);
+  EXPECT_TRUE(_panel->isVisible());
+}
+
+TEST_F(QueuePanelTest, EverythingHasAName) {
+  begin({"a.WAV", "b.WAV"});
+  EXPECT_EQ(list().accessibleName(), "Exports");
+  EXPECT_EQ(_panel->findChild<QProgressBar*>()->accessibleName(), "Progress of all");
+  EXPECT_EQ(button(*_panel, "Cancel")->accessibleName(), "Cancel the selected exports");
+  const QModelIndex first = list().model()->index(0, 0);
+  EXPECT_EQ(first.data(Qt::AccessibleDescriptionRole).toString(), "0 %");
+  EXPECT_FALSE(list().model()->index(0, 0).data(Qt::ToolTipRole).toString().isEmpty());
+}
+
+}  // namespace
