@@ -55,8 +55,10 @@ std::string guess(const CLI::App& program) {
 }
 
 int runOneOf(const Tool::Commands& commands, int argc, char** argv) {
-  CLI::App program("Decodes, plays, measures, describes, brings home and salvages the recordings of the TARN J4.",
-                   "mixdeck-cli");
+  CLI::App program(
+      "Decodes, plays, measures, describes, brings home and salvages the recordings of the TARN "
+      "J4.",
+      "mixdeck-cli");
   program.set_version_flag("--version", std::string("mixdeck-cli ") + kFullVersion);
   program.require_subcommand(1);
   std::vector<std::pair<CLI::App*, Command*>> declared;
