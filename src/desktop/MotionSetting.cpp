@@ -3,52 +3,12 @@
 
 #include "desktop/MotionSetting.h"
 
-#include <QDBusMessage>
-#include <QDBusMetaType>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QVariant>
 
-namespace {
-
-constexpr QLatin1String kService("org.freedesktop.portal.Desktop");
-constexpr QLatin1String kPath("/org/freedesktop/portal/desktop");
-constexpr QLatin1String kSettings("org.freedesktop.portal.Settings");
-constexpr QLatin1String kGroup("org.gnome.desktop.interface");
-constexpr QLatin1String kName("enable-animations");
-
-// What is read comes in an envelope within an envelope.
-QVariant opened(QVariant value) {
-  while (value.userType() == qMetaTypeId<QDBusVariant>()) {
-    value = value.value<QDBusVariant>().variant();
-  }
-  return value;
-}
-
-}  // namespace
-
-void MotionSetting::ask(const QDBusConnection& bus) {
-  // Else the first connection of a program finds no slot with such an argument.
-  qDBusRegisterMetaType<QDBusVariant>();
-  // From anyone: to know the portal by name the library would wait for the bus.
-  QDBusConnection(bus).connect(QString(), kPath, kSettings, QStringLiteral("SettingChanged"), this,
-                               SLOT(hear(QString, QString, QDBusVariant)));
-  QDBusMessage question =
-      QDBusMessage::createMethodCall(kService, kPath, kSettings, QStringLiteral("Read"));
-  question.setArguments({QString(kGroup), QString(kName)});
-  question.setAutoStartService(false);
-  auto* const watcher = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-    const QDBusPendingReply<QDBusVariant> reply = *watcher;
-    watcher->deleteLater();
-    if (reply.isValid()) take(reply.value().variant());
+MotionSetting::MotionSetting(QObject* parent)
+    : QObject(parent),
+      _setting(QStringLiteral("org.gnome.desktop.interface"), QStringLiteral("enable-animations")) {
+  connect(&_setting, &PortalSetting::told, this, [this](const QVariant& isAnimated) {
+    if (isAnimated.userType() == QMetaType::Bool) emit told(!isAnimated.toBool());
   });
-}
-
-void MotionSetting::hear(const QString& group, const QString& name, const QDBusVariant& value) {
-  if (group == kGroup && name == kName) take(value.variant());
-}
-
-void MotionSetting::take(const QVariant& value) {
-  const QVariant isAnimated = opened(value);
-  if (isAnimated.userType() == QMetaType::Bool) emit told(!isAnimated.toBool());
 }

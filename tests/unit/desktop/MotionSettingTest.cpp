@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "SessionBus.h"
+#include "desktop/LookSetting.h"
 #include "support/CoreApplication.h"
 #include "support/EventLoop.h"
 
@@ -49,10 +50,10 @@ class MotionSettingTest : public testing::Test {
     ASSERT_TRUE(bus.desktop().registerVirtualObject(kPath, &portal));
     ASSERT_TRUE(bus.desktop().registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
   }
-  void change(const QString& name, const QVariant& value) const {
+  void change(const QString& name, const QVariant& value, const QString& group = kGroup) const {
     QDBusMessage signal =
         QDBusMessage::createSignal(kPath, kSettings, QStringLiteral("SettingChanged"));
-    signal.setArguments({kGroup, name, QVariant::fromValue(QDBusVariant(value))});
+    signal.setArguments({group, name, QVariant::fromValue(QDBusVariant(value))});
     ASSERT_TRUE(bus.desktop().send(signal));
   }
   /// Until so much has been told.
@@ -97,6 +98,30 @@ TEST_F(MotionSettingTest, WhatIsNoYesOrNoIsNoAnswer) {
   change(kName, true);
   ASSERT_TRUE(waitFor(1));
   EXPECT_THAT(told, ElementsAre(false));
+}
+
+TEST_F(MotionSettingTest, SizeOfTextAndContrastAreToldByTheirOwnNames) {
+  const QString text = QStringLiteral("text-scaling-factor");
+  const QString appearance = QStringLiteral("org.freedesktop.appearance");
+  LookSetting look;
+  std::vector<double> scales;
+  std::vector<bool> contrasts;
+  QObject::connect(&look, &LookSetting::textScaled, [&](double scale) { scales.push_back(scale); });
+  QObject::connect(&look, &LookSetting::contrastRaised,
+                   [&](bool isHigh) { contrasts.push_back(isHigh); });
+  beThere();
+  look.ask(bus.program());
+  ASSERT_TRUE(EventLoop::runUntil([&] { return portal.asked.size() == 2; }));
+  EXPECT_EQ(portal.asked[0], QVariantList({kGroup, text}));
+  EXPECT_EQ(portal.asked[1], QVariantList({appearance, QStringLiteral("contrast")}));
+  change(text, QStringLiteral("large"));
+  change(text, 2.0);
+  change(QStringLiteral("contrast"), 1U);  // of another group
+  change(QStringLiteral("contrast"), 1U, appearance);
+  change(QStringLiteral("contrast"), 0U, appearance);
+  ASSERT_TRUE(EventLoop::runUntil([&] { return contrasts.size() == 2; }));
+  EXPECT_THAT(scales, ElementsAre(2.0)) << "what is no number is no answer";
+  EXPECT_THAT(contrasts, ElementsAre(true, false));
 }
 
 }  // namespace
