@@ -5,6 +5,7 @@
 #include "app/WindowController.h"
 #include "desktop/BusLink.h"
 #include "desktop/FileManager.h"
+#include "desktop/LookSetting.h"
 #include "desktop/MotionSetting.h"
 #include "desktop/MprisService.h"
 
@@ -16,8 +17,11 @@ class DesktopPresence {
   explicit DesktopPresence(WindowController& window);
 
  private:
+  void followLook();
+
   BusLink _bus;
   MprisService _mpris;
   MotionSetting _motion;
   FileManager _files;
+  LookSetting _look;
 };

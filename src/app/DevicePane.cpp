@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <algorithm>
+#include <utility>
 
 #include "midi/DeviceText.h"
 #include "midi/MIDISequenceManager.h"
@@ -45,7 +46,15 @@ void DevicePane::connectControls() {
 }
 
 void DevicePane::showRecorder(bool isConnected) {
-  if (!isConnected) return clear();
+  if (isConnected) {
+    show();
+  } else {
+    clear();
+  }
+  if (std::exchange(_isConnected, isConnected) != isConnected) emit connectionChanged(isConnected);
+}
+
+void DevicePane::show() {
   _info = RecorderLink::record();
   _view.dotConnected->show();
   _view.lblConnect->setText(tr("Connected"));

@@ -31,14 +31,18 @@ class DevicePane : public QObject {
  signals:
   /// A setting was pressed while there is no recorder.
   void recorderMissing();
+  /// A recorder has come, or the one that was there has gone.
+  void connectionChanged(bool isConnected);
 
  private:
   void connectControls();
+  void show();
   void showCard(const TARNDeviceInfo& info);
   void showSettings(const TARNDeviceInfo& info);
   void clear();
 
   DeviceView& _view;
   std::shared_ptr<TARNDeviceInfo> _info;
+  bool _isConnected = false;
   RecorderLink _link;
 };

@@ -67,7 +67,7 @@ QHBoxLayout* addLine(QBoxLayout& words, int height) {
 DeviceView::DeviceView(QWidget* parent) : QWidget(parent) {
   setObjectName(QStringLiteral("viewDeviceBG"));
   setAttribute(Qt::WA_StyledBackground);
-  setStyleSheet(look());
+  dress();
   setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
   auto* const all = new QVBoxLayout(this);
   all->setContentsMargins(kInset, kTop, kInset, kInset);
@@ -77,6 +77,16 @@ DeviceView::DeviceView(QWidget* parent) : QWidget(parent) {
   all->addLayout(makeSettings());
 }
 
+void DeviceView::dress() {
+  const QString now = look();
+  if (now != styleSheet()) setStyleSheet(now);
+}
+
+void DeviceView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) dress();
+}
+
 QWidgetList DeviceView::tabOrder() const {
   return {popupBattery, listBatteryCover, popupAutoPow, listAutoPowOffCover};
 }
@@ -84,6 +94,7 @@ QWidgetList DeviceView::tabOrder() const {
 QLayout* DeviceView::makeState() {
   imgJ4 = new ImageView(this);
   imgJ4->setImage(Artwork::icon(QStringLiteral("device_j4")));
+  imgJ4->setAccessibleName(tr("The recorder"));
   imgJ4->setFixedSize(kPicture);
   auto* const row = bare<QHBoxLayout>();
   row->setSpacing(kInset);
@@ -153,7 +164,9 @@ void DeviceView::placeCard(QBoxLayout& words) {
   lblRemain = MainViewParts::label<TabularLabel>(this, "");
   lblRemain->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   auto* const line = addLine(words, kTallLine);
-  line->addWidget(MainViewParts::label(this, "dim", tr("Remaining")));
+  QLabel* const caption = MainViewParts::label(this, "dim", tr("Remaining"));
+  caption->setBuddy(lblRemain);
+  line->addWidget(caption);
   line->addWidget(lblRemain, 1);
 }
 

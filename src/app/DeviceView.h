@@ -44,7 +44,12 @@ class DeviceView : public QWidget {
   QPushButton* listBatteryCover = nullptr;     ///< lies over the pop-up
   QPushButton* listAutoPowOffCover = nullptr;  ///< lies over the pop-up
 
+ protected:
+  /// Its own looks follow the contrast of the program.
+  void changeEvent(QEvent* event) override;
+
  private:
+  void dress();
   QLayout* makeState();
   QLayout* makeWords();
   QLayout* makeNotes();

@@ -3,7 +3,10 @@
 
 #include "app/FieldView.h"
 
+#include <QAccessibleWidget>
 #include <QVBoxLayout>
+
+#include "controls/AccessibleFactory.h"
 
 namespace {
 
@@ -11,9 +14,15 @@ constexpr int kScope = 144;
 constexpr int kOverCorrelation = 9;
 constexpr int kOverFigures = 10;
 
+QAccessibleInterface* makeReadableField(FieldView& field) {
+  return new QAccessibleWidget(&field, QAccessible::Grouping);
+}
+
 }  // namespace
 
 FieldView::FieldView(QWidget* parent) : QWidget(parent) {
+  AccessibleFactory::install<FieldView, makeReadableField>();
+  setAccessibleName(tr("Image"));
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
@@ -22,7 +31,7 @@ FieldView::FieldView(QWidget* parent) : QWidget(parent) {
   layout->addWidget(scope, 0, Qt::AlignHCenter);
   layout->addSpacing(kOverCorrelation);
   correlation = new CorrelationBar(this);
-  correlation->setFixedHeight(correlation->sizeHint().height());
+  correlation->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   layout->addWidget(correlation);
   layout->addSpacing(kOverFigures);
   const auto line = [&](const QString& title, const QString& unit, const QString& name) {

@@ -3,10 +3,22 @@
 
 #include "app/ImageView.h"
 
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QPainter>
 
+#include "controls/AccessibleFactory.h"
+
+namespace {
+
+QAccessibleInterface* makeReadableImage(ImageView& view) {
+  return new QAccessibleWidget(&view, QAccessible::Graphic);
+}
+
+}  // namespace
+
 ImageView::ImageView(QWidget* parent) : QWidget(parent) {
+  AccessibleFactory::install<ImageView, makeReadableImage>();
   setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 

@@ -10,6 +10,7 @@
 
 #include "app/WindowAccessible.h"
 #include "controls/AccessibleFactory.h"
+#include "controls/Appearance.h"
 #include "controls/Colors.h"
 #include "controls/PopupAccessible.h"
 
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int kOuter = 16;
 constexpr int kGap = 12;
+constexpr int kTogglePixels = 12;
 
 // What the list has in a window of the usual size, and at most.
 constexpr int kUsualList = 318;
@@ -55,7 +57,7 @@ QString lookOfParts() {
              "#btnPlayPause:disabled { background: %9; }"
              "#btnPlayPause:focus { border-color: %5; }"
              "QToolButton[role=\"toggle\"] { background: %1; color: %10; border-radius: 6px;"
-             "  padding: 0 3px; font-size: 12px; font-weight: 600; }"
+             "  padding: 0 3px; font-size: %12px; font-weight: 600; }"
              "QToolButton[role=\"toggle\"]:hover { background: %3; }"
              "QToolButton[role=\"toggle\"]:disabled { color: %9; }"
              "QToolButton[role=\"toggle\"]:checked { background: %6; color: %11; }"
@@ -70,7 +72,8 @@ QString lookOfParts() {
       .arg(Colors::ControlColor().name(), Colors::AppBGLight().name(), Colors::hover().name(),
            Colors::pressed().name(), Colors::focusRing().name(), Colors::WHITE().name(),
            Colors::primaryHover().name(), Colors::primaryPressed().name(), Colors::line().name(),
-           Colors::dimText().name(), Colors::AppBG().name());
+           Colors::dimText().name(), Colors::AppBG().name())
+      .arg(Appearance::pixels(kTogglePixels));
 }
 
 QAccessibleInterface* makeInterface(MainView& view) {
@@ -82,7 +85,7 @@ QAccessibleInterface* makeInterface(MainView& view) {
 MainView::MainView(QWidget* parent) : QWidget(parent) {
   PopupAccessible::install();  // before the pop-ups, which are the toolkit's
   AccessibleFactory::install<MainView, makeInterface>();
-  setStyleSheet(lookOfParts());
+  dress();
   auto* const left = new QVBoxLayout;
   left->setSpacing(kGap);
   browser = new BrowserView(this);
@@ -97,6 +100,22 @@ MainView::MainView(QWidget* parent) : QWidget(parent) {
   all->addWidget(player);
   makeMenu();
   setTabOrders();
+  announcer = new Announcer(this);
+}
+
+void MainView::dress() {
+  const QString look = lookOfParts();
+  if (look == styleSheet()) return;
+  setStyleSheet(look);
+  QPalette colors = palette();
+  colors.setColor(QPalette::Window, Colors::AppBG());
+  setPalette(colors);
+}
+
+void MainView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  const QEvent::Type type = event->type();
+  if (type == QEvent::FontChange || type == QEvent::PaletteChange) dress();
 }
 
 void MainView::makeMenu() {

@@ -22,7 +22,13 @@ class MainViewParts {
     return made;
   }
   /// A button that is only a picture.
-  static QToolButton* pictureButton(QWidget* parent, int side, int picture);
+  template <class Button = QToolButton>
+  static Button* pictureButton(QWidget* parent, int side, int picture) {
+    auto* const made = new Button(parent);
+    made->setFixedSize(side, side);
+    made->setIconSize({picture, picture});
+    return made;
+  }
   /// Marks an action that stands for a button: picture and name for assistive software.
   static void setFace(QAbstractButton& button, const QString& artwork, const QString& name);
   /// Text colour of a caption at this opacity, 0 to 1.

@@ -6,7 +6,9 @@
 #include <QHBoxLayout>
 
 #include "app/MainViewParts.h"
+#include "app/MenuButton.h"
 #include "app/StageArea.h"
+#include "app/ToggleButton.h"
 
 namespace {
 
@@ -52,7 +54,7 @@ QLayout* PlayerView::makeHeader() {
   btnExport->setObjectName(QStringLiteral("btnExport"));
   btnExport->setMinimumSize(kLeastExport);
   btnExport->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  btnMenu = MainViewParts::pictureButton(this, 36, 20);
+  btnMenu = MainViewParts::pictureButton<MenuButton>(this, 36, 20);
   MainViewParts::setFace(*btnMenu, QStringLiteral("menu"), tr("Menu"));
   auto* const row = new QHBoxLayout;
   row->setContentsMargins(kInset - kStageInset, 0, kInset - kStageInset - 8, 0);
@@ -85,6 +87,8 @@ QLayout* PlayerView::makeTimes() {
   lblTimeCurrent = MainViewParts::label<TabularLabel>(this, "");
   lblTimeTotal = MainViewParts::label<TabularLabel>(this, "dim");
   lblTimeTotal->setAlignment(Qt::AlignRight);
+  lblTimeCurrent->setAccessibleDescription(tr("Place in the take"));
+  lblTimeTotal->setAccessibleDescription(tr("Length of the take"));
   auto* const row = new QHBoxLayout;
   row->setContentsMargins(0, 4, 0, 0);
   row->addWidget(lblTimeCurrent, 1);
@@ -140,12 +144,11 @@ QLayout* PlayerView::makeListening() {
 }
 
 QToolButton* PlayerView::toggle(const QString& text, const QString& name) {
-  auto* const made = new QToolButton(this);
+  auto* const made = new ToggleButton(this);
   made->setProperty("role", "toggle");
   made->setText(text);
   made->setAccessibleName(name);
   made->setToolTip(name);
-  made->setCheckable(true);
   made->setFocusPolicy(Qt::TabFocus);
   made->setMinimumSize(kToggle);
   return made;

@@ -115,14 +115,17 @@ void StageView::makeDial() {
   sliderStereo = new AngleViewer(this);
   imgDevice = new ImageView(this);
   imgDevice->setImage(Artwork::icon(QStringLiteral("device_j4")));
+  imgDevice->setAccessibleName(tr("The recorder"));
   cost = new CostView(this);
   lblStereo = caption<QLabel>("heading", tr("Stereo width"));
+  lblStereo->setBuddy(sliderStereo);
   lblStereoValue = caption<TabularLabel>("dim");
 }
 
 void StageView::makeField() {
   field = new FieldView(this);
   lblImage = caption<QLabel>("heading", tr("Image"));
+  lblImage->setBuddy(field);
   lblImageValue = caption<TabularLabel>("dim");
 }
 
@@ -131,6 +134,7 @@ void StageView::makeGain() {
   tickOfGain->setAccessibleName(tr("Gain scale"));
   sliderGain = new J4GainSlider(this);
   lblGain = caption<QLabel>("heading", tr("Gain"));
+  lblGain->setBuddy(sliderGain);
   lblGainValue = caption<TabularLabel>("dim");
 }
 
@@ -140,9 +144,11 @@ void StageView::makeLevels() {
   lvlLeft = new LevelMeter(this);
   lvlLeft->setAccessibleName(tr("Level left"));
   lblLeft = caption<QLabel>("dim", tr("L", "left channel"));
+  lblLeft->setBuddy(lvlLeft);
   lvlRight = new LevelMeter(this);
   lvlRight->setAccessibleName(tr("Level right"));
   lblRight = caption<QLabel>("dim", tr("R", "right channel"));
+  lblRight->setBuddy(lvlRight);
   clipLeft = new ClipLamp(this);
   clipLeft->setNames(tr("Peak left"), tr("Clip left"));
   clipRight = new ClipLamp(this);

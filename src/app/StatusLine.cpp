@@ -15,9 +15,14 @@ void StatusLine::say(Topic topic, const QString& sentence) {
   if (message(topic) == sentence) return;
   std::erase_if(_messages, [topic](const Message& message) { return message.topic == topic; });
   if (!sentence.isEmpty()) _messages.push_back({topic, sentence});
-  const QString shown = _messages.empty() ? QString() : _messages.back().sentence;
-  setText(shown);
-  setToolTip(shown);
+  present(_messages.empty() ? QString() : _messages.back().sentence);
+}
+
+void StatusLine::present(const QString& sentence) {
+  if (sentence == text()) return;
+  setText(sentence);
+  setToolTip(sentence);
+  if (!sentence.isEmpty()) emit said(sentence);
 }
 
 QString StatusLine::message(Topic topic) const {

@@ -24,11 +24,17 @@ class StatusLine : public QLabel {
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
+ signals:
+  /// A sentence has come to be shown.
+  void said(const QString& sentence);
+
  private:
   struct Message {
     Topic topic;
     QString sentence;
   };
+
+  void present(const QString& sentence);
 
   std::vector<Message> _messages;  ///< oldest first
 };

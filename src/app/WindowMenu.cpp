@@ -6,7 +6,11 @@
 #include <QActionGroup>
 #include <algorithm>
 
+#include "controls/MenuAccessible.h"
+
 WindowMenu::WindowMenu(QWidget& window) : QMenu(&window) {
+  MenuAccessible::install();
+  setAccessibleName(tr("Menu"));
   actionOpenFolder = add(*this, tr("&Open folder…"), QKeySequence::Open);
   actionExport = add(*this, tr("&Export…"), Qt::CTRL | Qt::Key_E);
   addSeparator();

@@ -4,6 +4,7 @@
 
 #include <chrono>
 
+#include "app/Announcements.h"
 #include "app/BrowserPane.h"
 #include "app/DevicePane.h"
 #include "app/FolderBrowser.h"
@@ -92,4 +93,5 @@ struct WindowPanes {
                           take,
                           browser,
                           &owner};
+  Announcements announcements{*view.announcer, {device, desk, *view.player->lblStatus}, &owner};
 };

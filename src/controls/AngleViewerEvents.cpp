@@ -35,6 +35,7 @@ void AngleViewer::resizeEvent(QResizeEvent* event) {
 
 void AngleViewer::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange) measureTitles();
+  if (event->type() == QEvent::PaletteChange) _disableTextColor = Colors::disabledText();
   QWidget::changeEvent(event);
 }
 

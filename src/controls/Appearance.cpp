@@ -21,6 +21,17 @@ static void initialiseResources() {
 namespace {
 
 constexpr int kPixels = 13;
+constexpr int kTitlePixels = 18;
+
+// Desktops give programs a font of 9 to 11 points; a wish for larger text is more than that.
+constexpr double kUsualDesktop = 11.0 * 96 / 72;
+constexpr double kLeastScale = 1.25;
+constexpr double kMostScale = 3;
+
+double& textScale() {
+  static double scale = 1;
+  return scale;
+}
 
 using Named = std::pair<QLatin1String, QColor>;
 
@@ -65,12 +76,37 @@ void loadPointers() {
 }  // namespace
 
 void Appearance::apply(QApplication& application) {
+  static const double kWanted = scaleOf(QApplication::font());
+  textScale() = kWanted;
   loadPointers();
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   QApplication::setPalette(palette());
   QApplication::setFont(font());
   application.setStyleSheet(styleSheet());
   QApplication::setWindowIcon(Artwork::icon(QStringLiteral("mixdeck")));
+}
+
+double Appearance::scaleOf(const QFont& desktop) {
+  const double scale = QFontInfo(desktop).pixelSize() / kUsualDesktop;
+  return scale < kLeastScale ? 1 : std::min(scale, kMostScale);
+}
+
+void Appearance::setTextScale(QApplication& application, double scale) {
+  const double wanted = std::clamp(scale, 1.0, kMostScale);
+  if (!(wanted != textScale())) return;
+  textScale() = wanted;
+  QApplication::setFont(font());
+  application.setStyleSheet(styleSheet());
+}
+
+void Appearance::setHighContrast(QApplication& application, bool isHigh) {
+  Colors::setHighContrast(isHigh);
+  QApplication::setPalette(palette());
+  application.setStyleSheet(styleSheet());
+}
+
+int Appearance::pixels(int usual) {
+  return qRound(usual * textScale());
 }
 
 QPalette Appearance::palette() {
@@ -93,7 +129,7 @@ QPalette Appearance::palette() {
 QFont Appearance::font() {
   QFont font = QApplication::font();
   font.setFamilies({QStringLiteral("Inter"), font.family()});
-  font.setPixelSize(kPixels);
+  font.setPixelSize(pixels(kPixels));
   return font;
 }
 
@@ -118,5 +154,6 @@ QString Appearance::styleSheet() {
   if (!file.open(QIODevice::ReadOnly)) return {};
   QString text = QString::fromUtf8(file.readAll());
   for (const auto& [name, color] : namedColors()) text.replace(name, inStyleSheet(color));
+  text.replace(QLatin1String("@Title"), QString::number(pixels(kTitlePixels)));
   return text;
 }

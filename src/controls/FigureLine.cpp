@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int kUnitRoom = 32;  // to the right of the number
+constexpr int kUnitRoom = 32;  // to the right of the number, at least
 constexpr int kHeight = 18;
 
 QAccessibleInterface* makeReadableLine(FigureLine& line) {
@@ -76,11 +76,15 @@ QString FigureLine::figureText() const {
   return _note.isEmpty() ? number : number + QStringLiteral(", ") + _note;
 }
 
+int FigureLine::unitRoom() const {
+  return Appearance::lineWidth(kUnitRoom, font());
+}
+
 QSize FigureLine::sizeHint() const {
   const QFontMetrics metrics(font());
   const int text =
       metrics.horizontalAdvance(_title) + metrics.horizontalAdvance(QStringLiteral("−88.8"));
-  return {std::max(144, text + kUnitRoom), std::max(kHeight, metrics.height() + 2)};
+  return {std::max(144, text + unitRoom()), std::max(kHeight, metrics.height() + 2)};
 }
 
 void FigureLine::changeEvent(QEvent* event) {
@@ -100,7 +104,7 @@ void FigureLine::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(Colors::dimText());
   painter.setFont(titleFont(font()));
   painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, _title);
-  drawNumber(painter, width() - kUnitRoom);
+  drawNumber(painter, width() - unitRoom());
   painter.setFont(Appearance::small(font()));
   painter.setPen(Colors::dimText());
   painter.drawText(rect(), Qt::AlignRight | Qt::AlignVCenter, _note.isEmpty() ? _unit : _note);

@@ -42,6 +42,7 @@ class FigureLine : public QWidget, public ReadableFigure {
  private:
   [[nodiscard]] QString digits() const;
   [[nodiscard]] QColor numberColor() const;
+  [[nodiscard]] int unitRoom() const;
   void drawNumber(QPainter& painter, double right) const;
 
   QString _title;

@@ -60,6 +60,7 @@ void GainTickTitle::measure() {
 
 void GainTickTitle::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange) measure();
+  if (event->type() == QEvent::PaletteChange) initUI();
   QWidget::changeEvent(event);
 }
 

@@ -78,7 +78,9 @@ void LoopMarks::drawMarks(QPainter& painter, const TimeWindow& window, const QRe
 void LoopMarks::drawMark(QPainter& painter, double x, const QRectF& body, const QString& letter) {
   const QRectF line(x - kLine / 2, body.top() - 2, kLine, body.height() + 2);
   painter.fillRect(line, Colors::accent());
-  const QRectF flag(x - kFlag / 2, body.top() - kFlag - 2, kFlag, kFlag);
+  const QSizeF text = painter.fontMetrics().tightBoundingRect(letter).size();
+  const double side = std::max(kFlag, std::ceil(std::max(text.width(), text.height())) + 3);
+  const QRectF flag(x - side / 2, std::max(0.0, body.top() - side - 2), side, side);
   painter.fillRect(flag, Colors::accent());
   painter.setPen(Colors::AppBG());
   painter.drawText(flag, Qt::AlignCenter, letter);

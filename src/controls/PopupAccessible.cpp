@@ -7,6 +7,7 @@
 #include <QComboBox>
 
 #include "controls/AccessibleFactory.h"
+#include "controls/ListAccessible.h"
 
 namespace {
 
@@ -19,6 +20,7 @@ QAccessibleInterface* makeReadablePopup(QComboBox& popup) {
 
 void PopupAccessible::install() {
   AccessibleFactory::install<QComboBox, makeReadablePopup>();
+  ListAccessible::install();
 }
 
 PopupAccessible::PopupAccessible(QComboBox& popup)

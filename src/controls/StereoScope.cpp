@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "controls/StereoScope.h"
 
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
+#include "controls/AccessibleFactory.h"
 #include "controls/Appearance.h"
 #include "controls/Colors.h"
 
@@ -13,14 +16,20 @@ namespace {
 
 constexpr double kScopeRadius = 4;
 constexpr double kFadeTime = 0.12;  // seconds after which a point has a third of its light
-constexpr double kLetter = 16;
+constexpr double kLetter = 16;      // of its box, at least
+constexpr double kEdge = 10;        // from there to its middle, at least
 constexpr double kInner = 0.05;     // of the side: the lines keep clear of the middle
 constexpr double kDiagonal = 0.36;  // how far out lines reach
 constexpr double kStraight = 0.38;
 
+QAccessibleInterface* makeReadableScope(StereoScope& scope) {
+  return new QAccessibleWidget(&scope, QAccessible::Graphic);
+}
+
 }  // namespace
 
 StereoScope::StereoScope(QWidget* parent) : QWidget(parent) {
+  AccessibleFactory::install<StereoScope, makeReadableScope>();
   setAccessibleName(tr("Stereo scope"));
   _points.setColor(Colors::safe());
   fit();
@@ -39,6 +48,7 @@ void StereoScope::resizeEvent(QResizeEvent* event) {
 
 void StereoScope::changeEvent(QEvent* event) {
   if (event->type() == QEvent::EnabledChange) update();
+  if (event->type() == QEvent::PaletteChange) _points.setColor(Colors::safe());
   QWidget::changeEvent(event);
 }
 
@@ -83,11 +93,11 @@ void StereoScope::drawGraticule(QPainter& painter) const {
   }
   painter.setFont(Appearance::small(font()));
   painter.setPen(isEnabled() ? Colors::dimText() : Colors::line());
+  const double box = std::max<double>(kLetter, painter.fontMetrics().height());
   const auto letter = [&](double x, double y, const QString& text) {
-    painter.drawText(QRectF(x - kLetter / 2, y - kLetter / 2, kLetter, kLetter), Qt::AlignCenter,
-                     text);
+    painter.drawText(QRectF(x - box / 2, y - box / 2, box, box), Qt::AlignCenter, text);
   };
-  const double edge = 10;
+  const double edge = std::max(kEdge, box / 2);
   letter(edge, edge, tr("L", "left channel"));
   letter(side - edge, edge, tr("R", "right channel"));
   letter(side / 2, edge, tr("M", "mid"));

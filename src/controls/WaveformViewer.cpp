@@ -18,11 +18,11 @@
 
 namespace {
 
-constexpr double kInset = 9;  // the radius of a slider's knob
-constexpr double kRuler = 15;
+constexpr double kInset = 9;   // the radius of a slider's knob
+constexpr double kRuler = 15;  // high at least
 constexpr double kBottom = 3;
 constexpr double kRadius = 4;
-constexpr double kMarkGap = 70;  // pixels between the marks of the ruler, at least
+constexpr int kMarkGap = 70;  // pixels between the marks of the ruler, at least
 constexpr double kMark = 4;
 constexpr double kHeadWidth = 2;
 
@@ -48,9 +48,15 @@ WaveformViewer::WaveformViewer(QWidget* parent) : QWidget(parent) {
   setMouseTracking(true);
 }
 
+double WaveformViewer::ruler() const {
+  const int line = QFontMetrics(Appearance::small(font())).height();
+  return std::max<double>(kRuler, line);
+}
+
 QRectF WaveformViewer::body() const {
-  return {kInset, kRuler, std::max(0.0, width() - 2 * kInset),
-          std::max(0.0, height() - kRuler - kBottom)};
+  const double top = ruler();
+  return {kInset, top, std::max(0.0, width() - 2 * kInset),
+          std::max(0.0, height() - top - kBottom)};
 }
 
 double WaveformViewer::xOf(double seconds) const {
@@ -204,12 +210,14 @@ void WaveformViewer::paintEvent(QPaintEvent* /*event*/) {
 
 void WaveformViewer::drawRuler(QPainter& painter) const {
   painter.setFont(Appearance::small(font()));
+  const double high = ruler();
+  const double gap = Appearance::lineWidth(kMarkGap, font());
   const double perPixel = (_stretch.to() - _stretch.from()) / std::max(1.0, body().width());
   for (const TimeRuler::Mark& mark :
-       TimeRuler::marks(_stretch.from(), _stretch.to(), kMarkGap * perPixel)) {
+       TimeRuler::marks(_stretch.from(), _stretch.to(), gap * perPixel)) {
     const double x = std::round(xOf(mark.seconds));
-    painter.fillRect(QRectF(x, kRuler - kMark - 8, 1, kMark + 4), Colors::line());
-    const QRectF place(x + 4, 0, kMarkGap, kRuler);
+    painter.fillRect(QRectF(x, high - kMark - 8, 1, kMark + 4), Colors::line());
+    const QRectF place(x + 4, 0, gap, high);
     if (place.left() + painter.fontMetrics().horizontalAdvance(mark.label) > width() - 4) continue;
     painter.setPen(Colors::dimText());
     painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, mark.label);
@@ -247,14 +255,14 @@ void WaveformViewer::drawReading(QPainter& painter) const {
   const QStringList texts = reading();
   if (texts.isEmpty()) return;
   const double x = std::clamp(std::floor(*_hover), body().left(), body().right());
-  painter.fillRect(QRectF(x, kRuler, 1, height() - kRuler - kBottom), Colors::dimText());
+  painter.fillRect(QRectF(x, body().top(), 1, body().height()), Colors::dimText());
   painter.setFont(Appearance::small(font()));
   const QFontMetricsF metrics(painter.font());
   const double time = metrics.horizontalAdvance(texts.first());
   const double level = metrics.horizontalAdvance(QStringLiteral("L −88.8"));
   const double wide = time + 2 * level + 2 * kReadingGap + 2 * kReadingPadding;
   const double left = x + 4 + wide < width() ? x + 4 : x - 4 - wide;
-  const QRectF box(left, 0, wide, kRuler + 1);
+  const QRectF box(left, 0, wide, ruler() + 1);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(Colors::ControlColor());
@@ -262,7 +270,7 @@ void WaveformViewer::drawReading(QPainter& painter) const {
   painter.setPen(Colors::WHITE());
   double at = left + kReadingPadding;
   for (const QString& text : texts) {
-    painter.drawText(QRectF(at, 0, wide, kRuler + 1), Qt::AlignLeft | Qt::AlignVCenter, text);
+    painter.drawText(QRectF(at, 0, wide, box.height()), Qt::AlignLeft | Qt::AlignVCenter, text);
     at += kReadingGap + (at == left + kReadingPadding ? time : level);
   }
 }

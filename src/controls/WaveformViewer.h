@@ -54,6 +54,7 @@ class WaveformViewer : public QWidget, public Adjustable {
 
   /// Where columns are drawn; the play head of the first and last moment stands on its edges, and
   /// where the knob of a position slider of the same width would.
+  [[nodiscard]] double ruler() const;
   [[nodiscard]] QRectF body() const;
   [[nodiscard]] double xOf(double seconds) const;
   [[nodiscard]] double timeAt(double x) const;

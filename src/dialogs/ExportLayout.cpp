@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int kMargin = 28;
+constexpr int kUnderWarning = 8;  // more than what stands between other lines
 
 }  // namespace
 
@@ -30,8 +31,10 @@ void ExportVC::layOut() {
   _note->hide();
   column->addWidget(_note);
   _clipping = label({}, "warning");
+  _clipping->setContentsMargins(0, 0, 0, kUnderWarning);
   column->addWidget(_clipping);
   _warning = label({}, "warning");
+  _warning->setContentsMargins(0, 0, 0, kUnderWarning);
   column->addWidget(_warning);
   column->addLayout(buttons());
   setMinimumWidth(Appearance::lineWidth(kTextWidth, font()) + 2 * kMargin);
@@ -44,6 +47,7 @@ QLayout* ExportVC::facts() {
   const auto addFact = [this, form](const QString& name) {
     QLabel* const caption = label(name, "dim");
     QLabel* const value = label({});
+    caption->setBuddy(value);
     form->addRow(caption, value);
     return value;
   };

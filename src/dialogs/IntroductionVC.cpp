@@ -62,6 +62,7 @@ IntroductionVC::IntroductionVC(QWidget* parent) : DialogWindow(parent) {
     auto* const picture = new QLabel(this);
     picture->setPixmap(
         Artwork::icon(QLatin1String(section.picture)).pixmap(kIcon, devicePixelRatioF()));
+    picture->setAccessibleName(tr(section.heading));
     grid->addWidget(picture, row, 0, 2, 1, Qt::AlignTop | Qt::AlignHCenter);
     grid->addWidget(label(tr(section.heading), "heading"), row++, 1);
     QLabel* const text = label(tr(section.text));

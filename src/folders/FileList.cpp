@@ -10,7 +10,10 @@
 
 #include "controls/Colors.h"
 
+#include "controls/ListAccessible.h"
+
 FileList::FileList(QWidget* parent) : QListView(parent), _cell(new FileListCell(this)) {
+  ListAccessible::install();
   setItemDelegate(_cell);
   setUniformItemSizes(true);
   setEditTriggers(NoEditTriggers);
@@ -130,6 +133,8 @@ void FileList::keyPressEvent(QKeyEvent* event) {
   if (isSpace || isReturn || isAside) return event->ignore();
   _focus.used();
   QListView::keyPressEvent(event);
+  const bool isPlain = event->modifiers() == Qt::NoModifier;
+  if (isPlain && (key == Qt::Key_Home || key == Qt::Key_Up)) selectCurrent();
   viewport()->update();
 }
 
@@ -139,6 +144,12 @@ void FileList::contextMenuEvent(QContextMenuEvent* event) {
   const QPoint place = isByKey ? visualRect(currentIndex()).center() : event->pos();
   const bool isOnRow = isByKey || indexAt(place).isValid();
   if (isOnRow && selectedRow() >= 0) emit menuRequested(viewport()->mapToGlobal(place));
+}
+
+// With the keyboard the toolkit gives the list a first row that is current and not selected: on it
+// these keys would do nothing.
+void FileList::selectCurrent() {
+  if (selectedRow() < 0 && currentIndex().isValid()) selectRow(currentIndex().row());
 }
 
 // Without a bar it could still be scrolled by a wheel or by the keyboard.

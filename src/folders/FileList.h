@@ -60,6 +60,8 @@ class FileList : public QListView {
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
+  void selectCurrent();
+
   FileListCell* _cell;
   KeyboardFocus _focus;
   TypedName _typed;

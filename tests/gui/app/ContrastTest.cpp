@@ -15,12 +15,14 @@
 #include <string>
 
 #include "WindowFixture.h"
+#include "controls/Appearance.h"
 #include "controls/FigureLine.h"
 
 namespace {
 
 constexpr double kText = 4.5;
 constexpr double kControl = 3.0;
+constexpr double kHighText = 7.0;
 
 double linear(int channel) {
   const double share = channel / 255.0;
@@ -66,7 +68,15 @@ class Contrast : public WindowFixture {
     };
     waitFor(isShown, "the meters");
   }
-  void TearDown() override { end(); }
+  void TearDown() override {
+    end();
+    Appearance::setHighContrast(*qApp, false);
+  }
+  void look() {
+    controller().refreshUIWhenPlay();
+    QCoreApplication::processEvents();
+    _window = view().grab().toImage().convertToFormat(QImage::Format_RGB32);
+  }
 
   [[nodiscard]] double of(const QWidget& widget) const {
     const double scale = _window.devicePixelRatio();
@@ -162,6 +172,30 @@ TEST_F(Contrast, OfLoopSoloAndWhatAWidthCosts) {
   }
   EXPECT_GE(ofCostAt(0.4), kControl);
   EXPECT_GE(ofCostAt(140), kControl);
+}
+
+// At once, in a window that is there.
+TEST_F(Contrast, IsHigherWhereTheDesktopWantsIt) {
+  look();
+  const QImage usual = _window;
+  Appearance::setHighContrast(*qApp, true);
+  QCoreApplication::processEvents();
+  look();
+  EXPECT_EQ(_window.pixel(2, 2), qRgb(0, 0, 0));
+  const auto hasText = [](const QLabel& label) { return !label.text().isEmpty(); };
+  EXPECT_GT(expectAtLeast<QLabel>(kHighText, hasText), 10);
+  EXPECT_EQ(expectAtLeast<FigureLine>(kHighText, [](const FigureLine&) { return true; }), 4);
+  const auto isNamed = [](const QWidget& widget) {
+    return !widget.accessibleName().isEmpty() && widget.accessibleName() != "Card used" &&
+           qobject_cast<const ImageView*>(&widget) == nullptr;
+  };
+  EXPECT_GT(expectAtLeast<QWidget>(kText, isNamed), 10);
+  Appearance::setHighContrast(*qApp, false);
+  QCoreApplication::processEvents();
+  look();
+  const int list = view().player->x();  // what does not move while the take plays
+  EXPECT_EQ(_window.copy(0, 0, list, _window.height()), usual.copy(0, 0, list, usual.height()))
+      << "and back";
 }
 
 TEST_F(Contrast, IsMeasuredAsItIsDefined) {

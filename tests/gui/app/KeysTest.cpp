@@ -47,6 +47,17 @@ TEST_F(Keys, GoThroughTheTakeFromTheList) {
   EXPECT_EQ(selected(), "R0001.WAV") << "the list keeps its row";
 }
 
+TEST_F(Keys, HomeSelectsTheFirstRowOfAListThatGetsTheKeyboard) {
+  take("R0001.WAV");
+  take("R0002.WAV");
+  startOnTakes();
+  give(view().player->btnMenu);
+  give(view().browser->tableFile);
+  ASSERT_EQ(selected(), "");
+  press(Qt::Key_Home);
+  EXPECT_EQ(selected(), "R0001.WAV");
+}
+
 TEST_F(Keys, GoThroughTheTakeFromAButtonThatKeepsTheKeyboard) {
   openPaused();
   give(view().player->btnExport);

@@ -14,6 +14,7 @@ class Layout : public WindowFixture {
  protected:
   void TearDown() override {
     window.reset();
+    Appearance::setTextScale(*qApp, 1);
     QApplication::setFont(Appearance::font());
   }
   [[nodiscard]] QRect frame(const QWidget* widget) const {
@@ -94,6 +95,36 @@ class Layout : public WindowFixture {
       }
     }
   }
+  void expectAllTabStopsInReach() const {
+    for (QWidget* const stop : allTabStops()) {
+      if (!stop->isVisible()) continue;
+      stop->setFocus(Qt::TabFocusReason);
+      QCoreApplication::processEvents();
+      const QRect shown = stop->visibleRegion().boundingRect();
+      const QSize most = stop->size().boundedTo(stageArea().viewport()->size());
+      if (stage().isAncestorOf(stop)) {
+        EXPECT_EQ(shown.size(), most) << stop->accessibleName().toStdString();
+      } else {
+        EXPECT_EQ(shown, stop->rect()) << stop->accessibleName().toStdString();
+      }
+    }
+  }
+  /// But what is shortened, or goes on in the tip, on purpose.
+  void expectAllTextWhole() const {
+    for (const QLabel* const label : view().findChildren<QLabel*>()) {
+      const bool isShortened = label == view().player->lblFileName || label->wordWrap();
+      if (!label->isVisible() || isShortened) continue;
+      const QString text = label->text();
+      EXPECT_LE(label->fontMetrics().horizontalAdvance(text), label->width()) << text.toStdString();
+      EXPECT_LE(label->fontMetrics().height(), label->height() + 1) << text.toStdString();
+    }
+    for (const QAbstractButton* const button : view().findChildren<QAbstractButton*>()) {
+      if (!button->isVisible() || button == view().browser->lblFolder) continue;
+      const QString text = button->text();
+      EXPECT_LE(button->fontMetrics().horizontalAdvance(text), button->width())
+          << text.toStdString();
+    }
+  }
   void expectRoom() const {
     // The captions under the dial stand where it is empty.
     EXPECT_TRUE(frame(&stage()).contains(frame(stage().sliderStereo)));
@@ -172,18 +203,7 @@ TEST_F(Layout, InASmallWindowTheStageIsScrolledAndNothingIsOutOfReach) {
   expectWholeAroundStage();
   EXPECT_GE(view().browser->tableFile->height(), 5 * FileListCell::kHeight);
   EXPECT_GE(stageArea().viewport()->height(), 240);
-  for (QWidget* const stop : allTabStops()) {
-    if (!stop->isVisible()) continue;
-    stop->setFocus(Qt::TabFocusReason);
-    QCoreApplication::processEvents();
-    const QRect shown = stop->visibleRegion().boundingRect();
-    const QSize most = stop->size().boundedTo(stageArea().viewport()->size());
-    if (stage().isAncestorOf(stop)) {
-      EXPECT_EQ(shown.size(), most) << stop->accessibleName().toStdString();
-    } else {
-      EXPECT_EQ(shown, stop->rect()) << stop->accessibleName().toStdString();
-    }
-  }
+  expectAllTabStopsInReach();
   stageArea().ensureWidgetVisible(stage().lblLevelValue, 0, 0);
   QCoreApplication::processEvents();
   EXPECT_EQ(stage().lblLevelValue->visibleRegion().boundingRect(), stage().lblLevelValue->rect());
@@ -229,6 +249,40 @@ TEST_F(Layout, LargerFontsGetTheRoomThatTheyNeed) {
   expectRoom();
   EXPECT_GE(view().browser->viewPathBG->height(),
             view().browser->lblFolder->fontMetrics().height());
+}
+
+TEST_F(Layout, TextOfTwiceTheSizeIsWholeAndInReach) {
+  startAs({1440, 860});
+  plugIn();
+  Appearance::setTextScale(*qApp, 2);
+  for (int i = 0; i < 4; ++i) QCoreApplication::processEvents();
+  EXPECT_EQ(view().size(), QSize(1440, 860)) << "it fits a common screen";
+  EXPECT_EQ(stage().lblGain->font().pixelSize(), 26);
+  EXPECT_EQ(view().player->lblFileName->font().pixelSize(), 36);
+  EXPECT_EQ(view().player->btnLoop->font().pixelSize(), 24);
+  expectWholeAroundStage();
+  expectAllTextWhole();
+  expectAllTabStopsInReach();
+  for (const FigureLine* const line : view().findChildren<FigureLine*>()) {
+    EXPECT_GE(line->height(), line->fontMetrics().height());
+    EXPECT_GE(line->width(), line->sizeHint().width());
+  }
+  EXPECT_GE(stage().field->correlation->height(), stage().field->correlation->sizeHint().height());
+  Appearance::setTextScale(*qApp, 1);
+  for (int i = 0; i < 4; ++i) QCoreApplication::processEvents();
+  view().resize(WindowController::kSize);
+  for (int i = 0; i < 4; ++i) QCoreApplication::processEvents();
+  EXPECT_EQ(frame(stage().sliderStereo), QRect(370, 81, 352, 352)) << "as it was";
+}
+
+TEST_F(Layout, DesktopsLargeTextIsLarge) {
+  QFont font;
+  font.setPixelSize(15);
+  EXPECT_EQ(Appearance::scaleOf(font), 1) << "a usual size";
+  font.setPixelSize(29);
+  EXPECT_NEAR(Appearance::scaleOf(font), 2, 0.03);
+  font.setPixelSize(200);
+  EXPECT_EQ(Appearance::scaleOf(font), 3) << "and no more";
 }
 
 TEST_F(Layout, RowsOfTheListGrowWithTheFont) {

@@ -12,10 +12,7 @@
 #include <memory>
 #include <vector>
 
-#include <private/qguiapplication_p.h>
-#include <qpa/qplatformaccessibility.h>
-#include <qpa/qplatformintegration.h>
-
+#include "AccessibleEvents.h"
 #include "Hands.h"
 #include "controls/AngleViewer.h"
 #include "controls/GainTickTitle.h"
@@ -39,27 +36,6 @@ QString name(QObject& object) {
 QString value(QObject& object) {
   return of(object).text(QAccessible::Value);
 }
-
-struct Events {
-  Events() {
-    told.clear();
-    setActive(true);
-    previous = QAccessible::installUpdateHandler(take);
-  }
-  ~Events() {
-    QAccessible::installUpdateHandler(previous);
-    setActive(false);
-  }
-  // As if a screen reader had come; the toolkit tells nothing to nobody.
-  static void setActive(bool active) {
-    QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(active);
-  }
-  static void take(QAccessibleEvent* event) { told.push_back(event->type()); }
-  static long count(QAccessible::Event type) { return std::count(told.begin(), told.end(), type); }
-
-  QAccessible::UpdateHandler previous;
-  static inline std::vector<QAccessible::Event> told;
-};
 
 TEST(Accessibility, EveryControlHasRoleAndName) {
   AngleViewer dial;
@@ -164,18 +140,18 @@ TEST(Accessibility, ChangesAreTold) {
   AngleViewer dial;
   J4Slider position;
   LevelMeter meter;
-  const Events events;
+  const AccessibleEvents events;
   dial.setEnable(true);
-  EXPECT_EQ(1, Events::count(QAccessible::StateChanged));
+  EXPECT_EQ(1, AccessibleEvents::count(QAccessible::StateChanged));
   dial.setNewAngle(30.0);
   dial.setNewAngle(30.0);
-  EXPECT_EQ(1, Events::count(QAccessible::ValueChanged));
+  EXPECT_EQ(1, AccessibleEvents::count(QAccessible::ValueChanged));
   position.setValue(0.5);
-  EXPECT_EQ(2, Events::count(QAccessible::ValueChanged));
+  EXPECT_EQ(2, AccessibleEvents::count(QAccessible::ValueChanged));
   // Too little to be read differently, and meters keep quiet.
   position.setValue(0.5001);
   meter.setLevel(30);
-  EXPECT_EQ(2, Events::count(QAccessible::ValueChanged));
+  EXPECT_EQ(2, AccessibleEvents::count(QAccessible::ValueChanged));
 }
 
 TEST(Accessibility, MetersCanBeReadOnly) {
