@@ -45,7 +45,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_DEBIAN_MIXDECK_PACKAGE_NAME mixdeck)
 # Where Inter is missing, the desktop's own font is taken.
-set(CPACK_DEBIAN_MIXDECK_PACKAGE_RECOMMENDS "fonts-inter, pipewire-pulse | pulseaudio, qt6-wayland")
+set(CPACK_DEBIAN_MIXDECK_PACKAGE_RECOMMENDS "fonts-inter, pipewire-pulse | pulseaudio, qt6-translations-l10n, qt6-wayland")
 set(CPACK_DEBIAN_MIXDECK_PACKAGE_SUGGESTS mixdeck-recorder-sim)
 set(CPACK_DEBIAN_MIXDECK_DESCRIPTION
     "companion of a handheld mid-side recorder

@@ -11,6 +11,7 @@
 
 #include "app/MainViewParts.h"
 #include "controls/Appearance.h"
+#include "controls/NumberText.h"
 
 namespace {
 
@@ -19,7 +20,7 @@ constexpr int kLeastPixels = 6;
 QString text(const std::optional<double>& figure, const QString& unit) {
   if (!figure) return QStringLiteral("–");
   const double tenths = std::round(*figure * 10) + 0.0;  // no "-0.0"
-  return QString::number(tenths / 10, 'f', 1).replace(u'-', u'−') + u' ' + unit;
+  return NumberText::of(tenths / 10, 1).replace(u'-', u'−') + u' ' + unit;
 }
 
 // The same for assistive software, which reads a plain minus sign.
@@ -71,7 +72,9 @@ void CostView::changeEvent(QEvent* event) {
 // The longest text that there may be decides.
 void CostView::fit() {
   QFont small = Appearance::small(font());
-  const double need = QFontMetricsF(small).horizontalAdvance(QStringLiteral("−88.8 LUFS")) + 2;
+  const double need =
+      QFontMetricsF(small).horizontalAdvance(NumberText::localized(QStringLiteral("−88.8 LUFS"))) +
+      2;
   if (need > width() && small.pixelSize() > 0) {
     const double share = width() / need;
     small.setPixelSize(std::max(kLeastPixels, static_cast<int>(small.pixelSize() * share)));

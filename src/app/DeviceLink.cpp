@@ -3,6 +3,7 @@
 
 #include "app/DeviceLink.h"
 
+#include "controls/Reason.h"
 #include "midi/MIDIPlatform.h"
 #include "midi/QtMIDIClock.h"
 
@@ -29,5 +30,5 @@ void DeviceLink::attach(MainView& view) {
 }
 
 void DeviceLink::showReason(MainView& view) const {
-  view.device->showUnavailable(QString::fromStdString(_machine->unavailableReason()));
+  view.device->showUnavailable(Reason::text(_machine->unavailableReason()));
 }

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Placeholder.h"
+#include "controls/NumberText.h"
 #include "midi/DeviceText.h"
 #include "midi/MIDISequenceManager.h"
 #include "midi/RecorderSettings.h"
@@ -20,6 +22,22 @@ QStringList titles(std::span<const RecorderChoice> choices) {
     list << QCoreApplication::translate("RecorderSettings", std::string(choice.title).c_str());
   }
   return list;
+}
+
+// "14.4 GB" as it is written here.
+QString sizeText(const QString& size) {
+  const QString number = NumberText::localized(size.section(u' ', 0, 0));
+  const QString unit = size.section(u' ', 1);
+  return DevicePane::tr("%1 %2", "a size and its unit")
+      .arg(number, unit == u"MB" ? DevicePane::tr("MB") : DevicePane::tr("GB"));
+}
+
+QString usedText(const TARNDeviceInfo& info) {
+  const QString none = QLatin1String(Placeholder::kSize);
+  const bool hasCard = DeviceText::hasCard(info);
+  const QString used = hasCard ? QString::fromStdString(info._sdUsedSize) : none;
+  const QString whole = hasCard ? QString::fromStdString(info._sdMaxSize) : none;
+  return DevicePane::tr("%1 / %2 Used").arg(sizeText(used), sizeText(whole));
 }
 
 // An item that the pop-up does not have is none.
@@ -64,7 +82,7 @@ void DevicePane::show() {
 }
 
 void DevicePane::showCard(const TARNDeviceInfo& info) {
-  _view.lblUsed->setText(QString::fromStdString(DeviceText::used(info)));
+  _view.lblUsed->setText(usedText(info));
   _view.lblRemain->setText(QString::fromStdString(DeviceText::remaining(info)));
   const float whole = SDCardReport::size(info._sdMaxBuff);
   const bool hasSize = DeviceText::hasCard(info) && whole > 0.0F;

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "base/Utility.h"
+#include "controls/Reason.h"
 
 namespace {
 
@@ -147,7 +148,7 @@ void FolderBrowser::wishFor(const std::vector<std::filesystem::path>& files) {
 QString FolderBrowser::failure() const {
   if (!_listing || _listing->failure().empty()) return {};
   return tr("“%1” cannot be read: %2")
-      .arg(lastComponent(_listing->folderPath()), QString::fromStdString(_listing->failure()));
+      .arg(lastComponent(_listing->folderPath()), Reason::text(_listing->failure()));
 }
 
 void FolderBrowser::showAnswer(const FolderLister::Answer& answer) {

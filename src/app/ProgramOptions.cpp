@@ -6,9 +6,21 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "base/Version.h"
+#include "controls/Language.h"
 #include "manual/ProgramWords.h"
+
+namespace {
+
+std::vector<std::string> languages() {
+  std::vector<std::string> tags;
+  for (const QString& tag : Language::all()) tags.push_back(tag.toStdString());
+  return tags;
+}
+
+}  // namespace
 
 ProgramOptions ProgramOptions::parse(int argc, const char* const* argv) {
   constexpr int kUsage = 2;
@@ -21,6 +33,11 @@ ProgramOptions ProgramOptions::parse(int argc, const char* const* argv) {
       ->check(CLI::ExistingPath);
   program.add_flag("--simulate-recorder", options.simulatesRecorder,
                    "Behave as if a recorder were connected");
+  program
+      .add_option("--language", options.language,
+                  "Language of the window, in place of the desktop's")
+      ->type_name("LANGUAGE")
+      ->check(CLI::IsMember(languages()));
   program.add_flag("--log", options.showsLog,
                    "Show the log lines here too; they are in the system's log");
   if (ProgramWords::areAskedFor(argc, argv)) {

@@ -4,12 +4,14 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
 
 /// What the command line asks for.
 struct ProgramOptions {
   std::filesystem::path start;  ///< a folder or a recording; empty: neither
   bool simulatesRecorder = false;
   bool showsLog = false;
+  std::string language;       ///< one of `Language::all`; empty: the desktop's
   std::optional<int> status;  ///< set when the program is already done, with this exit status
 
   /// Prints help, version and complaints.

@@ -3,6 +3,7 @@
 
 #include "app/TakeMessages.h"
 
+#include "controls/Reason.h"
 #include "dialogs/Alert.h"
 
 TakeMessages::TakeMessages(QWidget& window, StatusLine& status, TakeSession& take, QObject* parent)
@@ -34,7 +35,8 @@ void TakeMessages::forgetSound() {
   if (_take.state() == TakeSession::State::Playing) _status.clear(StatusLine::Topic::Sound);
 }
 
-void TakeMessages::tell(TakeSession::Failure failure, const QString& why) {
+void TakeMessages::tell(TakeSession::Failure failure, const QString& reason) {
+  const QString why = Reason::text(reason);
   using Topic = StatusLine::Topic;
   switch (failure) {
     case TakeSession::Failure::Unsupported:

@@ -18,7 +18,7 @@ class TakeMessages : public QObject {
   TakeMessages(QWidget& window, StatusLine& status, TakeSession& take, QObject* parent = nullptr);
 
  private:
-  void tell(TakeSession::Failure failure, const QString& why);
+  void tell(TakeSession::Failure failure, const QString& reason);
   void forgetTake();
   void tellOpening();
   void forgetSound();

@@ -65,7 +65,7 @@ void TakeSession::open(const QString& name, const std::filesystem::path& file) {
   });
   _timerOpening.start(kOpeningShows);
   emit opening();
-  if (!hasBegun) refuse(tr("no thread can be had").toStdString());
+  if (!hasBegun) refuse("no thread can be had");
 }
 
 void TakeSession::takeOver(Found& found) {

@@ -5,6 +5,7 @@
 
 #include "app/MainViewParts.h"
 #include "base/Placeholder.h"
+#include "controls/NumberText.h"
 
 namespace {
 
@@ -20,7 +21,7 @@ QString describe(const WaveFileReader& reader) {
       reader.isBoMSFormat() ? TransportPane::tr("Raw M/S") : TransportPane::tr("Stereo");
   const QString width =
       isFloat ? TransportPane::tr("%1-bit float").arg(bits) : TransportPane::tr("%1-bit").arg(bits);
-  const QString rate = TransportPane::tr("%1 kHz").arg(header.SampleRate / 1000.0);
+  const QString rate = TransportPane::tr("%1 kHz").arg(NumberText::of(header.SampleRate / 1000.0));
   return QStringLiteral("%1 · %2 · %3").arg(kind, width, rate);
 }
 

@@ -12,6 +12,8 @@
 #include <cmath>
 #include <utility>
 
+#include "controls/NumberText.h"
+
 namespace {
 
 constexpr QSize kField{64, 26};
@@ -52,7 +54,7 @@ void ValueField::open() {
   field->setAccessibleName(_name);
   field->setAlignment(Qt::AlignCenter);
   const auto number = numberIn(_label.text());
-  field->setText(number ? QString::number(*number) : QString());
+  field->setText(number ? NumberText::of(*number) : QString());
   const QSize size(kField.width(), std::max(kField.height(), field->sizeHint().height()));
   const QPoint half(size.width() / 2, size.height() / 2);
   QRect place(_label.geometry().center() - half, size);

@@ -4,6 +4,7 @@
 #include "app/WindowMenu.h"
 
 #include <QActionGroup>
+#include <QRegularExpression>
 #include <algorithm>
 
 #include "controls/MenuAccessible.h"
@@ -85,8 +86,10 @@ QAction* WindowMenu::addNamed(QMenu& menu, const QString& text, QKeyCombination 
 
 void WindowMenu::note(const QString& text, const QKeySequence& keys) {
   if (keys.isEmpty()) return;
-  QString what = text;
-  _keys.push_back({keys.toString(QKeySequence::NativeText), what.remove(u'&').remove(u'…')});
+  // Where letters are not those of the keyboard, the key stands behind the text: "終了(&Q)".
+  static const QRegularExpression kMarks(QStringLiteral("\\(&.\\)|&|…"));
+  const QString what = QString(text).remove(kMarks).trimmed();
+  _keys.push_back({keys.toString(QKeySequence::NativeText), what});
 }
 
 QAction* WindowMenu::actionOf(const QKeyEvent& event) const {

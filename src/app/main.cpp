@@ -13,6 +13,7 @@
 #include "app/ProgramOptions.h"
 #include "app/WindowController.h"
 #include "controls/Appearance.h"
+#include "controls/Language.h"
 #include "playback/system/SystemBackends.h"
 
 namespace {
@@ -23,6 +24,7 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
 }
 
 int run(QApplication& application, const ProgramOptions& options) {
+  Language::use(QString::fromStdString(options.language));
   Appearance::apply(application);
   SystemBackends::choose();
   const AppDelegate delegate(application);

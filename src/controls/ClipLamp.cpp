@@ -8,6 +8,7 @@
 
 #include "controls/Appearance.h"
 #include "controls/Colors.h"
+#include "controls/NumberText.h"
 
 namespace {
 
@@ -66,7 +67,7 @@ QRectF ClipLamp::lamp() const {
 
 QSize ClipLamp::sizeHint() const {
   const QFontMetrics metrics(figureFont());
-  const int width = metrics.horizontalAdvance(QStringLiteral("+88.8")) + 6;
+  const int width = metrics.horizontalAdvance(NumberText::localized(QStringLiteral("+88.8"))) + 6;
   return {std::max(width, static_cast<int>(kLampWidth)),
           metrics.height() + static_cast<int>(kGap + kLampHeight)};
 }

@@ -10,6 +10,7 @@
 #include "controls/Appearance.h"
 #include "controls/Colors.h"
 #include "controls/FigureAccessible.h"
+#include "controls/NumberText.h"
 
 namespace {
 
@@ -44,8 +45,8 @@ void CorrelationBar::setValue(std::optional<double> value) {
 QString CorrelationBar::text(std::optional<double> value) {
   if (!value) return QStringLiteral("–");
   const double hundredths = std::round(*value * 100);
-  if (hundredths == 0) return QStringLiteral("0.00");
-  const QString digits = QString::number(std::abs(hundredths) / 100, 'f', 2);
+  if (hundredths == 0) return NumberText::of(0, 2);
+  const QString digits = NumberText::of(std::abs(hundredths) / 100, 2);
   return (hundredths > 0 ? u'+' : u'-') + digits;
 }
 

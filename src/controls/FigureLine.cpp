@@ -12,6 +12,7 @@
 #include "controls/Appearance.h"
 #include "controls/Colors.h"
 #include "controls/FigureAccessible.h"
+#include "controls/NumberText.h"
 
 namespace {
 
@@ -63,7 +64,7 @@ void FigureLine::setNote(const QString& note) {
 QString FigureLine::digits() const {
   if (!_figure) return QStringLiteral("–");
   const double tenths = std::round(*_figure * 10);
-  const QString text = QString::number(std::abs(tenths) / 10, 'f', 1);
+  const QString text = NumberText::of(std::abs(tenths) / 10, 1);
   return tenths < 0 ? u'-' + text : text;
 }
 
@@ -83,7 +84,8 @@ int FigureLine::unitRoom() const {
 QSize FigureLine::sizeHint() const {
   const QFontMetrics metrics(font());
   const int text =
-      metrics.horizontalAdvance(_title) + metrics.horizontalAdvance(QStringLiteral("−88.8"));
+      metrics.horizontalAdvance(_title) +
+      metrics.horizontalAdvance(NumberText::localized(QStringLiteral("−88.8")));
   return {std::max(144, text + unitRoom()), std::max(kHeight, metrics.height() + 2)};
 }
 

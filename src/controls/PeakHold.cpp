@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+#include "controls/NumberText.h"
+
 void PeakHold::add(double magnitude) {
   if (magnitude > _peak) _peak = magnitude;
 }
@@ -16,7 +18,7 @@ QString PeakHold::text() const {
   const double value = decibels();
   if (!std::isfinite(value)) return _peak > 0 ? QStringLiteral("∞") : QStringLiteral("–");
   const double tenths = std::round(value * 10) / 10;
-  QString digits = QString::number(std::abs(tenths), 'f', 1);
+  QString digits = NumberText::of(std::abs(tenths), 1);
   if (tenths == 0) return digits;
   return digits.prepend(tenths > 0 ? u'+' : u'-');
 }

@@ -6,6 +6,8 @@
 #include <array>
 #include <cmath>
 
+#include "controls/NumberText.h"
+
 namespace {
 
 constexpr std::array kSteps = {0.001, 0.002, 0.005, 0.01,  0.02,  0.05,   0.1,    0.2,   0.5,
@@ -50,5 +52,6 @@ QString TimeRuler::text(double seconds, double step) {
   QString text = two(whole / 60 % 60) + u':' + two(whole % 60);
   if (whole >= 3600) text = QString::number(whole / 3600) + u':' + text;
   if (decimals == 0) return text;
-  return text + u'.' + QStringLiteral("%1").arg(units % perSecond, decimals, 10, QChar('0'));
+  const auto part = QStringLiteral(".%1").arg(units % perSecond, decimals, 10, QChar('0'));
+  return text + NumberText::localized(part);
 }

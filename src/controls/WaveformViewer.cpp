@@ -13,6 +13,7 @@
 #include "controls/AdjustableAccessible.h"
 #include "controls/Appearance.h"
 #include "controls/Colors.h"
+#include "controls/NumberText.h"
 #include "controls/TimeRuler.h"
 #include "controls/WaveformPicture.h"
 
@@ -35,7 +36,7 @@ QAccessibleInterface* makeReadableWaveform(WaveformViewer& viewer) {
 
 QString decibels(const QString& channel, float magnitude) {
   const double value = 20.0 * std::log10(static_cast<double>(magnitude));
-  const QString text = std::isfinite(value) ? QString::number(value, 'f', 1) : QStringLiteral("–");
+  const QString text = std::isfinite(value) ? NumberText::of(value, 1) : QStringLiteral("–");
   return channel + u' ' + QString(text).replace(u'-', u'−');
 }
 
@@ -259,7 +260,7 @@ void WaveformViewer::drawReading(QPainter& painter) const {
   painter.setFont(Appearance::small(font()));
   const QFontMetricsF metrics(painter.font());
   const double time = metrics.horizontalAdvance(texts.first());
-  const double level = metrics.horizontalAdvance(QStringLiteral("L −88.8"));
+  const double level = metrics.horizontalAdvance(NumberText::localized(QStringLiteral("L −88.8")));
   const double wide = time + 2 * level + 2 * kReadingGap + 2 * kReadingPadding;
   const double left = x + 4 + wide < width() ? x + 4 : x - 4 - wide;
   const QRectF box(left, 0, wide, ruler() + 1);

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/EB.h"
+#include "controls/Reason.h"
 #include "dialogs/Alert.h"
 #include "dialogs/TimeLeft.h"
 
@@ -22,8 +23,7 @@ QString nameOf(const std::filesystem::path& path) {
 
 // What went wrong, as the jobs tell it, ends without a full stop.
 QString sentence(const ExportOrder& order, const std::string& why) {
-  return ExportDesk::tr("%1 was not exported: %2.")
-      .arg(nameOf(order.source), QString::fromStdString(why));
+  return ExportDesk::tr("%1 was not exported: %2.").arg(nameOf(order.source), Reason::text(why));
 }
 
 }  // namespace

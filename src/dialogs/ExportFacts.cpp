@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <system_error>
 
+#include "controls/NumberText.h"
+
 ExportFacts::ExportFacts(const Export& job)
     : isValid(job.IsFileValid() && job.reader() != nullptr && job.reader()->image()),
       source(job.getFilePath()),
@@ -49,7 +51,8 @@ QString ExportFacts::widthText() const {
 
 QString ExportFacts::gainText(bool isNormalized) const {
   if (isNormalized) return QCoreApplication::translate("ExportFacts", "To full scale");
-  return QStringLiteral("%1%2 dB").arg(gain > 0 ? QStringLiteral("+") : QString()).arg(gain);
+  return (gain > 0 ? QStringLiteral("+") : QString()) + NumberText::of(gain) +
+         QStringLiteral(" dB");
 }
 
 QString ExportFacts::textOf(std::uint64_t bytes) {

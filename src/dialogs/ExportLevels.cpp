@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "analysis/TakeAnalyzer.h"
+#include "controls/NumberText.h"
 #include "export/ClipSearch.h"
 
 void ExportLevels::measure(const WaveFileReader& reader, const std::optional<FrameRange>& range,
@@ -92,7 +93,7 @@ QString ExportLevels::text(const std::optional<double>& figure, const QString& u
   if (!_analysis) return _measuring.isUnderWay() ? QStringLiteral("…") : QStringLiteral("–");
   if (!figure) return QStringLiteral("–");
   const double tenths = std::round(*figure * 10) + 0.0;  // no "-0.0"
-  return QString::number(tenths / 10, 'f', 1) + u' ' + unit;
+  return NumberText::of(tenths / 10, 1) + u' ' + unit;
 }
 
 QString ExportLevels::loudnessText() const {
@@ -109,6 +110,5 @@ QString ExportLevels::clippingText() const {
   const bool isOver = !isBrought && figures().isOverFullScale();
   if (!_places) return isOver ? tr("Would clip in 24 bit") : QString();
   if (*_places == 0) return {};
-  if (*_places == 1) return tr("Would clip in 24 bit at 1 place");
-  return tr("Would clip in 24 bit at %1 places").arg(*_places);
+  return tr("Would clip in 24 bit at %n place(s)", nullptr, static_cast<int>(*_places));
 }

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "controls/Appearance.h"
+#include "controls/NumberText.h"
 #include "dialogs/SavePanel.h"
 
 ExportVC::ExportVC(QWidget* parent) : DialogWindow(parent) {
@@ -81,8 +82,7 @@ QString ExportVC::gainText() const {
   if (!levelWarning().isEmpty()) return QStringLiteral("–");
   const auto gain = _levels.gain();
   if (!gain) return QStringLiteral("…");
-  return tr("%1 dB").arg((*gain > 0 ? QStringLiteral("+") : QString()) +
-                         QString::number(*gain, 'f', 1));
+  return tr("%1 dB").arg((*gain > 0 ? QStringLiteral("+") : QString()) + NumberText::of(*gain, 1));
 }
 
 void ExportVC::showLevels() {

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "controls/Appearance.h"
+#include "controls/Reason.h"
 #include "dialogs/PathText.h"
 
 namespace {
@@ -124,11 +125,13 @@ void SavePanel::makeFolder(const QString& name) {
   const Errand::Work work = [this, path] {
     return [this, path, failure = makeAt(path)] { showMade(path, failure); };
   };
-  if (!begin(work, tr("Making “%1”…").arg(name))) showMade(path, tr("no thread can be had"));
+  if (!begin(work, tr("Making “%1”…").arg(name)))
+    showMade(path, QStringLiteral("no thread can be had"));
 }
 
 void SavePanel::showMade(const std::filesystem::path& folder, const QString& failure) {
   rest();
   if (failure.isEmpty()) return openFolder(folder);
-  say(tr("“%1” cannot be made: %2").arg(PathText::textOf(folder.filename()), failure));
+  say(tr("“%1” cannot be made: %2")
+          .arg(PathText::textOf(folder.filename()), Reason::text(failure)));
 }

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+#include "controls/Reason.h"
+
 namespace {
 
 constexpr int kReadingShows = 300;  // ms
@@ -60,7 +62,7 @@ void FolderWalk::moveTo(const std::filesystem::path& folder) {
 
 void FolderWalk::show(const FolderLister::Answer& answer) {
   _slow.stop();
-  _failure = QString::fromStdString(answer.listing->failure());
+  _failure = Reason::text(answer.listing->failure());
   std::vector<WavItem> items = answer.listing->files();
   if (_rows == Rows::Folders) std::erase_if(items, [](const WavItem& it) { return !it.isFolder; });
   _model.show(items);

@@ -6,10 +6,13 @@
 #include <QApplication>
 #include <QFont>
 
+#include "controls/Language.h"
+
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleMock(&argc, argv);
   const QApplication application(argc, argv);
+  Language::use(QStringLiteral("en"));
   QFont font(QStringLiteral("Inter"));
   font.setPixelSize(13);
   QApplication::setFont(font);

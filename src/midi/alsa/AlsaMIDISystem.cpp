@@ -159,7 +159,7 @@ int AlsaMIDISystem::restore(Port& port) {
 void AlsaMIDISystem::lose(int status) {
   giveUpSequencer();
   _ports.clear();
-  setReason(std::string("The ALSA sequencer has gone (") + std::strerror(-status) + ").");
+  setReason(fmt::format("The ALSA sequencer has gone ({}).", std::strerror(-status)));
   tryAgainLater();
   relist();
 }

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/NumberText.h"
+
+#include <QLocale>
+
+QString NumberText::localized(QString text) {
+  return text.replace(u'.', QLocale().decimalPoint());
+}
+
+QString NumberText::of(double number, int decimals) {
+  return localized(QString::number(number, 'f', decimals));
+}
+
+QString NumberText::of(double number) {
+  return localized(QString::number(number));
+}
+
+std::optional<double> NumberText::typed(const QString& text) {
+  QString plain = text.trimmed();
+  plain.replace(QLocale().decimalPoint(), QStringLiteral("."))
+      .replace(u',', u'.')
+      .replace(u'−', u'-');
+  bool isNumber = false;
+  const double number = plain.toDouble(&isNumber);
+  return isNumber ? std::optional(number) : std::nullopt;
+}

@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "controls/Reason.h"
+
+#include <QCoreApplication>
+#include <QRegularExpression>
+#include <array>
+
+namespace {
+
+constexpr std::array kKnown = {
+    // Of reading.
+    QT_TRANSLATE_NOOP("Reason", "Not a WAVE file: %1"),
+    QT_TRANSLATE_NOOP("Reason", "shorter than 48 bytes"),
+    QT_TRANSLATE_NOOP("Reason", "not a RIFF file"),
+    QT_TRANSLATE_NOOP("Reason", "a RIFF file, but not WAVE"),
+    QT_TRANSLATE_NOOP("Reason", "an RF64 file without its sizes (ds64 chunk)"),
+    QT_TRANSLATE_NOOP("Reason", "more chunks than a recording has"),
+    QT_TRANSLATE_NOOP("Reason", "no format chunk"), QT_TRANSLATE_NOOP("Reason", "no data chunk"),
+    QT_TRANSLATE_NOOP("Reason", "No broadcast extension (bext chunk)"),
+    QT_TRANSLATE_NOOP("Reason", "The broadcast extension has %1 bytes, fewer than %2"),
+    QT_TRANSLATE_NOOP("Reason", "Not a recording of the %1: its originator is \"%2\""),
+    QT_TRANSLATE_NOOP("Reason", "Not a regular file"),
+    QT_TRANSLATE_NOOP("Reason", "The file became shorter"),
+    QT_TRANSLATE_NOOP("Reason", "The file has been deleted"),
+    // Of exporting.
+    QT_TRANSLATE_NOOP("Reason", "No recording is open"),
+    QT_TRANSLATE_NOOP("Reason", "The target is the source itself"),
+    QT_TRANSLATE_NOOP("Reason", "The export would take %1 bytes; a WAVE file ends at 4 GiB"),
+    QT_TRANSLATE_NOOP("Reason", "The source cannot be read: %1"),
+    QT_TRANSLATE_NOOP("Reason",
+                      "The recording has no loudness at this width: it is silent or "
+                      "shorter than 0.4 s"),
+    QT_TRANSLATE_NOOP("Reason", "Sample bytes have been written already"),
+    QT_TRANSLATE_NOOP("Reason", "The file was dropped before it was saved"),
+    QT_TRANSLATE_NOOP("Reason", "The file has been saved already"),
+    QT_TRANSLATE_NOOP("Reason", "The file was written for another place"),
+    // Of playing.
+    QT_TRANSLATE_NOOP("Reason", "No file can be read"),
+    QT_TRANSLATE_NOOP("Reason", "Samples of %1 bits in format %2 cannot be played"),
+    QT_TRANSLATE_NOOP("Reason", "There are no channels"),
+    QT_TRANSLATE_NOOP("Reason", "There is no sample rate"),
+    QT_TRANSLATE_NOOP("Reason", "There is no sound server (%1)."),
+    QT_TRANSLATE_NOOP("Reason", "The sound server has gone (%1)."),
+    QT_TRANSLATE_NOOP("Reason", "The sound server does not answer."),
+    QT_TRANSLATE_NOOP("Reason", "The sound output is not there (%1)."),
+    QT_TRANSLATE_NOOP("Reason", "The sound output has stopped."),
+    QT_TRANSLATE_NOOP("Reason", "The sound output could not be started (%1)."),
+    QT_TRANSLATE_NOOP("Reason", "The sound output does not take %1 channels at %2 Hz."),
+    QT_TRANSLATE_NOOP("Reason", "There are too many channels, or too many frames a second."),
+    // Of the recorder.
+    QT_TRANSLATE_NOOP("Reason", "There is no ALSA sequencer here (%1)."),
+    QT_TRANSLATE_NOOP("Reason", "No permission to use the ALSA sequencer (%1)."),
+    QT_TRANSLATE_NOOP("Reason", "The ALSA sequencer cannot be used (%1: %2)."),
+    QT_TRANSLATE_NOOP("Reason", "The ALSA sequencer has gone (%1)."),
+    QT_TRANSLATE_NOOP("Reason",
+                      "This kernel or alsa-lib has no Universal MIDI Packets, which were "
+                      "asked for."),
+    // Of the system, which knows more of them in the desktop's language.
+    QT_TRANSLATE_NOOP("Reason", "no thread can be had"),
+    QT_TRANSLATE_NOOP("Reason", "No such file or directory"),
+    QT_TRANSLATE_NOOP("Reason", "Permission denied"),
+    QT_TRANSLATE_NOOP("Reason", "Operation not permitted"),
+    QT_TRANSLATE_NOOP("Reason", "Input/output error"),
+    QT_TRANSLATE_NOOP("Reason", "No space left on device"),
+    QT_TRANSLATE_NOOP("Reason", "Disk quota exceeded"),
+    QT_TRANSLATE_NOOP("Reason", "Read-only file system"),
+    QT_TRANSLATE_NOOP("Reason", "File exists"), QT_TRANSLATE_NOOP("Reason", "File too large"),
+    QT_TRANSLATE_NOOP("Reason", "File name too long"),
+    QT_TRANSLATE_NOOP("Reason", "Is a directory"), QT_TRANSLATE_NOOP("Reason", "Not a directory"),
+    QT_TRANSLATE_NOOP("Reason", "Invalid argument"), QT_TRANSLATE_NOOP("Reason", "No such device"),
+    QT_TRANSLATE_NOOP("Reason", "Stale file handle"),
+    QT_TRANSLATE_NOOP("Reason", "Too many open files"),
+    QT_TRANSLATE_NOOP("Reason", "Connection refused"),
+    QT_TRANSLATE_NOOP("Reason", "Connection terminated")};
+
+// The known reason as a pattern: what differs is caught.
+QRegularExpression patternOf(const char* known) {
+  QString pattern = QRegularExpression::escape(QLatin1String(known));
+  pattern.replace(QRegularExpression::escape(QStringLiteral("%1")), QStringLiteral("(.+)"));
+  pattern.replace(QRegularExpression::escape(QStringLiteral("%2")), QStringLiteral("(.+)"));
+  return QRegularExpression(QRegularExpression::anchoredPattern(pattern),
+                            QRegularExpression::DotMatchesEverythingOption);
+}
+
+}  // namespace
+
+QString Reason::text(const QString& reason) {
+  for (const char* const known : kKnown) {
+    const auto match = patternOf(known).match(reason);
+    if (!match.hasMatch()) continue;
+    QString said = QCoreApplication::translate("Reason", known);
+    if (match.lastCapturedIndex() == 0) return said;
+    // A reason may have another one inside.
+    if (match.lastCapturedIndex() == 1) return said.arg(text(match.captured(1)));
+    return said.arg(match.captured(1), match.captured(2));
+  }
+  return reason;
+}
+
+std::vector<QString> Reason::known() {
+  return {kKnown.begin(), kKnown.end()};
+}

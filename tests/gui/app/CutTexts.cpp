@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "CutTexts.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLabel>
+#include <QStyle>
+#include <QStyleOptionComboBox>
+#include <algorithm>
+
+#include "app/ElidedButton.h"
+#include "app/StatusLine.h"
+#include "app/TabularLabel.h"
+#include "controls/ElidedLabel.h"
+#include "controls/FigureLine.h"
+
+namespace {
+
+QString lack(const QString& text, QSize has, QSize needs) {
+  if (needs.width() <= has.width() && needs.height() <= has.height()) return {};
+  return QStringLiteral("“%1” has %2 × %3 of %4 × %5")
+      .arg(text)
+      .arg(has.width())
+      .arg(has.height())
+      .arg(needs.width())
+      .arg(needs.height());
+}
+
+int widestWord(const QLabel& label) {
+  int widest = 0;
+  for (const QString& word : label.text().split(u' ')) {
+    // Where words are not set apart, lines break between letters.
+    const bool breaks = std::ranges::any_of(word, [](QChar c) { return c.unicode() >= 0x3000; });
+    if (!breaks) widest = std::max(widest, label.fontMetrics().horizontalAdvance(word));
+  }
+  return widest;
+}
+
+QString lackOf(const QLabel& label) {
+  const bool isShort = qobject_cast<const ElidedLabel*>(&label) != nullptr ||
+                       qobject_cast<const StatusLine*>(&label) != nullptr;
+  if (isShort || label.text().isEmpty()) return {};
+  if (label.wordWrap()) {
+    return lack(label.text(), label.size(),
+                {widestWord(label), label.heightForWidth(label.width())});
+  }
+  return lack(label.text(), label.size(), label.sizeHint());
+}
+
+QString lackOf(const QAbstractButton& button) {
+  if (button.text().isEmpty()) return {};
+  const int text = button.fontMetrics().horizontalAdvance(button.text().remove(u'&'));
+  const bool isBare = qobject_cast<const ElidedButton*>(&button) != nullptr;
+  const int frame = isBare ? 0 : 4;
+  return lack(button.text(), button.size(), {text + frame, button.fontMetrics().height()});
+}
+
+QString lackOf(const QComboBox& popup) {
+  QStyleOptionComboBox option;
+  option.initFrom(&popup);
+  option.editable = popup.isEditable();
+  const QSize field =
+      popup.style()
+          ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &popup)
+          .size();
+  for (int i = 0; i < popup.count(); ++i) {
+    const QString item = popup.itemText(i);
+    const QString lacks = lack(item, field, {popup.fontMetrics().horizontalAdvance(item), 0});
+    if (!lacks.isEmpty()) return lacks;
+  }
+  return {};
+}
+
+QString lackOf(const FigureLine& line) {
+  return lack(line.accessibleName(), line.size(), line.sizeHint());
+}
+
+template <class Widget>
+void add(QStringList& all, const QWidget& window) {
+  for (const auto* const widget : window.findChildren<Widget*>()) {
+    if (!widget->isVisibleTo(&window)) continue;
+    if (const QString lacks = lackOf(*widget); !lacks.isEmpty()) all << lacks;
+  }
+}
+
+}  // namespace
+
+QStringList CutTexts::in(const QWidget& window) {
+  QStringList all;
+  add<QLabel>(all, window);
+  add<QAbstractButton>(all, window);
+  add<QComboBox>(all, window);
+  add<FigureLine>(all, window);
+  return all;
+}

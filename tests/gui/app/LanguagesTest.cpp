@@ -1,0 +1,247 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <QMessageBox>
+#include <QRegularExpression>
+#include <QScrollArea>
+#include <QTest>
+#include <QToolButton>
+#include <QTranslator>
+#include <set>
+
+#include "CutTexts.h"
+#include "WindowFixture.h"
+#include "controls/Appearance.h"
+#include "controls/Language.h"
+#include "dialogs/AboutVC.h"
+#include "dialogs/Alert.h"
+#include "dialogs/ExportProgress.h"
+#include "dialogs/ExportVC.h"
+#include "dialogs/FolderPanel.h"
+#include "dialogs/HelpVC.h"
+#include "dialogs/IntroductionVC.h"
+#include "dialogs/NodeviceVC.h"
+#include "dialogs/SavePanel.h"
+
+namespace {
+
+/// Marks every text that is asked for: what is shown without a mark has not been asked for.
+class MarkingTranslator : public QTranslator {
+ public:
+  [[nodiscard]] bool isEmpty() const override { return false; }
+  [[nodiscard]] QString translate(const char* /*context*/, const char* text, const char* /*about*/,
+                                  int /*count*/) const override {
+    return u'⟦' + QString::fromUtf8(text) + u'⟧';
+  }
+};
+
+class AnyLanguage : public WindowFixture {
+ protected:
+  ~AnyLanguage() override {
+    end();
+    Language::use(QStringLiteral("en"));
+  }
+
+  /// The window with a take and a recorder.
+  void startWithAll() {
+    take("R0001.WAV");
+    startOnTakes();
+    plugIn();
+    open("R0001.WAV");
+    settle();
+  }
+  static void settle() {
+    for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+  }
+  template <class Dialog, class... Arguments>
+  Dialog* made(Arguments&&... arguments) {
+    auto* const dialog = new Dialog(std::forward<Arguments>(arguments)..., &view());
+    dialog->show();
+    settle();
+    return dialog;
+  }
+  QWidget* exportDialog() {
+    auto* const dialog = new ExportVC(&view());
+    const auto job = std::make_shared<Export>(takes.path() / "R0001.WAV");
+    dialog->setExporter(job);
+    ExportVC::Extra extra;
+    extra.note = ExportVC::tr("Selection only");
+    extra.selection = FrameRange{0, 4800};
+    dialog->setExtra(extra);
+    dialog->show();
+    settle();
+    return dialog;
+  }
+  /// As somebody would see them, one after the other.
+  void forEachDialog(const std::function<void(QWidget&)>& look) {
+    for (QWidget* const dialog :
+         {static_cast<QWidget*>(made<AboutVC>()), static_cast<QWidget*>(made<IntroductionVC>()),
+          static_cast<QWidget*>(made<NodeviceVC>()),
+          static_cast<QWidget*>(made<HelpVC>(view().menu->keys())), exportDialog(),
+          static_cast<QWidget*>(made<ExportProgress>("R0001.WAV", "R0001_Decode.WAV")),
+          static_cast<QWidget*>(new FolderPanel(&view())),
+          static_cast<QWidget*>(new SavePanel(takes.path() / "R0001_Decode.WAV",
+                                              takes.path() / "R0001.WAV", &view())),
+          static_cast<QWidget*>(Alert::show(
+              &view(), QCoreApplication::translate("TakeMessages", "File not supported.")))}) {
+      dialog->show();
+      settle();
+      look(*dialog);
+      dialog->hide();
+      delete dialog;
+    }
+  }
+};
+
+class Languages : public AnyLanguage, public testing::WithParamInterface<const char*> {
+ protected:
+  Languages() { Language::use(QLatin1String(GetParam())); }
+
+  void expectNothingCut(QWidget& shown) {
+    EXPECT_FALSE(shown.grab().isNull());
+    EXPECT_EQ(CutTexts::in(shown).join(u'\n').toStdString(), "")
+        << shown.metaObject()->className() << " " << shown.windowTitle().toStdString();
+    const QSize most(1280, 720);
+    EXPECT_EQ(shown.size().boundedTo(most), shown.size()) << shown.metaObject()->className();
+  }
+};
+
+TEST_P(Languages, NothingIsCutInTheWindow) {
+  startWithAll();
+  expectNothingCut(view());
+  pullOut();
+  settle();
+  expectNothingCut(view());
+}
+
+TEST_P(Languages, UsualWindowIsNotScrolled) {
+  startWithAll();
+  for (const auto* const area : view().findChildren<QScrollArea*>()) {
+    EXPECT_GE(area->viewport()->width(), area->widget()->minimumSizeHint().width());
+    EXPECT_GE(area->viewport()->height(), area->widget()->minimumSizeHint().height());
+  }
+}
+
+TEST_P(Languages, NothingIsCutInADialog) {
+  startWithAll();
+  forEachDialog([this](QWidget& dialog) { expectNothingCut(dialog); });
+}
+
+TEST_P(Languages, KeysOfAMenuDiffer) {
+  startOnTakes();
+  QList<QMenu*> menus = view().menu->findChildren<QMenu*>();
+  menus << view().menu;
+  for (const QMenu* const menu : menus) {
+    std::set<QChar> keys;
+    for (const QAction* const action : menu->actions()) {
+      static const QRegularExpression kKey(QStringLiteral("&([^&])"));
+      const auto match = kKey.match(action->text());
+      if (!match.hasMatch()) continue;
+      EXPECT_TRUE(keys.insert(match.captured(1)[0].toLower()).second)
+          << action->text().toStdString();
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, Languages, testing::Values("de", "en", "es", "fr", "ja", "zh_CN"));
+
+/// What a widget shows and tells.
+QStringList said(const QWidget& widget) {
+  QStringList all = {widget.windowTitle(), widget.toolTip(), widget.accessibleName(),
+                     widget.accessibleDescription()};
+  if (const auto* const label = qobject_cast<const QLabel*>(&widget)) all << label->text();
+  if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget))
+    all << button->text();
+  for (const QAction* const action : widget.actions()) all << action->text();
+  if (const auto* const popup = qobject_cast<const QComboBox*>(&widget)) {
+    for (int i = 0; i < popup->count(); ++i) all << popup->itemText(i);
+  }
+  return all;
+}
+
+/// What of it has been asked for in no language: names, units and keys aside.
+QStringList unasked(const QString& text) {
+  static const QRegularExpression kAsked(QStringLiteral("⟦[^⟦⟧]*⟧"));
+  static const QRegularExpression kNames(QStringLiteral(
+      "TARN J4 Mixdeck|R0001[^ ]*|LUFS|dBTP|dBFS|dB|Ctrl|Shift|Space|Left|Right|Up|Down|Home|End|"
+      "qt_[a-z_]*|GB|MB|GiB|[0-9][.0-9]* [kMG]?B|/[^ ]*|\\b[A-Z0-9]\\b|\\bF1\\b|mixdeck-[^ ]*"));
+  QString rest = text;
+  for (QString before; rest != before;) {
+    before = rest;
+    rest.remove(kAsked);
+  }
+  rest.remove(kNames);
+  static const QRegularExpression kWords(QStringLiteral("\\p{L}{2,}"));
+  return kWords.match(rest).hasMatch() ? QStringList{text} : QStringList{};
+}
+
+void expectAsked(const QWidget& window) {
+  QStringList all;
+  QList<QWidget*> widgets = window.findChildren<QWidget*>();
+  for (const QString& text : said(window)) all << unasked(text);
+  for (const QWidget* const widget : widgets) {
+    for (const QString& text : said(*widget)) all << unasked(text);
+  }
+  EXPECT_EQ(all.join(u'\n').toStdString(), "") << window.metaObject()->className();
+}
+
+TEST(CutTexts, TellsWhatIsCut) {
+  QWidget window;
+  const QFontMetrics metrics(window.font());
+  const int width = metrics.horizontalAdvance(QStringLiteral("Stereobreite"));
+  auto* const label = new QLabel(QStringLiteral("Stereobreite"), &window);
+  auto* const button = new QToolButton(&window);
+  button->setText(QStringLiteral("Stereobreite"));
+  auto* const popup = new QComboBox(&window);
+  popup->addItem(QStringLiteral("Stereobreite"));
+  const std::vector<QWidget*> all = {label, button, popup};
+  for (QWidget* const widget : all) widget->resize(2 * width + 40, 2 * metrics.height() + 10);
+  EXPECT_EQ(CutTexts::in(window).join(u'\n').toStdString(), "");
+  for (QWidget* const widget : all) {
+    const QSize before = widget->size();
+    widget->resize(width - 1, before.height());
+    EXPECT_EQ(CutTexts::in(window).size(), 1) << widget->metaObject()->className();
+    widget->resize(before);
+  }
+  label->setWordWrap(true);
+  label->setText(
+      QStringLiteral("Stereobreite Stereobreite Stereobreite Stereobreite Stereobreite"));
+  EXPECT_EQ(CutTexts::in(window).size(), 1) << "there are more lines than it has room for";
+}
+
+TEST(Unasked, IsWhatHasWordsWithoutAMark) {
+  for (const char* const fine :
+       {"⟦Export⟧", "−23.0 LUFS", "R0001.WAV", "⟦⟦Back⟧ 1 s⟧\tCtrl+E", ""}) {
+    EXPECT_TRUE(unasked(QString::fromUtf8(fine)).isEmpty()) << fine;
+  }
+  for (const char* const bare : {"Export", "⟦Export⟧ now", "R0001.WAV not found"}) {
+    EXPECT_FALSE(unasked(QString::fromUtf8(bare)).isEmpty()) << bare;
+  }
+}
+
+class Marked : public AnyLanguage {
+ protected:
+  Marked() { QCoreApplication::installTranslator(&_translator); }
+  ~Marked() override {
+    end();
+    QCoreApplication::removeTranslator(&_translator);
+  }
+
+ private:
+  MarkingTranslator _translator;
+};
+
+TEST_F(Marked, EveryTextOfTheWindowIsAskedFor) {
+  startWithAll();
+  expectAsked(view());
+  pullOut();
+  settle();
+  expectAsked(view());
+}
+
+TEST_F(Marked, EveryTextOfADialogIsAskedFor) {
+  startWithAll();
+  forEachDialog(expectAsked);
+}
+
+}  // namespace

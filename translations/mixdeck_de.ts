@@ -1,0 +1,1438 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>AboutVC</name>
+    <message>
+        <source>Logo</source>
+        <translation>Logo</translation>
+    </message>
+    <message>
+        <source>Desktop companion of the TARN J4 recorder</source>
+        <translation>Desktop-Begleiter des Rekorders TARN J4</translation>
+    </message>
+    <message>
+        <source>Copyright 2026 The Mixdeck developers
+MIT license</source>
+        <translation>Copyright 2026 The Mixdeck developers
+MIT-Lizenz</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+</context>
+<context>
+    <name>Alert</name>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>AngleViewer</name>
+    <message>
+        <source>Stereo width</source>
+        <translation>Stereobreite</translation>
+    </message>
+    <message>
+        <source>MONO</source>
+        <translation>MONO</translation>
+    </message>
+    <message>
+        <source>30°</source>
+        <translation>30°</translation>
+    </message>
+    <message>
+        <source>60°</source>
+        <translation>60°</translation>
+    </message>
+    <message>
+        <source>90°</source>
+        <translation>90°</translation>
+    </message>
+    <message>
+        <source>120°</source>
+        <translation>120°</translation>
+    </message>
+    <message>
+        <source>150°</source>
+        <translation>150°</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserPane</name>
+    <message>
+        <source>Looking for “%1”… (Esc gives up)</source>
+        <translation>„%1“ wird gesucht … (Esc bricht ab)</translation>
+    </message>
+    <message>
+        <source>Open folder, now %1</source>
+        <translation>Ordner öffnen, jetzt %1</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserView</name>
+    <message>
+        <source>Go up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Current folder</source>
+        <translation>Aktueller Ordner</translation>
+    </message>
+    <message>
+        <source>Open folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>ClipLamp</name>
+    <message>
+        <source>over full scale</source>
+        <translation>über Vollaussteuerung</translation>
+    </message>
+    <message>
+        <source>not over full scale</source>
+        <translation>nicht über Vollaussteuerung</translation>
+    </message>
+</context>
+<context>
+    <name>CorrelationBar</name>
+    <message>
+        <source>Correlation</source>
+        <translation>Korrelation</translation>
+    </message>
+</context>
+<context>
+    <name>CostView</name>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>Lautheit</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>True Peak</translation>
+    </message>
+</context>
+<context>
+    <name>DevicePane</name>
+    <message>
+        <source>Connected</source>
+        <translation>Verbunden</translation>
+    </message>
+    <message>
+        <source>Ver. %1</source>
+        <translation>Ver. %1</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>Nicht verbunden</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>a size and its unit</comment>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>MB</source>
+        <translation>MB</translation>
+    </message>
+    <message>
+        <source>GB</source>
+        <translation>GB</translation>
+    </message>
+    <message>
+        <source>%1 / %2 Used</source>
+        <translation>%1 / %2 belegt</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceView</name>
+    <message>
+        <source>Simulated recorder</source>
+        <translation>Simulierter Rekorder</translation>
+    </message>
+    <message>
+        <source>No recorder can be found here.</source>
+        <translation>Hier lässt sich kein Rekorder finden.</translation>
+    </message>
+    <message>
+        <source>Card used</source>
+        <translation>Belegung der Karte</translation>
+    </message>
+    <message>
+        <source>Remaining</source>
+        <translation>Verbleibend</translation>
+    </message>
+    <message>
+        <source>Battery</source>
+        <translation>Batterie</translation>
+    </message>
+    <message>
+        <source>Auto power off</source>
+        <translation>Abschaltautomatik</translation>
+    </message>
+    <message>
+        <source>%1, no recorder connected</source>
+        <translation>%1, kein Rekorder verbunden</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDesk</name>
+    <message>
+        <source>%1 was not exported: %2.</source>
+        <translation>%1 wurde nicht exportiert: %2.</translation>
+    </message>
+    <message>
+        <source>Fail to open.</source>
+        <translation>Öffnen fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Fail to save.</source>
+        <translation>Speichern fehlgeschlagen.</translation>
+    </message>
+</context>
+<context>
+    <name>ExportFacts</name>
+    <message>
+        <source>Channels as recorded</source>
+        <translation>Kanäle wie aufgenommen</translation>
+    </message>
+    <message>
+        <source>To full scale</source>
+        <translation>Auf Vollaussteuerung</translation>
+    </message>
+    <message>
+        <source>These %1-bit samples export as noise: the recorder writes 24 bits or 32-bit float</source>
+        <translation>Diese %1-Bit-Samples werden als Rauschen exportiert: Der Rekorder schreibt 24 Bit oder 32-Bit-Float</translation>
+    </message>
+    <message>
+        <source>Only %1 free in this folder</source>
+        <translation>Nur %1 frei in diesem Ordner</translation>
+    </message>
+    <message>
+        <source>Over 4 GiB: written as RF64, which not every program reads</source>
+        <translation>Über 4 GiB: wird als RF64 geschrieben, das nicht jedes Programm liest</translation>
+    </message>
+</context>
+<context>
+    <name>ExportLevels</name>
+    <message>
+        <source>Would clip in 24 bit</source>
+        <translation>Würde in 24 Bit übersteuern</translation>
+    </message>
+    <message numerus="yes">
+        <source>Would clip in 24 bit at %n place(s)</source>
+        <translation>
+            <numerusform>Würde in 24 Bit an %n Stelle übersteuern</numerusform>
+            <numerusform>Würde in 24 Bit an %n Stellen übersteuern</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ExportProgress</name>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Exporting %1</source>
+        <translation>%1 wird exportiert</translation>
+    </message>
+    <message>
+        <source>to %1</source>
+        <translation>nach %1</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Cancelling</source>
+        <translation>Wird abgebrochen</translation>
+    </message>
+</context>
+<context>
+    <name>ExportVC</name>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Stereo width</source>
+        <translation>Stereobreite</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Verstärkung</translation>
+    </message>
+    <message>
+        <source>File size</source>
+        <translation>Dateigröße</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>Lautheit</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>True Peak</translation>
+    </message>
+    <message>
+        <source>Normalize to full scale</source>
+        <translation>Auf Vollaussteuerung normalisieren</translation>
+    </message>
+    <message>
+        <source>Selection only</source>
+        <translation>Nur die Auswahl</translation>
+    </message>
+    <message>
+        <source>To a loudness</source>
+        <translation>Auf eine Lautheit</translation>
+    </message>
+    <message>
+        <source>Loudness to aim at</source>
+        <translation>Ziellautheit</translation>
+    </message>
+    <message>
+        <source>LUFS</source>
+        <translation>LUFS</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>32-bit Float</source>
+        <translation>32 Bit Float</translation>
+    </message>
+    <message>
+        <source>24-bit Linear</source>
+        <translation>24 Bit linear</translation>
+    </message>
+    <message>
+        <source>A loudness is a number from -70 to 0.</source>
+        <translation>Eine Lautheit ist eine Zahl von -70 bis 0.</translation>
+    </message>
+    <message>
+        <source>Silence, and what is shorter than 0.4 s, has no loudness.</source>
+        <translation>Stille und was kürzer als 0,4 s ist, hat keine Lautheit.</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+</context>
+<context>
+    <name>FieldView</name>
+    <message>
+        <source>Momentary</source>
+        <translation>Momentan</translation>
+    </message>
+    <message>
+        <source>Momentary loudness</source>
+        <translation>Momentane Lautheit</translation>
+    </message>
+    <message>
+        <source>Short-term</source>
+        <translation>Kurzzeit</translation>
+    </message>
+    <message>
+        <source>Short-term loudness</source>
+        <translation>Kurzzeitlautheit</translation>
+    </message>
+    <message>
+        <source>Whole take</source>
+        <translation>Ganzer Take</translation>
+    </message>
+    <message>
+        <source>Loudness of the take</source>
+        <translation>Lautheit des Takes</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>True Peak</translation>
+    </message>
+</context>
+<context>
+    <name>FileList</name>
+    <message>
+        <source>Files</source>
+        <translation>Dateien</translation>
+    </message>
+</context>
+<context>
+    <name>FileListModel</name>
+    <message>
+        <source>Recording, loaded</source>
+        <translation>Aufnahme, geladen</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Aufnahme</translation>
+    </message>
+</context>
+<context>
+    <name>FilePanel</name>
+    <message>
+        <source>Reading “%1”…</source>
+        <translation>„%1“ wird gelesen …</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vor</translation>
+    </message>
+    <message>
+        <source>Parent folder</source>
+        <translation>Übergeordneter Ordner</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>„%1“ ist nicht lesbar: %2</translation>
+    </message>
+    <message>
+        <source>Looking for “%1”…</source>
+        <translation>„%1“ wird gesucht …</translation>
+    </message>
+</context>
+<context>
+    <name>FolderBrowser</name>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>„%1“ ist nicht lesbar: %2</translation>
+    </message>
+</context>
+<context>
+    <name>FolderPanel</name>
+    <message>
+        <source>Choose</source>
+        <translation>Wählen</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Choose a file</source>
+        <translation>Ordner wählen</translation>
+    </message>
+    <message>
+        <source>“%1” is no folder.</source>
+        <translation>„%1“ ist kein Ordner.</translation>
+    </message>
+</context>
+<context>
+    <name>GainTickTitle</name>
+    <message>
+        <source>Scale</source>
+        <translation>Skala</translation>
+    </message>
+</context>
+<context>
+    <name>HelpVC</name>
+    <message>
+        <source>Waveform</source>
+        <translation>Wellenform</translation>
+    </message>
+    <message>
+        <source>A click or a drag moves the play head</source>
+        <translation>Ein Klick oder Ziehen bewegt die Abspielmarke</translation>
+    </message>
+    <message>
+        <source>Wheel there</source>
+        <translation>Rad darüber</translation>
+    </message>
+    <message>
+        <source>Zooms; with Shift it scrolls</source>
+        <translation>Zoomt; mit Umschalt wird gerollt</translation>
+    </message>
+    <message>
+        <source>Double click there</source>
+        <translation>Doppelklick darauf</translation>
+    </message>
+    <message>
+        <source>Shows the whole take</source>
+        <translation>Zeigt den ganzen Take</translation>
+    </message>
+    <message>
+        <source>Ruler over it</source>
+        <translation>Lineal darüber</translation>
+    </message>
+    <message>
+        <source>A drag loops; A and B can be moved there</source>
+        <translation>Ziehen setzt eine Schleife; A und B lassen sich dort verschieben</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Verstärkung</translation>
+    </message>
+    <message>
+        <source>A double click on the knob resets it</source>
+        <translation>Ein Doppelklick auf den Knopf setzt sie zurück</translation>
+    </message>
+    <message>
+        <source>Width and gain</source>
+        <translation>Breite und Verstärkung</translation>
+    </message>
+    <message>
+        <source>A click on the value lets you type one</source>
+        <translation>Ein Klick auf den Wert lässt einen eintippen</translation>
+    </message>
+    <message>
+        <source>Recorder in the dial</source>
+        <translation>Rekorder im Drehregler</translation>
+    </message>
+    <message>
+        <source>A double click turns to %1°</source>
+        <translation>Ein Doppelklick dreht auf %1°</translation>
+    </message>
+    <message>
+        <source>Peaks</source>
+        <translation>Spitzen</translation>
+    </message>
+    <message>
+        <source>A click on a figure or lamp clears them</source>
+        <translation>Ein Klick auf Zahl oder Lampe setzt sie zurück</translation>
+    </message>
+    <message>
+        <source>Escape</source>
+        <translation>Esc</translation>
+    </message>
+    <message>
+        <source>Clears the loop, or gives up what takes long</source>
+        <translation>Hebt die Schleife auf oder bricht ab, was lange dauert</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>Pointer</source>
+        <translation>Zeiger</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Keys and pointer</source>
+        <translation>Tasten und Zeiger</translation>
+    </message>
+</context>
+<context>
+    <name>IntroductionVC</name>
+    <message>
+        <source>What mid-side is</source>
+        <translation>Was Mitte-Seite ist</translation>
+    </message>
+    <message>
+        <source>One microphone hears the middle, another the sides. Together they give a stereo image whose width you choose after the recording.</source>
+        <translation>Ein Mikrofon hört die Mitte, ein anderes die Seiten. Zusammen ergeben sie ein Stereobild, dessen Breite sich nach der Aufnahme wählen lässt.</translation>
+    </message>
+    <message>
+        <source>Open a folder</source>
+        <translation>Einen Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>Choose the folder with your takes at the top left. A double click on a take plays it.</source>
+        <translation>Oben links den Ordner mit den Takes wählen. Ein Doppelklick auf einen Take spielt ihn ab.</translation>
+    </message>
+    <message>
+        <source>Turn the width</source>
+        <translation>Die Breite drehen</translation>
+    </message>
+    <message>
+        <source>Drag the dial from MONO to 150° while you listen. Gain makes a take louder or softer.</source>
+        <translation>Beim Hören den Drehregler von MONO bis 150° ziehen. Die Verstärkung macht einen Take lauter oder leiser.</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Export writes what you hear into a new stereo file. The take itself is never changed.</source>
+        <translation>Exportieren schreibt das Gehörte in eine neue Stereodatei. Der Take selbst wird nie verändert.</translation>
+    </message>
+    <message>
+        <source>Plug in the recorder</source>
+        <translation>Den Rekorder anschließen</translation>
+    </message>
+    <message>
+        <source>Connected over USB, it shows the room left on its card and lets you set battery type and auto power off.</source>
+        <translation>Über USB verbunden zeigt er den freien Platz auf der Karte; Batterietyp und Abschaltautomatik lassen sich einstellen.</translation>
+    </message>
+    <message>
+        <source>Welcome to TARN J4 Mixdeck</source>
+        <translation>Willkommen bei TARN J4 Mixdeck</translation>
+    </message>
+    <message>
+        <source>Do not show this again</source>
+        <translation>Nicht mehr anzeigen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Introduction</source>
+        <translation>Einführung</translation>
+    </message>
+</context>
+<context>
+    <name>J4GainSlider</name>
+    <message>
+        <source>Gain</source>
+        <translation>Verstärkung</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+</context>
+<context>
+    <name>J4Slider</name>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+</context>
+<context>
+    <name>LevelFeed</name>
+    <message>
+        <source>Greatest level so far; a click clears it</source>
+        <translation>Größter Pegel bisher; ein Klick setzt ihn zurück</translation>
+    </message>
+    <message>
+        <source>recorder&apos;s rule</source>
+        <translation>Rekorder-Regel</translation>
+    </message>
+    <message>
+        <source>peak hold</source>
+        <translation>Spitze halten</translation>
+    </message>
+</context>
+<context>
+    <name>LevelMeter</name>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+</context>
+<context>
+    <name>LoopMarks</name>
+    <message>
+        <source>A</source>
+        <comment>beginning of a loop</comment>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>B</source>
+        <comment>end of a loop</comment>
+        <translation>B</translation>
+    </message>
+</context>
+<context>
+    <name>LoopPane</name>
+    <message>
+        <source>Loop: mark A at the play head</source>
+        <translation>Schleife: A an der Abspielmarke setzen</translation>
+    </message>
+    <message>
+        <source>Loop: mark B at the play head</source>
+        <translation>Schleife: B an der Abspielmarke setzen</translation>
+    </message>
+    <message>
+        <source>Loop: clear A and B</source>
+        <translation>Schleife: A und B aufheben</translation>
+    </message>
+</context>
+<context>
+    <name>LoudnessPane</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+</context>
+<context>
+    <name>NodeviceVC</name>
+    <message>
+        <source>The recorder</source>
+        <translation>Der Rekorder</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Connect the recorder over USB and switch it on. Its settings can be changed here as soon as it is found.</source>
+        <translation>Den Rekorder über USB verbinden und einschalten. Sobald er gefunden ist, lassen sich seine Einstellungen hier ändern.</translation>
+    </message>
+    <message>
+        <source>No recorder is connected</source>
+        <translation>Kein Rekorder verbunden</translation>
+    </message>
+</context>
+<context>
+    <name>PathViewer</name>
+    <message>
+        <source>Current folder</source>
+        <translation>Aktueller Ordner</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerView</name>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Lautstärke</translation>
+    </message>
+    <message>
+        <source>A–B</source>
+        <translation>A–B</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Schleife</translation>
+    </message>
+    <message>
+        <source>M</source>
+        <comment>Mid</comment>
+        <translation>M</translation>
+    </message>
+    <message>
+        <source>Solo Mid</source>
+        <translation>Solo Mitte</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <comment>Side</comment>
+        <translation>S</translation>
+    </message>
+    <message>
+        <source>Solo Side</source>
+        <translation>Solo Seite</translation>
+    </message>
+</context>
+<context>
+    <name>Reason</name>
+    <message>
+        <source>Not a WAVE file: %1</source>
+        <translation>Keine WAVE-Datei: %1</translation>
+    </message>
+    <message>
+        <source>shorter than 48 bytes</source>
+        <translation>kürzer als 48 Byte</translation>
+    </message>
+    <message>
+        <source>not a RIFF file</source>
+        <translation>keine RIFF-Datei</translation>
+    </message>
+    <message>
+        <source>a RIFF file, but not WAVE</source>
+        <translation>eine RIFF-Datei, aber nicht WAVE</translation>
+    </message>
+    <message>
+        <source>an RF64 file without its sizes (ds64 chunk)</source>
+        <translation>eine RF64-Datei ohne ihre Größen (ds64-Chunk)</translation>
+    </message>
+    <message>
+        <source>more chunks than a recording has</source>
+        <translation>mehr Chunks, als eine Aufnahme hat</translation>
+    </message>
+    <message>
+        <source>no format chunk</source>
+        <translation>kein Format-Chunk</translation>
+    </message>
+    <message>
+        <source>no data chunk</source>
+        <translation>kein Daten-Chunk</translation>
+    </message>
+    <message>
+        <source>No broadcast extension (bext chunk)</source>
+        <translation>Keine Broadcast-Erweiterung (bext-Chunk)</translation>
+    </message>
+    <message>
+        <source>The broadcast extension has %1 bytes, fewer than %2</source>
+        <translation>Die Broadcast-Erweiterung hat %1 Byte, weniger als %2</translation>
+    </message>
+    <message>
+        <source>Not a recording of the %1: its originator is &quot;%2&quot;</source>
+        <translation>Keine Aufnahme des %1: ihr Urheber ist „%2“</translation>
+    </message>
+    <message>
+        <source>Not a regular file</source>
+        <translation>Keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>The file became shorter</source>
+        <translation>Die Datei ist kürzer geworden</translation>
+    </message>
+    <message>
+        <source>The file has been deleted</source>
+        <translation>Die Datei wurde gelöscht</translation>
+    </message>
+    <message>
+        <source>No recording is open</source>
+        <translation>Keine Aufnahme ist geöffnet</translation>
+    </message>
+    <message>
+        <source>The target is the source itself</source>
+        <translation>Das Ziel ist die Quelle selbst</translation>
+    </message>
+    <message>
+        <source>The export would take %1 bytes; a WAVE file ends at 4 GiB</source>
+        <translation>Der Export bräuchte %1 Byte; eine WAVE-Datei endet bei 4 GiB</translation>
+    </message>
+    <message>
+        <source>The source cannot be read: %1</source>
+        <translation>Die Quelle ist nicht lesbar: %1</translation>
+    </message>
+    <message>
+        <source>The recording has no loudness at this width: it is silent or shorter than 0.4 s</source>
+        <translation>Die Aufnahme hat bei dieser Breite keine Lautheit: Sie ist still oder kürzer als 0,4 s</translation>
+    </message>
+    <message>
+        <source>No file can be read</source>
+        <translation>Es lässt sich keine Datei lesen</translation>
+    </message>
+    <message>
+        <source>Samples of %1 bits in format %2 cannot be played</source>
+        <translation>Samples mit %1 Bit im Format %2 lassen sich nicht abspielen</translation>
+    </message>
+    <message>
+        <source>There are no channels</source>
+        <translation>Es gibt keine Kanäle</translation>
+    </message>
+    <message>
+        <source>There is no sample rate</source>
+        <translation>Es gibt keine Abtastrate</translation>
+    </message>
+    <message>
+        <source>There is no sound server (%1).</source>
+        <translation>Es gibt keinen Klangserver (%1).</translation>
+    </message>
+    <message>
+        <source>The sound server has gone (%1).</source>
+        <translation>Der Klangserver ist weg (%1).</translation>
+    </message>
+    <message>
+        <source>The sound server does not answer.</source>
+        <translation>Der Klangserver antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The sound output is not there (%1).</source>
+        <translation>Die Klangausgabe ist nicht da (%1).</translation>
+    </message>
+    <message>
+        <source>The sound output has stopped.</source>
+        <translation>Die Klangausgabe ist stehen geblieben.</translation>
+    </message>
+    <message>
+        <source>The sound output could not be started (%1).</source>
+        <translation>Die Klangausgabe ließ sich nicht starten (%1).</translation>
+    </message>
+    <message>
+        <source>The sound output does not take %1 channels at %2 Hz.</source>
+        <translation>Die Klangausgabe nimmt keine %1 Kanäle mit %2 Hz an.</translation>
+    </message>
+    <message>
+        <source>no thread can be had</source>
+        <translation>es ist kein Thread zu bekommen</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>Datei oder Verzeichnis nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>Keine Berechtigung</translation>
+    </message>
+    <message>
+        <source>Operation not permitted</source>
+        <translation>Vorgang nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>Ein-/Ausgabefehler</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>Kein Platz mehr auf dem Gerät</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>Speicherkontingent überschritten</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>Dateisystem ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>File exists</source>
+        <translation>Die Datei ist schon vorhanden</translation>
+    </message>
+    <message>
+        <source>File too large</source>
+        <translation>Datei zu groß</translation>
+    </message>
+    <message>
+        <source>File name too long</source>
+        <translation>Dateiname zu lang</translation>
+    </message>
+    <message>
+        <source>Is a directory</source>
+        <translation>Ist ein Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Not a directory</source>
+        <translation>Ist kein Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Invalid argument</source>
+        <translation>Ungültiges Argument</translation>
+    </message>
+    <message>
+        <source>No such device</source>
+        <translation>Kein solches Gerät</translation>
+    </message>
+    <message>
+        <source>Stale file handle</source>
+        <translation>Veralteter Dateizugriff</translation>
+    </message>
+    <message>
+        <source>Too many open files</source>
+        <translation>Zu viele offene Dateien</translation>
+    </message>
+    <message>
+        <source>Connection refused</source>
+        <translation>Verbindung verweigert</translation>
+    </message>
+    <message>
+        <source>Connection terminated</source>
+        <translation>Verbindung beendet</translation>
+    </message>
+    <message>
+        <source>Sample bytes have been written already</source>
+        <translation>Es sind schon Samples geschrieben</translation>
+    </message>
+    <message>
+        <source>The file was dropped before it was saved</source>
+        <translation>Die Datei wurde vor dem Speichern verworfen</translation>
+    </message>
+    <message>
+        <source>The file has been saved already</source>
+        <translation>Die Datei ist schon gespeichert</translation>
+    </message>
+    <message>
+        <source>The file was written for another place</source>
+        <translation>Die Datei wurde für einen anderen Ort geschrieben</translation>
+    </message>
+    <message>
+        <source>There are too many channels, or too many frames a second.</source>
+        <translation>Es sind zu viele Kanäle oder zu viele Samples pro Sekunde.</translation>
+    </message>
+    <message>
+        <source>There is no ALSA sequencer here (%1).</source>
+        <translation>Hier gibt es keinen ALSA-Sequenzer (%1).</translation>
+    </message>
+    <message>
+        <source>No permission to use the ALSA sequencer (%1).</source>
+        <translation>Keine Berechtigung für den ALSA-Sequenzer (%1).</translation>
+    </message>
+    <message>
+        <source>The ALSA sequencer cannot be used (%1: %2).</source>
+        <translation>Der ALSA-Sequenzer lässt sich nicht benutzen (%1: %2).</translation>
+    </message>
+    <message>
+        <source>The ALSA sequencer has gone (%1).</source>
+        <translation>Der ALSA-Sequenzer ist weg (%1).</translation>
+    </message>
+    <message>
+        <source>This kernel or alsa-lib has no Universal MIDI Packets, which were asked for.</source>
+        <translation>Dieser Kernel oder alsa-lib kennt keine Universal MIDI Packets, die verlangt wurden.</translation>
+    </message>
+</context>
+<context>
+    <name>RecorderSettings</name>
+    <message>
+        <source>Alkaline</source>
+        <translation>Alkali</translation>
+    </message>
+    <message>
+        <source>Ni-MH</source>
+        <translation>NiMH</translation>
+    </message>
+    <message>
+        <source>Lithium</source>
+        <translation>Lithium</translation>
+    </message>
+    <message>
+        <source>Li-ion</source>
+        <translation>Li-Ion</translation>
+    </message>
+    <message>
+        <source>10 minutes</source>
+        <translation>10 Minuten</translation>
+    </message>
+    <message>
+        <source>30 minutes</source>
+        <translation>30 Minuten</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1 Stunde</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+</context>
+<context>
+    <name>SavePanel</name>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Folders and recordings</source>
+        <translation>Ordner und Aufnahmen</translation>
+    </message>
+    <message>
+        <source>Saving checkboard...</source>
+        <translation>Export speichern</translation>
+    </message>
+    <message>
+        <source>Please select a path where to save decoded wav.</source>
+        <translation>Bitte wählen, wohin die dekodierte WAV-Datei gespeichert wird.</translation>
+    </message>
+    <message>
+        <source>Create new folder</source>
+        <translation>Neuen Ordner anlegen</translation>
+    </message>
+    <message>
+        <source>The name is too long.</source>
+        <translation>Der Name ist zu lang.</translation>
+    </message>
+    <message>
+        <source>“%1” exists. Replace it?</source>
+        <translation>„%1“ ist vorhanden. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>New folder</source>
+        <translation>Neuer Ordner</translation>
+    </message>
+    <message>
+        <source>Name of the new folder:</source>
+        <translation>Name des neuen Ordners:</translation>
+    </message>
+    <message>
+        <source>Making “%1”…</source>
+        <translation>„%1“ wird angelegt …</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be made: %2</source>
+        <translation>„%1“ lässt sich nicht anlegen: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Slider</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+</context>
+<context>
+    <name>SoundPane</name>
+    <message>
+        <source>A double click turns to %1°, the plain sum and difference</source>
+        <translation>Ein Doppelklick dreht auf %1°, reine Summe und Differenz</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Stummschalten</translation>
+    </message>
+    <message>
+        <source>Unmute</source>
+        <translation>Stummschaltung aufheben</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>Type the stereo width</source>
+        <translation>Stereobreite eintippen</translation>
+    </message>
+    <message>
+        <source>Type the gain</source>
+        <translation>Verstärkung eintippen</translation>
+    </message>
+</context>
+<context>
+    <name>StageView</name>
+    <message>
+        <source>Stereo width</source>
+        <translation>Stereobreite</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Stereobild</translation>
+    </message>
+    <message>
+        <source>Gain scale</source>
+        <translation>Verstärkungsskala</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Verstärkung</translation>
+    </message>
+    <message>
+        <source>Level scale</source>
+        <translation>Pegelskala</translation>
+    </message>
+    <message>
+        <source>Level left</source>
+        <translation>Pegel links</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <comment>left channel</comment>
+        <translation>L</translation>
+    </message>
+    <message>
+        <source>Level right</source>
+        <translation>Pegel rechts</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <comment>right channel</comment>
+        <translation>R</translation>
+    </message>
+    <message>
+        <source>Peak left</source>
+        <translation>Spitze links</translation>
+    </message>
+    <message>
+        <source>Clip left</source>
+        <translation>Übersteuerung links</translation>
+    </message>
+    <message>
+        <source>Peak right</source>
+        <translation>Spitze rechts</translation>
+    </message>
+    <message>
+        <source>Clip right</source>
+        <translation>Übersteuerung rechts</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Pegel</translation>
+    </message>
+    <message>
+        <source>peak hold</source>
+        <translation>Spitze halten</translation>
+    </message>
+</context>
+<context>
+    <name>StereoScope</name>
+    <message>
+        <source>Stereo scope</source>
+        <translation>Stereosichtgerät</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <comment>left channel</comment>
+        <translation>L</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <comment>right channel</comment>
+        <translation>R</translation>
+    </message>
+    <message>
+        <source>M</source>
+        <comment>mid</comment>
+        <translation>M</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <comment>side</comment>
+        <translation>S</translation>
+    </message>
+</context>
+<context>
+    <name>TakeMessages</name>
+    <message>
+        <source>%1 is being opened… (Esc gives up)</source>
+        <translation>%1 wird geöffnet … (Esc bricht ab)</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>File not supported.</source>
+        <translation>Datei wird nicht unterstützt.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2. Open it again once it is back.</source>
+        <translation>%1 ist nicht lesbar: %2. Erneut öffnen, sobald die Datei wieder da ist.</translation>
+    </message>
+    <message>
+        <source>Paused: %1 Press Play to try again.</source>
+        <translation>Angehalten: %1 Mit Wiedergabe erneut versuchen.</translation>
+    </message>
+</context>
+<context>
+    <name>TimeLeft</name>
+    <message>
+        <source>About %1 s left</source>
+        <translation>Noch etwa %1 s</translation>
+    </message>
+    <message>
+        <source>About %1 min left</source>
+        <translation>Noch etwa %1 min</translation>
+    </message>
+</context>
+<context>
+    <name>TransportPane</name>
+    <message>
+        <source>Raw M/S</source>
+        <translation>Rohes M/S</translation>
+    </message>
+    <message>
+        <source>Stereo</source>
+        <translation>Stereo</translation>
+    </message>
+    <message>
+        <source>%1-bit float</source>
+        <translation>%1 Bit Float</translation>
+    </message>
+    <message>
+        <source>%1-bit</source>
+        <translation>%1 Bit</translation>
+    </message>
+    <message>
+        <source>%1 kHz</source>
+        <translation>%1 kHz</translation>
+    </message>
+    <message>
+        <source>Double-click a recording to play it</source>
+        <translation>Zum Abspielen eine Aufnahme doppelklicken</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Wiedergabe</translation>
+    </message>
+</context>
+<context>
+    <name>ValueField</name>
+    <message>
+        <source>Click to type a value</source>
+        <translation>Klicken, um einen Wert einzutippen</translation>
+    </message>
+</context>
+<context>
+    <name>WaveformViewer</name>
+    <message>
+        <source>Waveform</source>
+        <translation>Wellenform</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <comment>left channel</comment>
+        <translation>L</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <comment>right channel</comment>
+        <translation>R</translation>
+    </message>
+</context>
+<context>
+    <name>WindowCommands</name>
+    <message>
+        <source>No browser could be opened. Help is at %1</source>
+        <translation>Es ließ sich kein Browser öffnen. Hilfe gibt es unter %1</translation>
+    </message>
+    <message>
+        <source>Solo is for listening: Left and Right are exported.</source>
+        <translation>Solo dient dem Hören: Exportiert werden Links und Rechts.</translation>
+    </message>
+    <message>
+        <source>An export is still running. Ending now cancels it.</source>
+        <translation>Ein Export läuft noch. Beenden bricht ihn ab.</translation>
+    </message>
+    <message>
+        <source>Keep exporting</source>
+        <translation>Weiter exportieren</translation>
+    </message>
+    <message>
+        <source>Cancel export and quit</source>
+        <translation>Export abbrechen und beenden</translation>
+    </message>
+</context>
+<context>
+    <name>WindowMenu</name>
+    <message>
+        <source>&amp;Open folder…</source>
+        <translation>&amp;Ordner öffnen …</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exportieren …</translation>
+    </message>
+    <message>
+        <source>&amp;Clear peaks</source>
+        <translation>&amp;Spitzen zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Meters by the recorder&apos;s rule</source>
+        <translation>Pegelmesser nach &amp;Regel des Rekorders</translation>
+    </message>
+    <message>
+        <source>&amp;Keys and pointer</source>
+        <translation>&amp;Tasten und Zeiger</translation>
+    </message>
+    <message>
+        <source>&amp;Introduction</source>
+        <translation>E&amp;inführung</translation>
+    </message>
+    <message>
+        <source>Online &amp;help</source>
+        <translation>Online-&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;Über</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Playing</source>
+        <translation>&amp;Wiedergabe</translation>
+    </message>
+    <message>
+        <source>&amp;Play or pause</source>
+        <translation>&amp;Abspielen oder Pause</translation>
+    </message>
+    <message>
+        <source>&amp;Back 1 s</source>
+        <translation>1 s &amp;zurück</translation>
+    </message>
+    <message>
+        <source>&amp;Forward 1 s</source>
+        <translation>1 s &amp;vor</translation>
+    </message>
+    <message>
+        <source>Back 10 s</source>
+        <translation>10 s zurück</translation>
+    </message>
+    <message>
+        <source>Forward 10 s</source>
+        <translation>10 s vor</translation>
+    </message>
+    <message>
+        <source>To the be&amp;ginning</source>
+        <translation>Zum An&amp;fang</translation>
+    </message>
+    <message>
+        <source>To the &amp;end</source>
+        <translation>Zum &amp;Ende</translation>
+    </message>
+    <message>
+        <source>&amp;Louder by 1 dB</source>
+        <translation>1 dB &amp;lauter</translation>
+    </message>
+    <message>
+        <source>&amp;Softer by 1 dB</source>
+        <translation>1 dB le&amp;iser</translation>
+    </message>
+    <message>
+        <source>&amp;Wider by 5°</source>
+        <translation>5° &amp;breiter</translation>
+    </message>
+    <message>
+        <source>&amp;Narrower by 5°</source>
+        <translation>5° &amp;schmaler</translation>
+    </message>
+    <message>
+        <source>L&amp;oop: A, B, clear</source>
+        <translation>Schleife: A, B, a&amp;ufheben</translation>
+    </message>
+    <message>
+        <source>Solo &amp;Mid</source>
+        <translation>Solo &amp;Mitte</translation>
+    </message>
+    <message>
+        <source>Solo S&amp;ide</source>
+        <translation>Solo Sei&amp;te</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,1438 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es" sourcelanguage="en">
+<context>
+    <name>AboutVC</name>
+    <message>
+        <source>Logo</source>
+        <translation>Logotipo</translation>
+    </message>
+    <message>
+        <source>Desktop companion of the TARN J4 recorder</source>
+        <translation>Compañero de escritorio de la grabadora TARN J4</translation>
+    </message>
+    <message>
+        <source>Copyright 2026 The Mixdeck developers
+MIT license</source>
+        <translation>Copyright 2026 The Mixdeck developers
+Licencia MIT</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Acerca de</translation>
+    </message>
+</context>
+<context>
+    <name>Alert</name>
+    <message>
+        <source>Ok</source>
+        <translation>Aceptar</translation>
+    </message>
+</context>
+<context>
+    <name>AngleViewer</name>
+    <message>
+        <source>Stereo width</source>
+        <translation>Ancho estéreo</translation>
+    </message>
+    <message>
+        <source>MONO</source>
+        <translation>MONO</translation>
+    </message>
+    <message>
+        <source>30°</source>
+        <translation>30°</translation>
+    </message>
+    <message>
+        <source>60°</source>
+        <translation>60°</translation>
+    </message>
+    <message>
+        <source>90°</source>
+        <translation>90°</translation>
+    </message>
+    <message>
+        <source>120°</source>
+        <translation>120°</translation>
+    </message>
+    <message>
+        <source>150°</source>
+        <translation>150°</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserPane</name>
+    <message>
+        <source>Looking for “%1”… (Esc gives up)</source>
+        <translation>Buscando «%1»… (Esc desiste)</translation>
+    </message>
+    <message>
+        <source>Open folder, now %1</source>
+        <translation>Abrir carpeta, ahora %1</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserView</name>
+    <message>
+        <source>Go up</source>
+        <translation>Subir</translation>
+    </message>
+    <message>
+        <source>Current folder</source>
+        <translation>Carpeta actual</translation>
+    </message>
+    <message>
+        <source>Open folder</source>
+        <translation>Abrir carpeta</translation>
+    </message>
+</context>
+<context>
+    <name>ClipLamp</name>
+    <message>
+        <source>over full scale</source>
+        <translation>por encima del fondo de escala</translation>
+    </message>
+    <message>
+        <source>not over full scale</source>
+        <translation>no por encima del fondo de escala</translation>
+    </message>
+</context>
+<context>
+    <name>CorrelationBar</name>
+    <message>
+        <source>Correlation</source>
+        <translation>Correlación</translation>
+    </message>
+</context>
+<context>
+    <name>CostView</name>
+    <message>
+        <source>Width</source>
+        <translation>Ancho</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>Sonoridad</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>Pico real</translation>
+    </message>
+</context>
+<context>
+    <name>DevicePane</name>
+    <message>
+        <source>Connected</source>
+        <translation>Conectada</translation>
+    </message>
+    <message>
+        <source>Ver. %1</source>
+        <translation>Ver. %1</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>Desconectada</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>a size and its unit</comment>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>MB</source>
+        <translation>MB</translation>
+    </message>
+    <message>
+        <source>GB</source>
+        <translation>GB</translation>
+    </message>
+    <message>
+        <source>%1 / %2 Used</source>
+        <translation>%1 / %2 usados</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceView</name>
+    <message>
+        <source>Simulated recorder</source>
+        <translation>Grabadora simulada</translation>
+    </message>
+    <message>
+        <source>No recorder can be found here.</source>
+        <translation>Aquí no se puede encontrar ninguna grabadora.</translation>
+    </message>
+    <message>
+        <source>Card used</source>
+        <translation>Ocupación de la tarjeta</translation>
+    </message>
+    <message>
+        <source>Remaining</source>
+        <translation>Restante</translation>
+    </message>
+    <message>
+        <source>Battery</source>
+        <translation>Pilas</translation>
+    </message>
+    <message>
+        <source>Auto power off</source>
+        <translation>Apagado automático</translation>
+    </message>
+    <message>
+        <source>%1, no recorder connected</source>
+        <translation>%1, ninguna grabadora conectada</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDesk</name>
+    <message>
+        <source>%1 was not exported: %2.</source>
+        <translation>%1 no se ha exportado: %2.</translation>
+    </message>
+    <message>
+        <source>Fail to open.</source>
+        <translation>Error al abrir.</translation>
+    </message>
+    <message>
+        <source>Fail to save.</source>
+        <translation>Error al guardar.</translation>
+    </message>
+</context>
+<context>
+    <name>ExportFacts</name>
+    <message>
+        <source>Channels as recorded</source>
+        <translation>Canales tal como se grabaron</translation>
+    </message>
+    <message>
+        <source>To full scale</source>
+        <translation>A fondo de escala</translation>
+    </message>
+    <message>
+        <source>These %1-bit samples export as noise: the recorder writes 24 bits or 32-bit float</source>
+        <translation>Estas muestras de %1 bits se exportan como ruido: la grabadora escribe 24 bits o 32 bits flotantes</translation>
+    </message>
+    <message>
+        <source>Only %1 free in this folder</source>
+        <translation>Solo %1 libres en esta carpeta</translation>
+    </message>
+    <message>
+        <source>Over 4 GiB: written as RF64, which not every program reads</source>
+        <translation>Más de 4 GiB: se escribe como RF64, que no todos los programas leen</translation>
+    </message>
+</context>
+<context>
+    <name>ExportLevels</name>
+    <message>
+        <source>Would clip in 24 bit</source>
+        <translation>Saturaría en 24 bits</translation>
+    </message>
+    <message numerus="yes">
+        <source>Would clip in 24 bit at %n place(s)</source>
+        <translation>
+            <numerusform>Saturaría en 24 bits en %n punto</numerusform>
+            <numerusform>Saturaría en 24 bits en %n puntos</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ExportProgress</name>
+    <message>
+        <source>Progress</source>
+        <translation>Progreso</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Exporting %1</source>
+        <translation>Exportando %1</translation>
+    </message>
+    <message>
+        <source>to %1</source>
+        <translation>a %1</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportar</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Cancelling</source>
+        <translation>Cancelando</translation>
+    </message>
+</context>
+<context>
+    <name>ExportVC</name>
+    <message>
+        <source>Format</source>
+        <translation>Formato</translation>
+    </message>
+    <message>
+        <source>Stereo width</source>
+        <translation>Ancho estéreo</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Ganancia</translation>
+    </message>
+    <message>
+        <source>File size</source>
+        <translation>Tamaño del archivo</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>Sonoridad</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>Pico real</translation>
+    </message>
+    <message>
+        <source>Normalize to full scale</source>
+        <translation>Normalizar a fondo de escala</translation>
+    </message>
+    <message>
+        <source>Selection only</source>
+        <translation>Solo la selección</translation>
+    </message>
+    <message>
+        <source>To a loudness</source>
+        <translation>A una sonoridad</translation>
+    </message>
+    <message>
+        <source>Loudness to aim at</source>
+        <translation>Sonoridad de destino</translation>
+    </message>
+    <message>
+        <source>LUFS</source>
+        <translation>LUFS</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Guardar</translation>
+    </message>
+    <message>
+        <source>32-bit Float</source>
+        <translation>32 bits flotantes</translation>
+    </message>
+    <message>
+        <source>24-bit Linear</source>
+        <translation>24 bits lineales</translation>
+    </message>
+    <message>
+        <source>A loudness is a number from -70 to 0.</source>
+        <translation>Una sonoridad es un número de -70 a 0.</translation>
+    </message>
+    <message>
+        <source>Silence, and what is shorter than 0.4 s, has no loudness.</source>
+        <translation>El silencio, y lo que dura menos de 0,4 s, no tiene sonoridad.</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportar</translation>
+    </message>
+</context>
+<context>
+    <name>FieldView</name>
+    <message>
+        <source>Momentary</source>
+        <translation>Momentánea</translation>
+    </message>
+    <message>
+        <source>Momentary loudness</source>
+        <translation>Sonoridad momentánea</translation>
+    </message>
+    <message>
+        <source>Short-term</source>
+        <translation>A corto plazo</translation>
+    </message>
+    <message>
+        <source>Short-term loudness</source>
+        <translation>Sonoridad a corto plazo</translation>
+    </message>
+    <message>
+        <source>Whole take</source>
+        <translation>Toma entera</translation>
+    </message>
+    <message>
+        <source>Loudness of the take</source>
+        <translation>Sonoridad de la toma</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>Pico real</translation>
+    </message>
+</context>
+<context>
+    <name>FileList</name>
+    <message>
+        <source>Files</source>
+        <translation>Archivos</translation>
+    </message>
+</context>
+<context>
+    <name>FileListModel</name>
+    <message>
+        <source>Recording, loaded</source>
+        <translation>Grabación, cargada</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Carpeta</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Grabación</translation>
+    </message>
+</context>
+<context>
+    <name>FilePanel</name>
+    <message>
+        <source>Reading “%1”…</source>
+        <translation>Leyendo «%1»…</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Atrás</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Adelante</translation>
+    </message>
+    <message>
+        <source>Parent folder</source>
+        <translation>Carpeta superior</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nombre</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>No se puede leer «%1»: %2</translation>
+    </message>
+    <message>
+        <source>Looking for “%1”…</source>
+        <translation>Buscando «%1»…</translation>
+    </message>
+</context>
+<context>
+    <name>FolderBrowser</name>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>No se puede leer «%1»: %2</translation>
+    </message>
+</context>
+<context>
+    <name>FolderPanel</name>
+    <message>
+        <source>Choose</source>
+        <translation>Elegir</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Carpetas</translation>
+    </message>
+    <message>
+        <source>Choose a file</source>
+        <translation>Elegir una carpeta</translation>
+    </message>
+    <message>
+        <source>“%1” is no folder.</source>
+        <translation>«%1» no es una carpeta.</translation>
+    </message>
+</context>
+<context>
+    <name>GainTickTitle</name>
+    <message>
+        <source>Scale</source>
+        <translation>Escala</translation>
+    </message>
+</context>
+<context>
+    <name>HelpVC</name>
+    <message>
+        <source>Waveform</source>
+        <translation>Forma de onda</translation>
+    </message>
+    <message>
+        <source>A click or a drag moves the play head</source>
+        <translation>Un clic o un arrastre mueve el cabezal</translation>
+    </message>
+    <message>
+        <source>Wheel there</source>
+        <translation>Rueda encima</translation>
+    </message>
+    <message>
+        <source>Zooms; with Shift it scrolls</source>
+        <translation>Amplía; con Mayús, desplaza</translation>
+    </message>
+    <message>
+        <source>Double click there</source>
+        <translation>Doble clic encima</translation>
+    </message>
+    <message>
+        <source>Shows the whole take</source>
+        <translation>Muestra la toma entera</translation>
+    </message>
+    <message>
+        <source>Ruler over it</source>
+        <translation>Regla superior</translation>
+    </message>
+    <message>
+        <source>A drag loops; A and B can be moved there</source>
+        <translation>Arrastrar crea un bucle; A y B se mueven ahí</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Ganancia</translation>
+    </message>
+    <message>
+        <source>A double click on the knob resets it</source>
+        <translation>Un doble clic en el mando la restablece</translation>
+    </message>
+    <message>
+        <source>Width and gain</source>
+        <translation>Ancho y ganancia</translation>
+    </message>
+    <message>
+        <source>A click on the value lets you type one</source>
+        <translation>Un clic en el valor permite escribir otro</translation>
+    </message>
+    <message>
+        <source>Recorder in the dial</source>
+        <translation>Grabadora en el dial</translation>
+    </message>
+    <message>
+        <source>A double click turns to %1°</source>
+        <translation>Un doble clic gira a %1°</translation>
+    </message>
+    <message>
+        <source>Peaks</source>
+        <translation>Picos</translation>
+    </message>
+    <message>
+        <source>A click on a figure or lamp clears them</source>
+        <translation>Un clic en una cifra o un piloto los borra</translation>
+    </message>
+    <message>
+        <source>Escape</source>
+        <translation>Escape</translation>
+    </message>
+    <message>
+        <source>Clears the loop, or gives up what takes long</source>
+        <translation>Borra el bucle o desiste de lo que tarda</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Teclas</translation>
+    </message>
+    <message>
+        <source>Pointer</source>
+        <translation>Puntero</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Keys and pointer</source>
+        <translation>Teclas y puntero</translation>
+    </message>
+</context>
+<context>
+    <name>IntroductionVC</name>
+    <message>
+        <source>What mid-side is</source>
+        <translation>Qué es Mid-Side</translation>
+    </message>
+    <message>
+        <source>One microphone hears the middle, another the sides. Together they give a stereo image whose width you choose after the recording.</source>
+        <translation>Un micrófono oye el centro, otro los lados. Juntos dan una imagen estéreo cuyo ancho se elige después de la grabación.</translation>
+    </message>
+    <message>
+        <source>Open a folder</source>
+        <translation>Abrir una carpeta</translation>
+    </message>
+    <message>
+        <source>Choose the folder with your takes at the top left. A double click on a take plays it.</source>
+        <translation>Elija arriba a la izquierda la carpeta con sus tomas. Un doble clic en una toma la reproduce.</translation>
+    </message>
+    <message>
+        <source>Turn the width</source>
+        <translation>Girar el ancho</translation>
+    </message>
+    <message>
+        <source>Drag the dial from MONO to 150° while you listen. Gain makes a take louder or softer.</source>
+        <translation>Arrastre el dial de MONO a 150° mientras escucha. La ganancia sube o baja el volumen de una toma.</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportar</translation>
+    </message>
+    <message>
+        <source>Export writes what you hear into a new stereo file. The take itself is never changed.</source>
+        <translation>Exportar escribe lo que oye en un archivo estéreo nuevo. La toma misma no se cambia nunca.</translation>
+    </message>
+    <message>
+        <source>Plug in the recorder</source>
+        <translation>Conectar la grabadora</translation>
+    </message>
+    <message>
+        <source>Connected over USB, it shows the room left on its card and lets you set battery type and auto power off.</source>
+        <translation>Conectada por USB, muestra el espacio libre de su tarjeta y permite ajustar el tipo de pilas y el apagado automático.</translation>
+    </message>
+    <message>
+        <source>Welcome to TARN J4 Mixdeck</source>
+        <translation>Bienvenido a TARN J4 Mixdeck</translation>
+    </message>
+    <message>
+        <source>Do not show this again</source>
+        <translation>No volver a mostrar</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Introduction</source>
+        <translation>Introducción</translation>
+    </message>
+</context>
+<context>
+    <name>J4GainSlider</name>
+    <message>
+        <source>Gain</source>
+        <translation>Ganancia</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+</context>
+<context>
+    <name>J4Slider</name>
+    <message>
+        <source>Position</source>
+        <translation>Posición</translation>
+    </message>
+</context>
+<context>
+    <name>LevelFeed</name>
+    <message>
+        <source>Greatest level so far; a click clears it</source>
+        <translation>Nivel máximo hasta ahora; un clic lo borra</translation>
+    </message>
+    <message>
+        <source>recorder&apos;s rule</source>
+        <translation>regla grabadora</translation>
+    </message>
+    <message>
+        <source>peak hold</source>
+        <translation>retener pico</translation>
+    </message>
+</context>
+<context>
+    <name>LevelMeter</name>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+</context>
+<context>
+    <name>LoopMarks</name>
+    <message>
+        <source>A</source>
+        <comment>beginning of a loop</comment>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>B</source>
+        <comment>end of a loop</comment>
+        <translation>B</translation>
+    </message>
+</context>
+<context>
+    <name>LoopPane</name>
+    <message>
+        <source>Loop: mark A at the play head</source>
+        <translation>Bucle: marcar A en el cabezal</translation>
+    </message>
+    <message>
+        <source>Loop: mark B at the play head</source>
+        <translation>Bucle: marcar B en el cabezal</translation>
+    </message>
+    <message>
+        <source>Loop: clear A and B</source>
+        <translation>Bucle: borrar A y B</translation>
+    </message>
+</context>
+<context>
+    <name>LoudnessPane</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+</context>
+<context>
+    <name>NodeviceVC</name>
+    <message>
+        <source>The recorder</source>
+        <translation>La grabadora</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Connect the recorder over USB and switch it on. Its settings can be changed here as soon as it is found.</source>
+        <translation>Conecte la grabadora por USB y enciéndala. Sus ajustes se pueden cambiar aquí en cuanto se encuentre.</translation>
+    </message>
+    <message>
+        <source>No recorder is connected</source>
+        <translation>No hay grabadora conectada</translation>
+    </message>
+</context>
+<context>
+    <name>PathViewer</name>
+    <message>
+        <source>Current folder</source>
+        <translation>Carpeta actual</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerView</name>
+    <message>
+        <source>Export</source>
+        <translation>Exportar</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menú</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volumen</translation>
+    </message>
+    <message>
+        <source>A–B</source>
+        <translation>A–B</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Bucle</translation>
+    </message>
+    <message>
+        <source>M</source>
+        <comment>Mid</comment>
+        <translation>M</translation>
+    </message>
+    <message>
+        <source>Solo Mid</source>
+        <translation>Solo Mid</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <comment>Side</comment>
+        <translation>S</translation>
+    </message>
+    <message>
+        <source>Solo Side</source>
+        <translation>Solo Side</translation>
+    </message>
+</context>
+<context>
+    <name>Reason</name>
+    <message>
+        <source>Not a WAVE file: %1</source>
+        <translation>No es un archivo WAVE: %1</translation>
+    </message>
+    <message>
+        <source>shorter than 48 bytes</source>
+        <translation>menos de 48 bytes</translation>
+    </message>
+    <message>
+        <source>not a RIFF file</source>
+        <translation>no es un archivo RIFF</translation>
+    </message>
+    <message>
+        <source>a RIFF file, but not WAVE</source>
+        <translation>un archivo RIFF, pero no WAVE</translation>
+    </message>
+    <message>
+        <source>an RF64 file without its sizes (ds64 chunk)</source>
+        <translation>un archivo RF64 sin sus tamaños (chunk ds64)</translation>
+    </message>
+    <message>
+        <source>more chunks than a recording has</source>
+        <translation>más chunks de los que tiene una grabación</translation>
+    </message>
+    <message>
+        <source>no format chunk</source>
+        <translation>sin chunk de formato</translation>
+    </message>
+    <message>
+        <source>no data chunk</source>
+        <translation>sin chunk de datos</translation>
+    </message>
+    <message>
+        <source>No broadcast extension (bext chunk)</source>
+        <translation>Sin extensión broadcast (chunk bext)</translation>
+    </message>
+    <message>
+        <source>The broadcast extension has %1 bytes, fewer than %2</source>
+        <translation>La extensión broadcast tiene %1 bytes, menos de %2</translation>
+    </message>
+    <message>
+        <source>Not a recording of the %1: its originator is &quot;%2&quot;</source>
+        <translation>No es una grabación de la %1: su origen es «%2»</translation>
+    </message>
+    <message>
+        <source>Not a regular file</source>
+        <translation>No es un archivo normal</translation>
+    </message>
+    <message>
+        <source>The file became shorter</source>
+        <translation>El archivo se ha acortado</translation>
+    </message>
+    <message>
+        <source>The file has been deleted</source>
+        <translation>El archivo se ha eliminado</translation>
+    </message>
+    <message>
+        <source>No recording is open</source>
+        <translation>No hay ninguna grabación abierta</translation>
+    </message>
+    <message>
+        <source>The target is the source itself</source>
+        <translation>El destino es el propio origen</translation>
+    </message>
+    <message>
+        <source>The export would take %1 bytes; a WAVE file ends at 4 GiB</source>
+        <translation>La exportación ocuparía %1 bytes; un archivo WAVE acaba en 4 GiB</translation>
+    </message>
+    <message>
+        <source>The source cannot be read: %1</source>
+        <translation>No se puede leer el origen: %1</translation>
+    </message>
+    <message>
+        <source>The recording has no loudness at this width: it is silent or shorter than 0.4 s</source>
+        <translation>La grabación no tiene sonoridad con este ancho: es silencio o dura menos de 0,4 s</translation>
+    </message>
+    <message>
+        <source>No file can be read</source>
+        <translation>No se puede leer ningún archivo</translation>
+    </message>
+    <message>
+        <source>Samples of %1 bits in format %2 cannot be played</source>
+        <translation>No se pueden reproducir muestras de %1 bits en formato %2</translation>
+    </message>
+    <message>
+        <source>There are no channels</source>
+        <translation>No hay canales</translation>
+    </message>
+    <message>
+        <source>There is no sample rate</source>
+        <translation>No hay frecuencia de muestreo</translation>
+    </message>
+    <message>
+        <source>There is no sound server (%1).</source>
+        <translation>No hay servidor de sonido (%1).</translation>
+    </message>
+    <message>
+        <source>The sound server has gone (%1).</source>
+        <translation>El servidor de sonido ha desaparecido (%1).</translation>
+    </message>
+    <message>
+        <source>The sound server does not answer.</source>
+        <translation>El servidor de sonido no responde.</translation>
+    </message>
+    <message>
+        <source>The sound output is not there (%1).</source>
+        <translation>La salida de sonido no está (%1).</translation>
+    </message>
+    <message>
+        <source>The sound output has stopped.</source>
+        <translation>La salida de sonido se ha detenido.</translation>
+    </message>
+    <message>
+        <source>The sound output could not be started (%1).</source>
+        <translation>No se pudo iniciar la salida de sonido (%1).</translation>
+    </message>
+    <message>
+        <source>The sound output does not take %1 channels at %2 Hz.</source>
+        <translation>La salida de sonido no admite %1 canales a %2 Hz.</translation>
+    </message>
+    <message>
+        <source>no thread can be had</source>
+        <translation>no se puede obtener ningún hilo</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>No existe el archivo o el directorio</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>Permiso denegado</translation>
+    </message>
+    <message>
+        <source>Operation not permitted</source>
+        <translation>Operación no permitida</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>Error de entrada/salida</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>No queda espacio en el dispositivo</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>Cuota de disco excedida</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>Sistema de archivos de solo lectura</translation>
+    </message>
+    <message>
+        <source>File exists</source>
+        <translation>El archivo ya existe</translation>
+    </message>
+    <message>
+        <source>File too large</source>
+        <translation>Archivo demasiado grande</translation>
+    </message>
+    <message>
+        <source>File name too long</source>
+        <translation>Nombre de archivo demasiado largo</translation>
+    </message>
+    <message>
+        <source>Is a directory</source>
+        <translation>Es un directorio</translation>
+    </message>
+    <message>
+        <source>Not a directory</source>
+        <translation>No es un directorio</translation>
+    </message>
+    <message>
+        <source>Invalid argument</source>
+        <translation>Argumento no válido</translation>
+    </message>
+    <message>
+        <source>No such device</source>
+        <translation>No existe el dispositivo</translation>
+    </message>
+    <message>
+        <source>Stale file handle</source>
+        <translation>Acceso a archivo obsoleto</translation>
+    </message>
+    <message>
+        <source>Too many open files</source>
+        <translation>Demasiados archivos abiertos</translation>
+    </message>
+    <message>
+        <source>Connection refused</source>
+        <translation>Conexión rechazada</translation>
+    </message>
+    <message>
+        <source>Connection terminated</source>
+        <translation>Conexión terminada</translation>
+    </message>
+    <message>
+        <source>Sample bytes have been written already</source>
+        <translation>Ya se han escrito muestras</translation>
+    </message>
+    <message>
+        <source>The file was dropped before it was saved</source>
+        <translation>El archivo se descartó antes de guardarse</translation>
+    </message>
+    <message>
+        <source>The file has been saved already</source>
+        <translation>El archivo ya está guardado</translation>
+    </message>
+    <message>
+        <source>The file was written for another place</source>
+        <translation>El archivo se escribió para otro lugar</translation>
+    </message>
+    <message>
+        <source>There are too many channels, or too many frames a second.</source>
+        <translation>Hay demasiados canales o demasiadas muestras por segundo.</translation>
+    </message>
+    <message>
+        <source>There is no ALSA sequencer here (%1).</source>
+        <translation>Aquí no hay secuenciador ALSA (%1).</translation>
+    </message>
+    <message>
+        <source>No permission to use the ALSA sequencer (%1).</source>
+        <translation>Sin permiso para usar el secuenciador ALSA (%1).</translation>
+    </message>
+    <message>
+        <source>The ALSA sequencer cannot be used (%1: %2).</source>
+        <translation>No se puede usar el secuenciador ALSA (%1: %2).</translation>
+    </message>
+    <message>
+        <source>The ALSA sequencer has gone (%1).</source>
+        <translation>El secuenciador ALSA ha desaparecido (%1).</translation>
+    </message>
+    <message>
+        <source>This kernel or alsa-lib has no Universal MIDI Packets, which were asked for.</source>
+        <translation>Este núcleo o alsa-lib no tiene los Universal MIDI Packets que se pidieron.</translation>
+    </message>
+</context>
+<context>
+    <name>RecorderSettings</name>
+    <message>
+        <source>Alkaline</source>
+        <translation>Alcalina</translation>
+    </message>
+    <message>
+        <source>Ni-MH</source>
+        <translation>Ni-MH</translation>
+    </message>
+    <message>
+        <source>Lithium</source>
+        <translation>Litio</translation>
+    </message>
+    <message>
+        <source>Li-ion</source>
+        <translation>Li-ion</translation>
+    </message>
+    <message>
+        <source>10 minutes</source>
+        <translation>10 minutos</translation>
+    </message>
+    <message>
+        <source>30 minutes</source>
+        <translation>30 minutos</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1 hora</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Desactivado</translation>
+    </message>
+</context>
+<context>
+    <name>SavePanel</name>
+    <message>
+        <source>Save</source>
+        <translation>Guardar</translation>
+    </message>
+    <message>
+        <source>Folders and recordings</source>
+        <translation>Carpetas y grabaciones</translation>
+    </message>
+    <message>
+        <source>Saving checkboard...</source>
+        <translation>Guardar la exportación</translation>
+    </message>
+    <message>
+        <source>Please select a path where to save decoded wav.</source>
+        <translation>Elija dónde guardar el archivo WAV decodificado.</translation>
+    </message>
+    <message>
+        <source>Create new folder</source>
+        <translation>Crear carpeta</translation>
+    </message>
+    <message>
+        <source>The name is too long.</source>
+        <translation>El nombre es demasiado largo.</translation>
+    </message>
+    <message>
+        <source>“%1” exists. Replace it?</source>
+        <translation>«%1» ya existe. ¿Reemplazar?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Reemplazar</translation>
+    </message>
+    <message>
+        <source>New folder</source>
+        <translation>Carpeta nueva</translation>
+    </message>
+    <message>
+        <source>Name of the new folder:</source>
+        <translation>Nombre de la carpeta nueva:</translation>
+    </message>
+    <message>
+        <source>Making “%1”…</source>
+        <translation>Creando «%1»…</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be made: %2</source>
+        <translation>No se puede crear «%1»: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Slider</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+</context>
+<context>
+    <name>SoundPane</name>
+    <message>
+        <source>A double click turns to %1°, the plain sum and difference</source>
+        <translation>Un doble clic gira a %1°, suma y diferencia simples</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Silenciar</translation>
+    </message>
+    <message>
+        <source>Unmute</source>
+        <translation>Activar el sonido</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>Type the stereo width</source>
+        <translation>Escribir el ancho estéreo</translation>
+    </message>
+    <message>
+        <source>Type the gain</source>
+        <translation>Escribir la ganancia</translation>
+    </message>
+</context>
+<context>
+    <name>StageView</name>
+    <message>
+        <source>Stereo width</source>
+        <translation>Ancho estéreo</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Imagen</translation>
+    </message>
+    <message>
+        <source>Gain scale</source>
+        <translation>Escala de ganancia</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Ganancia</translation>
+    </message>
+    <message>
+        <source>Level scale</source>
+        <translation>Escala de nivel</translation>
+    </message>
+    <message>
+        <source>Level left</source>
+        <translation>Nivel izquierdo</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <comment>left channel</comment>
+        <translation>I</translation>
+    </message>
+    <message>
+        <source>Level right</source>
+        <translation>Nivel derecho</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <comment>right channel</comment>
+        <translation>D</translation>
+    </message>
+    <message>
+        <source>Peak left</source>
+        <translation>Pico izquierdo</translation>
+    </message>
+    <message>
+        <source>Clip left</source>
+        <translation>Saturación izquierda</translation>
+    </message>
+    <message>
+        <source>Peak right</source>
+        <translation>Pico derecho</translation>
+    </message>
+    <message>
+        <source>Clip right</source>
+        <translation>Saturación derecha</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Nivel</translation>
+    </message>
+    <message>
+        <source>peak hold</source>
+        <translation>retener pico</translation>
+    </message>
+</context>
+<context>
+    <name>StereoScope</name>
+    <message>
+        <source>Stereo scope</source>
+        <translation>Vectorscopio</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <comment>left channel</comment>
+        <translation>I</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <comment>right channel</comment>
+        <translation>D</translation>
+    </message>
+    <message>
+        <source>M</source>
+        <comment>mid</comment>
+        <translation>M</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <comment>side</comment>
+        <translation>S</translation>
+    </message>
+</context>
+<context>
+    <name>TakeMessages</name>
+    <message>
+        <source>%1 is being opened… (Esc gives up)</source>
+        <translation>Abriendo %1… (Esc desiste)</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>File not supported.</source>
+        <translation>Archivo no compatible.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2. Open it again once it is back.</source>
+        <translation>No se puede leer %1: %2. Ábralo de nuevo cuando vuelva a estar.</translation>
+    </message>
+    <message>
+        <source>Paused: %1 Press Play to try again.</source>
+        <translation>En pausa: %1 Pulse Reproducir para reintentar.</translation>
+    </message>
+</context>
+<context>
+    <name>TimeLeft</name>
+    <message>
+        <source>About %1 s left</source>
+        <translation>Quedan unos %1 s</translation>
+    </message>
+    <message>
+        <source>About %1 min left</source>
+        <translation>Quedan unos %1 min</translation>
+    </message>
+</context>
+<context>
+    <name>TransportPane</name>
+    <message>
+        <source>Raw M/S</source>
+        <translation>M/S sin procesar</translation>
+    </message>
+    <message>
+        <source>Stereo</source>
+        <translation>Estéreo</translation>
+    </message>
+    <message>
+        <source>%1-bit float</source>
+        <translation>%1 bits flotantes</translation>
+    </message>
+    <message>
+        <source>%1-bit</source>
+        <translation>%1 bits</translation>
+    </message>
+    <message>
+        <source>%1 kHz</source>
+        <translation>%1 kHz</translation>
+    </message>
+    <message>
+        <source>Double-click a recording to play it</source>
+        <translation>Haga doble clic en una grabación para reproducirla</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pausa</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Reproducir</translation>
+    </message>
+</context>
+<context>
+    <name>ValueField</name>
+    <message>
+        <source>Click to type a value</source>
+        <translation>Haga clic para escribir un valor</translation>
+    </message>
+</context>
+<context>
+    <name>WaveformViewer</name>
+    <message>
+        <source>Waveform</source>
+        <translation>Forma de onda</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <comment>left channel</comment>
+        <translation>I</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <comment>right channel</comment>
+        <translation>D</translation>
+    </message>
+</context>
+<context>
+    <name>WindowCommands</name>
+    <message>
+        <source>No browser could be opened. Help is at %1</source>
+        <translation>No se pudo abrir ningún navegador. La ayuda está en %1</translation>
+    </message>
+    <message>
+        <source>Solo is for listening: Left and Right are exported.</source>
+        <translation>El solo es para escuchar: se exportan izquierda y derecha.</translation>
+    </message>
+    <message>
+        <source>An export is still running. Ending now cancels it.</source>
+        <translation>Hay una exportación en curso. Salir ahora la cancela.</translation>
+    </message>
+    <message>
+        <source>Keep exporting</source>
+        <translation>Seguir exportando</translation>
+    </message>
+    <message>
+        <source>Cancel export and quit</source>
+        <translation>Cancelar la exportación y salir</translation>
+    </message>
+</context>
+<context>
+    <name>WindowMenu</name>
+    <message>
+        <source>&amp;Open folder…</source>
+        <translation>&amp;Abrir carpeta…</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exportar…</translation>
+    </message>
+    <message>
+        <source>&amp;Clear peaks</source>
+        <translation>&amp;Borrar picos</translation>
+    </message>
+    <message>
+        <source>&amp;Meters by the recorder&apos;s rule</source>
+        <translation>&amp;Medidores según la regla de la grabadora</translation>
+    </message>
+    <message>
+        <source>&amp;Keys and pointer</source>
+        <translation>&amp;Teclas y puntero</translation>
+    </message>
+    <message>
+        <source>&amp;Introduction</source>
+        <translation>&amp;Introducción</translation>
+    </message>
+    <message>
+        <source>Online &amp;help</source>
+        <translation>Ayuda en &amp;línea</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>A&amp;cerca de</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Salir</translation>
+    </message>
+    <message>
+        <source>&amp;Playing</source>
+        <translation>&amp;Reproducción</translation>
+    </message>
+    <message>
+        <source>&amp;Play or pause</source>
+        <translation>&amp;Reproducir o pausar</translation>
+    </message>
+    <message>
+        <source>&amp;Back 1 s</source>
+        <translation>R&amp;etroceder 1 s</translation>
+    </message>
+    <message>
+        <source>&amp;Forward 1 s</source>
+        <translation>&amp;Avanzar 1 s</translation>
+    </message>
+    <message>
+        <source>Back 10 s</source>
+        <translation>Retroceder 10 s</translation>
+    </message>
+    <message>
+        <source>Forward 10 s</source>
+        <translation>Avanzar 10 s</translation>
+    </message>
+    <message>
+        <source>To the be&amp;ginning</source>
+        <translation>Ir al &amp;principio</translation>
+    </message>
+    <message>
+        <source>To the &amp;end</source>
+        <translation>Ir al &amp;final</translation>
+    </message>
+    <message>
+        <source>&amp;Louder by 1 dB</source>
+        <translation>&amp;Subir 1 dB</translation>
+    </message>
+    <message>
+        <source>&amp;Softer by 1 dB</source>
+        <translation>&amp;Bajar 1 dB</translation>
+    </message>
+    <message>
+        <source>&amp;Wider by 5°</source>
+        <translation>E&amp;nsanchar 5°</translation>
+    </message>
+    <message>
+        <source>&amp;Narrower by 5°</source>
+        <translation>Es&amp;trechar 5°</translation>
+    </message>
+    <message>
+        <source>L&amp;oop: A, B, clear</source>
+        <translation>Buc&amp;le: A, B, borrar</translation>
+    </message>
+    <message>
+        <source>Solo &amp;Mid</source>
+        <translation>Solo &amp;Mid</translation>
+    </message>
+    <message>
+        <source>Solo S&amp;ide</source>
+        <translation>Solo S&amp;ide</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,1438 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name>AboutVC</name>
+    <message>
+        <source>Logo</source>
+        <translation>Logo</translation>
+    </message>
+    <message>
+        <source>Desktop companion of the TARN J4 recorder</source>
+        <translation>Compagnon de bureau de l’enregistreur TARN J4</translation>
+    </message>
+    <message>
+        <source>Copyright 2026 The Mixdeck developers
+MIT license</source>
+        <translation>Copyright 2026 The Mixdeck developers
+Licence MIT</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>À propos</translation>
+    </message>
+</context>
+<context>
+    <name>Alert</name>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>AngleViewer</name>
+    <message>
+        <source>Stereo width</source>
+        <translation>Largeur stéréo</translation>
+    </message>
+    <message>
+        <source>MONO</source>
+        <translation>MONO</translation>
+    </message>
+    <message>
+        <source>30°</source>
+        <translation>30°</translation>
+    </message>
+    <message>
+        <source>60°</source>
+        <translation>60°</translation>
+    </message>
+    <message>
+        <source>90°</source>
+        <translation>90°</translation>
+    </message>
+    <message>
+        <source>120°</source>
+        <translation>120°</translation>
+    </message>
+    <message>
+        <source>150°</source>
+        <translation>150°</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserPane</name>
+    <message>
+        <source>Looking for “%1”… (Esc gives up)</source>
+        <translation>Recherche de «&#xa0;%1&#xa0;»… (Échap abandonne)</translation>
+    </message>
+    <message>
+        <source>Open folder, now %1</source>
+        <translation>Ouvrir un dossier, actuellement %1</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserView</name>
+    <message>
+        <source>Go up</source>
+        <translation>Remonter</translation>
+    </message>
+    <message>
+        <source>Current folder</source>
+        <translation>Dossier actuel</translation>
+    </message>
+    <message>
+        <source>Open folder</source>
+        <translation>Ouvrir un dossier</translation>
+    </message>
+</context>
+<context>
+    <name>ClipLamp</name>
+    <message>
+        <source>over full scale</source>
+        <translation>au-dessus de la pleine échelle</translation>
+    </message>
+    <message>
+        <source>not over full scale</source>
+        <translation>pas au-dessus de la pleine échelle</translation>
+    </message>
+</context>
+<context>
+    <name>CorrelationBar</name>
+    <message>
+        <source>Correlation</source>
+        <translation>Corrélation</translation>
+    </message>
+</context>
+<context>
+    <name>CostView</name>
+    <message>
+        <source>Width</source>
+        <translation>Largeur</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>Sonie</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>Crête vraie</translation>
+    </message>
+</context>
+<context>
+    <name>DevicePane</name>
+    <message>
+        <source>Connected</source>
+        <translation>Connecté</translation>
+    </message>
+    <message>
+        <source>Ver. %1</source>
+        <translation>Ver. %1</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>Déconnecté</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>a size and its unit</comment>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>MB</source>
+        <translation>Mo</translation>
+    </message>
+    <message>
+        <source>GB</source>
+        <translation>Go</translation>
+    </message>
+    <message>
+        <source>%1 / %2 Used</source>
+        <translation>%1 / %2 utilisés</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceView</name>
+    <message>
+        <source>Simulated recorder</source>
+        <translation>Enregistreur simulé</translation>
+    </message>
+    <message>
+        <source>No recorder can be found here.</source>
+        <translation>Aucun enregistreur ne peut être trouvé ici.</translation>
+    </message>
+    <message>
+        <source>Card used</source>
+        <translation>Occupation de la carte</translation>
+    </message>
+    <message>
+        <source>Remaining</source>
+        <translation>Restant</translation>
+    </message>
+    <message>
+        <source>Battery</source>
+        <translation>Piles</translation>
+    </message>
+    <message>
+        <source>Auto power off</source>
+        <translation>Arrêt automatique</translation>
+    </message>
+    <message>
+        <source>%1, no recorder connected</source>
+        <translation>%1, aucun enregistreur connecté</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDesk</name>
+    <message>
+        <source>%1 was not exported: %2.</source>
+        <translation>%1 n’a pas été exporté&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>Fail to open.</source>
+        <translation>Échec de l’ouverture.</translation>
+    </message>
+    <message>
+        <source>Fail to save.</source>
+        <translation>Échec de l’enregistrement.</translation>
+    </message>
+</context>
+<context>
+    <name>ExportFacts</name>
+    <message>
+        <source>Channels as recorded</source>
+        <translation>Canaux tels qu’enregistrés</translation>
+    </message>
+    <message>
+        <source>To full scale</source>
+        <translation>À pleine échelle</translation>
+    </message>
+    <message>
+        <source>These %1-bit samples export as noise: the recorder writes 24 bits or 32-bit float</source>
+        <translation>Ces échantillons de %1 bits s’exportent comme du bruit&#xa0;: l’enregistreur écrit en 24 bits ou en 32 bits flottants</translation>
+    </message>
+    <message>
+        <source>Only %1 free in this folder</source>
+        <translation>Seulement %1 libres dans ce dossier</translation>
+    </message>
+    <message>
+        <source>Over 4 GiB: written as RF64, which not every program reads</source>
+        <translation>Plus de 4 Gio&#xa0;: écrit en RF64, que tous les programmes ne lisent pas</translation>
+    </message>
+</context>
+<context>
+    <name>ExportLevels</name>
+    <message>
+        <source>Would clip in 24 bit</source>
+        <translation>Saturerait en 24 bits</translation>
+    </message>
+    <message numerus="yes">
+        <source>Would clip in 24 bit at %n place(s)</source>
+        <translation>
+            <numerusform>Saturerait en 24 bits à %n endroit</numerusform>
+            <numerusform>Saturerait en 24 bits à %n endroits</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ExportProgress</name>
+    <message>
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Exporting %1</source>
+        <translation>Exportation de %1</translation>
+    </message>
+    <message>
+        <source>to %1</source>
+        <translation>vers %1</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exporter</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Cancelling</source>
+        <translation>Annulation en cours</translation>
+    </message>
+</context>
+<context>
+    <name>ExportVC</name>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Stereo width</source>
+        <translation>Largeur stéréo</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Gain</translation>
+    </message>
+    <message>
+        <source>File size</source>
+        <translation>Taille du fichier</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>Sonie</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>Crête vraie</translation>
+    </message>
+    <message>
+        <source>Normalize to full scale</source>
+        <translation>Normaliser à pleine échelle</translation>
+    </message>
+    <message>
+        <source>Selection only</source>
+        <translation>Sélection seulement</translation>
+    </message>
+    <message>
+        <source>To a loudness</source>
+        <translation>À une sonie</translation>
+    </message>
+    <message>
+        <source>Loudness to aim at</source>
+        <translation>Sonie visée</translation>
+    </message>
+    <message>
+        <source>LUFS</source>
+        <translation>LUFS</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>32-bit Float</source>
+        <translation>32 bits flottants</translation>
+    </message>
+    <message>
+        <source>24-bit Linear</source>
+        <translation>24 bits linéaires</translation>
+    </message>
+    <message>
+        <source>A loudness is a number from -70 to 0.</source>
+        <translation>Une sonie est un nombre de -70 à 0.</translation>
+    </message>
+    <message>
+        <source>Silence, and what is shorter than 0.4 s, has no loudness.</source>
+        <translation>Le silence, et ce qui dure moins de 0,4 s, n’a pas de sonie.</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exporter</translation>
+    </message>
+</context>
+<context>
+    <name>FieldView</name>
+    <message>
+        <source>Momentary</source>
+        <translation>Momentanée</translation>
+    </message>
+    <message>
+        <source>Momentary loudness</source>
+        <translation>Sonie momentanée</translation>
+    </message>
+    <message>
+        <source>Short-term</source>
+        <translation>Court terme</translation>
+    </message>
+    <message>
+        <source>Short-term loudness</source>
+        <translation>Sonie à court terme</translation>
+    </message>
+    <message>
+        <source>Whole take</source>
+        <translation>Prise entière</translation>
+    </message>
+    <message>
+        <source>Loudness of the take</source>
+        <translation>Sonie de la prise</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>Crête vraie</translation>
+    </message>
+</context>
+<context>
+    <name>FileList</name>
+    <message>
+        <source>Files</source>
+        <translation>Fichiers</translation>
+    </message>
+</context>
+<context>
+    <name>FileListModel</name>
+    <message>
+        <source>Recording, loaded</source>
+        <translation>Enregistrement, chargé</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Dossier</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Enregistrement</translation>
+    </message>
+</context>
+<context>
+    <name>FilePanel</name>
+    <message>
+        <source>Reading “%1”…</source>
+        <translation>Lecture de «&#xa0;%1&#xa0;»…</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Précédent</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Suivant</translation>
+    </message>
+    <message>
+        <source>Parent folder</source>
+        <translation>Dossier parent</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Nom</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas être lu&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Looking for “%1”…</source>
+        <translation>Recherche de «&#xa0;%1&#xa0;»…</translation>
+    </message>
+</context>
+<context>
+    <name>FolderBrowser</name>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas être lu&#xa0;: %2</translation>
+    </message>
+</context>
+<context>
+    <name>FolderPanel</name>
+    <message>
+        <source>Choose</source>
+        <translation>Choisir</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>Dossiers</translation>
+    </message>
+    <message>
+        <source>Choose a file</source>
+        <translation>Choisir un dossier</translation>
+    </message>
+    <message>
+        <source>“%1” is no folder.</source>
+        <translation>«&#xa0;%1&#xa0;» n’est pas un dossier.</translation>
+    </message>
+</context>
+<context>
+    <name>GainTickTitle</name>
+    <message>
+        <source>Scale</source>
+        <translation>Échelle</translation>
+    </message>
+</context>
+<context>
+    <name>HelpVC</name>
+    <message>
+        <source>Waveform</source>
+        <translation>Forme d’onde</translation>
+    </message>
+    <message>
+        <source>A click or a drag moves the play head</source>
+        <translation>Un clic ou un glissement déplace la tête de lecture</translation>
+    </message>
+    <message>
+        <source>Wheel there</source>
+        <translation>Molette dessus</translation>
+    </message>
+    <message>
+        <source>Zooms; with Shift it scrolls</source>
+        <translation>Zoome&#xa0;; avec Maj, défile</translation>
+    </message>
+    <message>
+        <source>Double click there</source>
+        <translation>Double clic dessus</translation>
+    </message>
+    <message>
+        <source>Shows the whole take</source>
+        <translation>Montre la prise entière</translation>
+    </message>
+    <message>
+        <source>Ruler over it</source>
+        <translation>Règle au-dessus</translation>
+    </message>
+    <message>
+        <source>A drag loops; A and B can be moved there</source>
+        <translation>Glisser crée une boucle&#xa0;; A et B s’y déplacent</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Gain</translation>
+    </message>
+    <message>
+        <source>A double click on the knob resets it</source>
+        <translation>Un double clic sur le bouton le remet à zéro</translation>
+    </message>
+    <message>
+        <source>Width and gain</source>
+        <translation>Largeur et gain</translation>
+    </message>
+    <message>
+        <source>A click on the value lets you type one</source>
+        <translation>Un clic sur la valeur permet d’en saisir une</translation>
+    </message>
+    <message>
+        <source>Recorder in the dial</source>
+        <translation>Enregistreur dans le cadran</translation>
+    </message>
+    <message>
+        <source>A double click turns to %1°</source>
+        <translation>Un double clic tourne à %1°</translation>
+    </message>
+    <message>
+        <source>Peaks</source>
+        <translation>Crêtes</translation>
+    </message>
+    <message>
+        <source>A click on a figure or lamp clears them</source>
+        <translation>Un clic sur un chiffre ou un voyant les efface</translation>
+    </message>
+    <message>
+        <source>Escape</source>
+        <translation>Échap</translation>
+    </message>
+    <message>
+        <source>Clears the loop, or gives up what takes long</source>
+        <translation>Efface la boucle, ou abandonne ce qui est long</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Touches</translation>
+    </message>
+    <message>
+        <source>Pointer</source>
+        <translation>Pointeur</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Keys and pointer</source>
+        <translation>Clavier et pointeur</translation>
+    </message>
+</context>
+<context>
+    <name>IntroductionVC</name>
+    <message>
+        <source>What mid-side is</source>
+        <translation>Ce qu’est le Mid-Side</translation>
+    </message>
+    <message>
+        <source>One microphone hears the middle, another the sides. Together they give a stereo image whose width you choose after the recording.</source>
+        <translation>Un micro entend le milieu, un autre les côtés. Ensemble ils donnent une image stéréo dont vous choisissez la largeur après l’enregistrement.</translation>
+    </message>
+    <message>
+        <source>Open a folder</source>
+        <translation>Ouvrir un dossier</translation>
+    </message>
+    <message>
+        <source>Choose the folder with your takes at the top left. A double click on a take plays it.</source>
+        <translation>Choisissez en haut à gauche le dossier de vos prises. Un double clic sur une prise la lit.</translation>
+    </message>
+    <message>
+        <source>Turn the width</source>
+        <translation>Tourner la largeur</translation>
+    </message>
+    <message>
+        <source>Drag the dial from MONO to 150° while you listen. Gain makes a take louder or softer.</source>
+        <translation>Glissez le cadran de MONO à 150° pendant l’écoute. Le gain rend une prise plus forte ou plus douce.</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exporter</translation>
+    </message>
+    <message>
+        <source>Export writes what you hear into a new stereo file. The take itself is never changed.</source>
+        <translation>L’exportation écrit ce que vous entendez dans un nouveau fichier stéréo. La prise elle-même n’est jamais modifiée.</translation>
+    </message>
+    <message>
+        <source>Plug in the recorder</source>
+        <translation>Brancher l’enregistreur</translation>
+    </message>
+    <message>
+        <source>Connected over USB, it shows the room left on its card and lets you set battery type and auto power off.</source>
+        <translation>Connecté en USB, il montre la place qui reste sur sa carte et permet de régler le type de piles et l’arrêt automatique.</translation>
+    </message>
+    <message>
+        <source>Welcome to TARN J4 Mixdeck</source>
+        <translation>Bienvenue dans TARN J4 Mixdeck</translation>
+    </message>
+    <message>
+        <source>Do not show this again</source>
+        <translation>Ne plus afficher</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Introduction</source>
+        <translation>Introduction</translation>
+    </message>
+</context>
+<context>
+    <name>J4GainSlider</name>
+    <message>
+        <source>Gain</source>
+        <translation>Gain</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+</context>
+<context>
+    <name>J4Slider</name>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+</context>
+<context>
+    <name>LevelFeed</name>
+    <message>
+        <source>Greatest level so far; a click clears it</source>
+        <translation>Plus haut niveau jusqu’ici&#xa0;; un clic l’efface</translation>
+    </message>
+    <message>
+        <source>recorder&apos;s rule</source>
+        <translation>règle enregistreur</translation>
+    </message>
+    <message>
+        <source>peak hold</source>
+        <translation>crêtes tenues</translation>
+    </message>
+</context>
+<context>
+    <name>LevelMeter</name>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+</context>
+<context>
+    <name>LoopMarks</name>
+    <message>
+        <source>A</source>
+        <comment>beginning of a loop</comment>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>B</source>
+        <comment>end of a loop</comment>
+        <translation>B</translation>
+    </message>
+</context>
+<context>
+    <name>LoopPane</name>
+    <message>
+        <source>Loop: mark A at the play head</source>
+        <translation>Boucle&#xa0;: marquer A à la tête de lecture</translation>
+    </message>
+    <message>
+        <source>Loop: mark B at the play head</source>
+        <translation>Boucle&#xa0;: marquer B à la tête de lecture</translation>
+    </message>
+    <message>
+        <source>Loop: clear A and B</source>
+        <translation>Boucle&#xa0;: effacer A et B</translation>
+    </message>
+</context>
+<context>
+    <name>LoudnessPane</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+</context>
+<context>
+    <name>NodeviceVC</name>
+    <message>
+        <source>The recorder</source>
+        <translation>L’enregistreur</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Connect the recorder over USB and switch it on. Its settings can be changed here as soon as it is found.</source>
+        <translation>Connectez l’enregistreur en USB et allumez-le. Ses réglages peuvent être changés ici dès qu’il est trouvé.</translation>
+    </message>
+    <message>
+        <source>No recorder is connected</source>
+        <translation>Aucun enregistreur connecté</translation>
+    </message>
+</context>
+<context>
+    <name>PathViewer</name>
+    <message>
+        <source>Current folder</source>
+        <translation>Dossier actuel</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerView</name>
+    <message>
+        <source>Export</source>
+        <translation>Exporter</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menu</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>A–B</source>
+        <translation>A–B</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Boucle</translation>
+    </message>
+    <message>
+        <source>M</source>
+        <comment>Mid</comment>
+        <translation>M</translation>
+    </message>
+    <message>
+        <source>Solo Mid</source>
+        <translation>Solo Mid</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <comment>Side</comment>
+        <translation>S</translation>
+    </message>
+    <message>
+        <source>Solo Side</source>
+        <translation>Solo Side</translation>
+    </message>
+</context>
+<context>
+    <name>Reason</name>
+    <message>
+        <source>Not a WAVE file: %1</source>
+        <translation>Pas un fichier WAVE&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>shorter than 48 bytes</source>
+        <translation>moins de 48 octets</translation>
+    </message>
+    <message>
+        <source>not a RIFF file</source>
+        <translation>pas un fichier RIFF</translation>
+    </message>
+    <message>
+        <source>a RIFF file, but not WAVE</source>
+        <translation>un fichier RIFF, mais pas WAVE</translation>
+    </message>
+    <message>
+        <source>an RF64 file without its sizes (ds64 chunk)</source>
+        <translation>un fichier RF64 sans ses tailles (chunk ds64)</translation>
+    </message>
+    <message>
+        <source>more chunks than a recording has</source>
+        <translation>plus de chunks que n’en a un enregistrement</translation>
+    </message>
+    <message>
+        <source>no format chunk</source>
+        <translation>pas de chunk de format</translation>
+    </message>
+    <message>
+        <source>no data chunk</source>
+        <translation>pas de chunk de données</translation>
+    </message>
+    <message>
+        <source>No broadcast extension (bext chunk)</source>
+        <translation>Pas d’extension broadcast (chunk bext)</translation>
+    </message>
+    <message>
+        <source>The broadcast extension has %1 bytes, fewer than %2</source>
+        <translation>L’extension broadcast a %1 octets, moins de %2</translation>
+    </message>
+    <message>
+        <source>Not a recording of the %1: its originator is &quot;%2&quot;</source>
+        <translation>Pas un enregistrement du %1&#xa0;: son origine est «&#xa0;%2&#xa0;»</translation>
+    </message>
+    <message>
+        <source>Not a regular file</source>
+        <translation>Pas un fichier ordinaire</translation>
+    </message>
+    <message>
+        <source>The file became shorter</source>
+        <translation>Le fichier a raccourci</translation>
+    </message>
+    <message>
+        <source>The file has been deleted</source>
+        <translation>Le fichier a été supprimé</translation>
+    </message>
+    <message>
+        <source>No recording is open</source>
+        <translation>Aucun enregistrement n’est ouvert</translation>
+    </message>
+    <message>
+        <source>The target is the source itself</source>
+        <translation>La cible est la source elle-même</translation>
+    </message>
+    <message>
+        <source>The export would take %1 bytes; a WAVE file ends at 4 GiB</source>
+        <translation>L’exportation prendrait %1 octets&#xa0;; un fichier WAVE s’arrête à 4 Gio</translation>
+    </message>
+    <message>
+        <source>The source cannot be read: %1</source>
+        <translation>La source ne peut pas être lue&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The recording has no loudness at this width: it is silent or shorter than 0.4 s</source>
+        <translation>L’enregistrement n’a pas de sonie à cette largeur&#xa0;: il est silencieux ou dure moins de 0,4 s</translation>
+    </message>
+    <message>
+        <source>No file can be read</source>
+        <translation>Aucun fichier ne peut être lu</translation>
+    </message>
+    <message>
+        <source>Samples of %1 bits in format %2 cannot be played</source>
+        <translation>Les échantillons de %1 bits au format %2 ne peuvent pas être lus</translation>
+    </message>
+    <message>
+        <source>There are no channels</source>
+        <translation>Il n’y a pas de canaux</translation>
+    </message>
+    <message>
+        <source>There is no sample rate</source>
+        <translation>Il n’y a pas de fréquence d’échantillonnage</translation>
+    </message>
+    <message>
+        <source>There is no sound server (%1).</source>
+        <translation>Il n’y a pas de serveur de son (%1).</translation>
+    </message>
+    <message>
+        <source>The sound server has gone (%1).</source>
+        <translation>Le serveur de son a disparu (%1).</translation>
+    </message>
+    <message>
+        <source>The sound server does not answer.</source>
+        <translation>Le serveur de son ne répond pas.</translation>
+    </message>
+    <message>
+        <source>The sound output is not there (%1).</source>
+        <translation>La sortie son n’est pas là (%1).</translation>
+    </message>
+    <message>
+        <source>The sound output has stopped.</source>
+        <translation>La sortie son s’est arrêtée.</translation>
+    </message>
+    <message>
+        <source>The sound output could not be started (%1).</source>
+        <translation>La sortie son n’a pas pu démarrer (%1).</translation>
+    </message>
+    <message>
+        <source>The sound output does not take %1 channels at %2 Hz.</source>
+        <translation>La sortie son n’accepte pas %1 canaux à %2 Hz.</translation>
+    </message>
+    <message>
+        <source>no thread can be had</source>
+        <translation>aucun fil d’exécution n’est disponible</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>Aucun fichier ou dossier de ce nom</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>Permission refusée</translation>
+    </message>
+    <message>
+        <source>Operation not permitted</source>
+        <translation>Opération non permise</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>Erreur d’entrée/sortie</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>Plus de place sur le support</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>Quota de disque dépassé</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>Système de fichiers en lecture seule</translation>
+    </message>
+    <message>
+        <source>File exists</source>
+        <translation>Le fichier existe déjà</translation>
+    </message>
+    <message>
+        <source>File too large</source>
+        <translation>Fichier trop volumineux</translation>
+    </message>
+    <message>
+        <source>File name too long</source>
+        <translation>Nom de fichier trop long</translation>
+    </message>
+    <message>
+        <source>Is a directory</source>
+        <translation>Est un dossier</translation>
+    </message>
+    <message>
+        <source>Not a directory</source>
+        <translation>N’est pas un dossier</translation>
+    </message>
+    <message>
+        <source>Invalid argument</source>
+        <translation>Argument invalide</translation>
+    </message>
+    <message>
+        <source>No such device</source>
+        <translation>Aucun périphérique de ce type</translation>
+    </message>
+    <message>
+        <source>Stale file handle</source>
+        <translation>Accès au fichier périmé</translation>
+    </message>
+    <message>
+        <source>Too many open files</source>
+        <translation>Trop de fichiers ouverts</translation>
+    </message>
+    <message>
+        <source>Connection refused</source>
+        <translation>Connexion refusée</translation>
+    </message>
+    <message>
+        <source>Connection terminated</source>
+        <translation>Connexion interrompue</translation>
+    </message>
+    <message>
+        <source>Sample bytes have been written already</source>
+        <translation>Des échantillons ont déjà été écrits</translation>
+    </message>
+    <message>
+        <source>The file was dropped before it was saved</source>
+        <translation>Le fichier a été abandonné avant d’être enregistré</translation>
+    </message>
+    <message>
+        <source>The file has been saved already</source>
+        <translation>Le fichier est déjà enregistré</translation>
+    </message>
+    <message>
+        <source>The file was written for another place</source>
+        <translation>Le fichier a été écrit pour un autre emplacement</translation>
+    </message>
+    <message>
+        <source>There are too many channels, or too many frames a second.</source>
+        <translation>Il y a trop de canaux ou trop d’échantillons par seconde.</translation>
+    </message>
+    <message>
+        <source>There is no ALSA sequencer here (%1).</source>
+        <translation>Il n’y a pas de séquenceur ALSA ici (%1).</translation>
+    </message>
+    <message>
+        <source>No permission to use the ALSA sequencer (%1).</source>
+        <translation>Pas d’autorisation pour le séquenceur ALSA (%1).</translation>
+    </message>
+    <message>
+        <source>The ALSA sequencer cannot be used (%1: %2).</source>
+        <translation>Le séquenceur ALSA ne peut pas être utilisé (%1&#xa0;: %2).</translation>
+    </message>
+    <message>
+        <source>The ALSA sequencer has gone (%1).</source>
+        <translation>Le séquenceur ALSA a disparu (%1).</translation>
+    </message>
+    <message>
+        <source>This kernel or alsa-lib has no Universal MIDI Packets, which were asked for.</source>
+        <translation>Ce noyau ou alsa-lib n’a pas les Universal MIDI Packets demandés.</translation>
+    </message>
+</context>
+<context>
+    <name>RecorderSettings</name>
+    <message>
+        <source>Alkaline</source>
+        <translation>Alcaline</translation>
+    </message>
+    <message>
+        <source>Ni-MH</source>
+        <translation>Ni-MH</translation>
+    </message>
+    <message>
+        <source>Lithium</source>
+        <translation>Lithium</translation>
+    </message>
+    <message>
+        <source>Li-ion</source>
+        <translation>Li-ion</translation>
+    </message>
+    <message>
+        <source>10 minutes</source>
+        <translation>10 minutes</translation>
+    </message>
+    <message>
+        <source>30 minutes</source>
+        <translation>30 minutes</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1 heure</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Désactivé</translation>
+    </message>
+</context>
+<context>
+    <name>SavePanel</name>
+    <message>
+        <source>Save</source>
+        <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>Folders and recordings</source>
+        <translation>Dossiers et enregistrements</translation>
+    </message>
+    <message>
+        <source>Saving checkboard...</source>
+        <translation>Enregistrer l’exportation</translation>
+    </message>
+    <message>
+        <source>Please select a path where to save decoded wav.</source>
+        <translation>Choisissez où enregistrer le fichier WAV décodé.</translation>
+    </message>
+    <message>
+        <source>Create new folder</source>
+        <translation>Créer un dossier</translation>
+    </message>
+    <message>
+        <source>The name is too long.</source>
+        <translation>Le nom est trop long.</translation>
+    </message>
+    <message>
+        <source>“%1” exists. Replace it?</source>
+        <translation>«&#xa0;%1&#xa0;» existe déjà. Remplacer&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Remplacer</translation>
+    </message>
+    <message>
+        <source>New folder</source>
+        <translation>Nouveau dossier</translation>
+    </message>
+    <message>
+        <source>Name of the new folder:</source>
+        <translation>Nom du nouveau dossier&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Making “%1”…</source>
+        <translation>Création de «&#xa0;%1&#xa0;»…</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be made: %2</source>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas être créé&#xa0;: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Slider</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+</context>
+<context>
+    <name>SoundPane</name>
+    <message>
+        <source>A double click turns to %1°, the plain sum and difference</source>
+        <translation>Un double clic tourne à %1°, simple somme et différence</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Couper le son</translation>
+    </message>
+    <message>
+        <source>Unmute</source>
+        <translation>Rétablir le son</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>Type the stereo width</source>
+        <translation>Saisir la largeur stéréo</translation>
+    </message>
+    <message>
+        <source>Type the gain</source>
+        <translation>Saisir le gain</translation>
+    </message>
+</context>
+<context>
+    <name>StageView</name>
+    <message>
+        <source>Stereo width</source>
+        <translation>Largeur stéréo</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Image</translation>
+    </message>
+    <message>
+        <source>Gain scale</source>
+        <translation>Échelle de gain</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Gain</translation>
+    </message>
+    <message>
+        <source>Level scale</source>
+        <translation>Échelle de niveau</translation>
+    </message>
+    <message>
+        <source>Level left</source>
+        <translation>Niveau gauche</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <comment>left channel</comment>
+        <translation>G</translation>
+    </message>
+    <message>
+        <source>Level right</source>
+        <translation>Niveau droit</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <comment>right channel</comment>
+        <translation>D</translation>
+    </message>
+    <message>
+        <source>Peak left</source>
+        <translation>Crête gauche</translation>
+    </message>
+    <message>
+        <source>Clip left</source>
+        <translation>Saturation gauche</translation>
+    </message>
+    <message>
+        <source>Peak right</source>
+        <translation>Crête droite</translation>
+    </message>
+    <message>
+        <source>Clip right</source>
+        <translation>Saturation droite</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Niveau</translation>
+    </message>
+    <message>
+        <source>peak hold</source>
+        <translation>crêtes tenues</translation>
+    </message>
+</context>
+<context>
+    <name>StereoScope</name>
+    <message>
+        <source>Stereo scope</source>
+        <translation>Vectorscope</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <comment>left channel</comment>
+        <translation>G</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <comment>right channel</comment>
+        <translation>D</translation>
+    </message>
+    <message>
+        <source>M</source>
+        <comment>mid</comment>
+        <translation>M</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <comment>side</comment>
+        <translation>S</translation>
+    </message>
+</context>
+<context>
+    <name>TakeMessages</name>
+    <message>
+        <source>%1 is being opened… (Esc gives up)</source>
+        <translation>Ouverture de %1… (Échap abandonne)</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>File not supported.</source>
+        <translation>Fichier non pris en charge.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2. Open it again once it is back.</source>
+        <translation>%1 ne peut pas être lu&#xa0;: %2. Rouvrez-le dès qu’il est de retour.</translation>
+    </message>
+    <message>
+        <source>Paused: %1 Press Play to try again.</source>
+        <translation>En pause&#xa0;: %1 Appuyez sur Lecture pour réessayer.</translation>
+    </message>
+</context>
+<context>
+    <name>TimeLeft</name>
+    <message>
+        <source>About %1 s left</source>
+        <translation>Environ %1 s restantes</translation>
+    </message>
+    <message>
+        <source>About %1 min left</source>
+        <translation>Environ %1 min restantes</translation>
+    </message>
+</context>
+<context>
+    <name>TransportPane</name>
+    <message>
+        <source>Raw M/S</source>
+        <translation>M/S brut</translation>
+    </message>
+    <message>
+        <source>Stereo</source>
+        <translation>Stéréo</translation>
+    </message>
+    <message>
+        <source>%1-bit float</source>
+        <translation>%1 bits flottants</translation>
+    </message>
+    <message>
+        <source>%1-bit</source>
+        <translation>%1 bits</translation>
+    </message>
+    <message>
+        <source>%1 kHz</source>
+        <translation>%1 kHz</translation>
+    </message>
+    <message>
+        <source>Double-click a recording to play it</source>
+        <translation>Double-cliquez sur un enregistrement pour le lire</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Lecture</translation>
+    </message>
+</context>
+<context>
+    <name>ValueField</name>
+    <message>
+        <source>Click to type a value</source>
+        <translation>Cliquez pour saisir une valeur</translation>
+    </message>
+</context>
+<context>
+    <name>WaveformViewer</name>
+    <message>
+        <source>Waveform</source>
+        <translation>Forme d’onde</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <comment>left channel</comment>
+        <translation>G</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <comment>right channel</comment>
+        <translation>D</translation>
+    </message>
+</context>
+<context>
+    <name>WindowCommands</name>
+    <message>
+        <source>No browser could be opened. Help is at %1</source>
+        <translation>Aucun navigateur n’a pu être ouvert. L’aide se trouve à %1</translation>
+    </message>
+    <message>
+        <source>Solo is for listening: Left and Right are exported.</source>
+        <translation>Le solo sert à l’écoute&#xa0;: gauche et droite sont exportées.</translation>
+    </message>
+    <message>
+        <source>An export is still running. Ending now cancels it.</source>
+        <translation>Une exportation est en cours. Quitter maintenant l’annule.</translation>
+    </message>
+    <message>
+        <source>Keep exporting</source>
+        <translation>Continuer l’exportation</translation>
+    </message>
+    <message>
+        <source>Cancel export and quit</source>
+        <translation>Annuler l’exportation et quitter</translation>
+    </message>
+</context>
+<context>
+    <name>WindowMenu</name>
+    <message>
+        <source>&amp;Open folder…</source>
+        <translation>&amp;Ouvrir un dossier…</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exporter…</translation>
+    </message>
+    <message>
+        <source>&amp;Clear peaks</source>
+        <translation>Effa&amp;cer les crêtes</translation>
+    </message>
+    <message>
+        <source>&amp;Meters by the recorder&apos;s rule</source>
+        <translation>Vu&amp;mètres selon la règle de l’enregistreur</translation>
+    </message>
+    <message>
+        <source>&amp;Keys and pointer</source>
+        <translation>Clavier et &amp;pointeur</translation>
+    </message>
+    <message>
+        <source>&amp;Introduction</source>
+        <translation>&amp;Introduction</translation>
+    </message>
+    <message>
+        <source>Online &amp;help</source>
+        <translation>&amp;Aide en ligne</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>À propo&amp;s</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Quitter</translation>
+    </message>
+    <message>
+        <source>&amp;Playing</source>
+        <translation>&amp;Lecture</translation>
+    </message>
+    <message>
+        <source>&amp;Play or pause</source>
+        <translation>&amp;Lecture ou pause</translation>
+    </message>
+    <message>
+        <source>&amp;Back 1 s</source>
+        <translation>&amp;Reculer de 1 s</translation>
+    </message>
+    <message>
+        <source>&amp;Forward 1 s</source>
+        <translation>&amp;Avancer de 1 s</translation>
+    </message>
+    <message>
+        <source>Back 10 s</source>
+        <translation>Reculer de 10 s</translation>
+    </message>
+    <message>
+        <source>Forward 10 s</source>
+        <translation>Avancer de 10 s</translation>
+    </message>
+    <message>
+        <source>To the be&amp;ginning</source>
+        <translation>Aller au &amp;début</translation>
+    </message>
+    <message>
+        <source>To the &amp;end</source>
+        <translation>Aller à la &amp;fin</translation>
+    </message>
+    <message>
+        <source>&amp;Louder by 1 dB</source>
+        <translation>&amp;Plus fort de 1 dB</translation>
+    </message>
+    <message>
+        <source>&amp;Softer by 1 dB</source>
+        <translation>&amp;Moins fort de 1 dB</translation>
+    </message>
+    <message>
+        <source>&amp;Wider by 5°</source>
+        <translation>Élar&amp;gir de 5°</translation>
+    </message>
+    <message>
+        <source>&amp;Narrower by 5°</source>
+        <translation>Ré&amp;trécir de 5°</translation>
+    </message>
+    <message>
+        <source>L&amp;oop: A, B, clear</source>
+        <translation>&amp;Boucle&#xa0;: A, B, effacer</translation>
+    </message>
+    <message>
+        <source>Solo &amp;Mid</source>
+        <translation>Solo M&amp;id</translation>
+    </message>
+    <message>
+        <source>Solo S&amp;ide</source>
+        <translation>Solo &amp;Side</translation>
+    </message>
+</context>
+</TS>

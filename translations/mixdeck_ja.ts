@@ -1,0 +1,1437 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja" sourcelanguage="en">
+<context>
+    <name>AboutVC</name>
+    <message>
+        <source>Logo</source>
+        <translation>ロゴ</translation>
+    </message>
+    <message>
+        <source>Desktop companion of the TARN J4 recorder</source>
+        <translation>レコーダー TARN J4 のデスクトップコンパニオン</translation>
+    </message>
+    <message>
+        <source>Copyright 2026 The Mixdeck developers
+MIT license</source>
+        <translation>Copyright 2026 The Mixdeck developers
+MIT ライセンス</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>このアプリについて</translation>
+    </message>
+</context>
+<context>
+    <name>Alert</name>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>AngleViewer</name>
+    <message>
+        <source>Stereo width</source>
+        <translation>ステレオ幅</translation>
+    </message>
+    <message>
+        <source>MONO</source>
+        <translation>MONO</translation>
+    </message>
+    <message>
+        <source>30°</source>
+        <translation>30°</translation>
+    </message>
+    <message>
+        <source>60°</source>
+        <translation>60°</translation>
+    </message>
+    <message>
+        <source>90°</source>
+        <translation>90°</translation>
+    </message>
+    <message>
+        <source>120°</source>
+        <translation>120°</translation>
+    </message>
+    <message>
+        <source>150°</source>
+        <translation>150°</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserPane</name>
+    <message>
+        <source>Looking for “%1”… (Esc gives up)</source>
+        <translation>「%1」を探しています…（Esc で中止）</translation>
+    </message>
+    <message>
+        <source>Open folder, now %1</source>
+        <translation>フォルダーを開く、現在は %1</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserView</name>
+    <message>
+        <source>Go up</source>
+        <translation>上の階層へ</translation>
+    </message>
+    <message>
+        <source>Current folder</source>
+        <translation>現在のフォルダー</translation>
+    </message>
+    <message>
+        <source>Open folder</source>
+        <translation>フォルダーを開く</translation>
+    </message>
+</context>
+<context>
+    <name>ClipLamp</name>
+    <message>
+        <source>over full scale</source>
+        <translation>フルスケール超過</translation>
+    </message>
+    <message>
+        <source>not over full scale</source>
+        <translation>フルスケール以内</translation>
+    </message>
+</context>
+<context>
+    <name>CorrelationBar</name>
+    <message>
+        <source>Correlation</source>
+        <translation>相関</translation>
+    </message>
+</context>
+<context>
+    <name>CostView</name>
+    <message>
+        <source>Width</source>
+        <translation>幅</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>ラウドネス</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>トゥルーピーク</translation>
+    </message>
+</context>
+<context>
+    <name>DevicePane</name>
+    <message>
+        <source>Connected</source>
+        <translation>接続済み</translation>
+    </message>
+    <message>
+        <source>Ver. %1</source>
+        <translation>Ver. %1</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>未接続</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>a size and its unit</comment>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>MB</source>
+        <translation>MB</translation>
+    </message>
+    <message>
+        <source>GB</source>
+        <translation>GB</translation>
+    </message>
+    <message>
+        <source>%1 / %2 Used</source>
+        <translation>%1 / %2 使用</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceView</name>
+    <message>
+        <source>Simulated recorder</source>
+        <translation>シミュレートされたレコーダー</translation>
+    </message>
+    <message>
+        <source>No recorder can be found here.</source>
+        <translation>ここではレコーダーを検出できません。</translation>
+    </message>
+    <message>
+        <source>Card used</source>
+        <translation>カードの使用量</translation>
+    </message>
+    <message>
+        <source>Remaining</source>
+        <translation>残り</translation>
+    </message>
+    <message>
+        <source>Battery</source>
+        <translation>電池</translation>
+    </message>
+    <message>
+        <source>Auto power off</source>
+        <translation>自動電源オフ</translation>
+    </message>
+    <message>
+        <source>%1, no recorder connected</source>
+        <translation>%1、レコーダー未接続</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDesk</name>
+    <message>
+        <source>%1 was not exported: %2.</source>
+        <translation>%1 を書き出せませんでした：%2。</translation>
+    </message>
+    <message>
+        <source>Fail to open.</source>
+        <translation>開けませんでした。</translation>
+    </message>
+    <message>
+        <source>Fail to save.</source>
+        <translation>保存できませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>ExportFacts</name>
+    <message>
+        <source>Channels as recorded</source>
+        <translation>録音時のチャンネルのまま</translation>
+    </message>
+    <message>
+        <source>To full scale</source>
+        <translation>フルスケールまで</translation>
+    </message>
+    <message>
+        <source>These %1-bit samples export as noise: the recorder writes 24 bits or 32-bit float</source>
+        <translation>この %1 ビットのサンプルはノイズとして書き出されます。レコーダーは 24 ビットか 32 ビットフロートで記録します</translation>
+    </message>
+    <message>
+        <source>Only %1 free in this folder</source>
+        <translation>このフォルダーの空きは %1 だけです</translation>
+    </message>
+    <message>
+        <source>Over 4 GiB: written as RF64, which not every program reads</source>
+        <translation>4 GiB 超：RF64 として書き出します。読めないプログラムもあります</translation>
+    </message>
+</context>
+<context>
+    <name>ExportLevels</name>
+    <message>
+        <source>Would clip in 24 bit</source>
+        <translation>24 ビットではクリップします</translation>
+    </message>
+    <message numerus="yes">
+        <source>Would clip in 24 bit at %n place(s)</source>
+        <translation>
+            <numerusform>24 ビットでは %n か所でクリップします</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ExportProgress</name>
+    <message>
+        <source>Progress</source>
+        <translation>進行状況</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Exporting %1</source>
+        <translation>%1 を書き出し中</translation>
+    </message>
+    <message>
+        <source>to %1</source>
+        <translation>%1 へ</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>書き出し</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Cancelling</source>
+        <translation>キャンセルしています</translation>
+    </message>
+</context>
+<context>
+    <name>ExportVC</name>
+    <message>
+        <source>Format</source>
+        <translation>形式</translation>
+    </message>
+    <message>
+        <source>Stereo width</source>
+        <translation>ステレオ幅</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>ゲイン</translation>
+    </message>
+    <message>
+        <source>File size</source>
+        <translation>ファイルサイズ</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>ラウドネス</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>トゥルーピーク</translation>
+    </message>
+    <message>
+        <source>Normalize to full scale</source>
+        <translation>フルスケールにノーマライズ</translation>
+    </message>
+    <message>
+        <source>Selection only</source>
+        <translation>選択範囲のみ</translation>
+    </message>
+    <message>
+        <source>To a loudness</source>
+        <translation>ラウドネスに合わせる</translation>
+    </message>
+    <message>
+        <source>Loudness to aim at</source>
+        <translation>目標ラウドネス</translation>
+    </message>
+    <message>
+        <source>LUFS</source>
+        <translation>LUFS</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>32-bit Float</source>
+        <translation>32 ビットフロート</translation>
+    </message>
+    <message>
+        <source>24-bit Linear</source>
+        <translation>24 ビットリニア</translation>
+    </message>
+    <message>
+        <source>A loudness is a number from -70 to 0.</source>
+        <translation>ラウドネスは -70 から 0 の数値です。</translation>
+    </message>
+    <message>
+        <source>Silence, and what is shorter than 0.4 s, has no loudness.</source>
+        <translation>無音や 0.4 秒未満の音にはラウドネスがありません。</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>書き出し</translation>
+    </message>
+</context>
+<context>
+    <name>FieldView</name>
+    <message>
+        <source>Momentary</source>
+        <translation>モーメンタリー</translation>
+    </message>
+    <message>
+        <source>Momentary loudness</source>
+        <translation>モーメンタリーラウドネス</translation>
+    </message>
+    <message>
+        <source>Short-term</source>
+        <translation>ショートターム</translation>
+    </message>
+    <message>
+        <source>Short-term loudness</source>
+        <translation>ショートタームラウドネス</translation>
+    </message>
+    <message>
+        <source>Whole take</source>
+        <translation>テイク全体</translation>
+    </message>
+    <message>
+        <source>Loudness of the take</source>
+        <translation>テイクのラウドネス</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>トゥルーピーク</translation>
+    </message>
+</context>
+<context>
+    <name>FileList</name>
+    <message>
+        <source>Files</source>
+        <translation>ファイル</translation>
+    </message>
+</context>
+<context>
+    <name>FileListModel</name>
+    <message>
+        <source>Recording, loaded</source>
+        <translation>録音、読み込み済み</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>フォルダー</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>録音</translation>
+    </message>
+</context>
+<context>
+    <name>FilePanel</name>
+    <message>
+        <source>Reading “%1”…</source>
+        <translation>「%1」を読み込んでいます…</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>進む</translation>
+    </message>
+    <message>
+        <source>Parent folder</source>
+        <translation>親フォルダー</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>「%1」を読み込めません：%2</translation>
+    </message>
+    <message>
+        <source>Looking for “%1”…</source>
+        <translation>「%1」を探しています…</translation>
+    </message>
+</context>
+<context>
+    <name>FolderBrowser</name>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>「%1」を読み込めません：%2</translation>
+    </message>
+</context>
+<context>
+    <name>FolderPanel</name>
+    <message>
+        <source>Choose</source>
+        <translation>選択</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>フォルダー</translation>
+    </message>
+    <message>
+        <source>Choose a file</source>
+        <translation>フォルダーの選択</translation>
+    </message>
+    <message>
+        <source>“%1” is no folder.</source>
+        <translation>「%1」はフォルダーではありません。</translation>
+    </message>
+</context>
+<context>
+    <name>GainTickTitle</name>
+    <message>
+        <source>Scale</source>
+        <translation>目盛り</translation>
+    </message>
+</context>
+<context>
+    <name>HelpVC</name>
+    <message>
+        <source>Waveform</source>
+        <translation>波形</translation>
+    </message>
+    <message>
+        <source>A click or a drag moves the play head</source>
+        <translation>クリックかドラッグで再生位置を移動</translation>
+    </message>
+    <message>
+        <source>Wheel there</source>
+        <translation>その上でホイール</translation>
+    </message>
+    <message>
+        <source>Zooms; with Shift it scrolls</source>
+        <translation>拡大・縮小。Shift でスクロール</translation>
+    </message>
+    <message>
+        <source>Double click there</source>
+        <translation>その上でダブルクリック</translation>
+    </message>
+    <message>
+        <source>Shows the whole take</source>
+        <translation>テイク全体を表示</translation>
+    </message>
+    <message>
+        <source>Ruler over it</source>
+        <translation>上のルーラー</translation>
+    </message>
+    <message>
+        <source>A drag loops; A and B can be moved there</source>
+        <translation>ドラッグでループ。A と B もそこで動かせます</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>ゲイン</translation>
+    </message>
+    <message>
+        <source>A double click on the knob resets it</source>
+        <translation>つまみのダブルクリックでリセット</translation>
+    </message>
+    <message>
+        <source>Width and gain</source>
+        <translation>幅とゲイン</translation>
+    </message>
+    <message>
+        <source>A click on the value lets you type one</source>
+        <translation>値をクリックすると入力できます</translation>
+    </message>
+    <message>
+        <source>Recorder in the dial</source>
+        <translation>ダイヤル内のレコーダー</translation>
+    </message>
+    <message>
+        <source>A double click turns to %1°</source>
+        <translation>ダブルクリックで %1° にします</translation>
+    </message>
+    <message>
+        <source>Peaks</source>
+        <translation>ピーク</translation>
+    </message>
+    <message>
+        <source>A click on a figure or lamp clears them</source>
+        <translation>数値かランプのクリックでクリア</translation>
+    </message>
+    <message>
+        <source>Escape</source>
+        <translation>Esc</translation>
+    </message>
+    <message>
+        <source>Clears the loop, or gives up what takes long</source>
+        <translation>ループを解除、または時間のかかる処理を中止</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>キー</translation>
+    </message>
+    <message>
+        <source>Pointer</source>
+        <translation>ポインター</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Keys and pointer</source>
+        <translation>キーとポインター</translation>
+    </message>
+</context>
+<context>
+    <name>IntroductionVC</name>
+    <message>
+        <source>What mid-side is</source>
+        <translation>ミッドサイドとは</translation>
+    </message>
+    <message>
+        <source>One microphone hears the middle, another the sides. Together they give a stereo image whose width you choose after the recording.</source>
+        <translation>一方のマイクが中央を、もう一方が左右を拾います。合わせるとステレオ像になり、その幅は録音後に選べます。</translation>
+    </message>
+    <message>
+        <source>Open a folder</source>
+        <translation>フォルダーを開く</translation>
+    </message>
+    <message>
+        <source>Choose the folder with your takes at the top left. A double click on a take plays it.</source>
+        <translation>左上でテイクのフォルダーを選びます。テイクをダブルクリックすると再生します。</translation>
+    </message>
+    <message>
+        <source>Turn the width</source>
+        <translation>幅を回す</translation>
+    </message>
+    <message>
+        <source>Drag the dial from MONO to 150° while you listen. Gain makes a take louder or softer.</source>
+        <translation>聴きながらダイヤルを MONO から 150° までドラッグします。ゲインはテイクを大きくも小さくもします。</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>書き出し</translation>
+    </message>
+    <message>
+        <source>Export writes what you hear into a new stereo file. The take itself is never changed.</source>
+        <translation>聴いているとおりの音を新しいステレオファイルに書き出します。テイクそのものは決して変更されません。</translation>
+    </message>
+    <message>
+        <source>Plug in the recorder</source>
+        <translation>レコーダーをつなぐ</translation>
+    </message>
+    <message>
+        <source>Connected over USB, it shows the room left on its card and lets you set battery type and auto power off.</source>
+        <translation>USB で接続すると、カードの残りが表示され、電池の種類と自動電源オフを設定できます。</translation>
+    </message>
+    <message>
+        <source>Welcome to TARN J4 Mixdeck</source>
+        <translation>TARN J4 Mixdeck へようこそ</translation>
+    </message>
+    <message>
+        <source>Do not show this again</source>
+        <translation>次回から表示しない</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Introduction</source>
+        <translation>はじめに</translation>
+    </message>
+</context>
+<context>
+    <name>J4GainSlider</name>
+    <message>
+        <source>Gain</source>
+        <translation>ゲイン</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+</context>
+<context>
+    <name>J4Slider</name>
+    <message>
+        <source>Position</source>
+        <translation>再生位置</translation>
+    </message>
+</context>
+<context>
+    <name>LevelFeed</name>
+    <message>
+        <source>Greatest level so far; a click clears it</source>
+        <translation>これまでの最大レベル。クリックでクリア</translation>
+    </message>
+    <message>
+        <source>recorder&apos;s rule</source>
+        <translation>レコーダー規則</translation>
+    </message>
+    <message>
+        <source>peak hold</source>
+        <translation>ピークホールド</translation>
+    </message>
+</context>
+<context>
+    <name>LevelMeter</name>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+</context>
+<context>
+    <name>LoopMarks</name>
+    <message>
+        <source>A</source>
+        <comment>beginning of a loop</comment>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>B</source>
+        <comment>end of a loop</comment>
+        <translation>B</translation>
+    </message>
+</context>
+<context>
+    <name>LoopPane</name>
+    <message>
+        <source>Loop: mark A at the play head</source>
+        <translation>ループ：再生位置に A を設定</translation>
+    </message>
+    <message>
+        <source>Loop: mark B at the play head</source>
+        <translation>ループ：再生位置に B を設定</translation>
+    </message>
+    <message>
+        <source>Loop: clear A and B</source>
+        <translation>ループ：A と B を解除</translation>
+    </message>
+</context>
+<context>
+    <name>LoudnessPane</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+</context>
+<context>
+    <name>NodeviceVC</name>
+    <message>
+        <source>The recorder</source>
+        <translation>レコーダー</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Connect the recorder over USB and switch it on. Its settings can be changed here as soon as it is found.</source>
+        <translation>レコーダーを USB で接続し、電源を入れてください。検出されるとここで設定を変更できます。</translation>
+    </message>
+    <message>
+        <source>No recorder is connected</source>
+        <translation>レコーダーが接続されていません</translation>
+    </message>
+</context>
+<context>
+    <name>PathViewer</name>
+    <message>
+        <source>Current folder</source>
+        <translation>現在のフォルダー</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerView</name>
+    <message>
+        <source>Export</source>
+        <translation>書き出し</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>メニュー</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>音量</translation>
+    </message>
+    <message>
+        <source>A–B</source>
+        <translation>A–B</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>ループ</translation>
+    </message>
+    <message>
+        <source>M</source>
+        <comment>Mid</comment>
+        <translation>M</translation>
+    </message>
+    <message>
+        <source>Solo Mid</source>
+        <translation>ソロ ミッド</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <comment>Side</comment>
+        <translation>S</translation>
+    </message>
+    <message>
+        <source>Solo Side</source>
+        <translation>ソロ サイド</translation>
+    </message>
+</context>
+<context>
+    <name>Reason</name>
+    <message>
+        <source>Not a WAVE file: %1</source>
+        <translation>WAVE ファイルではありません：%1</translation>
+    </message>
+    <message>
+        <source>shorter than 48 bytes</source>
+        <translation>48 バイト未満</translation>
+    </message>
+    <message>
+        <source>not a RIFF file</source>
+        <translation>RIFF ファイルではありません</translation>
+    </message>
+    <message>
+        <source>a RIFF file, but not WAVE</source>
+        <translation>RIFF ファイルですが WAVE ではありません</translation>
+    </message>
+    <message>
+        <source>an RF64 file without its sizes (ds64 chunk)</source>
+        <translation>サイズ情報（ds64 チャンク）のない RF64 ファイル</translation>
+    </message>
+    <message>
+        <source>more chunks than a recording has</source>
+        <translation>録音にはない数のチャンクがあります</translation>
+    </message>
+    <message>
+        <source>no format chunk</source>
+        <translation>フォーマットチャンクがありません</translation>
+    </message>
+    <message>
+        <source>no data chunk</source>
+        <translation>データチャンクがありません</translation>
+    </message>
+    <message>
+        <source>No broadcast extension (bext chunk)</source>
+        <translation>ブロードキャスト拡張（bext チャンク）がありません</translation>
+    </message>
+    <message>
+        <source>The broadcast extension has %1 bytes, fewer than %2</source>
+        <translation>ブロードキャスト拡張は %1 バイトで、%2 バイトに足りません</translation>
+    </message>
+    <message>
+        <source>Not a recording of the %1: its originator is &quot;%2&quot;</source>
+        <translation>%1 の録音ではありません：作成元は「%2」です</translation>
+    </message>
+    <message>
+        <source>Not a regular file</source>
+        <translation>通常のファイルではありません</translation>
+    </message>
+    <message>
+        <source>The file became shorter</source>
+        <translation>ファイルが短くなりました</translation>
+    </message>
+    <message>
+        <source>The file has been deleted</source>
+        <translation>ファイルが削除されました</translation>
+    </message>
+    <message>
+        <source>No recording is open</source>
+        <translation>開いている録音がありません</translation>
+    </message>
+    <message>
+        <source>The target is the source itself</source>
+        <translation>書き出し先が元のファイルと同じです</translation>
+    </message>
+    <message>
+        <source>The export would take %1 bytes; a WAVE file ends at 4 GiB</source>
+        <translation>書き出しは %1 バイトになります。WAVE ファイルは 4 GiB までです</translation>
+    </message>
+    <message>
+        <source>The source cannot be read: %1</source>
+        <translation>元のファイルを読み込めません：%1</translation>
+    </message>
+    <message>
+        <source>The recording has no loudness at this width: it is silent or shorter than 0.4 s</source>
+        <translation>この幅では録音にラウドネスがありません：無音か 0.4 秒未満です</translation>
+    </message>
+    <message>
+        <source>No file can be read</source>
+        <translation>ファイルを読み込めません</translation>
+    </message>
+    <message>
+        <source>Samples of %1 bits in format %2 cannot be played</source>
+        <translation>形式 %2 の %1 ビットサンプルは再生できません</translation>
+    </message>
+    <message>
+        <source>There are no channels</source>
+        <translation>チャンネルがありません</translation>
+    </message>
+    <message>
+        <source>There is no sample rate</source>
+        <translation>サンプルレートがありません</translation>
+    </message>
+    <message>
+        <source>There is no sound server (%1).</source>
+        <translation>サウンドサーバーがありません（%1）。</translation>
+    </message>
+    <message>
+        <source>The sound server has gone (%1).</source>
+        <translation>サウンドサーバーがなくなりました（%1）。</translation>
+    </message>
+    <message>
+        <source>The sound server does not answer.</source>
+        <translation>サウンドサーバーが応答しません。</translation>
+    </message>
+    <message>
+        <source>The sound output is not there (%1).</source>
+        <translation>サウンド出力がありません（%1）。</translation>
+    </message>
+    <message>
+        <source>The sound output has stopped.</source>
+        <translation>サウンド出力が停止しました。</translation>
+    </message>
+    <message>
+        <source>The sound output could not be started (%1).</source>
+        <translation>サウンド出力を開始できませんでした（%1）。</translation>
+    </message>
+    <message>
+        <source>The sound output does not take %1 channels at %2 Hz.</source>
+        <translation>サウンド出力は %1 チャンネル %2 Hz に対応していません。</translation>
+    </message>
+    <message>
+        <source>no thread can be had</source>
+        <translation>スレッドを確保できません</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>そのようなファイルやディレクトリはありません</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>許可がありません</translation>
+    </message>
+    <message>
+        <source>Operation not permitted</source>
+        <translation>許可されていない操作です</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>入出力エラー</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>空き容量がありません</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>ディスク割り当ての超過</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>読み込み専用ファイルシステムです</translation>
+    </message>
+    <message>
+        <source>File exists</source>
+        <translation>ファイルが既に存在します</translation>
+    </message>
+    <message>
+        <source>File too large</source>
+        <translation>ファイルが大きすぎます</translation>
+    </message>
+    <message>
+        <source>File name too long</source>
+        <translation>ファイル名が長すぎます</translation>
+    </message>
+    <message>
+        <source>Is a directory</source>
+        <translation>ディレクトリです</translation>
+    </message>
+    <message>
+        <source>Not a directory</source>
+        <translation>ディレクトリではありません</translation>
+    </message>
+    <message>
+        <source>Invalid argument</source>
+        <translation>無効な引数です</translation>
+    </message>
+    <message>
+        <source>No such device</source>
+        <translation>そのようなデバイスはありません</translation>
+    </message>
+    <message>
+        <source>Stale file handle</source>
+        <translation>古いファイルハンドルです</translation>
+    </message>
+    <message>
+        <source>Too many open files</source>
+        <translation>開いているファイルが多すぎます</translation>
+    </message>
+    <message>
+        <source>Connection refused</source>
+        <translation>接続が拒否されました</translation>
+    </message>
+    <message>
+        <source>Connection terminated</source>
+        <translation>接続が終了しました</translation>
+    </message>
+    <message>
+        <source>Sample bytes have been written already</source>
+        <translation>サンプルは既に書き込まれています</translation>
+    </message>
+    <message>
+        <source>The file was dropped before it was saved</source>
+        <translation>ファイルは保存前に破棄されました</translation>
+    </message>
+    <message>
+        <source>The file has been saved already</source>
+        <translation>ファイルは既に保存されています</translation>
+    </message>
+    <message>
+        <source>The file was written for another place</source>
+        <translation>ファイルは別の場所用に書かれました</translation>
+    </message>
+    <message>
+        <source>There are too many channels, or too many frames a second.</source>
+        <translation>チャンネル数か毎秒のサンプル数が多すぎます。</translation>
+    </message>
+    <message>
+        <source>There is no ALSA sequencer here (%1).</source>
+        <translation>ここには ALSA シーケンサーがありません（%1）。</translation>
+    </message>
+    <message>
+        <source>No permission to use the ALSA sequencer (%1).</source>
+        <translation>ALSA シーケンサーを使う権限がありません（%1）。</translation>
+    </message>
+    <message>
+        <source>The ALSA sequencer cannot be used (%1: %2).</source>
+        <translation>ALSA シーケンサーを使えません（%1：%2）。</translation>
+    </message>
+    <message>
+        <source>The ALSA sequencer has gone (%1).</source>
+        <translation>ALSA シーケンサーがなくなりました（%1）。</translation>
+    </message>
+    <message>
+        <source>This kernel or alsa-lib has no Universal MIDI Packets, which were asked for.</source>
+        <translation>このカーネルまたは alsa-lib には、求められた Universal MIDI Packets がありません。</translation>
+    </message>
+</context>
+<context>
+    <name>RecorderSettings</name>
+    <message>
+        <source>Alkaline</source>
+        <translation>アルカリ</translation>
+    </message>
+    <message>
+        <source>Ni-MH</source>
+        <translation>ニッケル水素</translation>
+    </message>
+    <message>
+        <source>Lithium</source>
+        <translation>リチウム</translation>
+    </message>
+    <message>
+        <source>Li-ion</source>
+        <translation>リチウムイオン</translation>
+    </message>
+    <message>
+        <source>10 minutes</source>
+        <translation>10 分</translation>
+    </message>
+    <message>
+        <source>30 minutes</source>
+        <translation>30 分</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1 時間</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>オフ</translation>
+    </message>
+</context>
+<context>
+    <name>SavePanel</name>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Folders and recordings</source>
+        <translation>フォルダーと録音</translation>
+    </message>
+    <message>
+        <source>Saving checkboard...</source>
+        <translation>書き出し先の保存</translation>
+    </message>
+    <message>
+        <source>Please select a path where to save decoded wav.</source>
+        <translation>デコードした WAV の保存先を選んでください。</translation>
+    </message>
+    <message>
+        <source>Create new folder</source>
+        <translation>新しいフォルダーを作成</translation>
+    </message>
+    <message>
+        <source>The name is too long.</source>
+        <translation>名前が長すぎます。</translation>
+    </message>
+    <message>
+        <source>“%1” exists. Replace it?</source>
+        <translation>「%1」は既にあります。置き換えますか？</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>置き換え</translation>
+    </message>
+    <message>
+        <source>New folder</source>
+        <translation>新しいフォルダー</translation>
+    </message>
+    <message>
+        <source>Name of the new folder:</source>
+        <translation>新しいフォルダーの名前：</translation>
+    </message>
+    <message>
+        <source>Making “%1”…</source>
+        <translation>「%1」を作成しています…</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be made: %2</source>
+        <translation>「%1」を作成できません：%2</translation>
+    </message>
+</context>
+<context>
+    <name>Slider</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+</context>
+<context>
+    <name>SoundPane</name>
+    <message>
+        <source>A double click turns to %1°, the plain sum and difference</source>
+        <translation>ダブルクリックで %1°（単純な和と差）にします</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>ミュート</translation>
+    </message>
+    <message>
+        <source>Unmute</source>
+        <translation>ミュート解除</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>Type the stereo width</source>
+        <translation>ステレオ幅を入力</translation>
+    </message>
+    <message>
+        <source>Type the gain</source>
+        <translation>ゲインを入力</translation>
+    </message>
+</context>
+<context>
+    <name>StageView</name>
+    <message>
+        <source>Stereo width</source>
+        <translation>ステレオ幅</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>音像</translation>
+    </message>
+    <message>
+        <source>Gain scale</source>
+        <translation>ゲイン目盛り</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>ゲイン</translation>
+    </message>
+    <message>
+        <source>Level scale</source>
+        <translation>レベル目盛り</translation>
+    </message>
+    <message>
+        <source>Level left</source>
+        <translation>左レベル</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <comment>left channel</comment>
+        <translation>L</translation>
+    </message>
+    <message>
+        <source>Level right</source>
+        <translation>右レベル</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <comment>right channel</comment>
+        <translation>R</translation>
+    </message>
+    <message>
+        <source>Peak left</source>
+        <translation>左ピーク</translation>
+    </message>
+    <message>
+        <source>Clip left</source>
+        <translation>左クリップ</translation>
+    </message>
+    <message>
+        <source>Peak right</source>
+        <translation>右ピーク</translation>
+    </message>
+    <message>
+        <source>Clip right</source>
+        <translation>右クリップ</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>レベル</translation>
+    </message>
+    <message>
+        <source>peak hold</source>
+        <translation>ピークホールド</translation>
+    </message>
+</context>
+<context>
+    <name>StereoScope</name>
+    <message>
+        <source>Stereo scope</source>
+        <translation>ステレオスコープ</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <comment>left channel</comment>
+        <translation>L</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <comment>right channel</comment>
+        <translation>R</translation>
+    </message>
+    <message>
+        <source>M</source>
+        <comment>mid</comment>
+        <translation>M</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <comment>side</comment>
+        <translation>S</translation>
+    </message>
+</context>
+<context>
+    <name>TakeMessages</name>
+    <message>
+        <source>%1 is being opened… (Esc gives up)</source>
+        <translation>%1 を開いています…（Esc で中止）</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>File not supported.</source>
+        <translation>対応していないファイルです。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2. Open it again once it is back.</source>
+        <translation>%1 を読み込めません：%2。戻ったら開き直してください。</translation>
+    </message>
+    <message>
+        <source>Paused: %1 Press Play to try again.</source>
+        <translation>一時停止：%1 再生を押すと再試行します。</translation>
+    </message>
+</context>
+<context>
+    <name>TimeLeft</name>
+    <message>
+        <source>About %1 s left</source>
+        <translation>残り約 %1 秒</translation>
+    </message>
+    <message>
+        <source>About %1 min left</source>
+        <translation>残り約 %1 分</translation>
+    </message>
+</context>
+<context>
+    <name>TransportPane</name>
+    <message>
+        <source>Raw M/S</source>
+        <translation>未加工 M/S</translation>
+    </message>
+    <message>
+        <source>Stereo</source>
+        <translation>ステレオ</translation>
+    </message>
+    <message>
+        <source>%1-bit float</source>
+        <translation>%1 ビットフロート</translation>
+    </message>
+    <message>
+        <source>%1-bit</source>
+        <translation>%1 ビット</translation>
+    </message>
+    <message>
+        <source>%1 kHz</source>
+        <translation>%1 kHz</translation>
+    </message>
+    <message>
+        <source>Double-click a recording to play it</source>
+        <translation>録音をダブルクリックすると再生します</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>再生</translation>
+    </message>
+</context>
+<context>
+    <name>ValueField</name>
+    <message>
+        <source>Click to type a value</source>
+        <translation>クリックして値を入力</translation>
+    </message>
+</context>
+<context>
+    <name>WaveformViewer</name>
+    <message>
+        <source>Waveform</source>
+        <translation>波形</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <comment>left channel</comment>
+        <translation>L</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <comment>right channel</comment>
+        <translation>R</translation>
+    </message>
+</context>
+<context>
+    <name>WindowCommands</name>
+    <message>
+        <source>No browser could be opened. Help is at %1</source>
+        <translation>ブラウザーを開けませんでした。ヘルプは %1 にあります</translation>
+    </message>
+    <message>
+        <source>Solo is for listening: Left and Right are exported.</source>
+        <translation>ソロは試聴用です。左右のチャンネルが書き出されます。</translation>
+    </message>
+    <message>
+        <source>An export is still running. Ending now cancels it.</source>
+        <translation>書き出し中です。今終了するとキャンセルされます。</translation>
+    </message>
+    <message>
+        <source>Keep exporting</source>
+        <translation>書き出しを続ける</translation>
+    </message>
+    <message>
+        <source>Cancel export and quit</source>
+        <translation>書き出しを中止して終了</translation>
+    </message>
+</context>
+<context>
+    <name>WindowMenu</name>
+    <message>
+        <source>&amp;Open folder…</source>
+        <translation>フォルダーを開く(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>書き出し(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>&amp;Clear peaks</source>
+        <translation>ピークをクリア(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Meters by the recorder&apos;s rule</source>
+        <translation>メーターをレコーダーの規則で表示(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Keys and pointer</source>
+        <translation>キーとポインター(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Introduction</source>
+        <translation>はじめに(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Online &amp;help</source>
+        <translation>オンラインヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>このアプリについて(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>終了(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>&amp;Playing</source>
+        <translation>再生(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Play or pause</source>
+        <translation>再生／一時停止(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Back 1 s</source>
+        <translation>1 秒戻る(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Forward 1 s</source>
+        <translation>1 秒進む(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Back 10 s</source>
+        <translation>10 秒戻る</translation>
+    </message>
+    <message>
+        <source>Forward 10 s</source>
+        <translation>10 秒進む</translation>
+    </message>
+    <message>
+        <source>To the be&amp;ginning</source>
+        <translation>先頭へ(&amp;G)</translation>
+    </message>
+    <message>
+        <source>To the &amp;end</source>
+        <translation>末尾へ(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Louder by 1 dB</source>
+        <translation>1 dB 大きく(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Softer by 1 dB</source>
+        <translation>1 dB 小さく(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Wider by 5°</source>
+        <translation>5° 広く(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Narrower by 5°</source>
+        <translation>5° 狭く(&amp;N)</translation>
+    </message>
+    <message>
+        <source>L&amp;oop: A, B, clear</source>
+        <translation>ループ：A、B、解除(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Solo &amp;Mid</source>
+        <translation>ソロ ミッド(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Solo S&amp;ide</source>
+        <translation>ソロ サイド(&amp;I)</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,1437 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>AboutVC</name>
+    <message>
+        <source>Logo</source>
+        <translation>徽标</translation>
+    </message>
+    <message>
+        <source>Desktop companion of the TARN J4 recorder</source>
+        <translation>TARN J4 录音机的桌面伴侣</translation>
+    </message>
+    <message>
+        <source>Copyright 2026 The Mixdeck developers
+MIT license</source>
+        <translation>Copyright 2026 The Mixdeck developers
+MIT 许可证</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>关于</translation>
+    </message>
+</context>
+<context>
+    <name>Alert</name>
+    <message>
+        <source>Ok</source>
+        <translation>确定</translation>
+    </message>
+</context>
+<context>
+    <name>AngleViewer</name>
+    <message>
+        <source>Stereo width</source>
+        <translation>立体声宽度</translation>
+    </message>
+    <message>
+        <source>MONO</source>
+        <translation>单声道</translation>
+    </message>
+    <message>
+        <source>30°</source>
+        <translation>30°</translation>
+    </message>
+    <message>
+        <source>60°</source>
+        <translation>60°</translation>
+    </message>
+    <message>
+        <source>90°</source>
+        <translation>90°</translation>
+    </message>
+    <message>
+        <source>120°</source>
+        <translation>120°</translation>
+    </message>
+    <message>
+        <source>150°</source>
+        <translation>150°</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserPane</name>
+    <message>
+        <source>Looking for “%1”… (Esc gives up)</source>
+        <translation>正在查找“%1”…（按 Esc 放弃）</translation>
+    </message>
+    <message>
+        <source>Open folder, now %1</source>
+        <translation>打开文件夹，当前为 %1</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserView</name>
+    <message>
+        <source>Go up</source>
+        <translation>向上</translation>
+    </message>
+    <message>
+        <source>Current folder</source>
+        <translation>当前文件夹</translation>
+    </message>
+    <message>
+        <source>Open folder</source>
+        <translation>打开文件夹</translation>
+    </message>
+</context>
+<context>
+    <name>ClipLamp</name>
+    <message>
+        <source>over full scale</source>
+        <translation>超过满刻度</translation>
+    </message>
+    <message>
+        <source>not over full scale</source>
+        <translation>未超过满刻度</translation>
+    </message>
+</context>
+<context>
+    <name>CorrelationBar</name>
+    <message>
+        <source>Correlation</source>
+        <translation>相关度</translation>
+    </message>
+</context>
+<context>
+    <name>CostView</name>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>响度</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>真峰值</translation>
+    </message>
+</context>
+<context>
+    <name>DevicePane</name>
+    <message>
+        <source>Connected</source>
+        <translation>已连接</translation>
+    </message>
+    <message>
+        <source>Ver. %1</source>
+        <translation>版本 %1</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>未连接</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>a size and its unit</comment>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>MB</source>
+        <translation>MB</translation>
+    </message>
+    <message>
+        <source>GB</source>
+        <translation>GB</translation>
+    </message>
+    <message>
+        <source>%1 / %2 Used</source>
+        <translation>已用 %1 / %2</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceView</name>
+    <message>
+        <source>Simulated recorder</source>
+        <translation>模拟的录音机</translation>
+    </message>
+    <message>
+        <source>No recorder can be found here.</source>
+        <translation>此处无法找到录音机。</translation>
+    </message>
+    <message>
+        <source>Card used</source>
+        <translation>存储卡用量</translation>
+    </message>
+    <message>
+        <source>Remaining</source>
+        <translation>剩余</translation>
+    </message>
+    <message>
+        <source>Battery</source>
+        <translation>电池</translation>
+    </message>
+    <message>
+        <source>Auto power off</source>
+        <translation>自动关机</translation>
+    </message>
+    <message>
+        <source>%1, no recorder connected</source>
+        <translation>%1，未连接录音机</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDesk</name>
+    <message>
+        <source>%1 was not exported: %2.</source>
+        <translation>%1 未能导出：%2。</translation>
+    </message>
+    <message>
+        <source>Fail to open.</source>
+        <translation>打开失败。</translation>
+    </message>
+    <message>
+        <source>Fail to save.</source>
+        <translation>保存失败。</translation>
+    </message>
+</context>
+<context>
+    <name>ExportFacts</name>
+    <message>
+        <source>Channels as recorded</source>
+        <translation>按录制时的声道</translation>
+    </message>
+    <message>
+        <source>To full scale</source>
+        <translation>至满刻度</translation>
+    </message>
+    <message>
+        <source>These %1-bit samples export as noise: the recorder writes 24 bits or 32-bit float</source>
+        <translation>这些 %1 位采样导出后是噪声：录音机写入 24 位或 32 位浮点</translation>
+    </message>
+    <message>
+        <source>Only %1 free in this folder</source>
+        <translation>此文件夹仅剩 %1 可用空间</translation>
+    </message>
+    <message>
+        <source>Over 4 GiB: written as RF64, which not every program reads</source>
+        <translation>超过 4 GiB：写为 RF64，并非所有程序都能读取</translation>
+    </message>
+</context>
+<context>
+    <name>ExportLevels</name>
+    <message>
+        <source>Would clip in 24 bit</source>
+        <translation>24 位下会削波</translation>
+    </message>
+    <message numerus="yes">
+        <source>Would clip in 24 bit at %n place(s)</source>
+        <translation>
+            <numerusform>24 位下会有 %n 处削波</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ExportProgress</name>
+    <message>
+        <source>Progress</source>
+        <translation>进度</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Exporting %1</source>
+        <translation>正在导出 %1</translation>
+    </message>
+    <message>
+        <source>to %1</source>
+        <translation>到 %1</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>导出</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Cancelling</source>
+        <translation>正在取消</translation>
+    </message>
+</context>
+<context>
+    <name>ExportVC</name>
+    <message>
+        <source>Format</source>
+        <translation>格式</translation>
+    </message>
+    <message>
+        <source>Stereo width</source>
+        <translation>立体声宽度</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>增益</translation>
+    </message>
+    <message>
+        <source>File size</source>
+        <translation>文件大小</translation>
+    </message>
+    <message>
+        <source>Loudness</source>
+        <translation>响度</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>真峰值</translation>
+    </message>
+    <message>
+        <source>Normalize to full scale</source>
+        <translation>归一化到满刻度</translation>
+    </message>
+    <message>
+        <source>Selection only</source>
+        <translation>仅所选范围</translation>
+    </message>
+    <message>
+        <source>To a loudness</source>
+        <translation>调至目标响度</translation>
+    </message>
+    <message>
+        <source>Loudness to aim at</source>
+        <translation>目标响度</translation>
+    </message>
+    <message>
+        <source>LUFS</source>
+        <translation>LUFS</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>32-bit Float</source>
+        <translation>32 位浮点</translation>
+    </message>
+    <message>
+        <source>24-bit Linear</source>
+        <translation>24 位线性</translation>
+    </message>
+    <message>
+        <source>A loudness is a number from -70 to 0.</source>
+        <translation>响度是 -70 到 0 之间的数值。</translation>
+    </message>
+    <message>
+        <source>Silence, and what is shorter than 0.4 s, has no loudness.</source>
+        <translation>静音以及短于 0.4 秒的内容没有响度。</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>导出</translation>
+    </message>
+</context>
+<context>
+    <name>FieldView</name>
+    <message>
+        <source>Momentary</source>
+        <translation>瞬时</translation>
+    </message>
+    <message>
+        <source>Momentary loudness</source>
+        <translation>瞬时响度</translation>
+    </message>
+    <message>
+        <source>Short-term</source>
+        <translation>短期</translation>
+    </message>
+    <message>
+        <source>Short-term loudness</source>
+        <translation>短期响度</translation>
+    </message>
+    <message>
+        <source>Whole take</source>
+        <translation>整条录音</translation>
+    </message>
+    <message>
+        <source>Loudness of the take</source>
+        <translation>整条录音的响度</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>真峰值</translation>
+    </message>
+</context>
+<context>
+    <name>FileList</name>
+    <message>
+        <source>Files</source>
+        <translation>文件</translation>
+    </message>
+</context>
+<context>
+    <name>FileListModel</name>
+    <message>
+        <source>Recording, loaded</source>
+        <translation>录音，已载入</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>录音</translation>
+    </message>
+</context>
+<context>
+    <name>FilePanel</name>
+    <message>
+        <source>Reading “%1”…</source>
+        <translation>正在读取“%1”…</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>后退</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>前进</translation>
+    </message>
+    <message>
+        <source>Parent folder</source>
+        <translation>上级文件夹</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>无法读取“%1”：%2</translation>
+    </message>
+    <message>
+        <source>Looking for “%1”…</source>
+        <translation>正在查找“%1”…</translation>
+    </message>
+</context>
+<context>
+    <name>FolderBrowser</name>
+    <message>
+        <source>“%1” cannot be read: %2</source>
+        <translation>无法读取“%1”：%2</translation>
+    </message>
+</context>
+<context>
+    <name>FolderPanel</name>
+    <message>
+        <source>Choose</source>
+        <translation>选择</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>Choose a file</source>
+        <translation>选择文件夹</translation>
+    </message>
+    <message>
+        <source>“%1” is no folder.</source>
+        <translation>“%1”不是文件夹。</translation>
+    </message>
+</context>
+<context>
+    <name>GainTickTitle</name>
+    <message>
+        <source>Scale</source>
+        <translation>刻度</translation>
+    </message>
+</context>
+<context>
+    <name>HelpVC</name>
+    <message>
+        <source>Waveform</source>
+        <translation>波形</translation>
+    </message>
+    <message>
+        <source>A click or a drag moves the play head</source>
+        <translation>单击或拖动可移动播放头</translation>
+    </message>
+    <message>
+        <source>Wheel there</source>
+        <translation>在其上滚轮</translation>
+    </message>
+    <message>
+        <source>Zooms; with Shift it scrolls</source>
+        <translation>缩放；按住 Shift 则滚动</translation>
+    </message>
+    <message>
+        <source>Double click there</source>
+        <translation>在其上双击</translation>
+    </message>
+    <message>
+        <source>Shows the whole take</source>
+        <translation>显示整条录音</translation>
+    </message>
+    <message>
+        <source>Ruler over it</source>
+        <translation>上方标尺</translation>
+    </message>
+    <message>
+        <source>A drag loops; A and B can be moved there</source>
+        <translation>拖动可循环；A 和 B 可在此移动</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>增益</translation>
+    </message>
+    <message>
+        <source>A double click on the knob resets it</source>
+        <translation>双击旋钮可复位</translation>
+    </message>
+    <message>
+        <source>Width and gain</source>
+        <translation>宽度和增益</translation>
+    </message>
+    <message>
+        <source>A click on the value lets you type one</source>
+        <translation>单击数值即可键入</translation>
+    </message>
+    <message>
+        <source>Recorder in the dial</source>
+        <translation>旋钮中的录音机</translation>
+    </message>
+    <message>
+        <source>A double click turns to %1°</source>
+        <translation>双击可转到 %1°</translation>
+    </message>
+    <message>
+        <source>Peaks</source>
+        <translation>峰值</translation>
+    </message>
+    <message>
+        <source>A click on a figure or lamp clears them</source>
+        <translation>单击数字或指示灯可清除</translation>
+    </message>
+    <message>
+        <source>Escape</source>
+        <translation>Esc</translation>
+    </message>
+    <message>
+        <source>Clears the loop, or gives up what takes long</source>
+        <translation>清除循环，或放弃耗时的操作</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>按键</translation>
+    </message>
+    <message>
+        <source>Pointer</source>
+        <translation>指针</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Keys and pointer</source>
+        <translation>按键和指针</translation>
+    </message>
+</context>
+<context>
+    <name>IntroductionVC</name>
+    <message>
+        <source>What mid-side is</source>
+        <translation>什么是中侧 (M/S)</translation>
+    </message>
+    <message>
+        <source>One microphone hears the middle, another the sides. Together they give a stereo image whose width you choose after the recording.</source>
+        <translation>一支话筒拾取中间，另一支拾取两侧。两者合成立体声像，其宽度可在录音之后选择。</translation>
+    </message>
+    <message>
+        <source>Open a folder</source>
+        <translation>打开文件夹</translation>
+    </message>
+    <message>
+        <source>Choose the folder with your takes at the top left. A double click on a take plays it.</source>
+        <translation>在左上角选择存放录音的文件夹。双击一条录音即可播放。</translation>
+    </message>
+    <message>
+        <source>Turn the width</source>
+        <translation>转动宽度</translation>
+    </message>
+    <message>
+        <source>Drag the dial from MONO to 150° while you listen. Gain makes a take louder or softer.</source>
+        <translation>边听边把旋钮从单声道拖到 150°。增益可使录音更响或更轻。</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>导出</translation>
+    </message>
+    <message>
+        <source>Export writes what you hear into a new stereo file. The take itself is never changed.</source>
+        <translation>导出会把听到的声音写入新的立体声文件。原录音绝不会被改动。</translation>
+    </message>
+    <message>
+        <source>Plug in the recorder</source>
+        <translation>连接录音机</translation>
+    </message>
+    <message>
+        <source>Connected over USB, it shows the room left on its card and lets you set battery type and auto power off.</source>
+        <translation>通过 USB 连接后，可显示存储卡剩余空间，并可设置电池类型和自动关机。</translation>
+    </message>
+    <message>
+        <source>Welcome to TARN J4 Mixdeck</source>
+        <translation>欢迎使用 TARN J4 Mixdeck</translation>
+    </message>
+    <message>
+        <source>Do not show this again</source>
+        <translation>不再显示</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Introduction</source>
+        <translation>简介</translation>
+    </message>
+</context>
+<context>
+    <name>J4GainSlider</name>
+    <message>
+        <source>Gain</source>
+        <translation>增益</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+</context>
+<context>
+    <name>J4Slider</name>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+</context>
+<context>
+    <name>LevelFeed</name>
+    <message>
+        <source>Greatest level so far; a click clears it</source>
+        <translation>迄今最大电平；单击可清除</translation>
+    </message>
+    <message>
+        <source>recorder&apos;s rule</source>
+        <translation>录音机规则</translation>
+    </message>
+    <message>
+        <source>peak hold</source>
+        <translation>峰值保持</translation>
+    </message>
+</context>
+<context>
+    <name>LevelMeter</name>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+</context>
+<context>
+    <name>LoopMarks</name>
+    <message>
+        <source>A</source>
+        <comment>beginning of a loop</comment>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>B</source>
+        <comment>end of a loop</comment>
+        <translation>B</translation>
+    </message>
+</context>
+<context>
+    <name>LoopPane</name>
+    <message>
+        <source>Loop: mark A at the play head</source>
+        <translation>循环：在播放头处标记 A</translation>
+    </message>
+    <message>
+        <source>Loop: mark B at the play head</source>
+        <translation>循环：在播放头处标记 B</translation>
+    </message>
+    <message>
+        <source>Loop: clear A and B</source>
+        <translation>循环：清除 A 和 B</translation>
+    </message>
+</context>
+<context>
+    <name>LoudnessPane</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+</context>
+<context>
+    <name>NodeviceVC</name>
+    <message>
+        <source>The recorder</source>
+        <translation>录音机</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Connect the recorder over USB and switch it on. Its settings can be changed here as soon as it is found.</source>
+        <translation>请用 USB 连接录音机并打开电源。一经找到，即可在此更改其设置。</translation>
+    </message>
+    <message>
+        <source>No recorder is connected</source>
+        <translation>未连接录音机</translation>
+    </message>
+</context>
+<context>
+    <name>PathViewer</name>
+    <message>
+        <source>Current folder</source>
+        <translation>当前文件夹</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerView</name>
+    <message>
+        <source>Export</source>
+        <translation>导出</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>菜单</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>音量</translation>
+    </message>
+    <message>
+        <source>A–B</source>
+        <translation>A–B</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>循环</translation>
+    </message>
+    <message>
+        <source>M</source>
+        <comment>Mid</comment>
+        <translation>M</translation>
+    </message>
+    <message>
+        <source>Solo Mid</source>
+        <translation>独听中间</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <comment>Side</comment>
+        <translation>S</translation>
+    </message>
+    <message>
+        <source>Solo Side</source>
+        <translation>独听侧边</translation>
+    </message>
+</context>
+<context>
+    <name>Reason</name>
+    <message>
+        <source>Not a WAVE file: %1</source>
+        <translation>不是 WAVE 文件：%1</translation>
+    </message>
+    <message>
+        <source>shorter than 48 bytes</source>
+        <translation>短于 48 字节</translation>
+    </message>
+    <message>
+        <source>not a RIFF file</source>
+        <translation>不是 RIFF 文件</translation>
+    </message>
+    <message>
+        <source>a RIFF file, but not WAVE</source>
+        <translation>是 RIFF 文件，但不是 WAVE</translation>
+    </message>
+    <message>
+        <source>an RF64 file without its sizes (ds64 chunk)</source>
+        <translation>缺少大小信息（ds64 块）的 RF64 文件</translation>
+    </message>
+    <message>
+        <source>more chunks than a recording has</source>
+        <translation>块的数量超过录音应有的数量</translation>
+    </message>
+    <message>
+        <source>no format chunk</source>
+        <translation>没有格式块</translation>
+    </message>
+    <message>
+        <source>no data chunk</source>
+        <translation>没有数据块</translation>
+    </message>
+    <message>
+        <source>No broadcast extension (bext chunk)</source>
+        <translation>没有广播扩展（bext 块）</translation>
+    </message>
+    <message>
+        <source>The broadcast extension has %1 bytes, fewer than %2</source>
+        <translation>广播扩展只有 %1 字节，少于 %2</translation>
+    </message>
+    <message>
+        <source>Not a recording of the %1: its originator is &quot;%2&quot;</source>
+        <translation>不是 %1 的录音：其来源为“%2”</translation>
+    </message>
+    <message>
+        <source>Not a regular file</source>
+        <translation>不是普通文件</translation>
+    </message>
+    <message>
+        <source>The file became shorter</source>
+        <translation>文件变短了</translation>
+    </message>
+    <message>
+        <source>The file has been deleted</source>
+        <translation>文件已被删除</translation>
+    </message>
+    <message>
+        <source>No recording is open</source>
+        <translation>没有打开的录音</translation>
+    </message>
+    <message>
+        <source>The target is the source itself</source>
+        <translation>目标就是源文件本身</translation>
+    </message>
+    <message>
+        <source>The export would take %1 bytes; a WAVE file ends at 4 GiB</source>
+        <translation>导出需要 %1 字节；WAVE 文件上限为 4 GiB</translation>
+    </message>
+    <message>
+        <source>The source cannot be read: %1</source>
+        <translation>无法读取源文件：%1</translation>
+    </message>
+    <message>
+        <source>The recording has no loudness at this width: it is silent or shorter than 0.4 s</source>
+        <translation>该录音在此宽度下没有响度：静音或短于 0.4 秒</translation>
+    </message>
+    <message>
+        <source>No file can be read</source>
+        <translation>无法读取任何文件</translation>
+    </message>
+    <message>
+        <source>Samples of %1 bits in format %2 cannot be played</source>
+        <translation>无法播放格式 %2 的 %1 位采样</translation>
+    </message>
+    <message>
+        <source>There are no channels</source>
+        <translation>没有声道</translation>
+    </message>
+    <message>
+        <source>There is no sample rate</source>
+        <translation>没有采样率</translation>
+    </message>
+    <message>
+        <source>There is no sound server (%1).</source>
+        <translation>没有声音服务器（%1）。</translation>
+    </message>
+    <message>
+        <source>The sound server has gone (%1).</source>
+        <translation>声音服务器已消失（%1）。</translation>
+    </message>
+    <message>
+        <source>The sound server does not answer.</source>
+        <translation>声音服务器没有响应。</translation>
+    </message>
+    <message>
+        <source>The sound output is not there (%1).</source>
+        <translation>声音输出不存在（%1）。</translation>
+    </message>
+    <message>
+        <source>The sound output has stopped.</source>
+        <translation>声音输出已停止。</translation>
+    </message>
+    <message>
+        <source>The sound output could not be started (%1).</source>
+        <translation>无法启动声音输出（%1）。</translation>
+    </message>
+    <message>
+        <source>The sound output does not take %1 channels at %2 Hz.</source>
+        <translation>声音输出不支持 %2 Hz 的 %1 声道。</translation>
+    </message>
+    <message>
+        <source>no thread can be had</source>
+        <translation>无法获得线程</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>没有那个文件或目录</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>权限不够</translation>
+    </message>
+    <message>
+        <source>Operation not permitted</source>
+        <translation>不允许的操作</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>输入/输出错误</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>设备上没有剩余空间</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>超出磁盘配额</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>只读文件系统</translation>
+    </message>
+    <message>
+        <source>File exists</source>
+        <translation>文件已存在</translation>
+    </message>
+    <message>
+        <source>File too large</source>
+        <translation>文件过大</translation>
+    </message>
+    <message>
+        <source>File name too long</source>
+        <translation>文件名过长</translation>
+    </message>
+    <message>
+        <source>Is a directory</source>
+        <translation>是一个目录</translation>
+    </message>
+    <message>
+        <source>Not a directory</source>
+        <translation>不是目录</translation>
+    </message>
+    <message>
+        <source>Invalid argument</source>
+        <translation>无效的参数</translation>
+    </message>
+    <message>
+        <source>No such device</source>
+        <translation>没有那个设备</translation>
+    </message>
+    <message>
+        <source>Stale file handle</source>
+        <translation>过期的文件句柄</translation>
+    </message>
+    <message>
+        <source>Too many open files</source>
+        <translation>打开的文件过多</translation>
+    </message>
+    <message>
+        <source>Connection refused</source>
+        <translation>连接被拒绝</translation>
+    </message>
+    <message>
+        <source>Connection terminated</source>
+        <translation>连接已终止</translation>
+    </message>
+    <message>
+        <source>Sample bytes have been written already</source>
+        <translation>采样数据已经写入</translation>
+    </message>
+    <message>
+        <source>The file was dropped before it was saved</source>
+        <translation>文件在保存前已被丢弃</translation>
+    </message>
+    <message>
+        <source>The file has been saved already</source>
+        <translation>文件已经保存</translation>
+    </message>
+    <message>
+        <source>The file was written for another place</source>
+        <translation>文件是为另一位置写入的</translation>
+    </message>
+    <message>
+        <source>There are too many channels, or too many frames a second.</source>
+        <translation>声道过多，或每秒采样过多。</translation>
+    </message>
+    <message>
+        <source>There is no ALSA sequencer here (%1).</source>
+        <translation>此处没有 ALSA 音序器（%1）。</translation>
+    </message>
+    <message>
+        <source>No permission to use the ALSA sequencer (%1).</source>
+        <translation>没有使用 ALSA 音序器的权限（%1）。</translation>
+    </message>
+    <message>
+        <source>The ALSA sequencer cannot be used (%1: %2).</source>
+        <translation>无法使用 ALSA 音序器（%1：%2）。</translation>
+    </message>
+    <message>
+        <source>The ALSA sequencer has gone (%1).</source>
+        <translation>ALSA 音序器已消失（%1）。</translation>
+    </message>
+    <message>
+        <source>This kernel or alsa-lib has no Universal MIDI Packets, which were asked for.</source>
+        <translation>此内核或 alsa-lib 没有所要求的 Universal MIDI Packets。</translation>
+    </message>
+</context>
+<context>
+    <name>RecorderSettings</name>
+    <message>
+        <source>Alkaline</source>
+        <translation>碱性</translation>
+    </message>
+    <message>
+        <source>Ni-MH</source>
+        <translation>镍氢</translation>
+    </message>
+    <message>
+        <source>Lithium</source>
+        <translation>锂</translation>
+    </message>
+    <message>
+        <source>Li-ion</source>
+        <translation>锂离子</translation>
+    </message>
+    <message>
+        <source>10 minutes</source>
+        <translation>10 分钟</translation>
+    </message>
+    <message>
+        <source>30 minutes</source>
+        <translation>30 分钟</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1 小时</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>关</translation>
+    </message>
+</context>
+<context>
+    <name>SavePanel</name>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Folders and recordings</source>
+        <translation>文件夹和录音</translation>
+    </message>
+    <message>
+        <source>Saving checkboard...</source>
+        <translation>保存导出</translation>
+    </message>
+    <message>
+        <source>Please select a path where to save decoded wav.</source>
+        <translation>请选择解码后 WAV 文件的保存位置。</translation>
+    </message>
+    <message>
+        <source>Create new folder</source>
+        <translation>新建文件夹</translation>
+    </message>
+    <message>
+        <source>The name is too long.</source>
+        <translation>名称过长。</translation>
+    </message>
+    <message>
+        <source>“%1” exists. Replace it?</source>
+        <translation>“%1”已存在。要替换吗？</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>替换</translation>
+    </message>
+    <message>
+        <source>New folder</source>
+        <translation>新建文件夹</translation>
+    </message>
+    <message>
+        <source>Name of the new folder:</source>
+        <translation>新文件夹的名称：</translation>
+    </message>
+    <message>
+        <source>Making “%1”…</source>
+        <translation>正在创建“%1”…</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be made: %2</source>
+        <translation>无法创建“%1”：%2</translation>
+    </message>
+</context>
+<context>
+    <name>Slider</name>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+</context>
+<context>
+    <name>SoundPane</name>
+    <message>
+        <source>A double click turns to %1°, the plain sum and difference</source>
+        <translation>双击可转到 %1°，即单纯的和与差</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>静音</translation>
+    </message>
+    <message>
+        <source>Unmute</source>
+        <translation>取消静音</translation>
+    </message>
+    <message>
+        <source>%1°</source>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>Type the stereo width</source>
+        <translation>键入立体声宽度</translation>
+    </message>
+    <message>
+        <source>Type the gain</source>
+        <translation>键入增益</translation>
+    </message>
+</context>
+<context>
+    <name>StageView</name>
+    <message>
+        <source>Stereo width</source>
+        <translation>立体声宽度</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>声像</translation>
+    </message>
+    <message>
+        <source>Gain scale</source>
+        <translation>增益刻度</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>增益</translation>
+    </message>
+    <message>
+        <source>Level scale</source>
+        <translation>电平刻度</translation>
+    </message>
+    <message>
+        <source>Level left</source>
+        <translation>左电平</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <comment>left channel</comment>
+        <translation>左</translation>
+    </message>
+    <message>
+        <source>Level right</source>
+        <translation>右电平</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <comment>right channel</comment>
+        <translation>右</translation>
+    </message>
+    <message>
+        <source>Peak left</source>
+        <translation>左峰值</translation>
+    </message>
+    <message>
+        <source>Clip left</source>
+        <translation>左削波</translation>
+    </message>
+    <message>
+        <source>Peak right</source>
+        <translation>右峰值</translation>
+    </message>
+    <message>
+        <source>Clip right</source>
+        <translation>右削波</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>电平</translation>
+    </message>
+    <message>
+        <source>peak hold</source>
+        <translation>峰值保持</translation>
+    </message>
+</context>
+<context>
+    <name>StereoScope</name>
+    <message>
+        <source>Stereo scope</source>
+        <translation>立体声示波器</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <comment>left channel</comment>
+        <translation>左</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <comment>right channel</comment>
+        <translation>右</translation>
+    </message>
+    <message>
+        <source>M</source>
+        <comment>mid</comment>
+        <translation>M</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <comment>side</comment>
+        <translation>S</translation>
+    </message>
+</context>
+<context>
+    <name>TakeMessages</name>
+    <message>
+        <source>%1 is being opened… (Esc gives up)</source>
+        <translation>正在打开 %1…（按 Esc 放弃）</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>File not supported.</source>
+        <translation>不支持的文件。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2. Open it again once it is back.</source>
+        <translation>无法读取 %1：%2。待其恢复后请重新打开。</translation>
+    </message>
+    <message>
+        <source>Paused: %1 Press Play to try again.</source>
+        <translation>已暂停：%1 按播放重试。</translation>
+    </message>
+</context>
+<context>
+    <name>TimeLeft</name>
+    <message>
+        <source>About %1 s left</source>
+        <translation>大约还剩 %1 秒</translation>
+    </message>
+    <message>
+        <source>About %1 min left</source>
+        <translation>大约还剩 %1 分钟</translation>
+    </message>
+</context>
+<context>
+    <name>TransportPane</name>
+    <message>
+        <source>Raw M/S</source>
+        <translation>原始 M/S</translation>
+    </message>
+    <message>
+        <source>Stereo</source>
+        <translation>立体声</translation>
+    </message>
+    <message>
+        <source>%1-bit float</source>
+        <translation>%1 位浮点</translation>
+    </message>
+    <message>
+        <source>%1-bit</source>
+        <translation>%1 位</translation>
+    </message>
+    <message>
+        <source>%1 kHz</source>
+        <translation>%1 kHz</translation>
+    </message>
+    <message>
+        <source>Double-click a recording to play it</source>
+        <translation>双击录音即可播放</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>暂停</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>播放</translation>
+    </message>
+</context>
+<context>
+    <name>ValueField</name>
+    <message>
+        <source>Click to type a value</source>
+        <translation>单击以键入数值</translation>
+    </message>
+</context>
+<context>
+    <name>WaveformViewer</name>
+    <message>
+        <source>Waveform</source>
+        <translation>波形</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <comment>left channel</comment>
+        <translation>左</translation>
+    </message>
+    <message>
+        <source>R</source>
+        <comment>right channel</comment>
+        <translation>右</translation>
+    </message>
+</context>
+<context>
+    <name>WindowCommands</name>
+    <message>
+        <source>No browser could be opened. Help is at %1</source>
+        <translation>无法打开浏览器。帮助位于 %1</translation>
+    </message>
+    <message>
+        <source>Solo is for listening: Left and Right are exported.</source>
+        <translation>独听仅用于监听：导出的是左右声道。</translation>
+    </message>
+    <message>
+        <source>An export is still running. Ending now cancels it.</source>
+        <translation>导出仍在进行。现在退出会取消导出。</translation>
+    </message>
+    <message>
+        <source>Keep exporting</source>
+        <translation>继续导出</translation>
+    </message>
+    <message>
+        <source>Cancel export and quit</source>
+        <translation>取消导出并退出</translation>
+    </message>
+</context>
+<context>
+    <name>WindowMenu</name>
+    <message>
+        <source>&amp;Open folder…</source>
+        <translation>打开文件夹(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>导出(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>&amp;Clear peaks</source>
+        <translation>清除峰值(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Meters by the recorder&apos;s rule</source>
+        <translation>按录音机规则显示电平表(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Keys and pointer</source>
+        <translation>按键和指针(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Introduction</source>
+        <translation>简介(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Online &amp;help</source>
+        <translation>在线帮助(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>关于(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>退出(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>&amp;Playing</source>
+        <translation>播放(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Play or pause</source>
+        <translation>播放或暂停(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Back 1 s</source>
+        <translation>后退 1 秒(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Forward 1 s</source>
+        <translation>前进 1 秒(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Back 10 s</source>
+        <translation>后退 10 秒</translation>
+    </message>
+    <message>
+        <source>Forward 10 s</source>
+        <translation>前进 10 秒</translation>
+    </message>
+    <message>
+        <source>To the be&amp;ginning</source>
+        <translation>到开头(&amp;G)</translation>
+    </message>
+    <message>
+        <source>To the &amp;end</source>
+        <translation>到结尾(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Louder by 1 dB</source>
+        <translation>增大 1 dB(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Softer by 1 dB</source>
+        <translation>减小 1 dB(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Wider by 5°</source>
+        <translation>加宽 5°(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Narrower by 5°</source>
+        <translation>收窄 5°(&amp;N)</translation>
+    </message>
+    <message>
+        <source>L&amp;oop: A, B, clear</source>
+        <translation>循环：A、B、清除(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Solo &amp;Mid</source>
+        <translation>独听中间(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Solo S&amp;ide</source>
+        <translation>独听侧边(&amp;I)</translation>
+    </message>
+</context>
+</TS>
