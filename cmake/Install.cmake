@@ -49,3 +49,10 @@ install(FILES "${resources}/artwork/mixdeck.svg"
         DESTINATION "${data}/icons/hicolor/scalable/apps" COMPONENT mixdeck)
 install(FILES "${resources}/mixdeck-symbolic.svg"
         DESTINATION "${data}/icons/hicolor/symbolic/apps" COMPONENT mixdeck)
+
+# A service names its program in full, and the prefix is only known when it is installed.
+set(service "${PROJECT_BINARY_DIR}/example.mixdeck.mixdeck.service")
+install(CODE "set(CMAKE_INSTALL_BINDIR \"${CMAKE_INSTALL_BINDIR}\")
+              configure_file(\"${resources}/example.mixdeck.mixdeck.service.in\" \"${service}\" @ONLY)"
+        COMPONENT mixdeck)
+install(FILES "${service}" DESTINATION "${data}/dbus-1/services" COMPONENT mixdeck)

@@ -4,27 +4,51 @@
 #include "app/DesktopPresence.h"
 
 #include <QApplication>
+#include <filesystem>
+#include <vector>
 
 #include "controls/Appearance.h"
+#include "desktop/FileAddress.h"
 
-DesktopPresence::DesktopPresence(WindowController& window)
-    : _mpris(window.viewController().remote()) {
-  QObject::connect(&window, &WindowController::appeared, &_bus, &BusLink::begin);
-  QObject::connect(&_bus, &BusLink::connected, &_mpris, &MprisService::appear);
-  QObject::connect(&_bus, &BusLink::connected, &_motion, &MotionSetting::ask);
+DesktopPresence::DesktopPresence(WindowController& window, BusLink& link, OneWindow& one)
+    : _link(link), _mpris(window.viewController().remote()) {
+  QObject::connect(&window, &WindowController::appeared, &_mpris, [this] { begin(); });
   QObject::connect(&_motion, &MotionSetting::told, &window,
                    [&window](bool isReduced) { window.viewController().reduceMotion(isReduced); });
-  QObject::connect(&_bus, &BusLink::connected, &_files, &FileManager::use);
   QObject::connect(&window.viewController(), &ViewController::showFilesRequested, &_files,
                    &FileManager::show);
   followLook();
-  QObject::connect(&_mpris, &MprisService::raiseRequested, &window, &WindowController::raise);
+  QObject::connect(&_mpris, &MprisService::raiseRequested, &window, [&window] { window.raise(); });
   QObject::connect(&_mpris, &MprisService::quitRequested, &window.window(), &QWidget::close);
+  one.serve([&window](const OneWindow::Wish& wish) { fulfil(wish, window); });
+}
+
+// A start that is for itself alone has not looked for the bus yet.
+void DesktopPresence::begin() {
+  if (_link.bus()) return appear(*_link.bus());
+  QObject::connect(&_link, &BusLink::connected, &_mpris,
+                   [this](const QDBusConnection& bus) { appear(bus); });
+  _link.begin();
+}
+
+void DesktopPresence::appear(const QDBusConnection& bus) {
+  _mpris.appear(bus);
+  _motion.ask(bus);
+  _files.use(bus);
+  _look.ask(bus);
+}
+
+void DesktopPresence::fulfil(const OneWindow::Wish& wish, WindowController& window) {
+  window.raise(wish.token);
+  std::vector<std::filesystem::path> files;
+  for (const QString& address : wish.addresses) {
+    if (const auto file = FileAddress::pathOf(address)) files.push_back(*file);
+  }
+  if (!files.empty()) window.viewController().open(files);
 }
 
 // An X server's settings hold a scale for text too, by which the toolkit enlarges all.
 void DesktopPresence::followLook() {
-  QObject::connect(&_bus, &BusLink::connected, &_look, &LookSetting::ask);
   QObject::connect(&_look, &LookSetting::contrastRaised, qApp,
                    [](bool isHigh) { Appearance::setHighContrast(*qApp, isHigh); });
   if (QGuiApplication::platformName() == QLatin1String("xcb")) return;

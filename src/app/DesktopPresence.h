@@ -8,18 +8,22 @@
 #include "desktop/LookSetting.h"
 #include "desktop/MotionSetting.h"
 #include "desktop/MprisService.h"
+#include "desktop/OneWindow.h"
 
 /// The window as the desktop knows it, and as the desktop wants it: on the session bus from when it
 /// has appeared, where there is a bus. Interface thread.
 class DesktopPresence {
  public:
-  /// The window outlives it.
-  explicit DesktopPresence(WindowController& window);
+  /// All of them outlive it.
+  DesktopPresence(WindowController& window, BusLink& link, OneWindow& one);
 
  private:
   void followLook();
+  void begin();
+  void appear(const QDBusConnection& bus);
+  static void fulfil(const OneWindow::Wish& wish, WindowController& window);
 
-  BusLink _bus;
+  BusLink& _link;
   MprisService _mpris;
   MotionSetting _motion;
   FileManager _files;

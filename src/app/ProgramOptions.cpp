@@ -10,9 +10,20 @@
 
 #include "base/Version.h"
 #include "controls/Language.h"
+#include "desktop/FileAddress.h"
 #include "manual/ProgramWords.h"
 
 namespace {
+
+// Desktops hand addresses over. Changed into a path; what is wrong with it, or nothing.
+std::string problemOf(std::string& start) {
+  if (start.starts_with("file:")) {
+    const auto file = FileAddress::pathOf(QString::fromStdString(start));
+    if (!file) return "Not a file on this machine: " + start;
+    start = file->native();
+  }
+  return CLI::ExistingPath(start);
+}
 
 std::vector<std::string> languages() {
   std::vector<std::string> tags;
@@ -25,12 +36,14 @@ std::vector<std::string> languages() {
 ProgramOptions ProgramOptions::parse(int argc, const char* const* argv) {
   constexpr int kUsage = 2;
   ProgramOptions options;
-  std::string start;
+  std::vector<std::string> starts;
   CLI::App program("Browses, plays and exports the recordings of the TARN J4.", "mixdeck");
   program.set_version_flag("--version", std::string("mixdeck ") + kFullVersion);
-  program.add_option("FOLDER|FILE", start, "Folder to show, or recording to show and play")
+  program
+      .add_option("FOLDER|FILE", starts,
+                  "Folder to show, or recording to show and play; of several the first")
       ->type_name("")
-      ->check(CLI::ExistingPath);
+      ->transform(CLI::Validator(problemOf, ""));
   program.add_flag("--simulate-recorder", options.simulatesRecorder,
                    "Behave as if a recorder were connected");
   program
@@ -47,7 +60,7 @@ ProgramOptions ProgramOptions::parse(int argc, const char* const* argv) {
   }
   try {
     program.parse(argc, argv);
-    options.start = start;
+    options.starts.assign(starts.begin(), starts.end());
   } catch (const CLI::ParseError& error) {
     options.status = program.exit(error) == 0 ? 0 : kUsage;
   }

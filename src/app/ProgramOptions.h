@@ -5,14 +5,18 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 /// What the command line asks for.
 struct ProgramOptions {
-  std::filesystem::path start;  ///< a folder or a recording; empty: neither
+  std::vector<std::filesystem::path> starts;  ///< folders and recordings, may be none
   bool simulatesRecorder = false;
   bool showsLog = false;
   std::string language;       ///< one of `Language::all`; empty: the desktop's
   std::optional<int> status;  ///< set when the program is already done, with this exit status
+
+  /// Whether this start says something of the program itself, which one that runs cannot take up.
+  [[nodiscard]] bool isForItself() const { return simulatesRecorder || showsLog; }
 
   /// Prints help, version and complaints.
   static ProgramOptions parse(int argc, const char* const* argv);

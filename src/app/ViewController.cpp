@@ -79,7 +79,14 @@ void ViewController::initMIDI() {
   manager.scanTarnDevice();
 }
 
+void ViewController::open(const std::vector<std::filesystem::path>& files) {
+  if (files.empty()) return;
+  if (!_hasAppeared) return setStart(files.front());
+  _panes.browser.begin(files.front());
+}
+
 void ViewController::viewDidAppear() {
+  _hasAppeared = true;
   _panes.browser.begin(std::exchange(_start, {}));
   _panes.commands.introduce();
 }

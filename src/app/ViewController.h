@@ -33,6 +33,8 @@ class ViewController : public QObject, public MIDIManagerDelegate {
   void viewDidAppear();
   /// A folder to begin with, or a recording to begin with in its folder.
   void setStart(std::filesystem::path path) { _start = std::move(path); }
+  /// Opens the first of these, a folder or a recording. Others in its folder stand in the list.
+  void open(const std::vector<std::filesystem::path>& files);
   bool mayEnd() { return _panes.commands.mayEnd(); }
   void notify(const Notification& event);
 
@@ -119,5 +121,6 @@ class ViewController : public QObject, public MIDIManagerDelegate {
   MainView& _view;
   WindowPanes _panes;
   std::filesystem::path _start;
+  bool _hasAppeared = false;
   std::optional<WavItem> _waiting;  ///< chosen behind the introduction
 };

@@ -47,7 +47,9 @@ void WindowController::show() {
   _view.show();
 }
 
-void WindowController::raise() {
+void WindowController::raise(const QString& token) {
+  // Where the toolkit looks for it.
+  if (!token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
   if (_view.isMinimized()) _view.showNormal();
   _view.raise();
   _view.activateWindow();

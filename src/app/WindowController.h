@@ -22,8 +22,8 @@ class WindowController : public QObject {
   /// Gives the window its ground and its frame. No frame is kept from one start to the next.
   void windowDidLoad();
   void show();
-  /// In front of other windows, as far as the desktop allows it.
-  void raise();
+  /// In front of other windows, as far as the desktop allows it; a token is its leave.
+  void raise(const QString& token = {});
 
   [[nodiscard]] MainView& window() { return _view; }
   [[nodiscard]] ViewController& viewController() { return *_viewController; }

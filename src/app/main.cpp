@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 #include <QApplication>
+#include <filesystem>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "app/AppDelegate.h"
 #include "app/DesktopPresence.h"
@@ -14,25 +16,43 @@
 #include "app/WindowController.h"
 #include "controls/Appearance.h"
 #include "controls/Language.h"
+#include "desktop/BusLink.h"
+#include "desktop/FileAddress.h"
+#include "desktop/OneWindow.h"
 #include "playback/system/SystemBackends.h"
 
 namespace {
+
+// The desktop's leave for this start to come to the front; the toolkit takes it away.
+QString startToken() {
+  const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+  return token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token;
+}
+
+QStringList addressesOf(const std::vector<std::filesystem::path>& files) {
+  QStringList addresses;
+  for (const auto& file : files) addresses << FileAddress::of(std::filesystem::absolute(file));
+  return addresses;
+}
 
 std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
   const DisplayGuard guard;
   return std::make_unique<QApplication>(argc, argv);
 }
 
-int run(QApplication& application, const ProgramOptions& options) {
+int run(QApplication& application, const ProgramOptions& options, const QString& token) {
+  BusLink bus;
+  OneWindow one(bus);
+  if (!options.isForItself() && one.isHandedOver({addressesOf(options.starts), token})) return 0;
   Language::use(QString::fromStdString(options.language));
   Appearance::apply(application);
   SystemBackends::choose();
   const AppDelegate delegate(application);
   DeviceLink link(options.simulatesRecorder);
   WindowController window;
-  window.viewController().setStart(options.start);
+  window.viewController().open(options.starts);
   link.attach(window.window());
-  const DesktopPresence presence(window);
+  const DesktopPresence presence(window, bus, one);
   window.show();
   return QApplication::exec();
 }
@@ -43,8 +63,9 @@ int main(int argc, char** argv) {
   const ProgramOptions options = ProgramOptions::parse(argc, argv);
   if (options.status) return *options.status;
   const ProgramLog log(options.showsLog);
+  const QString token = startToken();
   const auto application = makeApplication(argc, argv);
   QApplication::setApplicationName(QStringLiteral("mixdeck"));
   QGuiApplication::setDesktopFileName(QStringLiteral("example.mixdeck.mixdeck"));
-  return run(*application, options);
+  return run(*application, options, token);
 }

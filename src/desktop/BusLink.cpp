@@ -14,22 +14,21 @@ const QString& connectionName() {
   return kName;
 }
 
-// Without an address the library would start a bus of its own.
-bool isNamed() {
-  return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS");
-}
-
 }  // namespace
 
-void BusLink::begin() {
-  if (!isNamed()) return;
-  _errand.begin([this] {
-    const bool isThere =
-        QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName()).isConnected();
-    return [this, isThere] {
-      if (isThere) emit connected(QDBusConnection(connectionName()));
-    };
+bool BusLink::begin() {
+  if (_errand.isUnderWay()) return true;
+  const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+  // Without an address the library would start a bus of its own.
+  return !address.isEmpty() && _errand.begin([this, address] {
+    const bool isThere = QDBusConnection::connectToBus(address, connectionName()).isConnected();
+    return [this, isThere] { show(isThere); };
   });
+}
+
+void BusLink::show(bool isThere) {
+  if (!isThere) return void(emit absent());
+  emit connected(_bus.emplace(connectionName()));
 }
 
 void BusLink::requestName(const QDBusConnection& bus, const QString& name, QObject* context,

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QString>
 #include <functional>
+#include <optional>
 
 #include "base/Errand.h"
 
@@ -17,8 +18,10 @@ class BusLink : public QObject {
  public:
   using QObject::QObject;
 
-  /// Begins to look for the bus, where the environment names one.
-  void begin();
+  /// Begins to look for the bus, where the environment names one; whether that is under way.
+  bool begin();
+  /// The bus, once it is connected.
+  [[nodiscard]] const std::optional<QDBusConnection>& bus() const { return _bus; }
   /// Wants a name on the bus and tells `done`, from the event loop, whether it is ours now. Not
   /// where the bus does not answer, nor once `context` has gone.
   static void requestName(const QDBusConnection& bus, const QString& name, QObject* context,
@@ -26,7 +29,12 @@ class BusLink : public QObject {
 
  signals:
   void connected(const QDBusConnection& bus);
+  /// Nobody answers there.
+  void absent();
 
  private:
+  void show(bool isThere);
+
   Errand _errand;
+  std::optional<QDBusConnection> _bus;
 };

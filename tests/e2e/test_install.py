@@ -4,6 +4,7 @@
 
 import os
 import re
+import shlex
 import subprocess
 import unittest
 from pathlib import Path
@@ -15,6 +16,7 @@ BUILD = os.environ["MIXDECK_BUILD"]
 ID = "example.mixdeck.mixdeck"
 WINDOW_AND_TOOL = {"bin/mixdeck", "bin/mixdeck-cli", "libexec/mixdeck/mixdeck-plot-png", "libexec/mixdeck/mixdeck-cli-live",
                    f"share/applications/{ID}.desktop", f"share/metainfo/{ID}.metainfo.xml",
+                   f"share/dbus-1/services/{ID}.service",
                    "share/icons/hicolor/scalable/apps/mixdeck.svg",
                    "share/icons/hicolor/symbolic/apps/mixdeck-symbolic.svg"}
 
@@ -68,6 +70,14 @@ class InstallTest(Case):
             root = ElementTree.parse(prefix / "share/icons/hicolor" / icon).getroot()
             self.assertEqual(root.tag, "{http://www.w3.org/2000/svg}svg")
         self.run_checked("appstreamcli", "validate-tree", "--no-net", prefix)
+
+    def test_the_bus_starts_it_where_it_is(self):
+        for name in ("prefix", "a prefix"):
+            prefix = self.install(name)
+            service = (prefix / f"share/dbus-1/services/{ID}.service").read_text()
+            lines = dict(line.split("=", 1) for line in service.splitlines() if "=" in line)
+            self.assertEqual(lines["Name"], ID)
+            self.assertEqual(shlex.split(lines["Exec"]), [str(prefix / "bin/mixdeck")])
 
     def test_it_takes_no_kind_of_file_over(self):
         prefix = self.install()
