@@ -21,6 +21,14 @@ MIT-Lizenz</translation>
         <source>About</source>
         <translation>Über</translation>
     </message>
+    <message>
+        <source>Copy details</source>
+        <translation>Angaben kopieren</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
 </context>
 <context>
     <name>Alert</name>
@@ -355,6 +363,10 @@ MIT-Lizenz</translation>
         <source>Export</source>
         <translation>Exportieren</translation>
     </message>
+    <message>
+        <source>The take cannot be read, so its loudness is not known.</source>
+        <translation>Der Take ist nicht lesbar, daher ist seine Lautheit nicht bekannt.</translation>
+    </message>
 </context>
 <context>
     <name>FieldView</name>
@@ -407,6 +419,10 @@ MIT-Lizenz</translation>
     <message>
         <source>Recording</source>
         <translation>Aufnahme</translation>
+    </message>
+    <message>
+        <source>exported</source>
+        <translation>exportiert</translation>
     </message>
 </context>
 <context>
@@ -1044,6 +1060,21 @@ MIT-Lizenz</translation>
     </message>
 </context>
 <context>
+    <name>RowReader</name>
+    <message>
+        <source>width %1°</source>
+        <translation>Breite %1°</translation>
+    </message>
+    <message>
+        <source>gain %1 dB</source>
+        <translation>Verstärkung %1 dB</translation>
+    </message>
+    <message>
+        <source>Exported as %1: %2</source>
+        <translation>Exportiert als %1: %2</translation>
+    </message>
+</context>
+<context>
     <name>SavePanel</name>
     <message>
         <source>Save</source>
@@ -1194,6 +1225,13 @@ MIT-Lizenz</translation>
     </message>
 </context>
 <context>
+    <name>StayAwake</name>
+    <message>
+        <source>Recordings are being exported</source>
+        <translation>Aufnahmen werden exportiert</translation>
+    </message>
+</context>
+<context>
     <name>StereoScope</name>
     <message>
         <source>Stereo scope</source>
@@ -1241,6 +1279,21 @@ MIT-Lizenz</translation>
     <message>
         <source>Paused: %1 Press Play to try again.</source>
         <translation>Angehalten: %1 Mit Wiedergabe erneut versuchen.</translation>
+    </message>
+</context>
+<context>
+    <name>TakeRecall</name>
+    <message>
+        <source>What was remembered of takes was damaged. It was set aside as “%1”, and a new one begun.</source>
+        <translation>Was von Takes gemerkt war, war beschädigt. Es wurde als „%1“ beiseitegelegt und neu begonnen.</translation>
+    </message>
+    <message>
+        <source>What is remembered of takes is of a newer version of the program. It is left alone, and nothing is remembered.</source>
+        <translation>Was von Takes gemerkt ist, stammt von einer neueren Version des Programms. Es bleibt unberührt, und es wird nichts gemerkt.</translation>
+    </message>
+    <message>
+        <source>What takes were heard with cannot be remembered.</source>
+        <translation>Womit Takes gehört wurden, lässt sich nicht merken.</translation>
     </message>
 </context>
 <context>
@@ -1433,6 +1486,26 @@ MIT-Lizenz</translation>
     <message>
         <source>Solo S&amp;ide</source>
         <translation>Solo Sei&amp;te</translation>
+    </message>
+    <message>
+        <source>&amp;Remember width, gain and loop</source>
+        <translation>Breite, Verstärkung und Schleife &amp;merken</translation>
+    </message>
+    <message>
+        <source>Order of the &amp;list</source>
+        <translation>Reihenfolge der &amp;Liste</translation>
+    </message>
+    <message>
+        <source>By &amp;name</source>
+        <translation>Nach &amp;Name</translation>
+    </message>
+    <message>
+        <source>By &amp;recording time</source>
+        <translation>Nach Aufnahme&amp;zeit</translation>
+    </message>
+    <message>
+        <source>By &amp;duration</source>
+        <translation>Nach &amp;Dauer</translation>
     </message>
 </context>
 </TS>

@@ -21,6 +21,14 @@ Licencia MIT</translation>
         <source>About</source>
         <translation>Acerca de</translation>
     </message>
+    <message>
+        <source>Copy details</source>
+        <translation>Copiar los detalles</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copiado</translation>
+    </message>
 </context>
 <context>
     <name>Alert</name>
@@ -355,6 +363,10 @@ Licencia MIT</translation>
         <source>Export</source>
         <translation>Exportar</translation>
     </message>
+    <message>
+        <source>The take cannot be read, so its loudness is not known.</source>
+        <translation>No se puede leer la toma, así que su sonoridad no se conoce.</translation>
+    </message>
 </context>
 <context>
     <name>FieldView</name>
@@ -407,6 +419,10 @@ Licencia MIT</translation>
     <message>
         <source>Recording</source>
         <translation>Grabación</translation>
+    </message>
+    <message>
+        <source>exported</source>
+        <translation>exportada</translation>
     </message>
 </context>
 <context>
@@ -1044,6 +1060,21 @@ Licencia MIT</translation>
     </message>
 </context>
 <context>
+    <name>RowReader</name>
+    <message>
+        <source>width %1°</source>
+        <translation>ancho %1°</translation>
+    </message>
+    <message>
+        <source>gain %1 dB</source>
+        <translation>ganancia %1 dB</translation>
+    </message>
+    <message>
+        <source>Exported as %1: %2</source>
+        <translation>Exportada como %1: %2</translation>
+    </message>
+</context>
+<context>
     <name>SavePanel</name>
     <message>
         <source>Save</source>
@@ -1194,6 +1225,13 @@ Licencia MIT</translation>
     </message>
 </context>
 <context>
+    <name>StayAwake</name>
+    <message>
+        <source>Recordings are being exported</source>
+        <translation>Se están exportando grabaciones</translation>
+    </message>
+</context>
+<context>
     <name>StereoScope</name>
     <message>
         <source>Stereo scope</source>
@@ -1241,6 +1279,21 @@ Licencia MIT</translation>
     <message>
         <source>Paused: %1 Press Play to try again.</source>
         <translation>En pausa: %1 Pulse Reproducir para reintentar.</translation>
+    </message>
+</context>
+<context>
+    <name>TakeRecall</name>
+    <message>
+        <source>What was remembered of takes was damaged. It was set aside as “%1”, and a new one begun.</source>
+        <translation>Lo recordado de las tomas estaba dañado. Se apartó como «%1» y se empezó de nuevo.</translation>
+    </message>
+    <message>
+        <source>What is remembered of takes is of a newer version of the program. It is left alone, and nothing is remembered.</source>
+        <translation>Lo recordado de las tomas es de una versión más reciente del programa. Se deja intacto y no se recuerda nada.</translation>
+    </message>
+    <message>
+        <source>What takes were heard with cannot be remembered.</source>
+        <translation>No se puede recordar con qué se escucharon las tomas.</translation>
     </message>
 </context>
 <context>
@@ -1433,6 +1486,26 @@ Licencia MIT</translation>
     <message>
         <source>Solo S&amp;ide</source>
         <translation>Solo S&amp;ide</translation>
+    </message>
+    <message>
+        <source>&amp;Remember width, gain and loop</source>
+        <translation>Rec&amp;ordar ancho, ganancia y bucle</translation>
+    </message>
+    <message>
+        <source>Order of the &amp;list</source>
+        <translation>Or&amp;den de la lista</translation>
+    </message>
+    <message>
+        <source>By &amp;name</source>
+        <translation>Por &amp;nombre</translation>
+    </message>
+    <message>
+        <source>By &amp;recording time</source>
+        <translation>Por &amp;hora de grabación</translation>
+    </message>
+    <message>
+        <source>By &amp;duration</source>
+        <translation>Por &amp;duración</translation>
     </message>
 </context>
 </TS>

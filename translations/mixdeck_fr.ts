@@ -21,6 +21,14 @@ Licence MIT</translation>
         <source>About</source>
         <translation>À propos</translation>
     </message>
+    <message>
+        <source>Copy details</source>
+        <translation>Copier les détails</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copié</translation>
+    </message>
 </context>
 <context>
     <name>Alert</name>
@@ -355,6 +363,10 @@ Licence MIT</translation>
         <source>Export</source>
         <translation>Exporter</translation>
     </message>
+    <message>
+        <source>The take cannot be read, so its loudness is not known.</source>
+        <translation>La prise ne peut pas être lue, sa sonie est donc inconnue.</translation>
+    </message>
 </context>
 <context>
     <name>FieldView</name>
@@ -407,6 +419,10 @@ Licence MIT</translation>
     <message>
         <source>Recording</source>
         <translation>Enregistrement</translation>
+    </message>
+    <message>
+        <source>exported</source>
+        <translation>exporté</translation>
     </message>
 </context>
 <context>
@@ -1044,6 +1060,21 @@ Licence MIT</translation>
     </message>
 </context>
 <context>
+    <name>RowReader</name>
+    <message>
+        <source>width %1°</source>
+        <translation>largeur %1°</translation>
+    </message>
+    <message>
+        <source>gain %1 dB</source>
+        <translation>gain %1 dB</translation>
+    </message>
+    <message>
+        <source>Exported as %1: %2</source>
+        <translation>Exporté sous %1&#xa0;: %2</translation>
+    </message>
+</context>
+<context>
     <name>SavePanel</name>
     <message>
         <source>Save</source>
@@ -1194,6 +1225,13 @@ Licence MIT</translation>
     </message>
 </context>
 <context>
+    <name>StayAwake</name>
+    <message>
+        <source>Recordings are being exported</source>
+        <translation>Des enregistrements sont en cours d’exportation</translation>
+    </message>
+</context>
+<context>
     <name>StereoScope</name>
     <message>
         <source>Stereo scope</source>
@@ -1241,6 +1279,21 @@ Licence MIT</translation>
     <message>
         <source>Paused: %1 Press Play to try again.</source>
         <translation>En pause&#xa0;: %1 Appuyez sur Lecture pour réessayer.</translation>
+    </message>
+</context>
+<context>
+    <name>TakeRecall</name>
+    <message>
+        <source>What was remembered of takes was damaged. It was set aside as “%1”, and a new one begun.</source>
+        <translation>Ce qui était retenu des prises était endommagé. C’est mis de côté sous «&#xa0;%1&#xa0;» et recommencé.</translation>
+    </message>
+    <message>
+        <source>What is remembered of takes is of a newer version of the program. It is left alone, and nothing is remembered.</source>
+        <translation>Ce qui est retenu des prises vient d’une version plus récente du programme. C’est laissé tel quel, et rien n’est retenu.</translation>
+    </message>
+    <message>
+        <source>What takes were heard with cannot be remembered.</source>
+        <translation>Les réglages d’écoute des prises ne peuvent pas être retenus.</translation>
     </message>
 </context>
 <context>
@@ -1433,6 +1486,26 @@ Licence MIT</translation>
     <message>
         <source>Solo S&amp;ide</source>
         <translation>Solo &amp;Side</translation>
+    </message>
+    <message>
+        <source>&amp;Remember width, gain and loop</source>
+        <translation>&amp;Retenir largeur, gain et boucle</translation>
+    </message>
+    <message>
+        <source>Order of the &amp;list</source>
+        <translation>Ordre de la lis&amp;te</translation>
+    </message>
+    <message>
+        <source>By &amp;name</source>
+        <translation>Par &amp;nom</translation>
+    </message>
+    <message>
+        <source>By &amp;recording time</source>
+        <translation>Par &amp;heure d’enregistrement</translation>
+    </message>
+    <message>
+        <source>By &amp;duration</source>
+        <translation>Par &amp;durée</translation>
     </message>
 </context>
 </TS>

@@ -21,6 +21,14 @@ MIT ライセンス</translation>
         <source>About</source>
         <translation>このアプリについて</translation>
     </message>
+    <message>
+        <source>Copy details</source>
+        <translation>詳細をコピー</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>コピーしました</translation>
+    </message>
 </context>
 <context>
     <name>Alert</name>
@@ -354,6 +362,10 @@ MIT ライセンス</translation>
         <source>Export</source>
         <translation>書き出し</translation>
     </message>
+    <message>
+        <source>The take cannot be read, so its loudness is not known.</source>
+        <translation>テイクを読み込めないため、ラウドネスは不明です。</translation>
+    </message>
 </context>
 <context>
     <name>FieldView</name>
@@ -406,6 +418,10 @@ MIT ライセンス</translation>
     <message>
         <source>Recording</source>
         <translation>録音</translation>
+    </message>
+    <message>
+        <source>exported</source>
+        <translation>書き出し済み</translation>
     </message>
 </context>
 <context>
@@ -1043,6 +1059,21 @@ MIT ライセンス</translation>
     </message>
 </context>
 <context>
+    <name>RowReader</name>
+    <message>
+        <source>width %1°</source>
+        <translation>幅 %1°</translation>
+    </message>
+    <message>
+        <source>gain %1 dB</source>
+        <translation>ゲイン %1 dB</translation>
+    </message>
+    <message>
+        <source>Exported as %1: %2</source>
+        <translation>%1 として書き出し：%2</translation>
+    </message>
+</context>
+<context>
     <name>SavePanel</name>
     <message>
         <source>Save</source>
@@ -1193,6 +1224,13 @@ MIT ライセンス</translation>
     </message>
 </context>
 <context>
+    <name>StayAwake</name>
+    <message>
+        <source>Recordings are being exported</source>
+        <translation>録音を書き出しています</translation>
+    </message>
+</context>
+<context>
     <name>StereoScope</name>
     <message>
         <source>Stereo scope</source>
@@ -1240,6 +1278,21 @@ MIT ライセンス</translation>
     <message>
         <source>Paused: %1 Press Play to try again.</source>
         <translation>一時停止：%1 再生を押すと再試行します。</translation>
+    </message>
+</context>
+<context>
+    <name>TakeRecall</name>
+    <message>
+        <source>What was remembered of takes was damaged. It was set aside as “%1”, and a new one begun.</source>
+        <translation>テイクの記録が壊れていました。「%1」として退避し、新しく始めました。</translation>
+    </message>
+    <message>
+        <source>What is remembered of takes is of a newer version of the program. It is left alone, and nothing is remembered.</source>
+        <translation>テイクの記録はより新しい版のものです。そのまま残し、何も記録しません。</translation>
+    </message>
+    <message>
+        <source>What takes were heard with cannot be remembered.</source>
+        <translation>テイクを聴いた設定を記録できません。</translation>
     </message>
 </context>
 <context>
@@ -1432,6 +1485,26 @@ MIT ライセンス</translation>
     <message>
         <source>Solo S&amp;ide</source>
         <translation>ソロ サイド(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Remember width, gain and loop</source>
+        <translation>幅・ゲイン・ループを記憶(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Order of the &amp;list</source>
+        <translation>リストの並び順(&amp;L)</translation>
+    </message>
+    <message>
+        <source>By &amp;name</source>
+        <translation>名前順(&amp;N)</translation>
+    </message>
+    <message>
+        <source>By &amp;recording time</source>
+        <translation>録音時刻順(&amp;R)</translation>
+    </message>
+    <message>
+        <source>By &amp;duration</source>
+        <translation>長さ順(&amp;D)</translation>
     </message>
 </context>
 </TS>

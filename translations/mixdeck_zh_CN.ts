@@ -21,6 +21,14 @@ MIT 许可证</translation>
         <source>About</source>
         <translation>关于</translation>
     </message>
+    <message>
+        <source>Copy details</source>
+        <translation>复制详细信息</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>已复制</translation>
+    </message>
 </context>
 <context>
     <name>Alert</name>
@@ -354,6 +362,10 @@ MIT 许可证</translation>
         <source>Export</source>
         <translation>导出</translation>
     </message>
+    <message>
+        <source>The take cannot be read, so its loudness is not known.</source>
+        <translation>无法读取录音，因此响度未知。</translation>
+    </message>
 </context>
 <context>
     <name>FieldView</name>
@@ -406,6 +418,10 @@ MIT 许可证</translation>
     <message>
         <source>Recording</source>
         <translation>录音</translation>
+    </message>
+    <message>
+        <source>exported</source>
+        <translation>已导出</translation>
     </message>
 </context>
 <context>
@@ -1043,6 +1059,21 @@ MIT 许可证</translation>
     </message>
 </context>
 <context>
+    <name>RowReader</name>
+    <message>
+        <source>width %1°</source>
+        <translation>宽度 %1°</translation>
+    </message>
+    <message>
+        <source>gain %1 dB</source>
+        <translation>增益 %1 dB</translation>
+    </message>
+    <message>
+        <source>Exported as %1: %2</source>
+        <translation>已导出为 %1：%2</translation>
+    </message>
+</context>
+<context>
     <name>SavePanel</name>
     <message>
         <source>Save</source>
@@ -1193,6 +1224,13 @@ MIT 许可证</translation>
     </message>
 </context>
 <context>
+    <name>StayAwake</name>
+    <message>
+        <source>Recordings are being exported</source>
+        <translation>正在导出录音</translation>
+    </message>
+</context>
+<context>
     <name>StereoScope</name>
     <message>
         <source>Stereo scope</source>
@@ -1240,6 +1278,21 @@ MIT 许可证</translation>
     <message>
         <source>Paused: %1 Press Play to try again.</source>
         <translation>已暂停：%1 按播放重试。</translation>
+    </message>
+</context>
+<context>
+    <name>TakeRecall</name>
+    <message>
+        <source>What was remembered of takes was damaged. It was set aside as “%1”, and a new one begun.</source>
+        <translation>录音的记忆已损坏。已另存为“%1”并重新开始。</translation>
+    </message>
+    <message>
+        <source>What is remembered of takes is of a newer version of the program. It is left alone, and nothing is remembered.</source>
+        <translation>录音的记忆来自更新版本的程序。它保持原样，不再记忆任何内容。</translation>
+    </message>
+    <message>
+        <source>What takes were heard with cannot be remembered.</source>
+        <translation>无法记住录音的监听设置。</translation>
     </message>
 </context>
 <context>
@@ -1432,6 +1485,26 @@ MIT 许可证</translation>
     <message>
         <source>Solo S&amp;ide</source>
         <translation>独听侧边(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Remember width, gain and loop</source>
+        <translation>记住宽度、增益和循环(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Order of the &amp;list</source>
+        <translation>列表顺序(&amp;L)</translation>
+    </message>
+    <message>
+        <source>By &amp;name</source>
+        <translation>按名称(&amp;N)</translation>
+    </message>
+    <message>
+        <source>By &amp;recording time</source>
+        <translation>按录制时间(&amp;R)</translation>
+    </message>
+    <message>
+        <source>By &amp;duration</source>
+        <translation>按时长(&amp;D)</translation>
     </message>
 </context>
 </TS>

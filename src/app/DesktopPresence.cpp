@@ -20,6 +20,7 @@ DesktopPresence::DesktopPresence(WindowController& window, BusLink& link, OneWin
   followLook();
   QObject::connect(&_mpris, &MprisService::raiseRequested, &window, [&window] { window.raise(); });
   QObject::connect(&_mpris, &MprisService::quitRequested, &window.window(), &QWidget::close);
+  keepAwake(window.viewController().exportQueue());
   one.serve([&window](const OneWindow::Wish& wish) { fulfil(wish, window); });
 }
 
@@ -36,6 +37,13 @@ void DesktopPresence::appear(const QDBusConnection& bus) {
   _motion.ask(bus);
   _files.use(bus);
   _look.ask(bus);
+  _awake.begin(bus);
+}
+
+void DesktopPresence::keepAwake(ExportQueue& exports) {
+  const auto look = [this, &exports] { _awake.setBusy(exports.isBusy()); };
+  QObject::connect(&exports, &ExportQueue::began, &_awake, look);
+  QObject::connect(&exports, &ExportQueue::finished, &_awake, look);
 }
 
 void DesktopPresence::fulfil(const OneWindow::Wish& wish, WindowController& window) {

@@ -9,6 +9,7 @@
 #include "desktop/MotionSetting.h"
 #include "desktop/MprisService.h"
 #include "desktop/OneWindow.h"
+#include "desktop/StayAwake.h"
 
 /// The window as the desktop knows it, and as the desktop wants it: on the session bus from when it
 /// has appeared, where there is a bus. Interface thread.
@@ -20,6 +21,7 @@ class DesktopPresence {
  private:
   void followLook();
   void begin();
+  void keepAwake(ExportQueue& exports);
   void appear(const QDBusConnection& bus);
   static void fulfil(const OneWindow::Wish& wish, WindowController& window);
 
@@ -28,4 +30,5 @@ class DesktopPresence {
   MotionSetting _motion;
   FileManager _files;
   LookSetting _look;
+  StayAwake _awake;
 };

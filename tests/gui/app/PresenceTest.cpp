@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+
+#include "WindowFixture.h"
+#include "app/DesktopPresence.h"
+#include "desktop/FileAddress.h"
+#include "support/EnvironmentVariable.h"
+#include "support/InhibitPortal.h"
+#include "support/PrivateBus.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// The window on a session bus of its own, with a portal.
+class Presence : public WindowFixture {
+ protected:
+  ~Presence() override {
+    presence.reset();
+    end();
+  }
+  void appear() {
+    ASSERT_TRUE(portal.appear(*bus.desktop));
+    startOnTakes();
+    ASSERT_FALSE(one.isHandedOver({}, 60s));
+    presence = std::make_unique<DesktopPresence>(*window, link, one);
+    emit window->appeared();
+  }
+  void waitForPortal(std::size_t count) {
+    waitFor([&] { return portal.told.size() >= count; }, "the portal");
+  }
+  void ask(const std::vector<std::filesystem::path>& files) const {
+    QStringList addresses;
+    for (const auto& file : files) addresses << FileAddress::of(file);
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        QLatin1String(OneWindow::kName), QLatin1String(OneWindow::kPath),
+        QStringLiteral("org.freedesktop.Application"), QStringLiteral("Open"));
+    message.setArguments({addresses, QVariantMap()});
+    ASSERT_TRUE(bus.desktop->send(message));
+  }
+
+  PrivateBus bus;
+  EnvironmentVariable named{"DBUS_SESSION_BUS_ADDRESS", bus.address.toStdString()};
+  InhibitPortal portal;
+  BusLink link;
+  OneWindow one{link};
+  std::unique_ptr<DesktopPresence> presence;
+};
+
+TEST_F(Presence, ExportsKeepTheMachineAwakeAndNothingElseDoes) {
+  const auto source = take("R0001.WAV");
+  appear();
+  open("R0001.WAV");
+  play(500);
+  EXPECT_THAT(portal.told, testing::IsEmpty()) << "what plays does not";
+  ExportQueue& exports = controller().exportQueue();
+  exports.add({.source = source, .target = takes.path() / "one.WAV"});
+  exports.add({.source = source, .target = takes.path() / "two.WAV"});
+  waitForPortal(1);
+  waitFor([&] { return !exports.isBusy(); }, "the exports");
+  waitForPortal(2);
+  EXPECT_THAT(portal.told, testing::ElementsAre("Inhibit /org/freedesktop/portal/desktop",
+                                                "Close /org/freedesktop/portal/desktop/request/1"));
+}
+
+TEST_F(Presence, FilesThatOthersHandOverAreOpened) {
+  take("R0001.WAV");
+  const auto inner = folder("a folder");
+  appear();
+  std::filesystem::copy(take("R0002.WAV"), inner / "R0003.WAV");
+  waitForTake([&] { ask({inner / "R0003.WAV", takes.path() / "R0001.WAV"}); });
+  EXPECT_EQ(controller().take().file(), inner / "R0003.WAV");
+  EXPECT_EQ(controller().urlOfFileList(), inner);
+}
+
+TEST_F(Presence, FolderThatOthersHandOverIsShown) {
+  const auto inner = folder("a folder");
+  appear();
+  ask({inner});
+  waitFor([&] { return controller().urlOfFileList() == inner; }, "the folder");
+}
+
+}  // namespace
