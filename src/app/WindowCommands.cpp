@@ -9,6 +9,7 @@
 #include <QUrl>
 #include <utility>
 
+#include "app/ProgramDetails.h"
 #include "base/Utility.h"
 #include "base/Version.h"
 #include "dialogs/AboutVC.h"
@@ -111,6 +112,7 @@ void WindowCommands::showIntroduction() {
 void WindowCommands::showAbout() {
   auto* const dialog = new AboutVC(&_window);
   dialog->setVersionString(_versionString);
+  dialog->setDetails(ProgramDetails::lines());
   present(dialog);
 }
 

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <QLabel>
+#include <QPushButton>
+#include <QStringList>
 
 #include "dialogs/DialogWindow.h"
 
@@ -16,12 +18,20 @@ class AboutVC : public DialogWindow {
   /// Shown as it is.
   void setVersionString(const QString& text) { _versionString = text; }
   [[nodiscard]] const QString& versionString() const { return _versionString; }
+  /// What the program runs on, a line each.
+  void setDetails(const QStringList& lines);
+  /// What "Copy details" copies: the program's name and version, and the details.
+  [[nodiscard]] QString report() const;
 
  protected:
   void viewWillAppear() override;
   void initWindowUI() override;
 
  private:
+  void copyDetails();
+
   QString _versionString;
   QLabel* _version;
+  QLabel* _details;
+  QPushButton* _copy;
 };

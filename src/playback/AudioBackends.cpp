@@ -12,6 +12,7 @@ namespace {
 struct Registry {
   std::map<std::string, AudioBackends::FileFactory, std::less<>> files;
   std::map<std::string, AudioBackends::OutputFactory, std::less<>> outputs;
+  std::map<std::string, std::string, std::less<>> libraries;
   std::string file;
   std::string output;
 };
@@ -27,7 +28,8 @@ void AudioBackends::addFile(std::string_view name, FileFactory factory) {
   registry().files.insert_or_assign(std::string(name), std::move(factory));
 }
 
-void AudioBackends::addOutput(std::string_view name, OutputFactory factory) {
+void AudioBackends::addOutput(std::string_view name, OutputFactory factory, std::string library) {
+  registry().libraries.insert_or_assign(std::string(name), std::move(library));
   registry().outputs.insert_or_assign(std::string(name), std::move(factory));
 }
 
@@ -55,4 +57,9 @@ std::unique_ptr<AudioFile> AudioBackends::makeFile(std::string_view name) {
 std::unique_ptr<AudioOutput> AudioBackends::makeOutput(const AudioOutput::Format& format) {
   const auto found = registry().outputs.find(registry().output);
   return found != registry().outputs.end() ? found->second(format) : nullptr;
+}
+
+std::string AudioBackends::outputLibrary() {
+  const auto found = registry().libraries.find(registry().output);
+  return found != registry().libraries.end() ? found->second : std::string();
 }

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "playback/AudioFile.h"
@@ -20,7 +21,8 @@ class AudioBackends {
 
   /// Adds a back end or replaces the one of that name.
   static void addFile(std::string_view name, FileFactory factory);
-  static void addOutput(std::string_view name, OutputFactory factory);
+  /// `library` is what leads to the sound, with its version ("libpulse 16.1").
+  static void addOutput(std::string_view name, OutputFactory factory, std::string library = {});
 
   /// False, with no effect, for a name that nobody added.
   static bool chooseFile(std::string_view name);
@@ -30,4 +32,7 @@ class AudioBackends {
   static std::unique_ptr<AudioFile> makeFile();
   static std::unique_ptr<AudioFile> makeFile(std::string_view name);
   static std::unique_ptr<AudioOutput> makeOutput(const AudioOutput::Format& format);
+
+  /// Of the chosen output; empty where nothing leads anywhere.
+  static std::string outputLibrary();
 };

@@ -48,6 +48,9 @@ class AlsaMIDISystem final : public MIDISystem {
     std::optional<MIDIPacketKind> kind;
   };
 
+  /// The library that leads to the sequencer, with its version. Any thread.
+  static std::string library();
+
   /// Always gives a system.
   static std::shared_ptr<AlsaMIDISystem> create(Options options);
   static std::shared_ptr<AlsaMIDISystem> create() { return create(Options()); }

@@ -4,12 +4,17 @@
 #include "playback/pulse/PulseOutput.h"
 
 #include <fmt/format.h>
+#include <pulse/version.h>
 
 #include <string>
 #include <system_error>
 
 #include "playback/pulse/PulseConnection.h"
 #include "playback/pulse/PulseControls.h"
+
+std::string PulseOutput::library() {
+  return fmt::format("libpulse {}", pa_get_library_version());
+}
 
 PulseOutput::PulseOutput(const Format& format)
     : _controls(std::make_unique<PulseControls>(format)),

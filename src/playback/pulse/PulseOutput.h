@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <thread>
 
 #include "base/ThreadSignal.h"
@@ -20,6 +21,9 @@ class PulseConnection;
 /// not answer.
 class PulseOutput : public AudioOutput {
  public:
+  /// The library that leads to the server, with its version. Any thread.
+  static std::string library();
+
   explicit PulseOutput(const Format& format);
   ~PulseOutput() override;
 

@@ -11,9 +11,10 @@
 void SystemBackends::choose() {
   AudioBackends::addFile(
       "wave", [] { return std::make_unique<ReadAheadFile>(std::make_unique<WaveAudioFile>()); });
-  AudioBackends::addOutput("pulse", [](const AudioOutput::Format& format) {
-    return std::make_unique<PulseOutput>(format);
-  });
+  AudioBackends::addOutput(
+      "pulse",
+      [](const AudioOutput::Format& format) { return std::make_unique<PulseOutput>(format); },
+      PulseOutput::library());
   AudioBackends::chooseFile("wave");
   AudioBackends::chooseOutput("pulse");
 }

@@ -322,6 +322,11 @@ TEST_F(Browsing, MenuOpensTheInformationDialogs) {
   ASSERT_NE(shown<AboutVC>(), nullptr);
   EXPECT_EQ(shown<AboutVC>()->versionString(), controller().versionString());
   EXPECT_EQ(shown<AboutVC>()->parentFrame(), view().frameGeometry());
+  const std::string report = shown<AboutVC>()->report().toStdString();
+  EXPECT_THAT(report, testing::StartsWith("TARN J4 Mixdeck " + std::string(kFullVersion) + "\n"));
+  EXPECT_THAT(report, testing::HasSubstr("\nQt " + std::string(qVersion()) + " (offscreen)\n"));
+  EXPECT_THAT(report, testing::ContainsRegex("\nalsa-lib [0-9]+\\.[0-9.]+\n"));
+  EXPECT_THAT(report, testing::HasSubstr("\nLinux " + QSysInfo::kernelVersion().toStdString()));
   shown<AboutVC>()->close();
   view().menu->actionIntroduction->trigger();
   ASSERT_NE(shown<IntroductionVC>(), nullptr);

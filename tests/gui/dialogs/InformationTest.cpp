@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QTest>
 #include <type_traits>
@@ -97,6 +99,19 @@ TEST_F(InformationTest, ALargerFontGetsLargerDialogsNotMoreLines) {
   EXPECT_EQ(linesIn<NodeviceVC>(13), linesIn<NodeviceVC>(26));
   EXPECT_EQ(linesIn<IntroductionVC>(13), linesIn<IntroductionVC>(26));
   EXPECT_EQ(linesIn<HelpVC>(13), linesIn<HelpVC>(26));
+}
+
+TEST_F(InformationTest, AboutCopiesWhatAReportNeeds) {
+  const auto about = make<AboutVC>();
+  about->setVersionString("1.2.3");
+  about->setDetails({"Qt 6.4.2 (xcb)", "Linux 6.1.0"});
+  about->open();
+  expectNothingCut(*about);
+  EXPECT_THAT(labels(*about), testing::Contains(QString("Qt 6.4.2 (xcb)\nLinux 6.1.0")));
+  click(*about, "Copy details");
+  EXPECT_EQ(QGuiApplication::clipboard()->text(),
+            "TARN J4 Mixdeck 1.2.3\nQt 6.4.2 (xcb)\nLinux 6.1.0\n");
+  EXPECT_NE(button(*about, "Copied"), nullptr);
 }
 
 TEST_F(InformationTest, AWindowOfOddSizeIsMetByThePixelBelow) {
