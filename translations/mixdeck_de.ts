@@ -73,6 +73,199 @@ MIT-Lizenz</translation>
     </message>
 </context>
 <context>
+    <name>Announcements</name>
+    <message>
+        <source>The recorder is connected.</source>
+        <translation>Der Rekorder ist verbunden.</translation>
+    </message>
+    <message>
+        <source>The recorder is no longer connected.</source>
+        <translation>Der Rekorder ist nicht mehr verbunden.</translation>
+    </message>
+    <message>
+        <source>%1 is exported.</source>
+        <translation>%1 ist exportiert.</translation>
+    </message>
+</context>
+<context>
+    <name>BatchChoices</name>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>24-bit Linear</source>
+        <translation>24 Bit linear</translation>
+    </message>
+    <message>
+        <source>32-bit Float</source>
+        <translation>32 Bit Float</translation>
+    </message>
+    <message>
+        <source>Normalize each to full scale</source>
+        <translation>Jeden auf Vollaussteuerung normalisieren</translation>
+    </message>
+    <message>
+        <source>Each to a loudness</source>
+        <translation>Jeden auf eine Lautheit</translation>
+    </message>
+    <message>
+        <source>Beside each take</source>
+        <translation>Neben jeden Take</translation>
+    </message>
+    <message>
+        <source>Into a folder</source>
+        <translation>In einen Ordner</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Wählen …</translation>
+    </message>
+    <message>
+        <source>Folder for the exports</source>
+        <translation>Ordner für die Exporte</translation>
+    </message>
+    <message>
+        <source>Where an export exists</source>
+        <translation>Wo ein Export vorhanden ist</translation>
+    </message>
+    <message>
+        <source>Skip the take</source>
+        <translation>Den Take auslassen</translation>
+    </message>
+    <message>
+        <source>Replace it</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Number the new one</source>
+        <translation>Den neuen nummerieren</translation>
+    </message>
+</context>
+<context>
+    <name>BatchDesk</name>
+    <message>
+        <source>One take was not exported.</source>
+        <translation>Ein Take wurde nicht exportiert.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n takes were not exported.</source>
+        <translation>
+            <numerusform>%n Take wurde nicht exportiert.</numerusform>
+            <numerusform>%n Takes wurden nicht exportiert.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>BatchDialog</name>
+    <message>
+        <source>%1 exists</source>
+        <translation>%1 ist vorhanden</translation>
+    </message>
+    <message>
+        <source>%1 is itself among the takes</source>
+        <translation>%1 ist selbst unter den Takes</translation>
+    </message>
+    <message>
+        <source>%1 is about to be written</source>
+        <translation>%1 wird gleich geschrieben</translation>
+    </message>
+    <message>
+        <source>%1 is to be the export of %2</source>
+        <translation>%1 soll der Export von %2 werden</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message numerus="yes">
+        <source>Export %n takes</source>
+        <translation>
+            <numerusform>%n Take exportieren</numerusform>
+            <numerusform>%n Takes exportieren</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Takes that will not be exported</source>
+        <translation>Takes, die nicht exportiert werden</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Länge</translation>
+    </message>
+    <message>
+        <source>Stereo width</source>
+        <translation>Stereobreite</translation>
+    </message>
+    <message>
+        <source>%1° for all</source>
+        <translation>%1° für alle</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Verstärkung</translation>
+    </message>
+    <message>
+        <source>Room</source>
+        <translation>Platz</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Export %1</source>
+        <translation>%1 exportieren</translation>
+    </message>
+    <message>
+        <source>To %1 LUFS</source>
+        <translation>Auf %1 LUFS</translation>
+    </message>
+    <message>
+        <source>%1, of %2 that are free</source>
+        <translation>%1, von %2, die frei sind</translation>
+    </message>
+    <message>
+        <source>The takes cannot be looked at: no thread can be had.</source>
+        <translation>Die Takes lassen sich nicht ansehen: es ist kein Thread zu bekommen.</translation>
+    </message>
+    <message>
+        <source>A loudness is a number from -70 to 0.</source>
+        <translation>Eine Lautheit ist eine Zahl von -70 bis 0.</translation>
+    </message>
+    <message>
+        <source>There is too little room: the last of them will not be written</source>
+        <translation>Es ist zu wenig Platz: Die letzten werden nicht geschrieben</translation>
+    </message>
+    <message>
+        <source>Samples of some of them export as noise: the recorder writes 24 bits or 32-bit float</source>
+        <translation>Samples einiger davon werden als Rauschen exportiert: Der Rekorder schreibt 24 Bit oder 32-Bit-Float</translation>
+    </message>
+    <message>
+        <source>Over 4 GiB: written as RF64, which not every program reads</source>
+        <translation>Über 4 GiB: wird als RF64 geschrieben, das nicht jedes Programm liest</translation>
+    </message>
+    <message>
+        <source>One will not be exported:</source>
+        <translation>Einer wird nicht exportiert:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n will not be exported:</source>
+        <translation>
+            <numerusform>%n wird nicht exportiert:</numerusform>
+            <numerusform>%n werden nicht exportiert:</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>BrowserPane</name>
     <message>
         <source>Looking for “%1”… (Esc gives up)</source>
@@ -196,6 +389,10 @@ MIT-Lizenz</translation>
     <message>
         <source>%1, no recorder connected</source>
         <translation>%1, kein Rekorder verbunden</translation>
+    </message>
+    <message>
+        <source>The recorder</source>
+        <translation>Der Rekorder</translation>
     </message>
 </context>
 <context>
@@ -324,14 +521,6 @@ MIT-Lizenz</translation>
         <translation>Auf eine Lautheit</translation>
     </message>
     <message>
-        <source>Loudness to aim at</source>
-        <translation>Ziellautheit</translation>
-    </message>
-    <message>
-        <source>LUFS</source>
-        <translation>LUFS</translation>
-    </message>
-    <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
@@ -397,6 +586,10 @@ MIT-Lizenz</translation>
     <message>
         <source>True peak</source>
         <translation>True Peak</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Stereobild</translation>
     </message>
 </context>
 <context>
@@ -583,6 +776,14 @@ MIT-Lizenz</translation>
         <source>Keys and pointer</source>
         <translation>Tasten und Zeiger</translation>
     </message>
+    <message>
+        <source>Takes in the list</source>
+        <translation>Takes in der Liste</translation>
+    </message>
+    <message>
+        <source>Shift and Ctrl select several; the second button opens a menu</source>
+        <translation>Umschalt und Strg wählen mehrere; die zweite Taste öffnet ein Menü</translation>
+    </message>
 </context>
 <context>
     <name>IntroductionVC</name>
@@ -712,6 +913,17 @@ MIT-Lizenz</translation>
     </message>
 </context>
 <context>
+    <name>LoudnessField</name>
+    <message>
+        <source>Loudness to aim at</source>
+        <translation>Ziellautheit</translation>
+    </message>
+    <message>
+        <source>LUFS</source>
+        <translation>LUFS</translation>
+    </message>
+</context>
+<context>
     <name>LoudnessPane</name>
     <message>
         <source>%1 %</source>
@@ -783,6 +995,80 @@ MIT-Lizenz</translation>
     <message>
         <source>Solo Side</source>
         <translation>Solo Seite</translation>
+    </message>
+    <message>
+        <source>Place in the take</source>
+        <translation>Stelle im Take</translation>
+    </message>
+    <message>
+        <source>Length of the take</source>
+        <translation>Länge des Takes</translation>
+    </message>
+</context>
+<context>
+    <name>QueueModel</name>
+    <message>
+        <source>Waiting</source>
+        <translation>Wartet</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Cancelling</source>
+        <translation>Wird abgebrochen</translation>
+    </message>
+    <message>
+        <source>Exported</source>
+        <translation>Exportiert</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Abgebrochen</translation>
+    </message>
+</context>
+<context>
+    <name>QueuePanel</name>
+    <message>
+        <source>Progress of all</source>
+        <translation>Fortschritt von allen</translation>
+    </message>
+    <message>
+        <source>Exports</source>
+        <translation>Exporte</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Im Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Cancel the selected exports</source>
+        <translation>Ausgewählte Exporte abbrechen</translation>
+    </message>
+    <message>
+        <source>%1 of %2 exported</source>
+        <translation>%1 von %2 exportiert</translation>
+    </message>
+    <message>
+        <source>%1, %2 failed</source>
+        <translation>%1, %2 fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Cancel all</source>
+        <translation>Alle abbrechen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
@@ -1023,6 +1309,18 @@ MIT-Lizenz</translation>
         <source>This kernel or alsa-lib has no Universal MIDI Packets, which were asked for.</source>
         <translation>Dieser Kernel oder alsa-lib kennt keine Universal MIDI Packets, die verlangt wurden.</translation>
     </message>
+    <message>
+        <source>Markers and descriptions of the recording cannot be read</source>
+        <translation>Marken und Beschreibungen der Aufnahme sind nicht lesbar</translation>
+    </message>
+    <message>
+        <source>No audio: the data chunk states %1 bytes, the file holds %2 after it</source>
+        <translation>Kein Ton: der Daten-Chunk nennt %1 Byte, dahinter sind %2</translation>
+    </message>
+    <message>
+        <source>Cut short: the data chunk states %1 bytes, the file holds %2</source>
+        <translation>Abgeschnitten: der Daten-Chunk nennt %1 Byte, die Datei hat %2</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1057,6 +1355,72 @@ MIT-Lizenz</translation>
     <message>
         <source>Off</source>
         <translation>Aus</translation>
+    </message>
+</context>
+<context>
+    <name>RepairOffer</name>
+    <message>
+        <source>The recording of %1 broke off. %2 s of sound can be salvaged into %3, beside it. The take itself stays as it is.</source>
+        <translation>Die Aufnahme von %1 ist abgebrochen. %2 s Ton lassen sich daneben nach %3 retten. Der Take selbst bleibt, wie er ist.</translation>
+    </message>
+    <message>
+        <source>Salvage</source>
+        <translation>Retten</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>%1 is being salvaged…</source>
+        <translation>%1 wird gerettet …</translation>
+    </message>
+    <message>
+        <source>no thread can be had</source>
+        <translation>es ist kein Thread zu bekommen</translation>
+    </message>
+    <message>
+        <source>%1 was not saved: %2.</source>
+        <translation>%1 wurde nicht gespeichert: %2.</translation>
+    </message>
+    <message>
+        <source>Fail to save.</source>
+        <translation>Speichern fehlgeschlagen.</translation>
+    </message>
+</context>
+<context>
+    <name>RowMenu</name>
+    <message>
+        <source>What is selected</source>
+        <translation>Was ausgewählt ist</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>&amp;Öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Export %1…</source>
+        <translation>%1 &amp;exportieren …</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exportieren …</translation>
+    </message>
+    <message>
+        <source>&amp;Show in file manager</source>
+        <translation>Im &amp;Dateimanager zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy path</source>
+        <translation>Pfad &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Copy paths</source>
+        <translation>Pfade &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Information</source>
+        <translation>&amp;Informationen</translation>
     </message>
 </context>
 <context>
@@ -1123,6 +1487,20 @@ MIT-Lizenz</translation>
     <message>
         <source>“%1” cannot be made: %2</source>
         <translation>„%1“ lässt sich nicht anlegen: %2</translation>
+    </message>
+</context>
+<context>
+    <name>SelectionPane</name>
+    <message numerus="yes">
+        <source>%n takes</source>
+        <translation>
+            <numerusform>%n Take</numerusform>
+            <numerusform>%n Takes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Export %1…</source>
+        <translation>%1 exportieren …</translation>
     </message>
 </context>
 <context>
@@ -1223,6 +1601,10 @@ MIT-Lizenz</translation>
         <source>peak hold</source>
         <translation>Spitze halten</translation>
     </message>
+    <message>
+        <source>The recorder</source>
+        <translation>Der Rekorder</translation>
+    </message>
 </context>
 <context>
     <name>StayAwake</name>
@@ -1256,6 +1638,136 @@ MIT-Lizenz</translation>
         <source>S</source>
         <comment>side</comment>
         <translation>S</translation>
+    </message>
+</context>
+<context>
+    <name>TakeFacts</name>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>%1 channels, %2 Hz, %3-bit %4</source>
+        <translation>%1 Kanäle, %2 Hz, %3 Bit %4</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Of the recorder</source>
+        <translation>Vom Rekorder</translation>
+    </message>
+    <message>
+        <source>Raw M/S</source>
+        <translation>Rohes M/S</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Länge</translation>
+    </message>
+    <message>
+        <source>Frames</source>
+        <translation>Frames</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>%1 bytes at %2</source>
+        <translation>%1 Byte bei %2</translation>
+    </message>
+    <message>
+        <source>, and %1 more of it</source>
+        <translation>, und %1 mehr davon</translation>
+    </message>
+</context>
+<context>
+    <name>TakeInformation</name>
+    <message>
+        <source>Information</source>
+        <translation>Informationen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>Wird gelesen …</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>No thread can be had to read it.</source>
+        <translation>Zum Lesen ist kein Thread zu bekommen.</translation>
+    </message>
+    <message>
+        <source>Chunks</source>
+        <translation>Chunks</translation>
+    </message>
+    <message>
+        <source>Broadcast extension</source>
+        <translation>Broadcast-Erweiterung</translation>
+    </message>
+    <message>
+        <source>Figures at %1° and %2 dB</source>
+        <translation>Werte bei %1° und %2 dB</translation>
+    </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>Wird gemessen …</translation>
+    </message>
+    <message>
+        <source>Integrated loudness</source>
+        <translation>Integrierte Lautheit</translation>
+    </message>
+    <message>
+        <source>Loudness range</source>
+        <translation>Lautheitsbereich</translation>
+    </message>
+    <message>
+        <source>Momentary, at most</source>
+        <translation>Momentan, höchstens</translation>
+    </message>
+    <message>
+        <source>Short term, at most</source>
+        <translation>Kurzzeit, höchstens</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>True Peak</translation>
+    </message>
+    <message>
+        <source>Sample peak</source>
+        <translation>Samplespitze</translation>
+    </message>
+    <message>
+        <source>Correlation</source>
+        <translation>Korrelation</translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation>Balance</translation>
     </message>
 </context>
 <context>
@@ -1388,6 +1900,17 @@ MIT-Lizenz</translation>
         <source>Cancel export and quit</source>
         <translation>Export abbrechen und beenden</translation>
     </message>
+    <message numerus="yes">
+        <source>%n exports are still running or waiting. Ending now cancels them.</source>
+        <translation>
+            <numerusform>%n Export läuft oder wartet noch. Beenden bricht ihn ab.</numerusform>
+            <numerusform>%n Exporte laufen oder warten noch. Beenden bricht sie ab.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel exports and quit</source>
+        <translation>Exporte abbrechen und beenden</translation>
+    </message>
 </context>
 <context>
     <name>WindowMenu</name>
@@ -1506,6 +2029,10 @@ MIT-Lizenz</translation>
     <message>
         <source>By &amp;duration</source>
         <translation>Nach &amp;Dauer</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
     </message>
 </context>
 </TS>

@@ -73,6 +73,199 @@ Licencia MIT</translation>
     </message>
 </context>
 <context>
+    <name>Announcements</name>
+    <message>
+        <source>The recorder is connected.</source>
+        <translation>La grabadora está conectada.</translation>
+    </message>
+    <message>
+        <source>The recorder is no longer connected.</source>
+        <translation>La grabadora ya no está conectada.</translation>
+    </message>
+    <message>
+        <source>%1 is exported.</source>
+        <translation>%1 se ha exportado.</translation>
+    </message>
+</context>
+<context>
+    <name>BatchChoices</name>
+    <message>
+        <source>Format</source>
+        <translation>Formato</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Lugar</translation>
+    </message>
+    <message>
+        <source>24-bit Linear</source>
+        <translation>24 bits lineales</translation>
+    </message>
+    <message>
+        <source>32-bit Float</source>
+        <translation>32 bits flotantes</translation>
+    </message>
+    <message>
+        <source>Normalize each to full scale</source>
+        <translation>Normalizar cada una a fondo de escala</translation>
+    </message>
+    <message>
+        <source>Each to a loudness</source>
+        <translation>Cada una a una sonoridad</translation>
+    </message>
+    <message>
+        <source>Beside each take</source>
+        <translation>Junto a cada toma</translation>
+    </message>
+    <message>
+        <source>Into a folder</source>
+        <translation>En una carpeta</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Elegir…</translation>
+    </message>
+    <message>
+        <source>Folder for the exports</source>
+        <translation>Carpeta de las exportaciones</translation>
+    </message>
+    <message>
+        <source>Where an export exists</source>
+        <translation>Donde exista una exportación</translation>
+    </message>
+    <message>
+        <source>Skip the take</source>
+        <translation>Omitir la toma</translation>
+    </message>
+    <message>
+        <source>Replace it</source>
+        <translation>Reemplazarlo</translation>
+    </message>
+    <message>
+        <source>Number the new one</source>
+        <translation>Numerar el nuevo</translation>
+    </message>
+</context>
+<context>
+    <name>BatchDesk</name>
+    <message>
+        <source>One take was not exported.</source>
+        <translation>Una toma no se ha exportado.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n takes were not exported.</source>
+        <translation>
+            <numerusform>%n toma no se ha exportado.</numerusform>
+            <numerusform>%n tomas no se han exportado.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>BatchDialog</name>
+    <message>
+        <source>%1 exists</source>
+        <translation>%1 existe</translation>
+    </message>
+    <message>
+        <source>%1 is itself among the takes</source>
+        <translation>%1 está entre las propias tomas</translation>
+    </message>
+    <message>
+        <source>%1 is about to be written</source>
+        <translation>%1 está a punto de escribirse</translation>
+    </message>
+    <message>
+        <source>%1 is to be the export of %2</source>
+        <translation>%1 será la exportación de %2</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportar</translation>
+    </message>
+    <message numerus="yes">
+        <source>Export %n takes</source>
+        <translation>
+            <numerusform>Exportar %n toma</numerusform>
+            <numerusform>Exportar %n tomas</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Takes that will not be exported</source>
+        <translation>Tomas que no se exportarán</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Duración</translation>
+    </message>
+    <message>
+        <source>Stereo width</source>
+        <translation>Ancho estéreo</translation>
+    </message>
+    <message>
+        <source>%1° for all</source>
+        <translation>%1° para todas</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Ganancia</translation>
+    </message>
+    <message>
+        <source>Room</source>
+        <translation>Espacio</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Export %1</source>
+        <translation>Exportar %1</translation>
+    </message>
+    <message>
+        <source>To %1 LUFS</source>
+        <translation>A %1 LUFS</translation>
+    </message>
+    <message>
+        <source>%1, of %2 that are free</source>
+        <translation>%1, de %2 libres</translation>
+    </message>
+    <message>
+        <source>The takes cannot be looked at: no thread can be had.</source>
+        <translation>No se pueden examinar las tomas: no se puede obtener ningún hilo.</translation>
+    </message>
+    <message>
+        <source>A loudness is a number from -70 to 0.</source>
+        <translation>Una sonoridad es un número de -70 a 0.</translation>
+    </message>
+    <message>
+        <source>There is too little room: the last of them will not be written</source>
+        <translation>Hay muy poco espacio: las últimas no se escribirán</translation>
+    </message>
+    <message>
+        <source>Samples of some of them export as noise: the recorder writes 24 bits or 32-bit float</source>
+        <translation>Las muestras de algunas se exportan como ruido: la grabadora escribe 24 bits o 32 bits flotantes</translation>
+    </message>
+    <message>
+        <source>Over 4 GiB: written as RF64, which not every program reads</source>
+        <translation>Más de 4 GiB: se escribe como RF64, que no todos los programas leen</translation>
+    </message>
+    <message>
+        <source>One will not be exported:</source>
+        <translation>Una no se exportará:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n will not be exported:</source>
+        <translation>
+            <numerusform>%n no se exportará:</numerusform>
+            <numerusform>%n no se exportarán:</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>BrowserPane</name>
     <message>
         <source>Looking for “%1”… (Esc gives up)</source>
@@ -196,6 +389,10 @@ Licencia MIT</translation>
     <message>
         <source>%1, no recorder connected</source>
         <translation>%1, ninguna grabadora conectada</translation>
+    </message>
+    <message>
+        <source>The recorder</source>
+        <translation>La grabadora</translation>
     </message>
 </context>
 <context>
@@ -324,14 +521,6 @@ Licencia MIT</translation>
         <translation>A una sonoridad</translation>
     </message>
     <message>
-        <source>Loudness to aim at</source>
-        <translation>Sonoridad de destino</translation>
-    </message>
-    <message>
-        <source>LUFS</source>
-        <translation>LUFS</translation>
-    </message>
-    <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
     </message>
@@ -397,6 +586,10 @@ Licencia MIT</translation>
     <message>
         <source>True peak</source>
         <translation>Pico real</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Imagen</translation>
     </message>
 </context>
 <context>
@@ -583,6 +776,14 @@ Licencia MIT</translation>
         <source>Keys and pointer</source>
         <translation>Teclas y puntero</translation>
     </message>
+    <message>
+        <source>Takes in the list</source>
+        <translation>Tomas de la lista</translation>
+    </message>
+    <message>
+        <source>Shift and Ctrl select several; the second button opens a menu</source>
+        <translation>Mayús y Ctrl seleccionan varias; el segundo botón abre un menú</translation>
+    </message>
 </context>
 <context>
     <name>IntroductionVC</name>
@@ -712,6 +913,17 @@ Licencia MIT</translation>
     </message>
 </context>
 <context>
+    <name>LoudnessField</name>
+    <message>
+        <source>Loudness to aim at</source>
+        <translation>Sonoridad de destino</translation>
+    </message>
+    <message>
+        <source>LUFS</source>
+        <translation>LUFS</translation>
+    </message>
+</context>
+<context>
     <name>LoudnessPane</name>
     <message>
         <source>%1 %</source>
@@ -783,6 +995,80 @@ Licencia MIT</translation>
     <message>
         <source>Solo Side</source>
         <translation>Solo Side</translation>
+    </message>
+    <message>
+        <source>Place in the take</source>
+        <translation>Posición en la toma</translation>
+    </message>
+    <message>
+        <source>Length of the take</source>
+        <translation>Duración de la toma</translation>
+    </message>
+</context>
+<context>
+    <name>QueueModel</name>
+    <message>
+        <source>Waiting</source>
+        <translation>En espera</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Cancelling</source>
+        <translation>Cancelando</translation>
+    </message>
+    <message>
+        <source>Exported</source>
+        <translation>Exportada</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Cancelada</translation>
+    </message>
+</context>
+<context>
+    <name>QueuePanel</name>
+    <message>
+        <source>Progress of all</source>
+        <translation>Progreso de todo</translation>
+    </message>
+    <message>
+        <source>Exports</source>
+        <translation>Exportaciones</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Mostrar en la carpeta</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Cancel the selected exports</source>
+        <translation>Cancelar las exportaciones seleccionadas</translation>
+    </message>
+    <message>
+        <source>%1 of %2 exported</source>
+        <translation>%1 de %2 exportadas</translation>
+    </message>
+    <message>
+        <source>%1, %2 failed</source>
+        <translation>%1, %2 con error</translation>
+    </message>
+    <message>
+        <source>Cancel all</source>
+        <translation>Cancelar todo</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
     </message>
 </context>
 <context>
@@ -1023,6 +1309,18 @@ Licencia MIT</translation>
         <source>This kernel or alsa-lib has no Universal MIDI Packets, which were asked for.</source>
         <translation>Este núcleo o alsa-lib no tiene los Universal MIDI Packets que se pidieron.</translation>
     </message>
+    <message>
+        <source>Markers and descriptions of the recording cannot be read</source>
+        <translation>No se pueden leer los marcadores y descripciones de la grabación</translation>
+    </message>
+    <message>
+        <source>No audio: the data chunk states %1 bytes, the file holds %2 after it</source>
+        <translation>Sin audio: el chunk de datos indica %1 bytes, el archivo tiene %2 después</translation>
+    </message>
+    <message>
+        <source>Cut short: the data chunk states %1 bytes, the file holds %2</source>
+        <translation>Cortado: el chunk de datos indica %1 bytes, el archivo tiene %2</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1057,6 +1355,72 @@ Licencia MIT</translation>
     <message>
         <source>Off</source>
         <translation>Desactivado</translation>
+    </message>
+</context>
+<context>
+    <name>RepairOffer</name>
+    <message>
+        <source>The recording of %1 broke off. %2 s of sound can be salvaged into %3, beside it. The take itself stays as it is.</source>
+        <translation>La grabación de %1 se interrumpió. Se pueden rescatar %2 s de sonido en %3, junto a ella. La toma misma queda como está.</translation>
+    </message>
+    <message>
+        <source>Salvage</source>
+        <translation>Rescatar</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>Ahora no</translation>
+    </message>
+    <message>
+        <source>%1 is being salvaged…</source>
+        <translation>Rescatando %1…</translation>
+    </message>
+    <message>
+        <source>no thread can be had</source>
+        <translation>no se puede obtener ningún hilo</translation>
+    </message>
+    <message>
+        <source>%1 was not saved: %2.</source>
+        <translation>%1 no se ha guardado: %2.</translation>
+    </message>
+    <message>
+        <source>Fail to save.</source>
+        <translation>Error al guardar.</translation>
+    </message>
+</context>
+<context>
+    <name>RowMenu</name>
+    <message>
+        <source>What is selected</source>
+        <translation>Lo seleccionado</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>&amp;Abrir</translation>
+    </message>
+    <message>
+        <source>&amp;Export %1…</source>
+        <translation>&amp;Exportar %1…</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exportar…</translation>
+    </message>
+    <message>
+        <source>&amp;Show in file manager</source>
+        <translation>&amp;Mostrar en el gestor de archivos</translation>
+    </message>
+    <message>
+        <source>&amp;Copy path</source>
+        <translation>&amp;Copiar la ruta</translation>
+    </message>
+    <message>
+        <source>&amp;Copy paths</source>
+        <translation>&amp;Copiar las rutas</translation>
+    </message>
+    <message>
+        <source>&amp;Information</source>
+        <translation>&amp;Información</translation>
     </message>
 </context>
 <context>
@@ -1123,6 +1487,20 @@ Licencia MIT</translation>
     <message>
         <source>“%1” cannot be made: %2</source>
         <translation>No se puede crear «%1»: %2</translation>
+    </message>
+</context>
+<context>
+    <name>SelectionPane</name>
+    <message numerus="yes">
+        <source>%n takes</source>
+        <translation>
+            <numerusform>%n toma</numerusform>
+            <numerusform>%n tomas</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Export %1…</source>
+        <translation>Exportar %1…</translation>
     </message>
 </context>
 <context>
@@ -1223,6 +1601,10 @@ Licencia MIT</translation>
         <source>peak hold</source>
         <translation>retener pico</translation>
     </message>
+    <message>
+        <source>The recorder</source>
+        <translation>La grabadora</translation>
+    </message>
 </context>
 <context>
     <name>StayAwake</name>
@@ -1256,6 +1638,136 @@ Licencia MIT</translation>
         <source>S</source>
         <comment>side</comment>
         <translation>S</translation>
+    </message>
+</context>
+<context>
+    <name>TakeFacts</name>
+    <message>
+        <source>yes</source>
+        <translation>sí</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>no</translation>
+    </message>
+    <message>
+        <source>%1 channels, %2 Hz, %3-bit %4</source>
+        <translation>%1 canales, %2 Hz, %3 bits %4</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Carpeta</translation>
+    </message>
+    <message>
+        <source>Of the recorder</source>
+        <translation>De la grabadora</translation>
+    </message>
+    <message>
+        <source>Raw M/S</source>
+        <translation>M/S sin procesar</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Formato</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Duración</translation>
+    </message>
+    <message>
+        <source>Frames</source>
+        <translation>Tramas</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Nota</translation>
+    </message>
+    <message>
+        <source>%1 bytes at %2</source>
+        <translation>%1 bytes en %2</translation>
+    </message>
+    <message>
+        <source>, and %1 more of it</source>
+        <translation>, y %1 más</translation>
+    </message>
+</context>
+<context>
+    <name>TakeInformation</name>
+    <message>
+        <source>Information</source>
+        <translation>Información</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Archivo</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>Leyendo…</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Nota</translation>
+    </message>
+    <message>
+        <source>No thread can be had to read it.</source>
+        <translation>No se puede obtener ningún hilo para leerlo.</translation>
+    </message>
+    <message>
+        <source>Chunks</source>
+        <translation>Chunks</translation>
+    </message>
+    <message>
+        <source>Broadcast extension</source>
+        <translation>Extensión broadcast</translation>
+    </message>
+    <message>
+        <source>Figures at %1° and %2 dB</source>
+        <translation>Valores a %1° y %2 dB</translation>
+    </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>Midiendo…</translation>
+    </message>
+    <message>
+        <source>Integrated loudness</source>
+        <translation>Sonoridad integrada</translation>
+    </message>
+    <message>
+        <source>Loudness range</source>
+        <translation>Rango de sonoridad</translation>
+    </message>
+    <message>
+        <source>Momentary, at most</source>
+        <translation>Momentánea, máxima</translation>
+    </message>
+    <message>
+        <source>Short term, at most</source>
+        <translation>A corto plazo, máxima</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>Pico real</translation>
+    </message>
+    <message>
+        <source>Sample peak</source>
+        <translation>Pico de muestra</translation>
+    </message>
+    <message>
+        <source>Correlation</source>
+        <translation>Correlación</translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation>Balance</translation>
     </message>
 </context>
 <context>
@@ -1388,6 +1900,17 @@ Licencia MIT</translation>
         <source>Cancel export and quit</source>
         <translation>Cancelar la exportación y salir</translation>
     </message>
+    <message numerus="yes">
+        <source>%n exports are still running or waiting. Ending now cancels them.</source>
+        <translation>
+            <numerusform>%n exportación está en curso o en espera. Salir ahora la cancela.</numerusform>
+            <numerusform>%n exportaciones están en curso o en espera. Salir ahora las cancela.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel exports and quit</source>
+        <translation>Cancelar las exportaciones y salir</translation>
+    </message>
 </context>
 <context>
     <name>WindowMenu</name>
@@ -1506,6 +2029,10 @@ Licencia MIT</translation>
     <message>
         <source>By &amp;duration</source>
         <translation>Por &amp;duración</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menú</translation>
     </message>
 </context>
 </TS>

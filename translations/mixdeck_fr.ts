@@ -73,6 +73,199 @@ Licence MIT</translation>
     </message>
 </context>
 <context>
+    <name>Announcements</name>
+    <message>
+        <source>The recorder is connected.</source>
+        <translation>L’enregistreur est connecté.</translation>
+    </message>
+    <message>
+        <source>The recorder is no longer connected.</source>
+        <translation>L’enregistreur n’est plus connecté.</translation>
+    </message>
+    <message>
+        <source>%1 is exported.</source>
+        <translation>%1 est exporté.</translation>
+    </message>
+</context>
+<context>
+    <name>BatchChoices</name>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Emplacement</translation>
+    </message>
+    <message>
+        <source>24-bit Linear</source>
+        <translation>24 bits linéaires</translation>
+    </message>
+    <message>
+        <source>32-bit Float</source>
+        <translation>32 bits flottants</translation>
+    </message>
+    <message>
+        <source>Normalize each to full scale</source>
+        <translation>Normaliser chacune à pleine échelle</translation>
+    </message>
+    <message>
+        <source>Each to a loudness</source>
+        <translation>Chacune à une sonie</translation>
+    </message>
+    <message>
+        <source>Beside each take</source>
+        <translation>À côté de chaque prise</translation>
+    </message>
+    <message>
+        <source>Into a folder</source>
+        <translation>Dans un dossier</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Choisir…</translation>
+    </message>
+    <message>
+        <source>Folder for the exports</source>
+        <translation>Dossier des exportations</translation>
+    </message>
+    <message>
+        <source>Where an export exists</source>
+        <translation>Si une exportation existe</translation>
+    </message>
+    <message>
+        <source>Skip the take</source>
+        <translation>Passer la prise</translation>
+    </message>
+    <message>
+        <source>Replace it</source>
+        <translation>Le remplacer</translation>
+    </message>
+    <message>
+        <source>Number the new one</source>
+        <translation>Numéroter le nouveau</translation>
+    </message>
+</context>
+<context>
+    <name>BatchDesk</name>
+    <message>
+        <source>One take was not exported.</source>
+        <translation>Une prise n’a pas été exportée.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n takes were not exported.</source>
+        <translation>
+            <numerusform>%n prise n’a pas été exportée.</numerusform>
+            <numerusform>%n prises n’ont pas été exportées.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>BatchDialog</name>
+    <message>
+        <source>%1 exists</source>
+        <translation>%1 existe</translation>
+    </message>
+    <message>
+        <source>%1 is itself among the takes</source>
+        <translation>%1 est lui-même parmi les prises</translation>
+    </message>
+    <message>
+        <source>%1 is about to be written</source>
+        <translation>%1 va être écrit</translation>
+    </message>
+    <message>
+        <source>%1 is to be the export of %2</source>
+        <translation>%1 doit être l’exportation de %2</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exporter</translation>
+    </message>
+    <message numerus="yes">
+        <source>Export %n takes</source>
+        <translation>
+            <numerusform>Exporter %n prise</numerusform>
+            <numerusform>Exporter %n prises</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Takes that will not be exported</source>
+        <translation>Prises qui ne seront pas exportées</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Durée</translation>
+    </message>
+    <message>
+        <source>Stereo width</source>
+        <translation>Largeur stéréo</translation>
+    </message>
+    <message>
+        <source>%1° for all</source>
+        <translation>%1° pour toutes</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Gain</translation>
+    </message>
+    <message>
+        <source>Room</source>
+        <translation>Place</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Export %1</source>
+        <translation>Exporter %1</translation>
+    </message>
+    <message>
+        <source>To %1 LUFS</source>
+        <translation>À %1 LUFS</translation>
+    </message>
+    <message>
+        <source>%1, of %2 that are free</source>
+        <translation>%1, sur %2 libres</translation>
+    </message>
+    <message>
+        <source>The takes cannot be looked at: no thread can be had.</source>
+        <translation>Les prises ne peuvent pas être examinées&#xa0;: aucun fil d’exécution n’est disponible.</translation>
+    </message>
+    <message>
+        <source>A loudness is a number from -70 to 0.</source>
+        <translation>Une sonie est un nombre de -70 à 0.</translation>
+    </message>
+    <message>
+        <source>There is too little room: the last of them will not be written</source>
+        <translation>Il y a trop peu de place&#xa0;: les dernières ne seront pas écrites</translation>
+    </message>
+    <message>
+        <source>Samples of some of them export as noise: the recorder writes 24 bits or 32-bit float</source>
+        <translation>Les échantillons de certaines s’exportent comme du bruit&#xa0;: l’enregistreur écrit en 24 bits ou en 32 bits flottants</translation>
+    </message>
+    <message>
+        <source>Over 4 GiB: written as RF64, which not every program reads</source>
+        <translation>Plus de 4 Gio&#xa0;: écrit en RF64, que tous les programmes ne lisent pas</translation>
+    </message>
+    <message>
+        <source>One will not be exported:</source>
+        <translation>Une ne sera pas exportée&#xa0;:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n will not be exported:</source>
+        <translation>
+            <numerusform>%n ne sera pas exportée&#xa0;:</numerusform>
+            <numerusform>%n ne seront pas exportées&#xa0;:</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>BrowserPane</name>
     <message>
         <source>Looking for “%1”… (Esc gives up)</source>
@@ -196,6 +389,10 @@ Licence MIT</translation>
     <message>
         <source>%1, no recorder connected</source>
         <translation>%1, aucun enregistreur connecté</translation>
+    </message>
+    <message>
+        <source>The recorder</source>
+        <translation>L’enregistreur</translation>
     </message>
 </context>
 <context>
@@ -324,14 +521,6 @@ Licence MIT</translation>
         <translation>À une sonie</translation>
     </message>
     <message>
-        <source>Loudness to aim at</source>
-        <translation>Sonie visée</translation>
-    </message>
-    <message>
-        <source>LUFS</source>
-        <translation>LUFS</translation>
-    </message>
-    <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
     </message>
@@ -397,6 +586,10 @@ Licence MIT</translation>
     <message>
         <source>True peak</source>
         <translation>Crête vraie</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Image</translation>
     </message>
 </context>
 <context>
@@ -583,6 +776,14 @@ Licence MIT</translation>
         <source>Keys and pointer</source>
         <translation>Clavier et pointeur</translation>
     </message>
+    <message>
+        <source>Takes in the list</source>
+        <translation>Prises de la liste</translation>
+    </message>
+    <message>
+        <source>Shift and Ctrl select several; the second button opens a menu</source>
+        <translation>Maj et Ctrl en sélectionnent plusieurs&#xa0;; le second bouton ouvre un menu</translation>
+    </message>
 </context>
 <context>
     <name>IntroductionVC</name>
@@ -712,6 +913,17 @@ Licence MIT</translation>
     </message>
 </context>
 <context>
+    <name>LoudnessField</name>
+    <message>
+        <source>Loudness to aim at</source>
+        <translation>Sonie visée</translation>
+    </message>
+    <message>
+        <source>LUFS</source>
+        <translation>LUFS</translation>
+    </message>
+</context>
+<context>
     <name>LoudnessPane</name>
     <message>
         <source>%1 %</source>
@@ -783,6 +995,80 @@ Licence MIT</translation>
     <message>
         <source>Solo Side</source>
         <translation>Solo Side</translation>
+    </message>
+    <message>
+        <source>Place in the take</source>
+        <translation>Position dans la prise</translation>
+    </message>
+    <message>
+        <source>Length of the take</source>
+        <translation>Durée de la prise</translation>
+    </message>
+</context>
+<context>
+    <name>QueueModel</name>
+    <message>
+        <source>Waiting</source>
+        <translation>En attente</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1&#xa0;%</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Cancelling</source>
+        <translation>Annulation en cours</translation>
+    </message>
+    <message>
+        <source>Exported</source>
+        <translation>Exporté</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Annulé</translation>
+    </message>
+</context>
+<context>
+    <name>QueuePanel</name>
+    <message>
+        <source>Progress of all</source>
+        <translation>Progression totale</translation>
+    </message>
+    <message>
+        <source>Exports</source>
+        <translation>Exportations</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Montrer dans le dossier</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Cancel the selected exports</source>
+        <translation>Annuler les exportations sélectionnées</translation>
+    </message>
+    <message>
+        <source>%1 of %2 exported</source>
+        <translation>%1 sur %2 exportées</translation>
+    </message>
+    <message>
+        <source>%1, %2 failed</source>
+        <translation>%1, %2 en échec</translation>
+    </message>
+    <message>
+        <source>Cancel all</source>
+        <translation>Tout annuler</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
     </message>
 </context>
 <context>
@@ -1023,6 +1309,18 @@ Licence MIT</translation>
         <source>This kernel or alsa-lib has no Universal MIDI Packets, which were asked for.</source>
         <translation>Ce noyau ou alsa-lib n’a pas les Universal MIDI Packets demandés.</translation>
     </message>
+    <message>
+        <source>Markers and descriptions of the recording cannot be read</source>
+        <translation>Les marqueurs et descriptions de l’enregistrement ne peuvent pas être lus</translation>
+    </message>
+    <message>
+        <source>No audio: the data chunk states %1 bytes, the file holds %2 after it</source>
+        <translation>Pas de son&#xa0;: le chunk de données annonce %1 octets, le fichier en contient %2 après</translation>
+    </message>
+    <message>
+        <source>Cut short: the data chunk states %1 bytes, the file holds %2</source>
+        <translation>Tronqué&#xa0;: le chunk de données annonce %1 octets, le fichier en contient %2</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1057,6 +1355,72 @@ Licence MIT</translation>
     <message>
         <source>Off</source>
         <translation>Désactivé</translation>
+    </message>
+</context>
+<context>
+    <name>RepairOffer</name>
+    <message>
+        <source>The recording of %1 broke off. %2 s of sound can be salvaged into %3, beside it. The take itself stays as it is.</source>
+        <translation>L’enregistrement de %1 s’est interrompu. %2 s de son peuvent être récupérées dans %3, à côté. La prise elle-même reste telle quelle.</translation>
+    </message>
+    <message>
+        <source>Salvage</source>
+        <translation>Récupérer</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>Pas maintenant</translation>
+    </message>
+    <message>
+        <source>%1 is being salvaged…</source>
+        <translation>Récupération de %1…</translation>
+    </message>
+    <message>
+        <source>no thread can be had</source>
+        <translation>aucun fil d’exécution n’est disponible</translation>
+    </message>
+    <message>
+        <source>%1 was not saved: %2.</source>
+        <translation>%1 n’a pas été enregistré&#xa0;: %2.</translation>
+    </message>
+    <message>
+        <source>Fail to save.</source>
+        <translation>Échec de l’enregistrement.</translation>
+    </message>
+</context>
+<context>
+    <name>RowMenu</name>
+    <message>
+        <source>What is selected</source>
+        <translation>Ce qui est sélectionné</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>&amp;Ouvrir</translation>
+    </message>
+    <message>
+        <source>&amp;Export %1…</source>
+        <translation>&amp;Exporter %1…</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exporter…</translation>
+    </message>
+    <message>
+        <source>&amp;Show in file manager</source>
+        <translation>&amp;Montrer dans le gestionnaire de fichiers</translation>
+    </message>
+    <message>
+        <source>&amp;Copy path</source>
+        <translation>&amp;Copier le chemin</translation>
+    </message>
+    <message>
+        <source>&amp;Copy paths</source>
+        <translation>&amp;Copier les chemins</translation>
+    </message>
+    <message>
+        <source>&amp;Information</source>
+        <translation>&amp;Informations</translation>
     </message>
 </context>
 <context>
@@ -1123,6 +1487,20 @@ Licence MIT</translation>
     <message>
         <source>“%1” cannot be made: %2</source>
         <translation>«&#xa0;%1&#xa0;» ne peut pas être créé&#xa0;: %2</translation>
+    </message>
+</context>
+<context>
+    <name>SelectionPane</name>
+    <message numerus="yes">
+        <source>%n takes</source>
+        <translation>
+            <numerusform>%n prise</numerusform>
+            <numerusform>%n prises</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Export %1…</source>
+        <translation>Exporter %1…</translation>
     </message>
 </context>
 <context>
@@ -1223,6 +1601,10 @@ Licence MIT</translation>
         <source>peak hold</source>
         <translation>crêtes tenues</translation>
     </message>
+    <message>
+        <source>The recorder</source>
+        <translation>L’enregistreur</translation>
+    </message>
 </context>
 <context>
     <name>StayAwake</name>
@@ -1256,6 +1638,136 @@ Licence MIT</translation>
         <source>S</source>
         <comment>side</comment>
         <translation>S</translation>
+    </message>
+</context>
+<context>
+    <name>TakeFacts</name>
+    <message>
+        <source>yes</source>
+        <translation>oui</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>non</translation>
+    </message>
+    <message>
+        <source>%1 channels, %2 Hz, %3-bit %4</source>
+        <translation>%1 canaux, %2 Hz, %3 bits %4</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Dossier</translation>
+    </message>
+    <message>
+        <source>Of the recorder</source>
+        <translation>De l’enregistreur</translation>
+    </message>
+    <message>
+        <source>Raw M/S</source>
+        <translation>M/S brut</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Durée</translation>
+    </message>
+    <message>
+        <source>Frames</source>
+        <translation>Trames</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Remarque</translation>
+    </message>
+    <message>
+        <source>%1 bytes at %2</source>
+        <translation>%1 octets à %2</translation>
+    </message>
+    <message>
+        <source>, and %1 more of it</source>
+        <translation>, et %1 de plus</translation>
+    </message>
+</context>
+<context>
+    <name>TakeInformation</name>
+    <message>
+        <source>Information</source>
+        <translation>Informations</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>Lecture…</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Remarque</translation>
+    </message>
+    <message>
+        <source>No thread can be had to read it.</source>
+        <translation>Aucun fil d’exécution n’est disponible pour le lire.</translation>
+    </message>
+    <message>
+        <source>Chunks</source>
+        <translation>Chunks</translation>
+    </message>
+    <message>
+        <source>Broadcast extension</source>
+        <translation>Extension broadcast</translation>
+    </message>
+    <message>
+        <source>Figures at %1° and %2 dB</source>
+        <translation>Valeurs à %1° et %2 dB</translation>
+    </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>Mesure en cours…</translation>
+    </message>
+    <message>
+        <source>Integrated loudness</source>
+        <translation>Sonie intégrée</translation>
+    </message>
+    <message>
+        <source>Loudness range</source>
+        <translation>Plage de sonie</translation>
+    </message>
+    <message>
+        <source>Momentary, at most</source>
+        <translation>Momentanée, au plus</translation>
+    </message>
+    <message>
+        <source>Short term, at most</source>
+        <translation>Court terme, au plus</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>Crête vraie</translation>
+    </message>
+    <message>
+        <source>Sample peak</source>
+        <translation>Crête d’échantillon</translation>
+    </message>
+    <message>
+        <source>Correlation</source>
+        <translation>Corrélation</translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation>Balance</translation>
     </message>
 </context>
 <context>
@@ -1388,6 +1900,17 @@ Licence MIT</translation>
         <source>Cancel export and quit</source>
         <translation>Annuler l’exportation et quitter</translation>
     </message>
+    <message numerus="yes">
+        <source>%n exports are still running or waiting. Ending now cancels them.</source>
+        <translation>
+            <numerusform>%n exportation est en cours ou en attente. Quitter maintenant l’annule.</numerusform>
+            <numerusform>%n exportations sont en cours ou en attente. Quitter maintenant les annule.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel exports and quit</source>
+        <translation>Annuler les exportations et quitter</translation>
+    </message>
 </context>
 <context>
     <name>WindowMenu</name>
@@ -1506,6 +2029,10 @@ Licence MIT</translation>
     <message>
         <source>By &amp;duration</source>
         <translation>Par &amp;durée</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menu</translation>
     </message>
 </context>
 </TS>

@@ -73,6 +73,196 @@ MIT ライセンス</translation>
     </message>
 </context>
 <context>
+    <name>Announcements</name>
+    <message>
+        <source>The recorder is connected.</source>
+        <translation>レコーダーが接続されました。</translation>
+    </message>
+    <message>
+        <source>The recorder is no longer connected.</source>
+        <translation>レコーダーの接続が切れました。</translation>
+    </message>
+    <message>
+        <source>%1 is exported.</source>
+        <translation>%1 を書き出しました。</translation>
+    </message>
+</context>
+<context>
+    <name>BatchChoices</name>
+    <message>
+        <source>Format</source>
+        <translation>形式</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>場所</translation>
+    </message>
+    <message>
+        <source>24-bit Linear</source>
+        <translation>24 ビットリニア</translation>
+    </message>
+    <message>
+        <source>32-bit Float</source>
+        <translation>32 ビットフロート</translation>
+    </message>
+    <message>
+        <source>Normalize each to full scale</source>
+        <translation>それぞれフルスケールにノーマライズ</translation>
+    </message>
+    <message>
+        <source>Each to a loudness</source>
+        <translation>それぞれラウドネスに合わせる</translation>
+    </message>
+    <message>
+        <source>Beside each take</source>
+        <translation>各テイクの隣</translation>
+    </message>
+    <message>
+        <source>Into a folder</source>
+        <translation>フォルダーへ</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>選択…</translation>
+    </message>
+    <message>
+        <source>Folder for the exports</source>
+        <translation>書き出し先フォルダー</translation>
+    </message>
+    <message>
+        <source>Where an export exists</source>
+        <translation>書き出しが既にある場合</translation>
+    </message>
+    <message>
+        <source>Skip the take</source>
+        <translation>テイクを飛ばす</translation>
+    </message>
+    <message>
+        <source>Replace it</source>
+        <translation>置き換える</translation>
+    </message>
+    <message>
+        <source>Number the new one</source>
+        <translation>新しい方に番号を付ける</translation>
+    </message>
+</context>
+<context>
+    <name>BatchDesk</name>
+    <message>
+        <source>One take was not exported.</source>
+        <translation>1 件のテイクを書き出せませんでした。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n takes were not exported.</source>
+        <translation>
+            <numerusform>%n 件のテイクを書き出せませんでした。</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>BatchDialog</name>
+    <message>
+        <source>%1 exists</source>
+        <translation>%1 は既にあります</translation>
+    </message>
+    <message>
+        <source>%1 is itself among the takes</source>
+        <translation>%1 自体がテイクに含まれています</translation>
+    </message>
+    <message>
+        <source>%1 is about to be written</source>
+        <translation>%1 はこれから書き込まれます</translation>
+    </message>
+    <message>
+        <source>%1 is to be the export of %2</source>
+        <translation>%1 は %2 の書き出し先です</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>書き出し</translation>
+    </message>
+    <message numerus="yes">
+        <source>Export %n takes</source>
+        <translation>
+            <numerusform>%n 件のテイクを書き出し</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Takes that will not be exported</source>
+        <translation>書き出されないテイク</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>長さ</translation>
+    </message>
+    <message>
+        <source>Stereo width</source>
+        <translation>ステレオ幅</translation>
+    </message>
+    <message>
+        <source>%1° for all</source>
+        <translation>すべて %1°</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>ゲイン</translation>
+    </message>
+    <message>
+        <source>Room</source>
+        <translation>容量</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Export %1</source>
+        <translation>%1 を書き出し</translation>
+    </message>
+    <message>
+        <source>To %1 LUFS</source>
+        <translation>%1 LUFS に</translation>
+    </message>
+    <message>
+        <source>%1, of %2 that are free</source>
+        <translation>%1（空き %2）</translation>
+    </message>
+    <message>
+        <source>The takes cannot be looked at: no thread can be had.</source>
+        <translation>テイクを調べられません：スレッドを確保できません。</translation>
+    </message>
+    <message>
+        <source>A loudness is a number from -70 to 0.</source>
+        <translation>ラウドネスは -70 から 0 の数値です。</translation>
+    </message>
+    <message>
+        <source>There is too little room: the last of them will not be written</source>
+        <translation>容量が足りません：最後のものは書き込まれません</translation>
+    </message>
+    <message>
+        <source>Samples of some of them export as noise: the recorder writes 24 bits or 32-bit float</source>
+        <translation>一部のサンプルはノイズとして書き出されます。レコーダーは 24 ビットか 32 ビットフロートで記録します</translation>
+    </message>
+    <message>
+        <source>Over 4 GiB: written as RF64, which not every program reads</source>
+        <translation>4 GiB 超：RF64 として書き出します。読めないプログラムもあります</translation>
+    </message>
+    <message>
+        <source>One will not be exported:</source>
+        <translation>1 件は書き出されません：</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n will not be exported:</source>
+        <translation>
+            <numerusform>%n 件は書き出されません：</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>BrowserPane</name>
     <message>
         <source>Looking for “%1”… (Esc gives up)</source>
@@ -196,6 +386,10 @@ MIT ライセンス</translation>
     <message>
         <source>%1, no recorder connected</source>
         <translation>%1、レコーダー未接続</translation>
+    </message>
+    <message>
+        <source>The recorder</source>
+        <translation>レコーダー</translation>
     </message>
 </context>
 <context>
@@ -323,14 +517,6 @@ MIT ライセンス</translation>
         <translation>ラウドネスに合わせる</translation>
     </message>
     <message>
-        <source>Loudness to aim at</source>
-        <translation>目標ラウドネス</translation>
-    </message>
-    <message>
-        <source>LUFS</source>
-        <translation>LUFS</translation>
-    </message>
-    <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
     </message>
@@ -396,6 +582,10 @@ MIT ライセンス</translation>
     <message>
         <source>True peak</source>
         <translation>トゥルーピーク</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>音像</translation>
     </message>
 </context>
 <context>
@@ -582,6 +772,14 @@ MIT ライセンス</translation>
         <source>Keys and pointer</source>
         <translation>キーとポインター</translation>
     </message>
+    <message>
+        <source>Takes in the list</source>
+        <translation>リストのテイク</translation>
+    </message>
+    <message>
+        <source>Shift and Ctrl select several; the second button opens a menu</source>
+        <translation>Shift と Ctrl で複数選択。右ボタンでメニュー</translation>
+    </message>
 </context>
 <context>
     <name>IntroductionVC</name>
@@ -711,6 +909,17 @@ MIT ライセンス</translation>
     </message>
 </context>
 <context>
+    <name>LoudnessField</name>
+    <message>
+        <source>Loudness to aim at</source>
+        <translation>目標ラウドネス</translation>
+    </message>
+    <message>
+        <source>LUFS</source>
+        <translation>LUFS</translation>
+    </message>
+</context>
+<context>
     <name>LoudnessPane</name>
     <message>
         <source>%1 %</source>
@@ -782,6 +991,80 @@ MIT ライセンス</translation>
     <message>
         <source>Solo Side</source>
         <translation>ソロ サイド</translation>
+    </message>
+    <message>
+        <source>Place in the take</source>
+        <translation>テイク内の位置</translation>
+    </message>
+    <message>
+        <source>Length of the take</source>
+        <translation>テイクの長さ</translation>
+    </message>
+</context>
+<context>
+    <name>QueueModel</name>
+    <message>
+        <source>Waiting</source>
+        <translation>待機中</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Cancelling</source>
+        <translation>キャンセルしています</translation>
+    </message>
+    <message>
+        <source>Exported</source>
+        <translation>書き出し済み</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>キャンセル済み</translation>
+    </message>
+</context>
+<context>
+    <name>QueuePanel</name>
+    <message>
+        <source>Progress of all</source>
+        <translation>全体の進行状況</translation>
+    </message>
+    <message>
+        <source>Exports</source>
+        <translation>書き出し</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>フォルダーに表示</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Cancel the selected exports</source>
+        <translation>選択した書き出しをキャンセル</translation>
+    </message>
+    <message>
+        <source>%1 of %2 exported</source>
+        <translation>%2 件中 %1 件を書き出し済み</translation>
+    </message>
+    <message>
+        <source>%1, %2 failed</source>
+        <translation>%1、%2 件失敗</translation>
+    </message>
+    <message>
+        <source>Cancel all</source>
+        <translation>すべてキャンセル</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
     </message>
 </context>
 <context>
@@ -1022,6 +1305,18 @@ MIT ライセンス</translation>
         <source>This kernel or alsa-lib has no Universal MIDI Packets, which were asked for.</source>
         <translation>このカーネルまたは alsa-lib には、求められた Universal MIDI Packets がありません。</translation>
     </message>
+    <message>
+        <source>Markers and descriptions of the recording cannot be read</source>
+        <translation>録音のマーカーと説明を読み込めません</translation>
+    </message>
+    <message>
+        <source>No audio: the data chunk states %1 bytes, the file holds %2 after it</source>
+        <translation>音声なし：データチャンクは %1 バイトと示し、その後のファイルは %2 バイトです</translation>
+    </message>
+    <message>
+        <source>Cut short: the data chunk states %1 bytes, the file holds %2</source>
+        <translation>途中で切れています：データチャンクは %1 バイトと示し、ファイルは %2 バイトです</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1056,6 +1351,72 @@ MIT ライセンス</translation>
     <message>
         <source>Off</source>
         <translation>オフ</translation>
+    </message>
+</context>
+<context>
+    <name>RepairOffer</name>
+    <message>
+        <source>The recording of %1 broke off. %2 s of sound can be salvaged into %3, beside it. The take itself stays as it is.</source>
+        <translation>%1 の録音は途中で切れています。%2 秒分の音を隣の %3 に復旧できます。テイクそのものはそのままです。</translation>
+    </message>
+    <message>
+        <source>Salvage</source>
+        <translation>復旧</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>今はしない</translation>
+    </message>
+    <message>
+        <source>%1 is being salvaged…</source>
+        <translation>%1 を復旧しています…</translation>
+    </message>
+    <message>
+        <source>no thread can be had</source>
+        <translation>スレッドを確保できません</translation>
+    </message>
+    <message>
+        <source>%1 was not saved: %2.</source>
+        <translation>%1 を保存できませんでした：%2。</translation>
+    </message>
+    <message>
+        <source>Fail to save.</source>
+        <translation>保存できませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>RowMenu</name>
+    <message>
+        <source>What is selected</source>
+        <translation>選択中の項目</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>開く(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Export %1…</source>
+        <translation>%1 を書き出し(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>書き出し(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>&amp;Show in file manager</source>
+        <translation>ファイルマネージャーに表示(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy path</source>
+        <translation>パスをコピー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy paths</source>
+        <translation>パスをコピー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Information</source>
+        <translation>情報(&amp;I)</translation>
     </message>
 </context>
 <context>
@@ -1122,6 +1483,19 @@ MIT ライセンス</translation>
     <message>
         <source>“%1” cannot be made: %2</source>
         <translation>「%1」を作成できません：%2</translation>
+    </message>
+</context>
+<context>
+    <name>SelectionPane</name>
+    <message numerus="yes">
+        <source>%n takes</source>
+        <translation>
+            <numerusform>%n テイク</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Export %1…</source>
+        <translation>%1 を書き出し…</translation>
     </message>
 </context>
 <context>
@@ -1222,6 +1596,10 @@ MIT ライセンス</translation>
         <source>peak hold</source>
         <translation>ピークホールド</translation>
     </message>
+    <message>
+        <source>The recorder</source>
+        <translation>レコーダー</translation>
+    </message>
 </context>
 <context>
     <name>StayAwake</name>
@@ -1255,6 +1633,136 @@ MIT ライセンス</translation>
         <source>S</source>
         <comment>side</comment>
         <translation>S</translation>
+    </message>
+</context>
+<context>
+    <name>TakeFacts</name>
+    <message>
+        <source>yes</source>
+        <translation>はい</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>いいえ</translation>
+    </message>
+    <message>
+        <source>%1 channels, %2 Hz, %3-bit %4</source>
+        <translation>%1 チャンネル、%2 Hz、%3 ビット %4</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>フォルダー</translation>
+    </message>
+    <message>
+        <source>Of the recorder</source>
+        <translation>レコーダーの録音</translation>
+    </message>
+    <message>
+        <source>Raw M/S</source>
+        <translation>未加工 M/S</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>形式</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>長さ</translation>
+    </message>
+    <message>
+        <source>Frames</source>
+        <translation>フレーム</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>メモ</translation>
+    </message>
+    <message>
+        <source>%1 bytes at %2</source>
+        <translation>%2 に %1 バイト</translation>
+    </message>
+    <message>
+        <source>, and %1 more of it</source>
+        <translation>、さらに %1</translation>
+    </message>
+</context>
+<context>
+    <name>TakeInformation</name>
+    <message>
+        <source>Information</source>
+        <translation>情報</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>読み込んでいます…</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>メモ</translation>
+    </message>
+    <message>
+        <source>No thread can be had to read it.</source>
+        <translation>読み込むスレッドを確保できません。</translation>
+    </message>
+    <message>
+        <source>Chunks</source>
+        <translation>チャンク</translation>
+    </message>
+    <message>
+        <source>Broadcast extension</source>
+        <translation>ブロードキャスト拡張</translation>
+    </message>
+    <message>
+        <source>Figures at %1° and %2 dB</source>
+        <translation>%1°、%2 dB での値</translation>
+    </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>測定しています…</translation>
+    </message>
+    <message>
+        <source>Integrated loudness</source>
+        <translation>統合ラウドネス</translation>
+    </message>
+    <message>
+        <source>Loudness range</source>
+        <translation>ラウドネスレンジ</translation>
+    </message>
+    <message>
+        <source>Momentary, at most</source>
+        <translation>モーメンタリー最大</translation>
+    </message>
+    <message>
+        <source>Short term, at most</source>
+        <translation>ショートターム最大</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>トゥルーピーク</translation>
+    </message>
+    <message>
+        <source>Sample peak</source>
+        <translation>サンプルピーク</translation>
+    </message>
+    <message>
+        <source>Correlation</source>
+        <translation>相関</translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation>バランス</translation>
     </message>
 </context>
 <context>
@@ -1387,6 +1895,16 @@ MIT ライセンス</translation>
         <source>Cancel export and quit</source>
         <translation>書き出しを中止して終了</translation>
     </message>
+    <message numerus="yes">
+        <source>%n exports are still running or waiting. Ending now cancels them.</source>
+        <translation>
+            <numerusform>%n 件の書き出しが実行中か待機中です。今終了するとキャンセルされます。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel exports and quit</source>
+        <translation>書き出しを中止して終了</translation>
+    </message>
 </context>
 <context>
     <name>WindowMenu</name>
@@ -1505,6 +2023,10 @@ MIT ライセンス</translation>
     <message>
         <source>By &amp;duration</source>
         <translation>長さ順(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>メニュー</translation>
     </message>
 </context>
 </TS>

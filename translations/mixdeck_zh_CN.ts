@@ -73,6 +73,196 @@ MIT 许可证</translation>
     </message>
 </context>
 <context>
+    <name>Announcements</name>
+    <message>
+        <source>The recorder is connected.</source>
+        <translation>录音机已连接。</translation>
+    </message>
+    <message>
+        <source>The recorder is no longer connected.</source>
+        <translation>录音机已断开。</translation>
+    </message>
+    <message>
+        <source>%1 is exported.</source>
+        <translation>%1 已导出。</translation>
+    </message>
+</context>
+<context>
+    <name>BatchChoices</name>
+    <message>
+        <source>Format</source>
+        <translation>格式</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>24-bit Linear</source>
+        <translation>24 位线性</translation>
+    </message>
+    <message>
+        <source>32-bit Float</source>
+        <translation>32 位浮点</translation>
+    </message>
+    <message>
+        <source>Normalize each to full scale</source>
+        <translation>各自归一化到满刻度</translation>
+    </message>
+    <message>
+        <source>Each to a loudness</source>
+        <translation>各自调至响度</translation>
+    </message>
+    <message>
+        <source>Beside each take</source>
+        <translation>在每条录音旁</translation>
+    </message>
+    <message>
+        <source>Into a folder</source>
+        <translation>到一个文件夹</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>选择…</translation>
+    </message>
+    <message>
+        <source>Folder for the exports</source>
+        <translation>导出文件夹</translation>
+    </message>
+    <message>
+        <source>Where an export exists</source>
+        <translation>导出已存在时</translation>
+    </message>
+    <message>
+        <source>Skip the take</source>
+        <translation>跳过该录音</translation>
+    </message>
+    <message>
+        <source>Replace it</source>
+        <translation>替换</translation>
+    </message>
+    <message>
+        <source>Number the new one</source>
+        <translation>为新文件编号</translation>
+    </message>
+</context>
+<context>
+    <name>BatchDesk</name>
+    <message>
+        <source>One take was not exported.</source>
+        <translation>有一条录音未能导出。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n takes were not exported.</source>
+        <translation>
+            <numerusform>%n 条录音未能导出。</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>BatchDialog</name>
+    <message>
+        <source>%1 exists</source>
+        <translation>%1 已存在</translation>
+    </message>
+    <message>
+        <source>%1 is itself among the takes</source>
+        <translation>%1 本身就在录音之中</translation>
+    </message>
+    <message>
+        <source>%1 is about to be written</source>
+        <translation>%1 即将写入</translation>
+    </message>
+    <message>
+        <source>%1 is to be the export of %2</source>
+        <translation>%1 将是 %2 的导出</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>导出</translation>
+    </message>
+    <message numerus="yes">
+        <source>Export %n takes</source>
+        <translation>
+            <numerusform>导出 %n 条录音</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Takes that will not be exported</source>
+        <translation>不会导出的录音</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>时长</translation>
+    </message>
+    <message>
+        <source>Stereo width</source>
+        <translation>立体声宽度</translation>
+    </message>
+    <message>
+        <source>%1° for all</source>
+        <translation>全部 %1°</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>增益</translation>
+    </message>
+    <message>
+        <source>Room</source>
+        <translation>空间</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Export %1</source>
+        <translation>导出 %1</translation>
+    </message>
+    <message>
+        <source>To %1 LUFS</source>
+        <translation>至 %1 LUFS</translation>
+    </message>
+    <message>
+        <source>%1, of %2 that are free</source>
+        <translation>%1，可用 %2</translation>
+    </message>
+    <message>
+        <source>The takes cannot be looked at: no thread can be had.</source>
+        <translation>无法查看录音：无法获得线程。</translation>
+    </message>
+    <message>
+        <source>A loudness is a number from -70 to 0.</source>
+        <translation>响度是 -70 到 0 之间的数值。</translation>
+    </message>
+    <message>
+        <source>There is too little room: the last of them will not be written</source>
+        <translation>空间不足：最后几条不会写入</translation>
+    </message>
+    <message>
+        <source>Samples of some of them export as noise: the recorder writes 24 bits or 32-bit float</source>
+        <translation>其中一些采样导出后是噪声：录音机写入 24 位或 32 位浮点</translation>
+    </message>
+    <message>
+        <source>Over 4 GiB: written as RF64, which not every program reads</source>
+        <translation>超过 4 GiB：写为 RF64，并非所有程序都能读取</translation>
+    </message>
+    <message>
+        <source>One will not be exported:</source>
+        <translation>有一条不会导出：</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n will not be exported:</source>
+        <translation>
+            <numerusform>%n 条不会导出：</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>BrowserPane</name>
     <message>
         <source>Looking for “%1”… (Esc gives up)</source>
@@ -196,6 +386,10 @@ MIT 许可证</translation>
     <message>
         <source>%1, no recorder connected</source>
         <translation>%1，未连接录音机</translation>
+    </message>
+    <message>
+        <source>The recorder</source>
+        <translation>录音机</translation>
     </message>
 </context>
 <context>
@@ -323,14 +517,6 @@ MIT 许可证</translation>
         <translation>调至目标响度</translation>
     </message>
     <message>
-        <source>Loudness to aim at</source>
-        <translation>目标响度</translation>
-    </message>
-    <message>
-        <source>LUFS</source>
-        <translation>LUFS</translation>
-    </message>
-    <message>
         <source>Cancel</source>
         <translation>取消</translation>
     </message>
@@ -396,6 +582,10 @@ MIT 许可证</translation>
     <message>
         <source>True peak</source>
         <translation>真峰值</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>声像</translation>
     </message>
 </context>
 <context>
@@ -582,6 +772,14 @@ MIT 许可证</translation>
         <source>Keys and pointer</source>
         <translation>按键和指针</translation>
     </message>
+    <message>
+        <source>Takes in the list</source>
+        <translation>列表中的录音</translation>
+    </message>
+    <message>
+        <source>Shift and Ctrl select several; the second button opens a menu</source>
+        <translation>Shift 和 Ctrl 可多选；右键打开菜单</translation>
+    </message>
 </context>
 <context>
     <name>IntroductionVC</name>
@@ -711,6 +909,17 @@ MIT 许可证</translation>
     </message>
 </context>
 <context>
+    <name>LoudnessField</name>
+    <message>
+        <source>Loudness to aim at</source>
+        <translation>目标响度</translation>
+    </message>
+    <message>
+        <source>LUFS</source>
+        <translation>LUFS</translation>
+    </message>
+</context>
+<context>
     <name>LoudnessPane</name>
     <message>
         <source>%1 %</source>
@@ -782,6 +991,80 @@ MIT 许可证</translation>
     <message>
         <source>Solo Side</source>
         <translation>独听侧边</translation>
+    </message>
+    <message>
+        <source>Place in the take</source>
+        <translation>录音中的位置</translation>
+    </message>
+    <message>
+        <source>Length of the take</source>
+        <translation>录音时长</translation>
+    </message>
+</context>
+<context>
+    <name>QueueModel</name>
+    <message>
+        <source>Waiting</source>
+        <translation>等待中</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Cancelling</source>
+        <translation>正在取消</translation>
+    </message>
+    <message>
+        <source>Exported</source>
+        <translation>已导出</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>已取消</translation>
+    </message>
+</context>
+<context>
+    <name>QueuePanel</name>
+    <message>
+        <source>Progress of all</source>
+        <translation>总进度</translation>
+    </message>
+    <message>
+        <source>Exports</source>
+        <translation>导出</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>在文件夹中显示</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Cancel the selected exports</source>
+        <translation>取消所选导出</translation>
+    </message>
+    <message>
+        <source>%1 of %2 exported</source>
+        <translation>已导出 %1 / %2</translation>
+    </message>
+    <message>
+        <source>%1, %2 failed</source>
+        <translation>%1，%2 失败</translation>
+    </message>
+    <message>
+        <source>Cancel all</source>
+        <translation>全部取消</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
     </message>
 </context>
 <context>
@@ -1022,6 +1305,18 @@ MIT 许可证</translation>
         <source>This kernel or alsa-lib has no Universal MIDI Packets, which were asked for.</source>
         <translation>此内核或 alsa-lib 没有所要求的 Universal MIDI Packets。</translation>
     </message>
+    <message>
+        <source>Markers and descriptions of the recording cannot be read</source>
+        <translation>无法读取录音的标记和说明</translation>
+    </message>
+    <message>
+        <source>No audio: the data chunk states %1 bytes, the file holds %2 after it</source>
+        <translation>没有音频：数据块声明 %1 字节，其后文件有 %2 字节</translation>
+    </message>
+    <message>
+        <source>Cut short: the data chunk states %1 bytes, the file holds %2</source>
+        <translation>被截断：数据块声明 %1 字节，文件只有 %2 字节</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1056,6 +1351,72 @@ MIT 许可证</translation>
     <message>
         <source>Off</source>
         <translation>关</translation>
+    </message>
+</context>
+<context>
+    <name>RepairOffer</name>
+    <message>
+        <source>The recording of %1 broke off. %2 s of sound can be salvaged into %3, beside it. The take itself stays as it is.</source>
+        <translation>%1 的录制中断了。可将 %2 秒声音挽救到旁边的 %3。原录音保持不变。</translation>
+    </message>
+    <message>
+        <source>Salvage</source>
+        <translation>挽救</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>暂不</translation>
+    </message>
+    <message>
+        <source>%1 is being salvaged…</source>
+        <translation>正在挽救 %1…</translation>
+    </message>
+    <message>
+        <source>no thread can be had</source>
+        <translation>无法获得线程</translation>
+    </message>
+    <message>
+        <source>%1 was not saved: %2.</source>
+        <translation>%1 未能保存：%2。</translation>
+    </message>
+    <message>
+        <source>Fail to save.</source>
+        <translation>保存失败。</translation>
+    </message>
+</context>
+<context>
+    <name>RowMenu</name>
+    <message>
+        <source>What is selected</source>
+        <translation>所选内容</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>打开(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Export %1…</source>
+        <translation>导出 %1(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>导出(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>&amp;Show in file manager</source>
+        <translation>在文件管理器中显示(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy path</source>
+        <translation>复制路径(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy paths</source>
+        <translation>复制路径(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Information</source>
+        <translation>信息(&amp;I)</translation>
     </message>
 </context>
 <context>
@@ -1122,6 +1483,19 @@ MIT 许可证</translation>
     <message>
         <source>“%1” cannot be made: %2</source>
         <translation>无法创建“%1”：%2</translation>
+    </message>
+</context>
+<context>
+    <name>SelectionPane</name>
+    <message numerus="yes">
+        <source>%n takes</source>
+        <translation>
+            <numerusform>%n 条录音</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Export %1…</source>
+        <translation>导出 %1…</translation>
     </message>
 </context>
 <context>
@@ -1222,6 +1596,10 @@ MIT 许可证</translation>
         <source>peak hold</source>
         <translation>峰值保持</translation>
     </message>
+    <message>
+        <source>The recorder</source>
+        <translation>录音机</translation>
+    </message>
 </context>
 <context>
     <name>StayAwake</name>
@@ -1255,6 +1633,136 @@ MIT 许可证</translation>
         <source>S</source>
         <comment>side</comment>
         <translation>S</translation>
+    </message>
+</context>
+<context>
+    <name>TakeFacts</name>
+    <message>
+        <source>yes</source>
+        <translation>是</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>否</translation>
+    </message>
+    <message>
+        <source>%1 channels, %2 Hz, %3-bit %4</source>
+        <translation>%1 声道，%2 Hz，%3 位 %4</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>Of the recorder</source>
+        <translation>来自录音机</translation>
+    </message>
+    <message>
+        <source>Raw M/S</source>
+        <translation>原始 M/S</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>格式</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>时长</translation>
+    </message>
+    <message>
+        <source>Frames</source>
+        <translation>帧</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>备注</translation>
+    </message>
+    <message>
+        <source>%1 bytes at %2</source>
+        <translation>%2 处 %1 字节</translation>
+    </message>
+    <message>
+        <source>, and %1 more of it</source>
+        <translation>，以及另外 %1</translation>
+    </message>
+</context>
+<context>
+    <name>TakeInformation</name>
+    <message>
+        <source>Information</source>
+        <translation>信息</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>正在读取…</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>备注</translation>
+    </message>
+    <message>
+        <source>No thread can be had to read it.</source>
+        <translation>无法获得读取线程。</translation>
+    </message>
+    <message>
+        <source>Chunks</source>
+        <translation>块</translation>
+    </message>
+    <message>
+        <source>Broadcast extension</source>
+        <translation>广播扩展</translation>
+    </message>
+    <message>
+        <source>Figures at %1° and %2 dB</source>
+        <translation>%1° 和 %2 dB 时的数值</translation>
+    </message>
+    <message>
+        <source>Measuring…</source>
+        <translation>正在测量…</translation>
+    </message>
+    <message>
+        <source>Integrated loudness</source>
+        <translation>综合响度</translation>
+    </message>
+    <message>
+        <source>Loudness range</source>
+        <translation>响度范围</translation>
+    </message>
+    <message>
+        <source>Momentary, at most</source>
+        <translation>瞬时最大</translation>
+    </message>
+    <message>
+        <source>Short term, at most</source>
+        <translation>短期最大</translation>
+    </message>
+    <message>
+        <source>True peak</source>
+        <translation>真峰值</translation>
+    </message>
+    <message>
+        <source>Sample peak</source>
+        <translation>采样峰值</translation>
+    </message>
+    <message>
+        <source>Correlation</source>
+        <translation>相关度</translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation>平衡</translation>
     </message>
 </context>
 <context>
@@ -1387,6 +1895,16 @@ MIT 许可证</translation>
         <source>Cancel export and quit</source>
         <translation>取消导出并退出</translation>
     </message>
+    <message numerus="yes">
+        <source>%n exports are still running or waiting. Ending now cancels them.</source>
+        <translation>
+            <numerusform>%n 个导出正在进行或等待。现在退出会将其取消。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel exports and quit</source>
+        <translation>取消导出并退出</translation>
+    </message>
 </context>
 <context>
     <name>WindowMenu</name>
@@ -1505,6 +2023,10 @@ MIT 许可证</translation>
     <message>
         <source>By &amp;duration</source>
         <translation>按时长(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>菜单</translation>
     </message>
 </context>
 </TS>

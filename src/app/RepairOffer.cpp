@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <string>
 
+#include "controls/NumberText.h"
+#include "controls/Reason.h"
 #include "dialogs/Alert.h"
 #include "transfer/TakeDiagnosis.h"
 #include "transfer/TakeRepair.h"
@@ -79,7 +81,7 @@ void RepairOffer::offer(const std::filesystem::path& take, const TakeDiagnosis& 
   question->setInformativeText(
       tr("The recording of %1 broke off. %2 s of sound can be salvaged into %3, beside it. The "
          "take itself stays as it is.")
-          .arg(nameOf(take), QString::number(secondsOf(diagnosis), 'f', 1),
+          .arg(nameOf(take), NumberText::of(secondsOf(diagnosis), 1),
                nameOf(TakeRepair::nameFor(take))));
   const auto* const salvages = question->addButton(tr("Salvage"), QMessageBox::ActionRole);
   QPushButton* const later = question->addButton(tr("Not now"), QMessageBox::ActionRole);
@@ -109,7 +111,7 @@ void RepairOffer::end(const std::filesystem::path& target, const QString& failur
     _browser.refresh();
   } else {
     _status.say(StatusLine::Topic::Repair,
-                tr("%1 was not saved: %2.").arg(nameOf(target), failure));
+                tr("%1 was not saved: %2.").arg(nameOf(target), Reason::text(failure)));
     Alert::show(&_window, tr("Fail to save."));
   }
   emit ended();

@@ -12,6 +12,7 @@
 #include <system_error>
 #include <utility>
 
+#include "controls/NumberText.h"
 #include "export/Export.h"
 #include "export/Recognition.h"
 #include "takes/FileTime.h"
@@ -48,7 +49,7 @@ void readFile(const std::string& path, RowReader::Known& known) {
 QString describe(const ExportNote& note, bool isRaw) {
   QStringList parts;
   if (isRaw && note.width) parts << RowReader::tr("width %1°").arg(static_cast<int>(*note.width));
-  if (note.gain) parts << RowReader::tr("gain %1 dB").arg(*note.gain);
+  if (note.gain) parts << RowReader::tr("gain %1 dB").arg(NumberText::of(*note.gain));
   const auto when = QDateTime::fromSecsSinceEpoch(note.written);
   parts << QLocale().toString(when, QLocale::ShortFormat);
   const QString name = QFile::decodeName(note.target.filename().c_str());

@@ -24,6 +24,10 @@ constexpr std::array kKnown = {
     QT_TRANSLATE_NOOP("Reason", "Not a regular file"),
     QT_TRANSLATE_NOOP("Reason", "The file became shorter"),
     QT_TRANSLATE_NOOP("Reason", "The file has been deleted"),
+    QT_TRANSLATE_NOOP("Reason",
+                      "No audio: the data chunk states %1 bytes, the file holds %2 after "
+                      "it"),
+    QT_TRANSLATE_NOOP("Reason", "Cut short: the data chunk states %1 bytes, the file holds %2"),
     // Of exporting.
     QT_TRANSLATE_NOOP("Reason", "No recording is open"),
     QT_TRANSLATE_NOOP("Reason", "The target is the source itself"),
@@ -36,6 +40,7 @@ constexpr std::array kKnown = {
     QT_TRANSLATE_NOOP("Reason", "The file was dropped before it was saved"),
     QT_TRANSLATE_NOOP("Reason", "The file has been saved already"),
     QT_TRANSLATE_NOOP("Reason", "The file was written for another place"),
+    QT_TRANSLATE_NOOP("Reason", "Markers and descriptions of the recording cannot be read"),
     // Of playing.
     QT_TRANSLATE_NOOP("Reason", "No file can be read"),
     QT_TRANSLATE_NOOP("Reason", "Samples of %1 bits in format %2 cannot be played"),

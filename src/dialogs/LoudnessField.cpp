@@ -3,6 +3,8 @@
 
 #include "dialogs/LoudnessField.h"
 
+#include "controls/NumberText.h"
+
 namespace {
 
 constexpr double kLeastLufs = -70;
@@ -20,10 +22,6 @@ LoudnessField::LoudnessField(QWidget* parent) : QComboBox(parent) {
 
 // With either minus, with either decimal sign, with or without the unit.
 std::optional<double> LoudnessField::lufs() const {
-  QString typed = currentText();
-  typed.replace(u'−', u'-').replace(u',', u'.').remove(tr("LUFS"));
-  bool isNumber = false;
-  const double lufs = typed.toDouble(&isNumber);
-  if (!isNumber || !(lufs >= kLeastLufs && lufs <= 0)) return std::nullopt;
-  return lufs;
+  const auto lufs = NumberText::typed(currentText().remove(tr("LUFS")));
+  return lufs >= kLeastLufs && lufs <= 0.0 ? lufs : std::nullopt;
 }

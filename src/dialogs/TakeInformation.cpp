@@ -11,6 +11,7 @@
 #include <optional>
 
 #include "controls/Appearance.h"
+#include "controls/NumberText.h"
 #include "dialogs/PathText.h"
 
 namespace {
@@ -24,20 +25,19 @@ constexpr int kLook = 100;  // ms
 // As the tool prints them.
 QString figure(const std::optional<double>& value, int digits, const char* unit) {
   if (!value) return QStringLiteral("–");
-  const QString number = QString::number(*value + 0.0, 'f', digits);
+  const QString number = NumberText::of(*value + 0.0, digits);
   return *unit == 0 ? number : number + u' ' + QLatin1String(unit);
 }
 
 std::vector<Line> linesOf(const TakeFigures& f) {
-  using Information = TakeInformation;
-  return {{Information::tr("Integrated loudness"), figure(f.integratedLufs, 2, "LUFS")},
-          {Information::tr("Loudness range"), figure(f.rangeLu, 2, "LU")},
-          {Information::tr("Momentary, at most"), figure(f.momentaryMaxLufs, 2, "LUFS")},
-          {Information::tr("Short term, at most"), figure(f.shortTermMaxLufs, 2, "LUFS")},
-          {Information::tr("True peak"), figure(f.truePeakDbtp, 2, "dBTP")},
-          {Information::tr("Sample peak"), figure(f.samplePeakDbfs, 2, "dBFS")},
-          {Information::tr("Correlation"), figure(f.correlation, 3, "")},
-          {Information::tr("Balance"), figure(f.balanceDb, 2, "dB")}};
+  return {{TakeInformation::tr("Integrated loudness"), figure(f.integratedLufs, 2, "LUFS")},
+          {TakeInformation::tr("Loudness range"), figure(f.rangeLu, 2, "LU")},
+          {TakeInformation::tr("Momentary, at most"), figure(f.momentaryMaxLufs, 2, "LUFS")},
+          {TakeInformation::tr("Short term, at most"), figure(f.shortTermMaxLufs, 2, "LUFS")},
+          {TakeInformation::tr("True peak"), figure(f.truePeakDbtp, 2, "dBTP")},
+          {TakeInformation::tr("Sample peak"), figure(f.samplePeakDbfs, 2, "dBFS")},
+          {TakeInformation::tr("Correlation"), figure(f.correlation, 3, "")},
+          {TakeInformation::tr("Balance"), figure(f.balanceDb, 2, "dB")}};
 }
 
 }  // namespace
