@@ -4,11 +4,13 @@
 #include "app/DesktopPresence.h"
 
 #include <QApplication>
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <vector>
 
+#include "base/FileAddress.h"
 #include "controls/Appearance.h"
-#include "desktop/FileAddress.h"
 
 DesktopPresence::DesktopPresence(WindowController& window, BusLink& link, OneWindow& one)
     : _link(link), _mpris(window.viewController().remote()) {
@@ -50,7 +52,7 @@ void DesktopPresence::fulfil(const OneWindow::Wish& wish, WindowController& wind
   window.raise(wish.token);
   std::vector<std::filesystem::path> files;
   for (const QString& address : wish.addresses) {
-    if (const auto file = FileAddress::pathOf(address)) files.push_back(*file);
+    std::ranges::copy(FileAddress::pathsIn(address.toStdString()), std::back_inserter(files));
   }
   if (!files.empty()) window.viewController().open(files);
 }

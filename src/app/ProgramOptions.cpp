@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "base/FileAddress.h"
 #include "base/Version.h"
 #include "controls/Language.h"
-#include "desktop/FileAddress.h"
 #include "manual/ProgramWords.h"
 
 namespace {
@@ -18,9 +18,9 @@ namespace {
 // Desktops hand addresses over. Changed into a path; what is wrong with it, or nothing.
 std::string problemOf(std::string& start) {
   if (start.starts_with("file:")) {
-    const auto file = FileAddress::pathOf(QString::fromStdString(start));
-    if (!file) return "Not a file on this machine: " + start;
-    start = file->native();
+    const auto files = FileAddress::pathsIn(start);
+    if (files.empty()) return "Not a file on this machine: " + start;
+    start = files.front().native();
   }
   return CLI::ExistingPath(start);
 }

@@ -14,10 +14,10 @@
 #include "app/ProgramLog.h"
 #include "app/ProgramOptions.h"
 #include "app/WindowController.h"
+#include "base/FileAddress.h"
 #include "controls/Appearance.h"
 #include "controls/Language.h"
 #include "desktop/BusLink.h"
-#include "desktop/FileAddress.h"
 #include "desktop/OneWindow.h"
 #include "playback/system/SystemBackends.h"
 
@@ -31,7 +31,9 @@ QString startToken() {
 
 QStringList addressesOf(const std::vector<std::filesystem::path>& files) {
   QStringList addresses;
-  for (const auto& file : files) addresses << FileAddress::of(std::filesystem::absolute(file));
+  for (const auto& file : files) {
+    addresses << QString::fromStdString(FileAddress::of(std::filesystem::absolute(file)));
+  }
   return addresses;
 }
 

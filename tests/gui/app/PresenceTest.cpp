@@ -6,7 +6,7 @@
 
 #include "WindowFixture.h"
 #include "app/DesktopPresence.h"
-#include "desktop/FileAddress.h"
+#include "base/FileAddress.h"
 #include "support/EnvironmentVariable.h"
 #include "support/InhibitPortal.h"
 #include "support/PrivateBus.h"
@@ -34,7 +34,7 @@ class Presence : public WindowFixture {
   }
   void ask(const std::vector<std::filesystem::path>& files) const {
     QStringList addresses;
-    for (const auto& file : files) addresses << FileAddress::of(file);
+    for (const auto& file : files) addresses << QString::fromStdString(FileAddress::of(file));
     QDBusMessage message = QDBusMessage::createMethodCall(
         QLatin1String(OneWindow::kName), QLatin1String(OneWindow::kPath),
         QStringLiteral("org.freedesktop.Application"), QStringLiteral("Open"));
