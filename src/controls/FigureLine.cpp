@@ -83,9 +83,8 @@ int FigureLine::unitRoom() const {
 
 QSize FigureLine::sizeHint() const {
   const QFontMetrics metrics(font());
-  const int text =
-      metrics.horizontalAdvance(_title) +
-      metrics.horizontalAdvance(NumberText::localized(QStringLiteral("−88.8")));
+  const int text = metrics.horizontalAdvance(_title) +
+                   metrics.horizontalAdvance(NumberText::localized(QStringLiteral("−88.8")));
   return {std::max(144, text + unitRoom()), std::max(kHeight, metrics.height() + 2)};
 }
 

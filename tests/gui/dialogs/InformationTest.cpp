@@ -134,7 +134,8 @@ TEST_F(InformationTest, AboutShowsTheVersionAsItIs) {
   about->open();
   EXPECT_EQ(QString("<1.2>.34 "), about->findChild<QLabel*>("version")->text());
   EXPECT_EQ(Qt::PlainText, about->findChild<QLabel*>("version")->textFormat());
-  EXPECT_TRUE(about->findChildren<QPushButton*>().isEmpty());
+  ASSERT_EQ(1, about->findChildren<QPushButton*>().size());
+  EXPECT_EQ(QString("Copy details"), about->findChild<QPushButton*>()->text());
 }
 
 TEST_F(InformationTest, AboutGoesWithEscapeAndWithItsWindow) {
