@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
+#include <cstdint>
 #include <string>
 
 #include "controls/NumberText.h"
@@ -23,7 +24,8 @@ QString nameOf(const std::filesystem::path& path) {
 
 double secondsOf(const TakeDiagnosis& diagnosis) {
   if (diagnosis.frameBytes == 0 || diagnosis.sampleRate == 0) return 0;
-  return static_cast<double>(diagnosis.keptBytes / diagnosis.frameBytes) / diagnosis.sampleRate;
+  const std::uint64_t frames = diagnosis.keptBytes / diagnosis.frameBytes;
+  return static_cast<double>(frames) / diagnosis.sampleRate;
 }
 
 // Why it was not saved; empty where it was, or was given up.

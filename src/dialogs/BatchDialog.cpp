@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "controls/Appearance.h"
 #include "dialogs/ClockText.h"
@@ -44,8 +45,8 @@ QString reasonOf(const BatchPlan::Item& item) {
 
 }  // namespace
 
-BatchDialog::BatchDialog(const Takes& takes, QWidget* parent)
-    : DialogWindow(parent), _takes(takes) {
+BatchDialog::BatchDialog(Takes takes, QWidget* parent)
+    : DialogWindow(parent), _takes(std::move(takes)) {
   layOut();
   connect(this, &QDialog::finished, this, &QObject::deleteLater);
   connect(_choices, &BatchChoices::changed, this, &BatchDialog::choose);
@@ -169,7 +170,7 @@ QString BatchDialog::gainText() const {
 QString BatchDialog::roomText() const {
   const auto& plan = _checks.plan();
   if (!plan) return QStringLiteral("…");
-  const QString needed = ExportFacts::textOf(plan->needed());
+  QString needed = ExportFacts::textOf(plan->needed());
   const BatchPlan::Room* const room = plan->tightest();
   if (room == nullptr || !room->free) return needed;
   return tr("%1, of %2 that are free").arg(needed, ExportFacts::textOf(*room->free));

@@ -33,7 +33,7 @@ class BatchDialog : public DialogWindow {
     std::set<std::filesystem::path> awaited;  ///< what other exports are about to write
   };
 
-  BatchDialog(const Takes& takes, QWidget* parent);
+  BatchDialog(Takes takes, QWidget* parent);
 
  signals:
   /// At least one, of which so many at once help; the dialog is gone from the screen.

@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QVBoxLayout>
 #include <optional>
+#include <utility>
 
 #include "controls/Appearance.h"
 #include "controls/NumberText.h"
@@ -42,8 +43,8 @@ std::vector<Line> linesOf(const TakeFigures& f) {
 
 }  // namespace
 
-TakeInformation::TakeInformation(const Subject& subject, QWidget* parent)
-    : DialogWindow(parent), _subject(subject) {
+TakeInformation::TakeInformation(Subject subject, QWidget* parent)
+    : DialogWindow(parent), _subject(std::move(subject)) {
   setAttribute(Qt::WA_DeleteOnClose);
   layOut();
   connect(&_timer, &QTimer::timeout, this, &TakeInformation::collect);

@@ -30,7 +30,7 @@ class TakeInformation : public DialogWindow {
     std::shared_ptr<const TakeAnalysis> analysis = nullptr;
   };
 
-  TakeInformation(const Subject& subject, QWidget* parent);
+  TakeInformation(Subject subject, QWidget* parent);
 
   /// All of it, a line a thing.
   [[nodiscard]] QString text() const;

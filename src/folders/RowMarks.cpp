@@ -38,11 +38,12 @@ double RowMarks::drawDuration(QPainter& painter, const QRect& row, const QString
   const double colon = metrics.horizontalAdvance(u':');
   const double base = row.top() + (row.height() - metrics.height()) / 2 + metrics.ascent();
   double x = row.right() + 1 - kRight;
-  for (auto letter = text.crbegin(); letter != text.crend(); ++letter) {
-    const double width = *letter == u':' ? colon : digit;
+  for (auto i = text.size(); i-- > 0;) {
+    const QChar letter = text[i];
+    const double width = letter == u':' ? colon : digit;
     x -= width;
-    const double inset = (width - metrics.horizontalAdvance(*letter)) / 2;
-    painter.drawText(QPointF(x + inset, std::round(base)), QString(*letter));
+    const double inset = (width - metrics.horizontalAdvance(letter)) / 2;
+    painter.drawText(QPointF(x + inset, std::round(base)), QString(letter));
   }
   const double usual = (kUsualLetters - 1) * digit + colon;
   return std::max(usual, row.right() + 1 - kRight - x) + kRight;

@@ -122,6 +122,7 @@ std::vector<BatchPlan::Room> roomsOf(const std::vector<ExportOrder>& orders) {
     room->second.needed += order.size;
   }
   std::vector<BatchPlan::Room> all;
+  all.reserve(rooms.size());
   for (const auto& [device, room] : rooms) all.push_back(room);
   return all;
 }

@@ -40,8 +40,9 @@ class AnalysisCache {
   /// The whole analysis; null where none is kept. Of a take that was changed since, none is: a
   /// change in the middle of its sound has to be heard of.
   [[nodiscard]] std::shared_ptr<const TakeAnalysis> find(const Key& key) const;
-  /// Keeps a complete analysis, in place of any of the same take. False where it was not kept.
-  bool keep(const Key& key, const TakeAnalysis& analysis) const;
+  /// Keeps a complete analysis, in place of any of the same take. False where it was not kept,
+  /// which most need not know.
+  bool keep(const Key& key, const TakeAnalysis& analysis) const;  // NOLINT(modernize-use-nodiscard)
 
  private:
   [[nodiscard]] std::filesystem::path fileOf(const Key& key) const;
