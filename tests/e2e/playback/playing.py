@@ -204,7 +204,11 @@ class Player:
                 return
 
     def __enter__(self):
-        wait_for(lambda: " dB" in self.shown, "the time line")
+        try:
+            wait_for(lambda: " dB" in self.shown, "the time line")
+        except TimeoutError as late:
+            self.__exit__()
+            raise TimeoutError(f"{late}; it showed {self.shown!r}") from late
         return self
 
     def __exit__(self, *_):

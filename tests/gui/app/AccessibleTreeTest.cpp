@@ -185,7 +185,7 @@ class AccessibleTree : public WindowFixture {
 
   template <class Dialog>
   Dialog& opened() {
-    waitFor([this] { return shown<Dialog>() != nullptr; }, "the dialog");
+    waitFor([] { return shown<Dialog>() != nullptr; }, "the dialog");
     return *shown<Dialog>();
   }
   template <class Dialog>

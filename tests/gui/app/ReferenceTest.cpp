@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "WindowFixture.h"
+#include "app/MeasuredTake.h"
 
 namespace {
 
@@ -51,6 +52,9 @@ class Reference : public WindowFixture {
     open(name);
     controller().btnPlay_Click();
     ASSERT_EQ(state(), PLAY_STATE_PAUSE);
+    const auto* const measured = controller().findChild<MeasuredTake*>();
+    ASSERT_NE(measured, nullptr);
+    waitFor([measured] { return measured->progress() == 1; }, "the whole take");
     waitFor([this] { return stage().field->wholeTake->figure().has_value(); }, "the loudness");
     waitFor([this] { return !view().player->waveform->columns().columns.empty(); }, "the waveform");
   }

@@ -210,7 +210,7 @@ TEST_F(CardCopyTest, AFolderThatCannotBeListedIsToldAndTheOthersAreCopied) {
 }
 
 TEST_F(CardCopyTest, TellsWhyItCannotBegin) {
-  const auto whyNot = [this](const fs::path& card, const fs::path& home) {
+  const auto whyNot = [](const fs::path& card, const fs::path& home) {
     return CardCopy(card, home).prepare();
   };
   fs::create_directories(_folder.path() / "empty");
