@@ -145,6 +145,10 @@ MIT-Lizenz</translation>
         <source>Number the new one</source>
         <translation>Den neuen nummerieren</translation>
     </message>
+    <message>
+        <source>Each at its remembered width and gain</source>
+        <translation>Jeden mit seiner gemerkten Breite und Verstärkung</translation>
+    </message>
 </context>
 <context>
     <name>BatchDesk</name>
@@ -263,6 +267,10 @@ MIT-Lizenz</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>As remembered, else %1</source>
+        <translation>Wie gemerkt, sonst %1</translation>
     </message>
 </context>
 <context>

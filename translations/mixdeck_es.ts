@@ -145,6 +145,10 @@ Licencia MIT</translation>
         <source>Number the new one</source>
         <translation>Numerar el nuevo</translation>
     </message>
+    <message>
+        <source>Each at its remembered width and gain</source>
+        <translation>Cada una con su ancho y ganancia recordados</translation>
+    </message>
 </context>
 <context>
     <name>BatchDesk</name>
@@ -263,6 +267,10 @@ Licencia MIT</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>As remembered, else %1</source>
+        <translation>Lo recordado; si no, %1</translation>
     </message>
 </context>
 <context>

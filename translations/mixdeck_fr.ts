@@ -145,6 +145,10 @@ Licence MIT</translation>
         <source>Number the new one</source>
         <translation>Numéroter le nouveau</translation>
     </message>
+    <message>
+        <source>Each at its remembered width and gain</source>
+        <translation>Chacune avec sa largeur et son gain retenus</translation>
+    </message>
 </context>
 <context>
     <name>BatchDesk</name>
@@ -263,6 +267,10 @@ Licence MIT</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>As remembered, else %1</source>
+        <translation>Retenu, sinon %1</translation>
     </message>
 </context>
 <context>

@@ -145,6 +145,10 @@ MIT ライセンス</translation>
         <source>Number the new one</source>
         <translation>新しい方に番号を付ける</translation>
     </message>
+    <message>
+        <source>Each at its remembered width and gain</source>
+        <translation>それぞれ記憶した幅とゲインで</translation>
+    </message>
 </context>
 <context>
     <name>BatchDesk</name>
@@ -260,6 +264,10 @@ MIT ライセンス</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>As remembered, else %1</source>
+        <translation>記憶した値、なければ %1</translation>
     </message>
 </context>
 <context>

@@ -145,6 +145,10 @@ MIT 许可证</translation>
         <source>Number the new one</source>
         <translation>为新文件编号</translation>
     </message>
+    <message>
+        <source>Each at its remembered width and gain</source>
+        <translation>每条按其记住的宽度和增益</translation>
+    </message>
 </context>
 <context>
     <name>BatchDesk</name>
@@ -260,6 +264,10 @@ MIT 许可证</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>As remembered, else %1</source>
+        <translation>按记住的值，否则 %1</translation>
     </message>
 </context>
 <context>

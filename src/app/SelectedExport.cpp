@@ -15,5 +15,6 @@ SelectedExport::SelectedExport(const Place& place, QObject* parent)
 void SelectedExport::ask() {
   std::vector<std::filesystem::path> files;
   for (const WavItem& take : _place.files.selectedTakes()) files.emplace_back(take.fullPath);
-  _place.batch.ask(files, static_cast<double>(_place.take.gain()), _place.take.angle());
+  _place.batch.ask(files, static_cast<double>(_place.take.gain()), _place.take.angle(),
+                   _place.recall.ofTakes());
 }

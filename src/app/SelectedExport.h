@@ -7,6 +7,7 @@
 
 #include "app/BrowserPane.h"
 #include "app/StatusLine.h"
+#include "app/TakeRecall.h"
 #include "app/TakeSession.h"
 #include "dialogs/BatchDesk.h"
 #include "dialogs/ExportDesk.h"
@@ -24,6 +25,7 @@ class SelectedExport : public QObject {
     StatusLine& status;
     ExportDesk& single;
     BatchDesk& batch;
+    TakeRecall& recall;
   };
 
   explicit SelectedExport(const Place& place, QObject* parent = nullptr);

@@ -93,6 +93,17 @@ void TakeRecall::apply(const RememberedSound& sound) {
   _take.setLoop(FrameLoop{sound.loop->first, sound.loop->end});
 }
 
+BatchTake::Recall TakeRecall::ofTakes() {
+  if (!_action.isChecked()) return {};
+  remember();
+  return [keeper = _keeper](const WaveFileReader& reader) {
+    const std::string take = TakeIdentity::of(reader);
+    const auto sound = take.empty() ? std::nullopt : keeper->find(take);
+    if (!sound) return std::optional<BatchTake::Sound>();
+    return std::optional(BatchTake::Sound{sound->width, static_cast<double>(sound->gain)});
+  };
+}
+
 void TakeRecall::changed() {
   if (_take.isOpen() && _action.isChecked()) _timerRemember.start(kSettled);
 }

@@ -15,6 +15,7 @@
 #include "app/StatusLine.h"
 #include "app/TakeSession.h"
 #include "base/Errand.h"
+#include "queue/BatchTake.h"
 #include "takes/TakeKeeper.h"
 
 /// Brings width, gain and loop of a take back when it is opened again, and remembers them: a second
@@ -41,6 +42,10 @@ class TakeRecall : public QObject {
 
   explicit TakeRecall(const Place& place, QObject* parent = nullptr);
   ~TakeRecall() override;
+
+  /// Tells, on any thread, what a take was heard with last; null while the switch is off. Of the
+  /// take that is open that is what it is heard with now.
+  [[nodiscard]] BatchTake::Recall ofTakes();
 
  signals:
   /// It is known which take is open, and what was remembered of it has been set.

@@ -86,7 +86,7 @@ struct WindowPanes {
   RowReader rows{browser, exports, keeper, *view.menu->actionRemember, &owner};
   ExportDesk desk{exports, view};
   BatchDesk batch{exports, view};
-  SelectedExport selected{{files, take, *view.player->lblStatus, desk, batch}, &owner};
+  SelectedExport selected{{files, take, *view.player->lblStatus, desk, batch, recall}, &owner};
   TakeInformant informant{view, take, measured, &owner};
   WindowCommands commands{{view, *view.menu, *view.player->btnExport, *view.player->lblStatus,
                            exports, desk, &measured},

@@ -18,11 +18,12 @@ void BatchChecks::begin(const Errand::Work& work) {
   if (_hasFailed) emit changed();
 }
 
-void BatchChecks::read(const std::vector<std::filesystem::path>& files) {
-  begin([this, files, cancel = renewCancel()]() -> Errand::Outcome {
+void BatchChecks::read(const std::vector<std::filesystem::path>& files,
+                       const BatchTake::Recall& recall) {
+  begin([this, files, recall, cancel = renewCancel()]() -> Errand::Outcome {
     const auto takes = std::make_shared<std::vector<BatchTake>>();
     for (const std::filesystem::path& file : files) {
-      if (!*cancel) takes->emplace_back(file);
+      if (!*cancel) takes->emplace_back(file, recall);
     }
     return [this, takes] {
       _takes = takes;

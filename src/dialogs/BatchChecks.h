@@ -25,7 +25,7 @@ class BatchChecks : public QObject {
   ~BatchChecks() override;
 
   /// Begins to read the headers; once.
-  void read(const std::vector<std::filesystem::path>& files);
+  void read(const std::vector<std::filesystem::path>& files, const BatchTake::Recall& recall = {});
   /// Begins to look what becomes of the takes by this wish, whose own takes do not count; as soon
   /// as the headers are read. There is no plan until that is known.
   void plan(const BatchWish& wish);

@@ -59,6 +59,10 @@ QLayout* BatchChoices::formats() {
 }
 
 QLayout* BatchChoices::levels() {
+  _remembered = new QCheckBox(tr("Each at its remembered width and gain"), this);
+  _remembered->setObjectName(QStringLiteral("remembered"));
+  _remembered->hide();
+  connect(_remembered, &QCheckBox::toggled, this, &BatchChoices::changed);
   _normalize = new QCheckBox(tr("Normalize each to full scale"), this);
   _toLoudness = new QCheckBox(tr("Each to a loudness"), this);
   _loudness = new LoudnessField(this);
@@ -75,6 +79,7 @@ QLayout* BatchChoices::levels() {
   row->addStretch();
   auto* const column = new QVBoxLayout;
   column->setSpacing(2);
+  column->addWidget(_remembered, 0, Qt::AlignLeft);
   column->addWidget(_normalize, 0, Qt::AlignLeft);
   column->addLayout(row);
   return column;
@@ -132,6 +137,10 @@ QLayout* BatchChoices::existing() {
   return row;
 }
 
+void BatchChoices::offerRemembered() {
+  _remembered->show();
+}
+
 void BatchChoices::choosePlace() {
   if (_into->isChecked() && _folder.empty()) askForFolder();
   emit changed();
@@ -166,6 +175,7 @@ void BatchChoices::putInto(BatchWish& wish) const {
   wish.folder = _into->isChecked() ? _folder : std::filesystem::path();
   wish.existing = std::array{Existing::Skip, Existing::Replace,
                              Existing::Number}[static_cast<std::size_t>(_existing->currentIndex())];
+  wish.isAsRemembered = isAsRemembered();
   wish.how.is24bit = _radio24->isChecked();
   wish.how.isNormalized = isNormalized();
   wish.how.loudness.reset();

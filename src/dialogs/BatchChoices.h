@@ -25,6 +25,9 @@ class BatchChoices : public QWidget {
 
   /// Where the search for a folder begins.
   void setStart(const std::filesystem::path& folder) { _start = folder; }
+  /// Offers what is remembered of takes; at first that is not to be seen.
+  void offerRemembered();
+  [[nodiscard]] bool isAsRemembered() const { return _remembered->isChecked(); }
   /// Puts what is chosen into a wish.
   void putInto(BatchWish& wish) const;
   [[nodiscard]] bool isNormalized() const { return _normalize->isChecked(); }
@@ -50,6 +53,7 @@ class BatchChoices : public QWidget {
 
   QRadioButton* _radio24;
   QRadioButton* _radio32;
+  QCheckBox* _remembered;
   QCheckBox* _normalize;
   QCheckBox* _toLoudness;
   LoudnessField* _loudness;

@@ -24,9 +24,10 @@ BatchDesk::BatchDesk(ExportQueue& queue, QWidget& window, ExportQueue::Clock clo
           &BatchDesk::showInFolderRequested);
 }
 
-void BatchDesk::ask(const std::vector<std::filesystem::path>& files, double gain, double angle) {
+void BatchDesk::ask(const std::vector<std::filesystem::path>& files, double gain, double angle,
+                    const BatchTake::Recall& recall) {
   if (files.empty()) return;
-  auto* const dialog = new BatchDialog({files, gain, angle, _model.awaited()}, &_window);
+  auto* const dialog = new BatchDialog({files, gain, angle, _model.awaited(), recall}, &_window);
   dialog->setParentFrame(_window.window()->frameGeometry());
   connect(dialog, &BatchDialog::ordered, this, &BatchDesk::order);
   dialog->open();

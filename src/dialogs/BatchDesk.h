@@ -31,7 +31,8 @@ class BatchDesk : public QObject {
 
   /// Asks how to export these takes at this gain and width, and hands the orders to the queue,
   /// behind what is in it.
-  void ask(const std::vector<std::filesystem::path>& files, double gain, double angle);
+  void ask(const std::vector<std::filesystem::path>& files, double gain, double angle,
+           const BatchTake::Recall& recall = {});
   /// No more exports at once than so many, whatever the medium is good for.
   void setMost(unsigned count) { _most = count; }
   /// Shows the queue, where there is something in it.

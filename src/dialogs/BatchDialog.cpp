@@ -52,7 +52,7 @@ BatchDialog::BatchDialog(Takes takes, QWidget* parent)
   connect(_choices, &BatchChoices::changed, this, &BatchDialog::choose);
   connect(&_checks, &BatchChecks::changed, this, &BatchDialog::tell);
   if (!_takes.files.empty()) _choices->setStart(_takes.files.front().parent_path());
-  _checks.read(_takes.files);
+  _checks.read(_takes.files, _takes.recall);
   choose();
 }
 
@@ -98,7 +98,7 @@ QLayout* BatchDialog::facts() {
     return value;
   };
   _length = addFact(tr("Length"), {});
-  addFact(tr("Stereo width"), tr("%1° for all").arg(WaveFileReader::wholeAngle(_takes.angle)));
+  _width = addFact(tr("Stereo width"), {});
   _gain = addFact(tr("Gain"), {});
   _room = addFact(tr("Room"), {});
   return form;
@@ -132,6 +132,10 @@ void BatchDialog::choose() {
 
 // What was refused stays on the screen until it is known anew.
 void BatchDialog::tell() {
+  const auto isRemembered = [](const BatchTake& take) { return take.remembered.has_value(); };
+  if (_checks.takes() && std::ranges::any_of(*_checks.takes(), isRemembered)) {
+    _choices->offerRemembered();
+  }
   showFacts();
   if (_checks.plan()) showRefused();
   const QString warning = this->warning();
@@ -146,6 +150,7 @@ void BatchDialog::tell() {
 
 void BatchDialog::showFacts() {
   _length->setText(lengthText());
+  _width->setText(widthText());
   _gain->setText(gainText());
   _room->setText(roomText());
 }
@@ -157,11 +162,19 @@ QString BatchDialog::lengthText() const {
   return ClockText::of(seconds);
 }
 
+QString BatchDialog::widthText() const {
+  const int width = WaveFileReader::wholeAngle(_takes.angle);
+  if (!_choices->isAsRemembered()) return tr("%1° for all").arg(width);
+  return tr("As remembered, else %1").arg(QStringLiteral("%1°").arg(width));
+}
+
 QString BatchDialog::gainText() const {
   if (!_choices->isToLoudness()) {
     ExportFacts facts;
     facts.gain = _takes.gain;
-    return facts.gainText(_choices->isNormalized());
+    const QString gain = facts.gainText(_choices->isNormalized());
+    const bool isRecalled = _choices->isAsRemembered() && !_choices->isNormalized();
+    return isRecalled ? tr("As remembered, else %1").arg(gain) : gain;
   }
   const auto lufs = _choices->lufs();
   return lufs ? tr("To %1 LUFS").arg(*lufs) : QStringLiteral("–");

@@ -31,6 +31,7 @@ class BatchDialog : public DialogWindow {
     double gain = 0;                          ///< dB, of all
     double angle = 0;                         ///< degrees, of all
     std::set<std::filesystem::path> awaited;  ///< what other exports are about to write
+    BatchTake::Recall recall = {};            ///< none where nothing is to be remembered
   };
 
   BatchDialog(Takes takes, QWidget* parent);
@@ -51,6 +52,7 @@ class BatchDialog : public DialogWindow {
   void showFacts();
   void showRefused();
   void addRefused(const BatchPlan::Item& item);
+  [[nodiscard]] QString widthText() const;
   [[nodiscard]] QString gainText() const;
   [[nodiscard]] QString lengthText() const;
   [[nodiscard]] QString roomText() const;
@@ -61,6 +63,7 @@ class BatchDialog : public DialogWindow {
   BatchChoices* _choices;
   BatchChecks _checks;
   QLabel* _length;
+  QLabel* _width;
   QLabel* _gain;
   QLabel* _room;
   QLabel* _refusedTitle;

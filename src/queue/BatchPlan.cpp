@@ -47,6 +47,7 @@ class Planner {
     item.order.source = take.file;
     item.order.isOfBatch = true;
     item.order.size = take.size(_wish.how.is24bit);
+    if (_wish.isAsRemembered && take.remembered) recall(item.order, *take.remembered);
     if (!item.why.empty()) {
       item.fate = Fate::Refused;
       return item;
@@ -58,6 +59,11 @@ class Planner {
   }
 
  private:
+  static void recall(ExportOrder& order, const BatchTake::Sound& sound) {
+    order.angle = sound.angle.value_or(order.angle);
+    order.gain = sound.gain;
+  }
+
   void settle(Item& item) const {
     item.order.target = targetOf(item.order.source);
     if (_wish.existing == Existing::Number) return number(item.order);

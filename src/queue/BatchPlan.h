@@ -24,9 +24,9 @@ struct BatchWish {
   std::shared_ptr<const std::vector<BatchTake>> takes;
   std::filesystem::path folder;  ///< for all; empty: beside each take
   Existing existing = Existing::Skip;
-  /// Format, level and width of each; what it says of source and target does not count. Where a
-  /// take is to have a width of its own, `BatchPlan` is where it goes into its order.
+  /// Format, level and width of each; what it says of source and target does not count.
   ExportOrder how;
+  bool isAsRemembered = false;  ///< what is remembered of a take counts in place of width and gain
   std::set<std::filesystem::path> awaited;  ///< what other exports are about to write
 };
 

@@ -5,12 +5,13 @@
 
 #include "export/Export.h"
 
-BatchTake::BatchTake(const std::filesystem::path& path) : file(path) {
+BatchTake::BatchTake(const std::filesystem::path& path, const Recall& recall) : file(path) {
   const Export job(path);
   refusal = job.failure();
   if (!job.IsFileValid()) return;
   seconds = job.reader()->durationSeconds();
   size24 = job.outputSize(true);
   size32 = job.outputSize(false);
+  if (recall) remembered = recall(*job.reader());
   isNoise = !job.reader()->header().hasSound();
 }

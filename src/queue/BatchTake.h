@@ -4,13 +4,25 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
+#include <optional>
 #include <string>
+
+#include "wav/WaveFileReader.h"
 
 /// What there is to know of a take before it is exported with others, from its header. Plain data.
 struct BatchTake {
+  /// What a take was heard with last.
+  struct Sound {
+    std::optional<double> angle;  ///< degrees; none where the width does not count
+    double gain = 0;              ///< dB
+  };
+  /// Tells what is remembered of a take, where anything is. Any thread; may wait for the medium.
+  using Recall = std::function<std::optional<Sound>(const WaveFileReader& reader)>;
+
   BatchTake() = default;
   /// Reads the header and waits for the medium. Any thread.
-  explicit BatchTake(const std::filesystem::path& path);
+  explicit BatchTake(const std::filesystem::path& path, const Recall& recall = {});
 
   /// Bytes that its export comes to.
   [[nodiscard]] std::uint64_t size(bool is24bit) const { return is24bit ? size24 : size32; }
@@ -20,5 +32,6 @@ struct BatchTake {
   double seconds = 0;
   std::uint64_t size24 = 0;
   std::uint64_t size32 = 0;
+  std::optional<Sound> remembered;
   bool isNoise = false;  ///< its samples are of a kind that does not decode to sound
 };

@@ -3,12 +3,16 @@
 
 #include "app/TakeRecall.h"
 
+#include <QCheckBox>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <fstream>
+#include <vector>
 
 #include "WindowFixture.h"
 #include "base/Utility.h"
+#include "dialogs/BatchDialog.h"
 #include "takes/TakeMemory.h"
 
 namespace {
@@ -45,6 +49,24 @@ class Recall : public WindowFixture {
     EXPECT_EQ(controller().take().gain(), gain);
     EXPECT_EQ(stage().sliderGain->integerValue(), gain);
     EXPECT_EQ(player().angle(), static_cast<std::int64_t>(width));
+  }
+  /// Exports all takes of the list as they are remembered; what is made of them goes.
+  std::vector<ExportOrder> ordersOfAll() {
+    std::vector<ExportOrder> orders;
+    QObject::connect(&controller().exportQueue(), &ExportQueue::added,
+                     [&orders](int, const ExportOrder& order) { orders.push_back(order); });
+    QTest::keyClick(view().browser->tableFile, Qt::Key_A, Qt::ControlModifier);
+    QTest::mouseClick(view().browser->btnExportSelected, Qt::LeftButton);
+    auto* const dialog = shown<BatchDialog>();
+    auto* const remembered = dialog->findChild<QCheckBox*>(QStringLiteral("remembered"));
+    waitFor([&] { return remembered->isVisible(); }, "what is remembered");
+    remembered->setChecked(true);
+    auto* const begin = dialog->findChild<QPushButton*>(QStringLiteral("export"));
+    waitFor([&] { return begin->isEnabled(); }, "the plan");
+    QTest::mouseClick(begin, Qt::LeftButton);
+    controller().exportQueue().cancelAll();
+    waitFor([this] { return !controller().exportQueue().isBusy(); }, "the end");
+    return orders;
   }
   [[nodiscard]] std::optional<FrameLoop> loop() { return controller().take().loop(); }
   [[nodiscard]] QString said() const {
@@ -155,6 +177,23 @@ TEST_F(Recall, ATakeThatHasNoWidthLeavesTheDial) {
   set(100, 0);
   openKnown("Plain.WAV");
   expectSound(100, 12);
+}
+
+TEST_F(Recall, TakesThatAreExportedTogetherMayBeAsEachWasHeardLast) {
+  startOnTakes();
+  openKnown("A.WAV");
+  set(60, -6);
+  openKnown("B.WAV");
+  set(30, 4);
+  openKnown("Plain.WAV");
+  setGain(12);
+  const auto orders = ordersOfAll();
+  ASSERT_EQ(3U, orders.size());
+  EXPECT_EQ(60, orders[0].angle);
+  EXPECT_EQ(-6, orders[0].gain);
+  EXPECT_EQ(30, orders[1].angle);
+  EXPECT_EQ(4, orders[1].gain);
+  EXPECT_EQ(12, orders[2].gain) << "that it is open at, written down or not";
 }
 
 TEST_F(Recall, ADamagedMemoryIsToldAndANewOneBegun) {

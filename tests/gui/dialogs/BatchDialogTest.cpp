@@ -24,10 +24,11 @@ class BatchDialogTest : public DialogFixture {
  protected:
   ~BatchDialogTest() override { _batch.reset(); }
 
-  BatchDialog& open(const std::vector<std::filesystem::path>& files) {
+  BatchDialog& open(const std::vector<std::filesystem::path>& files,
+                    const BatchTake::Recall& recall = {}) {
     showMainWindow();
     _batch = std::make_unique<BatchDesk>(*_queue, *_mainWindow, [this] { return _now; });
-    _batch->ask(files, 6, 90.7);
+    _batch->ask(files, 6, 90.7, recall);
     _dialog = shown<BatchDialog>();
     EXPECT_NE(_dialog, nullptr);
     QObject::connect(_dialog, &BatchDialog::ordered,
@@ -170,6 +171,33 @@ TEST_F(BatchDialogTest, IntoAFolderThatIsChosen) {
   EXPECT_EQ(_ordered[1].target, path("out/b_Decode.WAV"));
   _queue->cancelAll();
   EXPECT_TRUE(waitUntil([this] { return !_queue->isBusy(); }));
+}
+
+TEST_F(BatchDialogTest, RememberedWidthAndGainAreOfferedWhereThereAreAny) {
+  const auto asked = std::make_shared<int>(0);
+  open({take("a.WAV"), take("b.WAV")}, [asked](const WaveFileReader&) {
+    return ++*asked == 1 ? std::optional(BatchTake::Sound{60, -4}) : std::nullopt;
+  });
+  EXPECT_TRUE(part<QCheckBox>("remembered").isVisible());
+  EXPECT_THAT(text(), HasSubstr("|90° for all|Gain|+6 dB|")) << "a wish, not the rule";
+  part<QCheckBox>("remembered").setChecked(true);
+  waitForPlan();
+  EXPECT_THAT(text(), HasSubstr("|As remembered, else 90°|Gain|As remembered, else +6 dB|"));
+  expectNothingCut(*_dialog);
+  _held.hold();
+  end().click();
+  ASSERT_EQ(_ordered.size(), 2U);
+  EXPECT_EQ(_ordered[0].angle, 60.0);
+  EXPECT_EQ(_ordered[0].gain, -4.0);
+  EXPECT_EQ(_ordered[1].angle, 90.7);
+  EXPECT_EQ(_ordered[1].gain, 6.0);
+  _queue->cancelAll();
+  EXPECT_TRUE(waitUntil([this] { return !_queue->isBusy(); }));
+}
+
+TEST_F(BatchDialogTest, WithNothingRememberedThereIsNoSuchChoice) {
+  open({take("a.WAV"), take("b.WAV")}, [](const WaveFileReader&) { return std::nullopt; });
+  EXPECT_FALSE(part<QCheckBox>("remembered").isVisible());
 }
 
 TEST_F(BatchDialogTest, CancelOrdersNothing) {

@@ -156,6 +156,29 @@ TEST_F(BatchPlanTest, RoomIsThatOfEachMedium) {
   EXPECT_EQ(50U, two.tightest()->free) << "none lacks any";
 }
 
+TEST_F(BatchPlanTest, WhatIsRememberedOfATakeCountsWhereThatIsWished) {
+  auto takes = std::make_shared<std::vector<BatchTake>>();
+  takes->emplace_back(take("a.WAV"), [](const WaveFileReader& reader) {
+    EXPECT_EQ(1000U, reader.frameCount());
+    return BatchTake::Sound{60, -4};
+  });
+  takes->emplace_back(take("b.WAV"), [](const WaveFileReader&) {
+    return BatchTake::Sound{std::nullopt, 2};
+  });
+  takes->emplace_back(take("c.WAV"), [](const WaveFileReader&) { return std::nullopt; });
+  BatchWish wish = this->wish({});
+  wish.takes = takes;
+  using Sound = std::pair<double, double>;
+  const auto sounds = [&] {
+    std::vector<Sound> all;
+    for (const ExportOrder& order : plan(wish).orders()) all.emplace_back(order.angle, order.gain);
+    return all;
+  };
+  EXPECT_THAT(sounds(), ElementsAre(Sound(90, 0), Sound(90, 0), Sound(90, 0)));
+  wish.isAsRemembered = true;
+  EXPECT_THAT(sounds(), ElementsAre(Sound(60, -4), Sound(90, 2), Sound(90, 0)));
+}
+
 TEST_F(BatchPlanTest, EndsEarlyWhereItIsCancelled) {
   const std::atomic<bool> cancel{true};
   EXPECT_TRUE(BatchPlan::make(wish({take("a.WAV")}), cancel).items.empty());
