@@ -149,6 +149,10 @@ MIT-Lizenz</translation>
         <source>Each at its remembered width and gain</source>
         <translation>Jeden mit seiner gemerkten Breite und Verstärkung</translation>
     </message>
+    <message>
+        <source>Keep recording time and markers</source>
+        <translation>Aufnahmezeit und Marken behalten</translation>
+    </message>
 </context>
 <context>
     <name>BatchDesk</name>
@@ -563,6 +567,10 @@ MIT-Lizenz</translation>
     <message>
         <source>The take cannot be read, so its loudness is not known.</source>
         <translation>Der Take ist nicht lesbar, daher ist seine Lautheit nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>Keep recording time and markers</source>
+        <translation>Aufnahmezeit und Marken behalten</translation>
     </message>
 </context>
 <context>

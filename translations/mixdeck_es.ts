@@ -149,6 +149,10 @@ Licencia MIT</translation>
         <source>Each at its remembered width and gain</source>
         <translation>Cada una con su ancho y ganancia recordados</translation>
     </message>
+    <message>
+        <source>Keep recording time and markers</source>
+        <translation>Conservar la hora de grabación y los marcadores</translation>
+    </message>
 </context>
 <context>
     <name>BatchDesk</name>
@@ -563,6 +567,10 @@ Licencia MIT</translation>
     <message>
         <source>The take cannot be read, so its loudness is not known.</source>
         <translation>No se puede leer la toma, así que su sonoridad no se conoce.</translation>
+    </message>
+    <message>
+        <source>Keep recording time and markers</source>
+        <translation>Conservar la hora de grabación y los marcadores</translation>
     </message>
 </context>
 <context>

@@ -149,6 +149,10 @@ Licence MIT</translation>
         <source>Each at its remembered width and gain</source>
         <translation>Chacune avec sa largeur et son gain retenus</translation>
     </message>
+    <message>
+        <source>Keep recording time and markers</source>
+        <translation>Conserver l’heure d’enregistrement et les repères</translation>
+    </message>
 </context>
 <context>
     <name>BatchDesk</name>
@@ -563,6 +567,10 @@ Licence MIT</translation>
     <message>
         <source>The take cannot be read, so its loudness is not known.</source>
         <translation>La prise ne peut pas être lue, sa sonie est donc inconnue.</translation>
+    </message>
+    <message>
+        <source>Keep recording time and markers</source>
+        <translation>Conserver l’heure d’enregistrement et les repères</translation>
     </message>
 </context>
 <context>

@@ -149,6 +149,10 @@ MIT ライセンス</translation>
         <source>Each at its remembered width and gain</source>
         <translation>それぞれ記憶した幅とゲインで</translation>
     </message>
+    <message>
+        <source>Keep recording time and markers</source>
+        <translation>録音時刻とマーカーを残す</translation>
+    </message>
 </context>
 <context>
     <name>BatchDesk</name>
@@ -559,6 +563,10 @@ MIT ライセンス</translation>
     <message>
         <source>The take cannot be read, so its loudness is not known.</source>
         <translation>テイクを読み込めないため、ラウドネスは不明です。</translation>
+    </message>
+    <message>
+        <source>Keep recording time and markers</source>
+        <translation>録音時刻とマーカーを残す</translation>
     </message>
 </context>
 <context>

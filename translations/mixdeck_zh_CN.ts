@@ -149,6 +149,10 @@ MIT 许可证</translation>
         <source>Each at its remembered width and gain</source>
         <translation>每条按其记住的宽度和增益</translation>
     </message>
+    <message>
+        <source>Keep recording time and markers</source>
+        <translation>保留录制时间和标记</translation>
+    </message>
 </context>
 <context>
     <name>BatchDesk</name>
@@ -559,6 +563,10 @@ MIT 许可证</translation>
     <message>
         <source>The take cannot be read, so its loudness is not known.</source>
         <translation>无法读取录音，因此响度未知。</translation>
+    </message>
+    <message>
+        <source>Keep recording time and markers</source>
+        <translation>保留录制时间和标记</translation>
     </message>
 </context>
 <context>

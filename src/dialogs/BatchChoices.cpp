@@ -69,6 +69,9 @@ QLayout* BatchChoices::levels() {
   _normalize->setObjectName(QStringLiteral("normalize"));
   _toLoudness->setObjectName(QStringLiteral("toLoudness"));
   _loudness->setEnabled(false);
+  _keepMetadata = new QCheckBox(tr("Keep recording time and markers"), this);
+  _keepMetadata->setObjectName(QStringLiteral("keepMetadata"));
+  connect(_keepMetadata, &QCheckBox::toggled, this, &BatchChoices::changed);
   connect(_normalize, &QCheckBox::toggled, this, [this] { chooseLevel(_normalize); });
   connect(_toLoudness, &QCheckBox::toggled, this, [this] { chooseLevel(_toLoudness); });
   connect(_loudness, &QComboBox::editTextChanged, this, &BatchChoices::changed);
@@ -82,6 +85,7 @@ QLayout* BatchChoices::levels() {
   column->addWidget(_remembered, 0, Qt::AlignLeft);
   column->addWidget(_normalize, 0, Qt::AlignLeft);
   column->addLayout(row);
+  column->addWidget(_keepMetadata, 0, Qt::AlignLeft);
   return column;
 }
 
@@ -177,6 +181,7 @@ void BatchChoices::putInto(BatchWish& wish) const {
                              Existing::Number}[static_cast<std::size_t>(_existing->currentIndex())];
   wish.isAsRemembered = isAsRemembered();
   wish.how.is24bit = _radio24->isChecked();
+  wish.how.keepsMetadata = _keepMetadata->isChecked();
   wish.how.isNormalized = isNormalized();
   wish.how.loudness.reset();
   if (!isToLoudness() || !lufs()) return;

@@ -56,6 +56,7 @@ class BatchChoices : public QWidget {
   QCheckBox* _remembered;
   QCheckBox* _normalize;
   QCheckBox* _toLoudness;
+  QCheckBox* _keepMetadata;
   LoudnessField* _loudness;
   QRadioButton* _beside;
   QRadioButton* _into;

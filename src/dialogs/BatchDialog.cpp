@@ -5,6 +5,7 @@
 
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QStringList>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -194,21 +195,27 @@ QString BatchDialog::warning() const {
   if (_choices->isToLoudness() && !_choices->lufs()) {
     return tr("A loudness is a number from -70 to 0.");
   }
-  const auto& plan = _checks.plan();
-  if (!plan) return {};
-  const BatchPlan::Room* const room = plan->tightest();
+  return _checks.plan() ? warningOf(*_checks.plan()) : QString();
+}
+
+QString BatchDialog::warningOf(const BatchPlan& plan) const {
+  QStringList lines;
+  const BatchPlan::Room* const room = plan.tightest();
   if (room != nullptr && room->free && *room->free < room->needed) {
-    return tr("There is too little room: the last of them will not be written");
+    lines << tr("There is too little room: the last of them will not be written");
   }
   const auto isNoise = [](const BatchTake& take) { return take.isNoise; };
   if (std::ranges::any_of(*_checks.takes(), isNoise)) {
-    return tr(
+    lines << tr(
         "Samples of some of them export as noise: the recorder writes 24 bits or 32-bit "
         "float");
   }
+  const auto orders = plan.orders();
   const auto isLong = [](const ExportOrder& order) { return ChunkSizes::isRf64(order.size); };
-  if (!std::ranges::any_of(plan->orders(), isLong)) return {};
-  return tr("Over 4 GiB: written as RF64, which not every program reads");
+  if (std::ranges::any_of(orders, isLong)) {
+    lines << tr("Over 4 GiB: written as RF64, which not every program reads");
+  }
+  return lines.join(u'\n');
 }
 
 void BatchDialog::showRefused() {

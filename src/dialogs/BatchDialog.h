@@ -57,6 +57,7 @@ class BatchDialog : public DialogWindow {
   [[nodiscard]] QString lengthText() const;
   [[nodiscard]] QString roomText() const;
   [[nodiscard]] QString warning() const;
+  [[nodiscard]] QString warningOf(const BatchPlan& plan) const;
   void order();
 
   Takes _takes;

@@ -5,10 +5,28 @@
 
 #include <QCoreApplication>
 #include <QLocale>
+#include <QStringList>
 #include <algorithm>
 #include <system_error>
 
 #include "controls/NumberText.h"
+
+namespace {
+
+// Why it cannot be of use; empty where it can.
+QString obstacleTo(const ExportFacts& facts, bool is24bit, std::optional<std::uint64_t> free) {
+  if (facts.oddBits != 0) {
+    return QCoreApplication::translate("ExportFacts",
+                                       "These %1-bit samples export as noise: the recorder writes "
+                                       "24 bits or 32-bit float")
+        .arg(facts.oddBits);
+  }
+  if (!free || *free >= (is24bit ? facts.size24 : facts.size32)) return {};
+  return QCoreApplication::translate("ExportFacts", "Only %1 free in this folder")
+      .arg(ExportFacts::textOf(*free));
+}
+
+}  // namespace
 
 ExportFacts::ExportFacts(const Export& job)
     : isValid(job.IsFileValid() && job.reader() != nullptr && job.reader()->image()),
@@ -63,21 +81,21 @@ QString ExportFacts::sizeText(bool is24bit) const {
   return textOf(is24bit ? size24 : size32);
 }
 
+ExportFacts ExportFacts::with(std::uint64_t bytes) const {
+  ExportFacts facts = *this;
+  facts.size24 += bytes;
+  facts.size32 += bytes;
+  return facts;
+}
+
 QString ExportFacts::warning(bool is24bit, std::optional<std::uint64_t> free) const {
-  if (oddBits != 0) {
-    return QCoreApplication::translate("ExportFacts",
-                                       "These %1-bit samples export as noise: the recorder writes "
-                                       "24 bits or 32-bit float")
-        .arg(oddBits);
+  QStringList lines{obstacleTo(*this, is24bit, free)};
+  if (ChunkSizes::isRf64(is24bit ? size24 : size32)) {
+    lines << QCoreApplication::translate(
+        "ExportFacts", "Over 4 GiB: written as RF64, which not every program reads");
   }
-  const std::uint64_t size = is24bit ? size24 : size32;
-  if (free && *free < size) {
-    return QCoreApplication::translate("ExportFacts", "Only %1 free in this folder")
-        .arg(textOf(*free));
-  }
-  if (!ChunkSizes::isRf64(size)) return {};
-  return QCoreApplication::translate("ExportFacts",
-                                     "Over 4 GiB: written as RF64, which not every program reads");
+  lines.removeAll(QString());
+  return lines.join(u'\n');
 }
 
 std::optional<std::uint64_t> ExportFacts::freeIn(const std::filesystem::path& folder) {

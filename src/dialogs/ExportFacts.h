@@ -28,8 +28,11 @@ struct ExportFacts {
   [[nodiscard]] static QString textOf(std::uint64_t bytes);
   /// As of an export of these frames alone.
   [[nodiscard]] ExportFacts only(const FrameRange& range) const;
-  /// Why the export would be noise, would not fit into a folder with so many bytes `free`, or is
-  /// too long for a RIFF file; empty when it is none of these, and where that cannot be told.
+  /// As of an export that is so many bytes longer.
+  [[nodiscard]] ExportFacts with(std::uint64_t bytes) const;
+  /// Why the export would be noise or would not fit into a folder with so many bytes `free`, and
+  /// that it is too long for a RIFF file, a line each; empty when it is none of these, and where
+  /// that cannot be told.
   [[nodiscard]] QString warning(bool is24bit, std::optional<std::uint64_t> free) const;
   /// Bytes that a folder has room for; none where that cannot be told. Any thread; waits for the
   /// medium.

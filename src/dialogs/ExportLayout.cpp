@@ -79,12 +79,16 @@ QLayout* ExportVC::choices() {
   _checkboxSelection = new QCheckBox(tr("Selection only"), this);
   _checkboxSelection->setObjectName(QStringLiteral("checkboxSelection"));
   _checkboxSelection->hide();
-  connect(_checkboxSelection, &QCheckBox::toggled, this, [this] {
-    measure();
-    showFacts();
-  });
+  _checkboxKeep = new QCheckBox(tr("Keep recording time and markers"), this);
+  _checkboxKeep->setObjectName(QStringLiteral("checkboxKeep"));
+  connect(_checkboxSelection, &QCheckBox::toggled, this, &ExportVC::measure);
+  for (const QCheckBox* const box : {_checkboxSelection, _checkboxKeep}) {
+    connect(box, &QCheckBox::toggled, this, &ExportVC::askForKept);
+    connect(box, &QCheckBox::toggled, this, &ExportVC::showFacts);
+  }
   column->addSpacing(6);
   column->addWidget(_checkboxSelection, 0, Qt::AlignLeft);
+  column->addWidget(_checkboxKeep, 0, Qt::AlignLeft);
   return column;
 }
 

@@ -63,7 +63,8 @@ QString ExportVC::levelWarning() const {
 }
 
 ExportFacts ExportVC::exported() const {
-  return range() ? _facts.only(*range()) : _facts;
+  const ExportFacts facts = range() ? _facts.only(*range()) : _facts;
+  return facts.with(_checkboxKeep->isChecked() ? _kept : 0);
 }
 
 void ExportVC::measure() {
@@ -107,6 +108,19 @@ void ExportVC::askForSpace() {
   _spaceErrand.begin([this, folder = _facts.folder] {
     return [this, free = ExportFacts::freeIn(folder)] {
       _free = free;
+      showFacts();
+    };
+  });
+}
+
+void ExportVC::askForKept() {
+  _keptErrand.giveUp();
+  if (!_checkboxKeep->isChecked()) return;
+  _keptErrand.begin([this, source = _facts.source, range = range()] {
+    Export job(source);
+    if (job.IsFileValid()) job.setRange(range);
+    return [this, kept = job.keptBytes()] {
+      _kept = kept;
       showFacts();
     };
   });
@@ -158,5 +172,6 @@ ExportOrder ExportVC::order(const std::filesystem::path& path,
           .existing = existing,
           .loudness = target(),
           .range = range(),
-          .analysis = _levels.analysis()};
+          .analysis = _levels.analysis(),
+          .keepsMetadata = _checkboxKeep->isChecked()};
 }

@@ -66,6 +66,7 @@ class ExportVC : public DialogWindow {
   QLayout* buttons();
   void showFacts();
   void askForSpace();
+  void askForKept();
   void measure();
   void chooseLevel(const QCheckBox* changed);
   void showLevels();
@@ -86,6 +87,7 @@ class ExportVC : public DialogWindow {
   QCheckBox* _checkboxLoudness;
   LoudnessField* _comboLoudness;
   QCheckBox* _checkboxSelection;
+  QCheckBox* _checkboxKeep;
   QLabel* _name;
   QLabel* _width;
   QLabel* _gain;
@@ -102,5 +104,7 @@ class ExportVC : public DialogWindow {
   ExportFacts _facts;
   ExportLevels _levels;
   Errand _spaceErrand;
+  Errand _keptErrand;
+  std::uint64_t _kept = 0;             ///< bytes of metadata, once that is known
   std::optional<std::uint64_t> _free;  ///< bytes in the folder, once that is known
 };

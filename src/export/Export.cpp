@@ -111,6 +111,16 @@ void Export::setKeepMetadata(bool on) {
               : KeptMetadata();
 }
 
+std::uint64_t Export::keptBytes() {
+  const bool keepsMetadata = _keepsMetadata;
+  setKeepMetadata(false);
+  const std::uint64_t without = outputSize(true);
+  setKeepMetadata(true);
+  const std::uint64_t with = outputSize(true);
+  setKeepMetadata(keepsMetadata);
+  return with - without;
+}
+
 void Export::setRange(const std::optional<FrameRange>& range) {
   if (range != _range) _analysis.reset();
   _range = range;

@@ -83,6 +83,8 @@ class Export {
   /// Whether the export takes over when the source was recorded, how it came to be, and its
   /// markers; see `KeptMetadata`. It does not, unless this says otherwise. Waits for the medium.
   void setKeepMetadata(bool on);
+  /// Bytes that an export grows by that takes them over. Waits for the medium.
+  [[nodiscard]] std::uint64_t keptBytes();
 
   /// Whether an export in this width is written as RF64.
   [[nodiscard]] bool isRf64(bool is24bit) const { return ChunkSizes::isRf64(outputSize(is24bit)); }

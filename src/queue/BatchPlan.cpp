@@ -46,7 +46,7 @@ class Planner {
     Item item{_wish.how, Fate::Export, {}, take.refusal};
     item.order.source = take.file;
     item.order.isOfBatch = true;
-    item.order.size = take.size(_wish.how.is24bit);
+    item.order.size = take.size(_wish.how.is24bit, _wish.how.keepsMetadata);
     if (_wish.isAsRemembered && take.remembered) recall(item.order, *take.remembered);
     if (!item.why.empty()) {
       item.fate = Fate::Refused;

@@ -6,12 +6,13 @@
 #include "export/Export.h"
 
 BatchTake::BatchTake(const std::filesystem::path& path, const Recall& recall) : file(path) {
-  const Export job(path);
+  Export job(path);
   refusal = job.failure();
   if (!job.IsFileValid()) return;
   seconds = job.reader()->durationSeconds();
   size24 = job.outputSize(true);
   size32 = job.outputSize(false);
+  keptBytes = job.keptBytes();
   if (recall) remembered = recall(*job.reader());
   isNoise = !job.reader()->header().hasSound();
 }

@@ -25,13 +25,16 @@ struct BatchTake {
   explicit BatchTake(const std::filesystem::path& path, const Recall& recall = {});
 
   /// Bytes that its export comes to.
-  [[nodiscard]] std::uint64_t size(bool is24bit) const { return is24bit ? size24 : size32; }
+  [[nodiscard]] std::uint64_t size(bool is24bit, bool keepsMetadata = false) const {
+    return (is24bit ? size24 : size32) + (keepsMetadata ? keptBytes : 0);
+  }
 
   std::filesystem::path file;
   std::string refusal;  ///< why it is no recording, in words for people; empty where it is one
   double seconds = 0;
   std::uint64_t size24 = 0;
   std::uint64_t size32 = 0;
+  std::uint64_t keptBytes = 0;  ///< what an export grows by that keeps the metadata
   std::optional<Sound> remembered;
   bool isNoise = false;  ///< its samples are of a kind that does not decode to sound
 };

@@ -24,6 +24,7 @@ struct ExportOrder {
   std::optional<FrameRange> range = std::nullopt;         ///< these frames alone
   /// Of what is to be exported, where somebody has it.
   std::shared_ptr<const TakeAnalysis> analysis = nullptr;
-  bool isOfBatch = false;  ///< one of many that were ordered together
-  std::uint64_t size = 0;  ///< bytes of the target, where somebody knows
+  bool keepsMetadata = false;  ///< the source's recording time, history and markers go with it
+  bool isOfBatch = false;      ///< one of many that were ordered together
+  std::uint64_t size = 0;      ///< bytes of the target, where somebody knows
 };

@@ -28,6 +28,7 @@ void prepare(Export& job, const ExportOrder& order, ExportWorker::Control& contr
   job.setLoudness(order.loudness);
   job.setRange(order.range);
   job.setAnalysis(order.analysis);
+  job.setKeepMetadata(order.keepsMetadata);
   job.setCancelFlag(&control.isCancelled);
   job.setProgress([&control](double done) { control.done = done; });
 }

@@ -12,6 +12,7 @@
 #include "DialogFixture.h"
 #include "dialogs/BatchDesk.h"
 #include "dialogs/FolderPanel.h"
+#include "support/LongTake.h"
 
 namespace {
 
@@ -19,6 +20,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 class BatchDialogTest : public DialogFixture {
  protected:
@@ -82,6 +84,16 @@ TEST_F(BatchDialogTest, TellsWhatWillBecomeOfTheTakes) {
   expectNothingCut(*_dialog);
 }
 
+TEST_F(BatchDialogTest, SaysBeforehandWhatWillBeTooLongForWave) {
+  constexpr std::uint32_t kSampleBytes = 3'500'000'000;  // in floats a third more
+  open({take("a.WAV"), LongTake::make(_folder, "long.WAV", kSampleBytes)});
+  EXPECT_THAT(text(), Not(HasSubstr("RF64")));
+  part<QRadioButton>("radio32").setChecked(true);
+  waitForPlan();
+  EXPECT_THAT(text(), HasSubstr("Over 4 GiB: written as RF64, which not every program reads"));
+  expectNothingCut(*_dialog);
+}
+
 TEST_F(BatchDialogTest, BeginsNothingBeforeItIsKnownWhatCanBe) {
   showMainWindow();
   _batch = std::make_unique<BatchDesk>(*_queue, *_mainWindow, [this] { return _now; });
@@ -121,6 +133,8 @@ TEST_F(BatchDialogTest, MakesAnOrderOfEachAsItWasChosen) {
   _held.hold();
   part<QRadioButton>("radio32").setChecked(true);
   part<QCheckBox>("normalize").setChecked(true);
+  EXPECT_FALSE(part<QCheckBox>("keepMetadata").isChecked());
+  part<QCheckBox>("keepMetadata").setChecked(true);
   choose(BatchWish::Existing::Replace);
   EXPECT_THAT(text(), HasSubstr("|To full scale|"));
   end().click();
@@ -131,6 +145,7 @@ TEST_F(BatchDialogTest, MakesAnOrderOfEachAsItWasChosen) {
   EXPECT_EQ(_ordered[0].angle, 90.7);
   EXPECT_FALSE(_ordered[0].is24bit);
   EXPECT_TRUE(_ordered[0].isNormalized);
+  EXPECT_TRUE(_ordered[0].keepsMetadata);
   EXPECT_EQ(_ordered[0].existing, AtomicFile::Existing::Replace);
   _held.releaseAll();
   EXPECT_TRUE(waitUntil([this] { return !_queue->isBusy(); }));

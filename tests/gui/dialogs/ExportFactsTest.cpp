@@ -80,7 +80,12 @@ TEST_F(ExportFactsTest, WarnsWhereItWillNotFit) {
   EXPECT_EQ(QString("Only 0 bytes free in this folder"), facts.warning(true, 0));
   EXPECT_EQ(QString("Over 4 GiB: written as RF64, which not every program reads"),
             facts.warning(false, std::nullopt));
-  EXPECT_EQ(QString("Only 4.3 GB free in this folder"), facts.warning(false, 4'294'967'295));
+  EXPECT_EQ(QString("Only 4.3 GB free in this folder\n"
+                    "Over 4 GiB: written as RF64, which not every program reads"),
+            facts.warning(false, 4'294'967'295))
+      << "another folder may have the room";
+  EXPECT_EQ(QString(), facts.with(0).warning(true, 20'000));
+  EXPECT_EQ(QString("Only 20.0 kB free in this folder"), facts.with(1).warning(true, 20'000));
 }
 
 TEST_F(ExportFactsTest, KnowsTheRoomOfAFolder) {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTest>
@@ -61,6 +62,18 @@ TEST_F(ExportSaveTest, TheDialogIsGoneBeforeTheEventComes) {
   _held.releaseAll();
   EXPECT_EQ(done("out.WAV"), told(dialog));
   EXPECT_FALSE(_queue->isBusy());
+}
+
+TEST_F(ExportSaveTest, RecordingTimeAndMarkersAreKeptWhereThatIsChosen) {
+  for (const bool isKept : {false, true}) {
+    const auto dialog = openExport(job());
+    dialog->findChild<QCheckBox*>("checkboxKeep")->setChecked(isKept);
+    saveAs(*dialog, isKept ? "kept" : "plain");
+    told(dialog);
+  }
+  EXPECT_EQ(job()->outputSize(true), std::filesystem::file_size(path("plain.WAV")));
+  EXPECT_EQ(job()->outputSize(true) + job()->keptBytes(),
+            std::filesystem::file_size(path("kept.WAV")));
 }
 
 TEST_F(ExportSaveTest, FormatAndNormaliseAreHonoured) {

@@ -8,6 +8,7 @@
 
 #include "DialogFixture.h"
 #include "controls/Colors.h"
+#include "support/WaveBytes.h"
 
 namespace {
 
@@ -65,6 +66,29 @@ TEST_F(ExportVCTest, TellsWhatWillBeExported) {
   expectNothingCut(*dialog);
 }
 
+TEST_F(ExportVCTest, TheSizeIsThatWithWhatIsKept) {
+  const auto samples = WaveBytes::samples24(std::vector<std::int32_t>(6000));
+  const auto job = std::make_shared<Export>(
+      _folder.file("R0001.WAV", WaveBytes()
+                                    .format24()
+                                    .recorderBext()
+                                    .data(samples)
+                                    .chunk("LIST", std::vector<std::byte>(10'000))
+                                    .get()));
+  const auto dialog = openExport(job);
+  const auto sees = [&](std::uint64_t bytes) {
+    return waitUntil([&] { return labels(*dialog).contains(ExportFacts::textOf(bytes)); });
+  };
+  auto* const keep = dialog->findChild<QCheckBox*>("checkboxKeep");
+  EXPECT_FALSE(keep->isChecked());
+  EXPECT_TRUE(sees(18'748));
+  keep->setChecked(true);
+  EXPECT_GT(job->keptBytes(), 10'000U);
+  EXPECT_TRUE(sees(18'748 + job->keptBytes()));
+  keep->setChecked(false);
+  EXPECT_TRUE(sees(18'748));
+}
+
 TEST_F(ExportVCTest, ChannelsThatAreNotDecodedHaveNoWidth) {
   const auto dialog = openExport(job(false));
   EXPECT_THAT(labels(*dialog).join('|').toStdString(),
@@ -105,13 +129,14 @@ TEST_F(ExportVCTest, TabVisitsEverythingFromTheTop) {
   const auto dialog = openExport(job());
   QApplication::setActiveWindow(dialog);
   QStringList visited;
-  for (int i = 0; i < 5; ++i) {
+  for (int i = 0; i < 6; ++i) {
     QWidget* const focused = dialog->focusWidget();
     ASSERT_NE(nullptr, focused);
     visited << qobject_cast<QAbstractButton*>(focused)->text();
     QTest::keyClick(focused, Qt::Key_Tab);
   }
-  EXPECT_EQ(QString("24-bit Linear|Normalize to full scale|To a loudness|Cancel|Save"),
+  EXPECT_EQ(QString("24-bit Linear|Normalize to full scale|To a loudness|"
+                    "Keep recording time and markers|Cancel|Save"),
             visited.join('|'));
 }
 

@@ -97,6 +97,17 @@ TEST_F(KeptMetadataTest, TimesAndHistoryTravel) {
                 std::string(kOwnHistory));
 }
 
+TEST_F(KeptMetadataTest, HowMuchTheyAddIsKnownBefore) {
+  Export job(_folder.file("in.wav", take()));
+  const std::uint64_t plain = job.outputSize(true);
+  const std::uint64_t kept = job.keptBytes();
+  EXPECT_EQ(plain, job.outputSize(true)) << "asked for, not wished";
+  job.setKeepMetadata(true);
+  EXPECT_EQ(kept, job.keptBytes());
+  EXPECT_EQ(plain + kept, job.outputSize(true));
+  EXPECT_EQ(0U, Export(_folder.file("x.wav", {})).keptBytes());
+}
+
 TEST_F(KeptMetadataTest, TheExportIsNotTakenForRawAgain) {
   const ByteView out = exportOf(take(), {});
   const Recognition recognition(*WaveFileReader::readFromData(out.get()));

@@ -179,6 +179,14 @@ TEST_F(BatchPlanTest, WhatIsRememberedOfATakeCountsWhereThatIsWished) {
   EXPECT_THAT(sounds(), ElementsAre(Sound(60, -4), Sound(90, 2), Sound(90, 0)));
 }
 
+TEST_F(BatchPlanTest, MetadataThatIsKeptNeedsRoomToo) {
+  BatchWish wish = this->wish({take("a.WAV")});
+  const std::uint64_t plain = plan(wish).needed();
+  wish.how.keepsMetadata = true;
+  EXPECT_EQ(plain + wish.takes->front().keptBytes, plan(wish).needed());
+  EXPECT_TRUE(plan(wish).orders()[0].keepsMetadata);
+}
+
 TEST_F(BatchPlanTest, EndsEarlyWhereItIsCancelled) {
   const std::atomic<bool> cancel{true};
   EXPECT_TRUE(BatchPlan::make(wish({take("a.WAV")}), cancel).items.empty());
@@ -188,6 +196,8 @@ TEST_F(BatchPlanTest, ATakeTellsItsLengthAndSizes) {
   const BatchTake known(take("a.WAV", 48'000));
   EXPECT_EQ(1.0, known.seconds);
   EXPECT_EQ(known.size(false), known.size(true) + 2 * 48'000);
+  EXPECT_GT(known.keptBytes, 0U);
+  EXPECT_EQ(known.size(true) + known.keptBytes, known.size(true, true));
   EXPECT_FALSE(known.isNoise);
   const auto data = WaveBytes::Bytes(4000);
   const BatchTake odd(

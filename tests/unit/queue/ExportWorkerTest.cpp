@@ -79,6 +79,18 @@ TEST_F(ExportWorkerTest, WritesWhatAJobWithTheSameSettingsWrites) {
   }
 }
 
+TEST_F(ExportWorkerTest, KeepsTheMetadataWhereThatIsOrdered) {
+  ExportOrder order = this->order(shortTake());
+  Export job(order.source);
+  expectWritten(order);
+  EXPECT_EQ(job.outputSize(true), std::filesystem::file_size(order.target));
+  order.keepsMetadata = true;
+  order.existing = AtomicFile::Existing::Replace;
+  expectWritten(order);
+  EXPECT_GT(job.keptBytes(), 0U);
+  EXPECT_EQ(job.outputSize(true) + job.keptBytes(), std::filesystem::file_size(order.target));
+}
+
 TEST_F(ExportWorkerTest, StopsWhenItIsCancelled) {
   ExportWorker worker(order(LongTake::make(_folder, "long.wav", kLong)));
   waitForBegin(worker);
