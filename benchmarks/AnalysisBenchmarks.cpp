@@ -111,15 +111,23 @@ void weigh(benchmark::State& state) {
   report(state, 4 * kFloats);
 }
 
+UnitFindings unitOfAnHour(const TakeLayout& layout, std::size_t index) {
+  UnitFindings unit(layout, index);
+  for (std::size_t i = 0; i < unit.blocks.size(); ++i) {
+    const double power = 50 + 40 * std::sin(static_cast<double>(index + i));
+    const auto half = static_cast<float>(power / 2);
+    unit.blocks[i] = {{{{half, half / 3}, {half, half / 2}}}, power, power / 2, power / 9};
+  }
+  for (std::size_t i = 0; i < unit.keys.size(); ++i) {
+    unit.keys[i] = UpperKey::of(std::sin(static_cast<float>(i)));
+  }
+  return unit;
+}
+
 std::unique_ptr<TakeAnalysis> hour() {
   TakeFindings findings(TakeLayout(48000, 3600ULL * 48000, true));
-  for (std::size_t i = 0; i < findings.blocks.size(); ++i) {
-    const double power = 50 + 40 * std::sin(static_cast<double>(i));
-    const auto half = static_cast<float>(power / 2);
-    findings.blocks[i] = {{{{half, half / 3}, {half, half / 2}}}, power, power / 2, power / 9};
-  }
-  for (std::size_t i = 0; i < findings.keys.size(); ++i) {
-    findings.keys[i] = UpperKey::of(std::sin(static_cast<float>(i)));
+  for (std::size_t i = 0; i < findings.units.size(); ++i) {
+    findings.units[i] = std::make_shared<const UnitFindings>(unitOfAnHour(findings.layout, i));
   }
   findings.unitsKnown = findings.layout.units();
   return std::make_unique<TakeAnalysis>(std::move(findings));

@@ -92,8 +92,12 @@ void checkWaveform(const TakeAnalysis& analysis, const Question& question, const
 }
 
 void checkSame(const TakeAnalysis& one, const TakeAnalysis& other) {
-  require(one.findings().keys == other.findings().keys, "the same bins");
-  require(one.findings().peakKeys == other.findings().peakKeys, "the same peaks of blocks");
+  const auto& units = one.findings().units;
+  require(units.size() == other.findings().units.size(), "the same units");
+  for (std::size_t i = 0; i < units.size(); ++i) {
+    require(units[i]->keys == other.findings().units[i]->keys, "the same bins");
+    require(units[i]->peakKeys == other.findings().units[i]->peakKeys, "the same peaks of blocks");
+  }
   require(one.findings().samplePeaks == other.findings().samplePeaks, "the same sample peaks");
   require(one.findings().truePeaks == other.findings().truePeaks, "the same true peaks");
 }

@@ -7,7 +7,8 @@
 
 #include "analysis/UpperKey.h"
 
-/// The keys of bins: what a waveform is made of at any width. Lives no longer than the keys.
+/// The keys of bins that follow each other: what a waveform is made of at any width. Lives no
+/// longer than the keys.
 ///
 /// Of each bin the greatest and the least of Left and of Right, the least as its negative, at one
 /// node of extremes after the other; at the first node, where both channels are Mid, only one pair.
@@ -19,7 +20,6 @@ struct BinKeys {
   std::span<const UpperKey::Key> peakKeys;  ///< node after node
   std::size_t blocks;
   std::size_t binsPerBlock;
-  bool isRawMidSide;
 
   /// How many keys a bin has.
   static std::size_t planes(bool isRawMidSide);

@@ -94,8 +94,13 @@ Waveform CloseUp::at(int width, double gain) const {
   Waveform waveform = _columns;
   const std::size_t count = waveform.columns.size();
   if (waveform.from == waveform.to) return waveform;
-  const WaveformBins bins({_keys, count, _peakKeys, count, 1, _isRawMidSide}, width, gain);
-  for (std::size_t i = 0; i < count; ++i) waveform.columns[i] = bins.column(i, i + 1);
+  const BinKeys keys{_keys, count, _peakKeys, count, 1};
+  const WaveformBins bins(_isRawMidSide, width, gain);
+  for (std::size_t i = 0; i < count; ++i) {
+    WaveformBins::Greatest greatest;
+    bins.raise(greatest, keys, i, i + 1);
+    waveform.columns[i] = bins.column(greatest);
+  }
   return waveform;
 }
 

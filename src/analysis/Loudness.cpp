@@ -33,12 +33,7 @@ double percentile(std::vector<double>& values, double share) {
 
 }  // namespace
 
-Loudness::Loudness(std::span<const BlockSums> blocks, std::size_t blockFrames) {
-  Halves halves;
-  halves.reserve(2 * blocks.size());
-  for (const BlockSums& block : blocks) {
-    halves.insert(halves.end(), block.weighted.begin(), block.weighted.end());
-  }
+Loudness::Loudness(const Halves& halves, std::size_t blockFrames) {
   _momentary =
       slide(halves, 2 * kMomentaryBlocks, 1, static_cast<double>(kMomentaryBlocks * blockFrames));
   _shortTerm =

@@ -32,8 +32,10 @@ class Loudness {
   };
 
   Loudness() = default;
-  /// Of whole blocks, `blockFrames` long.
-  Loudness(std::span<const BlockSums> blocks, std::size_t blockFrames);
+  using Halves = std::vector<BlockSums::Weighted>;
+
+  /// Of both halves of whole blocks, `blockFrames` long, one after the other.
+  Loudness(const Halves& halves, std::size_t blockFrames);
 
   /// Of the windows within blocks [first, end), with a gain as a factor of power. The gates are
   /// applied after it.
@@ -63,8 +65,6 @@ class Loudness {
   using Weights = ChannelMix::Weights;
   using Windows = std::vector<Window>;
   using View = std::span<const Window>;
-
-  using Halves = std::vector<BlockSums::Weighted>;
 
   /// Of `length` halves, a window every `step` halves.
   static Windows slide(const Halves& halves, std::size_t length, std::size_t step, double frames);

@@ -8,7 +8,6 @@
 #include <span>
 #include <utility>
 
-#include "analysis/WaveformBins.h"
 #include "dsp/Oversampling.h"
 
 namespace {
@@ -29,8 +28,7 @@ std::optional<double> decibels(double peak, double gain) {
 
 TakeAnalysis::TakeAnalysis(TakeFindings findings) : _findings(std::move(findings)) {
   if (!layout().hasLoudness()) return;
-  _loudness =
-      Loudness(std::span(_findings.blocks).first(layout().wholeBlocks()), layout().blockFrames());
+  _loudness = Loudness(_findings.weightedHalves(), layout().blockFrames());
 }
 
 bool TakeAnalysis::isComplete() const {
@@ -43,7 +41,7 @@ ChannelMix TakeAnalysis::mixAt(int width) const {
 
 TakeFigures TakeAnalysis::at(int width, double gain) const {
   TakeFigures figures;
-  const Blocks blocks{0, _findings.blocks.size()};
+  const Blocks blocks{0, layout().blocks()};
   addLoudness(figures, width, gain, blocks);
   addCorrelation(figures, width, blocks);
   addPeaks(figures, width, gain);
@@ -87,13 +85,15 @@ void TakeAnalysis::addLoudness(TakeFigures& figures, int width, double gain,
 void TakeAnalysis::addCorrelation(TakeFigures& figures, int width, const Blocks& blocks) const {
   BlockSums sum;
   sum.first = sum.second = sum.product = 0;
-  for (std::size_t i = blocks.first; i < blocks.end; ++i) {
-    const BlockSums& block = _findings.blocks[i];
-    if (std::isnan(block.first)) continue;
-    sum.first += block.first;
-    sum.second += block.second;
-    sum.product += block.product;
-  }
+  const auto add = [&sum](const UnitFindings& unit, std::size_t from, std::size_t to) {
+    for (const BlockSums& block : std::span(unit.blocks).subspan(from, to - from)) {
+      if (std::isnan(block.first)) continue;
+      sum.first += block.first;
+      sum.second += block.second;
+      sum.product += block.product;
+    }
+  };
+  _findings.visitUnits(blocks.first, blocks.end, layout().blocksPerUnit(), add);
   const ChannelMix mix = mixAt(width);
   const double k = mix.sideGain;
   const bool isRaw = mix.isRawMidSide;
@@ -131,10 +131,7 @@ void TakeAnalysis::addBounds(TakeFigures& figures, int width, double gain, std::
   addPeaks(figures, width, gain);
   figures.arePeaksBounds = true;
   Waveform::Column column;
-  if (from < to) {
-    column = WaveformBins(_findings.binKeys(), width, 0)
-                 .column(layout().binOf(from), layout().binOf(to - 1) + 1);
-  }
+  if (from < to) column = columnOf(WaveformBins(layout().isRawMidSide(), width, 0), from, to);
   const auto greatest = [](float a, float b) { return static_cast<double>(std::max(a, -b)); };
   const double factor = std::sqrt(powerGain(gain));
   const double left = greatest(column.greatestLeft, column.leastLeft);
@@ -164,6 +161,18 @@ std::optional<double> TakeAnalysis::shortTermLufs(int width, double gain,
   return _loudness.shortTerm(mixAt(width), powerGain(gain), end - Loudness::kShortTermBlocks);
 }
 
+// Of the bins that frames [from, to) touch, at least one frame.
+Waveform::Column TakeAnalysis::columnOf(const WaveformBins& bins, std::uint64_t from,
+                                        std::uint64_t to) const {
+  WaveformBins::Greatest greatest;
+  const std::size_t binsPerUnit = layout().blocksPerUnit() * TakeLayout::kBinsPerBlock;
+  _findings.visitUnits(layout().binOf(from), layout().binOf(to - 1) + 1, binsPerUnit,
+                       [&](const UnitFindings& unit, std::size_t first, std::size_t end) {
+                         bins.raise(greatest, unit.binKeys(), first, end);
+                       });
+  return bins.column(greatest);
+}
+
 Waveform TakeAnalysis::waveform(int width, double gain, std::uint64_t from, std::uint64_t to,
                                 std::size_t columns) const {
   Waveform waveform;
@@ -171,17 +180,15 @@ Waveform TakeAnalysis::waveform(int width, double gain, std::uint64_t from, std:
   waveform.from = std::min(from, waveform.to);
   waveform.columns.resize(columns);
   if (waveform.from == waveform.to) return waveform;
-  const WaveformBins bins(_findings.binKeys(), width, gain);
+  const WaveformBins bins(layout().isRawMidSide(), width, gain);
   for (std::size_t i = 0; i < columns; ++i) {
     const std::uint64_t begin = waveform.columnStart(i);
     const std::uint64_t end = std::max(begin + 1, waveform.columnStart(i + 1));
-    waveform.columns[i] = bins.column(layout().binOf(begin), layout().binOf(end - 1) + 1);
+    waveform.columns[i] = columnOf(bins, begin, end);
   }
   return waveform;
 }
 
 std::size_t TakeAnalysis::memory() const {
-  return sizeof *this + _findings.blocks.capacity() * sizeof(BlockSums) +
-         (_findings.keys.capacity() + _findings.peakKeys.capacity()) * sizeof(UpperKey::Key) +
-         _loudness.memory();
+  return sizeof *this + _findings.memory() + _loudness.memory();
 }

@@ -11,6 +11,7 @@
 #include "analysis/TakeFigures.h"
 #include "analysis/TakeFindings.h"
 #include "analysis/Waveform.h"
+#include "analysis/WaveformBins.h"
 
 /// Every figure and the waveform of a take at every width and every gain, from one pass over its
 /// Mid and Side. Immutable; safe on any thread. An hour at 48 kHz takes less than 8 MiB.
@@ -52,7 +53,7 @@ class TakeAnalysis {
   [[nodiscard]] Waveform waveform(int width, double gain, std::uint64_t from, std::uint64_t to,
                                   std::size_t columns) const;
 
-  /// Bytes that are held.
+  /// Bytes that are held, most of them together with what has been told of the same pass before.
   [[nodiscard]] std::size_t memory() const;
   [[nodiscard]] const TakeFindings& findings() const { return _findings; }
 
@@ -63,6 +64,8 @@ class TakeAnalysis {
   };
 
   [[nodiscard]] ChannelMix mixAt(int width) const;
+  [[nodiscard]] Waveform::Column columnOf(const WaveformBins& bins, std::uint64_t from,
+                                          std::uint64_t to) const;
   [[nodiscard]] Blocks blocksOf(std::uint64_t from, std::uint64_t to) const;
   void addLoudness(TakeFigures& figures, int width, double gain, const Blocks& blocks) const;
   void addCorrelation(TakeFigures& figures, int width, const Blocks& blocks) const;

@@ -16,7 +16,6 @@
 
 namespace {
 
-constexpr std::uint64_t kMostMemory = 28U << 20;  // of all workers
 constexpr auto kReportEvery = std::chrono::milliseconds(100);
 
 TakeLayout layoutOf(const WaveFileReader& reader, const TakeAnalyzer::Options& options) {
@@ -26,9 +25,11 @@ TakeLayout layoutOf(const WaveFileReader& reader, const TakeAnalyzer::Options& o
   return {reader.header().SampleRate, count, reader.isBoMSFormat()};
 }
 
-unsigned workersFor(const TakeLayout& layout, unsigned wanted) {
-  const unsigned most = wanted > 0 ? wanted : std::max(1U, std::thread::hardware_concurrency());
-  const std::uint64_t fit = std::max<std::uint64_t>(1, kMostMemory / UnitPass::memory(layout));
+unsigned workersFor(const TakeLayout& layout, const TakeAnalyzer::Options& options) {
+  const unsigned processors = std::max(1U, std::thread::hardware_concurrency());
+  const unsigned most = options.workers > 0 ? options.workers : processors;
+  const std::uint64_t fit =
+      std::max<std::uint64_t>(1, options.workersMemory / UnitPass::memory(layout));
   return static_cast<unsigned>(std::min({std::uint64_t{most}, fit, std::uint64_t{layout.units()}}));
 }
 
@@ -37,9 +38,10 @@ unsigned workersFor(const TakeLayout& layout, unsigned wanted) {
 /// What the workers share: each takes the next unit, works on it alone, and adds what it found.
 class TakeAnalyzer::Work {
  public:
-  Work(WaveFileReader reader, const TakeLayout& layout, std::uint64_t firstFrame)
+  Work(WaveFileReader reader, const TakeLayout& layout, const Options& options)
       : _reader(std::move(reader)),
-        _firstFrame(firstFrame),
+        _firstFrame(options.firstFrame),
+        _keepsBins(options.keepsBins),
         _findings(layout),
         _isTaken(layout.units()) {}
 
@@ -50,7 +52,7 @@ class TakeAnalyzer::Work {
   bool isFinished();
   std::string failure();
   TakeFindings copy();
-  std::shared_ptr<const TakeAnalysis> handOver();
+  std::shared_ptr<const TakeAnalysis> whole();
   void waitForMore();
   void waitForWorkers();
 
@@ -58,11 +60,12 @@ class TakeAnalyzer::Work {
   void run();
   bool takeNext(UnitResult& result);
   bool readNext(UnitPass& pass, UnitResult& result);
-  void add(const UnitResult& result);
+  void add(UnitResult& result);
   void end(const std::string& failure);
 
   const WaveFileReader _reader;
   const std::uint64_t _firstFrame;
+  const bool _keepsBins;
   std::atomic<bool> _isCancelled{false};
   std::mutex _reading;  ///< held by the worker that reads
   std::mutex _mutex;    ///< guards all that follows
@@ -123,9 +126,10 @@ bool TakeAnalyzer::Work::takeNext(UnitResult& result) {
   return true;
 }
 
-void TakeAnalyzer::Work::add(const UnitResult& result) {
+void TakeAnalyzer::Work::add(UnitResult& result) {
+  if (!_keepsBins) result.found.keys = result.found.peakKeys = {};
   const std::lock_guard lock(_mutex);
-  _findings.add(result);
+  _findings.add(std::move(result));
   _progressed.notify_all();
 }
 
@@ -169,11 +173,10 @@ TakeFindings TakeAnalyzer::Work::copy() {
   return _findings;
 }
 
-std::shared_ptr<const TakeAnalysis> TakeAnalyzer::Work::handOver() {
+std::shared_ptr<const TakeAnalysis> TakeAnalyzer::Work::whole() {
   const std::lock_guard lock(_mutex);
   const bool isWhole = _workers == 0 && _findings.unitsKnown == _isTaken.size();
-  if (!isWhole) return nullptr;
-  return std::make_shared<const TakeAnalysis>(std::exchange(_findings, TakeFindings(TakeLayout())));
+  return isWhole ? std::make_shared<const TakeAnalysis>(_findings) : nullptr;
 }
 
 void TakeAnalyzer::Work::waitForMore() {
@@ -188,8 +191,8 @@ void TakeAnalyzer::Work::waitForWorkers() {
 
 TakeAnalyzer::TakeAnalyzer(const WaveFileReader& reader, const Options& options) {
   const TakeLayout layout = layoutOf(reader, options);
-  _work = std::make_shared<Work>(reader, layout, options.firstFrame);
-  _work->begin(workersFor(layout, options.workers), _work);
+  _work = std::make_shared<Work>(reader, layout, options);
+  _work->begin(workersFor(layout, options), _work);
 }
 
 TakeAnalyzer::~TakeAnalyzer() {
@@ -228,7 +231,7 @@ std::shared_ptr<const TakeAnalysis> TakeAnalyzer::wait(const std::atomic<bool>* 
     if (report) report(_work->progress());
   }
   if (report) report(_work->progress());  // it may have been done before the wait began
-  return _work->handOver();
+  return _work->whole();
 }
 
 void TakeAnalyzer::waitForWorkers() {

@@ -16,15 +16,24 @@
 /// from where someone is looking.
 ///
 /// What comes out does not depend on the number of workers or on the order of the units. Memory
-/// besides the result is at most 32 MiB. Every operation may be called from any thread. Letting go
-/// of an analyzer cancels it and returns at once, even when the medium hangs.
+/// besides the result, which everybody shares who asks for it, is `workersMemory`. Every operation
+/// may be called from any thread. Letting go of an analyzer cancels it and returns at once, even
+/// when the medium hangs.
 class TakeAnalyzer {
  public:
+  /// For what is analysed beside other work: some three workers at most rates.
+  static constexpr std::uint64_t kSmallMemory = 8U << 20;
+
   struct Options {
     /// The frames of the file that count, [first, end), as if the rest were not there.
     std::uint64_t firstFrame = 0;
     std::uint64_t endFrame = std::numeric_limits<std::uint64_t>::max();
     unsigned workers = 0;  ///< 0: one a processor
+    /// Bytes that all workers hold together; there are fewer of them where they need more, but one.
+    std::uint64_t workersMemory = 28U << 20;
+    /// Whether waveform and stretches are asked for; else the result has the figures of the whole
+    /// alone, and takes a quarter of the memory.
+    bool keepsBins = true;
   };
   /// Told how much of the work is done, 0 to 1, on the thread that waits.
   using Progress = std::function<void(double done)>;
@@ -45,12 +54,12 @@ class TakeAnalyzer {
   [[nodiscard]] bool isFinished() const;
   /// Why reading failed; empty when it did not.
   [[nodiscard]] std::string failure() const;
-  /// What has been found by now; a copy, of a few milliseconds for an hour.
+  /// What has been found by now, in a few milliseconds for an hour. It does not change any more,
+  /// and shares with all others what they have in common.
   [[nodiscard]] std::shared_ptr<const TakeAnalysis> soFar() const;
 
   /// Waits, with a report ten times a second and one in the end, until no more units come; gives up
-  /// when `*cancel` is true. The whole analysis, or none where it was cancelled or failed. What was
-  /// found is handed over: `soFar` has nothing after that.
+  /// when `*cancel` is true. The whole analysis, or none where it was cancelled or failed.
   std::shared_ptr<const TakeAnalysis> wait(const std::atomic<bool>* cancel = nullptr,
                                            const Progress& report = {});
   /// Waits until no worker is at work any more, however long the medium hangs: one that was

@@ -3,53 +3,48 @@
 
 #include "analysis/TakeFindings.h"
 
-#include <algorithm>
 #include <span>
-
-#include "analysis/WidthGrid.h"
-
-namespace {
-
-using Keys = std::vector<UpperKey::Key>;
-
-// Each plane of the part to its place in the same plane of the whole.
-void put(const Keys& part, std::size_t first, std::size_t planes, Keys& whole) {
-  if (part.empty()) return;  // what has no such keys has no place for them either
-  const std::size_t count = part.size() / planes;
-  const std::size_t length = whole.size() / planes;
-  for (std::size_t plane = 0; plane < planes; ++plane) {
-    std::ranges::copy(std::span(part).subspan(plane * count, count),
-                      whole.begin() + static_cast<std::ptrdiff_t>(plane * length + first));
-  }
-}
-
-}  // namespace
+#include <utility>
 
 TakeFindings::TakeFindings(const TakeLayout& takeLayout)
     : layout(takeLayout),
-      blocks(takeLayout.blocks()),
-      keys(takeLayout.bins() * BinKeys::planes(takeLayout.isRawMidSide()), UpperKey::kNothing),
-      peakKeys(takeLayout.isRawMidSide() ? takeLayout.blocks() * WidthGrid::kPeakNodes.size() : 0,
-               UpperKey::kNothing),
+      units(takeLayout.units()),
       samplePeaks(takeLayout.isRawMidSide()),
       truePeaks(takeLayout.isRawMidSide()) {}
 
-void TakeFindings::add(const UnitResult& unit) {
-  const std::size_t firstBlock = unit.unit * layout.blocksPerUnit();
-  std::ranges::copy(unit.blocks, blocks.begin() + static_cast<std::ptrdiff_t>(firstBlock));
-  put(unit.keys, firstBlock * TakeLayout::kBinsPerBlock, BinKeys::planes(layout.isRawMidSide()),
-      keys);
-  put(unit.peakKeys, firstBlock, WidthGrid::kPeakNodes.size(), peakKeys);
+void TakeFindings::add(UnitResult&& unit) {
+  units[unit.unit] = std::make_shared<const UnitFindings>(std::move(unit.found));
   samplePeaks.merge(unit.samplePeaks);
   truePeaks.merge(unit.truePeaks);
   ++unitsKnown;
 }
 
-BinKeys TakeFindings::binKeys() const {
-  return {keys,
-          layout.bins(),
-          peakKeys,
-          layout.blocks(),
-          TakeLayout::kBinsPerBlock,
-          layout.isRawMidSide()};
+std::vector<BlockSums::Weighted> TakeFindings::weightedHalves() const {
+  std::vector<BlockSums::Weighted> halves(2 * layout.wholeBlocks());
+  for (std::size_t i = 0; i < units.size(); ++i) {
+    if (!units[i]) continue;
+    const std::size_t first = i * layout.blocksPerUnit();
+    const std::size_t count = std::min(units[i]->blocks.size(), layout.wholeBlocks() - first);
+    auto place = halves.begin() + static_cast<std::ptrdiff_t>(2 * first);
+    for (const BlockSums& block : std::span(units[i]->blocks).first(count)) {
+      place = std::ranges::copy(block.weighted, place).out;
+    }
+  }
+  return halves;
+}
+
+std::size_t TakeFindings::memory() const {
+  std::size_t all = units.capacity() * sizeof(Unit);
+  for (const Unit& unit : units) {
+    if (unit) all += unit->memory();
+  }
+  return all;
+}
+
+bool operator==(const TakeFindings& a, const TakeFindings& b) {
+  const auto areSame = [](const TakeFindings::Unit& one, const TakeFindings::Unit& other) {
+    return one && other ? *one == *other : one == other;
+  };
+  return std::ranges::equal(a.units, b.units, areSame) && a.samplePeaks == b.samplePeaks &&
+         a.truePeaks == b.truePeaks;
 }

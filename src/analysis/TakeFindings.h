@@ -2,29 +2,49 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <memory>
 #include <vector>
 
-#include "analysis/BinKeys.h"
-#include "analysis/BlockSums.h"
 #include "analysis/PeakEnvelope.h"
 #include "analysis/TakeLayout.h"
+#include "analysis/UnitFindings.h"
 #include "analysis/UnitResult.h"
-#include "analysis/UpperKey.h"
 
-/// What one pass over a take found, as it stands: all of it, or the units read so far.
+/// What one pass over a take found, as it stands: all of it, or the units read so far. Copies share
+/// the units, which do not change once they are there: a look at a long take costs next to nothing.
 struct TakeFindings {
+  using Unit = std::shared_ptr<const UnitFindings>;
+
   TakeFindings() = default;
   explicit TakeFindings(const TakeLayout& layout);
 
   /// Puts the result of a unit in its place.
-  void add(const UnitResult& unit);
-  [[nodiscard]] BinKeys binKeys() const;
+  void add(UnitResult&& unit);
+  /// The K-weighted sums of both halves of each whole block, in order.
+  [[nodiscard]] std::vector<BlockSums::Weighted> weightedHalves() const;
+  /// Bytes that are held, most of them together with copies.
+  [[nodiscard]] std::size_t memory() const;
+
+  /// Calls `visit(unit, from, to)` for each unit that is known and holds any of the items
+  /// [first, end), of which a unit has so many; its own of them are [from, to).
+  template <class Visit>
+  void visitUnits(std::size_t first, std::size_t end, std::size_t itemsPerUnit,
+                  const Visit& visit) const {
+    while (first < end) {
+      const std::size_t unit = first / itemsPerUnit;
+      const std::size_t begin = unit * itemsPerUnit;
+      const std::size_t last = std::min(end, begin + itemsPerUnit);
+      if (units[unit]) visit(*units[unit], first - begin, last - begin);
+      first = last;
+    }
+  }
+
+  friend bool operator==(const TakeFindings& a, const TakeFindings& b);
 
   TakeLayout layout;
-  std::vector<BlockSums> blocks;
-  std::vector<UpperKey::Key> keys;      ///< as `BinKeys` has them
-  std::vector<UpperKey::Key> peakKeys;  ///< the same
+  std::vector<Unit> units;  ///< null where nothing has been read
   PeakEnvelope samplePeaks;
   PeakEnvelope truePeaks;
   std::size_t unitsKnown = 0;

@@ -63,3 +63,12 @@ std::size_t TakeLayout::binOf(std::uint64_t frame) const {
 std::size_t TakeLayout::units() const {
   return dividedUp(_frames, framesPerUnit());
 }
+
+std::size_t TakeLayout::blocksOf(std::size_t unit) const {
+  return std::min(blocksPerUnit(), blocks() - unit * blocksPerUnit());
+}
+
+std::size_t TakeLayout::binsOf(std::size_t unit) const {
+  const std::size_t most = blocksPerUnit() * kBinsPerBlock;
+  return std::min(most, bins() - unit * most);
+}

@@ -45,6 +45,9 @@ class TakeLayout {
   [[nodiscard]] std::size_t blocksPerUnit() const { return kStretchesPerUnit * _blocksPerStretch; }
   [[nodiscard]] std::size_t framesPerUnit() const { return blocksPerUnit() * _blockFrames; }
   [[nodiscard]] std::size_t units() const;
+  /// Blocks and bins of a unit, of which the last one may have fewer.
+  [[nodiscard]] std::size_t blocksOf(std::size_t unit) const;
+  [[nodiscard]] std::size_t binsOf(std::size_t unit) const;
 
  private:
   std::uint32_t _sampleRate = 0;

@@ -109,8 +109,8 @@ void UnitPass::findExtremes(UnitResult& result) {
   const std::size_t firstBin = _layout.binOf(start);
   const std::size_t bins = _layout.binOf(start + _unitFrames - 1) + 1 - firstBin;
   const std::size_t blocks = (_unitFrames + lead - 1) / lead;
-  result.keys.assign(bins * BinKeys::planes(_layout.isRawMidSide()), UpperKey::kNothing);
-  result.peakKeys.assign(_layout.isRawMidSide() ? blocks * _peakLine.size() : 0, 0);
+  result.found.keys.assign(bins * BinKeys::planes(_layout.isRawMidSide()), UpperKey::kNothing);
+  result.found.peakKeys.assign(_layout.isRawMidSide() ? blocks * _peakLine.size() : 0, 0);
   _pieces.clear();
   addPiece(lead - kReach, lead);
   for (std::size_t bin = 0; bin < bins; ++bin) {
@@ -119,8 +119,8 @@ void UnitPass::findExtremes(UnitResult& result) {
     addBin(lead + _layout.binStart(firstBin + bin) - start,
            lead + _layout.binStart(firstBin + bin + 1) - start);
     storeKeys(result, bin, firstPiece);
-    if (result.peakKeys.empty()) continue;
-    BinKeys::storePeaks(_peakLine, bin / TakeLayout::kBinsPerBlock, result.peakKeys);
+    if (result.found.peakKeys.empty()) continue;
+    BinKeys::storePeaks(_peakLine, bin / TakeLayout::kBinsPerBlock, result.found.peakKeys);
   }
   addPiece(lead + _unitFrames, lead + _unitFrames + kReach);
 }
@@ -161,7 +161,8 @@ void UnitPass::storeKeys(UnitResult& result, std::size_t bin, std::size_t firstP
   for (std::size_t i = firstPiece + 1; i < _pieces.size(); ++i) {
     widen(extremes, _pieces[i].extremes);
   }
-  BinKeys::store(std::span(extremes).first(_extremes), _layout.isRawMidSide(), bin, result.keys);
+  BinKeys::store(std::span(extremes).first(_extremes), _layout.isRawMidSide(), bin,
+                 result.found.keys);
 }
 
 // The pieces with the greatest values: once these are known, most others are out.
@@ -228,7 +229,7 @@ std::array<float, PeakEnvelope::kRawExtremes> UnitPass::around(std::size_t piece
 void UnitPass::weigh(UnitResult& result) {
   const std::size_t block = _layout.blockFrames();
   const std::size_t blocks = (_unitFrames + block - 1) / block;
-  result.blocks.assign(blocks, BlockSums());
+  result.found.blocks.assign(blocks, BlockSums());
   WeighingLanes lanes;
   for (std::size_t step = 0; step <= std::min(_layout.blocksPerStretch(), blocks); ++step) {
     lanes.plain = lanes.product = {};
@@ -257,8 +258,8 @@ void UnitPass::storeWeighted(UnitResult& result, std::size_t block, std::size_t 
                              const WeighingLanes& lanes) const {
   for (std::size_t i = 0; i < WeighingLanes::kStretches; ++i) {
     const std::size_t at = i * _layout.blocksPerStretch() + block;
-    if (at >= result.blocks.size()) return;
-    BlockSums& sums = result.blocks[at];
+    if (at >= result.found.blocks.size()) return;
+    BlockSums& sums = result.found.blocks[at];
     sums.weighted[half] = {static_cast<float>(lanes.weighted[2 * i]),
                            static_cast<float>(lanes.weighted[2 * i + 1])};
     sums.first = lanes.plain[2 * i];

@@ -14,10 +14,8 @@ constexpr float kOutward = 1.0F + 1e-6F;
 
 using Keys = std::span<const UpperKey::Key>;
 
-UpperKey::Key greatest(Keys keys) {
-  UpperKey::Key most = UpperKey::kNothing;
+void raiseKey(UpperKey::Key& most, Keys keys) {
   for (const UpperKey::Key key : keys) most = std::max(most, key);
-  return most;
 }
 
 // So far along the straight line; where one end is infinite, that.
@@ -28,52 +26,69 @@ float between(float low, float high, float weight) {
 
 }  // namespace
 
-WaveformBins::WaveformBins(const BinKeys& keys, int width, double gain)
-    : _keys(keys),
-      _place(WidthGrid::locate(width)),
-      _peakPlace(keys.isRawMidSide ? WidthGrid::locatePeak(width) : std::nullopt),
+WaveformBins::WaveformBins(bool isRawMidSide, int width, double gain)
+    : _isRawMidSide(isRawMidSide),
+      _place(isRawMidSide ? WidthGrid::locate(width) : WidthGrid::Place{0, 0.0F}),
+      _peakPlace(isRawMidSide ? WidthGrid::locatePeak(width) : std::nullopt),
       _gain(static_cast<float>(std::pow(10.0, gain / 20.0))) {}
 
 // Mid alone is both Left and Right at the first node.
-std::size_t WaveformBins::plane(std::size_t node, Side side) const {
-  if (!_keys.isRawMidSide) return side;
+std::size_t WaveformBins::plane(std::size_t node, std::size_t side) const {
+  if (!_isRawMidSide) return side;
   return node == 0 ? side % 2 : 4 * node + side - 2;
 }
 
-UpperKey::Key WaveformBins::greatestKey(std::size_t plane, std::size_t first,
-                                        std::size_t end) const {
-  return greatest(_keys.keys.subspan(plane * _keys.bins + first, end - first));
+bool WaveformBins::isBetween() const {
+  return _place.weight != 0.0F;
 }
 
-float WaveformBins::upper(Side side, std::size_t first, std::size_t end) const {
-  const std::size_t node = _keys.isRawMidSide ? _place.node : 0;
-  const float low = UpperKey::value(greatestKey(plane(node, side), first, end));
-  if (!_keys.isRawMidSide || _place.weight == 0.0F) return low;
-  const float high = UpperKey::value(greatestKey(plane(node + 1, side), first, end));
-  return between(low, high, _place.weight);
-}
-
-// Of the louder channel, over the blocks that hold these bins; no bound where none is kept.
-float WaveformBins::upperOfPeak(std::size_t first, std::size_t end) const {
-  if (!_peakPlace) return std::numeric_limits<float>::infinity();
-  const std::size_t block = first / _keys.binsPerBlock;
-  const std::size_t count = (end - 1) / _keys.binsPerBlock + 1 - block;
-  const auto at = [&](std::size_t node) {
-    return UpperKey::value(greatest(_keys.peakKeys.subspan(node * _keys.blocks + block, count)));
+void WaveformBins::raise(Greatest& greatest, const BinKeys& keys, std::size_t first,
+                         std::size_t end) const {
+  const auto part = [&](std::size_t plane) {
+    return keys.keys.subspan(plane * keys.bins + first, end - first);
   };
-  const auto [node, weight] = *_peakPlace;
-  return weight == 0.0F ? at(node) : between(at(node), at(node + 1), weight);
+  raiseKey(greatest.known, part(0));
+  for (std::size_t side = 0; side < greatest.low.size(); ++side) {
+    raiseKey(greatest.low[side], part(plane(_place.node, side)));
+    if (isBetween()) raiseKey(greatest.high[side], part(plane(_place.node + 1, side)));
+  }
+  if (_peakPlace) raisePeaks(greatest, keys, first, end);
 }
 
-Waveform::Column WaveformBins::column(std::size_t first, std::size_t end) const {
+// Over the blocks that hold these bins.
+void WaveformBins::raisePeaks(Greatest& greatest, const BinKeys& keys, std::size_t first,
+                              std::size_t end) const {
+  const std::size_t block = first / keys.binsPerBlock;
+  const std::size_t count = (end - 1) / keys.binsPerBlock + 1 - block;
+  const auto part = [&](std::size_t node) {
+    return keys.peakKeys.subspan(node * keys.blocks + block, count);
+  };
+  raiseKey(greatest.peaks[0], part(_peakPlace->node));
+  if (_peakPlace->weight != 0.0F) raiseKey(greatest.peaks[1], part(_peakPlace->node + 1));
+}
+
+float WaveformBins::upper(Side side, const Greatest& greatest) const {
+  const float low = UpperKey::value(greatest.low[side]);
+  return isBetween() ? between(low, UpperKey::value(greatest.high[side]), _place.weight) : low;
+}
+
+// Of the louder channel; no bound where none is kept.
+float WaveformBins::upperOfPeak(const Greatest& greatest) const {
+  if (!_peakPlace) return std::numeric_limits<float>::infinity();
+  const float low = UpperKey::value(greatest.peaks[0]);
+  if (_peakPlace->weight == 0.0F) return low;
+  return between(low, UpperKey::value(greatest.peaks[1]), _peakPlace->weight);
+}
+
+Waveform::Column WaveformBins::column(const Greatest& greatest) const {
   const auto outward = [this](float value) {
     return value * _gain * (value > 0 ? kOutward : 2.0F - kOutward);
   };
   Waveform::Column column;
-  column.isKnown = greatestKey(0, first, end) != UpperKey::kNothing;
+  column.isKnown = greatest.known != UpperKey::kNothing;
   if (!column.isKnown) return column;
-  const float most = upperOfPeak(first, end);
-  const auto edge = [&](Side side) { return outward(std::min(upper(side, first, end), most)); };
+  const float most = upperOfPeak(greatest);
+  const auto edge = [&](Side side) { return outward(std::min(upper(side, greatest), most)); };
   column.greatestLeft = edge(GreatestLeft);
   column.leastLeft = -edge(LeastLeft);
   column.greatestRight = edge(GreatestRight);

@@ -49,6 +49,7 @@ void RunningAnalysis::look(const WaveFileReader& reader, const Shelf& shelf) {
 void RunningAnalysis::analyse(const WaveFileReader& reader) {
   TakeAnalyzer::Options options;
   options.workers = workers();
+  options.workersMemory = TakeAnalyzer::kSmallMemory;
   _analyzer = std::make_shared<TakeAnalyzer>(reader, options);
   if (_lookAt) _analyzer->lookAt(*_lookAt);
   _timerMeasured.start(kLook);
@@ -98,7 +99,7 @@ void RunningAnalysis::take(std::shared_ptr<const TakeAnalysis> known, double pro
     if (_analyzer) keep();
     _analyzer.reset();
   } else {
-    // A copy of a long take takes half of the time at most.
+    // What looks cost of a long take is half of the time at most.
     _timerMeasured.start(std::max(kLook, static_cast<int>(_fetched.elapsed())));
   }
   emit measured();

@@ -17,7 +17,7 @@
 #include "wav/WaveFileReader.h"
 
 /// An analysis while it is made, on workers, and what is known of it by now; one that was kept is
-/// there at once. Nothing here reads the file, or copies what is known, on the interface thread,
+/// there at once. Nothing here reads the file, or looks at what is known, on the interface thread,
 /// which is the one that has it.
 class RunningAnalysis : public QObject {
   Q_OBJECT
@@ -61,7 +61,7 @@ class RunningAnalysis : public QObject {
   void take(std::shared_ptr<const TakeAnalysis> known, double progress, bool isLast);
 
   std::shared_ptr<TakeAnalyzer> _analyzer;  ///< while it works
-  Errand _errand;                           ///< copies what is known: megabytes of a long take
+  Errand _errand;                           ///< looks at what is known: milliseconds of a long take
   QElapsedTimer _fetched;                   ///< since the errand began
   std::shared_ptr<const TakeAnalysis> _analysis;
   double _progress = 0;

@@ -3,6 +3,7 @@
 
 #include "dialogs/ExportLevels.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cmath>
 
@@ -13,23 +14,27 @@
 void ExportLevels::measure(const WaveFileReader& reader, const std::optional<FrameRange>& range,
                            const std::shared_ptr<const TakeAnalysis>& whole) {
   _reader = std::make_unique<WaveFileReader>(reader.apart());
-  _firstFrame = range ? range->first : 0;
+  _range = {0, reader.frameCount()};
+  if (range) _range = {range->first, std::min(range->end, reader.frameCount())};
+  _whole = whole && whole->isComplete() ? whole : nullptr;
   _analysis.reset();
-  if (!range && whole && whole->isComplete()) {
+  if (!range && _whole) {
     _measuring.cancel();
-    _analysis = whole;
+    _analysis = _whole;
   } else {
-    analyse(range);
+    analyse();
   }
   search();
 }
 
 // Until its workers are over, too: what is asked next would have workers of its own beside those
 // that hang with the card.
-void ExportLevels::analyse(const std::optional<FrameRange>& range) {
+void ExportLevels::analyse() {
   TakeAnalyzer::Options options;
-  options.firstFrame = _firstFrame;
-  if (range) options.endFrame = range->end;
+  options.firstFrame = _range.first;
+  options.endFrame = _range.end;
+  options.workersMemory = TakeAnalyzer::kSmallMemory;
+  options.keepsBins = false;
   const auto reader = std::make_shared<const WaveFileReader>(_reader->apart());
   _measuring.ask([this, reader, options](const std::atomic<bool>& cancel) -> Errand::Outcome {
     TakeAnalyzer analyzer(*reader, options);
@@ -74,9 +79,9 @@ void ExportLevels::search() {
 
 void ExportLevels::count(double gain) {
   _search.ask([this, gain, reader = std::make_shared<const WaveFileReader>(_reader->apart()),
-               analysis = _analysis, first = _firstFrame,
+               whole = _whole, range = _range,
                width = _aim.width](const std::atomic<bool>& cancel) -> Errand::Outcome {
-    const auto found = ClipSearch::find(*reader, *analysis, first, width, gain, cancel);
+    const auto found = ClipSearch::find(*reader, whole.get(), range, width, gain, cancel);
     return [this, found] {
       if (found) _places = found->placeCount();
       emit changed();

@@ -33,7 +33,7 @@ class ExportLevels : public QObject {
   explicit ExportLevels(QObject* parent = nullptr) : QObject(parent) {}
 
   /// Measures these frames of the file, all of them where there is no range; `whole` spares that
-  /// for all of them, where it is complete.
+  /// for all of them, where it is complete, and tells where to look for what clips.
   void measure(const WaveFileReader& reader, const std::optional<FrameRange>& range,
                const std::shared_ptr<const TakeAnalysis>& whole);
   /// What is wanted now.
@@ -56,15 +56,16 @@ class ExportLevels : public QObject {
   void changed();
 
  private:
-  void analyse(const std::optional<FrameRange>& range);
+  void analyse();
   void search();
   void count(double gain);
   [[nodiscard]] TakeFigures figures() const;
   [[nodiscard]] QString text(const std::optional<double>& figure, const QString& unit) const;
 
   std::unique_ptr<WaveFileReader> _reader;
-  std::uint64_t _firstFrame = 0;
-  std::shared_ptr<const TakeAnalysis> _analysis;
+  FrameRange _range;
+  std::shared_ptr<const TakeAnalysis> _whole;     ///< of the whole file, where somebody had it
+  std::shared_ptr<const TakeAnalysis> _analysis;  ///< of the range, its figures alone
   Aim _aim;
   std::optional<std::uint64_t> _places;  ///< that clip, once they are counted
   LatestErrand _measuring;

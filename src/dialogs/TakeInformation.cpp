@@ -109,7 +109,10 @@ void TakeInformation::showFacts(const TakeFacts& facts) {
 
 void TakeInformation::measure(const WaveFileReader& reader) {
   if (_subject.analysis && _subject.analysis->isComplete()) return showFigures();
-  _analyzer = std::make_unique<TakeAnalyzer>(reader);
+  TakeAnalyzer::Options options;
+  options.workersMemory = TakeAnalyzer::kSmallMemory;
+  options.keepsBins = false;
+  _analyzer = std::make_unique<TakeAnalyzer>(reader, options);
   _timer.start(kLook);
 }
 

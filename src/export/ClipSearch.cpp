@@ -15,6 +15,7 @@
 namespace {
 
 constexpr std::size_t kBlockFloats = 5120;
+constexpr std::uint64_t kFramesAtOnce = 1 << 20;  // for a waveform of few columns
 
 /// The samples of an export, as far as somebody looks at them.
 class Decoded {
@@ -47,25 +48,48 @@ class Decoded {
   float _divisor;
 };
 
-}  // namespace
+std::size_t binsIn(const TakeLayout& layout, const FrameRange& part) {
+  return layout.binOf(part.end - 1) + 1 - layout.binOf(part.first);
+}
 
-std::optional<Clipping> ClipSearch::find(const WaveFileReader& reader, const TakeAnalysis& analysis,
-                                         std::uint64_t firstFrame, int width, double gain,
-                                         const std::atomic<bool>& cancel) {
-  const TakeLayout& layout = analysis.layout();
-  Clipping clipping(layout.sampleRate());
-  const Waveform wave =
-      analysis.waveform(width, gain, 0, layout.frames(), std::max<std::size_t>(1, layout.bins()));
-  Decoded decoded(reader, width, gain);
+// Of a part that nobody knows about, one column that may clip.
+Waveform waveformOf(const TakeAnalysis* whole, const FrameRange& part, int width, double gain) {
+  if (whole != nullptr) {
+    return whole->waveform(width, gain, part.first, part.end, binsIn(whole->layout(), part));
+  }
+  Waveform unknown;
+  unknown.from = part.first;
+  unknown.to = part.end;
+  unknown.columns.emplace_back().mayClip = true;
+  return unknown;
+}
+
+bool look(const Waveform& wave, Decoded& decoded, Clipping& clipping,
+          const std::atomic<bool>& cancel) {
   for (std::size_t i = 0; i < wave.columns.size(); ++i) {
-    if (cancel) return std::nullopt;
+    if (cancel) return false;
     const std::uint64_t from = wave.columnStart(i);
     const std::uint64_t frames = wave.columnStart(i + 1) - from;
     if (!wave.columns[i].mayClip) {
       clipping.skip(frames);
-    } else if (!decoded.look(firstFrame + from, frames, clipping)) {
-      return std::nullopt;
+    } else if (!decoded.look(from, frames, clipping)) {
+      return false;
     }
+  }
+  return true;
+}
+
+}  // namespace
+
+std::optional<Clipping> ClipSearch::find(const WaveFileReader& reader, const TakeAnalysis* whole,
+                                         const FrameRange& range, int width, double gain,
+                                         const std::atomic<bool>& cancel) {
+  Clipping clipping(reader.header().SampleRate);
+  Decoded decoded(reader, width, gain);
+  FrameRange part;
+  for (part.first = range.first; part.first < range.end; part.first = part.end) {
+    part.end = std::min(range.end, part.first + kFramesAtOnce);
+    if (!look(waveformOf(whole, part, width, gain), decoded, clipping, cancel)) return std::nullopt;
   }
   return clipping;
 }

@@ -246,6 +246,7 @@ bool Export::analyse() {
   options.workers = 1 + spare.count();
   options.firstFrame = range().first;
   options.endFrame = range().end;
+  options.keepsBins = false;
   TakeAnalyzer analyzer(*_reader, options);
   const auto frames = static_cast<double>(range().end - range().first);
   _analysis = analyzer.wait(_cancel, [&](double done) {

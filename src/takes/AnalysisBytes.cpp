@@ -3,14 +3,16 @@
 
 #include "takes/AnalysisBytes.h"
 
-#include <algorithm>
 #include <array>
-#include <cstdint>
 #include <cstring>
 #include <string>
 #include <utility>
+#include <vector>
 
+#include "analysis/BinKeys.h"
 #include "analysis/TakeFindings.h"
+#include "analysis/UnitFindings.h"
+#include "analysis/WidthGrid.h"
 #include "transfer/ContentHash.h"
 
 namespace {
@@ -32,89 +34,111 @@ struct Head {
         isRawMidSide(layout.isRawMidSide() ? 1 : 0) {}
 };
 
-template <class Value>
-std::span<const std::byte> bytesOf(const std::vector<Value>& values) {
-  return std::as_bytes(std::span(values));
+std::span<const std::byte> bytesOf(const std::string& text) {
+  return std::as_bytes(std::span(text));
 }
 
-std::string sumOf(std::span<const std::byte> bytes) {
-  ContentHash hash;
-  hash.add(bytes);
-  return hash.hex();
+/// Adds what passes to the checksum.
+class Writing {
+ public:
+  explicit Writing(const AnalysisBytes::Sink& sink) : _sink(sink) {}
+
+  bool put(std::span<const std::byte> bytes) {
+    _hash.add(bytes);
+    return _sink(bytes);
+  }
+  bool put(const UnitFindings& unit) {
+    return put(std::as_bytes(std::span(unit.blocks))) && put(std::as_bytes(std::span(unit.keys))) &&
+           put(std::as_bytes(std::span(unit.peakKeys)));
+  }
+  bool put(const PeakEnvelope& peaks) {
+    return put(std::as_bytes(peaks.lefts())) && put(std::as_bytes(peaks.rights()));
+  }
+  bool end() { return _sink(bytesOf(_hash.hex())); }
+
+ private:
+  const AnalysisBytes::Sink& _sink;
+  ContentHash _hash;
+};
+
+/// The same the other way round.
+class Reading {
+ public:
+  explicit Reading(const AnalysisBytes::Source& source) : _source(source) {}
+
+  bool take(std::span<std::byte> bytes) {
+    if (!_source(bytes)) return false;
+    _hash.add(bytes);
+    return true;
+  }
+  template <class Value>
+  bool take(std::vector<Value>& values) {
+    return take(std::as_writable_bytes(std::span(values)));
+  }
+  bool take(UnitFindings& unit) {
+    return take(unit.blocks) && take(unit.keys) && take(unit.peakKeys);
+  }
+  bool take(PeakEnvelope& peaks) {
+    std::vector<float> left(peaks.lefts().size());
+    std::vector<float> right(left.size());
+    if (!take(left) || !take(right)) return false;
+    peaks = PeakEnvelope(peaks, left, right);
+    return true;
+  }
+  bool isRight() {
+    std::string sum(kSumBytes, '\0');
+    return _source(std::as_writable_bytes(std::span(sum))) && sum == _hash.hex();
+  }
+
+ private:
+  const AnalysisBytes::Source& _source;
+  ContentHash _hash;
+};
+
+bool takeHead(Reading& reading, const TakeLayout& layout) {
+  const Head wanted(layout);
+  std::array<std::byte, sizeof wanted> bytes{};
+  return reading.take(bytes) && std::memcmp(bytes.data(), &wanted, sizeof wanted) == 0;
 }
 
-/// All parts of the findings, in one order for reading and writing.
-template <class Findings, class Visit>
-void visitParts(Findings& findings, const Visit& visit) {
-  visit(findings.blocks);
-  visit(findings.keys);
-  visit(findings.peakKeys);
-}
-
-void append(std::vector<std::byte>& all, std::span<const std::byte> part) {
-  all.insert(all.end(), part.begin(), part.end());
-}
-
-void append(std::vector<std::byte>& all, const PeakEnvelope& peaks) {
-  append(all, std::as_bytes(peaks.lefts()));
-  append(all, std::as_bytes(peaks.rights()));
-}
-
-// Takes the next bytes into what has its size already.
-template <class Value>
-void take(std::span<const std::byte>& rest, std::vector<Value>& values) {
-  const std::size_t count = values.size() * sizeof(Value);
-  if (count > 0) std::memcpy(values.data(), rest.data(), count);
-  rest = rest.subspan(count);
-}
-
-PeakEnvelope takePeaks(std::span<const std::byte>& rest, const PeakEnvelope& like) {
-  std::vector<float> left(like.lefts().size());
-  std::vector<float> right(left.size());
-  take(rest, left);
-  take(rest, right);
-  return {like, left, right};
-}
-
-std::size_t sizeOfParts(const TakeFindings& findings) {
-  std::size_t size = 0;
-  visitParts(findings, [&](const auto& part) { size += bytesOf(part).size(); });
-  const std::size_t peaks = findings.samplePeaks.lefts().size_bytes();
-  return size + 4 * peaks;
+bool takeUnits(Reading& reading, TakeFindings& findings) {
+  for (std::size_t i = 0; i < findings.units.size(); ++i) {
+    const auto unit = std::make_shared<UnitFindings>(findings.layout, i);
+    if (!reading.take(*unit)) return false;
+    findings.units[i] = unit;
+  }
+  findings.unitsKnown = findings.units.size();
+  return true;
 }
 
 }  // namespace
 
-std::vector<std::byte> AnalysisBytes::write(const TakeAnalysis& analysis) {
+bool AnalysisBytes::write(const TakeAnalysis& analysis, const Sink& sink) {
   const TakeFindings& findings = analysis.findings();
   const Head head(findings.layout);
-  std::vector<std::byte> all;
-  all.reserve(sizeof head + sizeOfParts(findings) + kSumBytes);
-  append(all, std::as_bytes(std::span(&head, 1)));
-  visitParts(findings, [&](const auto& part) { append(all, bytesOf(part)); });
-  append(all, findings.samplePeaks);
-  append(all, findings.truePeaks);
-  const std::string sum = sumOf(all);
-  append(all, std::as_bytes(std::span(sum)));
-  return all;
+  Writing writing(sink);
+  if (!writing.put(std::as_bytes(std::span(&head, 1)))) return false;
+  for (const TakeFindings::Unit& unit : findings.units) {
+    if (!unit || !writing.put(*unit)) return false;
+  }
+  return writing.put(findings.samplePeaks) && writing.put(findings.truePeaks) && writing.end();
 }
 
-std::size_t AnalysisBytes::sizeOf(const TakeLayout& layout) {
-  return sizeof(Head) + sizeOfParts(TakeFindings(layout)) + kSumBytes;
+std::uint64_t AnalysisBytes::sizeOf(const TakeLayout& layout) {
+  const std::uint64_t peakNodes = layout.isRawMidSide() ? WidthGrid::kPeakNodes.size() : 0;
+  const std::uint64_t keys =
+      layout.bins() * BinKeys::planes(layout.isRawMidSide()) + layout.blocks() * peakNodes;
+  const std::uint64_t peaks = 4 * PeakEnvelope(layout.isRawMidSide()).lefts().size_bytes();
+  return sizeof(Head) + layout.blocks() * sizeof(BlockSums) + keys * sizeof(UpperKey::Key) + peaks +
+         kSumBytes;
 }
 
-std::shared_ptr<const TakeAnalysis> AnalysisBytes::read(std::span<const std::byte> bytes,
+std::shared_ptr<const TakeAnalysis> AnalysisBytes::read(const Source& source,
                                                         const TakeLayout& layout) {
+  Reading reading(source);
+  if (!takeHead(reading, layout)) return nullptr;
   TakeFindings findings(layout);
-  const Head head(layout);
-  if (bytes.size() != sizeof head + sizeOfParts(findings) + kSumBytes) return nullptr;
-  if (std::memcmp(bytes.data(), &head, sizeof head) != 0) return nullptr;
-  const std::string sum = sumOf(bytes.first(bytes.size() - kSumBytes));
-  if (!std::ranges::equal(bytes.last(kSumBytes), std::as_bytes(std::span(sum)))) return nullptr;
-  std::span<const std::byte> rest = bytes.subspan(sizeof head);
-  visitParts(findings, [&](auto& part) { take(rest, part); });
-  findings.samplePeaks = takePeaks(rest, findings.samplePeaks);
-  findings.truePeaks = takePeaks(rest, findings.truePeaks);
-  findings.unitsKnown = layout.units();
-  return std::make_shared<const TakeAnalysis>(std::move(findings));
+  const bool isWhole = takeUnits(reading, findings) && reading.take(findings.samplePeaks) &&
+                       reading.take(findings.truePeaks) && reading.isRight();
+  return isWhole ? std::make_shared<const TakeAnalysis>(std::move(findings)) : nullptr;
 }

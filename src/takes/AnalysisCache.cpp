@@ -34,6 +34,20 @@ std::span<const std::byte> bytesOf(const std::int64_t& value) {
   return std::as_bytes(std::span(&value, 1));
 }
 
+std::span<std::byte> writableBytesOf(std::int64_t& value) {
+  return std::as_writable_bytes(std::span(&value, 1));
+}
+
+std::shared_ptr<const TakeAnalysis> readFrom(const FileBytes& file, const TakeLayout& layout) {
+  std::uint64_t at = kTimeBytes;
+  const auto next = [&](std::span<std::byte> bytes) {
+    const std::size_t count = file.readAt(at, bytes);
+    at += count;
+    return count == bytes.size();
+  };
+  return AnalysisBytes::read(next, layout);
+}
+
 struct Kept {
   fs::path path;
   FileTime state;
@@ -76,14 +90,11 @@ std::shared_ptr<const TakeAnalysis> AnalysisCache::find(const Key& key) const {
   std::string whyNot;
   const auto file = FileBytes::open(path, whyNot);
   if (!file) return nullptr;
-  const std::size_t size = kTimeBytes + AnalysisBytes::sizeOf(key.layout);
-  std::vector<std::byte> bytes(file->size() == size ? size : 0);
-  const bool isRead = file->readAt(0, bytes) == size;
-  const bool isOfNow =
-      isRead && std::ranges::equal(std::span(bytes).first(kTimeBytes), bytesOf(key.modified));
-  if (isRead && !isOfNow) return nullptr;  // the next that is kept takes its place
-  auto found =
-      isRead ? AnalysisBytes::read(std::span(bytes).subspan(kTimeBytes), key.layout) : nullptr;
+  const bool hasItsSize = file->size() == kTimeBytes + AnalysisBytes::sizeOf(key.layout);
+  std::int64_t modified = 0;
+  const bool isRead = hasItsSize && file->readAt(0, writableBytesOf(modified)) == kTimeBytes;
+  if (isRead && modified != key.modified) return nullptr;  // the next that is kept takes its place
+  auto found = isRead ? readFrom(*file, key.layout) : nullptr;
   std::error_code error;
   if (found) {
     utimensat(AT_FDCWD, path.c_str(), nullptr, 0);  // used now
@@ -95,12 +106,14 @@ std::shared_ptr<const TakeAnalysis> AnalysisCache::find(const Key& key) const {
 
 bool AnalysisCache::keep(const Key& key, const TakeAnalysis& analysis) const {
   if (key.take.empty() || !analysis.isComplete()) return false;
-  const std::vector<std::byte> bytes = AnalysisBytes::write(analysis);
-  if (kLeastAtOnce * bytes.size() > _mostBytes) return false;
+  const std::uint64_t size = kTimeBytes + AnalysisBytes::sizeOf(analysis.layout());
+  if (kLeastAtOnce * size > _mostBytes) return false;
   std::error_code error;
   fs::create_directories(_folder, error);
   AtomicFile file(fileOf(key), AtomicFile::Existing::Replace);
-  const bool isKept = file.write(bytesOf(key.modified)) && file.write(bytes) && file.commit();
+  const auto toFile = [&file](std::span<const std::byte> bytes) { return file.write(bytes); };
+  const bool isKept =
+      file.write(bytesOf(key.modified)) && AnalysisBytes::write(analysis, toFile) && file.commit();
   if (isKept) makeRoom();
   return isKept;
 }

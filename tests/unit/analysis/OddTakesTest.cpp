@@ -109,7 +109,9 @@ TEST(OddTakesTest, WhatIsNotANumberIsSilenceAndLeavesTheRestAsItIs) {
   }
   const auto got = TestTake::analyse(holed, kOddRate, true);
   const auto wanted = TestTake::analyse(silenced, kOddRate, true);
-  EXPECT_EQ(got->findings().blocks, wanted->findings().blocks);
+  for (std::size_t i = 0; i < wanted->findings().units.size(); ++i) {
+    EXPECT_EQ(got->findings().units[i]->blocks, wanted->findings().units[i]->blocks) << i;
+  }
   EXPECT_TRUE(got->findings().truePeaks == wanted->findings().truePeaks);
   EXPECT_EQ(got->at(100, 0).integratedLufs, wanted->at(100, 0).integratedLufs);
 }

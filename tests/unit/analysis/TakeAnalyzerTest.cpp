@@ -18,11 +18,7 @@ namespace {
 constexpr std::uint32_t kTakeRate = 48000;
 
 void expectSame(const TakeAnalysis& got, const TakeAnalysis& wanted) {
-  EXPECT_EQ(got.findings().blocks, wanted.findings().blocks);
-  EXPECT_EQ(got.findings().keys, wanted.findings().keys);
-  EXPECT_EQ(got.findings().peakKeys, wanted.findings().peakKeys);
-  EXPECT_TRUE(got.findings().samplePeaks == wanted.findings().samplePeaks);
-  EXPECT_TRUE(got.findings().truePeaks == wanted.findings().truePeaks);
+  EXPECT_TRUE(got.findings() == wanted.findings());
 }
 
 class TakeAnalyzerTest : public testing::Test {
@@ -42,6 +38,17 @@ class TakeAnalyzerTest : public testing::Test {
         _folder.file("take.wav", TestTake::file(_frames, kTakeRate)), whyNot);
     reader->setIsBoMSFormat(true);
     return reader;
+  }
+
+  /// What a medium of 20 MB/s gives in a tenth of a second.
+  void giveUntilMoreIsKnown(const TakeAnalyzer& analyzer) {
+    const double known = analyzer.progress();
+    SlowReads::give(_folder.path().native(), 2'000'000);
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+    while (analyzer.progress() == known && std::chrono::steady_clock::now() < deadline) {
+      std::this_thread::yield();
+    }
+    ASSERT_GT(analyzer.progress(), known);
   }
 
   TemporaryFolder _folder;
@@ -77,23 +84,14 @@ TEST_F(TakeAnalyzerTest, ASlowMediumMakesNoDifference) {
   EXPECT_EQ(last, 1.0);
 }
 
-// What a medium of 20 MB/s gives in a tenth of a second: there are ten pictures a second.
+// There are ten pictures a second.
 TEST_F(TakeAnalyzerTest, ATenthOfASecondOfASlowMediumTellsMore) {
   const auto reader = openFile();
   for (const unsigned count : {1U, 2U, 4U}) {
     SlowReads::reset();
     SlowReads::give(_folder.path().native(), 0);
     TakeAnalyzer analyzer(*reader, workers(count));
-    double known = 0;
-    while (known < 1) {
-      SlowReads::give(_folder.path().native(), 2'000'000);
-      const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(1);
-      while (analyzer.progress() == known && std::chrono::steady_clock::now() < deadline) {
-        std::this_thread::yield();
-      }
-      ASSERT_GT(analyzer.progress(), known) << count << " workers";
-      known = analyzer.progress();
-    }
+    while (analyzer.progress() < 1) giveUntilMoreIsKnown(analyzer);
     EXPECT_NE(analyzer.wait(), nullptr);
   }
 }
@@ -145,6 +143,46 @@ TEST_F(TakeAnalyzerTest, ShowsWhatHasComeSoFarFromWhereSomeoneLooks) {
   EXPECT_GT(partial, 0U);
   EXPECT_EQ(analyzer.progress(), 1.0);
   expectSame(*analyzer.soFar(), *wanted);
+}
+
+// A take of hours is held once, however often somebody asks what is known of it.
+TEST_F(TakeAnalyzerTest, WhatHasComeIsSharedWithAllThatComesAfterIt) {
+  const auto reader = openFile();
+  SlowReads::give(_folder.path().native(), 0);
+  TakeAnalyzer analyzer(*reader, workers(1));
+  std::vector all{analyzer.soFar()};
+  while (analyzer.progress() < 1) {
+    giveUntilMoreIsKnown(analyzer);
+    all.push_back(analyzer.soFar());
+  }
+  all.push_back(analyzer.wait());
+  EXPECT_GT(all.size(), 4U);
+  const auto& last = all.back()->findings().units;
+  for (const auto& some : all) {
+    for (std::size_t i = 0; i < last.size(); ++i) {
+      const auto& unit = some->findings().units[i];
+      EXPECT_TRUE(!unit || unit == last[i]) << "no copy of its own";
+    }
+  }
+}
+
+TEST_F(TakeAnalyzerTest, FiguresAloneAreTheSameInAThirdOfTheMemory) {
+  for (const bool isRaw : {true, false}) {
+    const auto whole = TestTake::analyse(_frames, kTakeRate, isRaw);
+    TakeAnalyzer::Options options;
+    options.keepsBins = false;
+    const auto figures = TestTake::analyse(_frames, kTakeRate, isRaw, options);
+    for (const int width : {0, 60, 120, 150}) {
+      const TakeFigures got = figures->at(width, 3);
+      const TakeFigures wanted = whole->at(width, 3);
+      EXPECT_EQ(got.integratedLufs, wanted.integratedLufs);
+      EXPECT_EQ(got.truePeakDbtp, wanted.truePeakDbtp);
+      EXPECT_EQ(got.correlation, wanted.correlation);
+      EXPECT_EQ(figures->samplePeak(width), whole->samplePeak(width));
+    }
+    EXPECT_FALSE(figures->waveform(90, 0, 0, ~0ULL, 1).columns[0].isKnown);
+    if (isRaw) EXPECT_LT(3 * figures->memory(), whole->memory());
+  }
 }
 
 TEST_F(TakeAnalyzerTest, CancelEndsTheWait) {

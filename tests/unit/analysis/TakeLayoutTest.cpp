@@ -38,6 +38,23 @@ TEST(TakeLayoutTest, BinsCoverEveryFrameOnce) {
   }
 }
 
+TEST(TakeLayoutTest, UnitsHaveEveryBlockAndBinOnce) {
+  for (const std::uint32_t rate : {0U, 8000U, 11025U, 48000U, 192000U}) {
+    for (const std::uint64_t frames : {1U, 551U, 4801U, 32000U, 192000U, 192001U, 1000000U}) {
+      const TakeLayout layout(rate, frames, true);
+      std::size_t blocks = 0;
+      std::size_t bins = 0;
+      for (std::size_t unit = 0; unit < layout.units(); ++unit) {
+        ASSERT_GT(layout.blocksOf(unit), 0U);
+        blocks += layout.blocksOf(unit);
+        bins += layout.binsOf(unit);
+      }
+      EXPECT_EQ(blocks, layout.blocks()) << rate << ' ' << frames;
+      EXPECT_EQ(bins, layout.bins()) << rate << ' ' << frames;
+    }
+  }
+}
+
 TEST(TakeLayoutTest, NothingHasNoParts) {
   const TakeLayout layout(48000, 0, true);
   EXPECT_EQ(layout.blocks() + layout.bins() + layout.units() + layout.wholeBlocks(), 0U);
