@@ -6,6 +6,7 @@ import hashlib
 import os
 import random
 import re
+import shutil
 import signal
 import subprocess
 import time
@@ -242,6 +243,42 @@ class InterruptedTest(CardCase):
             self.expect(0, "copy", "--quiet", "card", "home", err="")
             self.assertEqual(self.at_home(), self.takes)
             self.expect(0, "verify", "home", out="7 right\n", err="")
+
+    def is_reading(self, process, name):
+        folder = f"/proc/{process.pid}/fd"
+        for number in os.listdir(folder):
+            try:
+                if os.readlink(os.path.join(folder, number)) == self.path("card", name):
+                    return True
+            except FileNotFoundError:
+                pass
+        return False
+
+    def test_a_card_that_is_pulled_out(self):
+        # Each of the long takes is read for 4 s; it is gone as soon as the first of them is begun.
+        environment = dict(os.environ, LD_PRELOAD=os.environ["SLOW_READS"],
+                           MIXDECK_SLOW_FOLDER=self.path("card"), MIXDECK_SLOW_RATE=str(2 << 20),
+                           MIXDECK_SLOW_GOES_WITH_FOLDER="1")
+        with self.start(env=environment) as process:
+            while not self.is_reading(process, "R0004.WAV"):
+                self.assertIsNone(process.poll())
+                time.sleep(0.001)
+            shutil.rmtree(self.path("card"))
+            said, errors = process.communicate(timeout=300)
+        self.assertEqual(process.returncode, 1)
+        self.assertEqual(errors, "mixdeck-cli: R0004.WAV: Not copied. Input/output error\n"
+                                 "mixdeck-cli: card: Fail to save. The card is gone\n")
+        self.assertEqual(said.splitlines()[:3],
+                         [f"R000{number}.WAV: copied and verified" for number in (1, 2, 3)])
+        self.check_what_is_there()
+        self.assertEqual(sorted(self.at_home()), [f"R000{number}.WAV" for number in (1, 2, 3)])
+        self.expect(0, "verify", "home", out="3 right\n", err="")
+        os.mkdir(self.path("card"))
+        for name, content in list(self.takes.items()):
+            self.add(name, content)
+        self.expect(0, "copy", "--quiet", "card", "home", err="")
+        self.assertEqual(self.at_home(), self.takes)
+        self.expect(0, "verify", "home", out="7 right\n", err="")
 
     def test_takes_larger_than_a_file_may_be_fail_alone(self):
         def limit():

@@ -78,6 +78,26 @@ class SmallDiskTest(Case):
         for size in left.values():
             self.assertEqual(size, 748 + 600000)
 
+    def test_a_batch_goes_on_after_what_does_not_fit(self):
+        sizes = {"a": 100000, "b": 200000, "c": 40000, "d": 200000, "e": 20000}
+        for name, frames in sizes.items():
+            self.file(f"{name}.wav", recording([1000, 500] * frames))
+        for jobs in ("1", "3"):
+            status, errors, left = self.run_small(
+                "export", "--jobs", jobs, "--output-dir", "out",
+                *(f"{name}.wav" for name in sizes))
+            self.assertEqual(status, 1)
+            for name in ("b", "d"):  # 1.2 MB each never fit; the others do beside each other
+                self.assertIn(f"mixdeck-cli: out/{name}_Decode.WAV: Fail to save. {self.reason}\n",
+                              errors)
+            for name, size in left.items():
+                self.assertEqual(size, 748 + 6 * sizes[name[0]], "whole or not there")
+            if jobs == "1":
+                self.assertEqual(sorted(left), [f"{name}_Decode.WAV" for name in "ace"])
+            self.assertEqual(len(left) + errors.count("Fail to save"), len(sizes))
+            for name in os.listdir(self.path("out")):  # where no disk can be mounted
+                os.remove(self.path("out", name))
+
     def test_a_demo_that_does_not_fit(self):
         status, errors, left = self.run_small("demo", "--output-dir", "out")
         self.assertEqual(status, 1)

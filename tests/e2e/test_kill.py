@@ -14,9 +14,10 @@ import subprocess
 import time
 import unittest
 
-from mixdeck import CLI, Case, FIRST_SAMPLE, as_nobody, without_unnamed_files
+from mixdeck import CLI, Case, FIRST_SAMPLE, as_nobody, samples_of, without_unnamed_files
 
 KILLS = int(os.environ.get("MIXDECK_KILLS", "80"))  # of each of five kinds
+BATCH_KILLS = int(os.environ.get("MIXDECK_BATCH_KILLS", "10"))  # of each of two kinds
 STEPS = 40  # moments over the time of a run
 OLD = b"the old file" * 1000
 
@@ -129,6 +130,79 @@ class KillTest(Case):
     def test_an_existing_target_without_unnamed_files(self):
         self.kill_all_over(self.make_old, OLD, preexec_fn=without_unnamed_files)
         self.check_next_run(preexec_fn=without_unnamed_files)
+
+
+class BatchKillTest(Case):
+    """Six takes exported two at a time, killed at any moment; what is missing is exported then."""
+
+    def setUp(self):
+        super().setUp()
+        self.expect(0, "demo", "--output-dir", ".")
+        for name in ("R0002.WAV", "R0003.WAV"):
+            os.remove(self.path(name))
+        self.names_of_takes = [f"T{number}.WAV" for number in range(6)]
+        for name in self.names_of_takes:
+            os.link(self.path("R0001.WAV"), self.path(name))
+        os.mkdir(self.path("out"))
+        self.export("R0001.WAV")
+        self.wanted = samples_of(self.path("out", "R0001_Decode.WAV"))
+        self.assertEqual(len(self.wanted), 20 * 288000)
+
+    def words(self, *names):
+        return ["export", "--jobs", "2", "--output-dir", "out", *names]
+
+    def export(self, *names, **options):
+        self.expect(0, *self.words(*names), err="", **options)
+
+    def empty(self):
+        for name in os.listdir(self.path("out")):
+            os.remove(self.path("out", name))
+
+    def whole(self, parts):
+        """The takes whose export is there, whole; beside them so many hidden parts at most."""
+        found = set(os.listdir(self.path("out")))
+        hidden = {name for name in found if name.startswith(".")}
+        self.assertLessEqual(len(hidden), parts)
+        for name in hidden:
+            self.assertRegex(name, r"^\.mixdeck-[0-9a-f]{16}\.part$")
+        for name in found - hidden:
+            self.assertEqual(samples_of(self.path("out", name)), self.wanted, name)
+        return {name.replace("_Decode", "") for name in found - hidden}
+
+    def kill_all_over(self, parts, **options):
+        self.empty()
+        began = time.perf_counter()
+        self.export(*self.names_of_takes, **options)
+        span = time.perf_counter() - began
+        killed, some = 0, 0
+        for attempt in range(4 * BATCH_KILLS):
+            if killed == BATCH_KILLS:
+                break
+            self.empty()
+            with subprocess.Popen([CLI, *self.words(*self.names_of_takes)], cwd=self.folder,
+                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                  **options) as process:
+                time.sleep(span * (attempt % BATCH_KILLS) / BATCH_KILLS)
+                process.kill()
+                process.communicate(timeout=60)
+            if process.returncode == 0:  # it was quicker
+                span *= 0.9
+                continue
+            killed += 1
+            there = self.whole(parts)
+            some += 0 < len(there) < len(self.names_of_takes)
+            missing = [name for name in self.names_of_takes if name not in there]
+            if missing:
+                self.export(*missing, **options)
+            self.assertEqual(self.whole(0 if missing else parts), set(self.names_of_takes))
+        self.assertEqual(killed, BATCH_KILLS)
+        print(f"{killed} kills in a batch: {some} times some of it was there")
+
+    def test_new_targets(self):
+        self.kill_all_over(0)
+
+    def test_new_targets_without_unnamed_files(self):
+        self.kill_all_over(2, preexec_fn=without_unnamed_files)
 
 
 if __name__ == "__main__":

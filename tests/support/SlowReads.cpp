@@ -38,6 +38,7 @@ struct Medium {
   std::atomic<std::uint64_t> rate{0};
   std::atomic<bool> isActive{false};
   std::atomic<bool> isGone{false};
+  std::atomic<bool> goesWithFolder{false};
   std::atomic<int> brokenListings{0};
   std::atomic<bool> isPastCacheRefused{false};
   std::atomic<int> refusals{0};
@@ -54,6 +55,7 @@ const bool kIsPreloaded = [] {
   const char* const rate = std::getenv("MIXDECK_SLOW_RATE");
   if (folder != nullptr && rate != nullptr)
     SlowReads::limit(folder, std::strtoull(rate, nullptr, 10));
+  medium().goesWithFolder = std::getenv("MIXDECK_SLOW_GOES_WITH_FOLDER") != nullptr;
   return folder != nullptr;
 }();
 
@@ -126,6 +128,13 @@ bool isRefused(int file) {
   return true;
 }
 
+bool isPulledOut() {
+  Medium& all = medium();
+  if (all.isGone || !all.goesWithFolder) return all.isGone;
+  const std::lock_guard lock(all.mutex);
+  return access(all.folder.c_str(), F_OK) != 0;
+}
+
 // Piece by piece, so that readers take turns as at a real medium.
 template <class Real>
 ssize_t slowly(int file, std::byte* to, std::size_t count, Real real) {
@@ -136,7 +145,7 @@ ssize_t slowly(int file, std::byte* to, std::size_t count, Real real) {
     return -1;
   }
   while (done < count) {
-    if (medium().isGone) {
+    if (isPulledOut()) {
       errno = EIO;
       return -1;
     }

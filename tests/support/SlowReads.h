@@ -8,7 +8,8 @@
 /// Makes the reads of files under one folder, and of folders from it on, as slow as a medium, or
 /// fail as those of one that was pulled out. A shared library that stands before the C library;
 /// linked, or preloaded with MIXDECK_SLOW_FOLDER and MIXDECK_SLOW_RATE (bytes per second) in the
-/// environment. Any thread.
+/// environment; with MIXDECK_SLOW_GOES_WITH_FOLDER it is pulled out once the folder is removed. Any
+/// thread.
 class SlowReads {
  public:
   /// All readers share the rate, piece by piece; nothing is cached. 0 is full speed.
