@@ -106,7 +106,11 @@ class Rf64Test(Case):
         self.assertNotRegex(said, re.compile("error|should be", re.IGNORECASE))
 
     def test_sox(self):
-        said = self.output_of("soxi", self.target)
+        # It goes through all of the samples that are there before it tells what the header says.
+        start = self.path("start.WAV")
+        with open(self.target, "rb") as file, open(start, "wb") as beginning:
+            beginning.write(file.read(1 << 20))
+        said = self.output_of("soxi", start)
         self.assertRegex(said, rf"Duration.* = {FRAMES} samples ")
         self.assertRegex(said, r"Sample Encoding: 32-bit Floating Point PCM\n")
 

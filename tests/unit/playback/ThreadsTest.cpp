@@ -27,7 +27,7 @@ class Application : public testing::Test {
 };
 
 TEST(SpscRing, CarriesEverythingInOrderFromThreadToThread) {
-  constexpr int kValues = 200000;
+  constexpr int kValues = 20000;
   SpscRing<int, 3> ring;
   std::thread producer([&] {
     for (int i = 0; i < kValues;) {
