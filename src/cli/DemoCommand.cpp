@@ -104,7 +104,12 @@ CLI::App* DemoCommand::declare(CLI::App& program) {
   command->add_option("--output-dir", _folder, "The folder, made where it is missing")
       ->type_name("FOLDER")
       ->capture_default_str();
+  command->add_flag("--quiet", _isQuiet, "Tell only what goes wrong");
   return command;
+}
+
+void DemoCommand::tell(const std::string& text) const {
+  if (!_isQuiet) Streams::out(text);
 }
 
 int DemoCommand::run() {
@@ -114,12 +119,12 @@ int DemoCommand::run() {
   for (const Recording& recording : kRecordings) {
     const fs::path path = _folder / recording.name;
     if (fs::exists(path, error)) {
-      Streams::out(printable(path.native()) + " is there already\n");
+      tell(printable(path.native()) + " is there already\n");
       continue;
     }
     const std::string whyNot = Interrupt::requested() ? "cancelled" : write(recording, path);
     if (whyNot.empty()) {
-      Streams::out(fmt::format("{}: {}\n", printable(path.native()), recording.description));
+      tell(fmt::format("{}: {}\n", printable(path.native()), recording.description));
     } else {
       Streams::err(problemLine(path, kFailToSave, whyNot) + "\n");
       status = kFailed;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 #include "cli/Command.h"
 
@@ -14,5 +15,8 @@ class DemoCommand : public Command {
   int run() override;
 
  private:
+  void tell(const std::string& text) const;
+
   std::filesystem::path _folder = "mixdeck-demo";
+  bool _isQuiet = false;
 };

@@ -57,6 +57,7 @@ CLI::App* MeasureCommand::declare(CLI::App& program) {
           "--plot", _plot,
           "A picture to write, FILE.svg or FILE.png: the waveform, and figures over all widths")
       ->type_name("FILE");
+  command->add_flag("--quiet", _isQuiet, "Show no progress");
   _list.add(*command, _files, "Recordings");
   command->callback([this] {
     _list.complete(_files);
@@ -91,6 +92,7 @@ int MeasureCommand::run() {
 
 MeasureCommand::Texts MeasureCommand::measureAll() const {
   ProgressLine line(_files.size());
+  if (_isQuiet) line.hide();
   Texts texts(_files.size());
   const std::string note = WidthOption::note(_angle);
   if (!note.empty()) line.message(note);

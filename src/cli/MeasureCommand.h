@@ -52,4 +52,5 @@ class MeasureCommand : public Command {
   StretchOption _stretch;
   bool _asJson = false;
   bool _asCsv = false;
+  bool _isQuiet = false;
 };

@@ -23,6 +23,7 @@ CLI::App* RepairCommand::declare(CLI::App& program) {
       "repair", "Salvage takes whose recording broke off, into new files beside them");
   command->add_flag("--force", _force, "Replace files that exist");
   command->add_flag("--dry-run", _isDryRun, "Tell what would be done, write nothing");
+  command->add_flag("--quiet", _isQuiet, "Tell only what goes wrong");
   _list.add(*command, _files, "Recordings");
   command->callback([this] { _list.complete(_files); });
   return command;
@@ -30,6 +31,7 @@ CLI::App* RepairCommand::declare(CLI::App& program) {
 
 int RepairCommand::run() {
   ProgressLine line(_files.size());
+  if (_isQuiet) line.hide();
   bool isAllDone = true;
   for (std::size_t i = 0; i < _files.size() && !Interrupt::requested(); ++i) {
     try {
@@ -62,13 +64,13 @@ bool RepairCommand::repair(std::size_t index, ProgressLine& line) const {
   }
   TakeRepair repair(image, diagnosis);
   if (!salvage(index, repair, line)) return false;
-  line.print(reportOf(take, diagnosis));
+  if (!_isQuiet) line.print(reportOf(take, diagnosis));
   return true;
 }
 
 bool RepairCommand::isBroken(const fs::path& take, const TakeDiagnosis& diagnosis,
-                             ProgressLine& line) {
-  if (diagnosis.state == TakeDiagnosis::State::Sound) {
+                             ProgressLine& line) const {
+  if (diagnosis.state == TakeDiagnosis::State::Sound && !_isQuiet) {
     line.print(printable(take.native()) + ": sound, left alone\n");
   }
   if (diagnosis.state == TakeDiagnosis::State::Hopeless) {

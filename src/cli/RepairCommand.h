@@ -22,8 +22,8 @@ class RepairCommand : public Command {
  private:
   [[nodiscard]] bool repair(std::size_t index, ProgressLine& line) const;
   /// Tells of one that is not.
-  [[nodiscard]] static bool isBroken(const std::filesystem::path& take,
-                                     const TakeDiagnosis& diagnosis, ProgressLine& line);
+  [[nodiscard]] bool isBroken(const std::filesystem::path& take, const TakeDiagnosis& diagnosis,
+                              ProgressLine& line) const;
   [[nodiscard]] bool salvage(std::size_t index, TakeRepair& repair, ProgressLine& line) const;
   [[nodiscard]] std::string reportOf(const std::filesystem::path& take,
                                      const TakeDiagnosis& diagnosis) const;
@@ -32,4 +32,5 @@ class RepairCommand : public Command {
   std::vector<std::filesystem::path> _files;
   bool _force = false;
   bool _isDryRun = false;
+  bool _isQuiet = false;
 };

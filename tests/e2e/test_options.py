@@ -46,6 +46,13 @@ class UsageTest(Case):
         self.assertNotIn("Did you mean", self.usage_error("frobnicate", "a.wav"))
         self.assertNotIn("Did you mean", self.usage_error("a.wav"))
 
+    def test_every_command_that_chats_can_be_quiet(self):
+        for word in ("export", "measure", "copy", "verify", "repair", "demo"):
+            self.assertIn("--quiet", self.expect(0, word, "--help").stdout, word)
+        self.expect(0, "demo", "--quiet", "--output-dir", "takes", out="", err="")
+        self.expect(0, "demo", "--quiet", "--output-dir", "takes", out="", err="")
+        self.assertEqual(len(os.listdir(self.path("takes"))), 3)
+
     def test_help_names_every_option(self):
         text = self.expect(0, "export", "--help").stdout
         for option in ("--angle", "--gain", "--normalize", "--format", "--output", "--output-dir",

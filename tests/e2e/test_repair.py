@@ -88,6 +88,13 @@ class RepairTest(Case):
         self.expect(0, "repair", "--force", "R0001.WAV", err="")
         self.assertEqual(self.read("R0001_Repaired.WAV"), whole())
 
+    def test_a_quiet_one_tells_only_what_goes_wrong(self):
+        self.file("R0001.WAV", broken())
+        self.file("R0002.WAV", recording())
+        self.expect(0, "repair", "--quiet", "R0001.WAV", "R0002.WAV", out="", err="")
+        self.assertEqual(self.read("R0001_Repaired.WAV"), whole())
+        self.assertIn("--force", self.expect(1, "repair", "--quiet", "R0001.WAV", out="").stderr)
+
     def test_a_dry_run_writes_nothing(self):
         self.file("R0001.WAV", broken())
         result = self.expect(0, "repair", "--dry-run", "R0001.WAV", err="")

@@ -347,6 +347,10 @@ class ProgressTest(Case):
         self.big_recording("long.wav", 60)
         self.assertEqual(self.run_on_terminal("--quiet", "long.wav"), (0, ""))
 
+    def test_a_quiet_measurement_shows_no_progress(self):
+        self.big_recording("long.wav", 60)
+        self.assertEqual(self.run_on_terminal("--quiet", "long.wav", word="measure"), (0, ""))
+
     def test_messages_stand_in_lines_of_their_own(self):
         self.file("bad.wav", b"no sound")
         self.big_recording("long.wav", 600)
