@@ -29,13 +29,6 @@ class Drop : public WindowFixture {
     EXPECT_EQ(event.dropAction(), Qt::CopyAction) << "the files stay where they are";
   }
   void drop(const std::vector<std::filesystem::path>& files) { drop(FileAddress::listOf(files)); }
-  [[nodiscard]] std::vector<std::string> allSelected() const {
-    std::vector<std::string> names;
-    for (const int row : view().browser->tableFile->selectedRows()) {
-      names.push_back(rows()[static_cast<std::size_t>(row)]);
-    }
-    return names;
-  }
 
   bool isTaken = false;
 };

@@ -6,7 +6,6 @@
 #include <QMessageBox>
 #include <QSignalSpy>
 #include <QTest>
-#include <fstream>
 
 #include "WindowFixture.h"
 
@@ -19,17 +18,6 @@ class Repair : public WindowFixture {
     auto* const found = controller().findChild<RepairOffer*>();
     EXPECT_NE(found, nullptr);
     return *found;
-  }
-  /// The sizes of the file and of its sound are still those of the beginning.
-  std::filesystem::path brokenTake(const std::string& name) const {
-    const auto path = take(name);
-    auto bytes = TemporaryFolder::read(path);
-    const std::string_view mark = "data";
-    const auto found = std::search(bytes.begin(), bytes.end(), mark.begin(), mark.end(),
-                                   [](std::byte a, char b) { return a == std::byte(b); });
-    std::fill_n(found + 4, 4, std::byte{0});
-    std::fill_n(bytes.begin() + 4, 4, std::byte{0});
-    return takes.file(name, bytes);
   }
   void openAndLook(const std::string& name) {
     const QSignalSpy looked(&offer(), &RepairOffer::looked);

@@ -42,12 +42,6 @@ class Selecting : public WindowFixture {
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
     QTest::keyClick(&list(), key, modifiers);
   }
-  [[nodiscard]] std::vector<std::string> allSelected() const {
-    std::vector<std::string> names;
-    for (const int row : list().selectedRows())
-      names.push_back(rows()[static_cast<std::size_t>(row)]);
-    return names;
-  }
   void waitForBar(const QString& text) {
     waitFor([&] { return bar().isVisible() && view().browser->lblSelection->text() == text; },
             text.toUtf8().constData());

@@ -6,6 +6,9 @@
 #include <QMessageBox>
 #include <QSignalSpy>
 #include <QTest>
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
 #include <thread>
 
 #include "base/Utility.h"
@@ -39,10 +42,10 @@ WindowFixture::~WindowFixture() {
   SystemBackends::choose();
 }
 
-void WindowFixture::start(const std::filesystem::path& path) {
+void WindowFixture::startWith(const std::vector<std::filesystem::path>& files) {
   window = std::make_unique<WindowController>();
   view().resize(WindowController::kSize);  // the screen of these tests is smaller
-  controller().setStart(path);
+  controller().open(files);
   window->show();
   waitFor([this] { return controller().folderHelper() != nullptr; }, "the first listing");
 }
@@ -71,6 +74,16 @@ std::filesystem::path WindowFixture::take(const std::string& name, std::uint32_t
   std::vector<std::int32_t> samples(2 * std::size_t{frames}, kHalf);
   for (std::size_t i = 1; i < samples.size(); i += 2) samples[i] = kHalf / 2;
   return takes.file(name, wave.format24().data(WaveBytes::samples24(samples)).get());
+}
+
+std::filesystem::path WindowFixture::brokenTake(const std::string& name) const {
+  auto bytes = TemporaryFolder::read(take(name));
+  const std::string_view mark = "data";
+  const auto found = std::search(bytes.begin(), bytes.end(), mark.begin(), mark.end(),
+                                 [](std::byte a, char b) { return a == std::byte(b); });
+  std::fill_n(found + 4, 4, std::byte{0});
+  std::fill_n(bytes.begin() + 4, 4, std::byte{0});
+  return takes.file(name, bytes);
 }
 
 std::filesystem::path WindowFixture::file(const std::string& name) const {
@@ -113,6 +126,14 @@ int WindowFixture::rowOf(const std::string& name) const {
 std::string WindowFixture::selected() const {
   const int row = view().browser->tableFile->selectedRow();
   return row < 0 ? "" : rows()[static_cast<std::size_t>(row)];
+}
+
+std::vector<std::string> WindowFixture::allSelected() const {
+  std::vector<std::string> names;
+  for (const int row : view().browser->tableFile->selectedRows()) {
+    names.push_back(rows()[static_cast<std::size_t>(row)]);
+  }
+  return names;
 }
 
 void WindowFixture::clickRow(const std::string& name) {

@@ -31,7 +31,9 @@ class WindowFixture : public testing::Test, protected Screen {
   ~WindowFixture() override;
 
   /// Makes the window, shows it, and waits for the first listing.
-  void start(const std::filesystem::path& path = {});
+  void start(const std::filesystem::path& path = {}) { startWith({path}); }
+  /// As `start`, with several files on the command line.
+  void startWith(const std::vector<std::filesystem::path>& files);
   /// As `start` on the folder of the takes, without the introduction.
   void startOnTakes();
   /// Ends the window, as a new start of the program would.
@@ -41,6 +43,8 @@ class WindowFixture : public testing::Test, protected Screen {
   /// not. Mid is 0.5 and Side 0.25 throughout.
   std::filesystem::path take(const std::string& name, std::uint32_t frames = 480'000,
                              bool isRaw = true, bool isFloat = false) const;
+  /// The same, broken off: the sizes of the file and of its sound are those of the beginning.
+  std::filesystem::path brokenTake(const std::string& name) const;
   std::filesystem::path file(const std::string& name) const;
   std::filesystem::path folder(const std::string& name) const;
 
@@ -53,6 +57,8 @@ class WindowFixture : public testing::Test, protected Screen {
   [[nodiscard]] std::vector<std::string> rows() const;
   [[nodiscard]] int rowOf(const std::string& name) const;
   [[nodiscard]] std::string selected() const;
+  /// Of several the names from the top.
+  [[nodiscard]] std::vector<std::string> allSelected() const;
   /// Real clicks on the row with this name.
   void clickRow(const std::string& name);
   void doubleClickRow(const std::string& name);
