@@ -100,9 +100,9 @@ void BrowserPane::selectRemembered() {
   _view.tableFile->selectRows(rows, current < 0 ? rows.front() : current);
 }
 
-void BrowserPane::selectAndSee(const std::vector<int>& rows) {
-  _view.tableFile->selectRows(rows, rows.front());
-  _view.tableFile->scrollTo(_browser.model().index(rows.front()));
+void BrowserPane::selectAndSee(const std::vector<int>& rows, int current) {
+  _view.tableFile->selectRows(rows, current);
+  _view.tableFile->scrollTo(_browser.model().index(current));
 }
 
 void BrowserPane::autoResizeColumn() {

@@ -38,7 +38,7 @@ class BrowserPane : public QObject {
   void rememberPlace();
   void restorePlace(bool isSameFolder);
   void selectRemembered();
-  void selectAndSee(const std::vector<int>& rows);
+  void selectAndSee(const std::vector<int>& rows, int current);
   [[nodiscard]] std::filesystem::path startOfPanel() const;
 
   BrowserView& _view;

@@ -52,16 +52,19 @@ FolderBrowser::FolderBrowser(QObject* parent, FolderLister::Look look)
   connect(&_timerForgetRows, &QTimer::timeout, this, &FolderBrowser::forgetRows);
 }
 
-void FolderBrowser::begin(const std::filesystem::path& start) {
+void FolderBrowser::begin(const std::filesystem::path& start,
+                          const std::vector<std::filesystem::path>& others) {
   if (start.empty()) {
     const auto last = Utility::getStringValue(Utility::kLastOpenFolder);
     return openFolder(last ? std::filesystem::path(*last) : desktopFolder());
   }
   const std::filesystem::path path = tidy(start);
-  lookAt(path, [this, path](Kind kind) {
+  std::vector<std::filesystem::path> files = {path};
+  files.insert(files.end(), others.begin(), others.end());
+  lookAt(path, [this, path, files](Kind kind) {
     if (kind == Kind::Folder) return openFolder(path);
     openFolder(path.parent_path());
-    wishFor(path);
+    wishFor(files);
     emit takeChosen({false, lastComponent(path), FolderHelper::kFileIcon, path});
   });
 }
@@ -138,7 +141,8 @@ void FolderBrowser::choose(int row) {
 
 void FolderBrowser::wishFor(const std::vector<std::filesystem::path>& files) {
   if (files.empty()) return;
-  _wish = Wish{tidy(files.front()).parent_path(), {}};
+  const std::filesystem::path first = tidy(files.front());
+  _wish = Wish{first.parent_path(), {}, lastComponent(first)};
   for (const std::filesystem::path& file : files) {
     const std::filesystem::path path = tidy(file);
     if (path.parent_path() == _wish->folder) _wish->names.insert(lastComponent(path));
@@ -205,6 +209,15 @@ std::vector<int> FolderBrowser::wishedRows() const {
   return rows;
 }
 
+// The first one may be none that is listed.
+int FolderBrowser::currentOf(const Wish& wish, const std::vector<int>& rows) const {
+  const auto isFirst = [&](int row) {
+    return _model.files()[static_cast<std::size_t>(row)].fileName == wish.first;
+  };
+  const auto found = std::ranges::find_if(rows, isFirst);
+  return found == rows.end() ? rows.front() : *found;
+}
+
 // A file that was written while the folder was listed is in the listing that follows.
 void FolderBrowser::lookForWish() {
   if (!_wish) return;
@@ -212,6 +225,7 @@ void FolderBrowser::lookForWish() {
   const std::vector<int> rows = isItsFolder ? wishedRows() : std::vector<int>();
   const bool isGranted = !rows.empty() && rows.size() >= _wish->names.size();
   const bool isOver = isGranted || !isItsFolder || !_lister.isListing();
-  if (isOver) _wish.reset();
-  if (isOver && !rows.empty()) emit wishGranted(rows);
+  if (!isOver) return;
+  const Wish wish = *std::exchange(_wish, std::nullopt);
+  if (!rows.empty()) emit wishGranted(rows, currentOf(wish, rows));
 }

@@ -31,9 +31,11 @@ class FolderBrowser : public QObject {
   explicit FolderBrowser(QObject* parent = nullptr,
                          FolderLister::Look look = FolderLister::answerTo);
 
-  /// Opens a folder to begin with, or chooses a recording in its folder. Without a path it is the
-  /// folder of the last time, or the Desktop.
-  void begin(const std::filesystem::path& start);
+  /// Opens a folder to begin with, or chooses a recording in its folder, where it is selected
+  /// together with those of `others` that are there too. Without a path it is the folder of the
+  /// last time, or the Desktop.
+  void begin(const std::filesystem::path& start,
+             const std::vector<std::filesystem::path>& others = {});
   void openFolder(const std::filesystem::path& folder);
   /// Lists again, in the background.
   void refresh();
@@ -47,7 +49,8 @@ class FolderBrowser : public QObject {
   /// Wishes for this file to be selected as soon as its folder shows it. Another folder ends the
   /// wish.
   void wishFor(const std::filesystem::path& file) { wishFor(std::vector{file}); }
-  /// The same for several files of one folder.
+  /// The same for several files, as far as they are in the folder of the first, which becomes the
+  /// current one.
   void wishFor(const std::vector<std::filesystem::path>& files);
 
   [[nodiscard]] const std::filesystem::path& requestedFolder() const { return _requested; }
@@ -71,8 +74,8 @@ class FolderBrowser : public QObject {
   void rowsChanged(bool isSameFolder);
   /// There are other entries than before.
   void newRows();
-  /// The wish for files has come true; the rows are in order.
-  void wishGranted(const std::vector<int>& rows);
+  /// The wish for files has come true; the rows are in order, and `current` is one of them.
+  void wishGranted(const std::vector<int>& rows, int current);
   /// The rows are what the folder held a moment ago.
   void listed();
   void takeChosen(const WavItem& take);
@@ -89,6 +92,7 @@ class FolderBrowser : public QObject {
   struct Wish {
     std::filesystem::path folder;
     std::set<QString> names;
+    QString first;
   };
 
   void lookAt(const std::filesystem::path& path, const Then& then);
@@ -99,6 +103,7 @@ class FolderBrowser : public QObject {
   void rearrange();
   void lookForWish();
   [[nodiscard]] std::vector<int> wishedRows() const;
+  [[nodiscard]] int currentOf(const Wish& wish, const std::vector<int>& rows) const;
 
   std::filesystem::path _requested;
   bool _isAwaited = false;    ///< no listing of the requested folder has come

@@ -41,7 +41,8 @@ ProgramOptions ProgramOptions::parse(int argc, const char* const* argv) {
   program.set_version_flag("--version", std::string("mixdeck ") + kFullVersion);
   program
       .add_option("FOLDER|FILE", starts,
-                  "Folder to show, or recording to show and play; of several the first")
+                  "Folder to show, or recording to show and play; of several the first, with "
+                  "those others selected that are in its folder")
       ->type_name("")
       ->transform(CLI::Validator(problemOf, ""));
   program.add_flag("--simulate-recorder", options.simulatesRecorder,

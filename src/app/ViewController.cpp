@@ -81,13 +81,18 @@ void ViewController::initMIDI() {
 
 void ViewController::open(const std::vector<std::filesystem::path>& files) {
   if (files.empty()) return;
-  if (!_hasAppeared) return setStart(files.front());
-  _panes.browser.begin(files.front());
+  if (_hasAppeared) return begin(files);
+  _starts = files;
+}
+
+void ViewController::begin(const std::vector<std::filesystem::path>& files) {
+  if (files.empty()) return _panes.browser.begin({});
+  _panes.browser.begin(files.front(), {files.begin() + 1, files.end()});
 }
 
 void ViewController::viewDidAppear() {
   _hasAppeared = true;
-  _panes.browser.begin(std::exchange(_start, {}));
+  begin(std::exchange(_starts, {}));
   _panes.commands.introduce();
 }
 

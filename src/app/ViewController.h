@@ -32,8 +32,9 @@ class ViewController : public QObject, public MIDIManagerDelegate {
   /// is due.
   void viewDidAppear();
   /// A folder to begin with, or a recording to begin with in its folder.
-  void setStart(std::filesystem::path path) { _start = std::move(path); }
-  /// Opens the first of these, a folder or a recording. Others in its folder stand in the list.
+  void setStart(const std::filesystem::path& path) { _starts = {path}; }
+  /// Opens the first of these, a folder or a recording, and selects with a recording those others
+  /// that are in its folder.
   void open(const std::vector<std::filesystem::path>& files);
   bool mayEnd() { return _panes.commands.mayEnd(); }
   void notify(const Notification& event);
@@ -117,10 +118,11 @@ class ViewController : public QObject, public MIDIManagerDelegate {
   void initMIDI();
   void openChosen(const WavItem& item);
   void markLoaded();
+  void begin(const std::vector<std::filesystem::path>& files);
 
   MainView& _view;
   WindowPanes _panes;
-  std::filesystem::path _start;
+  std::vector<std::filesystem::path> _starts;
   bool _hasAppeared = false;
   std::optional<WavItem> _waiting;  ///< chosen behind the introduction
 };

@@ -279,6 +279,19 @@ TEST_F(Browsing, CommandLineRecordingIsSelectedAndPlays) {
   EXPECT_EQ(state(), PLAY_STATE_PLAY);
 }
 
+TEST_F(Browsing, OfRecordingsOnTheCommandLineTheFirstPlaysAndThoseBesideItAreSelected) {
+  Utility::store(Utility::kDoNotShowAgain, std::string(kVersion) + "." + kBuildNumber);
+  const auto elsewhere = folder("Bells") / "R0002.WAV";
+  std::filesystem::copy(take("R0002.WAV"), elsewhere);
+  const auto first = take("R0003.WAV");
+  startWith({first, take("R0001.WAV"), elsewhere});
+  waitFor([this] { return controller().take().isOpen(); }, "the take");
+  EXPECT_EQ(controller().take().name(), "R0003.WAV");
+  waitFor([this] { return !allSelected().empty(); }, "the rows");
+  EXPECT_THAT(allSelected(), ElementsAre("R0001.WAV", "R0003.WAV"));
+  EXPECT_EQ(selected(), "R0003.WAV") << "the current one";
+}
+
 TEST_F(Browsing, CommandLineRecordingWaitsForTheIntroduction) {
   start(take("R0001.WAV"));
   auto* const introduction = shown<IntroductionVC>();

@@ -103,6 +103,19 @@ TEST_F(Browser, BeginsWithARecordingThatItChoosesAndShows) {
   EXPECT_EQ(granted.first().first().value<std::vector<int>>(), std::vector{1});
 }
 
+TEST_F(Browser, BeginsWithARecordingAmongOthers) {
+  const auto a = takes.file("a.wav", {});
+  takes.file("b.wav", {});
+  const auto c = takes.file("c.wav", {});
+  browser.begin(c, {a, inner("Bells") / "b.wav", takes.path() / "gone.wav"});
+  settle();
+  ASSERT_EQ(chosen.count(), 1);
+  EXPECT_EQ(chosen.first().first().value<WavItem>().fullPath, c);
+  while (granted.empty()) waitForListing();
+  EXPECT_EQ(granted.first().first().value<std::vector<int>>(), (std::vector{1, 3}));
+  EXPECT_EQ(granted.first().last().toInt(), 3) << "the one that is chosen is current";
+}
+
 TEST_F(Browser, ShowsTheDesktopWhileTheFolderIsGone) {
   takes.file("a.wav", {});
   std::filesystem::create_directory(own.home.path() / "Desktop");

@@ -76,6 +76,19 @@ TEST_F(Presence, FilesThatOthersHandOverAreOpened) {
   EXPECT_EQ(controller().urlOfFileList(), inner);
 }
 
+TEST_F(Presence, OfSeveralFilesThoseBesideTheFirstAreSelectedWithIt) {
+  const auto inner = folder("a folder");
+  for (const char* const name : {"R0001.WAV", "R0002.WAV", "R0003.WAV"}) {
+    std::filesystem::copy(take(name), inner / name);
+  }
+  appear();
+  waitForTake([&] { ask({inner / "R0003.WAV", inner / "R0001.WAV", takes.path() / "R0002.WAV"}); });
+  EXPECT_EQ(controller().take().file(), inner / "R0003.WAV");
+  waitFor([this] { return allSelected().size() == 2; }, "the rows");
+  EXPECT_THAT(allSelected(), testing::ElementsAre("R0001.WAV", "R0003.WAV"));
+  EXPECT_EQ(selected(), "R0003.WAV");
+}
+
 TEST_F(Presence, FolderThatOthersHandOverIsShown) {
   const auto inner = folder("a folder");
   appear();
