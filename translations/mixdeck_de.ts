@@ -242,8 +242,8 @@ MIT-Lizenz</translation>
         <translation>Die Takes lassen sich nicht ansehen: es ist kein Thread zu bekommen.</translation>
     </message>
     <message>
-        <source>A loudness is a number from -70 to 0.</source>
-        <translation>Eine Lautheit ist eine Zahl von -70 bis 0.</translation>
+        <source>A loudness is a number from −70 to 0.</source>
+        <translation>Eine Lautheit ist eine Zahl von −70 bis 0.</translation>
     </message>
     <message>
         <source>There is too little room: the last of them will not be written</source>
@@ -549,8 +549,8 @@ MIT-Lizenz</translation>
         <translation>24 Bit linear</translation>
     </message>
     <message>
-        <source>A loudness is a number from -70 to 0.</source>
-        <translation>Eine Lautheit ist eine Zahl von -70 bis 0.</translation>
+        <source>A loudness is a number from −70 to 0.</source>
+        <translation>Eine Lautheit ist eine Zahl von −70 bis 0.</translation>
     </message>
     <message>
         <source>Silence, and what is shorter than 0.4 s, has no loudness.</source>
@@ -1337,6 +1337,14 @@ MIT-Lizenz</translation>
         <source>Cut short: the data chunk states %1 bytes, the file holds %2</source>
         <translation>Abgeschnitten: der Daten-Chunk nennt %1 Byte, die Datei hat %2</translation>
     </message>
+    <message>
+        <source>%1 channels of %2-bit samples with format tag %3 do not decode to useful sound; the recorder writes 2 channels, 24-bit integer or 32-bit float (tag 3)</source>
+        <translation>%1 Kanäle mit %2-Bit-Samples im Format %3 ergeben keinen brauchbaren Ton; der Rekorder schreibt 2 Kanäle, 24 Bit ganzzahlig oder 32 Bit Float (Format 3)</translation>
+    </message>
+    <message>
+        <source>The take cannot be read: %1</source>
+        <translation>Der Take ist nicht lesbar: %1</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1705,6 +1713,22 @@ MIT-Lizenz</translation>
     <message>
         <source>, and %1 more of it</source>
         <translation>, und %1 mehr davon</translation>
+    </message>
+    <message>
+        <source>integer PCM</source>
+        <translation>PCM ganzzahlig</translation>
+    </message>
+    <message>
+        <source>IEEE float</source>
+        <translation>IEEE-Float</translation>
+    </message>
+    <message>
+        <source>extensible</source>
+        <translation>erweitert</translation>
+    </message>
+    <message>
+        <source>other</source>
+        <translation>anderes</translation>
     </message>
 </context>
 <context>

@@ -242,8 +242,8 @@ Licencia MIT</translation>
         <translation>No se pueden examinar las tomas: no se puede obtener ningún hilo.</translation>
     </message>
     <message>
-        <source>A loudness is a number from -70 to 0.</source>
-        <translation>Una sonoridad es un número de -70 a 0.</translation>
+        <source>A loudness is a number from −70 to 0.</source>
+        <translation>Una sonoridad es un número de −70 a 0.</translation>
     </message>
     <message>
         <source>There is too little room: the last of them will not be written</source>
@@ -549,8 +549,8 @@ Licencia MIT</translation>
         <translation>24 bits lineales</translation>
     </message>
     <message>
-        <source>A loudness is a number from -70 to 0.</source>
-        <translation>Una sonoridad es un número de -70 a 0.</translation>
+        <source>A loudness is a number from −70 to 0.</source>
+        <translation>Una sonoridad es un número de −70 a 0.</translation>
     </message>
     <message>
         <source>Silence, and what is shorter than 0.4 s, has no loudness.</source>
@@ -1337,6 +1337,14 @@ Licencia MIT</translation>
         <source>Cut short: the data chunk states %1 bytes, the file holds %2</source>
         <translation>Cortado: el chunk de datos indica %1 bytes, el archivo tiene %2</translation>
     </message>
+    <message>
+        <source>%1 channels of %2-bit samples with format tag %3 do not decode to useful sound; the recorder writes 2 channels, 24-bit integer or 32-bit float (tag 3)</source>
+        <translation>%1 canales de muestras de %2 bits en formato %3 no dan un sonido útil; la grabadora escribe 2 canales, de 24 bits enteros o 32 bits flotantes (formato 3)</translation>
+    </message>
+    <message>
+        <source>The take cannot be read: %1</source>
+        <translation>No se puede leer la toma: %1</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1705,6 +1713,22 @@ Licencia MIT</translation>
     <message>
         <source>, and %1 more of it</source>
         <translation>, y %1 más</translation>
+    </message>
+    <message>
+        <source>integer PCM</source>
+        <translation>PCM entero</translation>
+    </message>
+    <message>
+        <source>IEEE float</source>
+        <translation>flotante IEEE</translation>
+    </message>
+    <message>
+        <source>extensible</source>
+        <translation>extendido</translation>
+    </message>
+    <message>
+        <source>other</source>
+        <translation>otro</translation>
     </message>
 </context>
 <context>

@@ -242,8 +242,8 @@ Licence MIT</translation>
         <translation>Les prises ne peuvent pas être examinées&#xa0;: aucun fil d’exécution n’est disponible.</translation>
     </message>
     <message>
-        <source>A loudness is a number from -70 to 0.</source>
-        <translation>Une sonie est un nombre de -70 à 0.</translation>
+        <source>A loudness is a number from −70 to 0.</source>
+        <translation>Une sonie est un nombre de −70 à 0.</translation>
     </message>
     <message>
         <source>There is too little room: the last of them will not be written</source>
@@ -549,8 +549,8 @@ Licence MIT</translation>
         <translation>24 bits linéaires</translation>
     </message>
     <message>
-        <source>A loudness is a number from -70 to 0.</source>
-        <translation>Une sonie est un nombre de -70 à 0.</translation>
+        <source>A loudness is a number from −70 to 0.</source>
+        <translation>Une sonie est un nombre de −70 à 0.</translation>
     </message>
     <message>
         <source>Silence, and what is shorter than 0.4 s, has no loudness.</source>
@@ -1337,6 +1337,14 @@ Licence MIT</translation>
         <source>Cut short: the data chunk states %1 bytes, the file holds %2</source>
         <translation>Tronqué&#xa0;: le chunk de données annonce %1 octets, le fichier en contient %2</translation>
     </message>
+    <message>
+        <source>%1 channels of %2-bit samples with format tag %3 do not decode to useful sound; the recorder writes 2 channels, 24-bit integer or 32-bit float (tag 3)</source>
+        <translation>%1 canaux d’échantillons de %2 bits au format %3 ne donnent pas de son utilisable&#xa0;; l’enregistreur écrit 2 canaux, en 24 bits entiers ou en 32 bits flottants (format 3)</translation>
+    </message>
+    <message>
+        <source>The take cannot be read: %1</source>
+        <translation>La prise ne peut pas être lue&#xa0;: %1</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1705,6 +1713,22 @@ Licence MIT</translation>
     <message>
         <source>, and %1 more of it</source>
         <translation>, et %1 de plus</translation>
+    </message>
+    <message>
+        <source>integer PCM</source>
+        <translation>PCM entier</translation>
+    </message>
+    <message>
+        <source>IEEE float</source>
+        <translation>flottant IEEE</translation>
+    </message>
+    <message>
+        <source>extensible</source>
+        <translation>étendu</translation>
+    </message>
+    <message>
+        <source>other</source>
+        <translation>autre</translation>
     </message>
 </context>
 <context>

@@ -240,8 +240,8 @@ MIT ライセンス</translation>
         <translation>テイクを調べられません：スレッドを確保できません。</translation>
     </message>
     <message>
-        <source>A loudness is a number from -70 to 0.</source>
-        <translation>ラウドネスは -70 から 0 の数値です。</translation>
+        <source>A loudness is a number from −70 to 0.</source>
+        <translation>ラウドネスは −70 から 0 の数値です。</translation>
     </message>
     <message>
         <source>There is too little room: the last of them will not be written</source>
@@ -545,8 +545,8 @@ MIT ライセンス</translation>
         <translation>24 ビットリニア</translation>
     </message>
     <message>
-        <source>A loudness is a number from -70 to 0.</source>
-        <translation>ラウドネスは -70 から 0 の数値です。</translation>
+        <source>A loudness is a number from −70 to 0.</source>
+        <translation>ラウドネスは −70 から 0 の数値です。</translation>
     </message>
     <message>
         <source>Silence, and what is shorter than 0.4 s, has no loudness.</source>
@@ -1333,6 +1333,14 @@ MIT ライセンス</translation>
         <source>Cut short: the data chunk states %1 bytes, the file holds %2</source>
         <translation>途中で切れています：データチャンクは %1 バイトと示し、ファイルは %2 バイトです</translation>
     </message>
+    <message>
+        <source>%1 channels of %2-bit samples with format tag %3 do not decode to useful sound; the recorder writes 2 channels, 24-bit integer or 32-bit float (tag 3)</source>
+        <translation>%1 チャンネル、%2 ビット、形式 %3 のサンプルは使える音になりません。レコーダーは 2 チャンネル、24 ビット整数または 32 ビットフロート（形式 3）で記録します</translation>
+    </message>
+    <message>
+        <source>The take cannot be read: %1</source>
+        <translation>テイクを読み込めません：%1</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1700,6 +1708,22 @@ MIT ライセンス</translation>
     <message>
         <source>, and %1 more of it</source>
         <translation>、さらに %1</translation>
+    </message>
+    <message>
+        <source>integer PCM</source>
+        <translation>整数 PCM</translation>
+    </message>
+    <message>
+        <source>IEEE float</source>
+        <translation>IEEE フロート</translation>
+    </message>
+    <message>
+        <source>extensible</source>
+        <translation>拡張形式</translation>
+    </message>
+    <message>
+        <source>other</source>
+        <translation>その他</translation>
     </message>
 </context>
 <context>

@@ -240,8 +240,8 @@ MIT 许可证</translation>
         <translation>无法查看录音：无法获得线程。</translation>
     </message>
     <message>
-        <source>A loudness is a number from -70 to 0.</source>
-        <translation>响度是 -70 到 0 之间的数值。</translation>
+        <source>A loudness is a number from −70 to 0.</source>
+        <translation>响度是 −70 到 0 之间的数值。</translation>
     </message>
     <message>
         <source>There is too little room: the last of them will not be written</source>
@@ -545,8 +545,8 @@ MIT 许可证</translation>
         <translation>24 位线性</translation>
     </message>
     <message>
-        <source>A loudness is a number from -70 to 0.</source>
-        <translation>响度是 -70 到 0 之间的数值。</translation>
+        <source>A loudness is a number from −70 to 0.</source>
+        <translation>响度是 −70 到 0 之间的数值。</translation>
     </message>
     <message>
         <source>Silence, and what is shorter than 0.4 s, has no loudness.</source>
@@ -1333,6 +1333,14 @@ MIT 许可证</translation>
         <source>Cut short: the data chunk states %1 bytes, the file holds %2</source>
         <translation>被截断：数据块声明 %1 字节，文件只有 %2 字节</translation>
     </message>
+    <message>
+        <source>%1 channels of %2-bit samples with format tag %3 do not decode to useful sound; the recorder writes 2 channels, 24-bit integer or 32-bit float (tag 3)</source>
+        <translation>%1 声道、%2 位、格式 %3 的采样无法解码为可用的声音；录音机写入 2 声道、24 位整数或 32 位浮点（格式 3）</translation>
+    </message>
+    <message>
+        <source>The take cannot be read: %1</source>
+        <translation>无法读取录音：%1</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1700,6 +1708,22 @@ MIT 许可证</translation>
     <message>
         <source>, and %1 more of it</source>
         <translation>，以及另外 %1</translation>
+    </message>
+    <message>
+        <source>integer PCM</source>
+        <translation>整数 PCM</translation>
+    </message>
+    <message>
+        <source>IEEE float</source>
+        <translation>IEEE 浮点</translation>
+    </message>
+    <message>
+        <source>extensible</source>
+        <translation>扩展格式</translation>
+    </message>
+    <message>
+        <source>other</source>
+        <translation>其他</translation>
     </message>
 </context>
 <context>

@@ -17,6 +17,13 @@ QString NumberText::of(double number) {
   return localized(QString::number(number));
 }
 
+QString NumberText::printed(QString text) {
+  for (qsizetype i = 0; i + 1 < text.size(); ++i) {
+    if (text.at(i) == u'-' && text.at(i + 1).isDigit()) text[i] = u'−';
+  }
+  return text;
+}
+
 std::optional<double> NumberText::typed(const QString& text) {
   QString plain = text.trimmed();
   plain.replace(QLocale().decimalPoint(), QStringLiteral("."))

@@ -15,6 +15,9 @@ class NumberText {
   static QString of(double number);
   /// What has been written with a point, as it is written here.
   static QString localized(QString text);
+  /// With the minus sign that is printed before every number in it. What assistive software reads
+  /// keeps the plain one.
+  static QString printed(QString text);
   /// With either minus sign, and with the point, the comma, or the decimal sign of `QLocale()`.
   /// None where it is no number.
   static std::optional<double> typed(const QString& text);

@@ -28,6 +28,10 @@ constexpr std::array kKnown = {
                       "No audio: the data chunk states %1 bytes, the file holds %2 after "
                       "it"),
     QT_TRANSLATE_NOOP("Reason", "Cut short: the data chunk states %1 bytes, the file holds %2"),
+    QT_TRANSLATE_NOOP("Reason",
+                      "%1 channels of %2-bit samples with format tag %3 do not decode to useful "
+                      "sound; the recorder writes 2 channels, 24-bit integer or 32-bit float (tag "
+                      "3)"),
     // Of exporting.
     QT_TRANSLATE_NOOP("Reason", "No recording is open"),
     QT_TRANSLATE_NOOP("Reason", "The target is the source itself"),
@@ -41,6 +45,8 @@ constexpr std::array kKnown = {
     QT_TRANSLATE_NOOP("Reason", "The file has been saved already"),
     QT_TRANSLATE_NOOP("Reason", "The file was written for another place"),
     QT_TRANSLATE_NOOP("Reason", "Markers and descriptions of the recording cannot be read"),
+    // Of salvaging.
+    QT_TRANSLATE_NOOP("Reason", "The take cannot be read: %1"),
     // Of playing.
     QT_TRANSLATE_NOOP("Reason", "No file can be read"),
     QT_TRANSLATE_NOOP("Reason", "Samples of %1 bits in format %2 cannot be played"),
@@ -83,8 +89,10 @@ constexpr std::array kKnown = {
 // The known reason as a pattern: what differs is caught.
 QRegularExpression patternOf(const char* known) {
   QString pattern = QRegularExpression::escape(QLatin1String(known));
-  pattern.replace(QRegularExpression::escape(QStringLiteral("%1")), QStringLiteral("(.+)"));
-  pattern.replace(QRegularExpression::escape(QStringLiteral("%2")), QStringLiteral("(.+)"));
+  for (const char16_t* const place : {u"%1", u"%2", u"%3"}) {
+    const QString told = QString::fromUtf16(place);
+    pattern.replace(QRegularExpression::escape(told), QStringLiteral("(.+)"));
+  }
   return QRegularExpression(QRegularExpression::anchoredPattern(pattern),
                             QRegularExpression::DotMatchesEverythingOption);
 }
@@ -99,7 +107,8 @@ QString Reason::text(const QString& reason) {
     if (match.lastCapturedIndex() == 0) return said;
     // A reason may have another one inside.
     if (match.lastCapturedIndex() == 1) return said.arg(text(match.captured(1)));
-    return said.arg(match.captured(1), match.captured(2));
+    if (match.lastCapturedIndex() == 2) return said.arg(match.captured(1), match.captured(2));
+    return said.arg(match.captured(1), match.captured(2), match.captured(3));
   }
   return reason;
 }

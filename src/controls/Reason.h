@@ -14,6 +14,6 @@ class Reason {
   static QString text(const QString& reason);
   static QString text(const std::string& reason) { return text(QString::fromStdString(reason)); }
 
-  /// The reasons that are known, with %1 and %2 for what differs.
+  /// The reasons that are known, with %1 to %3 for what differs.
   static std::vector<QString> known();
 };

@@ -11,6 +11,8 @@
 #include <utility>
 
 #include "controls/Appearance.h"
+#include "controls/NumberText.h"
+#include "controls/Reason.h"
 #include "dialogs/ClockText.h"
 #include "dialogs/ExportFacts.h"
 #include "dialogs/PathText.h"
@@ -40,7 +42,7 @@ QString reasonOf(const BatchPlan::Item& item) {
       return BatchDialog::tr("%1 is to be the export of %2")
           .arg(nameOf(item.order.target), nameOf(item.other));
     default:
-      return QString::fromStdString(item.why);
+      return Reason::text(item.why);
   }
 }
 
@@ -95,6 +97,7 @@ QLayout* BatchDialog::facts() {
   const auto addFact = [this, form](const QString& name, const QString& text) {
     QLabel* const caption = label(name, "dim");
     QLabel* const value = label(text);
+    caption->setBuddy(value);
     form->addRow(caption, value);
     return value;
   };
@@ -152,7 +155,7 @@ void BatchDialog::tell() {
 void BatchDialog::showFacts() {
   _length->setText(lengthText());
   _width->setText(widthText());
-  _gain->setText(gainText());
+  showFigure(*_gain, gainText());
   _room->setText(roomText());
 }
 
@@ -178,7 +181,7 @@ QString BatchDialog::gainText() const {
     return isRecalled ? tr("As remembered, else %1").arg(gain) : gain;
   }
   const auto lufs = _choices->lufs();
-  return lufs ? tr("To %1 LUFS").arg(*lufs) : QStringLiteral("–");
+  return lufs ? tr("To %1 LUFS").arg(NumberText::of(*lufs)) : QStringLiteral("–");
 }
 
 QString BatchDialog::roomText() const {
@@ -193,7 +196,7 @@ QString BatchDialog::roomText() const {
 QString BatchDialog::warning() const {
   if (_checks.hasFailed()) return tr("The takes cannot be looked at: no thread can be had.");
   if (_choices->isToLoudness() && !_choices->lufs()) {
-    return tr("A loudness is a number from -70 to 0.");
+    return tr("A loudness is a number from −70 to 0.");
   }
   return _checks.plan() ? warningOf(*_checks.plan()) : QString();
 }

@@ -7,6 +7,7 @@
 #include <QShowEvent>
 
 #include "controls/Colors.h"
+#include "controls/NumberText.h"
 
 DialogWindow::DialogWindow(QWidget* parent) : QDialog(parent) {
   setWindowFlag(Qt::WindowMaximizeButtonHint, false);
@@ -45,6 +46,11 @@ void DialogWindow::showName(QLabel& label, const QString& name, int width) {
   label.setText(label.fontMetrics().elidedText(name, Qt::ElideMiddle, width));
   label.setAccessibleName(name);
   label.setToolTip(name);
+}
+
+void DialogWindow::showFigure(QLabel& label, const QString& text) {
+  label.setText(NumberText::printed(text));
+  label.setAccessibleName(text);
 }
 
 void DialogWindow::showEvent(QShowEvent* event) {

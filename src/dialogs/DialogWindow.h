@@ -33,6 +33,8 @@ class DialogWindow : public QDialog {
   /// Shows a name in one line of at most `width` pixels, shortened in the middle; assistive
   /// software and the tool tip have it whole.
   static void showName(QLabel& label, const QString& name, int width);
+  /// Shows a figure with the minus sign that is printed; assistive software has a plain one.
+  static void showFigure(QLabel& label, const QString& text);
   /// Fits the window's size to what it holds.
   void fixSize();
 

@@ -56,7 +56,7 @@ std::optional<LoudnessTarget> ExportVC::target() const {
 // Why there can be no export to the loudness that is wanted; empty where there can.
 QString ExportVC::levelWarning() const {
   if (!_checkboxLoudness->isChecked()) return {};
-  if (!_comboLoudness->lufs()) return tr("A loudness is a number from -70 to 0.");
+  if (!_comboLoudness->lufs()) return tr("A loudness is a number from −70 to 0.");
   if (_levels.hasFailed()) return tr("The take cannot be read, so its loudness is not known.");
   const bool isSilent = _levels.analysis() && !_levels.gain();
   return isSilent ? tr("Silence, and what is shorter than 0.4 s, has no loudness.") : QString();
@@ -91,9 +91,9 @@ void ExportVC::showLevels() {
   const QString warning =
       wrong.isEmpty() ? exported().warning(_radio24->isChecked(), _free) : wrong;
   const bool isAimed = wrong.isEmpty();
-  _gain->setText(gainText());
-  _loudness->setText(isAimed ? _levels.loudnessText() : QStringLiteral("–"));
-  _truePeak->setText(isAimed ? _levels.truePeakText() : QStringLiteral("–"));
+  showFigure(*_gain, gainText());
+  showFigure(*_loudness, isAimed ? _levels.loudnessText() : QStringLiteral("–"));
+  showFigure(*_truePeak, isAimed ? _levels.truePeakText() : QStringLiteral("–"));
   _clipping->setText(isAimed ? _levels.clippingText() : QString());
   _clipping->setProperty("role", _radio24->isChecked() ? "warning" : "dim");
   _clipping->style()->polish(_clipping);

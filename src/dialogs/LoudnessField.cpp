@@ -16,7 +16,9 @@ LoudnessField::LoudnessField(QWidget* parent) : QComboBox(parent) {
   setEditable(true);
   setInsertPolicy(NoInsert);
   for (const int lufs : {-23, -18, -16, -14}) {
-    addItem(QString::number(lufs) + u' ' + tr("LUFS"));
+    const QString told = QString::number(lufs) + u' ' + tr("LUFS");
+    addItem(NumberText::printed(told));
+    setItemData(count() - 1, told, Qt::AccessibleTextRole);
   }
 }
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "controls/Reason.h"
 #include "dialogs/PathText.h"
 #include "dialogs/TimeLeft.h"
 
@@ -76,7 +77,7 @@ void QueueModel::cancelling(int id) {
 void QueueModel::finish(int id, const ExportResult& result) {
   change(id, [&result](Line& line) {
     line.state = stateOf(result.end);
-    if (line.state == State::Failed) line.why = QString::fromStdString(result.failure);
+    if (line.state == State::Failed) line.why = Reason::text(result.failure);
   });
 }
 

@@ -4,9 +4,13 @@
 #include "dialogs/TakeFacts.h"
 
 #include <QCoreApplication>
+#include <algorithm>
+#include <array>
 #include <cstdint>
+#include <string_view>
 #include <variant>
 
+#include "controls/Reason.h"
 #include "dialogs/ClockText.h"
 #include "dialogs/PathText.h"
 
@@ -19,6 +23,16 @@ QString tr(const char* text) {
 QString yesNo(bool is) {
   return is ? QCoreApplication::translate("TakeFacts", "yes")
             : QCoreApplication::translate("TakeFacts", "no");
+}
+
+// The kinds of samples that a description tells, in the window's language.
+QString encodingOf(const WaveHeader& header) {
+  constexpr std::array kKinds = {
+      QT_TRANSLATE_NOOP("TakeFacts", "integer PCM"), QT_TRANSLATE_NOOP("TakeFacts", "IEEE float"),
+      QT_TRANSLATE_NOOP("TakeFacts", "extensible"), QT_TRANSLATE_NOOP("TakeFacts", "other")};
+  const std::string_view told = WaveDescription::encoding(header);
+  const auto* const kind = std::ranges::find(kKinds, told);
+  return tr(kind == kKinds.end() ? kKinds.back() : *kind);
 }
 
 QString textOf(const WaveDescription::Field& field) {
@@ -43,12 +57,11 @@ TakeFacts::TakeFacts(const std::filesystem::path& file) : _file(file) {
 
 QString TakeFacts::formatText() const {
   const WaveHeader& header = _reader->header();
-  const auto encoding = WaveDescription::encoding(header);
   return QCoreApplication::translate("TakeFacts", "%1 channels, %2 Hz, %3-bit %4")
       .arg(header.NumChannels)
       .arg(header.SampleRate)
       .arg(header.BitsPerSample)
-      .arg(QLatin1String(encoding.data(), static_cast<qsizetype>(encoding.size())));
+      .arg(encodingOf(header));
 }
 
 std::vector<TakeFacts::Line> TakeFacts::general() const {
@@ -61,7 +74,7 @@ std::vector<TakeFacts::Line> TakeFacts::general() const {
     lines.push_back({tr("Frames"), QString::number(_reader->frameCount())});
   }
   for (const std::string& wrong : {_whyNot, _warning}) {
-    if (!wrong.empty()) lines.push_back({tr("Note"), QString::fromStdString(wrong)});
+    if (!wrong.empty()) lines.push_back({tr("Note"), Reason::text(wrong)});
   }
   return lines;
 }

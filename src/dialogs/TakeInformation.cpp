@@ -13,6 +13,7 @@
 
 #include "controls/Appearance.h"
 #include "controls/NumberText.h"
+#include "controls/Reason.h"
 #include "dialogs/PathText.h"
 
 namespace {
@@ -39,6 +40,12 @@ std::vector<Line> linesOf(const TakeFigures& f) {
           {TakeInformation::tr("Sample peak"), figure(f.samplePeakDbfs, 2, "dBFS")},
           {TakeInformation::tr("Correlation"), figure(f.correlation, 3, "")},
           {TakeInformation::tr("Balance"), figure(f.balanceDb, 2, "dB")}};
+}
+
+// As assistive software reads it.
+QString plainValue(const QTreeWidgetItem& line) {
+  const QString plain = line.data(1, Qt::AccessibleTextRole).toString();
+  return line.text(1).isEmpty() || plain.isEmpty() ? line.text(1) : plain;
 }
 
 }  // namespace
@@ -101,7 +108,7 @@ void TakeInformation::showFacts(const TakeFacts& facts) {
   if (!facts.chunks().empty()) addGroup(tr("Chunks"), facts.chunks());
   if (!facts.fields().empty()) addGroup(tr("Broadcast extension"), facts.fields());
   if (!facts.isRecording()) return emit complete();
-  const QString gain = QString::number(_subject.gain);
+  const QString gain = NumberText::printed(NumberText::of(_subject.gain));
   _figures = addGroup(tr("Figures at %1° and %2 dB").arg(_subject.width).arg(gain),
                       {{tr("Measuring…"), {}}});
   measure(*facts.reader());
@@ -120,7 +127,7 @@ void TakeInformation::collect() {
   if (!_analyzer->isFinished()) return;
   _timer.stop();
   _subject.analysis = _analyzer->wait();
-  const QString failure = QString::fromStdString(_analyzer->failure());
+  const QString failure = Reason::text(_analyzer->failure());
   _analyzer.reset();
   if (_subject.analysis) return showFigures();
   _figures->child(0)->setText(0, tr("Note"));
@@ -131,7 +138,8 @@ void TakeInformation::collect() {
 void TakeInformation::showFigures() {
   delete _figures->takeChild(0);
   for (const Line& line : linesOf(_subject.analysis->at(_subject.width, _subject.gain))) {
-    new QTreeWidgetItem(_figures, {line.name, line.value});
+    auto* const item = new QTreeWidgetItem(_figures, {line.name, NumberText::printed(line.value)});
+    item->setData(1, Qt::AccessibleTextRole, line.value);
   }
   emit complete();
 }
@@ -142,8 +150,10 @@ QTreeWidgetItem* TakeInformation::addGroup(const QString& title, const std::vect
   bold.setWeight(QFont::DemiBold);
   group->setFont(0, bold);
   group->setFirstColumnSpanned(true);
+  group->setData(1, Qt::AccessibleTextRole, title);  // assistive software has two cells in it
   for (const Line& line : lines) {
     auto* const item = new QTreeWidgetItem(group, {line.name, line.value});
+    if (line.value.isEmpty()) item->setData(1, Qt::AccessibleTextRole, QStringLiteral("–"));
     item->setToolTip(1, line.value.toHtmlEscaped());
   }
   group->setExpanded(true);
@@ -156,8 +166,8 @@ QString TakeInformation::text() const {
     const QTreeWidgetItem& group = *_tree->topLevelItem(i);
     text += group.text(0) + u'\n';
     for (int row = 0; row < group.childCount(); ++row) {
-      text +=
-          QStringLiteral("  %1: %2\n").arg(group.child(row)->text(0), group.child(row)->text(1));
+      const QTreeWidgetItem& line = *group.child(row);
+      text += QStringLiteral("  %1: %2\n").arg(line.text(0), plainValue(line));
     }
   }
   return text;

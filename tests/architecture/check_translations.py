@@ -21,7 +21,7 @@ from pathlib import Path
 
 PLACEHOLDER = re.compile(r"%L?(?:\d+|n)")
 KEY = re.compile(r"&[^&\s]")
-REASONED = ("wav", "export", "queue", "playback", "folders", "midi")
+REASONED = ("wav", "analysis", "export", "transfer/TakeRepair.cpp", "queue", "playback", "folders", "midi")
 # What a reason is told by, or returned as, where these libraries are written.
 TELLS = re.compile(r"\b(?:return|fail|lose|because|failToOpen|errorText|whyNot|refuse|setReason|_failure|Failed)\b")
 SENTENCE = re.compile(r'"((?:[^"\\]|\\.)*[a-z] [a-z](?:[^"\\]|\\.)*)"')
@@ -80,17 +80,25 @@ def faults_of(committed, wanted):
 
 def reasons(root):
     """What is told in English below the window, as `Reason` has it."""
-    for folder in REASONED:
-        for path in sorted((root / "src" / folder).rglob("*.cpp")):
+    for place in REASONED:
+        place = root / "src" / place
+        for path in [place] if place.suffix else sorted(place.rglob("*.cpp")):
             if path.parent.name == "memory":  # for tests
                 continue
-            for line in path.read_text("utf-8").splitlines():
+            for line in whole_lines(path):
                 if not TELLS.search(line) or "Log::" in line:
                     continue
-                for said in SENTENCE.findall(line):
+                for found in SENTENCE.finditer(line):
                     numbers = iter(("%1", "%2", "%3"))
-                    said = re.sub(r"\{[^}]*\}", lambda _: next(numbers), said).replace('\\"', '"')
+                    said = re.sub(r"\{[^}]*\}", lambda _: next(numbers), found[1]).replace('\\"', '"')
+                    said += "%1" if re.match(r"\s*\+", line[found.end():]) else ""
                     yield path, f"{said} (%1)." if "because(" in line else said
+
+
+def whole_lines(path):
+    """A text that is written in pieces is one, in the line of the call that it is for."""
+    text = re.sub(r'"\s*\n\s*"', "", path.read_text("utf-8"))
+    return re.sub(r"\(\s*\n\s*", "(", text).splitlines()
 
 
 def unknown_reasons(root):

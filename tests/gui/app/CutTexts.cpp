@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QStyle>
 #include <QStyleOptionComboBox>
+#include <QTreeView>
 #include <algorithm>
 
 #include "app/ElidedButton.h"
@@ -73,6 +74,29 @@ QString lackOf(const QComboBox& popup) {
   return {};
 }
 
+// What a group is called has the whole line.
+QString lackOf(const QTreeView& tree, const QModelIndex& item) {
+  const bool isSpanned = tree.isFirstColumnSpanned(item.row(), item.parent());
+  const QRect place = tree.visualRect(item);
+  const int room = isSpanned ? tree.viewport()->width() - place.left() : place.width();
+  return lack(item.data().toString(), {room, 0}, {tree.sizeHintForIndex(item).width(), 0});
+}
+
+QString lackIn(const QTreeView& tree, const QModelIndex& parent) {
+  for (int row = 0; row < tree.model()->rowCount(parent); ++row) {
+    const QModelIndex item = tree.model()->index(row, 0, parent);
+    const QString own = lackOf(tree, item);
+    const QString lacks = own.isEmpty() ? lackIn(tree, item) : own;
+    if (!lacks.isEmpty()) return lacks;
+  }
+  return {};
+}
+
+// Names of lines; what they are may be longer, and is in the tool tip.
+QString lackOf(const QTreeView& tree) {
+  return lackIn(tree, {});
+}
+
 QString lackOf(const FigureLine& line) {
   return lack(line.accessibleName(), line.size(), line.sizeHint());
 }
@@ -93,5 +117,6 @@ QStringList CutTexts::in(const QWidget& window) {
   add<QAbstractButton>(all, window);
   add<QComboBox>(all, window);
   add<FigureLine>(all, window);
+  add<QTreeView>(all, window);
   return all;
 }

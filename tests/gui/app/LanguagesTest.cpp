@@ -1,27 +1,26 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include <QMessageBox>
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListView>
+#include <QMenu>
 #include <QRegularExpression>
 #include <QScrollArea>
 #include <QTest>
 #include <QToolButton>
 #include <QTranslator>
+#include <QTreeWidget>
+#include <memory>
 #include <set>
 
 #include "CutTexts.h"
-#include "WindowFixture.h"
+#include "EveryDialog.h"
 #include "controls/Appearance.h"
 #include "controls/Language.h"
-#include "dialogs/AboutVC.h"
-#include "dialogs/Alert.h"
-#include "dialogs/ExportProgress.h"
-#include "dialogs/ExportVC.h"
-#include "dialogs/FolderPanel.h"
-#include "dialogs/HelpVC.h"
-#include "dialogs/IntroductionVC.h"
-#include "dialogs/NodeviceVC.h"
-#include "dialogs/SavePanel.h"
+#include "dialogs/QueueModel.h"
 
 namespace {
 
@@ -35,61 +34,11 @@ class MarkingTranslator : public QTranslator {
   }
 };
 
-class AnyLanguage : public WindowFixture {
+class AnyLanguage : public EveryDialog {
  protected:
   ~AnyLanguage() override {
     end();
     Language::use(QStringLiteral("en"));
-  }
-
-  /// The window with a take and a recorder.
-  void startWithAll() {
-    take("R0001.WAV");
-    startOnTakes();
-    plugIn();
-    open("R0001.WAV");
-    settle();
-  }
-  static void settle() {
-    for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
-  }
-  template <class Dialog, class... Arguments>
-  Dialog* made(Arguments&&... arguments) {
-    auto* const dialog = new Dialog(std::forward<Arguments>(arguments)..., &view());
-    dialog->show();
-    settle();
-    return dialog;
-  }
-  QWidget* exportDialog() {
-    auto* const dialog = new ExportVC(&view());
-    const auto job = std::make_shared<Export>(takes.path() / "R0001.WAV");
-    dialog->setExporter(job);
-    ExportVC::Extra extra;
-    extra.note = ExportVC::tr("Selection only");
-    extra.selection = FrameRange{0, 4800};
-    dialog->setExtra(extra);
-    dialog->show();
-    settle();
-    return dialog;
-  }
-  /// As somebody would see them, one after the other.
-  void forEachDialog(const std::function<void(QWidget&)>& look) {
-    for (QWidget* const dialog :
-         {static_cast<QWidget*>(made<AboutVC>()), static_cast<QWidget*>(made<IntroductionVC>()),
-          static_cast<QWidget*>(made<NodeviceVC>()),
-          static_cast<QWidget*>(made<HelpVC>(view().menu->keys())), exportDialog(),
-          static_cast<QWidget*>(made<ExportProgress>("R0001.WAV", "R0001_Decode.WAV")),
-          static_cast<QWidget*>(new FolderPanel(&view())),
-          static_cast<QWidget*>(new SavePanel(takes.path() / "R0001_Decode.WAV",
-                                              takes.path() / "R0001.WAV", &view())),
-          static_cast<QWidget*>(Alert::show(
-              &view(), QCoreApplication::translate("TakeMessages", "File not supported.")))}) {
-      dialog->show();
-      settle();
-      look(*dialog);
-      dialog->hide();
-      delete dialog;
-    }
   }
 };
 
@@ -127,10 +76,30 @@ TEST_P(Languages, NothingIsCutInADialog) {
   forEachDialog([this](QWidget& dialog) { expectNothingCut(dialog); });
 }
 
+// The name of a take is shortened to make room for it, as far as there is room; why one failed may
+// be long, and is in the tool tip.
+TEST_P(Languages, StateOfAnExportIsReadWhole) {
+  constexpr double kMostOfARow = 0.6;
+  startOnTakes();
+  const std::unique_ptr<QWidget> panel(queuePanel());
+  panel->show();
+  settle();
+  auto& list = *panel->findChild<QListView*>();
+  for (int row = 0; row < list.model()->rowCount(); ++row) {
+    const QModelIndex index = list.model()->index(row, 0);
+    if (index.data(QueueModel::kFailedRole).toBool()) continue;
+    const QString state = index.data(QueueModel::kStateRole).toString();
+    EXPECT_LE(list.fontMetrics().horizontalAdvance(state),
+              kMostOfARow * (list.visualRect(index).width() - 20))
+        << state.toStdString();
+  }
+}
+
 TEST_P(Languages, KeysOfAMenuDiffer) {
+  take("R0001.WAV");
   startOnTakes();
   QList<QMenu*> menus = view().menu->findChildren<QMenu*>();
-  menus << view().menu;
+  menus << view().menu << qobject_cast<QMenu*>(rowMenu(1));
   for (const QMenu* const menu : menus) {
     std::set<QChar> keys;
     for (const QAction* const action : menu->actions()) {
@@ -145,6 +114,20 @@ TEST_P(Languages, KeysOfAMenuDiffer) {
 
 INSTANTIATE_TEST_SUITE_P(Each, Languages, testing::Values("de", "en", "es", "fr", "ja", "zh_CN"));
 
+/// What rows show and tell.
+void addRows(QStringList& all, const QAbstractItemModel& model, const QModelIndex& parent = {}) {
+  for (int row = 0; row < model.rowCount(parent); ++row) {
+    for (int column = 0; column < model.columnCount(parent); ++column) {
+      const QModelIndex index = model.index(row, column, parent);
+      for (const int role : {int{Qt::DisplayRole}, int{Qt::ToolTipRole},
+                             int{Qt::AccessibleTextRole}, int{Qt::AccessibleDescriptionRole}}) {
+        all << index.data(role).toString();
+      }
+    }
+    addRows(all, model, model.index(row, 0, parent));
+  }
+}
+
 /// What a widget shows and tells.
 QStringList said(const QWidget& widget) {
   QStringList all = {widget.windowTitle(), widget.toolTip(), widget.accessibleName(),
@@ -156,6 +139,8 @@ QStringList said(const QWidget& widget) {
   if (const auto* const popup = qobject_cast<const QComboBox*>(&widget)) {
     for (int i = 0; i < popup->count(); ++i) all << popup->itemText(i);
   }
+  const auto* const rows = qobject_cast<const QAbstractItemView*>(&widget);
+  if (rows != nullptr && rows->model() != nullptr) addRows(all, *rows->model());
   return all;
 }
 
@@ -163,8 +148,15 @@ QStringList said(const QWidget& widget) {
 QStringList unasked(const QString& text) {
   static const QRegularExpression kAsked(QStringLiteral("⟦[^⟦⟧]*⟧"));
   static const QRegularExpression kNames(QStringLiteral(
-      "TARN J4 Mixdeck|R0001[^ ]*|LUFS|dBTP|dBFS|dB|Ctrl|Shift|Space|Left|Right|Up|Down|Home|End|"
+      "TARN J4( Mixdeck)?|R[0-9]{4}[^ "
+      "]*|LUFS|LU|dBTP|dBFS|dB|Ctrl|Shift|Space|Left|Right|Up|Down|Home|End|"
       "qt_[a-z_]*|GB|MB|GiB|[0-9][.0-9]* [kMG]?B|/[^ ]*|\\b[A-Z0-9]\\b|\\bF1\\b|mixdeck-[^ ]*"));
+  // As the broadcast extension and the chunks of a file have them in every language.
+  static const QRegularExpression kFields(QStringLiteral(
+      "^(Description|Originator|OriginatorReference|OriginationDate|OriginationTime|TimeReference|"
+      "Version|UniqueMaterialIdentifier|Reserved|CodingHistory|REF|UMID|MSRAW=ON|bext|fmt "
+      "|data|JUNK)$"));
+  if (kFields.match(text).hasMatch()) return {};
   QString rest = text;
   for (QString before; rest != before;) {
     before = rest;
@@ -183,6 +175,24 @@ void expectAsked(const QWidget& window) {
     for (const QString& text : said(*widget)) all << unasked(text);
   }
   EXPECT_EQ(all.join(u'\n').toStdString(), "") << window.metaObject()->className();
+}
+
+TEST(CutTexts, TellsWhatIsCutInATree) {
+  QWidget window;
+  QTreeWidget tree(&window);
+  tree.setColumnCount(2);
+  auto* const group = new QTreeWidgetItem(&tree, {QStringLiteral("Stereobreite")});
+  new QTreeWidgetItem(group, {QStringLiteral("Stereobreite"), QStringLiteral("a value")});
+  group->setFirstColumnSpanned(true);
+  group->setExpanded(true);
+  tree.resize(600, 200);
+  window.resize(600, 200);
+  window.show();
+  tree.header()->setStretchLastSection(false);
+  tree.header()->resizeSection(0, 300);
+  EXPECT_EQ(CutTexts::in(window).join(u'\n').toStdString(), "");
+  tree.header()->resizeSection(0, 60);
+  EXPECT_EQ(CutTexts::in(window).size(), 1) << "a group has the whole line";
 }
 
 TEST(CutTexts, TellsWhatIsCut) {

@@ -105,6 +105,12 @@ TEST_F(LanguageTest, NumbersHaveTheDecimalSignOfTheCountry) {
   }
 }
 
+TEST(NumberText, IsPrintedWithAMinusSign) {
+  EXPECT_EQ(NumberText::printed("-23.1 LUFS, -0.5").toStdString(), "−23.1 LUFS, −0.5");
+  EXPECT_EQ(NumberText::printed("True-Peak 3-").toStdString(), "True-Peak 3-");
+  EXPECT_EQ(NumberText::printed("").toStdString(), "");
+}
+
 TEST_F(LanguageTest, EitherDecimalSignCanBeTypedInEveryLanguage) {
   for (const QString& tag : Language::all()) {
     Language::use(tag);
@@ -124,6 +130,13 @@ TEST_F(LanguageTest, ReasonsAreToldInTheLanguageOfTheWindow) {
             "Die Quelle ist nicht lesbar: Kein Platz mehr auf dem Gerät");
   EXPECT_EQ(Reason::text(std::string("The broadcast extension has 12 bytes, fewer than 602")),
             "Die Broadcast-Erweiterung hat 12 Byte, weniger als 602");
+  EXPECT_EQ(Reason::text(std::string("The take cannot be read: Input/output error")),
+            "Der Take ist nicht lesbar: Ein-/Ausgabefehler");
+  EXPECT_EQ(Reason::text(std::string("4 channels of 16-bit samples with format tag 1 do not decode "
+                                     "to useful sound; the recorder writes 2 channels, 24-bit "
+                                     "integer or 32-bit float (tag 3)")),
+            "4 Kanäle mit 16-Bit-Samples im Format 1 ergeben keinen brauchbaren Ton; der Rekorder "
+            "schreibt 2 Kanäle, 24 Bit ganzzahlig oder 32 Bit Float (Format 3)");
   EXPECT_EQ(Reason::text(std::string("Anything else (%1)")), "Anything else (%1)");
 }
 

@@ -157,16 +157,16 @@ TEST_F(BatchDialogTest, LevelsExcludeEachOtherAndALoudnessIsANumber) {
   part<QCheckBox>("toLoudness").setChecked(true);
   waitForPlan();
   EXPECT_FALSE(part<QCheckBox>("normalize").isChecked());
-  EXPECT_THAT(text(), HasSubstr("|To -23 LUFS|"));
+  EXPECT_THAT(text(), HasSubstr("|To −23 LUFS|"));
   auto& field = *_dialog->findChild<LoudnessField*>();
   field.setEditText("loud");
   waitForPlan();
   EXPECT_FALSE(end().isEnabled());
-  EXPECT_THAT(text(), HasSubstr("A loudness is a number from -70 to 0."));
+  EXPECT_THAT(text(), HasSubstr("A loudness is a number from −70 to 0."));
   field.setEditText("−16,5 LUFS");
   waitForPlan();
   EXPECT_TRUE(end().isEnabled());
-  EXPECT_THAT(text(), HasSubstr("|To -16.5 LUFS|"));
+  EXPECT_THAT(text(), HasSubstr("|To −16.5 LUFS|"));
 }
 
 TEST_F(BatchDialogTest, IntoAFolderThatIsChosen) {

@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
+#include <QAccessible>
 #include <QComboBox>
+#include <QLabel>
 #include <QTest>
 #include <algorithm>
 #include <cmath>
@@ -62,6 +64,17 @@ class ExportLevelsTest : public DialogFixture {
     EXPECT_TRUE(waitUntil([&] { return seen(dialog).contains(QLatin1String(text)); }))
         << text << " in " << seen(dialog).toStdString();
   }
+  static QString printed(double figure) {
+    return QString::number(figure, 'f', 1).replace(u'-', u'−');
+  }
+  /// What assistive software reads where this is shown.
+  static QString readFor(const ExportVC& dialog, const QString& text) {
+    for (auto* const label : dialog.findChildren<QLabel*>()) {
+      if (label->text() != text) continue;
+      return QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name);
+    }
+    return {};
+  }
   template <class Widget>
   static Widget* named(const ExportVC& dialog, const char* name) {
     return dialog.findChild<Widget*>(QLatin1String(name));
@@ -73,10 +86,11 @@ TEST_F(ExportLevelsTest, TellsLoudnessAndPeakOfWhatWillBeWritten) {
   const auto figures = TakeAnalyzer(*job->reader()).wait()->at(90, 6);
   job->setGain(6);
   const auto dialog = openWith(job);
-  const QString loudness = QString::number(*figures.integratedLufs, 'f', 1) + " LUFS";
-  const QString peak = QString::number(*figures.truePeakDbtp, 'f', 1) + " dBTP";
+  const QString loudness = printed(*figures.integratedLufs) + " LUFS";
+  const QString peak = printed(*figures.truePeakDbtp) + " dBTP";
   EXPECT_TRUE(seen(*dialog).contains("Loudness|" + loudness + "|True peak|" + peak))
       << seen(*dialog).toStdString();
+  EXPECT_EQ(readFor(*dialog, loudness), QString::number(*figures.integratedLufs, 'f', 1) + " LUFS");
   expectNothingCut(*dialog);
 }
 
@@ -105,12 +119,13 @@ TEST_F(ExportLevelsTest, BringsATakeToALoudness) {
   ASSERT_TRUE(combo->isEnabled());
   QStringList choices;
   for (int i = 0; i < combo->count(); ++i) choices << combo->itemText(i);
-  EXPECT_EQ(choices.join('|'), "-23 LUFS|-18 LUFS|-16 LUFS|-14 LUFS");
-  expectSeen(*dialog, "Loudness|-23.0 LUFS");
+  EXPECT_EQ(choices.join('|'), "−23 LUFS|−18 LUFS|−16 LUFS|−14 LUFS");
+  EXPECT_EQ(combo->itemData(0, Qt::AccessibleTextRole).toString(), "-23 LUFS");
+  expectSeen(*dialog, "Loudness|−23.0 LUFS");
   combo->setEditText("-30,5");
-  expectSeen(*dialog, "Loudness|-30.5 LUFS");
+  expectSeen(*dialog, "Loudness|−30.5 LUFS");
   combo->setEditText("loud");
-  expectSeen(*dialog, "A loudness is a number from -70 to 0.");
+  expectSeen(*dialog, "A loudness is a number from −70 to 0.");
   expectSeen(*dialog, "Gain|–");
   EXPECT_FALSE(button(*dialog, "Save")->isEnabled());
   normalize->setChecked(true);

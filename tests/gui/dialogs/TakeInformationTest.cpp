@@ -48,6 +48,9 @@ TEST_F(TakeInformationTest, TellsEveryChunkAndFieldAndWhatItMeasures) {
   EXPECT_THAT(text, HasSubstr("Figures at 90° and 6 dB\n"));
   EXPECT_THAT(text, HasSubstr("Sample peak: " + peak.toStdString() + " dBFS"));
   EXPECT_THAT(text, HasSubstr("Integrated loudness: –")) << "it is too short for one";
+  const auto& tree = *_window->findChild<QTreeWidget*>();
+  const QString shown = QString(peak).replace(u'-', u'−') + " dBFS";
+  EXPECT_EQ(tree.findItems(shown, Qt::MatchExactly | Qt::MatchRecursive, 1).size(), 1);
 }
 
 TEST_F(TakeInformationTest, TakesAnAnalysisThatIsThere) {
