@@ -17,7 +17,7 @@ RowMenu::RowMenu(BrowserView& view, FolderBrowser& browser, const BrowserPane& f
 }
 
 void RowMenu::open(const QPoint& place) {
-  auto* const menu = new QMenu(&_view);
+  auto* const menu = new QMenu(_view.window());  // of which assistive software has it as a part
   menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->setAccessibleName(tr("What is selected"));
   fill(*menu);

@@ -132,6 +132,7 @@ QLayout* BatchChoices::existing() {
   _existing->addItem(tr("Replace it"));
   _existing->addItem(tr("Number the new one"));
   _existing->setAccessibleName(caption->text());
+  caption->setBuddy(_existing);
   connect(_existing, &QComboBox::currentIndexChanged, this, &BatchChoices::changed);
   auto* const row = new QHBoxLayout;
   row->setSpacing(8);

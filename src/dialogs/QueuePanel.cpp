@@ -154,7 +154,10 @@ void QueuePanel::showInFolder() {
 }
 
 void QueuePanel::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Delete) return cancel(selected());
+  const int key = event->key();
+  if (key == Qt::Key_Delete) return cancel(selected());
+  const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter;
+  if (isReturn && _list->hasFocus()) return showInFolder();
   DialogWindow::keyPressEvent(event);
 }
 
