@@ -3,6 +3,8 @@
 
 #include "app/ScopePane.h"
 
+#include "controls/NumberText.h"
+
 namespace {
 
 constexpr double kMsPerSecond = 1000;
@@ -67,6 +69,9 @@ void ScopePane::advance() {
 
 void ScopePane::showCorrelation(std::optional<double> value) {
   _view.field->correlation->setValue(value);
-  const QString text = CorrelationBar::text(value).replace(u'-', u'−');
-  if (text != _view.lblImageValue->text()) _view.lblImageValue->setText(text);
+  const std::optional<int> hundredths = CorrelationBar::hundredths(value);
+  const bool isShown = hundredths == _hundredths && !_view.lblImageValue->text().isEmpty();
+  if (isShown) return;
+  _hundredths = hundredths;
+  _view.lblImageValue->setText(NumberText::printed(CorrelationBar::text(value)));
 }

@@ -42,7 +42,8 @@ class ScopePane : public QObject {
   TakeSession& _take;
   std::unique_ptr<HeardFrames> _heard;  ///< null without a take
   HeardCorrelation _correlation;
-  double _shownTo = 0;  ///< seconds
+  std::optional<int> _hundredths;  ///< of the correlation, that are shown
+  double _shownTo = 0;             ///< seconds
   double _interval = kInterval;
   QTimer _timerScope{this};
 };

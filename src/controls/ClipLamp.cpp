@@ -41,16 +41,16 @@ void ClipLamp::setNames(const QString& figure, const QString& lamp) {
 }
 
 void ClipLamp::describe() {
-  const QString figure = QString(_figure).replace(u'−', u'-');
-  const bool isNone = figure == QStringLiteral("–");
-  _figureButton->setAccessibleDescription(isNone ? figure : figure + QStringLiteral(" dBFS"));
+  const bool isNone = _figure == QStringLiteral("–");
+  _figureButton->setAccessibleDescription(isNone ? _figure : _figure + QStringLiteral(" dBFS"));
   setAccessibleDescription(_isLit ? tr("over full scale") : tr("not over full scale"));
 }
 
 void ClipLamp::setPeak(const PeakHold& peak) {
-  const QString figure = peak.text();
-  if (figure == _figure && peak.isOver() == _isLit) return;
-  _figure = figure;
+  if (peak.tenths() == _tenths && peak.isOver() == _isLit) return;
+  _tenths = peak.tenths();
+  _figure = peak.text();
+  _printed = NumberText::printed(_figure);
   _isLit = peak.isOver();
   describe();
   update();
@@ -99,7 +99,7 @@ void ClipLamp::paintEvent(QPaintEvent* /*event*/) {
   const bool isNone = _figure == QStringLiteral("–");
   const QColor plain = isNone || !isEnabled() ? Colors::dimText() : Colors::WHITE();
   painter.setPen(_isLit ? Colors::overText() : plain);
-  painter.drawText(figurePlace(), Qt::AlignHCenter | Qt::AlignBottom, _figure);
+  painter.drawText(figurePlace(), Qt::AlignHCenter | Qt::AlignBottom, _printed);
   if (!hasFocus() || !_focus.isShown()) return;
   painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(Colors::focusRing(), 2));

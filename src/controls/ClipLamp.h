@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <limits>
 
 #include "controls/KeyboardFocus.h"
 #include "controls/PeakHold.h"
@@ -44,6 +45,8 @@ class ClipLamp : public QAbstractButton {
   class FigureButton;
 
   QString _figure;
+  QString _printed;  ///< the same with the minus sign that is printed
+  double _tenths = std::numeric_limits<double>::quiet_NaN();  ///< that the figure tells
   bool _isLit = false;
   QAbstractButton* _figureButton;
   KeyboardFocus _focus;

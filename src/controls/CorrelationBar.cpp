@@ -42,12 +42,17 @@ void CorrelationBar::setValue(std::optional<double> value) {
   if (!isSame) update();
 }
 
+std::optional<int> CorrelationBar::hundredths(std::optional<double> value) {
+  if (!value) return std::nullopt;
+  return static_cast<int>(std::lround(std::clamp(*value, -1.0, 1.0) * 100));
+}
+
 QString CorrelationBar::text(std::optional<double> value) {
-  if (!value) return QStringLiteral("–");
-  const double hundredths = std::round(*value * 100);
-  if (hundredths == 0) return NumberText::of(0, 2);
-  const QString digits = NumberText::of(std::abs(hundredths) / 100, 2);
-  return (hundredths > 0 ? u'+' : u'-') + digits;
+  const std::optional<int> shown = hundredths(value);
+  if (!shown) return QStringLiteral("–");
+  const QString digits = NumberText::of(std::abs(*shown) / 100.0, 2);
+  if (*shown == 0) return digits;
+  return (*shown > 0 ? u'+' : u'-') + digits;
 }
 
 double CorrelationBar::xOf(double value) const {

@@ -18,6 +18,8 @@ class CorrelationBar : public QWidget, public ReadableFigure {
   /// Clamped to -1..1; none where there is no sound.
   void setValue(std::optional<double> value);
   [[nodiscard]] std::optional<double> value() const { return _value; }
+  /// The value as `text` has it: who shows it need not write what stays. None for none.
+  [[nodiscard]] static std::optional<int> hundredths(std::optional<double> value);
   /// "+0.53", "-1.00", "–" for none.
   [[nodiscard]] static QString text(std::optional<double> value);
 

@@ -23,6 +23,10 @@ QAccessibleInterface* makeReadableLine(FigureLine& line) {
   return new FigureAccessible(line, line);
 }
 
+std::optional<double> tenthsOf(std::optional<double> figure) {
+  return figure ? std::optional(std::round(*figure * 10)) : std::nullopt;
+}
+
 QFont titleFont(const QFont& from) {
   QFont font = from;
   if (font.pixelSize() > 1) font.setPixelSize(font.pixelSize() - 1);
@@ -44,9 +48,9 @@ FigureLine::FigureLine(QString title, QString unit, QWidget* parent)
 
 void FigureLine::setFigure(std::optional<double> figure) {
   if (figure && !std::isfinite(*figure)) figure.reset();
-  const QString before = digits();
+  const bool isSame = tenthsOf(figure) == tenthsOf(_figure);
   _figure = figure;
-  if (digits() != before) update();
+  if (!isSame) update();
 }
 
 void FigureLine::setLook(Look look) {

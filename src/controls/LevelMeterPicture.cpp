@@ -53,7 +53,9 @@ void LevelMeterPicture::draw(QPainter& painter, const QRectF& frame) const {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setOpacity(_opacity);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(gradient(frame));
+  if (frame != _frame) _brush = gradient(frame);
+  _frame = frame;
+  painter.setBrush(_brush);
   painter.drawRoundedRect(frame, kFrameRadius, kFrameRadius);
   painter.restore();
 }

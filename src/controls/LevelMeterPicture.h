@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QBrush>
 #include <QPainter>
 #include <QRectF>
 #include <QString>
@@ -21,4 +22,7 @@ class LevelMeterPicture {
  private:
   QString _name;
   double _opacity;
+  // Of the last frame: the next one is mostly the same.
+  mutable QRectF _frame;
+  mutable QBrush _brush;
 };

@@ -14,11 +14,14 @@ double PeakHold::decibels() const {
   return 20 * std::log10(_peak);
 }
 
+double PeakHold::tenths() const {
+  return std::round(decibels() * 10) / 10;
+}
+
 QString PeakHold::text() const {
-  const double value = decibels();
-  if (!std::isfinite(value)) return _peak > 0 ? QStringLiteral("∞") : QStringLiteral("–");
-  const double tenths = std::round(value * 10) / 10;
-  QString digits = NumberText::of(std::abs(tenths), 1);
-  if (tenths == 0) return digits;
-  return digits.prepend(tenths > 0 ? u'+' : u'-');
+  const double shown = tenths();
+  if (!std::isfinite(shown)) return _peak > 0 ? QStringLiteral("∞") : QStringLiteral("–");
+  QString digits = NumberText::of(std::abs(shown), 1);
+  if (shown == 0) return digits;
+  return digits.prepend(shown > 0 ? u'+' : u'-');
 }

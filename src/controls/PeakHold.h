@@ -14,6 +14,8 @@ class PeakHold {
 
   [[nodiscard]] double peak() const { return _peak; }
   [[nodiscard]] bool isOver() const { return _peak > 1; }
+  /// dB over full scale to a tenth, as `text` has it: who shows it need not write what stays.
+  [[nodiscard]] double tenths() const;
   /// "+0.2", "-7.4", in dB; "–" for silence.
   [[nodiscard]] QString text() const;
   /// dB over full scale; minus infinity for silence.

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "controls/AccessibleFactory.h"
 #include "controls/Appearance.h"
@@ -21,6 +22,8 @@ constexpr double kEdge = 10;        // from there to its middle, at least
 constexpr double kInner = 0.05;     // of the side: the lines keep clear of the middle
 constexpr double kDiagonal = 0.36;  // how far out lines reach
 constexpr double kStraight = 0.38;
+constexpr double kHalo = 2;  // of dark around a letter
+constexpr int kHaloTurns = 16;
 
 QAccessibleInterface* makeReadableScope(StereoScope& scope) {
   return new QAccessibleWidget(&scope, QAccessible::Graphic);
@@ -44,11 +47,13 @@ void StereoScope::fit() {
 void StereoScope::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   fit();
+  _ground = {};
 }
 
 void StereoScope::changeEvent(QEvent* event) {
   if (event->type() == QEvent::EnabledChange) update();
   if (event->type() == QEvent::PaletteChange) _points.setColor(Colors::safe());
+  _ground = {};
   QWidget::changeEvent(event);
 }
 
@@ -66,18 +71,40 @@ void StereoScope::clear() {
 }
 
 void StereoScope::paintEvent(QPaintEvent* /*event*/) {
+  if (_ground.isNull() || _ground.devicePixelRatio() != devicePixelRatioF()) drawStill();
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
+  painter.drawPixmap(0, 0, _ground);
+  if (!_points.isDark()) {
+    const double side = std::min(width(), height());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.drawImage(QRectF(0, 0, side, side), _points.picture());
+  }
+  painter.drawPixmap(0, 0, _letters);
+}
+
+QPixmap StereoScope::stillPicture() const {
+  const double pixels = devicePixelRatioF();
+  QPixmap picture((QSizeF(size()) * pixels).toSize());
+  picture.setDevicePixelRatio(pixels);
+  picture.fill(Qt::transparent);
+  return picture;
+}
+
+void StereoScope::drawStill() {
+  _ground = stillPicture();
+  QPainter ground(&_ground);
+  ground.setRenderHint(QPainter::Antialiasing);
+  drawGround(ground);
+  _letters = stillPicture();
+  QPainter letters(&_letters);
+  letters.setRenderHint(QPainter::Antialiasing);
+  drawLetters(letters);
+}
+
+void StereoScope::drawGround(QPainter& painter) const {
   painter.setPen(Qt::NoPen);
   painter.setBrush(Colors::AppBG());
   painter.drawRoundedRect(rect(), kScopeRadius, kScopeRadius);
-  drawGraticule(painter);
-  if (_points.isDark()) return;
-  painter.drawImage(QRectF(0, 0, std::min(width(), height()), std::min(width(), height())),
-                    _points.picture());
-}
-
-void StereoScope::drawGraticule(QPainter& painter) const {
   const double side = std::min(width(), height());
   const QPointF middle(side / 2, side / 2);
   painter.setPen(QPen(Colors::ControlColor(), 1));
@@ -91,13 +118,26 @@ void StereoScope::drawGraticule(QPainter& painter) const {
     line(end, 0);
     line(0, end);
   }
+}
+
+// Each within a dark edge of its own: points may lie all around it.
+void StereoScope::drawLetters(QPainter& painter) const {
   painter.setFont(Appearance::small(font()));
-  painter.setPen(isEnabled() ? Colors::dimText() : Colors::line());
+  const double side = std::min(width(), height());
   const double box = std::max<double>(kLetter, painter.fontMetrics().height());
-  const auto letter = [&](double x, double y, const QString& text) {
-    painter.drawText(QRectF(x - box / 2, y - box / 2, box, box), Qt::AlignCenter, text);
-  };
   const double edge = std::max(kEdge, box / 2);
+  const auto draw = [&](QPointF at, const QColor& color, const QString& text) {
+    painter.setPen(color);
+    painter.drawText(QRectF(at - QPointF(box, box) / 2, QSizeF(box, box)), Qt::AlignCenter, text);
+  };
+  const auto letter = [&](double x, double y, const QString& text) {
+    for (int turn = 0; turn < 2 * kHaloTurns; ++turn) {
+      const double far = turn < kHaloTurns ? kHalo / 2 : kHalo;
+      const double angle = 2 * std::numbers::pi * turn / kHaloTurns;
+      draw({x + far * std::cos(angle), y + far * std::sin(angle)}, Colors::AppBG(), text);
+    }
+    draw({x, y}, isEnabled() ? Colors::dimText() : Colors::line(), text);
+  };
   letter(edge, edge, tr("L", "left channel"));
   letter(side - edge, edge, tr("R", "right channel"));
   letter(side / 2, edge, tr("M", "mid"));

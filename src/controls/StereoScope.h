@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPixmap>
 #include <QWidget>
 #include <span>
 
@@ -34,7 +35,13 @@ class StereoScope : public QWidget {
 
  private:
   void fit();
-  void drawGraticule(QPainter& painter) const;
+  void drawStill();
+  [[nodiscard]] QPixmap stillPicture() const;
+  void drawGround(QPainter& painter) const;
+  void drawLetters(QPainter& painter) const;
 
   ScopePoints _points;
+  // What is the same in every picture: under the points, and over them.
+  QPixmap _ground;
+  QPixmap _letters;
 };

@@ -40,6 +40,13 @@ std::vector<TimeRuler::Mark> TimeRuler::marks(double from, double to, double lea
   return marks;
 }
 
+const std::vector<TimeRuler::Mark>& TimeRuler::shown(double from, double to, double least) {
+  const std::array asked = {from, to, least};
+  if (asked != _asked) _shown = marks(from, to, least);
+  _asked = asked;
+  return _shown;
+}
+
 QString TimeRuler::text(double seconds, double step) {
   const int decimals = decimalsOf(step);
   const double unit = std::pow(10.0, decimals);

@@ -47,11 +47,12 @@ WaveformViewer::WaveformViewer(QWidget* parent) : QWidget(parent) {
   setAccessibleName(tr("Waveform"));
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
+  measureRuler();
 }
 
-double WaveformViewer::ruler() const {
-  const int line = QFontMetrics(Appearance::small(font())).height();
-  return std::max<double>(kRuler, line);
+void WaveformViewer::measureRuler() {
+  _small = Appearance::small(font());
+  _ruler = std::max<double>(kRuler, QFontMetrics(_small).height());
 }
 
 QRectF WaveformViewer::body() const {
@@ -209,13 +210,12 @@ void WaveformViewer::paintEvent(QPaintEvent* /*event*/) {
   }
 }
 
-void WaveformViewer::drawRuler(QPainter& painter) const {
-  painter.setFont(Appearance::small(font()));
+void WaveformViewer::drawRuler(QPainter& painter) {
+  painter.setFont(_small);
   const double high = ruler();
   const double gap = Appearance::lineWidth(kMarkGap, font());
   const double perPixel = (_stretch.to() - _stretch.from()) / std::max(1.0, body().width());
-  for (const TimeRuler::Mark& mark :
-       TimeRuler::marks(_stretch.from(), _stretch.to(), gap * perPixel)) {
+  for (const TimeRuler::Mark& mark : _times.shown(_stretch.from(), _stretch.to(), gap * perPixel)) {
     const double x = std::round(xOf(mark.seconds));
     painter.fillRect(QRectF(x, high - kMark - 8, 1, kMark + 4), Colors::line());
     const QRectF place(x + 4, 0, gap, high);
@@ -257,7 +257,7 @@ void WaveformViewer::drawReading(QPainter& painter) const {
   if (texts.isEmpty()) return;
   const double x = std::clamp(std::floor(*_hover), body().left(), body().right());
   painter.fillRect(QRectF(x, body().top(), 1, body().height()), Colors::dimText());
-  painter.setFont(Appearance::small(font()));
+  painter.setFont(_small);
   const QFontMetricsF metrics(painter.font());
   const double time = metrics.horizontalAdvance(texts.first());
   const double level = metrics.horizontalAdvance(NumberText::localized(QStringLiteral("L −88.8")));

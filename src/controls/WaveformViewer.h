@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QFont>
 #include <QImage>
 #include <QWidget>
 #include <optional>
@@ -9,6 +10,7 @@
 #include "controls/Adjustable.h"
 #include "controls/KeyboardFocus.h"
 #include "controls/LoopMarks.h"
+#include "controls/TimeRuler.h"
 #include "controls/TimeWindow.h"
 #include "controls/WaveformColumns.h"
 
@@ -54,7 +56,7 @@ class WaveformViewer : public QWidget, public Adjustable {
 
   /// Where columns are drawn; the play head of the first and last moment stands on its edges, and
   /// where the knob of a position slider of the same width would.
-  [[nodiscard]] double ruler() const;
+  [[nodiscard]] double ruler() const { return _ruler; }
   [[nodiscard]] QRectF body() const;
   [[nodiscard]] double xOf(double seconds) const;
   [[nodiscard]] double timeAt(double x) const;
@@ -102,7 +104,8 @@ class WaveformViewer : public QWidget, public Adjustable {
   void tellStretch(const TimeWindow& before);
   void revealHead();
   void drawPictures();
-  void drawRuler(QPainter& painter) const;
+  void measureRuler();
+  void drawRuler(QPainter& painter);
   void drawWave(QPainter& painter) const;
   void drawHead(QPainter& painter) const;
   void drawReading(QPainter& painter) const;
@@ -124,5 +127,8 @@ class WaveformViewer : public QWidget, public Adjustable {
   std::optional<double> _hover;  ///< where the pointer is
   bool _isHeld = false;
   LoopMarks _marks;
+  QFont _small;  ///< of the ruler
+  double _ruler = 0;
+  TimeRuler _times;
   KeyboardFocus _focus;
 };

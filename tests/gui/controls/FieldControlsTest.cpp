@@ -27,6 +27,23 @@ QAccessibleInterface& of(QObject& object) {
   return *interface;
 }
 
+// Frames whose points lie all over a scope of so many pixels.
+std::vector<float> everywhere(int side) {
+  std::vector<float> frames;
+  for (int i = 0; i < side * side; ++i) {
+    const int row = i / side;
+    const int column = i % side;
+    const double x = (2.0 * column + 1) / side - 1;
+    const double y = (2.0 * row + 1) / side - 1;
+    const double length = 2 * std::hypot(x, y);  // by the root, and turned by an eighth
+    for (int again = 0; again < 3; ++again) {
+      frames.push_back(static_cast<float>((y - x) * length / 2));
+      frames.push_back(static_cast<float>((y + x) * length / 2));
+    }
+  }
+  return frames;
+}
+
 TEST(PeakHold, KeepsTheGreatest) {
   PeakHold peak;
   EXPECT_EQ(peak.text(), "–");
@@ -134,6 +151,34 @@ TEST(StereoScope, PaintsAPointForAFrame) {
   const QColor point = Hands::colorAt(picture, {72.0, 72 - 36.0});
   EXPECT_GT(point.green(), 150) << "mid at a quarter is half way up";
   EXPECT_LT(Hands::colorAt(picture, {72.0 - 36, 72.0 - 36}).green(), 80);
+}
+
+// Points that cover all of it, brighter than any letter, and the letters read on.
+TEST(StereoScope, LettersStandOutOfThePoints) {
+  constexpr int kSide = 144;
+  constexpr int kEdge = 2;  // pixels around a letter
+  StereoScope scope;
+  Hands::show(scope, {kSide, kSide});
+  const QImage bare = Hands::picture(scope, 1);
+  scope.advance(everywhere(kSide), 0.03);
+  const QImage full = Hands::picture(scope, 1);
+  const auto isLetter = [&](int x, int y) {
+    return bare.rect().contains(x, y) && bare.pixelColor(x, y) == Colors::dimText();
+  };
+  EXPECT_GT(full.pixelColor(kSide / 3, kSide / 2).green(), 150) << "there are points";
+  int letters = 0;
+  for (int y = kEdge; y < kSide - kEdge; ++y) {
+    for (int x = kEdge; x < kSide - kEdge; ++x) {
+      if (!isLetter(x, y)) continue;
+      ++letters;
+      EXPECT_EQ(full.pixelColor(x, y), bare.pixelColor(x, y)) << x << ", " << y;
+      for (const QPoint by : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1)}) {
+        const QPoint beside = QPoint(x, y) + by;
+        EXPECT_EQ(full.pixelColor(beside), bare.pixelColor(beside)) << x << ", " << y;
+      }
+    }
+  }
+  EXPECT_GT(letters, 8) << "of L, R, M and S, where a stroke fills a pixel";
 }
 
 TEST(CorrelationBar, MarksItsValue) {

@@ -104,6 +104,19 @@ TEST(TimeRuler, MarksRoundTimesInside) {
   EXPECT_TRUE(TimeRuler::marks(0, 5, 0).empty());
 }
 
+TEST(TimeRuler, ShownMarksStayUntilOthersAreAskedFor) {
+  TimeRuler ruler;
+  const auto* const first = ruler.shown(0, 300, 40).data();
+  EXPECT_EQ(ruler.shown(0, 300, 40).data(), first);
+  EXPECT_EQ(ruler.shown(0, 300, 40).size(), TimeRuler::marks(0, 300, 40).size());
+  for (const double to : {200.0, 300.0}) {
+    const auto wanted = TimeRuler::marks(0, to, 30);
+    const auto& shown = ruler.shown(0, to, 30);
+    ASSERT_EQ(shown.size(), wanted.size());
+    EXPECT_EQ(shown.back().label, wanted.back().label);
+  }
+}
+
 TEST(TimeRuler, StepsAreRoundAndNeverTooNarrow) {
   for (double least = 0.0004; least < 100'000; least *= 1.3) {
     const double step = TimeRuler::stepOf(least);
