@@ -227,7 +227,7 @@ TEST_F(AccessibleTree, OfASelectionThatMayBeExportedIsWhole) {
   controller().btnExport_Click();
   const Found found = walkThrough<ExportVC>();
   EXPECT_THAT(found.wrong, IsEmpty());
-  EXPECT_EQ(found.count.at(Role::CheckBox), 3) << "full scale, a loudness, the selection";
+  EXPECT_EQ(found.count.at(Role::CheckBox), 4) << "full scale, a loudness, the selection, time";
 }
 
 TEST_F(AccessibleTree, OfTheSmallDialogsIsWhole) {
