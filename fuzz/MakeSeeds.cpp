@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // usage: make_seeds FOLDER
-// Writes the inputs that fuzzing starts from into FOLDER/reader, FOLDER/export and FOLDER/link.
+// Writes the inputs that fuzzing starts from into FOLDER/reader, FOLDER/export, FOLDER/link and
+// FOLDER/kept.
 
 #include <cmath>
 #include <filesystem>
@@ -48,6 +49,13 @@ Bytes strangeFloats() {
                                   Limits::lowest(), 1, -1});
 }
 
+void writeBytes(const fs::path& path, const Bytes& bytes) {
+  std::ofstream out(path, std::ios::binary);
+  out.write(reinterpret_cast<const char*>(bytes.data()),
+            static_cast<std::streamsize>(bytes.size()));
+  if (!out.flush()) throw std::runtime_error("cannot write " + path.native());
+}
+
 /// Puts inputs into the two folders.
 class Seeds {
  public:
@@ -88,10 +96,7 @@ class Seeds {
 
   static void write(const fs::path& path, ByteBuilder settings, std::uint8_t mode,
                     const Bytes& bytes) {
-    const Bytes& all = settings.u8(mode).bytes(bytes).get();
-    std::ofstream out(path, std::ios::binary);
-    out.write(reinterpret_cast<const char*>(all.data()), static_cast<std::streamsize>(all.size()));
-    if (!out.flush()) throw std::runtime_error("cannot write " + path.native());
+    writeBytes(path, settings.u8(mode).bytes(bytes).get());
   }
 
   fs::path _reader;
@@ -291,10 +296,8 @@ class LinkSeed {
   }
   /// `kind` 0 byte packets, 1 event lists.
   void write(const fs::path& path, std::uint8_t kind) const {
-    const Bytes all = ByteBuilder().u8(kind).u8(_count).bytes(_events.get()).get();
-    std::ofstream out(path.native() + (kind == 0 ? "-bytes" : "-events"), std::ios::binary);
-    out.write(reinterpret_cast<const char*>(all.data()), static_cast<std::streamsize>(all.size()));
-    if (!out.flush()) throw std::runtime_error("cannot write " + path.native());
+    writeBytes(path.native() + (kind == 0 ? "-bytes" : "-events"),
+               ByteBuilder().u8(kind).u8(_count).bytes(_events.get()).get());
   }
 
  private:
@@ -327,6 +330,32 @@ void addLinks(const fs::path& folder) {
   handshake().word(0x30310700, 0).word(0x20903C64, 0x10F80000).write(folder / "stray", 1);
 }
 
+// Of an analysis that was kept; KeptFuzz.cpp reads it. Content of zeros, of numbers that are none,
+// and of all kinds.
+void addKept(const fs::path& folder) {
+  fs::create_directories(folder);
+  constexpr std::size_t kContent = 4000;
+  const auto content = [](std::uint8_t kind) {
+    ByteBuilder bytes;
+    for (std::size_t i = 0; i < kContent; ++i) {
+      bytes.u8(static_cast<std::uint8_t>(kind == 0 ? 0 : (kind == 1 ? 0xFF : i * i / 7)));
+    }
+    return bytes.get();
+  };
+  for (std::uint8_t mode = 0; mode < 3; ++mode) {
+    for (const std::uint32_t frames : {0U, 1U, 4801U, 250'000U}) {
+      for (std::uint8_t kind = 0; kind < 3; ++kind) {
+        ByteBuilder input;
+        input.u8(mode).u8(3).u8(kind == 1 ? 0 : 1).u8(90).u8(6).u32(frames).u32(frames * 3);
+        input.u16(300).u32(frames / 5).u32(frames).bytes(content(kind));
+        const auto name =
+            std::to_string(mode) + '-' + std::to_string(frames) + '-' + std::to_string(kind);
+        writeBytes(folder / name, input.get());
+      }
+    }
+  }
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -344,5 +373,6 @@ int main(int count, char** arguments) {
   addSettings(seeds);
   addRecipes(seeds);
   addLinks(fs::path(arguments[1]) / "link");
+  addKept(fs::path(arguments[1]) / "kept");
   return 0;
 }
