@@ -21,6 +21,7 @@
 #include <filesystem>
 #include <string>
 
+#include "ShownWindow.h"
 #include "app/DeviceLink.h"
 #include "app/WindowController.h"
 #include "controls/Appearance.h"
@@ -35,16 +36,6 @@ double since(std::int64_t nanoseconds) {
   return static_cast<double>(std::chrono::nanoseconds(now).count() - nanoseconds) / 1e6;
 }
 
-void show(WindowController& window, const std::filesystem::path& folder) {
-  bool isListed = false;
-  QObject::connect(&window.viewController(), &ViewController::listed, [&] { isListed = true; });
-  window.viewController().setStart(folder);
-  window.show();
-  while (!isListed) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  for (int i = 0; i < kRounds; ++i) QApplication::processEvents();
-  QObject::disconnect(&window.viewController(), &ViewController::listed, nullptr, nullptr);
-}
-
 double startUp(WindowController& window, std::int64_t begun) {
   double took = 0.0;
   QObject::connect(&window, &WindowController::appeared, [&] {
@@ -57,18 +48,8 @@ double startUp(WindowController& window, std::int64_t begun) {
 }
 
 double openToSound(WindowController& window, const std::filesystem::path& file) {
-  show(window, file.parent_path());
-  ViewController& controller = window.viewController();
-  const auto& files = controller.folderHelper()->files();
-  const auto found = std::ranges::find(files, file.string(), &WavItem::fullPath);
-  window.window().browser->tableFile->selectRow(static_cast<int>(found - files.begin()));
-  QElapsedTimer watch;
-  watch.start();
-  controller.table_cell_double_click();
-  while (controller.wavPlayer() == nullptr || controller.wavPlayer()->curremtTime() <= 0.0) {
-    QApplication::processEvents();
-  }
-  return static_cast<double>(watch.nsecsElapsed()) / 1e6;
+  ShownWindow::show(window, file.parent_path());
+  return ShownWindow::openToSound(window, file);
 }
 
 struct Round {
@@ -132,7 +113,7 @@ int main(int argc, char** argv) {
   if (what == "start") fmt::print("{:.1f}\n", startUp(window, std::stoll(argument)));
   if (what == "open") fmt::print("{:.1f}\n", openToSound(window, argument));
   if (what == "stall") {
-    show(window, argument);
+    ShownWindow::show(window, argument);
     stall(window, argument, false);
     stall(window, argument, true);
   }

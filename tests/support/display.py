@@ -1,0 +1,24 @@
+# SPDX-FileCopyrightText: 2026 The Mixdeck developers
+# SPDX-License-Identifier: MIT
+"""A display of one's own and nothing else, for benchmarks; tests have a whole desktop."""
+
+import os
+import subprocess
+
+
+class Display:
+    """A display without a screen, from `with` to its end."""
+
+    def __enter__(self):
+        reading, writing = os.pipe()
+        self.process = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(writing), "-screen", "0", "1400x900x24", "-nolisten", "tcp"],
+            pass_fds=[writing], stderr=subprocess.DEVNULL)
+        os.close(writing)
+        with os.fdopen(reading) as pipe:
+            self.name = ":" + pipe.readline().strip()
+        return self
+
+    def __exit__(self, *_):
+        self.process.terminate()
+        self.process.wait()
