@@ -218,6 +218,8 @@ TEST_F(MemoryFault, TwoHundredKillsLoseNothingThatWasTold) {
         if (memory.remember("a", next)) told = i;
       }
     }
+    // Every other one is killed in the middle of its work, the rest at its beginning.
+    while (kill % 2 == 0 && told == before) std::this_thread::yield();
     std::this_thread::sleep_for(std::chrono::microseconds(random() % 6000));
     ::kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
@@ -230,7 +232,7 @@ TEST_F(MemoryFault, TwoHundredKillsLoseNothingThatWasTold) {
       EXPECT_GE(found->loop->end, static_cast<std::uint64_t>(known)) << kill;
     }
   }
-  EXPECT_GT(told, 0);
+  EXPECT_GE(told, 100);
   munmap(page, sizeof(std::atomic<int>));
 }
 
