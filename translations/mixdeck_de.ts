@@ -122,10 +122,6 @@ MIT-Lizenz</translation>
         <translation>In einen Ordner</translation>
     </message>
     <message>
-        <source>Choose…</source>
-        <translation>Wählen …</translation>
-    </message>
-    <message>
         <source>Folder for the exports</source>
         <translation>Ordner für die Exporte</translation>
     </message>
@@ -301,6 +297,61 @@ MIT-Lizenz</translation>
     <message>
         <source>Open folder</source>
         <translation>Ordner öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>CardDesk</name>
+    <message>
+        <source>The card “%1” holds recordings. “Copy card…” in the menu brings them home.</source>
+        <translation>Auf der Karte „%1“ sind Aufnahmen. „Karte kopieren …“ im Menü holt sie her.</translation>
+    </message>
+    <message>
+        <source>Copy card</source>
+        <translation>Karte kopieren</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Takes</source>
+        <translation>Takes</translation>
+    </message>
+    <message>
+        <source>Card</source>
+        <translation>Karte</translation>
+    </message>
+    <message>
+        <source>Into</source>
+        <translation>Nach</translation>
+    </message>
+    <message>
+        <source>Verify folder</source>
+        <translation>Ordner prüfen</translation>
+    </message>
+    <message>
+        <source>Verify</source>
+        <translation>Prüfen</translation>
+    </message>
+    <message>
+        <source>Files that are not right</source>
+        <translation>Dateien, die nicht stimmen</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
+        <translation>Es werden noch Takes kopiert. Was kopiert ist, bleibt; die nächste Kopie macht dort weiter.</translation>
+    </message>
+    <message>
+        <source>Keep copying</source>
+        <translation>Weiter kopieren</translation>
+    </message>
+    <message>
+        <source>Stop and quit</source>
+        <translation>Anhalten und beenden</translation>
     </message>
 </context>
 <context>
@@ -674,6 +725,13 @@ MIT-Lizenz</translation>
     <message>
         <source>“%1” cannot be read: %2</source>
         <translation>„%1“ ist nicht lesbar: %2</translation>
+    </message>
+</context>
+<context>
+    <name>FolderButton</name>
+    <message>
+        <source>Choose…</source>
+        <translation>Wählen …</translation>
     </message>
 </context>
 <context>
@@ -1345,6 +1403,90 @@ MIT-Lizenz</translation>
         <source>The take cannot be read: %1</source>
         <translation>Der Take ist nicht lesbar: %1</translation>
     </message>
+    <message>
+        <source>The card cannot be read: %1</source>
+        <translation>Die Karte kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>The card is no folder</source>
+        <translation>Die Karte ist kein Ordner</translation>
+    </message>
+    <message>
+        <source>The card is never written to, but holds the folder</source>
+        <translation>Auf die Karte wird nie geschrieben, der Ordner liegt aber auf ihr</translation>
+    </message>
+    <message>
+        <source>The card holds no takes</source>
+        <translation>Auf der Karte sind keine Takes</translation>
+    </message>
+    <message>
+        <source>The card is gone</source>
+        <translation>Die Karte ist weg</translation>
+    </message>
+    <message>
+        <source>The folder cannot be made: %1</source>
+        <translation>Der Ordner kann nicht angelegt werden: %1</translation>
+    </message>
+    <message>
+        <source>Another copy is at work there</source>
+        <translation>Dort ist eine andere Kopie am Werk</translation>
+    </message>
+    <message>
+        <source>The manifest cannot be read: %1</source>
+        <translation>Das Manifest kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>The manifest cannot be written: %1</source>
+        <translation>Das Manifest kann nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>It has no manifest (%1)</source>
+        <translation>Er hat kein Manifest (%1)</translation>
+    </message>
+    <message>
+        <source>The takes need %1 bytes, and %2 are free</source>
+        <translation>Die Takes brauchen %1 Bytes, frei sind %2</translation>
+    </message>
+    <message>
+        <source>Its name is not UTF-8, and cannot stand in a manifest</source>
+        <translation>Der Name ist kein UTF-8 und kann nicht in einem Manifest stehen</translation>
+    </message>
+    <message>
+        <source>What is there is no file</source>
+        <translation>Was dort ist, ist keine Datei</translation>
+    </message>
+    <message>
+        <source>The take has %1 bytes, the file that is there %2</source>
+        <translation>Der Take hat %1 Bytes, die vorhandene Datei %2</translation>
+    </message>
+    <message>
+        <source>The file that is there has another content</source>
+        <translation>Die vorhandene Datei hat einen anderen Inhalt</translation>
+    </message>
+    <message>
+        <source>It was changed while it was read</source>
+        <translation>Er wurde beim Lesen verändert</translation>
+    </message>
+    <message>
+        <source>What was written does not read back as it was</source>
+        <translation>Was geschrieben wurde, liest sich anders zurück</translation>
+    </message>
+    <message>
+        <source>the manifest has no hash of it that is known here</source>
+        <translation>das Manifest hat keine hier bekannte Prüfsumme davon</translation>
+    </message>
+    <message>
+        <source>%1 bytes, not %2</source>
+        <translation>%1 Bytes statt %2</translation>
+    </message>
+    <message>
+        <source>another content</source>
+        <translation>anderer Inhalt</translation>
+    </message>
+    <message>
+        <source>it cannot be listed</source>
+        <translation>nicht aufzulisten</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1633,8 +1775,8 @@ MIT-Lizenz</translation>
 <context>
     <name>StayAwake</name>
     <message>
-        <source>Recordings are being exported</source>
-        <translation>Aufnahmen werden exportiert</translation>
+        <source>Recordings are being exported or copied</source>
+        <translation>Aufnahmen werden exportiert oder kopiert</translation>
     </message>
 </context>
 <context>
@@ -1860,6 +2002,118 @@ MIT-Lizenz</translation>
     </message>
 </context>
 <context>
+    <name>TransferPanel</name>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Im Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>%1 of %2 takes</source>
+        <translation>%1 von %2 Takes</translation>
+    </message>
+    <message>
+        <source>%1/s</source>
+        <translation>%1/s</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Cancelling</source>
+        <translation>Wird abgebrochen</translation>
+    </message>
+</context>
+<context>
+    <name>TransferWork</name>
+    <message>
+        <source>%1 could not be listed: %2</source>
+        <translation>%1 konnte nicht aufgelistet werden: %2</translation>
+    </message>
+    <message>
+        <source>The manifest is not right: %1</source>
+        <translation>Das Manifest stimmt nicht: %1</translation>
+    </message>
+    <message>
+        <source>%1: copied and verified</source>
+        <translation>%1: kopiert und geprüft</translation>
+    </message>
+    <message>
+        <source>%1: there already</source>
+        <translation>%1: schon vorhanden</translation>
+    </message>
+    <message>
+        <source>%1 differs: %2</source>
+        <translation>%1 weicht ab: %2</translation>
+    </message>
+    <message>
+        <source>%1 was not copied: %2</source>
+        <translation>%1 wurde nicht kopiert: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n takes are there and verified</source>
+        <translation>
+            <numerusform>%n Take ist da und geprüft</numerusform>
+            <numerusform>%n Takes sind da und geprüft</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 takes are there and verified</source>
+        <translation>%1 von %2 Takes sind da und geprüft</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>Abgebrochen.</translation>
+    </message>
+    <message>
+        <source>What was copied stays; the next copy goes on from there.</source>
+        <translation>Was kopiert ist, bleibt; die nächste Kopie macht dort weiter.</translation>
+    </message>
+    <message>
+        <source>%1 has changed: %2</source>
+        <translation>%1 ist verändert: %2</translation>
+    </message>
+    <message>
+        <source>%1 is missing</source>
+        <translation>%1 fehlt</translation>
+    </message>
+    <message>
+        <source>%1 is now %2</source>
+        <translation>%1 heißt jetzt %2</translation>
+    </message>
+    <message>
+        <source>%1 is new</source>
+        <translation>%1 ist neu</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files are right</source>
+        <translation>
+            <numerusform>%n Datei stimmt</numerusform>
+            <numerusform>%n Dateien stimmen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 right, %2 not</source>
+        <translation>%1 stimmen, %2 nicht</translation>
+    </message>
+</context>
+<context>
     <name>TransportPane</name>
     <message>
         <source>Raw M/S</source>
@@ -2073,6 +2327,14 @@ MIT-Lizenz</translation>
     <message>
         <source>Menu</source>
         <translation>Menü</translation>
+    </message>
+    <message>
+        <source>Copy car&amp;d…</source>
+        <translation>&amp;Karte kopieren …</translation>
+    </message>
+    <message>
+        <source>&amp;Verify folder…</source>
+        <translation>Ordner &amp;prüfen …</translation>
     </message>
 </context>
 </TS>

@@ -49,6 +49,23 @@
     </message>
 </context>
 <context>
+    <name>TransferWork</name>
+    <message numerus="yes">
+        <source>%n takes are there and verified</source>
+        <translation>
+            <numerusform>%n take is there and verified</numerusform>
+            <numerusform>%n takes are there and verified</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files are right</source>
+        <translation>
+            <numerusform>%n file is right</numerusform>
+            <numerusform>%n files are right</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>WindowCommands</name>
     <message numerus="yes">
         <source>%n exports are still running or waiting. Ending now cancels them.</source>

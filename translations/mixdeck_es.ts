@@ -122,10 +122,6 @@ Licencia MIT</translation>
         <translation>En una carpeta</translation>
     </message>
     <message>
-        <source>Choose…</source>
-        <translation>Elegir…</translation>
-    </message>
-    <message>
         <source>Folder for the exports</source>
         <translation>Carpeta de las exportaciones</translation>
     </message>
@@ -301,6 +297,61 @@ Licencia MIT</translation>
     <message>
         <source>Open folder</source>
         <translation>Abrir carpeta</translation>
+    </message>
+</context>
+<context>
+    <name>CardDesk</name>
+    <message>
+        <source>The card “%1” holds recordings. “Copy card…” in the menu brings them home.</source>
+        <translation>La tarjeta «%1» contiene grabaciones. «Copiar tarjeta…» en el menú las trae.</translation>
+    </message>
+    <message>
+        <source>Copy card</source>
+        <translation>Copiar tarjeta</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Takes</source>
+        <translation>Tomas</translation>
+    </message>
+    <message>
+        <source>Card</source>
+        <translation>Tarjeta</translation>
+    </message>
+    <message>
+        <source>Into</source>
+        <translation>En</translation>
+    </message>
+    <message>
+        <source>Verify folder</source>
+        <translation>Verificar carpeta</translation>
+    </message>
+    <message>
+        <source>Verify</source>
+        <translation>Verificar</translation>
+    </message>
+    <message>
+        <source>Files that are not right</source>
+        <translation>Archivos que no son correctos</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Carpeta</translation>
+    </message>
+    <message>
+        <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
+        <translation>Todavía se están copiando tomas. Lo copiado queda; la próxima copia sigue desde ahí.</translation>
+    </message>
+    <message>
+        <source>Keep copying</source>
+        <translation>Seguir copiando</translation>
+    </message>
+    <message>
+        <source>Stop and quit</source>
+        <translation>Detener y salir</translation>
     </message>
 </context>
 <context>
@@ -674,6 +725,13 @@ Licencia MIT</translation>
     <message>
         <source>“%1” cannot be read: %2</source>
         <translation>No se puede leer «%1»: %2</translation>
+    </message>
+</context>
+<context>
+    <name>FolderButton</name>
+    <message>
+        <source>Choose…</source>
+        <translation>Elegir…</translation>
     </message>
 </context>
 <context>
@@ -1345,6 +1403,90 @@ Licencia MIT</translation>
         <source>The take cannot be read: %1</source>
         <translation>No se puede leer la toma: %1</translation>
     </message>
+    <message>
+        <source>The card cannot be read: %1</source>
+        <translation>No se puede leer la tarjeta: %1</translation>
+    </message>
+    <message>
+        <source>The card is no folder</source>
+        <translation>La tarjeta no es una carpeta</translation>
+    </message>
+    <message>
+        <source>The card is never written to, but holds the folder</source>
+        <translation>Nunca se escribe en la tarjeta, pero la carpeta está en ella</translation>
+    </message>
+    <message>
+        <source>The card holds no takes</source>
+        <translation>La tarjeta no contiene tomas</translation>
+    </message>
+    <message>
+        <source>The card is gone</source>
+        <translation>La tarjeta ya no está</translation>
+    </message>
+    <message>
+        <source>The folder cannot be made: %1</source>
+        <translation>No se puede crear la carpeta: %1</translation>
+    </message>
+    <message>
+        <source>Another copy is at work there</source>
+        <translation>Otra copia está en marcha ahí</translation>
+    </message>
+    <message>
+        <source>The manifest cannot be read: %1</source>
+        <translation>No se puede leer el manifiesto: %1</translation>
+    </message>
+    <message>
+        <source>The manifest cannot be written: %1</source>
+        <translation>No se puede escribir el manifiesto: %1</translation>
+    </message>
+    <message>
+        <source>It has no manifest (%1)</source>
+        <translation>No tiene manifiesto (%1)</translation>
+    </message>
+    <message>
+        <source>The takes need %1 bytes, and %2 are free</source>
+        <translation>Las tomas necesitan %1 bytes y hay %2 libres</translation>
+    </message>
+    <message>
+        <source>Its name is not UTF-8, and cannot stand in a manifest</source>
+        <translation>Su nombre no es UTF-8 y no puede constar en un manifiesto</translation>
+    </message>
+    <message>
+        <source>What is there is no file</source>
+        <translation>Lo que hay ahí no es un archivo</translation>
+    </message>
+    <message>
+        <source>The take has %1 bytes, the file that is there %2</source>
+        <translation>La toma tiene %1 bytes; el archivo que hay, %2</translation>
+    </message>
+    <message>
+        <source>The file that is there has another content</source>
+        <translation>El archivo que hay tiene otro contenido</translation>
+    </message>
+    <message>
+        <source>It was changed while it was read</source>
+        <translation>Cambió mientras se leía</translation>
+    </message>
+    <message>
+        <source>What was written does not read back as it was</source>
+        <translation>Lo escrito no se vuelve a leer igual</translation>
+    </message>
+    <message>
+        <source>the manifest has no hash of it that is known here</source>
+        <translation>el manifiesto no tiene de él ningún hash conocido aquí</translation>
+    </message>
+    <message>
+        <source>%1 bytes, not %2</source>
+        <translation>%1 bytes, no %2</translation>
+    </message>
+    <message>
+        <source>another content</source>
+        <translation>otro contenido</translation>
+    </message>
+    <message>
+        <source>it cannot be listed</source>
+        <translation>no se puede listar</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1633,8 +1775,8 @@ Licencia MIT</translation>
 <context>
     <name>StayAwake</name>
     <message>
-        <source>Recordings are being exported</source>
-        <translation>Se están exportando grabaciones</translation>
+        <source>Recordings are being exported or copied</source>
+        <translation>Se están exportando o copiando grabaciones</translation>
     </message>
 </context>
 <context>
@@ -1860,6 +2002,118 @@ Licencia MIT</translation>
     </message>
 </context>
 <context>
+    <name>TransferPanel</name>
+    <message>
+        <source>Progress</source>
+        <translation>Progreso</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Mostrar en la carpeta</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>%1 of %2 takes</source>
+        <translation>%1 de %2 tomas</translation>
+    </message>
+    <message>
+        <source>%1/s</source>
+        <translation>%1/s</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Cancelling</source>
+        <translation>Cancelando</translation>
+    </message>
+</context>
+<context>
+    <name>TransferWork</name>
+    <message>
+        <source>%1 could not be listed: %2</source>
+        <translation>No se pudo listar %1: %2</translation>
+    </message>
+    <message>
+        <source>The manifest is not right: %1</source>
+        <translation>El manifiesto no es correcto: %1</translation>
+    </message>
+    <message>
+        <source>%1: copied and verified</source>
+        <translation>%1: copiada y verificada</translation>
+    </message>
+    <message>
+        <source>%1: there already</source>
+        <translation>%1: ya estaba</translation>
+    </message>
+    <message>
+        <source>%1 differs: %2</source>
+        <translation>%1 es distinta: %2</translation>
+    </message>
+    <message>
+        <source>%1 was not copied: %2</source>
+        <translation>%1 no se copió: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n takes are there and verified</source>
+        <translation>
+            <numerusform>%n toma está y verificada</numerusform>
+            <numerusform>%n tomas están y verificadas</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 takes are there and verified</source>
+        <translation>Están y verificadas %1 de %2 tomas</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>Cancelado.</translation>
+    </message>
+    <message>
+        <source>What was copied stays; the next copy goes on from there.</source>
+        <translation>Lo copiado queda; la próxima copia sigue desde ahí.</translation>
+    </message>
+    <message>
+        <source>%1 has changed: %2</source>
+        <translation>%1 ha cambiado: %2</translation>
+    </message>
+    <message>
+        <source>%1 is missing</source>
+        <translation>Falta %1</translation>
+    </message>
+    <message>
+        <source>%1 is now %2</source>
+        <translation>%1 ahora es %2</translation>
+    </message>
+    <message>
+        <source>%1 is new</source>
+        <translation>%1 es nuevo</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>No se puede leer %1: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files are right</source>
+        <translation>
+            <numerusform>%n archivo es correcto</numerusform>
+            <numerusform>%n archivos son correctos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 right, %2 not</source>
+        <translation>%1 correctos, %2 no</translation>
+    </message>
+</context>
+<context>
     <name>TransportPane</name>
     <message>
         <source>Raw M/S</source>
@@ -2073,6 +2327,14 @@ Licencia MIT</translation>
     <message>
         <source>Menu</source>
         <translation>Menú</translation>
+    </message>
+    <message>
+        <source>Copy car&amp;d…</source>
+        <translation>Co&amp;piar tarjeta…</translation>
+    </message>
+    <message>
+        <source>&amp;Verify folder…</source>
+        <translation>&amp;Verificar carpeta…</translation>
     </message>
 </context>
 </TS>

@@ -122,10 +122,6 @@ Licence MIT</translation>
         <translation>Dans un dossier</translation>
     </message>
     <message>
-        <source>Choose…</source>
-        <translation>Choisir…</translation>
-    </message>
-    <message>
         <source>Folder for the exports</source>
         <translation>Dossier des exportations</translation>
     </message>
@@ -301,6 +297,61 @@ Licence MIT</translation>
     <message>
         <source>Open folder</source>
         <translation>Ouvrir un dossier</translation>
+    </message>
+</context>
+<context>
+    <name>CardDesk</name>
+    <message>
+        <source>The card “%1” holds recordings. “Copy card…” in the menu brings them home.</source>
+        <translation>La carte « %1 » contient des enregistrements. « Copier une carte… » dans le menu les rapatrie.</translation>
+    </message>
+    <message>
+        <source>Copy card</source>
+        <translation>Copier une carte</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Takes</source>
+        <translation>Prises</translation>
+    </message>
+    <message>
+        <source>Card</source>
+        <translation>Carte</translation>
+    </message>
+    <message>
+        <source>Into</source>
+        <translation>Vers</translation>
+    </message>
+    <message>
+        <source>Verify folder</source>
+        <translation>Vérifier un dossier</translation>
+    </message>
+    <message>
+        <source>Verify</source>
+        <translation>Vérifier</translation>
+    </message>
+    <message>
+        <source>Files that are not right</source>
+        <translation>Fichiers qui ne sont pas corrects</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Dossier</translation>
+    </message>
+    <message>
+        <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
+        <translation>Des prises sont encore en cours de copie. Ce qui est copié reste ; la prochaine copie reprend là.</translation>
+    </message>
+    <message>
+        <source>Keep copying</source>
+        <translation>Continuer la copie</translation>
+    </message>
+    <message>
+        <source>Stop and quit</source>
+        <translation>Arrêter et quitter</translation>
     </message>
 </context>
 <context>
@@ -674,6 +725,13 @@ Licence MIT</translation>
     <message>
         <source>“%1” cannot be read: %2</source>
         <translation>«&#xa0;%1&#xa0;» ne peut pas être lu&#xa0;: %2</translation>
+    </message>
+</context>
+<context>
+    <name>FolderButton</name>
+    <message>
+        <source>Choose…</source>
+        <translation>Choisir…</translation>
     </message>
 </context>
 <context>
@@ -1345,6 +1403,90 @@ Licence MIT</translation>
         <source>The take cannot be read: %1</source>
         <translation>La prise ne peut pas être lue&#xa0;: %1</translation>
     </message>
+    <message>
+        <source>The card cannot be read: %1</source>
+        <translation>La carte ne peut pas être lue : %1</translation>
+    </message>
+    <message>
+        <source>The card is no folder</source>
+        <translation>La carte n’est pas un dossier</translation>
+    </message>
+    <message>
+        <source>The card is never written to, but holds the folder</source>
+        <translation>On n’écrit jamais sur la carte, or le dossier s’y trouve</translation>
+    </message>
+    <message>
+        <source>The card holds no takes</source>
+        <translation>La carte ne contient pas de prises</translation>
+    </message>
+    <message>
+        <source>The card is gone</source>
+        <translation>La carte n’est plus là</translation>
+    </message>
+    <message>
+        <source>The folder cannot be made: %1</source>
+        <translation>Le dossier ne peut pas être créé : %1</translation>
+    </message>
+    <message>
+        <source>Another copy is at work there</source>
+        <translation>Une autre copie y est en cours</translation>
+    </message>
+    <message>
+        <source>The manifest cannot be read: %1</source>
+        <translation>Le manifeste ne peut pas être lu : %1</translation>
+    </message>
+    <message>
+        <source>The manifest cannot be written: %1</source>
+        <translation>Le manifeste ne peut pas être écrit : %1</translation>
+    </message>
+    <message>
+        <source>It has no manifest (%1)</source>
+        <translation>Il n’a pas de manifeste (%1)</translation>
+    </message>
+    <message>
+        <source>The takes need %1 bytes, and %2 are free</source>
+        <translation>Les prises demandent %1 octets, et %2 sont libres</translation>
+    </message>
+    <message>
+        <source>Its name is not UTF-8, and cannot stand in a manifest</source>
+        <translation>Son nom n’est pas en UTF-8 et ne peut figurer dans un manifeste</translation>
+    </message>
+    <message>
+        <source>What is there is no file</source>
+        <translation>Ce qui s’y trouve n’est pas un fichier</translation>
+    </message>
+    <message>
+        <source>The take has %1 bytes, the file that is there %2</source>
+        <translation>La prise a %1 octets, le fichier présent %2</translation>
+    </message>
+    <message>
+        <source>The file that is there has another content</source>
+        <translation>Le fichier présent a un autre contenu</translation>
+    </message>
+    <message>
+        <source>It was changed while it was read</source>
+        <translation>Elle a changé pendant la lecture</translation>
+    </message>
+    <message>
+        <source>What was written does not read back as it was</source>
+        <translation>Ce qui a été écrit ne se relit pas à l’identique</translation>
+    </message>
+    <message>
+        <source>the manifest has no hash of it that is known here</source>
+        <translation>le manifeste n’en a pas d’empreinte connue ici</translation>
+    </message>
+    <message>
+        <source>%1 bytes, not %2</source>
+        <translation>%1 octets au lieu de %2</translation>
+    </message>
+    <message>
+        <source>another content</source>
+        <translation>autre contenu</translation>
+    </message>
+    <message>
+        <source>it cannot be listed</source>
+        <translation>il ne peut pas être listé</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1633,8 +1775,8 @@ Licence MIT</translation>
 <context>
     <name>StayAwake</name>
     <message>
-        <source>Recordings are being exported</source>
-        <translation>Des enregistrements sont en cours d’exportation</translation>
+        <source>Recordings are being exported or copied</source>
+        <translation>Des enregistrements sont en cours d’exportation ou de copie</translation>
     </message>
 </context>
 <context>
@@ -1860,6 +2002,118 @@ Licence MIT</translation>
     </message>
 </context>
 <context>
+    <name>TransferPanel</name>
+    <message>
+        <source>Progress</source>
+        <translation>Progression</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>Montrer dans le dossier</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>%1 of %2 takes</source>
+        <translation>%1 sur %2 prises</translation>
+    </message>
+    <message>
+        <source>%1/s</source>
+        <translation>%1/s</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Cancelling</source>
+        <translation>Annulation en cours</translation>
+    </message>
+</context>
+<context>
+    <name>TransferWork</name>
+    <message>
+        <source>%1 could not be listed: %2</source>
+        <translation>%1 n’a pas pu être listé : %2</translation>
+    </message>
+    <message>
+        <source>The manifest is not right: %1</source>
+        <translation>Le manifeste n’est pas correct : %1</translation>
+    </message>
+    <message>
+        <source>%1: copied and verified</source>
+        <translation>%1 : copiée et vérifiée</translation>
+    </message>
+    <message>
+        <source>%1: there already</source>
+        <translation>%1 : déjà là</translation>
+    </message>
+    <message>
+        <source>%1 differs: %2</source>
+        <translation>%1 diffère : %2</translation>
+    </message>
+    <message>
+        <source>%1 was not copied: %2</source>
+        <translation>%1 n’a pas été copiée : %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n takes are there and verified</source>
+        <translation>
+            <numerusform>%n prise est là et vérifiée</numerusform>
+            <numerusform>%n prises sont là et vérifiées</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 takes are there and verified</source>
+        <translation>%1 prises sur %2 sont là et vérifiées</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>Annulé.</translation>
+    </message>
+    <message>
+        <source>What was copied stays; the next copy goes on from there.</source>
+        <translation>Ce qui a été copié reste ; la prochaine copie reprend là.</translation>
+    </message>
+    <message>
+        <source>%1 has changed: %2</source>
+        <translation>%1 a changé : %2</translation>
+    </message>
+    <message>
+        <source>%1 is missing</source>
+        <translation>%1 manque</translation>
+    </message>
+    <message>
+        <source>%1 is now %2</source>
+        <translation>%1 est maintenant %2</translation>
+    </message>
+    <message>
+        <source>%1 is new</source>
+        <translation>%1 est nouveau</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 ne peut pas être lu : %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files are right</source>
+        <translation>
+            <numerusform>%n fichier est correct</numerusform>
+            <numerusform>%n fichiers sont corrects</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 right, %2 not</source>
+        <translation>%1 corrects, %2 non</translation>
+    </message>
+</context>
+<context>
     <name>TransportPane</name>
     <message>
         <source>Raw M/S</source>
@@ -2073,6 +2327,14 @@ Licence MIT</translation>
     <message>
         <source>Menu</source>
         <translation>Menu</translation>
+    </message>
+    <message>
+        <source>Copy car&amp;d…</source>
+        <translation>Copier &amp;une carte…</translation>
+    </message>
+    <message>
+        <source>&amp;Verify folder…</source>
+        <translation>&amp;Vérifier un dossier…</translation>
     </message>
 </context>
 </TS>

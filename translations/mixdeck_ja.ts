@@ -122,10 +122,6 @@ MIT ライセンス</translation>
         <translation>フォルダーへ</translation>
     </message>
     <message>
-        <source>Choose…</source>
-        <translation>選択…</translation>
-    </message>
-    <message>
         <source>Folder for the exports</source>
         <translation>書き出し先フォルダー</translation>
     </message>
@@ -298,6 +294,61 @@ MIT ライセンス</translation>
     <message>
         <source>Open folder</source>
         <translation>フォルダーを開く</translation>
+    </message>
+</context>
+<context>
+    <name>CardDesk</name>
+    <message>
+        <source>The card “%1” holds recordings. “Copy card…” in the menu brings them home.</source>
+        <translation>カード「%1」に録音があります。メニューの「カードをコピー…」で取り込めます。</translation>
+    </message>
+    <message>
+        <source>Copy card</source>
+        <translation>カードをコピー</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Takes</source>
+        <translation>テイク</translation>
+    </message>
+    <message>
+        <source>Card</source>
+        <translation>カード</translation>
+    </message>
+    <message>
+        <source>Into</source>
+        <translation>コピー先</translation>
+    </message>
+    <message>
+        <source>Verify folder</source>
+        <translation>フォルダーを検証</translation>
+    </message>
+    <message>
+        <source>Verify</source>
+        <translation>検証</translation>
+    </message>
+    <message>
+        <source>Files that are not right</source>
+        <translation>正しくないファイル</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>フォルダー</translation>
+    </message>
+    <message>
+        <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
+        <translation>テイクをまだコピーしています。コピーした分は残り、次のコピーはそこから続きます。</translation>
+    </message>
+    <message>
+        <source>Keep copying</source>
+        <translation>コピーを続ける</translation>
+    </message>
+    <message>
+        <source>Stop and quit</source>
+        <translation>中止して終了</translation>
     </message>
 </context>
 <context>
@@ -670,6 +721,13 @@ MIT ライセンス</translation>
     <message>
         <source>“%1” cannot be read: %2</source>
         <translation>「%1」を読み込めません：%2</translation>
+    </message>
+</context>
+<context>
+    <name>FolderButton</name>
+    <message>
+        <source>Choose…</source>
+        <translation>選択…</translation>
     </message>
 </context>
 <context>
@@ -1341,6 +1399,90 @@ MIT ライセンス</translation>
         <source>The take cannot be read: %1</source>
         <translation>テイクを読み込めません：%1</translation>
     </message>
+    <message>
+        <source>The card cannot be read: %1</source>
+        <translation>カードを読み取れません: %1</translation>
+    </message>
+    <message>
+        <source>The card is no folder</source>
+        <translation>カードがフォルダーではありません</translation>
+    </message>
+    <message>
+        <source>The card is never written to, but holds the folder</source>
+        <translation>カードには書き込みませんが、フォルダーがその中にあります</translation>
+    </message>
+    <message>
+        <source>The card holds no takes</source>
+        <translation>カードにテイクがありません</translation>
+    </message>
+    <message>
+        <source>The card is gone</source>
+        <translation>カードがなくなりました</translation>
+    </message>
+    <message>
+        <source>The folder cannot be made: %1</source>
+        <translation>フォルダーを作成できません: %1</translation>
+    </message>
+    <message>
+        <source>Another copy is at work there</source>
+        <translation>別のコピーがそこで実行中です</translation>
+    </message>
+    <message>
+        <source>The manifest cannot be read: %1</source>
+        <translation>マニフェストを読み取れません: %1</translation>
+    </message>
+    <message>
+        <source>The manifest cannot be written: %1</source>
+        <translation>マニフェストを書き込めません: %1</translation>
+    </message>
+    <message>
+        <source>It has no manifest (%1)</source>
+        <translation>マニフェストがありません (%1)</translation>
+    </message>
+    <message>
+        <source>The takes need %1 bytes, and %2 are free</source>
+        <translation>テイクには %1 バイト必要ですが、空きは %2 です</translation>
+    </message>
+    <message>
+        <source>Its name is not UTF-8, and cannot stand in a manifest</source>
+        <translation>名前が UTF-8 ではなく、マニフェストに書けません</translation>
+    </message>
+    <message>
+        <source>What is there is no file</source>
+        <translation>そこにあるのはファイルではありません</translation>
+    </message>
+    <message>
+        <source>The take has %1 bytes, the file that is there %2</source>
+        <translation>テイクは %1 バイト、そこにあるファイルは %2 バイトです</translation>
+    </message>
+    <message>
+        <source>The file that is there has another content</source>
+        <translation>そこにあるファイルは内容が異なります</translation>
+    </message>
+    <message>
+        <source>It was changed while it was read</source>
+        <translation>読み取り中に変更されました</translation>
+    </message>
+    <message>
+        <source>What was written does not read back as it was</source>
+        <translation>書き込んだ内容が読み戻しと一致しません</translation>
+    </message>
+    <message>
+        <source>the manifest has no hash of it that is known here</source>
+        <translation>マニフェストにここで扱えるハッシュがありません</translation>
+    </message>
+    <message>
+        <source>%1 bytes, not %2</source>
+        <translation>%2 ではなく %1 バイト</translation>
+    </message>
+    <message>
+        <source>another content</source>
+        <translation>内容が異なります</translation>
+    </message>
+    <message>
+        <source>it cannot be listed</source>
+        <translation>一覧を取得できません</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1628,8 +1770,8 @@ MIT ライセンス</translation>
 <context>
     <name>StayAwake</name>
     <message>
-        <source>Recordings are being exported</source>
-        <translation>録音を書き出しています</translation>
+        <source>Recordings are being exported or copied</source>
+        <translation>録音を書き出しまたはコピーしています</translation>
     </message>
 </context>
 <context>
@@ -1855,6 +1997,116 @@ MIT ライセンス</translation>
     </message>
 </context>
 <context>
+    <name>TransferPanel</name>
+    <message>
+        <source>Progress</source>
+        <translation>進行状況</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>フォルダーに表示</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>%1 of %2 takes</source>
+        <translation>%2 テイク中 %1</translation>
+    </message>
+    <message>
+        <source>%1/s</source>
+        <translation>%1/秒</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Cancelling</source>
+        <translation>キャンセルしています</translation>
+    </message>
+</context>
+<context>
+    <name>TransferWork</name>
+    <message>
+        <source>%1 could not be listed: %2</source>
+        <translation>%1 の一覧を取得できませんでした: %2</translation>
+    </message>
+    <message>
+        <source>The manifest is not right: %1</source>
+        <translation>マニフェストが正しくありません: %1</translation>
+    </message>
+    <message>
+        <source>%1: copied and verified</source>
+        <translation>%1: コピーして検証しました</translation>
+    </message>
+    <message>
+        <source>%1: there already</source>
+        <translation>%1: 既にあります</translation>
+    </message>
+    <message>
+        <source>%1 differs: %2</source>
+        <translation>%1 は異なります: %2</translation>
+    </message>
+    <message>
+        <source>%1 was not copied: %2</source>
+        <translation>%1 はコピーされませんでした: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n takes are there and verified</source>
+        <translation>
+            <numerusform>%n テイクがそろい、検証済みです</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 takes are there and verified</source>
+        <translation>%2 テイク中 %1 がそろい、検証済みです</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>キャンセルしました。</translation>
+    </message>
+    <message>
+        <source>What was copied stays; the next copy goes on from there.</source>
+        <translation>コピーした分は残り、次のコピーはそこから続きます。</translation>
+    </message>
+    <message>
+        <source>%1 has changed: %2</source>
+        <translation>%1 は変わっています: %2</translation>
+    </message>
+    <message>
+        <source>%1 is missing</source>
+        <translation>%1 がありません</translation>
+    </message>
+    <message>
+        <source>%1 is now %2</source>
+        <translation>%1 は現在 %2 です</translation>
+    </message>
+    <message>
+        <source>%1 is new</source>
+        <translation>%1 は新しいファイルです</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 を読み取れません: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files are right</source>
+        <translation>
+            <numerusform>%n ファイルが正しいです</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 right, %2 not</source>
+        <translation>正しい: %1、正しくない: %2</translation>
+    </message>
+</context>
+<context>
     <name>TransportPane</name>
     <message>
         <source>Raw M/S</source>
@@ -2067,6 +2319,14 @@ MIT ライセンス</translation>
     <message>
         <source>Menu</source>
         <translation>メニュー</translation>
+    </message>
+    <message>
+        <source>Copy car&amp;d…</source>
+        <translation>カードをコピー(&amp;D)…</translation>
+    </message>
+    <message>
+        <source>&amp;Verify folder…</source>
+        <translation>フォルダーを検証(&amp;V)…</translation>
     </message>
 </context>
 </TS>

@@ -122,10 +122,6 @@ MIT 许可证</translation>
         <translation>到一个文件夹</translation>
     </message>
     <message>
-        <source>Choose…</source>
-        <translation>选择…</translation>
-    </message>
-    <message>
         <source>Folder for the exports</source>
         <translation>导出文件夹</translation>
     </message>
@@ -298,6 +294,61 @@ MIT 许可证</translation>
     <message>
         <source>Open folder</source>
         <translation>打开文件夹</translation>
+    </message>
+</context>
+<context>
+    <name>CardDesk</name>
+    <message>
+        <source>The card “%1” holds recordings. “Copy card…” in the menu brings them home.</source>
+        <translation>存储卡“%1”中有录音。菜单中的“复制存储卡…”可将其取回。</translation>
+    </message>
+    <message>
+        <source>Copy card</source>
+        <translation>复制存储卡</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Takes</source>
+        <translation>录音</translation>
+    </message>
+    <message>
+        <source>Card</source>
+        <translation>存储卡</translation>
+    </message>
+    <message>
+        <source>Into</source>
+        <translation>复制到</translation>
+    </message>
+    <message>
+        <source>Verify folder</source>
+        <translation>校验文件夹</translation>
+    </message>
+    <message>
+        <source>Verify</source>
+        <translation>校验</translation>
+    </message>
+    <message>
+        <source>Files that are not right</source>
+        <translation>不正确的文件</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
+        <translation>仍在复制录音。已复制的会保留；下次复制从那里继续。</translation>
+    </message>
+    <message>
+        <source>Keep copying</source>
+        <translation>继续复制</translation>
+    </message>
+    <message>
+        <source>Stop and quit</source>
+        <translation>停止并退出</translation>
     </message>
 </context>
 <context>
@@ -670,6 +721,13 @@ MIT 许可证</translation>
     <message>
         <source>“%1” cannot be read: %2</source>
         <translation>无法读取“%1”：%2</translation>
+    </message>
+</context>
+<context>
+    <name>FolderButton</name>
+    <message>
+        <source>Choose…</source>
+        <translation>选择…</translation>
     </message>
 </context>
 <context>
@@ -1341,6 +1399,90 @@ MIT 许可证</translation>
         <source>The take cannot be read: %1</source>
         <translation>无法读取录音：%1</translation>
     </message>
+    <message>
+        <source>The card cannot be read: %1</source>
+        <translation>无法读取存储卡：%1</translation>
+    </message>
+    <message>
+        <source>The card is no folder</source>
+        <translation>存储卡不是文件夹</translation>
+    </message>
+    <message>
+        <source>The card is never written to, but holds the folder</source>
+        <translation>从不写入存储卡，但该文件夹就在卡上</translation>
+    </message>
+    <message>
+        <source>The card holds no takes</source>
+        <translation>存储卡中没有录音</translation>
+    </message>
+    <message>
+        <source>The card is gone</source>
+        <translation>存储卡已不在</translation>
+    </message>
+    <message>
+        <source>The folder cannot be made: %1</source>
+        <translation>无法创建文件夹：%1</translation>
+    </message>
+    <message>
+        <source>Another copy is at work there</source>
+        <translation>另一个复制正在那里进行</translation>
+    </message>
+    <message>
+        <source>The manifest cannot be read: %1</source>
+        <translation>无法读取清单：%1</translation>
+    </message>
+    <message>
+        <source>The manifest cannot be written: %1</source>
+        <translation>无法写入清单：%1</translation>
+    </message>
+    <message>
+        <source>It has no manifest (%1)</source>
+        <translation>没有清单（%1）</translation>
+    </message>
+    <message>
+        <source>The takes need %1 bytes, and %2 are free</source>
+        <translation>录音需要 %1 字节，可用 %2 字节</translation>
+    </message>
+    <message>
+        <source>Its name is not UTF-8, and cannot stand in a manifest</source>
+        <translation>其名称不是 UTF-8，无法写入清单</translation>
+    </message>
+    <message>
+        <source>What is there is no file</source>
+        <translation>那里的不是文件</translation>
+    </message>
+    <message>
+        <source>The take has %1 bytes, the file that is there %2</source>
+        <translation>录音有 %1 字节，那里的文件有 %2 字节</translation>
+    </message>
+    <message>
+        <source>The file that is there has another content</source>
+        <translation>那里的文件内容不同</translation>
+    </message>
+    <message>
+        <source>It was changed while it was read</source>
+        <translation>读取时被更改</translation>
+    </message>
+    <message>
+        <source>What was written does not read back as it was</source>
+        <translation>写入的内容读回时不一致</translation>
+    </message>
+    <message>
+        <source>the manifest has no hash of it that is known here</source>
+        <translation>清单中没有此处可识别的校验值</translation>
+    </message>
+    <message>
+        <source>%1 bytes, not %2</source>
+        <translation>%1 字节，而非 %2</translation>
+    </message>
+    <message>
+        <source>another content</source>
+        <translation>内容不同</translation>
+    </message>
+    <message>
+        <source>it cannot be listed</source>
+        <translation>无法列出</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1628,8 +1770,8 @@ MIT 许可证</translation>
 <context>
     <name>StayAwake</name>
     <message>
-        <source>Recordings are being exported</source>
-        <translation>正在导出录音</translation>
+        <source>Recordings are being exported or copied</source>
+        <translation>正在导出或复制录音</translation>
     </message>
 </context>
 <context>
@@ -1855,6 +1997,116 @@ MIT 许可证</translation>
     </message>
 </context>
 <context>
+    <name>TransferPanel</name>
+    <message>
+        <source>Progress</source>
+        <translation>进度</translation>
+    </message>
+    <message>
+        <source>Show in folder</source>
+        <translation>在文件夹中显示</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>%1 of %2 takes</source>
+        <translation>%2 条录音中的 %1 条</translation>
+    </message>
+    <message>
+        <source>%1/s</source>
+        <translation>%1/秒</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Cancelling</source>
+        <translation>正在取消</translation>
+    </message>
+</context>
+<context>
+    <name>TransferWork</name>
+    <message>
+        <source>%1 could not be listed: %2</source>
+        <translation>无法列出 %1：%2</translation>
+    </message>
+    <message>
+        <source>The manifest is not right: %1</source>
+        <translation>清单不正确：%1</translation>
+    </message>
+    <message>
+        <source>%1: copied and verified</source>
+        <translation>%1：已复制并校验</translation>
+    </message>
+    <message>
+        <source>%1: there already</source>
+        <translation>%1：已存在</translation>
+    </message>
+    <message>
+        <source>%1 differs: %2</source>
+        <translation>%1 不一致：%2</translation>
+    </message>
+    <message>
+        <source>%1 was not copied: %2</source>
+        <translation>未复制 %1：%2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n takes are there and verified</source>
+        <translation>
+            <numerusform>%n 条录音已就位并校验</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 takes are there and verified</source>
+        <translation>%2 条录音中有 %1 条已就位并校验</translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation>已取消。</translation>
+    </message>
+    <message>
+        <source>What was copied stays; the next copy goes on from there.</source>
+        <translation>已复制的会保留；下次复制从那里继续。</translation>
+    </message>
+    <message>
+        <source>%1 has changed: %2</source>
+        <translation>%1 已改变：%2</translation>
+    </message>
+    <message>
+        <source>%1 is missing</source>
+        <translation>缺少 %1</translation>
+    </message>
+    <message>
+        <source>%1 is now %2</source>
+        <translation>%1 现为 %2</translation>
+    </message>
+    <message>
+        <source>%1 is new</source>
+        <translation>%1 是新增的</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>无法读取 %1：%2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n files are right</source>
+        <translation>
+            <numerusform>%n 个文件正确</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 right, %2 not</source>
+        <translation>%1 个正确，%2 个不正确</translation>
+    </message>
+</context>
+<context>
     <name>TransportPane</name>
     <message>
         <source>Raw M/S</source>
@@ -2067,6 +2319,14 @@ MIT 许可证</translation>
     <message>
         <source>Menu</source>
         <translation>菜单</translation>
+    </message>
+    <message>
+        <source>Copy car&amp;d…</source>
+        <translation>复制存储卡(&amp;D)…</translation>
+    </message>
+    <message>
+        <source>&amp;Verify folder…</source>
+        <translation>校验文件夹(&amp;V)…</translation>
     </message>
 </context>
 </TS>

@@ -22,7 +22,7 @@ DesktopPresence::DesktopPresence(WindowController& window, BusLink& link, OneWin
   followLook();
   QObject::connect(&_mpris, &MprisService::raiseRequested, &window, [&window] { window.raise(); });
   QObject::connect(&_mpris, &MprisService::quitRequested, &window.window(), &QWidget::close);
-  keepAwake(window.viewController().exportQueue());
+  keepAwake(window.viewController());
   one.serve([&window](const OneWindow::Wish& wish) { fulfil(wish, window); });
 }
 
@@ -42,8 +42,13 @@ void DesktopPresence::appear(const QDBusConnection& bus) {
   _awake.begin(bus);
 }
 
-void DesktopPresence::keepAwake(ExportQueue& exports) {
-  const auto look = [this, &exports] { _awake.setBusy(exports.isBusy()); };
+void DesktopPresence::keepAwake(ViewController& window) {
+  const ExportQueue& exports = window.exportQueue();
+  const CardDesk& cards = window.cards();
+  const auto look = [this, &exports, &cards] {
+    _awake.setBusy(exports.isBusy() || cards.isBusy());
+  };
+  QObject::connect(&cards, &CardDesk::busyChanged, &_awake, look);
   QObject::connect(&exports, &ExportQueue::began, &_awake, look);
   QObject::connect(&exports, &ExportQueue::finished, &_awake, look);
 }

@@ -21,7 +21,7 @@ class DesktopPresence {
  private:
   void followLook();
   void begin();
-  void keepAwake(ExportQueue& exports);
+  void keepAwake(ViewController& window);
   void appear(const QDBusConnection& bus);
   static void fulfil(const OneWindow::Wish& wish, WindowController& window);
 

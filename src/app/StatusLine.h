@@ -11,7 +11,7 @@ class StatusLine : public QLabel {
   Q_OBJECT
 
  public:
-  enum class Topic { Looking, Opening, Recording, Sound, Folder, Export, Memory, Repair };
+  enum class Topic { Looking, Opening, Recording, Sound, Folder, Export, Memory, Repair, Card };
 
   explicit StatusLine(QWidget* parent = nullptr);
 

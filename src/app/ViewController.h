@@ -36,7 +36,7 @@ class ViewController : public QObject, public MIDIManagerDelegate {
   /// Opens the first of these, a folder or a recording, and selects with a recording those others
   /// that are in its folder.
   void open(const std::vector<std::filesystem::path>& files);
-  bool mayEnd() { return _panes.commands.mayEnd(); }
+  bool mayEnd() { return _panes.commands.mayEnd() && _panes.cards.mayEnd(); }
   void notify(const Notification& event);
 
   void openFolder(const std::filesystem::path& folder) { _panes.browser.openFolder(folder); }
@@ -102,6 +102,8 @@ class ViewController : public QObject, public MIDIManagerDelegate {
   [[nodiscard]] const std::shared_ptr<Export>& exportJob() const { return _panes.take.job(); }
   /// The exports that run or wait.
   [[nodiscard]] ExportQueue& exportQueue() { return _panes.exports; }
+  /// What is done between cards and disk.
+  [[nodiscard]] CardDesk& cards() { return _panes.cards; }
   [[nodiscard]] const QString& versionString() const { return _panes.commands.versionString(); }
   [[nodiscard]] bool isMuteVolume() const { return _panes.sound.isMuted(); }
 

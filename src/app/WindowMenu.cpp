@@ -14,6 +14,8 @@ WindowMenu::WindowMenu(QWidget& window) : QMenu(&window) {
   setAccessibleName(tr("Menu"));
   actionOpenFolder = add(*this, tr("&Open folder…"), QKeySequence::Open);
   actionExport = add(*this, tr("&Export…"), Qt::CTRL | Qt::Key_E);
+  actionCopyCard = add(*this, tr("Copy car&d…"));
+  actionVerifyFolder = add(*this, tr("&Verify folder…"));
   addSeparator();
   makePlaying();
   makeOrder();

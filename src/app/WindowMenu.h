@@ -29,6 +29,8 @@ class WindowMenu : public QMenu {
 
   QAction* actionOpenFolder = nullptr;
   QAction* actionExport = nullptr;
+  QAction* actionCopyCard = nullptr;
+  QAction* actionVerifyFolder = nullptr;
   QAction* actionPlay = nullptr;
   QAction* actionBack = nullptr;
   QAction* actionForward = nullptr;

@@ -6,6 +6,7 @@
 
 #include "app/Announcements.h"
 #include "app/BrowserPane.h"
+#include "app/CardDesk.h"
 #include "app/DevicePane.h"
 #include "app/FolderBrowser.h"
 #include "app/LevelFeed.h"
@@ -87,6 +88,9 @@ struct WindowPanes {
   ExportDesk desk{exports, view};
   BatchDesk batch{exports, view};
   SelectedExport selected{{files, take, *view.player->lblStatus, desk, batch, recall}, &owner};
+  CardDesk cards{{view, *view.menu->actionCopyCard, *view.menu->actionVerifyFolder,
+                  *view.player->lblStatus, browser},
+                 &owner};
   TakeInformant informant{view, take, measured, &owner};
   WindowCommands commands{{view, *view.menu, *view.player->btnExport, *view.player->lblStatus,
                            exports, desk, &measured},

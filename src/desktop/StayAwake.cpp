@@ -41,7 +41,8 @@ void StayAwake::ask() {
   _isAsked = true;
   QDBusMessage question =
       QDBusMessage::createMethodCall(kService, kPath, kInhibit, QStringLiteral("Inhibit"));
-  const QVariantMap options{{QStringLiteral("reason"), tr("Recordings are being exported")}};
+  const QVariantMap options{
+      {QStringLiteral("reason"), tr("Recordings are being exported or copied")}};
   question.setArguments({QString(), kSuspend, options});
   auto* const watcher = new QDBusPendingCallWatcher(_bus->asyncCall(question), this);
   connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {

@@ -10,16 +10,6 @@
 #include <array>
 #include <cstddef>
 
-#include "controls/Appearance.h"
-#include "dialogs/FolderPanel.h"
-#include "dialogs/PathText.h"
-
-namespace {
-
-constexpr int kFolderWidth = 180;
-
-}  // namespace
-
 BatchChoices::BatchChoices(QWidget* parent) : QWidget(parent) {
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
@@ -100,22 +90,20 @@ void BatchChoices::chooseLevel(const QCheckBox* changedOne) {
 QLayout* BatchChoices::places() {
   _beside = new QRadioButton(tr("Beside each take"), this);
   _into = new QRadioButton(tr("Into a folder"), this);
-  _folderButton = new QPushButton(tr("Choose…"), this);
+  _folder = new FolderButton(tr("Folder for the exports"), this);
   _beside->setObjectName(QStringLiteral("beside"));
   _into->setObjectName(QStringLiteral("intoFolder"));
-  _folderButton->setObjectName(QStringLiteral("folder"));
-  _folderButton->setAccessibleName(tr("Folder for the exports"));
-  _folderButton->setAutoDefault(false);
+  _folder->setObjectName(QStringLiteral("folder"));
   auto* const group = new QButtonGroup(this);
   group->addButton(_beside);
   group->addButton(_into);
   _beside->setChecked(true);
   connect(_into, &QRadioButton::toggled, this, &BatchChoices::choosePlace);
-  connect(_folderButton, &QPushButton::clicked, this, &BatchChoices::askForFolder);
+  connect(_folder, &FolderButton::chosen, this, &BatchChoices::takeFolder);
   auto* const row = new QHBoxLayout;
   row->setSpacing(8);
   row->addWidget(_into);
-  row->addWidget(_folderButton);
+  row->addWidget(_folder);
   row->addStretch();
   auto* const column = new QVBoxLayout;
   column->setSpacing(2);
@@ -147,37 +135,23 @@ void BatchChoices::offerRemembered() {
 }
 
 void BatchChoices::choosePlace() {
-  if (_into->isChecked() && _folder.empty()) askForFolder();
+  if (_into->isChecked() && _folder->folder().empty()) _folder->ask();
   emit changed();
 }
 
-void BatchChoices::askForFolder() {
-  auto* const panel = new FolderPanel(this);
-  panel->openFolder(_folder.empty() ? _start : _folder);
-  connect(panel, &FolderPanel::chosen, this, &BatchChoices::setFolder);
-  panel->open();
-}
-
-void BatchChoices::setFolder(const std::filesystem::path& folder) {
-  _folder = folder;
-  const QString path = PathText::textOf(folder);
-  const QString name = folder.has_filename() ? PathText::textOf(folder.filename()) : path;
-  _folderButton->setText(_folderButton->fontMetrics().elidedText(
-      name, Qt::ElideMiddle, Appearance::lineWidth(kFolderWidth, font())));
-  _folderButton->setToolTip(path);
-  _folderButton->setAccessibleDescription(path);
+void BatchChoices::takeFolder() {
   _into->setChecked(true);
   emit changed();
 }
 
 bool BatchChoices::isWhole() const {
-  const bool hasPlace = _beside->isChecked() || !_folder.empty();
+  const bool hasPlace = _beside->isChecked() || !_folder->folder().empty();
   return hasPlace && (!isToLoudness() || lufs());
 }
 
 void BatchChoices::putInto(BatchWish& wish) const {
   using Existing = BatchWish::Existing;
-  wish.folder = _into->isChecked() ? _folder : std::filesystem::path();
+  wish.folder = _into->isChecked() ? _folder->folder() : std::filesystem::path();
   wish.existing = std::array{Existing::Skip, Existing::Replace,
                              Existing::Number}[static_cast<std::size_t>(_existing->currentIndex())];
   wish.isAsRemembered = isAsRemembered();

@@ -6,12 +6,12 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLayout>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QWidget>
 #include <filesystem>
 #include <optional>
 
+#include "dialogs/FolderButton.h"
 #include "dialogs/LoudnessField.h"
 #include "queue/BatchPlan.h"
 
@@ -24,7 +24,7 @@ class BatchChoices : public QWidget {
   explicit BatchChoices(QWidget* parent = nullptr);
 
   /// Where the search for a folder begins.
-  void setStart(const std::filesystem::path& folder) { _start = folder; }
+  void setStart(const std::filesystem::path& folder) { _folder->setStart(folder); }
   /// Offers what is remembered of takes; at first that is not to be seen.
   void offerRemembered();
   [[nodiscard]] bool isAsRemembered() const { return _remembered->isChecked(); }
@@ -48,8 +48,7 @@ class BatchChoices : public QWidget {
   QLabel* heading(const QString& text);
   void chooseLevel(const QCheckBox* changed);
   void choosePlace();
-  void askForFolder();
-  void setFolder(const std::filesystem::path& folder);
+  void takeFolder();
 
   QRadioButton* _radio24;
   QRadioButton* _radio32;
@@ -60,8 +59,6 @@ class BatchChoices : public QWidget {
   LoudnessField* _loudness;
   QRadioButton* _beside;
   QRadioButton* _into;
-  QPushButton* _folderButton;
+  FolderButton* _folder;
   QComboBox* _existing;
-  std::filesystem::path _start;
-  std::filesystem::path _folder;
 };

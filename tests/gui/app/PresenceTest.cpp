@@ -66,6 +66,23 @@ TEST_F(Presence, ExportsKeepTheMachineAwakeAndNothingElseDoes) {
                                                 "Close /org/freedesktop/portal/desktop/request/1"));
 }
 
+TEST_F(Presence, ACopyKeepsTheMachineAwake) {
+  const TemporaryFolder card;
+  std::filesystem::rename(take("R0001.WAV"), card.path() / "R0001.WAV");
+  appear();
+  CardDesk& cards = controller().cards();
+  cards.setFind([path = card.path()] { return std::vector{path}; });
+  cards.look();
+  waitFor([&] { return !cards.card().empty(); }, "the card");
+  view().menu->actionCopyCard->trigger();
+  press(shown<TransferPanel>(), "Copy");
+  waitForPortal(1);
+  waitFor([&] { return !cards.isBusy(); }, "the copy");
+  waitForPortal(2);
+  EXPECT_THAT(portal.told, testing::ElementsAre("Inhibit /org/freedesktop/portal/desktop",
+                                                "Close /org/freedesktop/portal/desktop/request/1"));
+}
+
 TEST_F(Presence, FilesThatOthersHandOverAreOpened) {
   take("R0001.WAV");
   const auto inner = folder("a folder");
