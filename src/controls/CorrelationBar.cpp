@@ -50,7 +50,7 @@ std::optional<int> CorrelationBar::hundredths(std::optional<double> value) {
 QString CorrelationBar::text(std::optional<double> value) {
   const std::optional<int> shown = hundredths(value);
   if (!shown) return QStringLiteral("–");
-  const QString digits = NumberText::of(std::abs(*shown) / 100.0, 2);
+  QString digits = NumberText::of(std::abs(*shown) / 100.0, 2);
   if (*shown == 0) return digits;
   return (*shown > 0 ? u'+' : u'-') + digits;
 }

@@ -5,6 +5,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 
 #include "controls/Colors.h"
 #include "dialogs/QueueModel.h"
@@ -30,12 +31,12 @@ void drawGround(QPainter& painter, const QStyleOptionViewItem& option) {
   painter.drawRoundedRect(ground.adjusted(1.0, 1.0, -1.0, -1.0), kRadius, kRadius);
 }
 
-// As much of the row as the state needs, half of it at most; a name is cut in its middle.
+// A name is cut in its middle.
 void drawTexts(QPainter& painter, const QRect& row, const QModelIndex& index) {
   const QFontMetrics metrics = painter.fontMetrics();
   const QString state = index.data(QueueModel::kStateRole).toString();
   const bool hasFailed = index.data(QueueModel::kFailedRole).toBool();
-  const int stateWidth = std::min(metrics.horizontalAdvance(state), row.width() * 3 / 5);
+  const int stateWidth = QueueCell::roomFor(state, painter.font(), row.width());
   const QRect name = row.adjusted(0, 0, -stateWidth - kGap, 0);
   constexpr int kLine = Qt::AlignVCenter | Qt::TextSingleLine;
   painter.setPen(Colors::WHITE());
@@ -58,6 +59,12 @@ void drawBar(QPainter& painter, const QRect& row, double done) {
 }
 
 }  // namespace
+
+// A text that is a part of a pixel wider than its room is cut.
+int QueueCell::roomFor(const QString& state, const QFont& font, int rowWidth) {
+  const double needed = std::ceil(QFontMetricsF(font).horizontalAdvance(state));
+  return std::min(static_cast<int>(needed), rowWidth * 3 / 5);
+}
 
 void QueueCell::paint(QPainter* painter, const QStyleOptionViewItem& option,
                       const QModelIndex& index) const {

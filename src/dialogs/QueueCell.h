@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QFont>
+#include <QString>
 #include <QStyledItemDelegate>
 
 /// Draws a line of the export queue: the take's name, its state at the right, and while it runs a
@@ -11,6 +13,9 @@ class QueueCell : public QStyledItemDelegate {
 
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
+
+  /// Pixels that a state has in a row of this width: as many as it needs, three fifths at most.
+  [[nodiscard]] static int roomFor(const QString& state, const QFont& font, int rowWidth);
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override;

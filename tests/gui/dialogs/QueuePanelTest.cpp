@@ -9,6 +9,7 @@
 
 #include "DialogFixture.h"
 #include "dialogs/BatchDesk.h"
+#include "dialogs/QueueCell.h"
 #include "queue/MediumPace.h"
 
 namespace {
@@ -206,6 +207,17 @@ TEST_F(QueuePanelTest, TheSingleDialogLeadsToTheQueueMeanwhile) {
   _desk->ask(job());
   EXPECT_EQ(shown<ExportVC>(), nullptr);
   EXPECT_TRUE(_panel->isVisible());
+}
+
+TEST_F(QueuePanelTest, AStateThatHasRoomIsShownWhole) {
+  constexpr int kRow = 384;
+  const QFont font = QApplication::font();
+  for (int percent = 0; percent < 100; ++percent) {
+    const QString state = QStringLiteral("%1 % · About %2 s left").arg(percent).arg(100 - percent);
+    const int room = QueueCell::roomFor(state, font, kRow);
+    EXPECT_EQ(QFontMetrics(font).elidedText(state, Qt::ElideRight, room), state);
+  }
+  EXPECT_EQ(QueueCell::roomFor(QString(200, u'x'), font, kRow), kRow * 3 / 5);
 }
 
 TEST_F(QueuePanelTest, EverythingHasAName) {
