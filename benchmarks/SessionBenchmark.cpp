@@ -21,6 +21,7 @@
 #include "ShownWindow.h"
 #include "app/DeviceLink.h"
 #include "app/WindowController.h"
+#include "base/FreedMemory.h"
 #include "controls/Appearance.h"
 #include "playback/system/SystemBackends.h"
 #include "queue/ExportQueue.h"
@@ -85,6 +86,7 @@ double exportAll(ExportQueue& queue, const std::vector<fs::path>& takes, const f
 int main(int argc, char** argv) {
   if (argc != 4) return EXIT_FAILURE;
   const fs::path folder = argv[1];
+  FreedMemory::goesBack();
   QApplication application(argc, argv);
   Appearance::apply(application);
   SystemBackends::choose();

@@ -15,6 +15,7 @@
 #include "app/ProgramOptions.h"
 #include "app/WindowController.h"
 #include "base/FileAddress.h"
+#include "base/FreedMemory.h"
 #include "controls/Appearance.h"
 #include "controls/Language.h"
 #include "desktop/BusLink.h"
@@ -64,6 +65,7 @@ int run(QApplication& application, const ProgramOptions& options, const QString&
 int main(int argc, char** argv) {
   const ProgramOptions options = ProgramOptions::parse(argc, argv);
   if (options.status) return *options.status;
+  FreedMemory::goesBack();
   const ProgramLog log(options.showsLog);
   const QString token = startToken();
   const auto application = makeApplication(argc, argv);
