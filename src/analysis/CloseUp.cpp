@@ -5,10 +5,10 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 #include <span>
 
 #include "analysis/BinKeys.h"
+#include "analysis/Extremes.h"
 #include "analysis/PeakEnvelope.h"
 #include "analysis/WaveformBins.h"
 #include "analysis/WidthGrid.h"
@@ -17,15 +17,14 @@
 
 namespace {
 
-constexpr std::size_t kBlockFrames = 512;
-constexpr float kFar = std::numeric_limits<float>::infinity();
+constexpr std::size_t kFramesAtOnce = 512;
 
 /// What is found in one column.
 struct Found {
   explicit Found(bool isRawMidSide)
       : count(isRawMidSide ? PeakEnvelope::kRawExtremes : PeakEnvelope::kPlainExtremes),
         gains(isRawMidSide ? WidthGrid::nodeGains().subspan(1) : std::span<const float>()) {
-    for (std::size_t i = 0; i < extremes.size(); ++i) extremes[i] = i % 2 == 0 ? -kFar : kFar;
+    Extremes::makeEmpty(extremes);
   }
 
   template <class Kernels>
@@ -61,7 +60,7 @@ std::shared_ptr<const CloseUp> CloseUp::read(const WaveFileReader& reader, std::
   FrameStream stream(reader);
   stream.seek(stretch.from);
   stream.stopAt(stretch.to);
-  std::vector<float> block(2 * kBlockFrames);
+  std::vector<float> block(2 * kFramesAtOnce);
   for (std::size_t i = 0; i < columns; ++i) {
     if (cancel != nullptr && *cancel) return nullptr;
     if (!closeUp->readColumn(stream, i, block)) return nullptr;
@@ -75,7 +74,7 @@ bool CloseUp::readColumn(FrameStream& stream, std::size_t column, std::vector<fl
   const std::uint64_t end = std::max(begin + 1, _columns.columnStart(column + 1));
   if (_columns.to - stream.framesLeft() != begin) stream.seek(begin);
   for (std::uint64_t at = begin; at < end;) {
-    const std::uint64_t count = std::min<std::uint64_t>(kBlockFrames, end - at);
+    const std::uint64_t count = std::min<std::uint64_t>(kFramesAtOnce, end - at);
     const std::span<float> frames = std::span(block).first(2 * count);
     if (stream.read(frames) != count) return false;
     if (AnalysisKernels::areFinite(frames)) {

@@ -5,9 +5,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "analysis/BinKeys.h"
+#include "analysis/Extremes.h"
 #include "analysis/WidthGrid.h"
 #include "dsp/AnalysisKernels.h"
 #include "dsp/Oversampling.h"
@@ -21,9 +21,7 @@ constexpr std::size_t kPartFrames = 32;  // of a piece, for the values between s
 constexpr std::size_t kReach = std::max(Oversampling::kBefore, Oversampling::kAfter);
 using Values = PeakEnvelope::Values;
 
-constexpr float kFar = std::numeric_limits<float>::infinity();
-
-std::span<const float> gainsOf(const TakeLayout& layout) {
+std::span<const float> nodeGainsOf(const TakeLayout& layout) {
   if (!layout.isRawMidSide()) return {};
   return WidthGrid::nodeGains().subspan(1);
 }
@@ -33,11 +31,6 @@ void widen(std::span<float> extremes, std::span<const float> by) {
     extremes[i] = std::max(extremes[i], by[i]);
     extremes[i + 1] = std::min(extremes[i + 1], by[i + 1]);
   }
-}
-
-template <std::size_t Size>
-void makeEmpty(std::array<float, Size>& extremes) {
-  for (std::size_t i = 0; i < Size; ++i) extremes[i] = i % 2 == 0 ? -kFar : kFar;
 }
 
 }  // namespace
@@ -138,12 +131,12 @@ void UnitPass::addBin(std::size_t begin, std::size_t end) {
 
 void UnitPass::addPiece(std::size_t begin, std::size_t end) {
   Piece& piece = _pieces.emplace_back(Piece{begin, end, {}});
-  makeEmpty(piece.extremes);
+  Extremes::makeEmpty(piece.extremes);
   const std::span extremes = std::span(piece.extremes).first(_extremes);
   if (_isFinite) {
-    AnalysisKernels::raiseExtremes(frames(begin, end), gainsOf(_layout), extremes);
+    AnalysisKernels::raiseExtremes(frames(begin, end), nodeGainsOf(_layout), extremes);
   } else {
-    PlainAnalysisKernels::raiseExtremes(frames(begin, end), gainsOf(_layout), extremes);
+    PlainAnalysisKernels::raiseExtremes(frames(begin, end), nodeGainsOf(_layout), extremes);
   }
 }
 

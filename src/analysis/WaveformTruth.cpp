@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 #include <span>
 
+#include "analysis/Extremes.h"
 #include "dsp/AnalysisKernels.h"
 #include "dsp/Kernels.h"
 #include "dsp/PlainAnalysisKernels.h"
@@ -17,7 +17,6 @@
 namespace {
 
 constexpr std::size_t kBlockFrames = 4096;
-constexpr float kFar = std::numeric_limits<float>::infinity();
 
 bool isOverFullScale(const Waveform::Column& column) {
   return column.greatestLeft > 1.0F || column.leastLeft < -1.0F || column.greatestRight > 1.0F ||
@@ -48,6 +47,7 @@ bool WaveformTruth::settle(Waveform& waveform, const std::atomic<bool>* cancel) 
 }
 
 bool WaveformTruth::read(std::uint64_t from, std::uint64_t to, Waveform::Column& column) {
+  constexpr float kFar = Extremes::kFar;
   Waveform::Column truth{kFar, -kFar, kFar, -kFar, true, false};
   goTo(from);
   while (from < to) {
@@ -69,7 +69,8 @@ void WaveformTruth::goTo(std::uint64_t frame) {
 void WaveformTruth::widen(std::uint64_t frames, Waveform::Column& column) {
   const std::span<float> block = std::span(_block).first(2 * frames);
   if (_isRawMidSide) Kernels::decodeMidSide(block, _sideGain);
-  std::array<float, 4> extremes{-kFar, kFar, -kFar, kFar};
+  std::array<float, 4> extremes{};
+  Extremes::makeEmpty(extremes);
   if (AnalysisKernels::areFinite(block)) {
     AnalysisKernels::raiseExtremes(block, {}, extremes);
   } else {

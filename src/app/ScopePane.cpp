@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr double kMsPerSecond = 1000;
 constexpr double kMostLate = 6;  // intervals; after more the picture begins anew
 
 }  // namespace

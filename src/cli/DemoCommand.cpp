@@ -41,7 +41,7 @@ constexpr std::array kRecordings{
     Recording{"R0003.WAV", "Mixdeck demo: the same walk as plain left and right", true, false},
 };
 
-constexpr std::size_t kBlockFloats = 9600;
+constexpr std::size_t kFloatsAtOnce = 9600;
 
 // What the recorder's header has in common with an export's: two channels and the rate.
 std::unique_ptr<WaveFileReader> blankRecording() {
@@ -70,10 +70,10 @@ BextChunkInfo extensionOf(const Recording& recording) {
 
 void writeSamples(const Recording& recording, BwfWriter& writer) {
   DemoScene scene;
-  std::vector<float> block(kBlockFloats);
-  std::vector<std::byte> packed(3 * kBlockFloats);
+  std::vector<float> block(kFloatsAtOnce);
+  std::vector<std::byte> packed(3 * kFloatsAtOnce);
   for (std::uint64_t left = 2 * DemoScene::kFrames; left > 0; left -= block.size()) {
-    block.resize(std::min<std::uint64_t>(left, kBlockFloats));
+    block.resize(std::min<std::uint64_t>(left, kFloatsAtOnce));
     scene.fill(block);
     if (!recording.isRaw) MidSideDecoder::decode(block, SideGain::kUnityAngle);
     if (!recording.is24bit) {

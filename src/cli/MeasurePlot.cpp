@@ -25,7 +25,7 @@ constexpr std::string_view kWave = "#7FB4E0";
 constexpr std::string_view kClip = "#E0554F";
 constexpr std::string_view kPeakColour = "#E8B04B";
 
-std::string escaped(std::string_view words) {
+std::string inMarkup(std::string_view words) {
   std::string text;
   for (const char character : words) {
     switch (character) {
@@ -103,7 +103,7 @@ void MeasurePlot::open(std::string_view title, const std::string& subtitle) {
 void MeasurePlot::text(double x, double y, std::string_view anchor, std::string_view colour,
                        std::string_view words) {
   _svg += fmt::format("<text x=\"{:.1f}\" y=\"{:.1f}\" text-anchor=\"{}\" fill=\"{}\">{}</text>\n",
-                      x, y, anchor, colour, escaped(words));
+                      x, y, anchor, colour, inMarkup(words));
 }
 
 void MeasurePlot::addScale(const Panel& panel, double step, std::string_view unit) {

@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr QLatin1String kService("org.freedesktop.FileManager1");
-constexpr QLatin1String kPath("/org/freedesktop/FileManager1");
+constexpr QLatin1String kFileManager("org.freedesktop.FileManager1");
+constexpr QLatin1String kFileManagerPath("/org/freedesktop/FileManager1");
 
 QString addressOf(const std::filesystem::path& file) {
   return QString::fromStdString(FileAddress::of(file));
@@ -37,8 +37,8 @@ void FileManager::show(const std::vector<std::filesystem::path>& files) {
   if (!_bus) return _opener(folder);
   QStringList addresses;
   for (const std::filesystem::path& file : files) addresses << addressOf(file);
-  QDBusMessage wish =
-      QDBusMessage::createMethodCall(kService, kPath, kService, QStringLiteral("ShowItems"));
+  QDBusMessage wish = QDBusMessage::createMethodCall(kFileManager, kFileManagerPath, kFileManager,
+                                                     QStringLiteral("ShowItems"));
   wish.setArguments({addresses, QString()});
   auto* const watcher = new QDBusPendingCallWatcher(_bus->asyncCall(wish), this);
   connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, folder] {

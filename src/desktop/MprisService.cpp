@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr const char* kPath = "/org/mpris/MediaPlayer2";
+constexpr const char* kPlayerPath = "/org/mpris/MediaPlayer2";
 constexpr const char* kName = "org.mpris.MediaPlayer2.mixdeck";
 constexpr const char* kInterface = "org.mpris.MediaPlayer2.Player";
 
@@ -28,7 +28,7 @@ MprisService::MprisService(RemotePlayer& player, QObject* parent)
 
 void MprisService::appear(const QDBusConnection& bus) {
   _bus.emplace(bus);
-  if (!_bus->registerObject(QLatin1String(kPath), &_object)) return;
+  if (!_bus->registerObject(QLatin1String(kPlayerPath), &_object)) return;
   _told = _interface->told();
   connect(&_player, &RemotePlayer::changed, this, &MprisService::tellChanges);
   connect(&_player, &RemotePlayer::jumped, this, &MprisService::tellJump);
@@ -50,7 +50,7 @@ void MprisService::tellChanges() {
   _told = now;
   if (changed.isEmpty()) return;
   QDBusMessage signal = QDBusMessage::createSignal(
-      QLatin1String(kPath), QStringLiteral("org.freedesktop.DBus.Properties"),
+      QLatin1String(kPlayerPath), QStringLiteral("org.freedesktop.DBus.Properties"),
       QStringLiteral("PropertiesChanged"));
   signal.setArguments({QLatin1String(kInterface), changed, QStringList()});
   _bus->send(signal);

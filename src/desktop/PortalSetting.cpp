@@ -9,10 +9,10 @@
 #include <QDBusPendingReply>
 #include <utility>
 
+#include "desktop/Portal.h"
+
 namespace {
 
-constexpr QLatin1String kService("org.freedesktop.portal.Desktop");
-constexpr QLatin1String kPath("/org/freedesktop/portal/desktop");
 constexpr QLatin1String kSettings("org.freedesktop.portal.Settings");
 
 // What is read comes in an envelope within an envelope.
@@ -32,10 +32,11 @@ void PortalSetting::ask(const QDBusConnection& bus) {
   // Else the first connection of a program finds no slot with such an argument.
   qDBusRegisterMetaType<QDBusVariant>();
   // From anyone: to know the portal by name the library would wait for the bus.
-  QDBusConnection(bus).connect(QString(), kPath, kSettings, QStringLiteral("SettingChanged"), this,
+  QDBusConnection(bus).connect(QString(), portal::kPath, kSettings,
+                               QStringLiteral("SettingChanged"), this,
                                SLOT(hear(QString, QString, QDBusVariant)));
-  QDBusMessage question =
-      QDBusMessage::createMethodCall(kService, kPath, kSettings, QStringLiteral("Read"));
+  QDBusMessage question = QDBusMessage::createMethodCall(portal::kService, portal::kPath, kSettings,
+                                                         QStringLiteral("Read"));
   question.setArguments({_group, _name});
   question.setAutoStartService(false);
   auto* const watcher = new QDBusPendingCallWatcher(bus.asyncCall(question), this);

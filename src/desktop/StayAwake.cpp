@@ -10,10 +10,10 @@
 #include <QVariantMap>
 #include <utility>
 
+#include "desktop/Portal.h"
+
 namespace {
 
-constexpr QLatin1String kService("org.freedesktop.portal.Desktop");
-constexpr QLatin1String kPath("/org/freedesktop/portal/desktop");
 constexpr QLatin1String kInhibit("org.freedesktop.portal.Inhibit");
 constexpr QLatin1String kRequest("org.freedesktop.portal.Request");
 constexpr quint32 kSuspend = 4;  // neither logging out, nor another user, nor the idle screen
@@ -39,8 +39,8 @@ void StayAwake::update() {
 
 void StayAwake::ask() {
   _isAsked = true;
-  QDBusMessage question =
-      QDBusMessage::createMethodCall(kService, kPath, kInhibit, QStringLiteral("Inhibit"));
+  QDBusMessage question = QDBusMessage::createMethodCall(portal::kService, portal::kPath, kInhibit,
+                                                         QStringLiteral("Inhibit"));
   const QVariantMap options{
       {QStringLiteral("reason"), tr("Recordings are being exported or copied")}};
   question.setArguments({QString(), kSuspend, options});
@@ -57,6 +57,6 @@ void StayAwake::ask() {
 }
 
 void StayAwake::release() {
-  _bus->send(QDBusMessage::createMethodCall(kService, std::exchange(_handle, {}), kRequest,
+  _bus->send(QDBusMessage::createMethodCall(portal::kService, std::exchange(_handle, {}), kRequest,
                                             QStringLiteral("Close")));
 }

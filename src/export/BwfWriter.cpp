@@ -8,13 +8,12 @@
 #include <bit>
 
 #include "wav/BextLayout.h"
+#include "wav/RiffLayout.h"
 
 namespace {
 
 constexpr std::uint32_t kJunkSize = 28;
 constexpr std::uint32_t kFormatSize = 18;
-constexpr std::uint64_t kChunkHeader = 8;
-constexpr std::uint64_t kRiffHeader = 12;
 constexpr std::size_t kStreamBlock = 1 << 20;
 constexpr std::size_t kRoom = kStreamBlock + (1 << 16);  // for a block and what begins the next
 
@@ -48,8 +47,9 @@ BwfWriter::BwfWriter(const WaveFileReader* reader, const BextChunkInfo& bext, bo
 }
 
 std::uint64_t BwfWriter::fileSize(std::string_view codingHistory, std::uint64_t sampleBytes) {
-  return kRiffHeader + kChunkHeader + kJunkSize + kChunkHeader + bextSize(codingHistory) +
-         kChunkHeader + kFormatSize + kChunkHeader + sampleBytes;
+  return riff::kFirstChunk + riff::kChunkHeader + kJunkSize + riff::kChunkHeader +
+         bextSize(codingHistory) + riff::kChunkHeader + kFormatSize + riff::kChunkHeader +
+         sampleBytes;
 }
 
 std::uint32_t BwfWriter::stringToInt32(std::string_view text) {

@@ -4,11 +4,11 @@
 #include "export/ChunkSizes.h"
 
 #include "wav/LongSizes.h"
+#include "wav/RiffLayout.h"
 #include "wav/WaveHeader.h"
 
 namespace {
 
-constexpr std::uint64_t kChunkHeader = 8;
 constexpr std::uint32_t kRiffSizePosition = 4;
 
 template <class Value>
@@ -34,7 +34,7 @@ std::vector<ChunkSizes::Patch> ChunkSizes::patches(std::uint64_t fileSize, std::
                                                    std::uint32_t frameBytes,
                                                    std::uint32_t dataSizePosition,
                                                    std::uint32_t identifier) {
-  const std::uint64_t riffSize = fileSize - kChunkHeader;
+  const std::uint64_t riffSize = fileSize - riff::kChunkHeader;
   if (identifier == kRiffID) {
     return {patch(kRiffSizePosition, static_cast<std::uint32_t>(riffSize)),
             patch(dataSizePosition, static_cast<std::uint32_t>(dataSize))};

@@ -10,11 +10,11 @@
 #include "dsp/GainStage.h"
 #include "dsp/Kernels.h"
 #include "dsp/SideGain.h"
+#include "export/ExportBlocks.h"
 #include "wav/FrameStream.h"
 
 namespace {
 
-constexpr std::size_t kBlockFloats = 5120;
 constexpr std::uint64_t kFramesAtOnce = 1 << 20;  // for a waveform of few columns
 
 /// The samples of an export, as far as somebody looks at them.
@@ -28,9 +28,9 @@ class Decoded {
 
   bool look(std::uint64_t from, std::uint64_t frames, Clipping& clipping) {
     _stream.seek(from);
-    std::array<float, kBlockFloats> block;
+    std::array<float, ExportBlocks::kFloats> block;
     while (frames > 0) {
-      const std::uint64_t count = std::min<std::uint64_t>(frames, kBlockFloats / 2);
+      const std::uint64_t count = std::min<std::uint64_t>(frames, ExportBlocks::kFloats / 2);
       const std::span<float> samples = std::span(block).first(2 * count);
       if (_stream.read(samples) != count) return false;
       const float peak = _isRaw ? Kernels::decodeAndDivide(samples, _side, _divisor, _divisor)

@@ -15,6 +15,7 @@
 #include "dsp/GainStage.h"
 #include "dsp/Kernels.h"
 #include "dsp/SideGain.h"
+#include "export/ExportBlocks.h"
 #include "export/PeakPass.h"
 #include "export/ProcessorShare.h"
 #include "export/Recognition.h"
@@ -22,8 +23,6 @@
 
 namespace {
 
-constexpr std::size_t kBlockFloats = 5120;
-constexpr std::size_t kReadBytes = 1 << 20;
 constexpr std::uint64_t kFramesPerReport = 1 << 17;
 
 std::string field(const WavArray& chunk, BextField field) {
@@ -135,7 +134,7 @@ FrameRange Export::range() const {
 }
 
 FrameStream Export::stream() const {
-  FrameStream source(*_reader, kReadBytes);
+  FrameStream source(*_reader, ExportBlocks::kReadBytes);
   source.stopAt(range().end);
   source.seek(range().first);
   return source;
@@ -193,7 +192,7 @@ void Export::editAndWriteSample(BwfWriter& writer) {
   const Attenuation attenuation = this->attenuation();
   const float left = GainStage::factor(attenuation.left);
   const float right = GainStage::factor(attenuation.right);
-  std::array<float, kBlockFloats> block;
+  std::array<float, ExportBlocks::kFloats> block;
   while (const std::uint64_t count = fillBlock(source, block)) {
     const std::span<float> frames = std::span(block).first(2 * count);
     const float peak = _reader->isBoMSFormat()

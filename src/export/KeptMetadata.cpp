@@ -9,13 +9,13 @@
 #include <string_view>
 #include <utility>
 
+#include "export/Recognition.h"
 #include "wav/BextLayout.h"
+#include "wav/RiffLayout.h"
 
 namespace {
 
-constexpr std::uint64_t kChunkHeader = 8;
 constexpr std::array<std::string_view, 3> kIdentifiers{"cue ", "LIST", "iXML"};
-constexpr std::string_view kRawMark = "MSRAW=ON";
 constexpr std::string_view kDecodedMark = "MSRAW=DECODED";
 
 // A chunk of marks: how many, then of each its number, its place in the order of playing, where its
@@ -37,14 +37,14 @@ std::string asciiOf(const std::uint8_t* bytes, std::size_t length) {
   return text;
 }
 
-std::string historyOf(std::span<const std::uint8_t> bext) {
+std::string keptHistory(std::span<const std::uint8_t> bext) {
   std::string text = asciiOf(bext.data() + bext::kFixedSize, bext.size() - bext::kFixedSize);
   while (!text.empty() && std::string_view(" \t\r\n").find(text.back()) != std::string_view::npos) {
     text.pop_back();
   }
-  for (std::size_t at = text.find(kRawMark); at != std::string::npos;
-       at = text.find(kRawMark, at)) {
-    text.replace(at, kRawMark.size(), kDecodedMark);
+  for (std::size_t at = text.find(Recognition::kRawMark); at != std::string::npos;
+       at = text.find(Recognition::kRawMark, at)) {
+    text.replace(at, Recognition::kRawMark.size(), kDecodedMark);
   }
   return text;
 }
@@ -102,7 +102,7 @@ KeptMetadata::KeptMetadata(const WaveFileReader& source, std::span<const std::ui
 void KeptMetadata::takeExtension(std::span<const std::uint8_t> bext, const FrameRange& range) {
   _date = textAt(bext, bext::kOriginationDate);
   _time = textAt(bext, bext::kOriginationTime);
-  _history = historyOf(bext);
+  _history = keptHistory(bext);
   std::uint64_t reference = 0;
   std::memcpy(&reference, &bext[bext::kTimeReference.offset], sizeof reference);
   _timeReference = static_cast<std::int64_t>(reference + range.first);
@@ -130,6 +130,6 @@ void KeptMetadata::putInto(BextChunkInfo& info) const {
 
 std::uint64_t KeptMetadata::size() const {
   std::uint64_t sum = 0;
-  for (const Chunk& chunk : _chunks) sum += kChunkHeader + chunk.bytes.size();
+  for (const Chunk& chunk : _chunks) sum += riff::kChunkHeader + chunk.bytes.size();
   return sum;
 }

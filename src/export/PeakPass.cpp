@@ -11,12 +11,11 @@
 #include <vector>
 
 #include "dsp/Kernels.h"
+#include "export/ExportBlocks.h"
 
 namespace {
 
 constexpr std::uint64_t kPartFrames = 163840;
-constexpr std::size_t kReadBytes = 1 << 20;  // a part of a 24-bit take at once
-constexpr std::size_t kBlockFloats = 5120;
 
 }  // namespace
 
@@ -40,7 +39,7 @@ std::optional<float> PeakPass::run(const std::atomic<bool>* cancel, const Report
 }
 
 void PeakPass::work(const Report& report) {
-  FrameStream stream(_reader, kReadBytes);
+  FrameStream stream(_reader, ExportBlocks::kReadBytes);
   stream.stopAt(_range.end);
   float peak = 0;
   while (!isStopped() && takePart(stream, peak)) tell(report);
@@ -58,9 +57,9 @@ bool PeakPass::takePart(FrameStream& stream, float& peak) {
   if (begin >= _range.end) return false;
   const std::uint64_t end = std::min(begin + kPartFrames, _range.end);
   if (_range.end - stream.framesLeft() != begin) stream.seek(begin);
-  std::array<float, kBlockFloats> block;
+  std::array<float, ExportBlocks::kFloats> block;
   for (std::uint64_t at = begin; at < end && !isStopped();) {
-    const std::uint64_t wanted = std::min<std::uint64_t>(end - at, kBlockFloats / 2);
+    const std::uint64_t wanted = std::min<std::uint64_t>(end - at, ExportBlocks::kFloats / 2);
     const std::span<float> frames = std::span(block).first(2 * wanted);
     if (stream.read(frames) != wanted) _hasFailed = true;
     if (_hasFailed) return false;

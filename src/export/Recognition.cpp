@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr std::string_view kRawMark = "MSRAW=ON";
-
 bool contains(const std::string& text, std::string_view part) {
   return text.find(part) != std::string::npos;
 }

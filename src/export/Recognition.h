@@ -15,6 +15,8 @@ class Recognition {
  public:
   /// What the recorder's originator holds.
   static constexpr std::string_view kRecorder = "TARN J4";
+  /// What the coding history of its raw takes holds.
+  static constexpr std::string_view kRawMark = "MSRAW=ON";
   /// The coding history of a file of this sample width.
   static std::string codingHistory(int bits, bool isRawMidSide);
 

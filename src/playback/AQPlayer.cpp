@@ -9,12 +9,7 @@
 
 #include "playback/PlayingFile.h"
 
-namespace {
-
-constexpr double kMsPerSecond = 1000.0;
-constexpr double kEnd = 1.0;
-
-}  // namespace
+namespace {}  // namespace
 
 AQPlayer::AQPlayer(std::string filePath, std::unique_ptr<AudioFile> opened)
     : _filePath(std::move(filePath)), _playing(PlayingFile::get()), _number(_playing.takeOver()) {

@@ -28,6 +28,9 @@ class AQPlayer {
   AQPlayer& operator=(const AQPlayer&) = delete;
   ~AQPlayer();
 
+  /// The end of a file, as a fraction of it.
+  static constexpr double kEnd = 1.0;
+
   /// Starts at packet 0, or goes on where the queue is. After the output was lost it goes on, with
   /// a new one, where it was heard last.
   void play(bool resume);

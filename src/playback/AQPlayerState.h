@@ -16,6 +16,9 @@
 #include "playback/FrameLoop.h"
 #include "playback/LoopTurns.h"
 
+/// The player counts positions and times in milliseconds.
+constexpr double kMsPerSecond = 1000.0;
+
 /// Called with each freshly filled buffer, the file's format, and the packet at which the buffer
 /// starts. May change the samples in place.
 using AQDataCallback =

@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr double kMsPerSecond = 1000.0;
 constexpr double kBufferSeconds = 0.1;
 constexpr std::uint32_t kMostBytes = 0x10000;
 constexpr std::uint32_t kLeastBytes = 0x4000;

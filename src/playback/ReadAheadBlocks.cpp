@@ -18,7 +18,7 @@ constexpr double kAheadSeconds = 3.0;
 constexpr double kFirstSeconds = 0.5;
 constexpr double kBlocksPerSecond = 8.0;
 constexpr double kMostBlockBytes = 1 << 18;
-constexpr double kMostBytes = 1 << 25;
+constexpr double kMostAheadBytes = 1 << 25;
 
 std::uint32_t framesOfBlock(const AudioFormat& format) {
   const double most = kMostBlockBytes / format.bytesPerPacket;
@@ -30,7 +30,7 @@ std::uint32_t framesOfBlock(const AudioFormat& format) {
 std::size_t blocksAhead(const AudioFormat& format, std::uint64_t frameCount) {
   const double frames = framesOfBlock(format);
   const double wanted = std::ceil(format.sampleRate * kAheadSeconds / frames) + 1;
-  const double affordable = std::floor(kMostBytes / (frames * format.bytesPerPacket));
+  const double affordable = std::floor(kMostAheadBytes / (frames * format.bytesPerPacket));
   const double needed = std::ceil(static_cast<double>(frameCount) / frames);
   return static_cast<std::size_t>(std::min(std::max(2.0, std::min(wanted, affordable)), needed));
 }

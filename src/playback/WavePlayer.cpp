@@ -10,9 +10,7 @@
 
 namespace {
 
-constexpr double kMsPerSecond = 1000.0;
 constexpr double kNoPosition = -1.0;
-constexpr double kEnd = 1.0;
 
 std::int32_t wholeSeconds(double seconds) {
   const double whole = std::floor(seconds);
@@ -80,7 +78,7 @@ void WavePlayer::play() {
 }
 
 void WavePlayer::startOver() {
-  if (_setPositionOldVal != kNoPosition && _setPositionOldVal != kEnd) {
+  if (_setPositionOldVal != kNoPosition && _setPositionOldVal != AQPlayer::kEnd) {
     return _player->play(false);
   }
   setPosition(0.0);
@@ -99,7 +97,7 @@ void WavePlayer::playFinish() {
 }
 
 void WavePlayer::setPosition(double position) {
-  _isSeeking = position != kEnd;  // a seek to the very end is a real finish
+  _isSeeking = position != AQPlayer::kEnd;  // a seek to the very end is a real finish
   _setPositionOldVal = position;
   const bool wasPlaying = _play_state == PLAY_STATE_PLAY;
   const std::weak_ptr<WavePlayer*> alive = _self;
@@ -107,7 +105,7 @@ void WavePlayer::setPosition(double position) {
   if (alive.expired()) return;
   _isSeeking = false;
   _player->setVolume(_volume);
-  if (position == kEnd) return setState(PLAY_STATE_FINISH);
+  if (position == AQPlayer::kEnd) return setState(PLAY_STATE_FINISH);
   if (_play_state == PLAY_STATE_FINISH) return setState(PLAY_STATE_PAUSE);
   if (wasPlaying) setState(PLAY_STATE_PLAY);
 }

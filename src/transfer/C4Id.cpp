@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr std::size_t kBlock = 128;
+constexpr std::size_t kHashBlock = 128;
 constexpr std::size_t kRounds = 80;
 constexpr std::size_t kDigits = 88;
 
@@ -48,7 +48,7 @@ std::uint64_t turned(std::uint64_t x, int a, int b, int c) {
 
 std::array<std::uint64_t, kRounds> scheduleOf(std::string_view block) {
   std::array<std::uint64_t, kRounds> words{};
-  for (std::size_t i = 0; i < kBlock; ++i) {
+  for (std::size_t i = 0; i < kHashBlock; ++i) {
     words[i / 8] = words[i / 8] << 8 | static_cast<std::uint8_t>(block[i]);
   }
   for (std::size_t i = 16; i < kRounds; ++i) {
@@ -78,7 +78,7 @@ void compress(State& state, std::string_view block) {
 std::string padded(std::string_view text) {
   std::string bytes(text);
   bytes += '\x80';
-  while (bytes.size() % kBlock != kBlock - 16) bytes += '\0';
+  while (bytes.size() % kHashBlock != kHashBlock - 16) bytes += '\0';
   bytes.append(8, '\0');
   const std::uint64_t bits = std::uint64_t{text.size()} * 8;
   for (int i = 56; i >= 0; i -= 8) bytes += static_cast<char>(bits >> i);
@@ -90,8 +90,8 @@ std::string padded(std::string_view text) {
 std::array<std::uint8_t, 64> c4::sha512(std::string_view text) {
   State state = kStart;
   const std::string bytes = padded(text);
-  for (std::size_t at = 0; at < bytes.size(); at += kBlock) {
-    compress(state, std::string_view(bytes).substr(at, kBlock));
+  for (std::size_t at = 0; at < bytes.size(); at += kHashBlock) {
+    compress(state, std::string_view(bytes).substr(at, kHashBlock));
   }
   std::array<std::uint8_t, 64> sum{};
   for (std::size_t i = 0; i < sum.size(); ++i) {

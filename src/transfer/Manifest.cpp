@@ -32,7 +32,7 @@ std::string lowered(std::string text) {
 }
 
 // Whether the path stays inside of the folder that it is taken from.
-bool isInside(std::string_view path) {
+bool staysWithin(std::string_view path) {
   if (path.empty() || path.front() == '/') return false;
   while (!path.empty()) {
     const std::size_t end = std::min(path.find('/'), path.size());
@@ -151,7 +151,7 @@ std::optional<Manifest> Manifest::fromXml(std::string_view document, std::string
     if (path == "hashes/hash/path") entry.path = text;
     if (path == "hashes/hash/xxh128") entry.hash = lowered(text);
     if (path != "hashes/hash") return;
-    staysInside = staysInside && isInside(entry.path);
+    staysInside = staysInside && staysWithin(entry.path);
     manifest.entries.push_back(entry);
   };
   whyNot = Document(document, "hashlist").walk(start, end);

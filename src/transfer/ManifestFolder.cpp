@@ -38,7 +38,7 @@ std::optional<std::string> textOf(const fs::path& path) {
 }
 
 // The number that a generation's name begins with; 0 where it is the name of none.
-std::uint64_t numberOf(const std::string& name) {
+std::uint64_t generationOf(const std::string& name) {
   std::uint64_t number = 0;
   const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
   const bool isOne = error == std::errc() && *end == '_' && name.ends_with(".mhl");
@@ -101,7 +101,7 @@ void ManifestFolder::readGenerations() {
   fs::directory_iterator entry(_folder / kName, error);
   for (const fs::directory_iterator end; !error && entry != end; entry.increment(error)) {
     const std::string name = entry->path().filename().native();
-    if (numberOf(name) > 0) found.emplace(numberOf(name), name);
+    if (generationOf(name) > 0) found.emplace(generationOf(name), name);
   }
   if (error && error != std::errc::no_such_file_or_directory) giveUp(kName, error.message());
   tellMissing(found);

@@ -13,17 +13,16 @@
 
 #include "wav/ImageFields.h"
 #include "wav/LongSizes.h"
+#include "wav/RiffLayout.h"
 #include "wav/WaveHeader.h"
 
 namespace {
 
-constexpr std::uint64_t kFirstChunk = 12;
-constexpr std::uint64_t kChunkHeader = 8;
 constexpr std::uint64_t kFormatBytes = 16;
 constexpr std::uint64_t kTailOfZeros = 512;  // a sector, the least that a card writes
 constexpr std::size_t kMostChunks = 1024;
 constexpr std::uint64_t kMostHeader = 16 << 20;  // is held in memory
-constexpr std::size_t kBlock = 1 << 18;
+constexpr std::size_t kLookBytes = 1 << 18;
 
 bool isZero(std::byte byte) {
   return byte == std::byte{0};
@@ -62,11 +61,11 @@ class Search {
 
   // The chunks before the sound were written at once, so their sizes hold or nothing does.
   std::string walkToData() {
-    std::uint64_t position = kFirstChunk;
+    std::uint64_t position = riff::kFirstChunk;
     const std::uint64_t end = std::min(_image.size(), kMostHeader);
-    for (std::size_t i = 0; i < kMostChunks && position + kChunkHeader <= end; ++i) {
+    for (std::size_t i = 0; i < kMostChunks && position + riff::kChunkHeader <= end; ++i) {
       const std::uint32_t identifier = _fields.u32(position);
-      const std::uint64_t payload = position + kChunkHeader;
+      const std::uint64_t payload = position + riff::kChunkHeader;
       const std::uint64_t size = sizeAt(position);
       if (identifier == kDataID) {
         _found.dataAt = payload;
@@ -97,7 +96,8 @@ class Search {
   [[nodiscard]] std::uint64_t riffEnd() {
     const std::uint32_t stated = _fields.u32(4);
     const std::uint64_t size = _sizes ? _sizes->riffSize(stated) : stated;
-    return size > _image.size() - kChunkHeader ? _image.size() + 1 : size + kChunkHeader;
+    return size > _image.size() - riff::kChunkHeader ? _image.size() + 1
+                                                     : size + riff::kChunkHeader;
   }
 
   // What says that the size stands elsewhere says nothing where there is no such place. An empty
@@ -115,7 +115,7 @@ class Search {
   bool hasOnlyChunksAfter() {
     std::uint64_t position = _found.dataAt;
     for (std::size_t i = 0; i < kMostChunks && position < _image.size(); ++i) {
-      const std::uint64_t size = kChunkHeader + sizeAt(position);
+      const std::uint64_t size = riff::kChunkHeader + sizeAt(position);
       if (!isName(_fields.u32(position)) || size > _image.size() - position) return false;
       position += size;
     }
@@ -156,7 +156,7 @@ class Search {
   // The end of the last byte before `end` that is not 0, and not before the sound.
   std::uint64_t endOfSound(std::uint64_t end) {
     while (end > _found.dataAt && !isCancelled()) {
-      const std::uint64_t start = end - std::min<std::uint64_t>(kBlock, end - _found.dataAt);
+      const std::uint64_t start = end - std::min<std::uint64_t>(kLookBytes, end - _found.dataAt);
       const auto block = _image.view(start, static_cast<std::size_t>(end - start), _block);
       const auto last = std::find_if_not(block.rbegin(), block.rend(), isZero);
       if (last != block.rend()) return start + static_cast<std::uint64_t>(block.rend() - last);
@@ -183,7 +183,7 @@ class Search {
   [[nodiscard]] std::uint64_t statedFileSize() {
     const std::uint32_t stated = _fields.u32(4);
     const std::uint64_t size = _sizes ? _sizes->riffSize(stated) : stated;
-    return size == 0 ? 0 : size + std::min(kChunkHeader, ~size);
+    return size == 0 ? 0 : size + std::min(riff::kChunkHeader, ~size);
   }
 
   void giveUp() {
@@ -215,7 +215,7 @@ class Search {
 }  // namespace
 
 TakeDiagnosis TakeDiagnosis::of(const WaveImage& image, const std::atomic<bool>* cancel) {
-  if (image.size() < kFirstChunk) {
+  if (image.size() < riff::kFirstChunk) {
     TakeDiagnosis none;
     none.whyHopeless = "it does not begin as a WAVE file";
     return none;

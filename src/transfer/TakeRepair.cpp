@@ -15,15 +15,14 @@
 #include "export/ChunkSizes.h"
 #include "wav/ImageFields.h"
 #include "wav/LongSizes.h"
+#include "wav/RiffLayout.h"
 #include "wav/WaveHeader.h"
 
 namespace {
 
 constexpr std::uint64_t kMost32 = 0xFFFFFFFF;
 constexpr std::uint32_t kJunkID = 0x4B4E554A;
-constexpr std::size_t kRiffHeader = 12;
-constexpr std::size_t kChunkHeader = 8;
-constexpr std::size_t kBlock = 1 << 18;
+constexpr std::size_t kCopyBytes = 1 << 18;
 
 }  // namespace
 
@@ -35,13 +34,14 @@ TakeRepair::TakeRepair(std::shared_ptr<const WaveImage> image, TakeDiagnosis dia
     : _image(std::move(image)), _diagnosis(std::move(diagnosis)) {
   ImageFields fields(*_image);
   _identifier = fields.u32(0);
-  _firstChunk = fields.u32(kRiffHeader);
-  _firstChunkSize = fields.u32(kRiffHeader + 4);
+  _firstChunk = fields.u32(riff::kFirstChunk);
+  _firstChunkSize = fields.u32(riff::kFirstChunk + 4);
 }
 
 bool TakeRepair::hasRoomForSizes() const {
   const bool isRoom = _firstChunk == kJunkID || _firstChunk == kDs64ID;
-  const bool isBeforeSound = kRiffHeader + kChunkHeader + _firstChunkSize <= _diagnosis.dataAt;
+  const bool isBeforeSound =
+      riff::kFirstChunk + riff::kChunkHeader + _firstChunkSize <= _diagnosis.dataAt;
   return isRoom && _firstChunkSize >= LongSizes::kFixedSize && isBeforeSound;
 }
 
@@ -54,7 +54,7 @@ bool TakeRepair::isLong() const {
 
 std::uint64_t TakeRepair::size() const {
   const std::uint64_t more =
-      isLong() && !hasRoomForSizes() ? kChunkHeader + LongSizes::kFixedSize : 0;
+      isLong() && !hasRoomForSizes() ? riff::kChunkHeader + LongSizes::kFixedSize : 0;
   return _diagnosis.dataAt + more + _diagnosis.keptBytes + _diagnosis.tailBytes;
 }
 
@@ -67,8 +67,9 @@ std::vector<std::byte> TakeRepair::header() {
   std::vector<std::byte> head(static_cast<std::size_t>(_diagnosis.dataAt));
   if (_image->readAt(0, head) < head.size()) fail("The take cannot be read: " + _image->failure());
   if (isLong() && !hasRoomForSizes()) {
-    head.insert(head.begin() + kRiffHeader, kChunkHeader + LongSizes::kFixedSize, std::byte{0});
-    head[kRiffHeader + 4] = std::byte{LongSizes::kFixedSize};
+    head.insert(head.begin() + riff::kFirstChunk, riff::kChunkHeader + LongSizes::kFixedSize,
+                std::byte{0});
+    head[riff::kFirstChunk + 4] = std::byte{LongSizes::kFixedSize};
   }
   fitSizes(head, size());
   return head;
@@ -105,7 +106,7 @@ bool TakeRepair::copy(AtomicFile& file, std::uint64_t from, std::uint64_t count)
   while (count > 0) {
     _wasCancelled = _cancel != nullptr && _cancel->load(std::memory_order_relaxed);
     if (_wasCancelled) return false;
-    const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(count, kBlock));
+    const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(count, kCopyBytes));
     const auto bytes = _image->view(from, wanted, block);
     if (bytes.size() < wanted) return fail("The take cannot be read: " + _image->failure());
     if (!file.write(bytes)) return false;

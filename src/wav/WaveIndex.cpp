@@ -9,13 +9,12 @@
 
 #include "wav/ImageFields.h"
 #include "wav/LongSizes.h"
+#include "wav/RiffLayout.h"
 
 namespace {
 
 constexpr std::uint64_t kSmallestFile = 48;
 constexpr std::uint32_t kSmallestWalk = 20;
-constexpr std::uint32_t kFirstChunk = 12;
-constexpr std::uint32_t kChunkHeader = 8;
 
 void readFormat(ImageFields& fields, std::uint32_t size, std::uint64_t q, WaveIndex& index) {
   index.header.Subchunk1ID = kFmtID;
@@ -49,8 +48,8 @@ class Walk {
       : _fields(fields), _sizes(sizes), _index(index) {}
 
   void run(std::uint64_t limit) {
-    std::uint64_t position = kFirstChunk;
-    while (position + kChunkHeader <= limit) {
+    std::uint64_t position = riff::kFirstChunk;
+    while (position + riff::kChunkHeader <= limit) {
       const ChunkInfo chunk = chunkAt(position);
       // A size beyond the limit would wrap a position, which could go in circles.
       if (!take(chunk) || chunk.chunkSize > limit - chunk.streamPos) return;
@@ -63,7 +62,7 @@ class Walk {
     const std::uint32_t identifier = _fields.u32(position);
     const std::uint32_t stated = _fields.u32(position + 4);
     const std::uint64_t size = _sizes ? _sizes->chunkSize(identifier, stated) : stated;
-    return {identifier, size, position + kChunkHeader};
+    return {identifier, size, position + riff::kChunkHeader};
   }
 
   // The recorder writes none, other programs that write long files do, and no identifier begins
@@ -97,9 +96,9 @@ class Walk {
 // Where the last chunk may end.
 std::uint64_t walkLimit(std::uint32_t stated, const std::optional<LongSizes>& sizes,
                         std::uint64_t length) {
-  const std::uint32_t riffEnd = stated + kChunkHeader;  // wraps on purpose
+  const auto riffEnd = static_cast<std::uint32_t>(stated + riff::kChunkHeader);  // wraps on purpose
   if (!sizes) return std::min<std::uint64_t>(length, riffEnd);
-  return std::min(length - kChunkHeader, sizes->riffSize(stated)) + kChunkHeader;
+  return std::min(length - riff::kChunkHeader, sizes->riffSize(stated)) + riff::kChunkHeader;
 }
 
 }  // namespace

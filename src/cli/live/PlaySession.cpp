@@ -31,7 +31,6 @@ namespace {
 constexpr int kTickMsPerSecond = 100;
 constexpr double kSeekSeconds = 5.0;
 constexpr int kAngleStep = 5;
-constexpr double kMsPerSecond = 1000.0;
 constexpr std::size_t kUsualColumns = 80;
 
 // Of the terminal, which may change at any time.

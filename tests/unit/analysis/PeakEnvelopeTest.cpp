@@ -18,11 +18,12 @@ namespace {
 using Values = PeakEnvelope::Values;
 using Extremes = std::array<float, PeakEnvelope::kRawExtremes>;
 
-constexpr float kFar = std::numeric_limits<float>::infinity();
+constexpr float kInfinite = std::numeric_limits<float>::infinity();
 
 Extremes extremesOf(std::span<const float> frames) {
   Extremes extremes;
-  for (std::size_t i = 0; i < extremes.size(); ++i) extremes[i] = i % 2 == 0 ? -kFar : kFar;
+  for (std::size_t i = 0; i < extremes.size(); ++i)
+    extremes[i] = i % 2 == 0 ? -kInfinite : kInfinite;
   PlainAnalysisKernels::raiseExtremes(frames, WidthGrid::nodeGains().subspan(1), extremes);
   return extremes;
 }
@@ -97,9 +98,9 @@ TEST(PeakEnvelopeTest, SilenceIsLeftOutAtOnce) {
 
 TEST(PeakEnvelopeTest, InfinityStopsNothingElse) {
   PeakEnvelope peaks(true);
-  peaks.raise(std::vector<float>{0.5F, kFar, 0.25F, 0.25F});
+  peaks.raise(std::vector<float>{0.5F, kInfinite, 0.25F, 0.25F});
   EXPECT_EQ(peaks.left(0), 0.25F);  // infinity times 0 is not a number
-  EXPECT_EQ(peaks.left(1), kFar);
+  EXPECT_EQ(peaks.left(1), kInfinite);
   const std::vector<float> more = {0.75F, 0.0F};
   EXPECT_TRUE(peaks.mayRaise(extremesOf(more), Values::Samples));
   peaks.raise(more);

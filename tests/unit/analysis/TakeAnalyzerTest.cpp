@@ -181,7 +181,9 @@ TEST_F(TakeAnalyzerTest, FiguresAloneAreTheSameInAThirdOfTheMemory) {
       EXPECT_EQ(figures->samplePeak(width), whole->samplePeak(width));
     }
     EXPECT_FALSE(figures->waveform(90, 0, 0, ~0ULL, 1).columns[0].isKnown);
-    if (isRaw) EXPECT_LT(3 * figures->memory(), whole->memory());
+    if (isRaw) {
+      EXPECT_LT(3 * figures->memory(), whole->memory());
+    }
   }
 }
 

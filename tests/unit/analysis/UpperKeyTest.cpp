@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr float kFar = std::numeric_limits<float>::infinity();
+constexpr float kGreatest = std::numeric_limits<float>::infinity();
 
 }  // namespace
 
@@ -39,12 +39,12 @@ TEST(UpperKeyTest, KeysHaveTheOrderOfTheNumbers) {
 }
 
 TEST(UpperKeyTest, EndsOfTheScale) {
-  EXPECT_EQ(UpperKey::value(UpperKey::of(kFar)), kFar);
+  EXPECT_EQ(UpperKey::value(UpperKey::of(kGreatest)), kGreatest);
   EXPECT_EQ(UpperKey::value(UpperKey::of(0.0F)), 0.0F);
   EXPECT_EQ(UpperKey::value(UpperKey::of(-0.0F)), 0.0F);
   EXPECT_EQ(UpperKey::value(UpperKey::of(1.0F)), 1.0F);
-  EXPECT_EQ(UpperKey::value(UpperKey::of(std::numeric_limits<float>::max())), kFar);
-  EXPECT_EQ(UpperKey::value(UpperKey::of(-kFar)), -std::numeric_limits<float>::max());
-  EXPECT_EQ(UpperKey::value(UpperKey::kNothing), -kFar);
-  EXPECT_LT(UpperKey::kNothing, UpperKey::of(-kFar));
+  EXPECT_EQ(UpperKey::value(UpperKey::of(std::numeric_limits<float>::max())), kGreatest);
+  EXPECT_EQ(UpperKey::value(UpperKey::of(-kGreatest)), -std::numeric_limits<float>::max());
+  EXPECT_EQ(UpperKey::value(UpperKey::kNothing), -kGreatest);
+  EXPECT_LT(UpperKey::kNothing, UpperKey::of(-kGreatest));
 }

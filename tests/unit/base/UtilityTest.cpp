@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr std::chrono::minutes kPatience(2);
+constexpr std::chrono::minutes kLongEnough(2);
 
 TEST(Utility, KeepsStringsForTheUser) {
   const TemporaryFolder folder;
@@ -25,7 +25,7 @@ TEST(Utility, KeepsStringsForTheUser) {
   Utility::store("UD_LAST_OPEN_FOLDER", "/other");
   EXPECT_EQ(Utility::getStringValue(Utility::kLastOpenFolder), "/other");
   EXPECT_EQ(Utility::getStringValue(Utility::kDoNotShowAgain), "1.0.12");
-  EXPECT_TRUE(Utility::finishStoring(kPatience));
+  EXPECT_TRUE(Utility::finishStoring(kLongEnough));
   EXPECT_EQ(Utility::getStringValue(Utility::kLastOpenFolder), "/other");
   EXPECT_EQ(Utility::getStringValue(Utility::kDoNotShowAgain), "1.0.12");
   EXPECT_TRUE(std::filesystem::exists(folder.path() / "mixdeck" / "settings"));
@@ -36,7 +36,7 @@ TEST(Utility, SaysWhereItCouldNotWrite) {
   const EnvironmentVariable config("XDG_CONFIG_HOME", folder.file("file", {}));
   LogLines log;
   Utility::store("a", "1");
-  EXPECT_TRUE(Utility::finishStoring(kPatience));
+  EXPECT_TRUE(Utility::finishStoring(kLongEnough));
   ASSERT_EQ(log.get().size(), 1U);
   EXPECT_EQ(log.get()[0], "Cannot write " + (folder.path() / "file/mixdeck/settings").native());
 }

@@ -32,8 +32,8 @@ std::vector<float> pureSide(std::size_t frameCount) {
   return frames;
 }
 
-void expectGlide(std::int64_t prevAngle, std::int64_t curAngle,
-                 const std::vector<std::int64_t>& angles) {
+void expectWidthGlide(std::int64_t prevAngle, std::int64_t curAngle,
+                      const std::vector<std::int64_t>& angles) {
   std::vector<float> frames = pureSide(angles.size());
   MidSideDecoder::glide(frames, {.curAngle = curAngle, .prevAngle = prevAngle});
   for (std::size_t n = 0; n < angles.size(); ++n) {
@@ -121,26 +121,26 @@ TEST(MidSideDecoderTest, NoFramesAreNothingToDo) {
 }
 
 TEST(MidSideDecoderTest, GlideTakesTheFirstStepOnTheFirstFrameAndThenHolds) {
-  expectGlide(100, 103, {101, 102, 103, 103, 103});
+  expectWidthGlide(100, 103, {101, 102, 103, 103, 103});
 }
 
 TEST(MidSideDecoderTest, GlideGoesDownAsItGoesUp) {
-  expectGlide(17, 14, {16, 15, 14, 14});
+  expectWidthGlide(17, 14, {16, 15, 14, 14});
 }
 
 TEST(MidSideDecoderTest, GlideWithoutAChangeUsesOneAngle) {
-  expectGlide(90, 90, {90, 90, 90});
+  expectWidthGlide(90, 90, {90, 90, 90});
 }
 
 TEST(MidSideDecoderTest, GlideMayEndBeforeItArrives) {
-  expectGlide(0, 150, {1, 2, 3});
+  expectWidthGlide(0, 150, {1, 2, 3});
 }
 
 TEST(MidSideDecoderTest, GlideOverTheWholeTable) {
   std::vector<std::int64_t> angles;
   for (std::int64_t angle = 149; angle >= 0; --angle) angles.push_back(angle);
   angles.push_back(0);
-  expectGlide(150, 0, angles);
+  expectWidthGlide(150, 0, angles);
 }
 
 TEST(MidSideDecoderTest, GlideOnlyReadsItsRecord) {

@@ -17,7 +17,7 @@
 namespace {
 
 constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
+constexpr float kInfinite = std::numeric_limits<float>::infinity();
 
 float unpacked(std::uint8_t low, std::uint8_t middle, std::uint8_t high) {
   const std::array<std::byte, 3> bytes{std::byte{low}, std::byte{middle}, std::byte{high}};
@@ -72,10 +72,10 @@ TEST(PlainKernelsTest, Pack24CutsTowardZeroInsideFullScale) {
 TEST(PlainKernelsTest, Pack24ClipsOutsideFullScale) {
   EXPECT_EQ(packed(1.0F), 8388607);
   EXPECT_EQ(packed(1.197F), 8388607);
-  EXPECT_EQ(packed(kInfinity), 8388607);
+  EXPECT_EQ(packed(kInfinite), 8388607);
   EXPECT_EQ(packed(-1.0F), -8388608);
   EXPECT_EQ(packed(-1.5F), -8388608);
-  EXPECT_EQ(packed(-kInfinity), -8388608);
+  EXPECT_EQ(packed(-kInfinite), -8388608);
   EXPECT_EQ(packed(kNaN), -8388608);
   EXPECT_EQ(packed(-kNaN), -8388608);
 }
@@ -135,7 +135,7 @@ TEST(PlainKernelsTest, PeakMagnitudeIgnoresSignAndNaN) {
   EXPECT_EQ(PlainKernels::peakMagnitude(samples, 0.0F), 0.75F);
   EXPECT_EQ(PlainKernels::peakMagnitude(samples, 0.875F), 0.875F);
   EXPECT_EQ(PlainKernels::peakMagnitude({}, 0.25F), 0.25F);
-  EXPECT_EQ(PlainKernels::peakMagnitude(std::array{-kInfinity}, 0.0F), kInfinity);
+  EXPECT_EQ(PlainKernels::peakMagnitude(std::array{-kInfinite}, 0.0F), kInfinite);
 }
 
 TEST(PlainKernelsTest, RaiseMaximaKeepsSignsApartAndTheOldMaximumOnNaN) {

@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Saving.h"
 #include "export/AtomicFile.h"
 #include "support/ByteBuilder.h"
 #include "support/Confinement.h"
@@ -25,18 +26,7 @@ namespace {
 using Bytes = std::vector<std::byte>;
 using testing::ElementsAre;
 
-constexpr auto kReplace = AtomicFile::Existing::Replace;
 constexpr std::size_t kDisk = 256 << 10;
-
-Bytes bytesOf(std::string_view text) {
-  return ByteBuilder().text(text).get();
-}
-
-std::string save(const fs::path& path, const Bytes& bytes) {
-  AtomicFile file(path, kReplace);
-  const bool saved = file.write(bytes) && file.commit();
-  return saved ? "" : file.failure().empty() ? "no reason given" : file.failure();
-}
 
 /// Runs in the child; prints what differs, so that a failing test says why.
 bool isSame(const std::string& what, const std::string& expected) {

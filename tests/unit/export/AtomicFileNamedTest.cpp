@@ -17,6 +17,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Saving.h"
 #include "export/AtomicFile.h"
 #include "support/ByteBuilder.h"
 #include "support/Confinement.h"
@@ -30,19 +31,6 @@ using Bytes = std::vector<std::byte>;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using Names = std::vector<std::string>;
-
-constexpr auto kReplace = AtomicFile::Existing::Replace;
-constexpr auto kRefuse = AtomicFile::Existing::Refuse;
-
-Bytes bytesOf(std::string_view text) {
-  return ByteBuilder().text(text).get();
-}
-
-std::string save(const fs::path& path, const Bytes& bytes, AtomicFile::Existing existing) {
-  AtomicFile file(path, existing);
-  const bool saved = file.write(bytes) && file.commit();
-  return saved ? "" : file.failure().empty() ? "no reason given" : file.failure();
-}
 
 bool isTemporary(const std::string& name) {
   return name.starts_with(".mixdeck-") && name.ends_with(".part");

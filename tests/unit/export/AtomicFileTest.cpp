@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Saving.h"
 #include "support/ByteBuilder.h"
 #include "support/Confinement.h"
 #include "support/TemporaryFolder.h"
@@ -23,21 +24,6 @@ namespace {
 using Bytes = std::vector<std::byte>;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr auto kReplace = AtomicFile::Existing::Replace;
-constexpr auto kRefuse = AtomicFile::Existing::Refuse;
-
-Bytes bytesOf(std::string_view text) {
-  return ByteBuilder().text(text).get();
-}
-
-/// Saves the text; the reason for a failure, or nothing.
-std::string save(const fs::path& path, std::string_view text, AtomicFile::Existing existing) {
-  AtomicFile file(path, existing);
-  const bool saved = file.write(bytesOf(text)) && file.commit();
-  EXPECT_EQ(saved, file.failure().empty());
-  return file.failure();
-}
 
 mode_t modeOf(const fs::path& path) {
   struct stat status {};
@@ -53,7 +39,7 @@ class AtomicFileTest : public testing::Test {
 };
 
 TEST_F(AtomicFileTest, MakesANewFile) {
-  EXPECT_EQ(save(at("new"), "words", kRefuse), "");
+  EXPECT_EQ(save(at("new"), bytesOf("words"), kRefuse), "");
   EXPECT_EQ(TemporaryFolder::read(at("new")), bytesOf("words"));
   EXPECT_THAT(_folder.names(), ElementsAre("new"));
 }
@@ -66,7 +52,7 @@ TEST_F(AtomicFileTest, MakesAnEmptyFile) {
 
 TEST_F(AtomicFileTest, ReplacesAFile) {
   _folder.file("old", bytesOf("much longer than the new one"));
-  EXPECT_EQ(save(at("old"), "new", kReplace), "");
+  EXPECT_EQ(save(at("old"), bytesOf("new"), kReplace), "");
   EXPECT_EQ(TemporaryFolder::read(at("old")), bytesOf("new"));
   EXPECT_THAT(_folder.names(), ElementsAre("old"));
 }
@@ -106,7 +92,7 @@ TEST_F(AtomicFileTest, WritesNothingAfterTheCommit) {
 
 TEST_F(AtomicFileTest, RefusesAnExistingFile) {
   _folder.file("old", bytesOf("old"));
-  EXPECT_EQ(save(at("old"), "new", kRefuse), "File exists");
+  EXPECT_EQ(save(at("old"), bytesOf("new"), kRefuse), "File exists");
   EXPECT_EQ(TemporaryFolder::read(at("old")), bytesOf("old"));
   EXPECT_THAT(_folder.names(), ElementsAre("old"));
 }
@@ -153,7 +139,7 @@ TEST_F(AtomicFileTest, LetsTheLastOfTwoWritersWin) {
 TEST_F(AtomicFileTest, GivesANewFileTheModeOfTheUmask) {
   for (const mode_t mask : {mode_t{022}, mode_t{077}, mode_t{0}}) {
     const mode_t before = umask(mask);
-    const std::string failure = save(at("new"), "x", kRefuse);
+    const std::string failure = save(at("new"), bytesOf("x"), kRefuse);
     umask(before);
     EXPECT_EQ(failure, "");
     EXPECT_EQ(modeOf(at("new")), 0666 & ~mask);
@@ -165,7 +151,7 @@ TEST_F(AtomicFileTest, KeepsThePermissionsOfAReplacedFile) {
   for (const mode_t mode : {mode_t{0600}, mode_t{0640}, mode_t{0666}, mode_t{0755}}) {
     _folder.file("old", bytesOf("old"));
     ASSERT_EQ(chmod(at("old").c_str(), mode), 0);
-    EXPECT_EQ(save(at("old"), "new", kReplace), "");
+    EXPECT_EQ(save(at("old"), bytesOf("new"), kReplace), "");
     EXPECT_EQ(modeOf(at("old")), mode);
   }
 }
@@ -173,7 +159,7 @@ TEST_F(AtomicFileTest, KeepsThePermissionsOfAReplacedFile) {
 TEST_F(AtomicFileTest, KeepsTheOwnerOfAReplacedFileWhereItMay) {
   _folder.file("old", bytesOf("old"));
   const bool mayGive = chown(at("old").c_str(), 65534, 65534) == 0;
-  EXPECT_EQ(save(at("old"), "new", kReplace), "");
+  EXPECT_EQ(save(at("old"), bytesOf("new"), kReplace), "");
   struct stat status {};
   ASSERT_EQ(stat(at("old").c_str(), &status), 0);
   EXPECT_EQ(status.st_uid, mayGive ? 65534 : geteuid());
@@ -189,7 +175,7 @@ TEST_F(AtomicFileTest, ReplacesTheTargetOfALink) {
     content += "+";
     _folder.file("far/file", bytesOf("old"));
     fs::create_symlink(to, at("link"));
-    EXPECT_EQ(save(at("link"), content, kReplace), "");
+    EXPECT_EQ(save(at("link"), bytesOf(content), kReplace), "");
     EXPECT_EQ(fs::read_symlink(at("link")), to);
     EXPECT_EQ(TemporaryFolder::read(at("far") / "file"), bytesOf(content));
     EXPECT_FALSE(fs::is_symlink(at("far") / "file"));
@@ -202,7 +188,7 @@ TEST_F(AtomicFileTest, FollowsAChainOfLinks) {
   _folder.file("file", bytesOf("old"));
   fs::create_symlink("file", at("one"));
   fs::create_symlink("one", at("two"));
-  EXPECT_EQ(save(at("two"), "new", kReplace), "");
+  EXPECT_EQ(save(at("two"), bytesOf("new"), kReplace), "");
   EXPECT_EQ(TemporaryFolder::read(at("file")), bytesOf("new"));
   EXPECT_EQ(fs::read_symlink(at("two")), "one");
   EXPECT_EQ(fs::read_symlink(at("one")), "file");
@@ -211,13 +197,13 @@ TEST_F(AtomicFileTest, FollowsAChainOfLinks) {
 TEST_F(AtomicFileTest, RefusesTheExistingTargetOfALink) {
   _folder.file("file", bytesOf("old"));
   fs::create_symlink("file", at("link"));
-  EXPECT_EQ(save(at("link"), "new", kRefuse), "File exists");
+  EXPECT_EQ(save(at("link"), bytesOf("new"), kRefuse), "File exists");
   EXPECT_EQ(TemporaryFolder::read(at("file")), bytesOf("old"));
 }
 
 TEST_F(AtomicFileTest, MakesTheTargetOfADanglingLink) {
   fs::create_symlink("missing", at("link"));
-  EXPECT_EQ(save(at("link"), "new", kReplace), "");
+  EXPECT_EQ(save(at("link"), bytesOf("new"), kReplace), "");
   EXPECT_EQ(fs::read_symlink(at("link")), "missing");
   EXPECT_EQ(TemporaryFolder::read(at("missing")), bytesOf("new"));
   EXPECT_THAT(_folder.names(), ElementsAre("link", "missing"));
@@ -226,7 +212,7 @@ TEST_F(AtomicFileTest, MakesTheTargetOfADanglingLink) {
 TEST_F(AtomicFileTest, FailsOnALoopOfLinks) {
   fs::create_symlink("two", at("one"));
   fs::create_symlink("one", at("two"));
-  EXPECT_EQ(save(at("one"), "new", kReplace), "Too many levels of symbolic links");
+  EXPECT_EQ(save(at("one"), bytesOf("new"), kReplace), "Too many levels of symbolic links");
   EXPECT_EQ(fs::read_symlink(at("one")), "two");
   EXPECT_THAT(_folder.names(), ElementsAre("one", "two"));
 }
@@ -234,16 +220,16 @@ TEST_F(AtomicFileTest, FailsOnALoopOfLinks) {
 TEST_F(AtomicFileTest, FailsOnAFolder) {
   fs::create_directory(at("folder"));
   fs::create_symlink("folder", at("link"));
-  EXPECT_EQ(save(at("folder"), "x", kReplace), "Is a directory");
-  EXPECT_EQ(save(at("folder") / "", "x", kReplace), "Is a directory");
-  EXPECT_EQ(save(at("link"), "x", kReplace), "Is a directory");
-  EXPECT_EQ(save(at("missing") / "", "x", kReplace), "Is a directory");
+  EXPECT_EQ(save(at("folder"), bytesOf("x"), kReplace), "Is a directory");
+  EXPECT_EQ(save(at("folder") / "", bytesOf("x"), kReplace), "Is a directory");
+  EXPECT_EQ(save(at("link"), bytesOf("x"), kReplace), "Is a directory");
+  EXPECT_EQ(save(at("missing") / "", bytesOf("x"), kReplace), "Is a directory");
   EXPECT_THAT(_folder.names(), ElementsAre("folder", "link"));
 }
 
 TEST_F(AtomicFileTest, FailsOnPipesAndDevices) {
   ASSERT_EQ(mkfifo(at("pipe").c_str(), 0666), 0);
-  EXPECT_EQ(save(at("pipe"), "x", kReplace), "Not a regular file");
+  EXPECT_EQ(save(at("pipe"), bytesOf("x"), kReplace), "Not a regular file");
   EXPECT_TRUE(fs::is_fifo(at("pipe")));
   const AtomicFile device("/dev/null", kReplace);
   EXPECT_EQ(device.failure(), "Not a regular file");
@@ -251,16 +237,19 @@ TEST_F(AtomicFileTest, FailsOnPipesAndDevices) {
 
 TEST_F(AtomicFileTest, TellsWhatIsWrongWithThePath) {
   _folder.file("file", bytesOf("old"));
-  EXPECT_EQ(save(at("missing") / "new", "x", kReplace), "No such file or directory");
-  EXPECT_EQ(save(at("file") / "new", "x", kReplace), "Not a directory");
-  EXPECT_EQ(save(at(std::string(300, 'n').c_str()), "x", kReplace), "File name too long");
+  EXPECT_EQ(save(at("missing") / "new", bytesOf("x"), kReplace), "No such file or directory");
+  EXPECT_EQ(save(at("file") / "new", bytesOf("x"), kReplace), "Not a directory");
+  EXPECT_EQ(save(at(std::string(300, 'n').c_str()), bytesOf("x"), kReplace), "File name too long");
   EXPECT_THAT(_folder.names(), ElementsAre("file"));
 }
 
 TEST_F(AtomicFileTest, TakesTheWorkingFolderForABareName) {
   const int result = Confinement::run([this] {
     fs::current_path(_folder.path());
-    return save("bare", "x", kReplace).empty() && save("bare", "y", kReplace).empty() ? 0 : 1;
+    return save("bare", bytesOf("x"), kReplace).empty() &&
+                   save("bare", bytesOf("y"), kReplace).empty()
+               ? 0
+               : 1;
   });
   EXPECT_EQ(result, 0);
   EXPECT_EQ(TemporaryFolder::read(at("bare")), bytesOf("y"));

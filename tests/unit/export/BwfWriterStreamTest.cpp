@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "Saving.h"
 #include "export/BwfWriter.h"
 #include "support/ByteView.h"
 #include "support/TemporaryFolder.h"
@@ -19,8 +20,6 @@ namespace {
 using Bytes = std::vector<std::byte>;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr auto kReplace = AtomicFile::Existing::Replace;
 
 Bytes pattern(std::size_t count) {
   Bytes bytes(count);

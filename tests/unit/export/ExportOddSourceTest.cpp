@@ -8,15 +8,13 @@
 #include <cmath>
 #include <vector>
 
+#include "OddNumbers.h"
 #include "unit/export/ExportFixture.h"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::Eq;
-
-constexpr std::int32_t kMost = 8388607;
-constexpr std::int32_t kLeast = -8388608;
 
 class ExportOddSourceTest : public ExportFixture {
  protected:

@@ -11,16 +11,12 @@
 #include <utility>
 #include <vector>
 
+#include "OddNumbers.h"
 #include "unit/export/ExportFixture.h"
 
 namespace {
 
 using testing::ElementsAre;
-
-constexpr std::int32_t kMost = 8388607;
-constexpr std::int32_t kLeast = -8388608;
-constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
 class ExportPipelineTest : public ExportFixture {
  protected:

@@ -11,7 +11,7 @@
 namespace {
 
 using testing::ElementsAre;
-using Bytes = RecorderProtocol::Bytes;
+using Bytes = std::vector<std::uint8_t>;
 using Request = RecorderProtocol::Request;
 using Reply = RecorderProtocol::Reply;
 

@@ -115,18 +115,18 @@ TEST_P(SettingTest, LeavesTheRecordAlone) {
 
 /// Keeps what a sequence says it waited for.
 template <class Sequence>
-class Described : public Sequence {
+class WithDescription : public Sequence {
  public:
   void sequenceTimeOut(const std::string& description) override { told = description; }
   std::string told;
 };
 
 TEST_P(SettingTest, NamesWhatItWaitsFor) {
-  Described<MIDIBatteryTypeSequence> battery;
+  WithDescription<MIDIBatteryTypeSequence> battery;
   battery.startSequence();
   clock->advance(2.0);
   EXPECT_EQ(battery.told, "CONTROL_SEQUENCE_BT_CHG_REQ");
-  Described<MIDIAutoPowOffSequence> power;
+  WithDescription<MIDIAutoPowOffSequence> power;
   power.startSequence();
   clock->advance(2.0);
   EXPECT_EQ(power.told, "CONTROL_SEQUENCE_APO_CHG_REQ");

@@ -9,7 +9,7 @@
 
 namespace {
 
-using Bytes = RecorderMessages::Bytes;
+using Bytes = std::vector<std::uint8_t>;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -26,7 +26,7 @@ namespace fs = std::filesystem;
 using Bytes = std::vector<std::byte>;
 
 constexpr std::uint64_t kGiB = std::uint64_t{1} << 30;
-constexpr std::uint32_t kElsewhere = 0xFFFFFFFF;
+constexpr std::uint32_t kStatedElsewhere = 0xFFFFFFFF;
 
 class TakeRepairTest : public testing::Test {
  protected:
@@ -81,9 +81,9 @@ TEST_F(TakeRepairTest, ATakeWithLongSizesKeepsThem) {
   const Bytes table = ByteBuilder().u32(1).text("axml").u64(3).get();
   const ByteView out = repaired(WaveBytes()
                                     .ds64(0, 0, table)
-                                    .chunk("axml", kElsewhere, Bytes(4))
+                                    .chunk("axml", kStatedElsewhere, Bytes(4))
                                     .format24()
-                                    .chunk("data", kElsewhere, loud(600))
+                                    .chunk("data", kStatedElsewhere, loud(600))
                                     .getLong("BW64"));
   EXPECT_EQ(out.text(0, 4), "BW64");
   EXPECT_EQ(out.u32(20), out.size() - 8);

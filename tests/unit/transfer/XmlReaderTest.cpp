@@ -10,7 +10,7 @@
 namespace {
 
 // All that a document has, as one line; "!" where it is broken.
-std::string told(const std::string& document) {
+std::string readOut(const std::string& document) {
   XmlReader reader(document);
   std::string all;
   for (;;) {
@@ -33,16 +33,16 @@ std::string told(const std::string& document) {
 }
 
 TEST(XmlReaderTest, TellsElementsAttributesAndTexts) {
-  EXPECT_EQ(told("<x a='1'>t<y/>u</x>"), "<x1't'<y>y'u'>x");
-  EXPECT_EQ(told("<?xml version=\"1.0\"?>\n<!-- c --><x\n b = '0' a = \"2\" ></x >\n<!-- d -->"),
+  EXPECT_EQ(readOut("<x a='1'>t<y/>u</x>"), "<x1't'<y>y'u'>x");
+  EXPECT_EQ(readOut("<?xml version=\"1.0\"?>\n<!-- c --><x\n b = '0' a = \"2\" ></x >\n<!-- d -->"),
             "<x2>x");
-  EXPECT_EQ(told("<p:x q:a='3'></p:x>"), "<x3>x");
+  EXPECT_EQ(readOut("<p:x q:a='3'></p:x>"), "<x3>x");
 }
 
 TEST(XmlReaderTest, ResolvesEntities) {
-  EXPECT_EQ(told("<x a='&lt;&gt;&amp;&quot;&apos;'>&#65;&#x42;&#x20AC;&#x1F600;</x>"),
+  EXPECT_EQ(readOut("<x a='&lt;&gt;&amp;&quot;&apos;'>&#65;&#x42;&#x20AC;&#x1F600;</x>"),
             "<x<>&\"''AB\u20AC\U0001F600'>x");
-  EXPECT_EQ(told("<x><![CDATA[<&]]]></x>"), "<x'<&]'>x");
+  EXPECT_EQ(readOut("<x><![CDATA[<&]]]></x>"), "<x'<&]'>x");
 }
 
 TEST(XmlReaderTest, WhatIsNotWellFormedIsBroken) {
@@ -73,7 +73,7 @@ TEST(XmlReaderTest, WhatIsNotWellFormedIsBroken) {
                                "<x>\xC0\x80</x>",
                                "<x>\xED\xA0\x80</x>",
                                "<x>\xE2\x82</x>"}) {
-    const std::string all = told(document);
+    const std::string all = readOut(document);
     EXPECT_EQ(all.substr(all.size() - 1), "!") << document;
   }
 }
@@ -83,7 +83,7 @@ TEST(XmlReaderTest, ADeepDocumentIsBroken) {
     std::string text;
     for (std::size_t i = 0; i < depth; ++i) text += "<x>";
     for (std::size_t i = 0; i < depth; ++i) text += "</x>";
-    return told(text);
+    return readOut(text);
   };
   EXPECT_EQ(nested(XmlReader::kMostDepth).find('!'), std::string::npos);
   EXPECT_NE(nested(XmlReader::kMostDepth + 1).find('!'), std::string::npos);
@@ -92,20 +92,20 @@ TEST(XmlReaderTest, ADeepDocumentIsBroken) {
 TEST(XmlReaderTest, AnyNumberOfEmptyPiecesOfDataIsPassedOver) {
   std::string text = "<x>";
   for (int i = 0; i < 100'000; ++i) text += "<![CDATA[]]>";
-  EXPECT_EQ(told(text + "<![CDATA[a]]></x>"), "<x'a'>x");
-  EXPECT_EQ(told(text), "<x!");
+  EXPECT_EQ(readOut(text + "<![CDATA[a]]></x>"), "<x'a'>x");
+  EXPECT_EQ(readOut(text), "<x!");
 }
 
 TEST(XmlReaderTest, AByteOrderMarkMayStandInFront) {
-  EXPECT_EQ(told("\xEF\xBB\xBF<?xml version='1.0'?><x/>"), "<x>x");
-  EXPECT_EQ(told("<x>\xEF\xBB\xBF</x>"), "<x'\xEF\xBB\xBF'>x") << "elsewhere it is a text";
-  EXPECT_EQ(told("\xEF\xBB\xBF\xEF\xBB\xBF<x/>"), "!");
+  EXPECT_EQ(readOut("\xEF\xBB\xBF<?xml version='1.0'?><x/>"), "<x>x");
+  EXPECT_EQ(readOut("<x>\xEF\xBB\xBF</x>"), "<x'\xEF\xBB\xBF'>x") << "elsewhere it is a text";
+  EXPECT_EQ(readOut("\xEF\xBB\xBF\xEF\xBB\xBF<x/>"), "!");
 }
 
 TEST(XmlReaderTest, WhatIsEscapedReadsAsItWas) {
   const std::string text = "<a & b> \"c\" 'd'\t\r\n\u20AC";
-  EXPECT_EQ(told("<x a='" + xmlEscaped(text) + "'/>"), "<x" + text + ">x");
-  EXPECT_EQ(told("<x>" + xmlEscaped(text) + "</x>"), "<x'" + text + "'>x");
+  EXPECT_EQ(readOut("<x a='" + xmlEscaped(text) + "'/>"), "<x" + text + ">x");
+  EXPECT_EQ(readOut("<x>" + xmlEscaped(text) + "</x>"), "<x'" + text + "'>x");
 }
 
 TEST(XmlReaderTest, KnowsWhatCannotBeWritten) {

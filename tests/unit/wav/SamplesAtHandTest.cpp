@@ -30,10 +30,10 @@ namespace {
 using Bytes = std::vector<std::byte>;
 using Pair = std::array<std::uint32_t, 2>;  // bits of two floats: a NaN equals itself
 
-constexpr std::uint64_t kRing = FollowedBlocks::kMostBlocks * FollowedBlocks::kBlockBytes;
+constexpr std::uint64_t kRingBytes = FollowedBlocks::kMostBlocks * FollowedBlocks::kBlockBytes;
 constexpr double kRate = 48000;
 
-std::unique_ptr<WaveFileReader> opened(const std::filesystem::path& path) {
+std::unique_ptr<WaveFileReader> atHand(const std::filesystem::path& path) {
   std::string whyNot;
   auto reader = WaveFileReader::openFile(path, whyNot);
   if (!reader) throw std::runtime_error(whyNot);
@@ -87,7 +87,7 @@ class SamplesAtHandTest : public testing::Test {
 }  // namespace
 
 TEST_F(SamplesAtHandTest, NothingIsReadThatIsNotAtHand) {
-  const auto reader = opened(_folder.file("a.wav", numberedTake(1000)));
+  const auto reader = atHand(_folder.file("a.wav", numberedTake(1000)));
   SampleCursor& cursor = reader->cursor();
   std::array<float, 20> block{};
   float left = 0;
@@ -109,41 +109,41 @@ TEST_F(SamplesAtHandTest, NothingIsReadThatIsNotAtHand) {
 
 TEST_F(SamplesAtHandTest, ReadingStopsWhereNothingIsAtHand) {
   constexpr std::size_t kFrames = 1'000'000;
-  const auto reader = opened(_folder.file("a.wav", numberedTake(kFrames)));
-  const std::uint64_t whole = (kRing - 44) / 8;
-  ASSERT_TRUE(comesToHand(*reader->image(), 0, kRing));
+  const auto reader = atHand(_folder.file("a.wav", numberedTake(kFrames)));
+  const std::uint64_t whole = (kRingBytes - 44) / 8;
+  ASSERT_TRUE(comesToHand(*reader->image(), 0, kRingBytes));
   SampleCursor cursor = reader->cursor();
   std::vector<float> block(2 * kFrames);
   cursor.beginReadSample();
   ASSERT_EQ(cursor.readFrames(block), whole);
   EXPECT_EQ(block[2 * whole - 1], -static_cast<float>(whole - 1));
   EXPECT_FALSE(cursor.isFinishReadSample());
-  ASSERT_TRUE(comesToHand(*reader->image(), kRing, kRing + 1000));
+  ASSERT_TRUE(comesToHand(*reader->image(), kRingBytes, kRingBytes + 1000));
   EXPECT_EQ(cursor.readFrames(std::span(block).first(10)), 5U);
   EXPECT_EQ(block[0], static_cast<float>(whole));
 }
 
 TEST_F(SamplesAtHandTest, AFrameWaitsForItsFurthestChannel) {
   std::mt19937 random(1);
-  const auto reader = opened(_folder.file("a.wav", randomTake(random, 3, 24, kRing + 9000)));
-  ASSERT_TRUE(comesToHand(*reader->image(), 0, kRing));
+  const auto reader = atHand(_folder.file("a.wav", randomTake(random, 3, 24, kRingBytes + 9000)));
+  ASSERT_TRUE(comesToHand(*reader->image(), 0, kRingBytes));
   SampleCursor cursor = reader->cursor();
   cursor.beginReadSample();
   const std::uint64_t start = cursor.readDataIdx();
-  std::vector<float> block(kRing);
+  std::vector<float> block(kRingBytes);
   const std::uint64_t count = cursor.readFrames(block);
   // Frames are 9 bytes apart, and the third channel of each ends after 12.
-  EXPECT_LE(start + 9 * (count - 1) + 12, kRing);
-  EXPECT_GT(start + 9 * count + 12, kRing);
+  EXPECT_LE(start + 9 * (count - 1) + 12, kRingBytes);
+  EXPECT_GT(start + 9 * count + 12, kRingBytes);
 }
 
 TEST_F(SamplesAtHandTest, LevelsAreThoseOfTheWholeFileInMemory) {
   std::mt19937 random(7);
   for (const std::uint16_t channels : std::to_array<std::uint16_t>({1, 2, 3, 8})) {
     for (const std::uint16_t bits : std::to_array<std::uint16_t>({16, 24, 32})) {
-      const Bytes file = randomTake(random, channels, bits, kRing + 500'000 + random() % 100);
+      const Bytes file = randomTake(random, channels, bits, kRingBytes + 500'000 + random() % 100);
       const auto inMemory = WaveFileReader::readFromData(file);
-      const auto onDisk = opened(_folder.file("a.wav", file));
+      const auto onDisk = atHand(_folder.file("a.wav", file));
       inMemory->setIsBoMSFormat(true);
       onDisk->setIsBoMSFormat(true);
       WaveFileReader waiting = *onDisk;
@@ -165,7 +165,7 @@ TEST_F(SamplesAtHandTest, LevelsAreThoseOfTheWholeFileInMemory) {
 }
 
 TEST_F(SamplesAtHandTest, SomethingNotAtHandMakesAStretchUnknown) {
-  const auto reader = opened(_folder.file("a.wav", numberedTake(1'000'000)));
+  const auto reader = atHand(_folder.file("a.wav", numberedTake(1'000'000)));
   follow(*reader, 0, 1.0 / 30);
   ReadMeter::hang();  // or the worker could be done between the two steps of `follow`
   EXPECT_FALSE(reader->follow(15.0, 15.1));
@@ -175,15 +175,15 @@ TEST_F(SamplesAtHandTest, SomethingNotAtHandMakesAStretchUnknown) {
 }
 
 TEST_F(SamplesAtHandTest, AStretchLargerThanWhatIsHeldIsNeverAtHand) {
-  const auto reader = opened(_folder.file("a.wav", numberedTake(1'000'000)));
-  ASSERT_TRUE(comesToHand(*reader->image(), 44, kRing));
+  const auto reader = atHand(_folder.file("a.wav", numberedTake(1'000'000)));
+  ASSERT_TRUE(comesToHand(*reader->image(), 44, kRingBytes));
   EXPECT_TRUE(reader->follow(0, 10));
   EXPECT_FALSE(reader->follow(0, 11)) << "4.2 MB";
 }
 
 TEST_F(SamplesAtHandTest, WhoWaitsReadsEverything) {
   const Bytes file = numberedTake(100'000);
-  const auto reader = opened(_folder.file("a.wav", file));
+  const auto reader = atHand(_folder.file("a.wav", file));
   const auto inMemory = WaveFileReader::readFromData(file);
   reader->waitForMedium();
   reader->beginReadSample();
@@ -202,7 +202,7 @@ TEST_F(SamplesAtHandTest, WhoWaitsReadsEverything) {
 }
 
 TEST_F(SamplesAtHandTest, ACancelEndsTheReading) {
-  const auto reader = opened(_folder.file("a.wav", numberedTake(100'000)));
+  const auto reader = atHand(_folder.file("a.wav", numberedTake(100'000)));
   std::atomic<bool> cancel{false};
   reader->waitForMedium(&cancel);
   reader->beginReadSample();
@@ -217,7 +217,7 @@ TEST_F(SamplesAtHandTest, FramesThatReachFarAreReadInTwoPlaces) {
   std::mt19937 random(3);
   const Bytes file = randomTake(random, 1000, 24, 1'800'000);
   const auto inMemory = WaveFileReader::readFromData(file);
-  const auto reader = opened(_folder.file("a.wav", file));
+  const auto reader = atHand(_folder.file("a.wav", file));
   reader->waitForMedium();
   std::vector<float> wanted(1200);
   std::vector<float> found(1200);
@@ -233,7 +233,7 @@ TEST_F(SamplesAtHandTest, FramesThatReachFarAreReadInTwoPlaces) {
 // The meters of a take that plays while an export reads it.
 TEST_F(SamplesAtHandTest, MetersFollowWhileOthersRead) {
   constexpr std::size_t kFrames = 1'000'000;
-  const auto reader = opened(_folder.file("a.wav", numberedTake(kFrames)));
+  const auto reader = atHand(_folder.file("a.wav", numberedTake(kFrames)));
   std::atomic<std::size_t> right{0};
   {
     std::latch start(3);

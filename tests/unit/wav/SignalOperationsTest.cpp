@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kBits[] = {16, 24, 32, 0, -1};  // none of the operations looks at them
 
-float factor(double dB) {
+float gainFactor(double dB) {
   return static_cast<float>(std::pow(10.0, dB / 20.0));
 }
 
@@ -33,8 +33,8 @@ TEST(SignalOperationsTest, OneFrameAtOtherAngles) {
   EXPECT_EQ(mono, (std::array{0.5F, 0.5F}));
   std::array<float, 2> wide{0.6F, 0.5F};
   WaveFileReader::COM_SetCvtMSSample(24, wide.data(), 150);
-  EXPECT_FLOAT_EQ(wide[0], 0.6F + 0.5F * factor(6.0));
-  EXPECT_FLOAT_EQ(wide[1], 0.6F - 0.5F * factor(6.0));
+  EXPECT_FLOAT_EQ(wide[0], 0.6F + 0.5F * gainFactor(6.0));
+  EXPECT_FLOAT_EQ(wide[1], 0.6F - 0.5F * gainFactor(6.0));
 }
 
 TEST(SignalOperationsTest, DecodeCountsFloats) {
@@ -80,7 +80,7 @@ TEST(SignalOperationsTest, DecodeForPlayingGlides) {
   WaveFileReader::COM_MSDecodeForPlaying(24, samples.data(), 5, &info);
   constexpr double kAngles[] = {101, 102, 103, 103, 103};
   for (std::size_t n = 0; n < 5; ++n) {
-    EXPECT_FLOAT_EQ(samples[2 * n], factor((kAngles[n] - 120) * 0.2)) << n;
+    EXPECT_FLOAT_EQ(samples[2 * n], gainFactor((kAngles[n] - 120) * 0.2)) << n;
   }
 }
 

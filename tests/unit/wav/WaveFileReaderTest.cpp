@@ -23,7 +23,7 @@ namespace {
 
 using Bytes = std::vector<std::byte>;
 
-constexpr std::uint32_t kBextID = 0x74786562;
+constexpr std::uint32_t kExtensionID = 0x74786562;
 
 Bytes recording() {
   return WaveBytes()
@@ -38,7 +38,7 @@ Bytes bytesOf(const WavArray& array) {
   return {bytes, bytes + array.length};
 }
 
-std::string decoded(const std::string& bytes, std::uint64_t length) {
+std::string asText(const std::string& bytes, std::uint64_t length) {
   return WaveFileReader::DecodeAsString(reinterpret_cast<const std::uint8_t*>(bytes.data()),
                                         length);
 }
@@ -84,7 +84,7 @@ TEST(WaveFileReaderTest, TheBextChunkIsTheFirstOfThatName) {
       WaveBytes().format24().bext("first", "").bext("second", "12").data({}).get());
   const auto chunk = reader->getBextChunk();
   ASSERT_TRUE(chunk.has_value());
-  EXPECT_EQ(chunk->chunkID, kBextID);
+  EXPECT_EQ(chunk->chunkID, kExtensionID);
   EXPECT_EQ(chunk->chunkSize, 602U);
   EXPECT_EQ(chunk->streamPos, 44U);
 }
@@ -124,27 +124,27 @@ TEST(WaveFileReaderTest, ChunkDataEndsWithTheFile) {
   const auto reader = WaveFileReader::readFromData(
       WaveBytes().format24().chunk("data", 1000, Bytes(6, std::byte{7})).get());
   EXPECT_EQ(bytesOf(reader->getChunkData(reader->chunks()[1])), Bytes(6, std::byte{7}));
-  EXPECT_EQ(reader->getChunkData({kBextID, 10, 50}).length, 0U);
-  EXPECT_EQ(reader->getChunkData({kBextID, 10, 51}).length, 0U);
-  EXPECT_EQ(reader->getChunkData({kBextID, 0xFFFFFFFF, 0xFFFFFFFF}).length, 0U);
-  EXPECT_EQ(reader->getChunkData({kBextID, 0, 12}).length, 0U);
+  EXPECT_EQ(reader->getChunkData({kExtensionID, 10, 50}).length, 0U);
+  EXPECT_EQ(reader->getChunkData({kExtensionID, 10, 51}).length, 0U);
+  EXPECT_EQ(reader->getChunkData({kExtensionID, 0xFFFFFFFF, 0xFFFFFFFF}).length, 0U);
+  EXPECT_EQ(reader->getChunkData({kExtensionID, 0, 12}).length, 0U);
 }
 
 TEST(WaveFileReaderTest, TextEndsAtTheFirstZero) {
-  EXPECT_EQ(decoded(std::string("ABC") + std::string(29, '\0'), 32), "ABC");
-  EXPECT_EQ(decoded(std::string("AB\0CD", 5), 5), "AB");
-  EXPECT_EQ(decoded(std::string(32, '\0'), 32), "");
+  EXPECT_EQ(asText(std::string("ABC") + std::string(29, '\0'), 32), "ABC");
+  EXPECT_EQ(asText(std::string("AB\0CD", 5), 5), "AB");
+  EXPECT_EQ(asText(std::string(32, '\0'), 32), "");
 }
 
 TEST(WaveFileReaderTest, TextWithoutAZeroEndsAtItsLength) {
-  EXPECT_EQ(decoded(std::string(40, 'x'), 32), std::string(32, 'x'));
-  EXPECT_EQ(decoded("ABC", 0), "");
+  EXPECT_EQ(asText(std::string(40, 'x'), 32), std::string(32, 'x'));
+  EXPECT_EQ(asText("ABC", 0), "");
   EXPECT_EQ(WaveFileReader::DecodeAsString(nullptr, 0), "");
 }
 
 TEST(WaveFileReaderTest, EveryByteIsALatin1Character) {
-  EXPECT_EQ(decoded("\x7F\x80\xBF\xC0\xFF", 5), "\x7F\xC2\x80\xC2\xBF\xC3\x80\xC3\xBF");
-  EXPECT_EQ(decoded("a\tb\n", 4), "a\tb\n");
+  EXPECT_EQ(asText("\x7F\x80\xBF\xC0\xFF", 5), "\x7F\xC2\x80\xC2\xBF\xC3\x80\xC3\xBF");
+  EXPECT_EQ(asText("a\tb\n", 4), "a\tb\n");
 }
 
 TEST(WaveFileReaderTest, SamplesAreReadInOrder) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "Indexed.h"
 #include "support/ByteBuilder.h"
 #include "support/TemporaryFolder.h"
 #include "support/WaveBytes.h"
@@ -17,12 +18,6 @@ namespace {
 using Bytes = std::vector<std::byte>;
 
 constexpr std::size_t kRiffSizeAt = 4;
-
-WaveIndex indexOf(const Bytes& file) {
-  WaveIndex index;
-  index.parse(*WaveImage::fromBytes(file));
-  return index;
-}
 
 WaveIndex indexWithRiffSize(const Bytes& file, std::uint32_t riffSize) {
   return indexOf(ByteBuilder().bytes(file).patch32(kRiffSizeAt, riffSize).get());

@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Indexed.h"
 #include "support/ByteBuilder.h"
 #include "support/TemporaryFolder.h"
 #include "support/WaveBytes.h"
@@ -28,12 +29,6 @@ constexpr std::uint32_t kElsewhere = 0xFFFFFFFF;
 constexpr std::uint64_t kMost = ~std::uint64_t{0};
 constexpr std::uint64_t kGiB = std::uint64_t{1} << 30;
 
-WaveIndex indexOf(const Bytes& file) {
-  WaveIndex index;
-  index.parse(*WaveImage::fromBytes(file));
-  return index;
-}
-
 // A table of one entry, or of as many as it says.
 Bytes table(const std::string& identifier, std::uint64_t size, std::uint32_t count = 1) {
   return ByteBuilder().u32(count).text(identifier).u64(size).get();
@@ -49,10 +44,6 @@ WaveBytes twoFrames(std::uint64_t riffSize, std::uint64_t dataSize) {
 
 std::uint64_t framesOf(const Bytes& file) {
   return WaveFileReader::readFromData(file)->frameCount();
-}
-
-std::string_view whyInvalid(const Bytes& file) {
-  return indexOf(file).whyInvalid(file.size());
 }
 
 }  // namespace

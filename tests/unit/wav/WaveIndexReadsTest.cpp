@@ -27,7 +27,7 @@ std::filesystem::path sparse(const TemporaryFolder& folder, const Bytes& start) 
   return path;
 }
 
-std::unique_ptr<WaveFileReader> opened(const std::filesystem::path& path) {
+std::unique_ptr<WaveFileReader> read(const std::filesystem::path& path) {
   std::string whyNot;
   ReadMeter::reset();
   auto reader = WaveFileReader::openFile(path, whyNot);
@@ -39,7 +39,7 @@ std::unique_ptr<WaveFileReader> opened(const std::filesystem::path& path) {
 
 TEST(WaveIndexReadsTest, AFileOfZerosIsGivenUpEarly) {
   const TemporaryFolder folder;
-  const auto reader = opened(sparse(folder, WaveBytes().format24().data(Bytes(6)).get()));
+  const auto reader = read(sparse(folder, WaveBytes().format24().data(Bytes(6)).get()));
   EXPECT_FALSE(reader->isValidFile());
   EXPECT_EQ(reader->chunks().size(), WaveIndex::kMostChunks);
   EXPECT_LE(reader->chunks().capacity(), 2 * WaveIndex::kMostChunks);
@@ -51,7 +51,7 @@ TEST(WaveIndexReadsTest, AFileOfZerosIsGivenUpEarly) {
 TEST(WaveIndexReadsTest, ATakeOfFourGiBIsIndexedFromItsStart) {
   const TemporaryFolder folder;
   const auto start = WaveBytes().format24().recorderBext().chunk("data", kAlmostFourGiB, {}).get();
-  const auto reader = opened(sparse(folder, start));
+  const auto reader = read(sparse(folder, start));
   EXPECT_TRUE(reader->isValidFile());
   EXPECT_LE(ReadMeter::reads(), 4U);
   EXPECT_LE(ReadMeter::bytes(), 16384U);
@@ -60,7 +60,7 @@ TEST(WaveIndexReadsTest, ATakeOfFourGiBIsIndexedFromItsStart) {
 TEST(WaveIndexReadsTest, OfAnExtensionOfFourGiBOnlyItsStartIsRead) {
   const TemporaryFolder folder;
   const auto start = WaveBytes().format24().data(Bytes(6)).chunk("bext", 0xFFFE'0000, {}).get();
-  const auto reader = opened(sparse(folder, start));
+  const auto reader = read(sparse(folder, start));
   const auto chunk = reader->getBextChunk();
   ASSERT_TRUE(chunk.has_value());
   EXPECT_EQ(chunk->chunkSize, 0xFFFE'0000U);

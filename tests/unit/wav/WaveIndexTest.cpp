@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "Indexed.h"
 #include "support/ByteBuilder.h"
 #include "support/WaveBytes.h"
 #include "wav/WaveImage.h"
@@ -20,16 +21,6 @@ using testing::HasSubstr;
 
 constexpr std::uint32_t kBextID = 0x74786562;
 constexpr std::uint32_t kJunkID = 0x4B4E554A;
-
-WaveIndex indexOf(const Bytes& file) {
-  WaveIndex index;
-  index.parse(*WaveImage::fromBytes(file));
-  return index;
-}
-
-std::string whyInvalid(const Bytes& file) {
-  return std::string(indexOf(file).whyInvalid(file.size()));
-}
 
 std::vector<std::uint32_t> identifiers(const WaveIndex& index) {
   std::vector<std::uint32_t> found;

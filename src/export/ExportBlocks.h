@@ -1,0 +1,11 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+
+/// How much of a take an export, or a look at what it will be, works on at once.
+struct ExportBlocks {
+  static constexpr std::size_t kFloats = 5120;        ///< decoded: they stay in the nearest cache
+  static constexpr std::size_t kReadBytes = 1 << 20;  ///< of the file
+};
