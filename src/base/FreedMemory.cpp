@@ -8,4 +8,5 @@
 void FreedMemory::goesBack() {
   constexpr int kLarge = 128 << 10;
   mallopt(M_MMAP_THRESHOLD, kLarge);
+  mallopt(M_ARENA_MAX, 1);
 }

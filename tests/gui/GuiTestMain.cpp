@@ -6,9 +6,11 @@
 #include <QApplication>
 #include <QFont>
 
+#include "base/FreedMemory.h"
 #include "controls/Language.h"
 
 int main(int argc, char** argv) {
+  FreedMemory::goesBack();  // as in the program
   qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleMock(&argc, argv);
   const QApplication application(argc, argv);

@@ -11,6 +11,7 @@
 #include <chrono>
 #include <numeric>
 
+#include "app/CardDesk.h"
 #include "app/RepairOffer.h"
 #include "dialogs/AboutVC.h"
 #include "dialogs/Alert.h"
@@ -25,6 +26,7 @@
 #include "dialogs/QueuePanel.h"
 #include "dialogs/SavePanel.h"
 #include "dialogs/TakeInformation.h"
+#include "dialogs/TransferPanel.h"
 
 namespace {
 
@@ -126,6 +128,18 @@ QWidget* EveryDialog::repairQuestion() {
   return shown<QMessageBox>();
 }
 
+QWidget* EveryDialog::transferPanel(QAction& action) {
+  action.trigger();
+  return shown<TransferPanel>();
+}
+
+QWidget* EveryDialog::verifiedFolder() {
+  QWidget* const panel = transferPanel(*view().menu->actionVerifyFolder);
+  press(panel, QCoreApplication::translate("CardDesk", "Verify"));
+  waitFor([this] { return !controller().cards().isBusy(); }, "the end of it");
+  return panel;
+}
+
 void EveryDialog::forEachDialog(const std::function<void(QWidget&)>& look) {
   const auto takePath = takes.path() / "R0001.WAV";
   const auto target = takes.path() / "R0001_Decode.WAV";
@@ -153,7 +167,10 @@ void EveryDialog::forEachDialog(const std::function<void(QWidget&)>& look) {
         refresh();
         return rowMenu(2);
       },
-      [this] { return repairQuestion(); }};
+      [this] { return repairQuestion(); },
+      [this] { return transferPanel(*view().menu->actionCopyCard); },
+      [this] { return transferPanel(*view().menu->actionVerifyFolder); },
+      [this] { return verifiedFolder(); }};
   for (const auto& make : makers) {
     const std::unique_ptr<QWidget> dialog(make());
     ASSERT_NE(dialog, nullptr);

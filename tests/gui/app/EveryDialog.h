@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QAction>
 #include <QWidget>
 #include <filesystem>
 #include <functional>
@@ -39,6 +40,9 @@ class EveryDialog : public WindowFixture {
   }
   QWidget* exportDialog();
   QWidget* batchWithoutALoudness();
+  QWidget* transferPanel(QAction& action);
+  /// A folder that has no manifest.
+  QWidget* verifiedFolder();
 
   std::unique_ptr<QueueModel> _queue;
 };
