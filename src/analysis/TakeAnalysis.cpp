@@ -125,13 +125,14 @@ void TakeAnalysis::addPeaks(TakeFigures& figures, int width, double gain) const 
 }
 
 // Between the samples of the stretch no value is greater than the filter makes of its own bins, and
-// none than that of the whole take.
+// none than that of the whole take, which is all that is known where no bins are kept.
 void TakeAnalysis::addBounds(TakeFigures& figures, int width, double gain, std::uint64_t from,
                              std::uint64_t to) const {
   addPeaks(figures, width, gain);
   figures.arePeaksBounds = true;
   Waveform::Column column;
   if (from < to) column = columnOf(WaveformBins(layout().isRawMidSide(), width, 0), from, to);
+  if (from < to && !column.isKnown && isComplete()) return;
   const auto greatest = [](float a, float b) { return static_cast<double>(std::max(a, -b)); };
   const double factor = std::sqrt(powerGain(gain));
   const double left = greatest(column.greatestLeft, column.leastLeft);

@@ -127,7 +127,10 @@ bool TakeAnalyzer::Work::takeNext(UnitResult& result) {
 }
 
 void TakeAnalyzer::Work::add(UnitResult& result) {
-  if (!_keepsBins) result.found.keys = result.found.peakKeys = {};
+  if (!_keepsBins) {  // with their room, which "= {}" would keep
+    result.found.keys = std::vector<UpperKey::Key>();
+    result.found.peakKeys = std::vector<UpperKey::Key>();
+  }
   const std::lock_guard lock(_mutex);
   _findings.add(std::move(result));
   _progressed.notify_all();

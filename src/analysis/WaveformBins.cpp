@@ -44,6 +44,7 @@ bool WaveformBins::isBetween() const {
 
 void WaveformBins::raise(Greatest& greatest, const BinKeys& keys, std::size_t first,
                          std::size_t end) const {
+  if (keys.keys.empty()) return;  // only the figures of the whole take are kept
   const auto part = [&](std::size_t plane) {
     return keys.keys.subspan(plane * keys.bins + first, end - first);
   };

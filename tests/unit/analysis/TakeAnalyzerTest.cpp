@@ -181,6 +181,9 @@ TEST_F(TakeAnalyzerTest, FiguresAloneAreTheSameInAThirdOfTheMemory) {
       EXPECT_EQ(figures->samplePeak(width), whole->samplePeak(width));
     }
     EXPECT_FALSE(figures->waveform(90, 0, 0, ~0ULL, 1).columns[0].isKnown);
+    const TakeFigures ofStretch = figures->at(90, 0, 0, kTakeRate);
+    EXPECT_TRUE(ofStretch.arePeaksBounds);
+    EXPECT_EQ(ofStretch.samplePeakDbfs, figures->at(90, 0).samplePeakDbfs) << "never too low";
     if (isRaw) {
       EXPECT_LT(3 * figures->memory(), whole->memory());
     }
