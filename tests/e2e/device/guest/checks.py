@@ -160,7 +160,9 @@ class T2Sequencer(Link):
         other.end()
         self.link.wait(event="disconnected")  # any removal ends the link
         other = recorder("--name", "Some Keys")
-        self.connects()  # and any addition finds the recorder again
+        self.connects()  # and the recorder is found again
+        # Keys that go before the change has settled were never there: nothing would be told.
+        until("the keys are listed again", lambda: self.is_listed("Some Keys"))
         other.end()
         self.link.wait(event="disconnected")
         self.connects()  # by itself, as the recorder is still there
