@@ -51,9 +51,10 @@ bool FolderCheck::run(const Tell& tell, const MediumStep& step) {
     const auto known = _manifests.files().find(file.path.native());
     known == _manifests.files().end() ? checkNew(file) : checkKnown(file, known->second);
   }
+  if (_hasEnded) return false;  // the last file may have been a missing one
   for (const std::string& path : hidden) note(State::Unreadable, path, "it cannot be listed");
   for (const auto& [path, entry] : _missing) note(State::Missing, path);
-  return _isAllRight && !_hasEnded;
+  return _isAllRight;
 }
 
 // Of those that were not found those that may be there all the same.

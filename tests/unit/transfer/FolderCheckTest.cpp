@@ -135,4 +135,16 @@ TEST_F(FolderCheckTest, AStepThatSaysSoEndsIt) {
   EXPECT_EQ(told, 0U);
 }
 
+TEST_F(FolderCheckTest, EndedInTheLastFileItKnowsNotWhatIsMissing) {
+  fs::rename(home() / "DAY2" / "R0003.WAV", home() / "moved.WAV");
+  FolderCheck check(home());
+  std::size_t told = 0;
+  const auto tell = [&](const FolderCheck::Finding& finding) {
+    EXPECT_EQ(finding.state, FolderCheck::State::Right) << finding.path;
+    ++told;
+  };
+  EXPECT_FALSE(check.run(tell, [&](auto /*bytes*/) { return told < 2; }));
+  EXPECT_EQ(told, 2U);
+}
+
 }  // namespace
