@@ -14,6 +14,12 @@ DialogWindow::DialogWindow(QWidget* parent) : QDialog(parent) {
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 }
 
+void DialogWindow::bringUp() {
+  show();
+  raise();
+  activateWindow();
+}
+
 void DialogWindow::initWindowUI(const QString& title) {
   setWindowTitle(title);
   QPalette colors = palette();

@@ -20,6 +20,8 @@ class DialogWindow : public QDialog {
   /// a desktop on which windows do not place themselves.
   void setParentFrame(const QRect& frame) { _parentFrame = frame; }
   [[nodiscard]] const QRect& parentFrame() const { return _parentFrame; }
+  /// In front, with the keyboard.
+  void bringUp();
 
  protected:
   /// Runs each time the dialog is about to be shown, laid out but not yet on the screen.

@@ -64,10 +64,7 @@ void ExportDesk::showProgress(int id, double done, std::chrono::milliseconds ela
 }
 
 void ExportDesk::raiseProgress() {
-  ExportProgress& oldest = *_progress.begin()->second;
-  oldest.show();
-  oldest.raise();
-  oldest.activateWindow();
+  _progress.begin()->second->bringUp();
 }
 
 void ExportDesk::end(int id, const ExportOrder& order, const ExportResult& result) {

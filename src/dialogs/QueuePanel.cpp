@@ -161,12 +161,6 @@ void QueuePanel::keyPressEvent(QKeyEvent* event) {
   DialogWindow::keyPressEvent(event);
 }
 
-void QueuePanel::bringUp() {
-  show();
-  raise();
-  activateWindow();
-}
-
 void QueuePanel::reject() {
   DialogWindow::reject();
   if (!_model.isBusy()) _model.clear();

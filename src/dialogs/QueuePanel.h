@@ -26,8 +26,6 @@ class QueuePanel : public DialogWindow {
 
   /// The lines have changed; the queue has been at work for so long.
   void refresh(std::chrono::milliseconds elapsed);
-  /// In front, with the keyboard.
-  void bringUp();
 
   /// Closing: without anything under way what came of the takes is forgotten.
   void reject() override;

@@ -197,12 +197,6 @@ void TransferPanel::showInFolder() {
   if (!files.empty()) emit showInFolderRequested(files);
 }
 
-void TransferPanel::bringUp() {
-  show();
-  raise();
-  activateWindow();
-}
-
 void TransferPanel::reject() {
   DialogWindow::reject();
   if (!isBusy()) deleteLater();

@@ -42,8 +42,6 @@ class TransferPanel : public DialogWindow {
   FolderButton& addPlace(const QString& caption);
   [[nodiscard]] bool isBusy() const { return _job.isUnderWay(); }
   void cancel();
-  /// In front, with the keyboard.
-  void bringUp();
   void reject() override;
 
  signals:

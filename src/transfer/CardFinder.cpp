@@ -4,7 +4,6 @@
 #include "transfer/CardFinder.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstddef>
 #include <fstream>
 #include <sstream>
@@ -13,6 +12,7 @@
 #include <utility>
 
 #include "export/Recognition.h"
+#include "transfer/FolderFiles.h"
 #include "transfer/ManifestFolder.h"
 #include "wav/WaveFileReader.h"
 
@@ -45,14 +45,6 @@ std::string unescaped(std::string_view text) {
   return plain;
 }
 
-bool isTake(const fs::directory_entry& entry) {
-  std::string ending = entry.path().extension().native();
-  std::ranges::transform(ending, ending.begin(),
-                         [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  std::error_code error;
-  return ending == ".wav" && entry.is_regular_file(error);
-}
-
 bool isOfRecorder(const fs::path& file) {
   std::string whyNot;
   const auto reader = WaveFileReader::openFile(file, whyNot);
@@ -77,7 +69,8 @@ struct Contents {
     isCopy = isCopy || name == ManifestFolder::kName;
     if (name.starts_with('.')) return;
     if (entry.is_directory(error)) folders.push_back(entry.path());
-    if (isTake(entry)) takes.push_back(entry.path());
+    const bool isTake = FolderFiles::isTake(entry.path()) && entry.is_regular_file(error);
+    if (isTake) takes.push_back(entry.path());
   }
   [[nodiscard]] bool hasRecording() const {
     const auto last = takes.begin() + std::min<std::ptrdiff_t>(kMostTakes, std::ssize(takes));

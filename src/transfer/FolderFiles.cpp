@@ -18,13 +18,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-bool isTake(const fs::path& path) {
-  std::string ending = path.extension().native();
-  std::transform(ending.begin(), ending.end(), ending.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return ending == ".wav";
-}
-
 /// Walks one folder and those below it, each by itself: what one of them hides does not keep the
 /// others from being listed.
 class Listing {
@@ -65,7 +58,9 @@ class Listing {
       return;
     }
     if (S_ISDIR(status.st_mode)) _next.push_back(path);
-    if (!S_ISREG(status.st_mode) || (_which == FolderFiles::Which::Takes && !isTake(path))) return;
+    if (!S_ISREG(status.st_mode) ||
+        (_which == FolderFiles::Which::Takes && !FolderFiles::isTake(path)))
+      return;
     _found.files.push_back({path, static_cast<std::uint64_t>(status.st_size), status.st_mtim});
   }
 
@@ -87,6 +82,13 @@ fs::path FolderFiles::Gap::in(const fs::path& folder) const {
 
 bool FolderFiles::mayHide(const fs::path& file) const {
   return std::any_of(gaps.begin(), gaps.end(), [&file](const Gap& gap) { return gap.hides(file); });
+}
+
+bool FolderFiles::isTake(const fs::path& path) {
+  std::string ending = path.extension().native();
+  std::transform(ending.begin(), ending.end(), ending.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return ending == ".wav";
 }
 
 FolderFiles FolderFiles::of(const fs::path& folder, Which which) {

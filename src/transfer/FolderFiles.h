@@ -11,7 +11,7 @@
 /// What is in a folder and below it, in the order of the names. Hidden files and folders are left
 /// out, links are not followed.
 struct FolderFiles {
-  enum class Which { Takes, All };  ///< takes are those that end in ".wav", in letters of any size
+  enum class Which { Takes, All };
 
   /// What could not be listed: a folder with what is below it, or a file.
   struct Gap {
@@ -24,6 +24,8 @@ struct FolderFiles {
     [[nodiscard]] std::filesystem::path in(const std::filesystem::path& folder) const;
   };
 
+  /// Whether a file of this name is a take: one that ends in ".wav", in letters of any size.
+  static bool isTake(const std::filesystem::path& file);
   /// Waits for the medium. What cannot be listed does not keep the rest from it.
   static FolderFiles of(const std::filesystem::path& folder, Which which);
 
