@@ -30,6 +30,7 @@ class StartTest(Case):
         program = self.program()
         self.wait_files(program, "D1.WAV")
         self.assertIsNone(program.look("dialog"))
+        self.quit(program)  # it stores what it has opened at a time of its own
         self.settings.write_text(stored.replace(self.version(), "0.0.1"))
         program = self.program()
         program.find("dialog", "Introduction")
