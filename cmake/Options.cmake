@@ -17,8 +17,8 @@ endif()
 
 find_program(MIXDECK_CCACHE ccache)
 if(MIXDECK_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  # Every clone on a machine shares what one of them has compiled.
+  # Every clone on a machine shares what one of them has compiled, behind precompiled headers too.
   set(CMAKE_CXX_COMPILER_LAUNCHER
       "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1
-      "${MIXDECK_CCACHE}")
+      CCACHE_SLOPPINESS=pch_defines,time_macros "${MIXDECK_CCACHE}")
 endif()
