@@ -341,18 +341,6 @@ MIT-Lizenz</translation>
         <source>Folder</source>
         <translation>Ordner</translation>
     </message>
-    <message>
-        <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
-        <translation>Es werden noch Takes kopiert. Was kopiert ist, bleibt; die nächste Kopie macht dort weiter.</translation>
-    </message>
-    <message>
-        <source>Keep copying</source>
-        <translation>Weiter kopieren</translation>
-    </message>
-    <message>
-        <source>Stop and quit</source>
-        <translation>Anhalten und beenden</translation>
-    </message>
 </context>
 <context>
     <name>ClipLamp</name>
@@ -456,6 +444,52 @@ MIT-Lizenz</translation>
     <message>
         <source>The recorder</source>
         <translation>Der Rekorder</translation>
+    </message>
+</context>
+<context>
+    <name>EndQuestion</name>
+    <message>
+        <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
+        <translation>Es werden noch Takes kopiert. Was kopiert ist, bleibt; die nächste Kopie macht dort weiter.</translation>
+    </message>
+    <message>
+        <source>Keep copying</source>
+        <translation>Weiter kopieren</translation>
+    </message>
+    <message>
+        <source>Stop and quit</source>
+        <translation>Anhalten und beenden</translation>
+    </message>
+    <message>
+        <source>Keep working</source>
+        <translation>Weiterarbeiten</translation>
+    </message>
+    <message>
+        <source>Stop all and quit</source>
+        <translation>Alles anhalten und beenden</translation>
+    </message>
+    <message>
+        <source>An export is still running. Ending now cancels it.</source>
+        <translation>Ein Export läuft noch. Beenden bricht ihn ab.</translation>
+    </message>
+    <message>
+        <source>Keep exporting</source>
+        <translation>Weiter exportieren</translation>
+    </message>
+    <message>
+        <source>Cancel export and quit</source>
+        <translation>Export abbrechen und beenden</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n exports are still running or waiting. Ending now cancels them.</source>
+        <translation>
+            <numerusform>%n Export läuft oder wartet noch. Beenden bricht ihn ab.</numerusform>
+            <numerusform>%n Exporte laufen oder warten noch. Beenden bricht sie ab.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel exports and quit</source>
+        <translation>Exporte abbrechen und beenden</translation>
     </message>
 </context>
 <context>
@@ -2181,29 +2215,6 @@ MIT-Lizenz</translation>
     <message>
         <source>Solo is for listening: Left and Right are exported.</source>
         <translation>Solo dient dem Hören: Exportiert werden Links und Rechts.</translation>
-    </message>
-    <message>
-        <source>An export is still running. Ending now cancels it.</source>
-        <translation>Ein Export läuft noch. Beenden bricht ihn ab.</translation>
-    </message>
-    <message>
-        <source>Keep exporting</source>
-        <translation>Weiter exportieren</translation>
-    </message>
-    <message>
-        <source>Cancel export and quit</source>
-        <translation>Export abbrechen und beenden</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n exports are still running or waiting. Ending now cancels them.</source>
-        <translation>
-            <numerusform>%n Export läuft oder wartet noch. Beenden bricht ihn ab.</numerusform>
-            <numerusform>%n Exporte laufen oder warten noch. Beenden bricht sie ab.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Cancel exports and quit</source>
-        <translation>Exporte abbrechen und beenden</translation>
     </message>
 </context>
 <context>

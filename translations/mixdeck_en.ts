@@ -29,6 +29,16 @@
     </message>
 </context>
 <context>
+    <name>EndQuestion</name>
+    <message numerus="yes">
+        <source>%n exports are still running or waiting. Ending now cancels them.</source>
+        <translation>
+            <numerusform>%n export is still running or waiting. Ending now cancels it.</numerusform>
+            <numerusform>%n exports are still running or waiting. Ending now cancels them.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ExportLevels</name>
     <message numerus="yes">
         <source>Would clip in 24 bit at %n place(s)</source>
@@ -62,16 +72,6 @@
         <translation>
             <numerusform>%n file is right</numerusform>
             <numerusform>%n files are right</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>WindowCommands</name>
-    <message numerus="yes">
-        <source>%n exports are still running or waiting. Ending now cancels them.</source>
-        <translation>
-            <numerusform>%n export is still running or waiting. Ending now cancels it.</numerusform>
-            <numerusform>%n exports are still running or waiting. Ending now cancels them.</numerusform>
         </translation>
     </message>
 </context>

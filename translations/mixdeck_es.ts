@@ -341,18 +341,6 @@ Licencia MIT</translation>
         <source>Folder</source>
         <translation>Carpeta</translation>
     </message>
-    <message>
-        <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
-        <translation>Todavía se están copiando tomas. Lo copiado queda; la próxima copia sigue desde ahí.</translation>
-    </message>
-    <message>
-        <source>Keep copying</source>
-        <translation>Seguir copiando</translation>
-    </message>
-    <message>
-        <source>Stop and quit</source>
-        <translation>Detener y salir</translation>
-    </message>
 </context>
 <context>
     <name>ClipLamp</name>
@@ -456,6 +444,52 @@ Licencia MIT</translation>
     <message>
         <source>The recorder</source>
         <translation>La grabadora</translation>
+    </message>
+</context>
+<context>
+    <name>EndQuestion</name>
+    <message>
+        <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
+        <translation>Todavía se están copiando tomas. Lo copiado queda; la próxima copia sigue desde ahí.</translation>
+    </message>
+    <message>
+        <source>Keep copying</source>
+        <translation>Seguir copiando</translation>
+    </message>
+    <message>
+        <source>Stop and quit</source>
+        <translation>Detener y salir</translation>
+    </message>
+    <message>
+        <source>Keep working</source>
+        <translation>Seguir con todo</translation>
+    </message>
+    <message>
+        <source>Stop all and quit</source>
+        <translation>Detener todo y salir</translation>
+    </message>
+    <message>
+        <source>An export is still running. Ending now cancels it.</source>
+        <translation>Hay una exportación en curso. Salir ahora la cancela.</translation>
+    </message>
+    <message>
+        <source>Keep exporting</source>
+        <translation>Seguir exportando</translation>
+    </message>
+    <message>
+        <source>Cancel export and quit</source>
+        <translation>Cancelar la exportación y salir</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n exports are still running or waiting. Ending now cancels them.</source>
+        <translation>
+            <numerusform>%n exportación está en curso o en espera. Salir ahora la cancela.</numerusform>
+            <numerusform>%n exportaciones están en curso o en espera. Salir ahora las cancela.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel exports and quit</source>
+        <translation>Cancelar las exportaciones y salir</translation>
     </message>
 </context>
 <context>
@@ -2181,29 +2215,6 @@ Licencia MIT</translation>
     <message>
         <source>Solo is for listening: Left and Right are exported.</source>
         <translation>El solo es para escuchar: se exportan izquierda y derecha.</translation>
-    </message>
-    <message>
-        <source>An export is still running. Ending now cancels it.</source>
-        <translation>Hay una exportación en curso. Salir ahora la cancela.</translation>
-    </message>
-    <message>
-        <source>Keep exporting</source>
-        <translation>Seguir exportando</translation>
-    </message>
-    <message>
-        <source>Cancel export and quit</source>
-        <translation>Cancelar la exportación y salir</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n exports are still running or waiting. Ending now cancels them.</source>
-        <translation>
-            <numerusform>%n exportación está en curso o en espera. Salir ahora la cancela.</numerusform>
-            <numerusform>%n exportaciones están en curso o en espera. Salir ahora las cancela.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Cancel exports and quit</source>
-        <translation>Cancelar las exportaciones y salir</translation>
     </message>
 </context>
 <context>

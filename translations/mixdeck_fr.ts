@@ -341,18 +341,6 @@ Licence MIT</translation>
         <source>Folder</source>
         <translation>Dossier</translation>
     </message>
-    <message>
-        <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
-        <translation>Des prises sont encore en cours de copie. Ce qui est copié reste ; la prochaine copie reprend là.</translation>
-    </message>
-    <message>
-        <source>Keep copying</source>
-        <translation>Continuer la copie</translation>
-    </message>
-    <message>
-        <source>Stop and quit</source>
-        <translation>Arrêter et quitter</translation>
-    </message>
 </context>
 <context>
     <name>ClipLamp</name>
@@ -456,6 +444,52 @@ Licence MIT</translation>
     <message>
         <source>The recorder</source>
         <translation>L’enregistreur</translation>
+    </message>
+</context>
+<context>
+    <name>EndQuestion</name>
+    <message>
+        <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
+        <translation>Des prises sont encore en cours de copie. Ce qui est copié reste ; la prochaine copie reprend là.</translation>
+    </message>
+    <message>
+        <source>Keep copying</source>
+        <translation>Continuer la copie</translation>
+    </message>
+    <message>
+        <source>Stop and quit</source>
+        <translation>Arrêter et quitter</translation>
+    </message>
+    <message>
+        <source>Keep working</source>
+        <translation>Tout continuer</translation>
+    </message>
+    <message>
+        <source>Stop all and quit</source>
+        <translation>Tout arrêter et quitter</translation>
+    </message>
+    <message>
+        <source>An export is still running. Ending now cancels it.</source>
+        <translation>Une exportation est en cours. Quitter maintenant l’annule.</translation>
+    </message>
+    <message>
+        <source>Keep exporting</source>
+        <translation>Continuer l’exportation</translation>
+    </message>
+    <message>
+        <source>Cancel export and quit</source>
+        <translation>Annuler l’exportation et quitter</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n exports are still running or waiting. Ending now cancels them.</source>
+        <translation>
+            <numerusform>%n exportation est en cours ou en attente. Quitter maintenant l’annule.</numerusform>
+            <numerusform>%n exportations sont en cours ou en attente. Quitter maintenant les annule.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel exports and quit</source>
+        <translation>Annuler les exportations et quitter</translation>
     </message>
 </context>
 <context>
@@ -2181,29 +2215,6 @@ Licence MIT</translation>
     <message>
         <source>Solo is for listening: Left and Right are exported.</source>
         <translation>Le solo sert à l’écoute&#xa0;: gauche et droite sont exportées.</translation>
-    </message>
-    <message>
-        <source>An export is still running. Ending now cancels it.</source>
-        <translation>Une exportation est en cours. Quitter maintenant l’annule.</translation>
-    </message>
-    <message>
-        <source>Keep exporting</source>
-        <translation>Continuer l’exportation</translation>
-    </message>
-    <message>
-        <source>Cancel export and quit</source>
-        <translation>Annuler l’exportation et quitter</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n exports are still running or waiting. Ending now cancels them.</source>
-        <translation>
-            <numerusform>%n exportation est en cours ou en attente. Quitter maintenant l’annule.</numerusform>
-            <numerusform>%n exportations sont en cours ou en attente. Quitter maintenant les annule.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Cancel exports and quit</source>
-        <translation>Annuler les exportations et quitter</translation>
     </message>
 </context>
 <context>

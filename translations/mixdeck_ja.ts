@@ -338,18 +338,6 @@ MIT ライセンス</translation>
         <source>Folder</source>
         <translation>フォルダー</translation>
     </message>
-    <message>
-        <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
-        <translation>テイクをまだコピーしています。コピーした分は残り、次のコピーはそこから続きます。</translation>
-    </message>
-    <message>
-        <source>Keep copying</source>
-        <translation>コピーを続ける</translation>
-    </message>
-    <message>
-        <source>Stop and quit</source>
-        <translation>中止して終了</translation>
-    </message>
 </context>
 <context>
     <name>ClipLamp</name>
@@ -453,6 +441,51 @@ MIT ライセンス</translation>
     <message>
         <source>The recorder</source>
         <translation>レコーダー</translation>
+    </message>
+</context>
+<context>
+    <name>EndQuestion</name>
+    <message>
+        <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
+        <translation>テイクをまだコピーしています。コピーした分は残り、次のコピーはそこから続きます。</translation>
+    </message>
+    <message>
+        <source>Keep copying</source>
+        <translation>コピーを続ける</translation>
+    </message>
+    <message>
+        <source>Stop and quit</source>
+        <translation>中止して終了</translation>
+    </message>
+    <message>
+        <source>Keep working</source>
+        <translation>続ける</translation>
+    </message>
+    <message>
+        <source>Stop all and quit</source>
+        <translation>すべて中止して終了</translation>
+    </message>
+    <message>
+        <source>An export is still running. Ending now cancels it.</source>
+        <translation>書き出し中です。今終了するとキャンセルされます。</translation>
+    </message>
+    <message>
+        <source>Keep exporting</source>
+        <translation>書き出しを続ける</translation>
+    </message>
+    <message>
+        <source>Cancel export and quit</source>
+        <translation>書き出しを中止して終了</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n exports are still running or waiting. Ending now cancels them.</source>
+        <translation>
+            <numerusform>%n 件の書き出しが実行中か待機中です。今終了するとキャンセルされます。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel exports and quit</source>
+        <translation>書き出しを中止して終了</translation>
     </message>
 </context>
 <context>
@@ -2174,28 +2207,6 @@ MIT ライセンス</translation>
     <message>
         <source>Solo is for listening: Left and Right are exported.</source>
         <translation>ソロは試聴用です。左右のチャンネルが書き出されます。</translation>
-    </message>
-    <message>
-        <source>An export is still running. Ending now cancels it.</source>
-        <translation>書き出し中です。今終了するとキャンセルされます。</translation>
-    </message>
-    <message>
-        <source>Keep exporting</source>
-        <translation>書き出しを続ける</translation>
-    </message>
-    <message>
-        <source>Cancel export and quit</source>
-        <translation>書き出しを中止して終了</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n exports are still running or waiting. Ending now cancels them.</source>
-        <translation>
-            <numerusform>%n 件の書き出しが実行中か待機中です。今終了するとキャンセルされます。</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Cancel exports and quit</source>
-        <translation>書き出しを中止して終了</translation>
     </message>
 </context>
 <context>

@@ -338,18 +338,6 @@ MIT 许可证</translation>
         <source>Folder</source>
         <translation>文件夹</translation>
     </message>
-    <message>
-        <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
-        <translation>仍在复制录音。已复制的会保留；下次复制从那里继续。</translation>
-    </message>
-    <message>
-        <source>Keep copying</source>
-        <translation>继续复制</translation>
-    </message>
-    <message>
-        <source>Stop and quit</source>
-        <translation>停止并退出</translation>
-    </message>
 </context>
 <context>
     <name>ClipLamp</name>
@@ -453,6 +441,51 @@ MIT 许可证</translation>
     <message>
         <source>The recorder</source>
         <translation>录音机</translation>
+    </message>
+</context>
+<context>
+    <name>EndQuestion</name>
+    <message>
+        <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
+        <translation>仍在复制录音。已复制的会保留；下次复制从那里继续。</translation>
+    </message>
+    <message>
+        <source>Keep copying</source>
+        <translation>继续复制</translation>
+    </message>
+    <message>
+        <source>Stop and quit</source>
+        <translation>停止并退出</translation>
+    </message>
+    <message>
+        <source>Keep working</source>
+        <translation>继续进行</translation>
+    </message>
+    <message>
+        <source>Stop all and quit</source>
+        <translation>全部停止并退出</translation>
+    </message>
+    <message>
+        <source>An export is still running. Ending now cancels it.</source>
+        <translation>导出仍在进行。现在退出会取消导出。</translation>
+    </message>
+    <message>
+        <source>Keep exporting</source>
+        <translation>继续导出</translation>
+    </message>
+    <message>
+        <source>Cancel export and quit</source>
+        <translation>取消导出并退出</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n exports are still running or waiting. Ending now cancels them.</source>
+        <translation>
+            <numerusform>%n 个导出正在进行或等待。现在退出会将其取消。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel exports and quit</source>
+        <translation>取消导出并退出</translation>
     </message>
 </context>
 <context>
@@ -2174,28 +2207,6 @@ MIT 许可证</translation>
     <message>
         <source>Solo is for listening: Left and Right are exported.</source>
         <translation>独听仅用于监听：导出的是左右声道。</translation>
-    </message>
-    <message>
-        <source>An export is still running. Ending now cancels it.</source>
-        <translation>导出仍在进行。现在退出会取消导出。</translation>
-    </message>
-    <message>
-        <source>Keep exporting</source>
-        <translation>继续导出</translation>
-    </message>
-    <message>
-        <source>Cancel export and quit</source>
-        <translation>取消导出并退出</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n exports are still running or waiting. Ending now cancels them.</source>
-        <translation>
-            <numerusform>%n 个导出正在进行或等待。现在退出会将其取消。</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Cancel exports and quit</source>
-        <translation>取消导出并退出</translation>
     </message>
 </context>
 <context>

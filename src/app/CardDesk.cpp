@@ -3,8 +3,6 @@
 
 #include "app/CardDesk.h"
 
-#include <QMessageBox>
-#include <QPushButton>
 #include <algorithm>
 #include <memory>
 
@@ -111,28 +109,12 @@ bool CardDesk::isBusy() const {
   return isAtWork(_copying) || isAtWork(_verifying);
 }
 
-bool CardDesk::mayEnd() {
-  if (_isEnding || !isAtWork(_copying)) return true;
-  askForTheEnd();
-  return false;
+bool CardDesk::isCopying() const {
+  return isAtWork(_copying);
 }
 
-void CardDesk::askForTheEnd() {
-  auto* const question = new QMessageBox(QMessageBox::NoIcon, _place.window.window()->windowTitle(),
-                                         {}, QMessageBox::NoButton, &_place.window);
-  question->setAttribute(Qt::WA_DeleteOnClose);
-  question->setInformativeText(
-      tr("Takes are still being copied. What is copied stays; the next copy goes on from there."));
-  QPushButton* const stay = question->addButton(tr("Keep copying"), QMessageBox::ActionRole);
-  const auto* const end = question->addButton(tr("Stop and quit"), QMessageBox::ActionRole);
-  question->setDefaultButton(stay);
-  question->setEscapeButton(stay);
-  connect(end, &QAbstractButton::clicked, this, &CardDesk::endAnyway);
-  question->open();
-}
-
-void CardDesk::endAnyway() {
-  _isEnding = true;
-  if (TransferPanel* const panel = _copying) panel->cancel();
-  emit endRequested();
+void CardDesk::cancel() {
+  for (TransferPanel* const panel : {_copying.data(), _verifying.data()}) {
+    if (isAtWork(panel)) panel->cancel();
+  }
 }

@@ -44,13 +44,12 @@ class CardDesk : public QObject {
   [[nodiscard]] const std::filesystem::path& card() const { return _card; }
   /// Whether something is being copied or verified.
   [[nodiscard]] bool isBusy() const;
-  /// Whether the window may end. While a copy is under way it asks, and answers false;
-  /// `endRequested` follows where the user wants the end.
-  bool mayEnd();
+  [[nodiscard]] bool isCopying() const;
+  /// Tells what is under way to end.
+  void cancel();
 
  signals:
   void busyChanged();
-  void endRequested();
   void showInFolderRequested(const std::vector<std::filesystem::path>& files);
   /// It is known which card there is.
   void looked();
@@ -61,8 +60,6 @@ class CardDesk : public QObject {
   void verifyFolder();
   void present(TransferPanel& panel);
   void found(const std::vector<std::filesystem::path>& cards);
-  void askForTheEnd();
-  void endAnyway();
 
   Place _place;
   Find _find;
@@ -72,5 +69,4 @@ class CardDesk : public QObject {
   std::filesystem::path _destination;  ///< that was chosen last
   QPointer<TransferPanel> _copying;
   QPointer<TransferPanel> _verifying;
-  bool _isEnding = false;
 };

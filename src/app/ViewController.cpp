@@ -48,7 +48,7 @@ void ViewController::initUI() {
   connect(&_panes.selection, &SelectionPane::exportRequested, &_panes.selected,
           &SelectedExport::ask);
   connectRows();
-  connect(&_panes.cards, &CardDesk::endRequested, this, &ViewController::endRequested);
+  connect(&_panes.ending, &EndQuestion::endRequested, this, &ViewController::endRequested);
   connect(&_panes.cards, &CardDesk::showInFolderRequested, this,
           &ViewController::showFilesRequested);
   connect(&_panes.device, &DevicePane::recorderMissing, &commands, &WindowCommands::showNoDevice);

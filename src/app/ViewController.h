@@ -36,7 +36,7 @@ class ViewController : public QObject, public MIDIManagerDelegate {
   /// Opens the first of these, a folder or a recording, and selects with a recording those others
   /// that are in its folder.
   void open(const std::vector<std::filesystem::path>& files);
-  bool mayEnd() { return _panes.commands.mayEnd() && _panes.cards.mayEnd(); }
+  bool mayEnd() { return _panes.ending.mayEnd(); }
   void notify(const Notification& event);
 
   void openFolder(const std::filesystem::path& folder) { _panes.browser.openFolder(folder); }

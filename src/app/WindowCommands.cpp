@@ -4,8 +4,6 @@
 #include "app/WindowCommands.h"
 
 #include <QDesktopServices>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QUrl>
 #include <utility>
 
@@ -153,38 +151,6 @@ void WindowCommands::connectExports() {
   });
   connect(&_desk, &ExportDesk::failed, this,
           [this](const QString& why) { _status.say(StatusLine::Topic::Export, why); });
-}
-
-bool WindowCommands::mayEnd() {
-  if (!_exports.isBusy() || _isEnding) return true;
-  askForTheEnd();
-  return false;
-}
-
-void WindowCommands::askForTheEnd() {
-  auto* const question = new QMessageBox(QMessageBox::NoIcon, _window.windowTitle(), {},
-                                         QMessageBox::NoButton, &_window);
-  question->setAttribute(Qt::WA_DeleteOnClose);
-  const auto count = static_cast<int>(_exports.ids().size());
-  question->setInformativeText(
-      count == 1 ? tr("An export is still running. Ending now cancels it.")
-                 : tr("%n exports are still running or waiting. Ending now cancels them.", nullptr,
-                      count));
-  // In this order, whatever the desktop's is.
-  QPushButton* const stay = question->addButton(tr("Keep exporting"), QMessageBox::ActionRole);
-  const auto* const end =
-      question->addButton(count == 1 ? tr("Cancel export and quit") : tr("Cancel exports and quit"),
-                          QMessageBox::ActionRole);
-  question->setDefaultButton(stay);
-  question->setEscapeButton(stay);
-  connect(end, &QAbstractButton::clicked, this, &WindowCommands::endAnyway);
-  question->open();
-}
-
-void WindowCommands::endAnyway() {
-  _isEnding = true;
-  _exports.cancelAll();
-  emit endRequested();
 }
 
 bool WindowCommands::eventFilter(QObject* watched, QEvent* event) {

@@ -16,8 +16,8 @@
 
 class DialogWindow;
 
-/// Menu, keys, dialogs and help of the window, and its end. What a key or an action starts in a
-/// pane goes out as a signal. Interface thread.
+/// Menu, keys, dialogs and help of the window. What a key or an action starts in a pane goes out as
+/// a signal. Interface thread.
 class WindowCommands : public QObject {
   Q_OBJECT
 
@@ -60,9 +60,6 @@ class WindowCommands : public QObject {
   /// Keys that no control has taken; all are taken here.
   void keyDown(const QKeyEvent& event);
   void keyUp(const QKeyEvent& event);
-  /// True when the program may end. While an export runs it asks, and answers false; when the user
-  /// wants the end, the export is cancelled and `endRequested` follows.
-  bool mayEnd();
 
   [[nodiscard]] const QString& versionString() const { return _versionString; }
 
@@ -87,8 +84,6 @@ class WindowCommands : public QObject {
   void connectExports();
   void present(DialogWindow* dialog) const;
   DialogWindow* introduce(bool fromMenu);
-  void askForTheEnd();
-  void endAnyway();
 
   QWidget& _window;
   StatusLine& _status;
@@ -102,5 +97,4 @@ class WindowCommands : public QObject {
   bool _firstIntroDialog = false;
   bool _isIntroducing = false;
   bool _isSpaceDown = false;
-  bool _isEnding = false;
 };

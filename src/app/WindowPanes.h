@@ -8,6 +8,7 @@
 #include "app/BrowserPane.h"
 #include "app/CardDesk.h"
 #include "app/DevicePane.h"
+#include "app/EndQuestion.h"
 #include "app/FolderBrowser.h"
 #include "app/LevelFeed.h"
 #include "app/ListOrder.h"
@@ -91,6 +92,7 @@ struct WindowPanes {
   CardDesk cards{{view, *view.menu->actionCopyCard, *view.menu->actionVerifyFolder,
                   *view.player->lblStatus, browser},
                  &owner};
+  EndQuestion ending{{view, exports, cards}, &owner};
   TakeInformant informant{view, take, measured, &owner};
   WindowCommands commands{{view, *view.menu, *view.player->btnExport, *view.player->lblStatus,
                            exports, desk, &measured},

@@ -3,9 +3,12 @@
 
 #include "app/CardDesk.h"
 
+#include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <algorithm>
+#include <cstddef>
 
 #include "WindowFixture.h"
 #include "support/SlowReads.h"
@@ -45,6 +48,11 @@ class Cards : public WindowFixture {
     waitFor([this] { return !desk().isBusy(); }, "the copy");
   }
   static QMessageBox* question() { return shown<QMessageBox>(); }
+  [[nodiscard]] static std::ptrdiff_t questions() {
+    return std::ranges::count_if(QApplication::topLevelWidgets(), [](const QWidget* widget) {
+      return widget->isVisible() && qobject_cast<const QMessageBox*>(widget) != nullptr;
+    });
+  }
 
   TemporaryFolder card;
 };
@@ -103,12 +111,37 @@ TEST_F(Cards, TheWindowAsksBeforeItEndsACopy) {
   waitFor([] { return question() == nullptr; }, "the answer");
   EXPECT_TRUE(desk().isBusy());
   EXPECT_FALSE(controller().mayEnd());
-  const QSignalSpy ends(&desk(), &CardDesk::endRequested);
+  const QSignalSpy ends(&controller(), &ViewController::endRequested);
   press(question(), "Stop and quit");
   EXPECT_EQ(ends.count(), 1);
   EXPECT_TRUE(controller().mayEnd());
   SlowReads::reset();
   waitForEnd();
+}
+
+TEST_F(Cards, TheWindowAsksOnceForAllThatIsUnderWay) {
+  lookAt({card.path()});
+  SlowReads::give(card.path(), 500'000);
+  press(&openCopy(), "Copy");
+  ExportQueue& exports = controller().exportQueue();
+  exports.add({.source = card.path() / "R0001.WAV", .target = takes.path() / "out.WAV"});
+  view().close();
+  view().close();
+  waitFor([] { return questions() == 1; }, "the only question");
+  EXPECT_EQ(question()->informativeText().toStdString(),
+            "An export is still running. Ending now cancels it.\n"
+            "Takes are still being copied. What is copied stays; the next copy goes on from there.");
+  press(question(), "Keep working");
+  EXPECT_TRUE(view().isVisible());
+  EXPECT_TRUE(exports.isBusy() && desk().isBusy());
+  view().close();
+  press(question(), "Stop all and quit");
+  EXPECT_FALSE(view().isVisible());
+  SlowReads::reset();
+  waitForEnd();
+  waitFor([&] { return !exports.isBusy(); }, "the end of the export");
+  EXPECT_FALSE(std::filesystem::exists(takes.path() / "out.WAV"));
+  EXPECT_FALSE(std::filesystem::exists(takes.path() / "R0001.WAV"));
 }
 
 TEST_F(Cards, AFolderIsVerifiedFromTheMenu) {

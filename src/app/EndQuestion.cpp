@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+
+#include "app/EndQuestion.h"
+
+#include <QPushButton>
+
+EndQuestion::EndQuestion(const Place& place, QObject* parent) : QObject(parent), _place(place) {}
+
+bool EndQuestion::mayEnd() {
+  if (_isEnding || !isReasonToStay()) return true;
+  ask();
+  return false;
+}
+
+bool EndQuestion::isReasonToStay() const {
+  return _place.exports.isBusy() || _place.cards.isCopying();
+}
+
+// One that still stands may tell of what has ended meanwhile.
+void EndQuestion::ask() {
+  if (_question) _question->close();
+  _question = new QMessageBox(QMessageBox::NoIcon, _place.window.window()->windowTitle(), {},
+                              QMessageBox::NoButton, &_place.window);
+  _question->setAttribute(Qt::WA_DeleteOnClose);
+  const Words words = this->words();
+  _question->setInformativeText(words.text);
+  // In this order, whatever the desktop's is.
+  QPushButton* const stay = _question->addButton(words.stay, QMessageBox::ActionRole);
+  const auto* const end = _question->addButton(words.end, QMessageBox::ActionRole);
+  _question->setDefaultButton(stay);
+  _question->setEscapeButton(stay);
+  connect(end, &QAbstractButton::clicked, this, &EndQuestion::endAnyway);
+  _question->open();
+}
+
+EndQuestion::Words EndQuestion::words() const {
+  const Words exports = wordsForExports();
+  if (!_place.cards.isCopying()) return exports;
+  const Words copy{
+      tr("Takes are still being copied. What is copied stays; the next copy goes on from there."),
+      tr("Keep copying"), tr("Stop and quit")};
+  if (!_place.exports.isBusy()) return copy;
+  return {exports.text + u'\n' + copy.text, tr("Keep working"), tr("Stop all and quit")};
+}
+
+EndQuestion::Words EndQuestion::wordsForExports() const {
+  const auto count = static_cast<int>(_place.exports.ids().size());
+  if (count == 1) {
+    return {tr("An export is still running. Ending now cancels it."), tr("Keep exporting"),
+            tr("Cancel export and quit")};
+  }
+  return {
+      tr("%n exports are still running or waiting. Ending now cancels them.", nullptr, count),
+      tr("Keep exporting"), tr("Cancel exports and quit")};
+}
+
+void EndQuestion::endAnyway() {
+  _isEnding = true;
+  _place.exports.cancelAll();
+  _place.cards.cancel();
+  emit endRequested();
+}

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QMessageBox>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+#include "app/CardDesk.h"
+#include "queue/ExportQueue.h"
+
+/// Asks before the window ends while something is under way that its end would break off, once for
+/// all of it. Interface thread.
+class EndQuestion : public QObject {
+  Q_OBJECT
+
+ public:
+  /// What it is about; all of it outlives this.
+  struct Place {
+    QWidget& window;
+    ExportQueue& exports;
+    CardDesk& cards;
+  };
+
+  explicit EndQuestion(const Place& place, QObject* parent = nullptr);
+
+  /// True when the window may end. While exports or a copy are under way it asks, and answers
+  /// false; when the user wants the end, they are cancelled and `endRequested` follows.
+  bool mayEnd();
+
+ signals:
+  void endRequested();
+
+ private:
+  struct Words {
+    QString text;
+    QString stay;
+    QString end;
+  };
+
+  [[nodiscard]] bool isReasonToStay() const;
+  [[nodiscard]] Words words() const;
+  [[nodiscard]] Words wordsForExports() const;
+  void ask();
+  void endAnyway();
+
+  Place _place;
+  QPointer<QMessageBox> _question;
+  bool _isEnding = false;
+};
