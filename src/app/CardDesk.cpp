@@ -4,6 +4,7 @@
 #include "app/CardDesk.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <memory>
 
 #include "dialogs/PathText.h"

@@ -8,30 +8,35 @@
 EndQuestion::EndQuestion(const Place& place, QObject* parent) : QObject(parent), _place(place) {}
 
 bool EndQuestion::mayEnd() {
-  if (_isEnding || !isReasonToStay()) return true;
-  ask();
-  return false;
+  if (!_isEnding && isReasonToStay()) {
+    ask();
+    return false;
+  }
+  _place.cards.cancel();
+  return true;
 }
 
+// A folder that is verified is only read: what its end breaks off can be had again.
 bool EndQuestion::isReasonToStay() const {
   return _place.exports.isBusy() || _place.cards.isCopying();
 }
 
 // One that still stands may tell of what has ended meanwhile.
 void EndQuestion::ask() {
-  if (_question) _question->close();
-  _question = new QMessageBox(QMessageBox::NoIcon, _place.window.window()->windowTitle(), {},
-                              QMessageBox::NoButton, &_place.window);
-  _question->setAttribute(Qt::WA_DeleteOnClose);
+  if (QMessageBox* const before = _question) before->close();
+  auto* const question = new QMessageBox(QMessageBox::NoIcon, _place.window.window()->windowTitle(),
+                                         {}, QMessageBox::NoButton, &_place.window);
+  _question = question;
+  question->setAttribute(Qt::WA_DeleteOnClose);
   const Words words = this->words();
-  _question->setInformativeText(words.text);
+  question->setInformativeText(words.text);
   // In this order, whatever the desktop's is.
-  QPushButton* const stay = _question->addButton(words.stay, QMessageBox::ActionRole);
-  const auto* const end = _question->addButton(words.end, QMessageBox::ActionRole);
-  _question->setDefaultButton(stay);
-  _question->setEscapeButton(stay);
+  QPushButton* const stay = question->addButton(words.stay, QMessageBox::ActionRole);
+  const auto* const end = question->addButton(words.end, QMessageBox::ActionRole);
+  question->setDefaultButton(stay);
+  question->setEscapeButton(stay);
   connect(end, &QAbstractButton::clicked, this, &EndQuestion::endAnyway);
-  _question->open();
+  question->open();
 }
 
 EndQuestion::Words EndQuestion::words() const {
@@ -50,14 +55,12 @@ EndQuestion::Words EndQuestion::wordsForExports() const {
     return {tr("An export is still running. Ending now cancels it."), tr("Keep exporting"),
             tr("Cancel export and quit")};
   }
-  return {
-      tr("%n exports are still running or waiting. Ending now cancels them.", nullptr, count),
-      tr("Keep exporting"), tr("Cancel exports and quit")};
+  return {tr("%n exports are still running or waiting. Ending now cancels them.", nullptr, count),
+          tr("Keep exporting"), tr("Cancel exports and quit")};
 }
 
 void EndQuestion::endAnyway() {
   _isEnding = true;
   _place.exports.cancelAll();
-  _place.cards.cancel();
   emit endRequested();
 }

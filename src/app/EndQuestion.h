@@ -11,8 +11,9 @@
 #include "app/CardDesk.h"
 #include "queue/ExportQueue.h"
 
-/// Asks before the window ends while something is under way that its end would break off, once for
-/// all of it. Interface thread.
+/// Asks before the window ends while something is under way that would be missing then: exports and
+/// a copy, once for all of them. A folder that is being verified is no reason to ask. Interface
+/// thread.
 class EndQuestion : public QObject {
   Q_OBJECT
 
@@ -26,8 +27,9 @@ class EndQuestion : public QObject {
 
   explicit EndQuestion(const Place& place, QObject* parent = nullptr);
 
-  /// True when the window may end. While exports or a copy are under way it asks, and answers
-  /// false; when the user wants the end, they are cancelled and `endRequested` follows.
+  /// True when the window may end; what is between card and disk is told to end then. While exports
+  /// or a copy are under way it asks, and answers false; when the user wants the end, the exports
+  /// are cancelled and `endRequested` follows.
   bool mayEnd();
 
  signals:

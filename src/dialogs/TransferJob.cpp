@@ -32,18 +32,33 @@ void TransferJob::Desk::add(const Line& line) {
   _lines.push_back(line);
 }
 
+void TransferJob::Desk::end() {
+  const std::lock_guard lock(_mutex);
+  _hasEnded = true;
+  _ended.notify_all();
+}
+
+void TransferJob::Desk::waitForEnd(std::chrono::milliseconds most) {
+  std::unique_lock lock(_mutex);
+  _ended.wait_for(lock, most, [this] { return _hasEnded; });
+}
+
 TransferJob::TransferJob(QObject* parent) : QObject(parent) {
   connect(&_timer, &QTimer::timeout, this, &TransferJob::look);
 }
 
+// What the work tells is put into words by the toolkit, which does not outlive the program's end.
 TransferJob::~TransferJob() {
+  if (!isUnderWay()) return;
   cancel();
+  _desk->waitForEnd(_patience);
 }
 
 void TransferJob::begin(const Work& work) {
   _desk = std::make_shared<Desk>();
   const bool hasBegun = _errand.begin([this, work, desk = _desk]() -> Errand::Outcome {
     const End end = guarded(work, *desk);
+    desk->end();
     return [this, end] { finish(end); };
   });
   if (!hasBegun) return finish({.complaint = Reason::text(QStringLiteral("no thread can be had"))});

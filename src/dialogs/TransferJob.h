@@ -6,6 +6,8 @@
 #include <QString>
 #include <QTimer>
 #include <atomic>
+#include <chrono>
+#include <condition_variable>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -16,9 +18,10 @@
 
 #include "base/Errand.h"
 
-/// Long work with the files of a medium, on a thread of its own, and what it tells meanwhile.
-/// Nobody waits for the thread: with the job it is told to end, and ends when its medium lets it.
-/// Interface thread, which has an event loop; a desk is for both threads.
+/// Long work with the files of a medium, on a thread of its own, and what it tells meanwhile. With
+/// the job the work is told to end, and waited for, but not for long: one whose medium hangs ends
+/// by itself later, or with the program. Interface thread, which has an event loop; a desk is for
+/// both threads.
 class TransferJob : public QObject {
   Q_OBJECT
 
@@ -53,16 +56,25 @@ class TransferJob : public QObject {
    private:
     friend class TransferJob;
 
+    void end();
+    void waitForEnd(std::chrono::milliseconds most);
+
     std::atomic<bool> _isCancelled{false};
     std::mutex _mutex;  ///< guards what follows
+    std::condition_variable _ended;
+    bool _hasEnded = false;
     Progress _progress;
     std::vector<Line> _lines;  ///< that have not been looked at
   };
   /// On the job's thread; ends soon after `cancel` becomes true.
   using Work = std::function<End(Desk& desk)>;
 
+  /// How long the job's end waits for the work to stop.
+  static constexpr std::chrono::milliseconds kPatience{300};
+
   explicit TransferJob(QObject* parent = nullptr);
   ~TransferJob() override;
+  void setPatience(std::chrono::milliseconds most) { _patience = most; }
 
   /// Begins; nothing else is under way.
   void begin(const Work& work);
@@ -83,4 +95,5 @@ class TransferJob : public QObject {
   std::shared_ptr<Desk> _desk;
   Errand _errand;
   QTimer _timer;
+  std::chrono::milliseconds _patience = kPatience;
 };

@@ -128,9 +128,10 @@ TEST_F(Cards, TheWindowAsksOnceForAllThatIsUnderWay) {
   view().close();
   view().close();
   waitFor([] { return questions() == 1; }, "the only question");
-  EXPECT_EQ(question()->informativeText().toStdString(),
-            "An export is still running. Ending now cancels it.\n"
-            "Takes are still being copied. What is copied stays; the next copy goes on from there.");
+  EXPECT_EQ(
+      question()->informativeText().toStdString(),
+      "An export is still running. Ending now cancels it.\n"
+      "Takes are still being copied. What is copied stays; the next copy goes on from there.");
   press(question(), "Keep working");
   EXPECT_TRUE(view().isVisible());
   EXPECT_TRUE(exports.isBusy() && desk().isBusy());
@@ -142,6 +143,25 @@ TEST_F(Cards, TheWindowAsksOnceForAllThatIsUnderWay) {
   waitFor([&] { return !exports.isBusy(); }, "the end of the export");
   EXPECT_FALSE(std::filesystem::exists(takes.path() / "out.WAV"));
   EXPECT_FALSE(std::filesystem::exists(takes.path() / "R0001.WAV"));
+}
+
+TEST_F(Cards, AVerifyEndsWithTheWindowUnasked) {
+  lookAt({card.path()});
+  TransferPanel& copy = openCopy();
+  press(&copy, "Copy");
+  waitForEnd();
+  press(&copy, "Close");
+  SlowReads::give(takes.path(), 500'000);
+  view().menu->actionVerifyFolder->trigger();
+  auto* const panel = shown<TransferPanel>();
+  ASSERT_NE(panel, nullptr);
+  press(panel, "Verify");
+  view().close();
+  EXPECT_FALSE(view().isVisible());
+  EXPECT_EQ(question(), nullptr) << "nothing is lost";
+  SlowReads::reset();
+  waitForEnd();
+  EXPECT_EQ(panel->findChild<QLabel*>(QStringLiteral("complaint"))->text(), "Cancelled.");
 }
 
 TEST_F(Cards, AFolderIsVerifiedFromTheMenu) {
