@@ -8,6 +8,12 @@
 
 #include "base/EB.h"
 
+namespace {
+
+constexpr int kRefresh = 40;  // ms
+
+}  // namespace
+
 BatchDesk::BatchDesk(ExportQueue& queue, QWidget& window, ExportQueue::Clock clock)
     : _queue(queue),
       _window(window),
@@ -22,6 +28,8 @@ BatchDesk::BatchDesk(ExportQueue& queue, QWidget& window, ExportQueue::Clock clo
   connect(_panel.get(), &QueuePanel::cancelRequested, this, &BatchDesk::cancel);
   connect(_panel.get(), &QueuePanel::showInFolderRequested, this,
           &BatchDesk::showInFolderRequested);
+  _soon.setSingleShot(true);
+  connect(&_soon, &QTimer::timeout, this, &BatchDesk::refresh);
 }
 
 void BatchDesk::ask(const std::vector<std::filesystem::path>& files, double gain, double angle,
@@ -52,18 +60,19 @@ void BatchDesk::progress(int id, double done, std::chrono::milliseconds elapsed)
   const QueueModel::Line* const line = _model.lineOf(id);
   if (line == nullptr || line->state != QueueModel::State::Running) return;
   _model.progress(id, done, elapsed);
-  refresh();
+  refreshSoon();
 }
 
 void BatchDesk::finish(int id, const ExportOrder& order, const ExportResult& result) {
   if (!order.isOfBatch) return;
   _model.finish(id, result);
-  refresh();
+  refreshSoon();
   if (result.end == ExportResult::End::Written) EB::FIRE(EB::kReloadFileList);
   if (!_model.isBusy()) end();
 }
 
 void BatchDesk::end() {
+  refresh();
   const auto count = static_cast<int>(_model.count(QueueModel::State::Failed));
   if (count > 0) {
     _panel->show();
@@ -79,8 +88,15 @@ void BatchDesk::cancel(const std::vector<int>& ids) {
     _model.cancelling(id);
     _queue.cancel(id);
   }
+  refresh();
+}
+
+// Each look at the panel goes through all lines, and many of them may end at once.
+void BatchDesk::refreshSoon() {
+  if (!_soon.isActive()) _soon.start(kRefresh);
 }
 
 void BatchDesk::refresh() {
+  _soon.stop();
   _panel->refresh(_clock() - _began);
 }

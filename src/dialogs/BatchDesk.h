@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 #include <QWidget>
 #include <chrono>
 #include <cstddef>
@@ -49,6 +50,7 @@ class BatchDesk : public QObject {
   void finish(int id, const ExportOrder& order, const ExportResult& result);
   void cancel(const std::vector<int>& ids);
   void end();
+  void refreshSoon();
   void refresh();
 
   ExportQueue& _queue;
@@ -58,4 +60,5 @@ class BatchDesk : public QObject {
   std::size_t _most = std::numeric_limits<std::size_t>::max();
   QueueModel _model;
   std::unique_ptr<QueuePanel> _panel;
+  QTimer _soon;  ///< what lines tell meanwhile is one refresh
 };

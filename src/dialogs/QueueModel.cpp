@@ -41,6 +41,7 @@ void QueueModel::add(int id, const ExportOrder& order) {
   line.size = order.size;
   _rows[id] = _lines.size();
   _lines.push_back(std::move(line));
+  ++_unended;
   endInsertRows();
 }
 
@@ -75,7 +76,8 @@ void QueueModel::cancelling(int id) {
 }
 
 void QueueModel::finish(int id, const ExportResult& result) {
-  change(id, [&result](Line& line) {
+  change(id, [this, &result](Line& line) {
+    if (!hasEnded(line)) --_unended;
     line.state = stateOf(result.end);
     if (line.state == State::Failed) line.why = Reason::text(result.failure);
   });
@@ -85,15 +87,12 @@ void QueueModel::clear() {
   beginResetModel();
   _lines.clear();
   _rows.clear();
+  _unended = 0;
   endResetModel();
 }
 
 std::size_t QueueModel::count(State state) const {
   return static_cast<std::size_t>(std::ranges::count(_lines, state, &Line::state));
-}
-
-bool QueueModel::isBusy() const {
-  return !std::ranges::all_of(_lines, hasEnded);
 }
 
 // A line whose size nobody knows counts for a byte.

@@ -57,7 +57,7 @@ class QueueModel : public QAbstractListModel {
   [[nodiscard]] const std::vector<Line>& lines() const { return _lines; }
   [[nodiscard]] std::size_t count(State state) const;
   /// Whether something runs or waits.
-  [[nodiscard]] bool isBusy() const;
+  [[nodiscard]] bool isBusy() const { return _unended > 0; }
   /// How much of all of it is done, by bytes, 0 to 1.
   [[nodiscard]] double done() const;
   /// What those that have not ended are about to write.
@@ -74,4 +74,5 @@ class QueueModel : public QAbstractListModel {
 
   std::vector<Line> _lines;
   std::map<int, std::size_t> _rows;  ///< by the orders' numbers
+  std::size_t _unended = 0;
 };

@@ -84,7 +84,7 @@ TEST_F(QueuePanelTest, HasALineATakeWithItsProgressAndWhatCameOfIt) {
   waitForLine(0, "a.WAV: 25 % · About 9 s left");
   release("a_Decode.WAV");
   EXPECT_TRUE(waitUntil([this] { return lines()[0] == "a.WAV: Exported"; }));
-  EXPECT_EQ(summary(), "1 of 2 exported");
+  EXPECT_TRUE(waitUntil([this] { return summary() == "1 of 2 exported"; }));
   release("b_Decode.WAV");
   waitForEnd();
   EXPECT_THAT(lines(), ElementsAre("a.WAV: Exported", "b.WAV: Exported"));
@@ -126,6 +126,25 @@ TEST_F(QueuePanelTest, AllAreCancelled) {
   EXPECT_THAT(_folder.names(), ElementsAre("a.WAV", "b.WAV", "c.WAV"));
   click(*_panel, "Close");
   EXPECT_FALSE(_panel->isVisible());
+}
+
+TEST_F(QueuePanelTest, AThousandLinesThatEndAtOnceAreOneLookAtThePanel) {
+  begin({"a.WAV"});
+  constexpr int kMany = 1000;
+  for (int i = 0; i < kMany; ++i) {
+    ExportOrder order;
+    order.source = path("a.WAV");
+    order.target = path(std::to_string(i) + ".WAV");
+    order.isOfBatch = true;
+    _queue->add(order);
+  }
+  const QSignalSpy looks(_panel->findChild<QProgressBar*>(), &QProgressBar::valueChanged);
+  click(*_panel, "Cancel all");
+  EXPECT_LE(looks.count(), 2);
+  waitForEnd();
+  EXPECT_EQ(_panel->findChild<QProgressBar*>()->value(), 1000) << "the end is shown";
+  EXPECT_EQ(lines().size(), std::size_t{kMany} + 1);
+  EXPECT_NE(button(*_panel, "Close"), nullptr);
 }
 
 TEST_F(QueuePanelTest, TellsWhyATakeFailedAndTheOthersAreWritten) {
@@ -182,6 +201,7 @@ TEST_F(QueuePanelTest, ShowsWhatWasWrittenInItsFolder) {
   EXPECT_FALSE(button(*_panel, "Show in folder")->isEnabled());
   release("a_Decode.WAV");
   waitForLine(0, "a.WAV: Exported");
+  EXPECT_TRUE(waitUntil([this] { return button(*_panel, "Show in folder")->isEnabled(); }));
   click(*_panel, "Show in folder");
   ASSERT_EQ(wishes.count(), 1);
   EXPECT_THAT(wishes[0][0].value<std::vector<std::filesystem::path>>(),
