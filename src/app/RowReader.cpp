@@ -9,7 +9,8 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <system_error>
+#include <optional>
+#include <set>
 #include <utility>
 
 #include "controls/NumberText.h"
@@ -23,7 +24,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kMostKnown = 20'000;  // then it begins anew
+constexpr std::size_t kMostAtOnce = 500;
 constexpr auto kAtOnce = std::chrono::milliseconds(100);
 
 std::string recordedOf(const WaveFileReader& reader) {
@@ -102,54 +103,81 @@ RowReader::Known RowReader::look(const std::string& path, const Known& before, T
   return known;
 }
 
+// A pass through the rows is gone on with, and followed by another one, where other rows come
+// meanwhile: rows that come all the time, as exports do, would keep the last ones waiting for ever.
 void RowReader::begin() {
-  _errand.giveUp();
-  if (_known.size() > kMostKnown) _known.clear();
-  _paths.clear();
-  _next = 0;
-  for (const WavItem& item : _browser.model().files()) {
-    if (!item.isFolder) _paths.push_back(item.fullPath);
+  if (!_errand.isUnderWay() || _browser.place() != _folder) return beginAnew();
+  _isBehind = true;
+  const std::set<std::string> waiting(_paths.begin() + static_cast<std::ptrdiff_t>(_next),
+                                      _paths.end());
+  for (const std::string& path : shown()) {
+    if (!_known.contains(path) && !waiting.contains(path)) _paths.push_back(path);
   }
+}
+
+void RowReader::beginAnew() {
+  _errand.giveUp();
+  _isBehind = false;
+  _folder = _browser.place();
+  _paths = shown();
+  _next = 0;
+  forgetOthers();
   readSome();
 }
 
-RowReader::KnownByPath RowReader::rest() const {
-  KnownByPath wanted;
-  for (std::size_t i = _next; i < _paths.size(); ++i) {
-    const auto found = _known.find(_paths[i]);
-    wanted.emplace(_paths[i], found == _known.end() ? Known() : found->second);
+std::vector<std::string> RowReader::shown() const {
+  std::vector<std::string> paths;
+  for (const WavItem& item : _browser.model().files()) {
+    if (!item.isFolder) paths.push_back(item.fullPath);
   }
-  return wanted;
+  return paths;
+}
+
+void RowReader::forgetOthers() {
+  if (_known.size() <= _paths.size() + FileListModel::kMostUnshown) return;
+  std::map<std::string, Known> kept;
+  for (const std::string& path : _paths) {
+    if (auto known = _known.extract(path)) kept.insert(std::move(known));
+  }
+  _known = std::move(kept);
+}
+
+std::vector<RowReader::Row> RowReader::next() const {
+  std::vector<Row> rows;
+  for (std::size_t i = _next; i < std::min(_paths.size(), _next + kMostAtOnce); ++i) {
+    const auto found = _known.find(_paths[i]);
+    rows.push_back({_paths[i], found == _known.end() ? Known() : found->second});
+  }
+  return rows;
 }
 
 // For a tenth of a second, so that a slow medium shows what it has told by then.
 void RowReader::readSome() {
-  if (_next == _paths.size()) return void(emit finished());
-  const std::vector<std::string> paths(_paths.begin() + static_cast<std::ptrdiff_t>(_next),
-                                       _paths.end());
-  _errand.begin([this, paths, before = rest(), keeper = _keeper]() -> Errand::Outcome {
-    KnownByPath some;
+  if (_next == _paths.size()) return _isBehind ? beginAnew() : void(emit finished());
+  _errand.begin([this, rows = next(), keeper = _keeper]() -> Errand::Outcome {
+    std::vector<Row> some;
     const auto end = std::chrono::steady_clock::now() + kAtOnce;
-    for (const std::string& path : paths) {
-      some.emplace(path, look(path, before.at(path), *keeper));
+    for (const Row& row : rows) {
+      some.push_back({row.path, look(row.path, row.known, *keeper)});
       if (std::chrono::steady_clock::now() >= end) break;
     }
     return [this, some] { take(some); };
   });
 }
 
-void RowReader::take(const KnownByPath& some) {
+void RowReader::take(const std::vector<Row>& some) {
   RowFactsByPath facts;
-  for (const auto& [path, known] : some) {
-    _known.insert_or_assign(path, known);
-    facts.emplace(path, known.facts);
+  for (const Row& row : some) {
+    _known.insert_or_assign(row.path, row.known);
+    facts.insert_or_assign(row.path, row.known.facts);
   }
   _next += some.size();
   _browser.addFacts(facts);
   readSome();
 }
 
-// The list follows a new file by itself; what is written elsewhere, it does not see.
+// The list follows a new file by itself; what is written elsewhere, it does not see. What was
+// replaced may have been an export of another take.
 void RowReader::note(const ExportOrder& order, const ExportResult& result) {
   if (result.end != ExportResult::End::Written) return;
   const bool hasGain = !order.isNormalized && !order.loudness;
@@ -157,5 +185,12 @@ void RowReader::note(const ExportOrder& order, const ExportResult& result) {
   const std::int64_t now = QDateTime::currentSecsSinceEpoch();
   if (_remembers.isChecked())
     _keeper->noteExport({order.source, order.target, order.angle, gain, now});
-  begin();
+  const bool replaces = order.existing == AtomicFile::Existing::Replace && !order.isOfBatch;
+  replaces ? begin() : readAgain(order.source.native());
+}
+
+void RowReader::readAgain(const std::string& path) {
+  if (!std::ranges::count(_browser.model().files(), path, &WavItem::fullPath)) return;
+  _paths.push_back(path);
+  if (!_errand.isUnderWay()) readSome();
 }

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
@@ -19,8 +20,8 @@
 
 /// Finds out what the list tells of each recording beside its name: its duration, when it was
 /// recorded, and whether an export of it is there. On a thread of its own, some rows at a time; a
-/// file whose size and time of change are as they were is not read again. Notes what is exported.
-/// Interface thread, which has an event loop.
+/// file whose size and time of change are as they were is not read again. Notes what is exported,
+/// and looks at that row again. Interface thread, which has an event loop.
 class RowReader : public QObject {
   Q_OBJECT
 
@@ -32,8 +33,6 @@ class RowReader : public QObject {
     bool isRawMidSide = false;
     RowFacts facts;
   };
-  using KnownByPath = std::map<std::string, Known>;
-
   /// Exports are noted with their width and gain while `remembers` is checked. What is handed in
   /// outlives it.
   RowReader(FolderBrowser& browser, ExportQueue& exports, std::shared_ptr<TakeKeeper> keeper,
@@ -47,17 +46,28 @@ class RowReader : public QObject {
   void finished();
 
  private:
+  struct Row {
+    std::string path;
+    Known known;
+  };
+
   void begin();
+  void beginAnew();
+  void forgetOthers();
   void readSome();
-  void take(const KnownByPath& some);
+  void take(const std::vector<Row>& some);
   void note(const ExportOrder& order, const ExportResult& result);
-  [[nodiscard]] KnownByPath rest() const;
+  void readAgain(const std::string& path);
+  [[nodiscard]] std::vector<std::string> shown() const;
+  [[nodiscard]] std::vector<Row> next() const;
 
   FolderBrowser& _browser;
   std::shared_ptr<TakeKeeper> _keeper;
   const QAction& _remembers;
-  KnownByPath _known;
-  std::vector<std::string> _paths;  ///< of the recordings that are shown
-  std::size_t _next = 0;            ///< of these, the first that is not known yet
+  std::map<std::string, Known> _known;
+  std::vector<std::string> _paths;  ///< to be read, in this order
+  std::size_t _next = 0;            ///< of these, the first that has not been read
+  std::filesystem::path _folder;    ///< that they are in
+  bool _isBehind = false;           ///< other rows have come since
   Errand _errand;
 };

@@ -4,15 +4,16 @@
 
 #include <QObject>
 #include <QTimer>
-#include <cstddef>
+#include <optional>
+#include <vector>
 
 #include "app/BrowserPane.h"
 #include "app/BrowserView.h"
 #include "app/FolderBrowser.h"
-#include "app/TakeDurations.h"
+#include "folders/WavItem.h"
 
-/// The bar under the list: how many takes are selected and how long they are, and a button to
-/// export them. There is none as long as fewer than two are. Interface thread.
+/// The bar under the list: how many takes are selected, how long they are as their rows tell, and a
+/// button to export them. There is none as long as fewer than two are. Interface thread.
 class SelectionPane : public QObject {
   Q_OBJECT
 
@@ -26,12 +27,11 @@ class SelectionPane : public QObject {
 
  private:
   void update();
-  void show();
   void showBar(bool isShown);
+  [[nodiscard]] std::optional<double> secondsOf(const std::vector<WavItem>& takes) const;
 
   BrowserView& _view;
+  FolderBrowser& _browser;
   const BrowserPane& _files;
-  TakeDurations _durations;
-  std::size_t _count = 0;
   QTimer _soon{this};  ///< many changes are one
 };

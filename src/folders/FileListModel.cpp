@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <iterator>
+#include <utility>
 
 #include "base/FileAddress.h"
 #include "controls/Artwork.h"
@@ -48,6 +49,11 @@ std::size_t countMissing(const std::vector<WavItem>& a, const std::vector<WavIte
 }  // namespace
 
 void FileListModel::show(const std::vector<WavItem>& files) {
+  place(files);
+  forgetOthers();
+}
+
+void FileListModel::place(const std::vector<WavItem>& files) {
   const bool isByName = _order == Order::Name && _shownOrder == Order::Name;
   _shownOrder = _order;
   if (!isByName) return replaceAll(ordered(files));
@@ -60,9 +66,17 @@ void FileListModel::show(const std::vector<WavItem>& files) {
   if (_files != files) replaceAll(files);
 }
 
-bool FileListModel::stands(const WavItem& a, const WavItem& b) const {
-  const RowFacts& mine = factsOf(a);
-  const RowFacts& other = factsOf(b);
+// A day goes through many folders; who goes back to one is told of its rows again.
+void FileListModel::forgetOthers() {
+  if (_facts.size() <= _files.size() + kMostUnshown) return;
+  RowFactsByPath kept;
+  for (const WavItem& item : _files) {
+    if (auto fact = _facts.extract(item.fullPath)) kept.insert(std::move(fact));
+  }
+  _facts = std::move(kept);
+}
+
+bool FileListModel::stands(const RowFacts& mine, const RowFacts& other) const {
   if (_order == Order::Recorded) {
     if (other.recorded.empty()) return !mine.recorded.empty();
     return !mine.recorded.empty() && mine.recorded < other.recorded;
@@ -71,13 +85,17 @@ bool FileListModel::stands(const WavItem& a, const WavItem& b) const {
   return mine.seconds && *mine.seconds < *other.seconds;
 }
 
-// What is alike stays in the order of its name.
-std::vector<WavItem> FileListModel::ordered(std::vector<WavItem> files) const {
+// What is alike stays in the order of its name. Facts are looked up once a row, not once a look.
+std::vector<WavItem> FileListModel::ordered(const std::vector<WavItem>& files) const {
   if (_order == Order::Name) return files;
   const auto first = std::ranges::find(files, false, &WavItem::isFolder);
-  std::stable_sort(first, files.end(),
-                   [this](const WavItem& a, const WavItem& b) { return stands(a, b); });
-  return files;
+  std::vector<std::pair<const RowFacts*, const WavItem*>> takes;
+  for (auto item = first; item != files.end(); ++item) takes.emplace_back(&factsOf(*item), &*item);
+  std::ranges::stable_sort(
+      takes, [this](const auto& a, const auto& b) { return stands(*a.first, *b.first); });
+  std::vector<WavItem> all(files.begin(), first);
+  for (const auto& [facts, item] : takes) all.push_back(*item);
+  return all;
 }
 
 void FileListModel::replaceAll(const std::vector<WavItem>& files) {
@@ -119,9 +137,9 @@ void FileListModel::setLoaded(const std::string& fullPath) {
 void FileListModel::addFacts(const RowFactsByPath& facts) {
   bool isAnyNew = false;
   for (const auto& [path, known] : facts) {
-    RowFacts& mine = _facts[path];
-    isAnyNew = isAnyNew || mine != known;
-    mine = known;
+    const auto [mine, isAdded] = _facts.try_emplace(path);
+    isAnyNew = isAnyNew || isAdded || mine->second != known;
+    mine->second = known;
   }
   if (isAnyNew && !_files.empty()) emit dataChanged(index(0), index(rowCount() - 1));
 }

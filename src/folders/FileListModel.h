@@ -5,6 +5,7 @@
 #include <QAbstractListModel>
 #include <QMimeData>
 #include <QStringList>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,10 @@ class FileListModel : public QAbstractListModel {
   static constexpr int kDurationRole = Qt::UserRole + 2;
   static constexpr int kExportedRole = Qt::UserRole + 3;
 
+  /// Of so many files that are not shown, what is known is kept; of more, it goes when others are
+  /// shown.
+  static constexpr std::size_t kMostUnshown = 20'000;
+
   /// In which recordings stand, after the folders; those of which nothing is known stand last,
   /// those that are alike by name.
   enum class Order { Name, Recorded, Duration };
@@ -36,13 +41,15 @@ class FileListModel : public QAbstractListModel {
   [[nodiscard]] Order order() const { return _order; }
   /// Whether `show` would put anything elsewhere.
   [[nodiscard]] bool wouldMove(const std::vector<WavItem>& files) const {
-    return ordered(files) != _files;
+    return _order == Order::Name ? files != _files : ordered(files) != _files;
   }
   [[nodiscard]] const std::vector<WavItem>& files() const { return _files; }
   /// Marks the row of this file, whenever it is there; an empty path marks none.
   void setLoaded(const std::string& fullPath);
   /// What is known of these files from now on, whenever they are there.
   void addFacts(const RowFactsByPath& facts);
+  /// Whether facts were added, be it that nothing is known.
+  [[nodiscard]] bool isKnown(const WavItem& item) const { return _facts.contains(item.fullPath); }
   /// Nothing where nothing is known.
   [[nodiscard]] const RowFacts& factsOf(const WavItem& item) const;
 
@@ -55,10 +62,12 @@ class FileListModel : public QAbstractListModel {
   [[nodiscard]] QMimeData* mimeData(const QModelIndexList& indexes) const override;
 
  private:
-  [[nodiscard]] std::vector<WavItem> ordered(std::vector<WavItem> files) const;
-  [[nodiscard]] bool stands(const WavItem& a, const WavItem& b) const;
+  [[nodiscard]] std::vector<WavItem> ordered(const std::vector<WavItem>& files) const;
+  [[nodiscard]] bool stands(const RowFacts& mine, const RowFacts& other) const;
   [[nodiscard]] QVariant factOf(const WavItem& item, int role) const;
   [[nodiscard]] QString descriptionOf(const WavItem& item, bool isLoaded) const;
+  void place(const std::vector<WavItem>& files);
+  void forgetOthers();
   void removeMissing(const std::vector<WavItem>& files);
   void insertNew(const std::vector<WavItem>& files);
   void replaceAll(const std::vector<WavItem>& files);

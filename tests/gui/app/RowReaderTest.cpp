@@ -117,6 +117,21 @@ TEST_F(Rows, AnExportElsewhereIsNotedWithItsWidthAndGain) {
   EXPECT_NE(tip("R0001.WAV").find("width 90°"), std::string::npos);
 }
 
+TEST_F(Rows, ThatComeWhileOthersAreReadAreReadToo) {
+  take("R0001.WAV");
+  SlowReads::share(takes.path().string(), 1);
+  startOnTakes();
+  QSignalSpy passes(&reader(), &RowReader::finished);
+  take("R0002.WAV", 48'000 * 2);
+  refresh();
+  EXPECT_EQ(duration("R0001.WAV") + duration("R0002.WAV"), "");
+  SlowReads::reset();
+  waitForDuration("R0001.WAV", "00:10");
+  waitForDuration("R0002.WAV", "00:02");
+  waitFor([&] { return !passes.empty(); }, "the end of the second pass");
+  EXPECT_EQ(passes.count(), 1);
+}
+
 TEST_F(Rows, TheWindowWaitsForNoMedium) {
   take("R0001.WAV");
   take("R0002.WAV");

@@ -8,13 +8,11 @@
 #include <filesystem>
 
 #include "WindowFixture.h"
-#include "app/TakeDurations.h"
 #include "controls/Colors.h"
 #include "dialogs/BatchDialog.h"
 #include "dialogs/QueuePanel.h"
 #include "export/Export.h"
-#include "support/EventLoop.h"
-#include "support/WaveBytes.h"
+#include "support/SlowReads.h"
 
 namespace {
 
@@ -82,6 +80,25 @@ TEST_F(Selecting, BarTellsOfSeveralTakesHowManyAndHowLong) {
   waitForNoBar();
   QCoreApplication::processEvents();
   EXPECT_EQ(list().geometry(), before) << "to the pixel as it was";
+}
+
+TEST_F(Selecting, BarTellsOfWhatHasChangedAndWhatCannotBeReadHasNoLength) {
+  file("broken.WAV");
+  take("b.WAV", 7 * kSecond);
+  refresh();
+  press(Qt::Key_A, Qt::ControlModifier);
+  waitForBar("4 takes · 00:00:11");
+}
+
+TEST_F(Selecting, BarWaitsForTheRowsAndForNoMedium) {
+  SlowReads::share(takes.path().string(), 1);
+  take("d.WAV", 4 * kSecond);
+  file("e.WAV");
+  refresh();
+  press(Qt::Key_A, Qt::ControlModifier);
+  waitForBar("5 takes · …");
+  SlowReads::reset();
+  waitForBar("5 takes · 00:00:10");
 }
 
 TEST_F(Selecting, AllAreSelectedByTheirKeyAndFoldersDoNotCount) {
@@ -192,52 +209,6 @@ TEST_F(Selecting, AreExportedWhileAnotherTakePlays) {
   EXPECT_EQ(controller().take().name(), "c.WAV");
   EXPECT_EQ(state(), PLAY_STATE_PLAY);
   EXPECT_TRUE(std::filesystem::exists(takes.path() / "b_Decode.WAV"));
-}
-
-/// What durations are read, without a window.
-class Durations : public testing::Test {
- protected:
-  [[nodiscard]] std::string take(const std::string& name, std::size_t seconds) const {
-    const std::vector<std::int32_t> samples(2 * 48'000 * seconds);
-    const auto data = WaveBytes::samples24(samples);
-    return takes.file(name, WaveBytes().format24().data(data).get());
-  }
-  double total(const std::vector<std::string>& paths) {
-    int answers = 0;
-    const auto told =
-        QObject::connect(&durations, &TakeDurations::known, [&answers] { ++answers; });
-    durations.ask(paths);
-    EXPECT_TRUE(EventLoop::runUntil([&] { return answers > 0; }));
-    QObject::disconnect(told);
-    return durations.total().value_or(-1);
-  }
-
-  TemporaryFolder takes;
-  TakeDurations durations;
-};
-
-TEST_F(Durations, AreAddedUpAndWhatCannotBeReadHasNone) {
-  const auto one = take("a.WAV", 1);
-  const auto two = take("b.WAV", 2);
-  EXPECT_EQ(total({one, two}), 3.0);
-  EXPECT_EQ(total({one, takes.path() / "none.WAV", takes.file("x.WAV", {})}), 1.0);
-}
-
-TEST_F(Durations, OfATakeThatHasChangedAreReadAnew) {
-  const auto path = take("a.WAV", 1);
-  EXPECT_EQ(total({path}), 1.0);
-  EXPECT_EQ(total({take("a.WAV", 3)}), 3.0);
-}
-
-TEST_F(Durations, AreNotKnownBeforeTheyAreRead) {
-  const auto one = take("a.WAV", 1);
-  EXPECT_EQ(total({one}), 1.0);
-  durations.ask({one, one});
-  EXPECT_FALSE(durations.total());
-  EXPECT_TRUE(EventLoop::runUntil([this] { return durations.total().has_value(); }));
-  EXPECT_EQ(durations.total(), 2.0);
-  durations.forget();
-  EXPECT_FALSE(durations.total());
 }
 
 }  // namespace

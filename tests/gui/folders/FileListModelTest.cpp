@@ -132,6 +132,37 @@ TEST_F(Model, TellsWhatIsKnownOfARecordingWheneverItIsThere) {
   EXPECT_EQ(at(2, Qt::AccessibleDescriptionRole).toString(), "Recording, 03:12, exported");
 }
 
+TEST_F(Model, KnowsWhatItWasToldOfBeItNothing) {
+  const auto files = items({"a.wav", "b.wav"});
+  model.show(files);
+  const QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
+  EXPECT_FALSE(model.isKnown(files[0]));
+  model.addFacts({{"/x/a.wav", {}}});
+  EXPECT_TRUE(model.isKnown(files[0]));
+  EXPECT_FALSE(model.isKnown(files[1]));
+  EXPECT_EQ(changes.count(), 1);
+}
+
+TEST_F(Model, ForgetsWhatOtherFoldersHeldWhereThatIsMuch) {
+  const auto here = items({"a.wav", "b.wav"});
+  const auto there = items({"c.wav"});
+  RowFactsByPath facts{{"/x/a.wav", {}}, {"/x/b.wav", {}}, {"/x/c.wav", {}}};
+  model.show(here);
+  model.addFacts(facts);
+  model.show(there);
+  EXPECT_TRUE(model.isKnown(here[0])) << "for whoever goes back";
+  model.show(here);
+  facts.clear();
+  for (std::size_t i = 0; i < FileListModel::kMostUnshown; ++i) {
+    facts.emplace("/y/" + std::to_string(i), RowFacts());
+  }
+  model.addFacts(facts);
+  model.show(here);
+  EXPECT_FALSE(model.isKnown(there[0]));
+  EXPECT_TRUE(model.isKnown(here[0]));
+  EXPECT_TRUE(model.isKnown(here[1]));
+}
+
 TEST_F(Model, StandsInTheOrderThatIsWished) {
   RowFacts facts;
   facts.seconds = 5;
