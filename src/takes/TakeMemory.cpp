@@ -41,6 +41,7 @@ constexpr const char* kRemember =
 constexpr const char* kNote =
     "INSERT OR REPLACE INTO exports (source, target, width, gain, written) "
     "VALUES (?1, ?2, ?3, ?4, ?5)";
+constexpr const char* kForgetOthers = "DELETE FROM exports WHERE target = ?1 AND source <> ?2";
 constexpr const char* kExports =
     "SELECT target, width, gain, written FROM exports WHERE source = ?1";
 
@@ -120,6 +121,9 @@ bool TakeMemory::noteExport(const ExportNote& note) {
   std::error_code error;
   fs::create_directories(_file.parent_path(), error);
   return use([&](Database& database) {
+    Database::Statement others(database, kForgetOthers);
+    others.set(1, note.target.native()).set(2, note.source.native());
+    if (!others.finish()) return false;
     Database::Statement order(database, kNote);
     order.set(1, note.source.native()).set(2, note.target.native()).set(5, note.written);
     if (note.width) order.set(3, *note.width);

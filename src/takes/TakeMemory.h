@@ -47,7 +47,7 @@ class TakeMemory {
   /// In place of what was known of it; false where it cannot be written.
   bool remember(const std::string& take, const RememberedSound& sound);
 
-  /// In place of what was known of this target, if it is an export of the same take.
+  /// In place of what was known of this target: it is an export of no other take any more.
   bool noteExport(const ExportNote& note);
   /// In any order; whether they are still there is not known.
   [[nodiscard]] std::vector<ExportNote> exportsOf(const std::filesystem::path& source);

@@ -77,6 +77,16 @@ TEST_F(Memory, ExportsAreNotedByWhereTheyLie) {
   EXPECT_TRUE(memory.exportsOf("/card/R0002.WAV").empty());
 }
 
+TEST_F(Memory, AnExportThatIsReplacedByThatOfAnotherTakeIsForgotten) {
+  const ExportNote first{"/card/R0001.WAV", "/home/mix.wav", 90.0, {}, 1};
+  const ExportNote kept{"/card/R0001.WAV", "/home/other.wav", 90.0, {}, 1};
+  const ExportNote second{"/card/R0002.WAV", "/home/mix.wav", 60.0, {}, 2};
+  TakeMemory memory(file);
+  for (const ExportNote& note : {first, kept, second}) EXPECT_TRUE(memory.noteExport(note));
+  EXPECT_THAT(memory.exportsOf(first.source), testing::ElementsAre(kept));
+  EXPECT_THAT(memory.exportsOf(second.source), testing::ElementsAre(second));
+}
+
 TEST_F(Memory, AFileOfTheFirstVersionGetsRoomForExports) {
   std::filesystem::create_directories(file.parent_path());
   change(file, kFirst);
