@@ -11,6 +11,14 @@
 #include <utility>
 #include <vector>
 
+namespace {
+
+bool isAmong(const std::vector<ExportNote>& notes, const ExportNote& note) {
+  return std::ranges::find(notes, note.target, &ExportNote::target) != notes.end();
+}
+
+}  // namespace
+
 class TakeKeeper::Desk {
  public:
   explicit Desk(const std::filesystem::path& file) : _memory(file) {}
@@ -34,6 +42,7 @@ class TakeKeeper::Desk {
   void work();
   std::optional<Entry> next();
   std::optional<RememberedSound> pending(const std::string& take);
+  std::vector<ExportNote> pendingExports();
 
   std::mutex _using;   ///< held while the memory is used
   TakeMemory _memory;  ///< of whoever holds that
@@ -110,9 +119,29 @@ std::optional<RememberedSound> TakeKeeper::Desk::find(const std::string& take) {
   return _memory.find(take);
 }
 
+std::vector<ExportNote> TakeKeeper::Desk::pendingExports() {
+  const std::lock_guard lock(_mutex);
+  std::vector<ExportNote> notes;
+  for (const Entry& entry : _waiting) {
+    if (entry.take.empty()) notes.push_back(entry.note);
+  }
+  if (_underWay && _underWay->take.empty() && !isAmong(notes, _underWay->note)) {
+    notes.push_back(_underWay->note);
+  }
+  return notes;
+}
+
+// What is pending first: it may be written by the time that the memory is asked.
 std::vector<ExportNote> TakeKeeper::Desk::exportsOf(const std::filesystem::path& source) {
-  const std::lock_guard lock(_using);
-  return _memory.exportsOf(source);
+  std::vector<ExportNote> found = pendingExports();
+  {
+    const std::lock_guard lock(_using);
+    for (const ExportNote& note : _memory.exportsOf(source)) {
+      if (!isAmong(found, note)) found.push_back(note);
+    }
+  }
+  std::erase_if(found, [&](const ExportNote& note) { return note.source != source; });
+  return found;
 }
 
 bool TakeKeeper::Desk::flush(std::chrono::milliseconds most) {

@@ -31,7 +31,7 @@ class TakeKeeper {
   [[nodiscard]] std::optional<RememberedSound> find(const std::string& take);
   /// The same of an export.
   void noteExport(const ExportNote& note);
-  /// Those that were written down by now. Waits for the medium.
+  /// Those that were given, written or not. Waits for the medium.
   [[nodiscard]] std::vector<ExportNote> exportsOf(const std::filesystem::path& source);
   /// Until all is written or given up, but no longer than this; false where something still waits.
   bool flush(std::chrono::milliseconds most);

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstddef>
 #include <fstream>
 #include <string>
 #include <thread>
@@ -41,6 +42,19 @@ TEST_F(Keeper, ExportsAreNoted) {
   ASSERT_TRUE(keeper.flush(1min));
   EXPECT_EQ(keeper.exportsOf("/a.wav").size(), 2U);
   EXPECT_EQ(keeper.exportsOf("/a.wav").at(0), note);
+}
+
+TEST_F(Keeper, ExportsThatAreYetToBeWrittenAreKnown) {
+  TakeKeeper keeper(file);
+  constexpr std::size_t kMany = 50;
+  for (std::size_t i = 0; i < kMany; ++i) {
+    keeper.noteExport({"/a.wav", "/" + std::to_string(i), {}, {}, 17});
+  }
+  keeper.noteExport({"/b.wav", "/0", {}, {}, 18});
+  EXPECT_EQ(keeper.exportsOf("/a.wav").size(), kMany - 1);
+  EXPECT_EQ(keeper.exportsOf("/b.wav").size(), 1U);
+  ASSERT_TRUE(keeper.flush(1min));
+  EXPECT_EQ(keeper.exportsOf("/a.wav").size(), kMany - 1);
 }
 
 TEST_F(Keeper, TellsOfADamagedFile) {
