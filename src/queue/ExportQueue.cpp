@@ -8,6 +8,8 @@
 
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr std::chrono::milliseconds kRefresh(40);
 
 }  // namespace
@@ -19,11 +21,12 @@ ExportQueue::ExportQueue(ExportWorker::Work work, Clock clock)
 
 // A worker tells of its end while this is still there.
 ExportQueue::~ExportQueue() {
-  for (const Running& running : _running) {
-    running.worker->cancel();
-    if (_patience) running.worker->setPatience(*_patience);
+  for (const Running& running : _running) running.worker->cancel();
+  const auto began = _clock();
+  for (Running& running : _running) {
+    if (_patience) running.worker->setPatience(std::max(0ms, *_patience - (_clock() - began)));
+    running.worker.reset();
   }
-  _running.clear();
 }
 
 std::chrono::milliseconds ExportQueue::steady() {

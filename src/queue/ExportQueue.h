@@ -35,7 +35,7 @@ class ExportQueue : public QObject {
 
   /// `work` is called on the workers' threads, several times at once where that is wished.
   explicit ExportQueue(ExportWorker::Work work = ExportWorker::carryOut, Clock clock = steady);
-  /// Cancels everything and waits for what runs, each as long as `setPatience` says.
+  /// Cancels everything and waits for what runs, as long as `setPatience` says.
   ~ExportQueue() override;
 
   /// A clock that only goes forward.
@@ -52,8 +52,8 @@ class ExportQueue : public QObject {
   void setAtOnce(std::size_t count);
   [[nodiscard]] std::size_t atOnce() const { return _atOnce; }
 
-  /// How long the queue's end waits for an export to stop; at first as long as it takes. One whose
-  /// medium hangs ends by itself later, or with the program.
+  /// How long the queue's end waits for all exports to stop; at first as long as it takes. One
+  /// whose medium hangs ends by itself later, or with the program.
   void setPatience(std::chrono::milliseconds most) { _patience = most; }
 
   /// Whether anything runs or waits.

@@ -7,10 +7,13 @@
 
 #include <QCoreApplication>
 #include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <map>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "support/CoreApplication.h"
@@ -302,6 +305,25 @@ TEST_F(ExportQueueTest, WritesFilesAsItStands) {
   EXPECT_EQ(End::Written, record.results[2].end);
   EXPECT_EQ(End::TargetIsSource, record.results[3].end);
   EXPECT_THAT(folder.names(), testing::UnorderedElementsAre("a.WAV", "b.WAV", "in.wav"));
+}
+
+TEST_F(ExportQueueTest, ItsEndHasOnePatienceForAllThatHang) {
+  constexpr int kMany = 8;
+  static constexpr auto kPatience = 1s;
+  const auto mayEnd = std::make_shared<std::atomic<bool>>(false);
+  const auto hang = [mayEnd](const ExportOrder& /*order*/, ExportWorker::Control& /*control*/) {
+    while (!*mayEnd) std::this_thread::sleep_for(1ms);
+    return ExportResult{End::Cancelled, {}};
+  };
+  auto passing =
+      std::make_unique<ExportQueue>(hang, [time = 0ms]() mutable { return time += kPatience; });
+  passing->setPatience(kPatience);
+  passing->setAtOnce(kMany);
+  for (int i = 0; i < kMany; ++i) passing->add({.source = "in.wav", .target = "x"});
+  const auto began = ExportQueue::steady();
+  passing.reset();
+  EXPECT_LT(ExportQueue::steady() - began, kPatience * kMany / 2);
+  *mayEnd = true;
 }
 
 TEST(ExportQueueClock, GoesForward) {
