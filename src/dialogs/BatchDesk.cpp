@@ -44,7 +44,10 @@ void BatchDesk::ask(const std::vector<std::filesystem::path>& files, double gain
 void BatchDesk::order(const std::vector<ExportOrder>& orders, unsigned atOnce) {
   const std::size_t before = _queue.isBusy() ? _queue.atOnce() : _most;
   _queue.setAtOnce(std::min({before, _most, std::size_t{atOnce}}));
-  if (!_model.isBusy()) _began = _clock();
+  if (!_model.isBusy()) {
+    _began = _clock();
+    _failedBefore = _model.count(QueueModel::State::Failed);
+  }
   for (const ExportOrder& order : orders) _queue.add(order);
   refresh();
   if (_panel->isVisible()) return;
@@ -73,7 +76,8 @@ void BatchDesk::finish(int id, const ExportOrder& order, const ExportResult& res
 
 void BatchDesk::end() {
   refresh();
-  const auto count = static_cast<int>(_model.count(QueueModel::State::Failed));
+  const std::size_t failures = _model.count(QueueModel::State::Failed) - _failedBefore;
+  const auto count = static_cast<int>(failures);
   if (count > 0) {
     _panel->show();
     emit failed(count == 1 ? tr("One take was not exported.")

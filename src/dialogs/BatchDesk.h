@@ -57,6 +57,7 @@ class BatchDesk : public QObject {
   QWidget& _window;
   ExportQueue::Clock _clock;
   std::chrono::milliseconds _began{0};
+  std::size_t _failedBefore = 0;  ///< lines of what was over before
   std::size_t _most = std::numeric_limits<std::size_t>::max();
   QueueModel _model;
   std::unique_ptr<QueuePanel> _panel;

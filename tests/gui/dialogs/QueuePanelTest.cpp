@@ -161,6 +161,18 @@ TEST_F(QueuePanelTest, TellsWhyATakeFailedAndTheOthersAreWritten) {
   EXPECT_EQ(shown<QMessageBox>(), nullptr) << "no alert a take";
 }
 
+TEST_F(QueuePanelTest, WhatFailedBeforeIsNotToldOnceMore) {
+  begin({"a.WAV", "b.WAV"});
+  std::filesystem::remove(path("b.WAV"));
+  _held.releaseAll();
+  waitForEnd();
+  EXPECT_THAT(_failures, ElementsAre("One take was not exported."));
+  begin({"c.WAV"});
+  waitForEnd();
+  EXPECT_EQ(summary(), "2 of 3 exported, 1 failed");
+  EXPECT_EQ(_failures.size(), 1U);
+}
+
 TEST_F(QueuePanelTest, AFolderThatGoesFailsTheRest) {
   begin({"a.WAV", "b.WAV"});
   release("a_Decode.WAV");
