@@ -196,6 +196,17 @@ TEST_F(TransferPanelTest, TellsSpeedAndTimeLeft) {
   EXPECT_EQ(text("complaint"), "No space left on device.");
 }
 
+TEST_F(TransferPanelTest, TheSpeedOfACopyIsThatAtWhichTakesComeHome) {
+  SlowReads::give(path("card"), 3'000'001);  // the first take, and none of the second
+  openCopy();
+  begin();
+  _now = 1s;
+  EXPECT_TRUE(waitUntil([this] { return text("summary") == "1 of 2 takes"; }));
+  EXPECT_THAT(text("state"), testing::StartsWith("3.0 MB/s"));
+  SlowReads::reset();
+  waitForEnd();
+}
+
 TEST_F(TransferPanelTest, AFolderIsHeldToItsManifest) {
   openCopy();
   carryOut();
