@@ -2073,6 +2073,14 @@ MIT-Lizenz</translation>
 <context>
     <name>TransferWork</name>
     <message>
+        <source>Not everything could be listed.</source>
+        <translation>Nicht alles konnte aufgelistet werden.</translation>
+    </message>
+    <message>
+        <source>The manifest itself is not right.</source>
+        <translation>Das Manifest selbst stimmt nicht.</translation>
+    </message>
+    <message>
         <source>%1 could not be listed: %2</source>
         <translation>%1 konnte nicht aufgelistet werden: %2</translation>
     </message>

@@ -2073,6 +2073,14 @@ Licencia MIT</translation>
 <context>
     <name>TransferWork</name>
     <message>
+        <source>Not everything could be listed.</source>
+        <translation>No se pudo listar todo.</translation>
+    </message>
+    <message>
+        <source>The manifest itself is not right.</source>
+        <translation>El propio manifiesto no es correcto.</translation>
+    </message>
+    <message>
         <source>%1 could not be listed: %2</source>
         <translation>No se pudo listar %1: %2</translation>
     </message>

@@ -2073,6 +2073,14 @@ Licence MIT</translation>
 <context>
     <name>TransferWork</name>
     <message>
+        <source>Not everything could be listed.</source>
+        <translation>Tout n’a pas pu être listé.</translation>
+    </message>
+    <message>
+        <source>The manifest itself is not right.</source>
+        <translation>Le manifeste lui-même n’est pas correct.</translation>
+    </message>
+    <message>
         <source>%1 could not be listed: %2</source>
         <translation>%1 n’a pas pu être listé : %2</translation>
     </message>

@@ -2067,6 +2067,14 @@ MIT ライセンス</translation>
 <context>
     <name>TransferWork</name>
     <message>
+        <source>Not everything could be listed.</source>
+        <translation>すべての一覧は取得できませんでした。</translation>
+    </message>
+    <message>
+        <source>The manifest itself is not right.</source>
+        <translation>マニフェスト自体が正しくありません。</translation>
+    </message>
+    <message>
         <source>%1 could not be listed: %2</source>
         <translation>%1 の一覧を取得できませんでした: %2</translation>
     </message>

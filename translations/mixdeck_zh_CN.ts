@@ -2067,6 +2067,14 @@ MIT 许可证</translation>
 <context>
     <name>TransferWork</name>
     <message>
+        <source>Not everything could be listed.</source>
+        <translation>未能列出全部内容。</translation>
+    </message>
+    <message>
+        <source>The manifest itself is not right.</source>
+        <translation>清单本身不正确。</translation>
+    </message>
+    <message>
         <source>%1 could not be listed: %2</source>
         <translation>无法列出 %1：%2</translation>
     </message>

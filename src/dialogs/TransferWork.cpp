@@ -26,6 +26,11 @@ QString sentence(const std::string& reason) {
   return reason.empty() ? QString() : Reason::text(reason) + u'.';
 }
 
+// For who looks at the heading alone: it counts what is known of.
+QString notListed() {
+  return TransferWork::tr("Not everything could be listed.");
+}
+
 void tellGaps(const std::vector<FolderFiles::Gap>& gaps, const fs::path& folder, Desk& desk) {
   for (const FolderFiles::Gap& gap : gaps) {
     desk.add({.text = TransferWork::tr("%1 could not be listed: %2")
@@ -101,6 +106,7 @@ class Copying {
     if (!sentences.empty()) {
       sentences << TransferWork::tr("What was copied stays; the next copy goes on from there.");
     }
+    if (!_job.gaps().empty()) sentences.prepend(notListed());
     return sentences.join(u' ');
   }
 
@@ -136,6 +142,14 @@ fs::path fileOf(const FolderCheck::Finding& finding, const fs::path& folder) {
   return folder / (finding.state == State::Moved ? finding.detail : finding.path);
 }
 
+QString complaintOf(const FolderCheck& check, const Desk& desk) {
+  QStringList sentences;
+  if (!check.gaps().empty()) sentences << notListed();
+  if (!check.problems().empty()) sentences << TransferWork::tr("The manifest itself is not right.");
+  if (desk.cancel()) sentences << TransferWork::tr("Cancelled.");
+  return sentences.join(u' ');
+}
+
 End verified(const fs::path& folder, Desk& desk) {
   FolderCheck check(folder);
   if (!check.whyNot().empty()) return {.complaint = sentence(check.whyNot())};
@@ -155,9 +169,9 @@ End verified(const fs::path& folder, Desk& desk) {
     return !desk.cancel();
   };
   const bool isAllRight = check.run(tell, step);
-  const QString complaint = desk.cancel() ? TransferWork::tr("Cancelled.") : QString();
   if (isAllRight) return {true, TransferWork::tr("%n files are right", nullptr, counts[1]), {}};
-  return {false, TransferWork::tr("%1 right, %2 not").arg(counts[1]).arg(counts[0]), complaint};
+  return {false, TransferWork::tr("%1 right, %2 not").arg(counts[1]).arg(counts[0]),
+          complaintOf(check, desk)};
 }
 
 }  // namespace

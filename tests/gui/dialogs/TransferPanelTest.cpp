@@ -3,8 +3,12 @@
 
 #include "dialogs/TransferPanel.h"
 
+#include <sys/fsuid.h>
+#include <unistd.h>
+
 #include <QSignalSpy>
 #include <QTest>
+#include <fstream>
 #include <thread>
 
 #include "DialogFixture.h"
@@ -17,6 +21,8 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using namespace std::chrono_literals;
+
+constexpr uid_t kNobody = 65534;
 
 /// A card with two takes, a folder for them, and a panel.
 class TransferPanelTest : public DialogFixture {
@@ -220,6 +226,36 @@ TEST_F(TransferPanelTest, AFolderIsHeldToItsManifest) {
   EXPECT_EQ(text("summary"), "0 right, 3 not");
   EXPECT_THAT(lines(), ElementsAre("a.WAV has changed: 3000000 bytes, not 3000001", "c.WAV is new",
                                    "b.WAV is missing"));
+}
+
+TEST_F(TransferPanelTest, AManifestThatWasChangedIsComplainedOf) {
+  openCopy();
+  carryOut();
+  for (const auto& entry : std::filesystem::directory_iterator(path("home/ascmhl"))) {
+    if (entry.path().extension() == ".mhl") std::ofstream(entry.path(), std::ios::app) << "\n";
+  }
+  verify();
+  EXPECT_EQ(text("summary"), "2 right, 0 not");
+  EXPECT_EQ(text("complaint"), "The manifest itself is not right.");
+  expectNothingCut(*_panel);
+}
+
+TEST_F(TransferPanelTest, ACardThatCannotBeListedWhollyIsComplainedOf) {
+  using std::filesystem::perms;
+  std::filesystem::create_directories(path("card/hidden"));
+  put("card/hidden/c.WAV", 5);
+  std::filesystem::permissions(path("card/hidden"), perms::none);
+  std::filesystem::permissions(_folder.path(), perms::all);
+  std::filesystem::permissions(path("home"), perms::all);
+  openCopy();
+  setfsuid(kNobody);  // root may list everything; the thread of the copy has it from this one
+  begin();
+  setfsuid(geteuid());
+  waitForEnd();
+  std::filesystem::permissions(path("card/hidden"), perms::all);
+  EXPECT_EQ(text("summary"), "2 of 2 takes are there and verified");
+  EXPECT_EQ(text("complaint"), "Not everything could be listed.");
+  EXPECT_THAT(lines(), testing::Contains(HasSubstr("card/hidden could not be listed")));
 }
 
 TEST_F(TransferPanelTest, AFolderWithoutAManifestCannotBeVerified) {
