@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <set>
 #include <utility>
@@ -57,9 +58,20 @@ QString describe(const ExportNote& note, bool isRaw) {
   return RowReader::tr("Exported as %1: %2").arg(name, parts.join(QStringLiteral(", ")));
 }
 
+/// What was noted of takes, by their paths.
+using Notes = std::multimap<std::string, ExportNote>;
+
+Notes notesIn(const fs::path& folder, TakeKeeper& keeper) {
+  Notes notes;
+  for (const ExportNote& note : keeper.exportsOf(folder)) notes.emplace(note.source.native(), note);
+  return notes;
+}
+
 // What was noted, and what bears the name that an export gets where nobody chose one.
-std::vector<ExportNote> candidates(const fs::path& take, TakeKeeper& keeper) {
-  std::vector<ExportNote> notes = keeper.exportsOf(take);
+std::vector<ExportNote> candidates(const fs::path& take, const Notes& noted) {
+  std::vector<ExportNote> notes;
+  const auto [first, last] = noted.equal_range(take.native());
+  for (auto note = first; note != last; ++note) notes.push_back(note->second);
   for (const fs::path& name : {Export::nameFor(take), Export::nameForSelection(take)}) {
     const fs::path target = take.parent_path() / name;
     const bool isNoted = std::ranges::find(notes, target, &ExportNote::target) != notes.end();
@@ -68,9 +80,9 @@ std::vector<ExportNote> candidates(const fs::path& take, TakeKeeper& keeper) {
   return notes;
 }
 
-void lookForExports(const fs::path& take, RowReader::Known& known, TakeKeeper& keeper) {
+void lookForExports(const fs::path& take, RowReader::Known& known, const Notes& noted) {
   QStringList lines;
-  for (ExportNote& note : candidates(take, keeper)) {
+  for (ExportNote& note : candidates(take, noted)) {
     const FileTime now = FileTime::of(note.target);
     if (!now.isThere) continue;
     note.written = now.modified / FileTime::kSecond;
@@ -78,6 +90,18 @@ void lookForExports(const fs::path& take, RowReader::Known& known, TakeKeeper& k
   }
   known.facts.isExported = !lines.isEmpty();
   known.facts.exportNote = lines.join(u'\n');
+}
+
+// Of one file, where `before` is what was known of it.
+RowReader::Known look(const std::string& path, const RowReader::Known& before, const Notes& noted) {
+  const FileTime now = FileTime::of(path);
+  RowReader::Known known = before;
+  if (!now.isThere || now.size != before.size || now.modified != before.modified) {
+    known = {now.size, now.modified, false, {}};
+    readFile(path, known);
+  }
+  lookForExports(path, known, noted);
+  return known;
 }
 
 }  // namespace
@@ -90,17 +114,6 @@ RowReader::RowReader(FolderBrowser& browser, ExportQueue& exports,
           [this](int /*id*/, const ExportOrder& order, const ExportResult& result) {
             note(order, result);
           });
-}
-
-RowReader::Known RowReader::look(const std::string& path, const Known& before, TakeKeeper& keeper) {
-  const FileTime now = FileTime::of(path);
-  Known known = before;
-  if (!now.isThere || now.size != before.size || now.modified != before.modified) {
-    known = Known{now.size, now.modified, false, {}};
-    readFile(path, known);
-  }
-  lookForExports(path, known, keeper);
-  return known;
 }
 
 // A pass through the rows is gone on with, and followed by another one, where other rows come
@@ -154,11 +167,12 @@ std::vector<RowReader::Row> RowReader::next() const {
 // For a tenth of a second, so that a slow medium shows what it has told by then.
 void RowReader::readSome() {
   if (_next == _paths.size()) return _isBehind ? beginAnew() : void(emit finished());
-  _errand.begin([this, rows = next(), keeper = _keeper]() -> Errand::Outcome {
+  _errand.begin([this, folder = _folder, rows = next(), keeper = _keeper]() -> Errand::Outcome {
     std::vector<Row> some;
     const auto end = std::chrono::steady_clock::now() + kAtOnce;
+    const Notes noted = notesIn(folder, *keeper);
     for (const Row& row : rows) {
-      some.push_back({row.path, look(row.path, row.known, *keeper)});
+      some.push_back({row.path, look(row.path, row.known, noted)});
       if (std::chrono::steady_clock::now() >= end) break;
     }
     return [this, some] { take(some); };

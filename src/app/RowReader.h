@@ -38,9 +38,6 @@ class RowReader : public QObject {
   RowReader(FolderBrowser& browser, ExportQueue& exports, std::shared_ptr<TakeKeeper> keeper,
             const QAction& remembers, QObject* parent = nullptr);
 
-  /// Of one file, where `before` is what was known of it. Waits for the medium.
-  static Known look(const std::string& path, const Known& before, TakeKeeper& keeper);
-
  signals:
   /// All rows are known.
   void finished();

@@ -13,6 +13,10 @@
 
 namespace {
 
+bool isAt(const std::filesystem::path& place, const std::filesystem::path& take) {
+  return take == place || take.native().starts_with((place / "").native());
+}
+
 bool isAmong(const std::vector<ExportNote>& notes, const ExportNote& note) {
   return std::ranges::find(notes, note.target, &ExportNote::target) != notes.end();
 }
@@ -33,7 +37,7 @@ class TakeKeeper::Desk {
   void put(const Entry& entry, const std::shared_ptr<Desk>& self);
   void close();
   std::optional<RememberedSound> find(const std::string& take);
-  std::vector<ExportNote> exportsOf(const std::filesystem::path& source);
+  std::vector<ExportNote> exportsOf(const std::filesystem::path& place);
   bool flush(std::chrono::milliseconds most);
   TakeMemory::Trouble takeTrouble();
 
@@ -132,15 +136,15 @@ std::vector<ExportNote> TakeKeeper::Desk::pendingExports() {
 }
 
 // What is pending first: it may be written by the time that the memory is asked.
-std::vector<ExportNote> TakeKeeper::Desk::exportsOf(const std::filesystem::path& source) {
+std::vector<ExportNote> TakeKeeper::Desk::exportsOf(const std::filesystem::path& place) {
   std::vector<ExportNote> found = pendingExports();
   {
     const std::lock_guard lock(_using);
-    for (const ExportNote& note : _memory.exportsOf(source)) {
+    for (const ExportNote& note : _memory.exportsOf(place)) {
       if (!isAmong(found, note)) found.push_back(note);
     }
   }
-  std::erase_if(found, [&](const ExportNote& note) { return note.source != source; });
+  std::erase_if(found, [&](const ExportNote& note) { return !isAt(place, note.source); });
   return found;
 }
 
@@ -168,8 +172,8 @@ void TakeKeeper::noteExport(const ExportNote& note) {
   _desk->put({{}, {}, note}, _desk);
 }
 
-std::vector<ExportNote> TakeKeeper::exportsOf(const std::filesystem::path& source) {
-  return _desk->exportsOf(source);
+std::vector<ExportNote> TakeKeeper::exportsOf(const std::filesystem::path& place) {
+  return _desk->exportsOf(place);
 }
 
 std::optional<RememberedSound> TakeKeeper::find(const std::string& take) {

@@ -31,8 +31,9 @@ class TakeKeeper {
   [[nodiscard]] std::optional<RememberedSound> find(const std::string& take);
   /// The same of an export.
   void noteExport(const ExportNote& note);
-  /// Those that were given, written or not. Waits for the medium.
-  [[nodiscard]] std::vector<ExportNote> exportsOf(const std::filesystem::path& source);
+  /// Those that were given, written or not, of a take or of all that are in a folder or below it.
+  /// Waits for the medium.
+  [[nodiscard]] std::vector<ExportNote> exportsOf(const std::filesystem::path& place);
   /// Until all is written or given up, but no longer than this; false where something still waits.
   bool flush(std::chrono::milliseconds most);
   /// The greatest trouble since this was asked last. May wait for the medium.

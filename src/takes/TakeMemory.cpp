@@ -43,7 +43,8 @@ constexpr const char* kNote =
     "VALUES (?1, ?2, ?3, ?4, ?5)";
 constexpr const char* kForgetOthers = "DELETE FROM exports WHERE target = ?1 AND source <> ?2";
 constexpr const char* kExports =
-    "SELECT target, width, gain, written FROM exports WHERE source = ?1";
+    "SELECT source, target, width, gain, written FROM exports "
+    "WHERE source = ?1 OR (source >= ?2 AND source < ?3)";
 
 fs::path with(const fs::path& path, const char* ending) {
   fs::path result = path;
@@ -132,18 +133,23 @@ bool TakeMemory::noteExport(const ExportNote& note) {
   });
 }
 
-// A file of the version before has none, and where it cannot be written to it stays so.
-std::vector<ExportNote> TakeMemory::exportsOf(const fs::path& source) {
+// A file of the version before has none, and where it cannot be written to it stays so. What is in
+// a folder begins with its name and a slash, and comes before its name and the sign after the
+// slash.
+std::vector<ExportNote> TakeMemory::exportsOf(const fs::path& place) {
+  const std::string first = (place / "").native();
+  std::string end = first;
+  ++end.back();
   std::error_code error;
   std::vector<ExportNote> found;
   if (!fs::exists(_file, error)) return found;
   use([&](Database& database) {
     if (database.isReadOnly() && database.number("PRAGMA user_version") < 2) return true;
     Database::Statement question(database, kExports);
-    question.set(1, source.native());
+    question.set(1, place.native()).set(2, first).set(3, end);
     while (question.next()) {
-      found.push_back({source, question.text(0), question.real(1), question.real(2),
-                       question.number(3).value_or(0)});
+      found.push_back({question.text(0), question.text(1), question.real(2), question.real(3),
+                       question.number(4).value_or(0)});
     }
     return database.failure().empty();
   });

@@ -49,8 +49,9 @@ class TakeMemory {
 
   /// In place of what was known of this target: it is an export of no other take any more.
   bool noteExport(const ExportNote& note);
-  /// In any order; whether they are still there is not known.
-  [[nodiscard]] std::vector<ExportNote> exportsOf(const std::filesystem::path& source);
+  /// Of a take, or of all that are in a folder or below it. In any order; whether they are still
+  /// there is not known.
+  [[nodiscard]] std::vector<ExportNote> exportsOf(const std::filesystem::path& place);
 
   /// The greatest trouble since this was asked last.
   Trouble takeTrouble() { return std::exchange(_trouble, Trouble::None); }

@@ -53,6 +53,8 @@ TEST_F(Keeper, ExportsThatAreYetToBeWrittenAreKnown) {
   keeper.noteExport({"/b.wav", "/0", {}, {}, 18});
   EXPECT_EQ(keeper.exportsOf("/a.wav").size(), kMany - 1);
   EXPECT_EQ(keeper.exportsOf("/b.wav").size(), 1U);
+  EXPECT_EQ(keeper.exportsOf("/").size(), kMany);
+  EXPECT_TRUE(keeper.exportsOf("/a").empty());
   ASSERT_TRUE(keeper.flush(1min));
   EXPECT_EQ(keeper.exportsOf("/a.wav").size(), kMany - 1);
 }

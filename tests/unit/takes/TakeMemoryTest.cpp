@@ -77,6 +77,22 @@ TEST_F(Memory, ExportsAreNotedByWhereTheyLie) {
   EXPECT_TRUE(memory.exportsOf("/card/R0002.WAV").empty());
 }
 
+TEST_F(Memory, ExportsAreKnownOfAllTakesOfAFolder) {
+  TakeMemory memory(file);
+  for (const char* const take :
+       {"/card/a.wav", "/card/b/c.wav", "/card", "/card-2/a.wav", "/car/d"})
+    EXPECT_TRUE(memory.noteExport({take, std::string("/home") + take, {}, {}, 1}));
+  const auto takes = [&memory](const char* place) {
+    std::vector<std::string> names;
+    for (const ExportNote& note : memory.exportsOf(place)) names.push_back(note.source);
+    return names;
+  };
+  using testing::UnorderedElementsAre;
+  EXPECT_THAT(takes("/card"), UnorderedElementsAre("/card", "/card/a.wav", "/card/b/c.wav"));
+  EXPECT_THAT(takes("/card/b"), UnorderedElementsAre("/card/b/c.wav"));
+  EXPECT_EQ(takes("/").size(), 5U);
+}
+
 TEST_F(Memory, AnExportThatIsReplacedByThatOfAnotherTakeIsForgotten) {
   const ExportNote first{"/card/R0001.WAV", "/home/mix.wav", 90.0, {}, 1};
   const ExportNote kept{"/card/R0001.WAV", "/home/other.wav", 90.0, {}, 1};
