@@ -234,6 +234,10 @@ bool AtomicFile::writeAt(std::uint64_t offset, std::span<const std::byte> bytes)
   return writeFullyAt(_file, bytes, offset) || fail(errno);
 }
 
+void AtomicFile::beginSync() {
+  if (_failure.empty()) sync_file_range(_file, 0, 0, SYNC_FILE_RANGE_WRITE);
+}
+
 bool AtomicFile::sync() {
   return _failure.empty() && (fsync(_file) == 0 || fail(errno));
 }

@@ -49,6 +49,9 @@ class AtomicFile {
   bool write(std::span<const std::byte> bytes);
   /// Overwrites what has been written before, `offset` bytes from the start.
   bool writeAt(std::uint64_t offset, std::span<const std::byte> bytes);
+  /// Has the disk begin with what was written by now: a later `sync` waits less. A hint, which
+  /// promises nothing.
+  void beginSync();
   /// Has all that was written by now on the disk.
   bool sync();
   /// What time of change the file tells; the time of the last write, unless this says otherwise.

@@ -7,9 +7,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
-#include <cstdlib>
-#include <new>
 #include <system_error>
 #include <utility>
 
@@ -17,79 +16,53 @@
 
 namespace {
 
-constexpr std::size_t kBlock = 1 << 20;
-constexpr std::size_t kAlignment = 4096;
-
 // Only the owner may ask for it.
 int openWithoutTrace(const std::filesystem::path& path) {
   const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOATIME);
   return file >= 0 || errno != EPERM ? file : open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
 }
 
-}  // namespace
-
-void MediumFile::Release::operator()(std::byte* block) const {
-  std::free(block);  // NOLINT(cppcoreguidelines-no-malloc)
+// There are file systems that open a file for reads past the cache, and then refuse them.
+bool isReadable(int file) {
+  alignas(BlocksAhead::kAlignment) std::array<std::byte, BlocksAhead::kAlignment> sector;
+  return pread(file, sector.data(), sector.size(), 0) >= 0 || errno != EINVAL;
 }
 
-MediumFile::MediumFile(std::filesystem::path path, Way way)
-    : _path(std::move(path)),
-      _block(static_cast<std::byte*>(std::aligned_alloc(kAlignment, kBlock))) {
-  if (!_block) throw std::bad_alloc();
+}  // namespace
+
+MediumFile::MediumFile(std::filesystem::path path, Way way) : _path(std::move(path)) {
   open(way);
 }
 
 void MediumFile::open(Way way) {
-  _isDirect = way == Way::PastCache && openPastCache();
-  if (_file < 0) _file = openWithoutTrace(_path);
+  const bool isDirect = way == Way::PastCache && openPastCache();
+  if (!isDirect) _file = openWithoutTrace(_path);
   struct stat status {};
   if (_file < 0 || fstat(_file, &status) != 0) return fail(errno);
   if (!S_ISREG(status.st_mode)) return fail(S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
-  if (way == Way::PastCache && !_isDirect) posix_fadvise(_file, 0, 0, POSIX_FADV_DONTNEED);
+  if (way == Way::PastCache && !isDirect) posix_fadvise(_file, 0, 0, POSIX_FADV_DONTNEED);
   posix_fadvise(_file, 0, 0, POSIX_FADV_SEQUENTIAL);
+  _blocks = std::make_unique<BlocksAhead>(_file, isDirect ? Way::PastCache : Way::Plain);
 }
 
 MediumFile::~MediumFile() {
+  _blocks.reset();
   if (_file >= 0) close(_file);
 }
 
 // Not every file system knows it.
 bool MediumFile::openPastCache() {
   _file = ::open(_path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_DIRECT);
-  return _file >= 0;
+  if (_file < 0 || isReadable(_file)) return _file >= 0;
+  close(std::exchange(_file, -1));
+  return false;
 }
 
-bool MediumFile::openThroughCache() {
-  const int file = openWithoutTrace(_path);
-  if (file < 0) return false;
-  close(std::exchange(_file, file));
-  _isDirect = false;
-  posix_fadvise(_file, 0, 0, POSIX_FADV_DONTNEED);
-  return true;
-}
-
-ssize_t MediumFile::read() {
-  const auto offset = static_cast<off_t>(_position);
-  ssize_t got = pread(_file, _block.get(), kBlock, offset);
-  while (got < 0 && errno == EINTR) got = pread(_file, _block.get(), kBlock, offset);
-  return got;
-}
-
-// There are file systems that open a file for reads past the cache, and then refuse them.
 std::span<const std::byte> MediumFile::next() {
-  if (_isAtEnd || !_failure.empty()) return {};
-  ssize_t got = read();
-  const bool isRefused = got < 0 && errno == EINVAL && _isDirect && _position == 0;
-  if (isRefused && openThroughCache()) got = read();
-  if (got < 0) {
-    fail(errno);
-    return {};
-  }
-  const auto count = static_cast<std::size_t>(got);
-  // Past the cache only the last block of a file may be cut.
-  _isAtEnd = count == 0 || (_isDirect && count % kAlignment != 0);
-  _position += count;
-  return {_block.get(), count};
+  if (!_blocks) return {};
+  const auto bytes = _blocks->next();
+  if (_blocks->error() != 0) fail(_blocks->error());
+  return bytes;
 }
 
 void MediumFile::fail(int error) {

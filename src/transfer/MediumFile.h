@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <sys/types.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -12,17 +10,19 @@
 #include <span>
 #include <string>
 
+#include "transfer/BlocksAhead.h"
+
 /// Told of bytes that were worked on, on the thread that works; false ends the work.
 using MediumStep = std::function<bool(std::uint64_t bytes)>;
 
-/// A file that is read once from its start to its end, in large blocks. Nothing throws but where
-/// there is no memory; one thread at a time; reads wait for the medium.
+/// A file that is read once from its start to its end, in large blocks, of which some are read
+/// ahead. Nothing throws but where there is no memory; one thread at a time; reads wait for the
+/// medium.
 class MediumFile {
  public:
-  enum class Way {
-    Plain,     ///< through the cache of the system, without telling the medium that it was read
-    PastCache  ///< what stands on the medium: what the cache holds is passed by, or dropped before
-  };
+  /// Plain: through the cache of the system, without telling the medium that it was read.
+  /// PastCache: what stands on the medium: what the cache holds is passed by, or dropped before.
+  using Way = BlocksAhead::Way;
 
   MediumFile(std::filesystem::path path, Way way);
   MediumFile(const MediumFile&) = delete;
@@ -35,22 +35,13 @@ class MediumFile {
   [[nodiscard]] const std::string& failure() const { return _failure; }
 
  private:
-  struct Release {
-    void operator()(std::byte* block) const;
-  };
-
   void open(Way way);
   bool openPastCache();
-  bool openThroughCache();
-  ssize_t read();
   void fail(int error);
 
   std::filesystem::path _path;
   int _file = -1;
-  std::uint64_t _position = 0;
-  bool _isDirect = false;
-  bool _isAtEnd = false;
-  std::unique_ptr<std::byte, Release> _block;
+  std::unique_ptr<BlocksAhead> _blocks;
   std::string _failure;
 };
 

@@ -8,12 +8,20 @@
 
 #include "transfer/ContentHash.h"
 
+namespace {
+
+// The disk writes while the card is read.
+constexpr std::uint64_t kSyncEvery = 8 << 20;
+
+}  // namespace
+
 TakeCopy::TakeCopy(const std::filesystem::path& card, const CardTake& take, MediumStep step)
     : _source(card / take.path), _take(take), _step(std::move(step)) {}
 
 TakeCopy::End TakeCopy::to(const std::filesystem::path& target) {
   AtomicFile file(target, AtomicFile::Existing::Refuse);
   if (!file.hasRoomFor(_take.size)) return notWritten(file);
+  file.expect(_take.size);
   End reached = write(file);
   if (reached != End::Copied) return reached;
   if (!file.setModified(_take.modified) || !file.sync()) return notWritten(file);
@@ -30,6 +38,7 @@ TakeCopy::End TakeCopy::write(AtomicFile& file) {
     hash.add(bytes);
     size += bytes.size();
     if (!file.write(bytes)) return notWritten(file);
+    if (size % kSyncEvery < bytes.size()) file.beginSync();
     if (!_step(bytes.size())) return End::Cancelled;
   }
   if (!source.failure().empty()) return end(End::NotRead, source.failure());
