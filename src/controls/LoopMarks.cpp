@@ -4,8 +4,10 @@
 #include "controls/LoopMarks.h"
 
 #include <QCoreApplication>
+#include <QFontMetrics>
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 #include "controls/Colors.h"
 
@@ -19,7 +21,17 @@ bool isNear(const TimeWindow& window, double place, double seconds) {
   return std::fabs(window.placeOf(seconds) - place) <= LoopMarks::kReach;
 }
 
+QRectF flagAt(double x, const QRectF& body, const QFontMetrics& metrics, const QString& letter) {
+  const QSizeF text = metrics.tightBoundingRect(letter).size();
+  const double side = std::max(kFlag, std::ceil(std::max(text.width(), text.height())) + 3);
+  return {x - side / 2, std::max(0.0, body.top() - side - 2), side, side};
+}
+
 }  // namespace
+
+LoopMarks::LoopMarks()
+    : _letters{QCoreApplication::translate("LoopMarks", "A", "beginning of a loop"),
+               QCoreApplication::translate("LoopMarks", "B", "end of a loop")} {}
 
 bool LoopMarks::set(const std::optional<Marks>& marks) {
   if (marks == _marks) return false;
@@ -64,23 +76,30 @@ void LoopMarks::drawStretch(QPainter& painter, const TimeWindow& window, const Q
   if (right > left) painter.fillRect(QRectF(left, body.top(), right - left, body.height()), veil);
 }
 
-void LoopMarks::drawMarks(QPainter& painter, const TimeWindow& window, const QRectF& body) const {
+LoopMarks::Flags LoopMarks::flags(const QFont& font, const TimeWindow& window,
+                                  const QRectF& body) const {
   const std::optional<Marks>& shown = marks();
-  if (!shown) return;
-  const auto draw = [&](double seconds, const QString& letter) {
-    if (!window.holds(seconds)) return;
-    drawMark(painter, std::round(body.left() + window.placeOf(seconds)), body, letter);
+  if (!shown) return {};
+  const QFontMetrics metrics(font);
+  const auto flag = [&](double seconds, const QString& letter) {
+    if (!window.holds(seconds)) return QRectF();
+    return flagAt(std::round(body.left() + window.placeOf(seconds)), body, metrics, letter);
   };
-  draw(shown->a, QCoreApplication::translate("LoopMarks", "A", "beginning of a loop"));
-  if (shown->b) draw(*shown->b, QCoreApplication::translate("LoopMarks", "B", "end of a loop"));
+  return {flag(shown->a, _letters[0]), shown->b ? flag(*shown->b, _letters[1]) : QRectF()};
 }
 
-void LoopMarks::drawMark(QPainter& painter, double x, const QRectF& body, const QString& letter) {
-  const QRectF line(x - kLine / 2, body.top() - 2, kLine, body.height() + 2);
-  painter.fillRect(line, Colors::accent());
-  const QSizeF text = painter.fontMetrics().tightBoundingRect(letter).size();
-  const double side = std::max(kFlag, std::ceil(std::max(text.width(), text.height())) + 3);
-  const QRectF flag(x - side / 2, std::max(0.0, body.top() - side - 2), side, side);
+void LoopMarks::drawMarks(QPainter& painter, const TimeWindow& window, const QRectF& body) const {
+  const Flags all = flags(painter.font(), window, body);
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    if (!all.at(i).isEmpty()) drawMark(painter, all.at(i), body, _letters.at(i));
+  }
+}
+
+void LoopMarks::drawMark(QPainter& painter, const QRectF& flag, const QRectF& body,
+                         const QString& letter) {
+  const double x = flag.center().x();
+  painter.fillRect(QRectF(x - kLine / 2, body.top() - 2, kLine, body.height() + 2),
+                   Colors::accent());
   painter.fillRect(flag, Colors::accent());
   painter.setPen(Colors::AppBG());
   painter.drawText(flag, Qt::AlignCenter, letter);

@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QFont>
 #include <QPainter>
 #include <QRectF>
+#include <QString>
+#include <array>
 #include <optional>
 
 #include "controls/TimeWindow.h"
@@ -22,6 +25,10 @@ class LoopMarks {
   /// Who comes as near to a mark has it, pixels; who moves less has not dragged.
   static constexpr double kReach = 5;
   static constexpr double kDrag = 4;
+  /// Of A and B; empty where none is in view.
+  using Flags = std::array<QRectF, 2>;
+
+  LoopMarks();
 
   /// Sets or takes away the marks; false where nothing changed.
   bool set(const std::optional<Marks>& marks);
@@ -42,14 +49,18 @@ class LoopMarks {
 
   /// The stretch between the marks, under the picture, which fills `body`.
   void drawStretch(QPainter& painter, const TimeWindow& window, const QRectF& body) const;
-  /// The marks themselves: lines through the body, and a flag each in the ruler over it.
+  /// Where the flags of the marks stand, in the ruler over the body.
+  [[nodiscard]] Flags flags(const QFont& font, const TimeWindow& window, const QRectF& body) const;
+  /// The marks themselves, in the font of the painter: the flags, and lines through the body.
   void drawMarks(QPainter& painter, const TimeWindow& window, const QRectF& body) const;
 
  private:
   /// The time of the other mark, where there is one of the two at this place.
   [[nodiscard]] std::optional<double> opposite(const TimeWindow& window, double place) const;
-  static void drawMark(QPainter& painter, double x, const QRectF& body, const QString& letter);
+  static void drawMark(QPainter& painter, const QRectF& flag, const QRectF& body,
+                       const QString& letter);
 
+  std::array<QString, 2> _letters;
   std::optional<Marks> _marks;
   std::optional<Marks> _drawn;
   bool _isHeld = false;

@@ -3,15 +3,16 @@
 #include "controls/WaveformViewer.h"
 
 #include <QAccessible>
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QStringList>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
 #include "controls/AccessibleFactory.h"
 #include "controls/AdjustableAccessible.h"
-#include "controls/Appearance.h"
 #include "controls/Colors.h"
 #include "controls/NumberText.h"
 #include "controls/TimeRuler.h"
@@ -19,14 +20,12 @@
 
 namespace {
 
-constexpr double kInset = 9;   // the radius of a slider's knob
-constexpr double kRuler = 15;  // high at least
+constexpr double kInset = 9;  // the radius of a slider's knob
 constexpr double kBottom = 3;
 constexpr double kRadius = 4;
-constexpr int kMarkGap = 70;  // pixels between the marks of the ruler, at least
-constexpr double kMark = 4;
 constexpr double kHeadWidth = 2;
 
+constexpr double kReadingAside = 8;  // from the pointer, so that a flag that is held is seen
 constexpr double kReadingPadding = 6;
 constexpr double kReadingGap = 10;
 
@@ -40,6 +39,11 @@ QString decibels(const QString& channel, float magnitude) {
   return channel + u' ' + QString(text).replace(u'-', u'−');
 }
 
+// Room for a level, so that nothing jumps while it changes.
+double levelWidth(const QFontMetricsF& metrics) {
+  return metrics.horizontalAdvance(NumberText::localized(QStringLiteral("L −88.8")));
+}
+
 }  // namespace
 
 WaveformViewer::WaveformViewer(QWidget* parent) : QWidget(parent) {
@@ -47,12 +51,7 @@ WaveformViewer::WaveformViewer(QWidget* parent) : QWidget(parent) {
   setAccessibleName(tr("Waveform"));
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
-  measureRuler();
-}
-
-void WaveformViewer::measureRuler() {
-  _small = Appearance::small(font());
-  _ruler = std::max<double>(kRuler, QFontMetrics(_small).height());
+  _ruler.setFont(font());
 }
 
 QRectF WaveformViewer::body() const {
@@ -198,9 +197,6 @@ void WaveformViewer::paintEvent(QPaintEvent* /*event*/) {
   drawWave(painter);
   if (length() > 0) {
     drawRuler(painter);
-    _marks.drawMarks(painter, _stretch, body());
-    drawHead(painter);
-    drawReading(painter);
   }
   if (hasFocus() && _focus.isShown()) {
     painter.setRenderHint(QPainter::Antialiasing);
@@ -211,18 +207,13 @@ void WaveformViewer::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void WaveformViewer::drawRuler(QPainter& painter) {
-  painter.setFont(_small);
-  const double high = ruler();
-  const double gap = Appearance::lineWidth(kMarkGap, font());
-  const double perPixel = (_stretch.to() - _stretch.from()) / std::max(1.0, body().width());
-  for (const TimeRuler::Mark& mark : _times.shown(_stretch.from(), _stretch.to(), gap * perPixel)) {
-    const double x = std::round(xOf(mark.seconds));
-    painter.fillRect(QRectF(x, high - kMark - 8, 1, kMark + 4), Colors::line());
-    const QRectF place(x + 4, 0, gap, high);
-    if (place.left() + painter.fontMetrics().horizontalAdvance(mark.label) > width() - 4) continue;
-    painter.setPen(Colors::dimText());
-    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, mark.label);
-  }
+  const LoopMarks::Flags flags = _marks.flags(_ruler.font(), _stretch, body());
+  const QStringList texts = reading();
+  const QRectF box = readingBox(texts);
+  _ruler.draw(painter, _stretch, body(), std::array{flags[0], flags[1], box});
+  _marks.drawMarks(painter, _stretch, body());
+  drawHead(painter);
+  drawReading(painter, texts, box);
 }
 
 // Columns of another stretch are stretched to where they belong, until the right ones come.
@@ -252,26 +243,33 @@ void WaveformViewer::drawHead(QPainter& painter) const {
       isEnabled() ? Colors::WHITE() : Colors::line());
 }
 
-void WaveformViewer::drawReading(QPainter& painter) const {
-  const QStringList texts = reading();
+QRectF WaveformViewer::readingBox(const QStringList& texts) const {
+  if (texts.isEmpty()) return {};
+  const double x = std::clamp(std::floor(*_hover), body().left(), body().right());
+  const QFontMetricsF metrics(_ruler.font());
+  const double wide = metrics.horizontalAdvance(texts.first()) + 2 * levelWidth(metrics) +
+                      2 * kReadingGap + 2 * kReadingPadding;
+  const bool isRight = x + kReadingAside + wide < width();
+  return {isRight ? x + kReadingAside : x - kReadingAside - wide, 0, wide, ruler() + 1};
+}
+
+void WaveformViewer::drawReading(QPainter& painter, const QStringList& texts,
+                                 const QRectF& box) const {
   if (texts.isEmpty()) return;
   const double x = std::clamp(std::floor(*_hover), body().left(), body().right());
   painter.fillRect(QRectF(x, body().top(), 1, body().height()), Colors::dimText());
-  painter.setFont(_small);
-  const QFontMetricsF metrics(painter.font());
-  const double time = metrics.horizontalAdvance(texts.first());
-  const double level = metrics.horizontalAdvance(NumberText::localized(QStringLiteral("L −88.8")));
-  const double wide = time + 2 * level + 2 * kReadingGap + 2 * kReadingPadding;
-  const double left = x + 4 + wide < width() ? x + 4 : x - 4 - wide;
-  const QRectF box(left, 0, wide, ruler() + 1);
+  painter.setFont(_ruler.font());
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(Colors::ControlColor());
   painter.drawRoundedRect(box, kRadius, kRadius);
   painter.setPen(Colors::WHITE());
-  double at = left + kReadingPadding;
+  const QFontMetricsF metrics(painter.font());
+  double at = box.left() + kReadingPadding;
   for (const QString& text : texts) {
-    painter.drawText(QRectF(at, 0, wide, box.height()), Qt::AlignLeft | Qt::AlignVCenter, text);
-    at += kReadingGap + (at == left + kReadingPadding ? time : level);
+    const bool isTime = &text == &texts.first();
+    painter.drawText(QRectF(at, 0, box.width(), box.height()), Qt::AlignLeft | Qt::AlignVCenter,
+                     text);
+    at += kReadingGap + (isTime ? metrics.horizontalAdvance(text) : levelWidth(metrics));
   }
 }

@@ -2,17 +2,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QFont>
 #include <QImage>
+#include <QRectF>
+#include <QStringList>
 #include <QWidget>
 #include <optional>
 
 #include "controls/Adjustable.h"
 #include "controls/KeyboardFocus.h"
 #include "controls/LoopMarks.h"
-#include "controls/TimeRuler.h"
 #include "controls/TimeWindow.h"
 #include "controls/WaveformColumns.h"
+#include "controls/WaveformRuler.h"
 
 /// The sound of a take over its time: Left up, Right down, what has been played brighter, what is
 /// over full scale red, under a ruler of time. A press or a drag moves the play head, the pointer
@@ -56,7 +57,7 @@ class WaveformViewer : public QWidget, public Adjustable {
 
   /// Where columns are drawn; the play head of the first and last moment stands on its edges, and
   /// where the knob of a position slider of the same width would.
-  [[nodiscard]] double ruler() const { return _ruler; }
+  [[nodiscard]] double ruler() const { return _ruler.height(); }
   [[nodiscard]] QRectF body() const;
   [[nodiscard]] double xOf(double seconds) const;
   [[nodiscard]] double timeAt(double x) const;
@@ -104,11 +105,12 @@ class WaveformViewer : public QWidget, public Adjustable {
   void tellStretch(const TimeWindow& before);
   void revealHead();
   void drawPictures();
-  void measureRuler();
+  /// The ruler, and what stands in it and on the picture.
   void drawRuler(QPainter& painter);
   void drawWave(QPainter& painter) const;
   void drawHead(QPainter& painter) const;
-  void drawReading(QPainter& painter) const;
+  [[nodiscard]] QRectF readingBox(const QStringList& texts) const;
+  void drawReading(QPainter& painter, const QStringList& texts, const QRectF& box) const;
   void markTo(double x);
   void endMarking(double x);
   void showCursor(QPointF at);
@@ -127,8 +129,6 @@ class WaveformViewer : public QWidget, public Adjustable {
   std::optional<double> _hover;  ///< where the pointer is
   bool _isHeld = false;
   LoopMarks _marks;
-  QFont _small;  ///< of the ruler
-  double _ruler = 0;
-  TimeRuler _times;
+  WaveformRuler _ruler;
   KeyboardFocus _focus;
 };

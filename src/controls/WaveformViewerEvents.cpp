@@ -39,7 +39,7 @@ void WaveformViewer::changeEvent(QEvent* event) {
     _marks.letGo();
     update();
   }
-  if (event->type() == QEvent::FontChange) measureRuler();
+  if (event->type() == QEvent::FontChange) _ruler.setFont(font());
   if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) drawPictures();
   QWidget::changeEvent(event);
 }

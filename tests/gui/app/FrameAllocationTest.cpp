@@ -116,7 +116,7 @@ namespace {
 
 using testing::IsEmpty;
 
-/// A take of a steady sound that plays, all of it measured.
+/// A take of a steady sound that plays, all of it measured, with a loop whose marks are in view.
 class Frames : public WindowFixture {
  protected:
   void SetUp() override {
@@ -133,6 +133,7 @@ class Frames : public WindowFixture {
     pictures = {stage().field->scope,   stage().field->correlation, stage().lvlLeft,
                 stage().lvlRight,       stage().clipLeft,           stage().clipRight,
                 view().player->waveform};
+    controller().take().setLoop(FrameLoop{24'000, 240'000});
     play(1000);
     letLevelsArrive();
   }
