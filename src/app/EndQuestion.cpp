@@ -40,9 +40,9 @@ void EndQuestion::ask() {
 }
 
 EndQuestion::Words EndQuestion::words() const {
-  const Words exports = wordsForExports();
+  Words exports = wordsForExports();
   if (!_place.cards.isCopying()) return exports;
-  const Words copy{
+  Words copy{
       tr("Takes are still being copied. What is copied stays; the next copy goes on from there."),
       tr("Keep copying"), tr("Stop and quit")};
   if (!_place.exports.isBusy()) return copy;
