@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "controls/Appearance.h"
+#include "controls/Colors.h"
 #include "dialogs/ExportFacts.h"
 #include "dialogs/PathText.h"
 #include "dialogs/TimeLeft.h"
@@ -66,6 +67,8 @@ void TransferPanel::makeReport(const QString& name) {
   _list->setAccessibleName(name);
   _list->setSelectionMode(QAbstractItemView::ExtendedSelection);
   _list->setTextElideMode(Qt::ElideMiddle);
+  _list->setWordWrap(true);
+  _list->setSpacing(2);
   _list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   _list->setFixedHeight(kListHeight);
 }
@@ -148,6 +151,7 @@ void TransferPanel::add(const std::vector<TransferJob::Line>& lines) {
   for (const TransferJob::Line& line : lines) {
     auto* const row = new QListWidgetItem(line.text, _list);
     row->setToolTip(line.text);
+    if (!line.isRight) row->setForeground(Colors::warning());
     row->setData(kFile, QByteArray::fromStdString(line.file.native()));
   }
   _list->scrollToBottom();

@@ -12,6 +12,7 @@
 #include <thread>
 
 #include "DialogFixture.h"
+#include "controls/Colors.h"
 #include "dialogs/TransferWork.h"
 #include "support/SlowReads.h"
 
@@ -133,6 +134,10 @@ TEST_F(TransferPanelTest, WhatIsThereIsKeptAndWhatDiffersIsTold) {
               ElementsAre("a.WAV: there already",
                           "b.WAV differs: The take has 1000 bytes, the file that is there 999"));
   EXPECT_EQ(text("summary"), "1 of 2 takes are there and verified");
+  const auto& list = *_panel->findChild<QListWidget*>();
+  EXPECT_NE(list.item(0)->foreground().color(), Colors::warning());
+  EXPECT_EQ(list.item(1)->foreground().color(), Colors::warning());
+  EXPECT_TRUE(list.wordWrap()) << "a long line is whole";
 }
 
 TEST_F(TransferPanelTest, ACardThatIsPulledOutEndsTheCopyClearly) {
