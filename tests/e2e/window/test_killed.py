@@ -1,8 +1,10 @@
 # SPDX-FileCopyrightText: 2026 The Mixdeck developers
 # SPDX-License-Identifier: MIT
-"""The window, killed at any moment of an export, a replacement, or a change of its settings.
+"""The window, killed at any moment of an export, a replacement, several exports at once, or a change
+of its settings.
 
-MIXDECK_KILLS is how often it is killed, all kinds together (6).
+MIXDECK_KILLS is how often it is killed, all kinds but several exports together (6),
+MIXDECK_BATCH_KILLS how often in those (2).
 """
 
 import os
@@ -15,6 +17,7 @@ import unittest
 from window import CLI, WINDOW, Case, noise
 
 KILLS = int(os.environ.get("MIXDECK_KILLS", "6"))
+BATCH_KILLS = int(os.environ.get("MIXDECK_BATCH_KILLS", "2"))
 DATE = slice(56 + 320, 56 + 338)  # of origination, in the broadcast extension
 OLD = b"the old file" * 1000
 LEFT = re.compile(r"\.mixdeck-[0-9a-f]{16}\.part")
@@ -96,6 +99,71 @@ class KilledTest(Case):
                         self.takes / "R0001.WAV"], check=True)
         self.assertEqual(sorted(path.name for path in self.takes.iterdir()),
                          ["R0001.WAV", "out.WAV"])
+
+    # ---- several at once: every second time over exports that are there ----
+
+    def make_takes(self):
+        """What the exports of some takes are to hold, by their names."""
+        (self.takes / "R0001.WAV").unlink()
+        wanted = {}
+        for number in range(1, 5):
+            take = self.take(f"R000{number}.WAV", noise(60000 + number, 24))
+            made = self.home / "tool.wav"
+            subprocess.run([CLI, "export", "--force", "--angle", "0", "--output", made, take],
+                           check=True)
+            wanted[f"{take.stem}_Decode.WAV"] = undated(made.read_bytes())
+        return wanted
+
+    def exporting_several(self, names, replaces):
+        """The program, whose exports of these takes have just been ordered."""
+        program = self.start(environment=self.slow())
+        for name in names:
+            place = map(str, program.find("list item", name).at())
+            program.hands("keydown", "ctrl", "mousemove", *place, "click", "1", "keyup", "ctrl")
+        program.wait_label("4 takes · 00:00:05")
+        program.find("push button", "Export 4…").click()
+        dialog = program.find("dialog", "Export")
+        if replaces:
+            program.find("combo box", "Where an export exists").click()
+            program.key("Down", "Return")
+        program.wait(lambda: any(item.name == "Export 4" and item.has("enabled")
+                                 for item in dialog.walk()), "the plan")
+        next(item for item in dialog.walk() if item.name == "Export 4").act("Press")
+        return program
+
+    def test_several_at_once(self):
+        wanted = self.make_takes()
+        sources = {path.name: path.read_bytes() for path in self.takes.iterdir()}
+        some = 0
+        for attempt in range(BATCH_KILLS):
+            old = OLD if attempt % 2 else None
+            for name in wanted:
+                (self.takes / name).unlink(missing_ok=True)
+                if old:
+                    (self.takes / name).write_bytes(old)
+            program = self.exporting_several(sources, bool(old))
+            time.sleep(self.chance.random() * SPAN)
+            program.process.kill()
+            program.process.wait()
+            some += self.check_several(wanted, sources, old)
+        print(f"{BATCH_KILLS} kills in several exports: {some} times some were there")
+
+    def check_several(self, wanted, sources, old):
+        """Whether some exports are there and some are not; each is whole or what it was."""
+        there = {path.name: path.read_bytes() for path in self.takes.iterdir()}
+        for name, content in sources.items():
+            self.assertTrue(there.pop(name) == content, name)
+        new = 0
+        for name, content in wanted.items():
+            is_new = name in there and undated(there[name]) == content
+            if not is_new:
+                self.assertTrue(there.get(name) == old, name)
+            there.pop(name, None)
+            new += is_new
+        self.assertLessEqual(len(there), 4 if old else 0)
+        for name in there:
+            self.assertRegex(name, LEFT)
+        return 0 < new < len(wanted)
 
     # ---- settings: the window stores the folder that it shows ----
 
