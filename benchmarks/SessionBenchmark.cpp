@@ -19,11 +19,6 @@
 #include <vector>
 
 #include "ShownWindow.h"
-#include "app/DeviceLink.h"
-#include "app/WindowController.h"
-#include "base/FreedMemory.h"
-#include "controls/Appearance.h"
-#include "playback/system/SystemBackends.h"
 #include "queue/ExportQueue.h"
 #include "queue/MediumPace.h"
 
@@ -39,21 +34,17 @@ std::uint64_t heldKiB() {
   return resident * static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE)) / 1024;
 }
 
-double milliseconds(const QElapsedTimer& watch) {
-  return static_cast<double>(watch.nsecsElapsed()) / 1e6;
-}
-
 void playFor(double seconds) {
   QElapsedTimer watch;
   watch.start();
-  while (milliseconds(watch) < 1000.0 * seconds) {
+  while (ShownWindow::milliseconds(watch) < 1000.0 * seconds) {
     QApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
 }
 
-std::vector<fs::path> takesOf(WindowController& window) {
+std::vector<fs::path> takesOf(ViewController& controller) {
   std::vector<fs::path> takes;
-  for (const WavItem& item : window.viewController().folderHelper()->files()) {
+  for (const WavItem& item : controller.folderHelper()->files()) {
     const fs::path path = item.fullPath;
     if (path.extension() == ".WAV") takes.push_back(path);
   }
@@ -78,32 +69,25 @@ double exportAll(ExportQueue& queue, const std::vector<fs::path>& takes, const f
   }
   while (queue.isBusy()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
   if (failed > 0) fmt::print(stderr, "{} exports failed\n", failed);
-  return failed > 0 ? -1 : milliseconds(watch);
+  return failed > 0 ? -1 : ShownWindow::milliseconds(watch);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   if (argc != 4) return EXIT_FAILURE;
-  const fs::path folder = argv[1];
-  FreedMemory::goesBack();
-  QApplication application(argc, argv);
-  Appearance::apply(application);
-  SystemBackends::choose();
-  DeviceLink link(false);
-  WindowController window;
-  link.attach(window.window());
+  ShownWindow window(argc, argv);
   QElapsedTimer watch;
   watch.start();
-  ShownWindow::show(window, folder);
-  fmt::print("listed {:.1f}\n", milliseconds(watch));
-  const auto takes = takesOf(window);
+  window.show(argv[1]);
+  fmt::print("listed {:.1f}\n", ShownWindow::milliseconds(watch));
+  const auto takes = takesOf(window.controller());
   for (const fs::path& take : takes) {
-    const double heard = ShownWindow::openToSound(window, take);
+    const double heard = window.openToSound(take);
     playFor(std::strtod(argv[2], nullptr));
     fmt::print("heard {:.1f} {}\n", heard, heldKiB());
   }
-  const double exported = exportAll(window.viewController().exportQueue(), takes, argv[3]);
+  const double exported = exportAll(window.controller().exportQueue(), takes, argv[3]);
   fmt::print("exported {:.1f} {}\n", exported, heldKiB());
   return exported < 0 ? EXIT_FAILURE : EXIT_SUCCESS;
 }

@@ -7,6 +7,19 @@
 //   window_benchmark stall FOLDER   the longest that one round of the event loop takes while the
 //                                   folder is refreshed ten times: unchanged, then changed; each by
 //                                   the clock and as processor time of the thread
+//   window_benchmark waveform FILE  from the double click until some of the waveform is painted,
+//   and
+//                                   until all of it is
+//   window_benchmark whole SINCE FILE
+//                                   from SINCE until all of the waveform of a take that the program
+//                                   is started with is painted
+//   window_benchmark turn FILE      from a turn of the dial by a degree until the waveform is
+//   painted
+//                                   anew: median and worst
+//   window_benchmark play FILE SECONDS
+//                                   no times, but percents of a core while the take plays: with all
+//                                   that is visible, while scope and meters rest, while the window
+//                                   is minimised; then the pictures of the scope a second
 
 #include <fcntl.h>
 #include <fmt/format.h>
@@ -19,13 +32,13 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <functional>
+#include <map>
 #include <string>
+#include <vector>
 
 #include "ShownWindow.h"
-#include "app/DeviceLink.h"
-#include "app/WindowController.h"
-#include "controls/Appearance.h"
-#include "playback/system/SystemBackends.h"
+#include "WindowPictures.h"
 
 namespace {
 
@@ -36,20 +49,23 @@ double since(std::int64_t nanoseconds) {
   return static_cast<double>(std::chrono::nanoseconds(now).count() - nanoseconds) / 1e6;
 }
 
-double startUp(WindowController& window, std::int64_t begun) {
+using Words = std::vector<std::string>;
+
+void startUp(ShownWindow& shown, const Words& words) {
   double took = 0.0;
-  QObject::connect(&window, &WindowController::appeared, [&] {
-    took = since(begun);
+  QObject::connect(&shown.window(), &WindowController::appeared, [&] {
+    took = since(std::stoll(words[0]));
     QApplication::quit();
   });
-  window.show();
+  shown.window().show();
   QApplication::exec();
-  return took;
+  fmt::print("{:.1f}\n", took);
 }
 
-double openToSound(WindowController& window, const std::filesystem::path& file) {
-  ShownWindow::show(window, file.parent_path());
-  return ShownWindow::openToSound(window, file);
+void openToSound(ShownWindow& shown, const Words& words) {
+  const std::filesystem::path file = words[0];
+  shown.show(file.parent_path());
+  fmt::print("{:.1f}\n", shown.openToSound(file));
 }
 
 struct Round {
@@ -87,35 +103,79 @@ Round longestRound(ViewController& controller) {
   return longest;
 }
 
-void stall(WindowController& window, const std::filesystem::path& folder, bool isChanging) {
+void stall(ShownWindow& shown, const std::filesystem::path& folder, bool isChanging) {
   Round longest;
   for (int i = 0; i < kRounds; ++i) {
     const auto extra = folder / ("extra " + std::to_string(i) + ".WAV");
     if (isChanging) close(open(extra.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
-    longest.raise(longestRound(window.viewController()));
+    longest.raise(longestRound(shown.controller()));
     if (isChanging) std::filesystem::remove(extra);
   }
   fmt::print("{:.1f}\n{:.1f}\n", longest.wall, longest.busy);
 }
 
+void stallTwice(ShownWindow& shown, const Words& words) {
+  shown.show(words[0]);
+  stall(shown, words[0], false);
+  stall(shown, words[0], true);
+}
+
+void openToWaveform(ShownWindow& shown, const Words& words) {
+  const std::filesystem::path file = words[0];
+  shown.show(file.parent_path());
+  WindowPictures pictures(shown);
+  QElapsedTimer watch;
+  watch.start();
+  shown.open(file);
+  pictures.waitForPart();
+  fmt::print("{:.1f}\n", ShownWindow::milliseconds(watch));
+  pictures.waitForWhole();
+  fmt::print("{:.1f}\n", ShownWindow::milliseconds(watch));
+}
+
+/// As the program is started with a take, with all of its waveform in the end.
+void showWhole(ShownWindow& shown, WindowPictures& pictures, const std::string& file) {
+  shown.controller().open({file});
+  shown.window().show();
+  pictures.waitForWhole();
+}
+
+void startToWaveform(ShownWindow& shown, const Words& words) {
+  WindowPictures pictures(shown);
+  showWhole(shown, pictures, words.at(1));
+  fmt::print("{:.1f}\n", since(std::stoll(words[0])));
+}
+
+void turn(ShownWindow& shown, const Words& words) {
+  WindowPictures pictures(shown);
+  showWhole(shown, pictures, words[0]);
+  auto times = pictures.turn();
+  std::ranges::sort(times);
+  fmt::print("{:.2f}\n{:.2f}\n", times[times.size() / 2], times.back());
+}
+
+void play(ShownWindow& shown, const Words& words) {
+  WindowPictures pictures(shown);
+  showWhole(shown, pictures, words[0]);
+  const WindowPictures::Playing playing = pictures.play(std::stod(words.at(1)));
+  fmt::print("{:.2f}\n{:.2f}\n{:.2f}\n{:.1f}\n", playing.all, playing.without, playing.minimised,
+             playing.pictures);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 3) return EXIT_FAILURE;
-  const std::string what = argv[1];
-  const std::string argument = argv[2];
-  QApplication application(argc, argv);
-  Appearance::apply(application);
-  SystemBackends::choose();
-  DeviceLink link(false);
-  WindowController window;
-  link.attach(window.window());
-  if (what == "start") fmt::print("{:.1f}\n", startUp(window, std::stoll(argument)));
-  if (what == "open") fmt::print("{:.1f}\n", openToSound(window, argument));
-  if (what == "stall") {
-    ShownWindow::show(window, argument);
-    stall(window, argument, false);
-    stall(window, argument, true);
-  }
+  const std::map<std::string, std::function<void(ShownWindow&, const Words&)>> benchmarks = {
+      {"start", startUp},
+      {"open", openToSound},
+      {"stall", stallTwice},
+      {"waveform", openToWaveform},
+      {"whole", startToWaveform},
+      {"turn", turn},
+      {"play", play}};
+  const Words words(argv + 1, argv + argc);
+  if (words.size() < 2 || !benchmarks.contains(words[0])) return EXIT_FAILURE;
+  ShownWindow shown(argc, argv);
+  benchmarks.at(words[0])(shown, Words(words.begin() + 1, words.end()));
   return EXIT_SUCCESS;
 }
