@@ -111,7 +111,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Each to a loudness</source>
-        <translation>Jeden auf eine Lautheit</translation>
+        <translation>Jeden auf Ziellautheit</translation>
     </message>
     <message>
         <source>Beside each take</source>
@@ -127,7 +127,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Where an export exists</source>
-        <translation>Wo ein Export vorhanden ist</translation>
+        <translation>Wenn ein Export vorhanden ist</translation>
     </message>
     <message>
         <source>Skip the take</source>
@@ -147,7 +147,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Keep recording time and markers</source>
-        <translation>Aufnahmezeit und Marken behalten</translation>
+        <translation>Aufnahmezeit und Marker behalten</translation>
     </message>
 </context>
 <context>
@@ -231,11 +231,11 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>%1, of %2 that are free</source>
-        <translation>%1, von %2, die frei sind</translation>
+        <translation>%1, frei sind %2</translation>
     </message>
     <message>
         <source>The takes cannot be looked at: no thread can be had.</source>
-        <translation>Die Takes lassen sich nicht ansehen: es ist kein Thread zu bekommen.</translation>
+        <translation>Die Takes lassen sich nicht untersuchen: kein Thread verfügbar.</translation>
     </message>
     <message>
         <source>A loudness is a number from −70 to 0.</source>
@@ -247,7 +247,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Samples of some of them export as noise: the recorder writes 24 bits or 32-bit float</source>
-        <translation>Samples einiger davon werden als Rauschen exportiert: Der Rekorder schreibt 24 Bit oder 32-Bit-Float</translation>
+        <translation>Samples einiger Takes werden als Rauschen exportiert: Der Rekorder schreibt 24 Bit oder 32 Bit Float</translation>
     </message>
     <message>
         <source>Over 4 GiB: written as RF64, which not every program reads</source>
@@ -303,7 +303,7 @@ MIT-Lizenz</translation>
     <name>CardDesk</name>
     <message>
         <source>The card “%1” holds recordings. “Copy card…” in the menu brings them home.</source>
-        <translation>Auf der Karte „%1“ sind Aufnahmen. „Karte kopieren …“ im Menü holt sie her.</translation>
+        <translation>Auf der Karte „%1“ sind Aufnahmen. „Karte kopieren …“ im Menü holt sie auf den Rechner.</translation>
     </message>
     <message>
         <source>Copy card</source>
@@ -519,7 +519,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>These %1-bit samples export as noise: the recorder writes 24 bits or 32-bit float</source>
-        <translation>Diese %1-Bit-Samples werden als Rauschen exportiert: Der Rekorder schreibt 24 Bit oder 32-Bit-Float</translation>
+        <translation>Diese %1-Bit-Samples werden als Rauschen exportiert: Der Rekorder schreibt 24 Bit oder 32 Bit Float</translation>
     </message>
     <message>
         <source>Only %1 free in this folder</source>
@@ -534,13 +534,13 @@ MIT-Lizenz</translation>
     <name>ExportLevels</name>
     <message>
         <source>Would clip in 24 bit</source>
-        <translation>Würde in 24 Bit übersteuern</translation>
+        <translation>Würde bei 24 Bit übersteuern</translation>
     </message>
     <message numerus="yes">
         <source>Would clip in 24 bit at %n place(s)</source>
         <translation>
-            <numerusform>Würde in 24 Bit an %n Stelle übersteuern</numerusform>
-            <numerusform>Würde in 24 Bit an %n Stellen übersteuern</numerusform>
+            <numerusform>Würde bei 24 Bit an %n Stelle übersteuern</numerusform>
+            <numerusform>Würde bei 24 Bit an %n Stellen übersteuern</numerusform>
         </translation>
     </message>
 </context>
@@ -615,7 +615,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>To a loudness</source>
-        <translation>Auf eine Lautheit</translation>
+        <translation>Auf Ziellautheit</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -655,7 +655,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Keep recording time and markers</source>
-        <translation>Aufnahmezeit und Marken behalten</translation>
+        <translation>Aufnahmezeit und Marker behalten</translation>
     </message>
 </context>
 <context>
@@ -802,7 +802,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>A click or a drag moves the play head</source>
-        <translation>Ein Klick oder Ziehen bewegt die Abspielmarke</translation>
+        <translation>Klicken oder Ziehen bewegt die Abspielmarke</translation>
     </message>
     <message>
         <source>Wheel there</source>
@@ -810,7 +810,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Zooms; with Shift it scrolls</source>
-        <translation>Zoomt; mit Umschalt wird gerollt</translation>
+        <translation>Zoomt; mit Umschalt wird gescrollt</translation>
     </message>
     <message>
         <source>Double click there</source>
@@ -890,7 +890,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Shift and Ctrl select several; the second button opens a menu</source>
-        <translation>Umschalt und Strg wählen mehrere; die zweite Taste öffnet ein Menü</translation>
+        <translation>Umschalt und Strg wählen mehrere; ein Rechtsklick öffnet ein Menü</translation>
     </message>
 </context>
 <context>
@@ -913,7 +913,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Turn the width</source>
-        <translation>Die Breite drehen</translation>
+        <translation>Die Breite einstellen</translation>
     </message>
     <message>
         <source>Drag the dial from MONO to 150° while you listen. Gain makes a take louder or softer.</source>
@@ -974,7 +974,7 @@ MIT-Lizenz</translation>
     <name>LevelFeed</name>
     <message>
         <source>Greatest level so far; a click clears it</source>
-        <translation>Größter Pegel bisher; ein Klick setzt ihn zurück</translation>
+        <translation>Höchster Pegel bisher; ein Klick setzt ihn zurück</translation>
     </message>
     <message>
         <source>recorder&apos;s rule</source>
@@ -1144,7 +1144,7 @@ MIT-Lizenz</translation>
     <name>QueuePanel</name>
     <message>
         <source>Progress of all</source>
-        <translation>Fortschritt von allen</translation>
+        <translation>Gesamtfortschritt</translation>
     </message>
     <message>
         <source>Exports</source>
@@ -1275,39 +1275,39 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>There is no sound server (%1).</source>
-        <translation>Es gibt keinen Klangserver (%1).</translation>
+        <translation>Es gibt keinen Soundserver (%1).</translation>
     </message>
     <message>
         <source>The sound server has gone (%1).</source>
-        <translation>Der Klangserver ist weg (%1).</translation>
+        <translation>Der Soundserver ist weg (%1).</translation>
     </message>
     <message>
         <source>The sound server does not answer.</source>
-        <translation>Der Klangserver antwortet nicht.</translation>
+        <translation>Der Soundserver antwortet nicht.</translation>
     </message>
     <message>
         <source>The sound output is not there (%1).</source>
-        <translation>Die Klangausgabe ist nicht da (%1).</translation>
+        <translation>Die Audioausgabe ist nicht da (%1).</translation>
     </message>
     <message>
         <source>The sound output has stopped.</source>
-        <translation>Die Klangausgabe ist stehen geblieben.</translation>
+        <translation>Die Audioausgabe ist stehen geblieben.</translation>
     </message>
     <message>
         <source>The sound output could not be started (%1).</source>
-        <translation>Die Klangausgabe ließ sich nicht starten (%1).</translation>
+        <translation>Die Audioausgabe ließ sich nicht starten (%1).</translation>
     </message>
     <message>
         <source>The sound output does not take %1 channels at %2 Hz.</source>
-        <translation>Die Klangausgabe nimmt keine %1 Kanäle mit %2 Hz an.</translation>
+        <translation>Die Audioausgabe nimmt keine %1 Kanäle mit %2 Hz an.</translation>
     </message>
     <message>
         <source>no thread can be had</source>
-        <translation>es ist kein Thread zu bekommen</translation>
+        <translation>kein Thread verfügbar</translation>
     </message>
     <message>
         <source>No such file or directory</source>
-        <translation>Datei oder Verzeichnis nicht gefunden</translation>
+        <translation>Datei oder Ordner nicht gefunden</translation>
     </message>
     <message>
         <source>Permission denied</source>
@@ -1347,11 +1347,11 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Is a directory</source>
-        <translation>Ist ein Verzeichnis</translation>
+        <translation>Ist ein Ordner</translation>
     </message>
     <message>
         <source>Not a directory</source>
-        <translation>Ist kein Verzeichnis</translation>
+        <translation>Ist kein Ordner</translation>
     </message>
     <message>
         <source>Invalid argument</source>
@@ -1419,15 +1419,15 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Markers and descriptions of the recording cannot be read</source>
-        <translation>Marken und Beschreibungen der Aufnahme sind nicht lesbar</translation>
+        <translation>Marker und Beschreibungen der Aufnahme sind nicht lesbar</translation>
     </message>
     <message>
         <source>No audio: the data chunk states %1 bytes, the file holds %2 after it</source>
-        <translation>Kein Ton: der Daten-Chunk nennt %1 Byte, dahinter sind %2</translation>
+        <translation>Kein Ton: Der Daten-Chunk nennt %1 Byte, dahinter sind %2</translation>
     </message>
     <message>
         <source>Cut short: the data chunk states %1 bytes, the file holds %2</source>
-        <translation>Abgeschnitten: der Daten-Chunk nennt %1 Byte, die Datei hat %2</translation>
+        <translation>Abgeschnitten: Der Daten-Chunk nennt %1 Byte, die Datei hat %2</translation>
     </message>
     <message>
         <source>%1 channels of %2-bit samples with format tag %3 do not decode to useful sound; the recorder writes 2 channels, 24-bit integer or 32-bit float (tag 3)</source>
@@ -1439,7 +1439,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>The card cannot be read: %1</source>
-        <translation>Die Karte kann nicht gelesen werden: %1</translation>
+        <translation>Die Karte ist nicht lesbar: %1</translation>
     </message>
     <message>
         <source>The card is no folder</source>
@@ -1459,7 +1459,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>The folder cannot be made: %1</source>
-        <translation>Der Ordner kann nicht angelegt werden: %1</translation>
+        <translation>Der Ordner lässt sich nicht anlegen: %1</translation>
     </message>
     <message>
         <source>Another copy is at work there</source>
@@ -1467,11 +1467,11 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>The manifest cannot be read: %1</source>
-        <translation>Das Manifest kann nicht gelesen werden: %1</translation>
+        <translation>Das Manifest ist nicht lesbar: %1</translation>
     </message>
     <message>
         <source>The manifest cannot be written: %1</source>
-        <translation>Das Manifest kann nicht geschrieben werden: %1</translation>
+        <translation>Das Manifest lässt sich nicht schreiben: %1</translation>
     </message>
     <message>
         <source>It has no manifest (%1)</source>
@@ -1479,7 +1479,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>The takes need %1 bytes, and %2 are free</source>
-        <translation>Die Takes brauchen %1 Bytes, frei sind %2</translation>
+        <translation>Die Takes brauchen %1 Byte, frei sind %2</translation>
     </message>
     <message>
         <source>Its name is not UTF-8, and cannot stand in a manifest</source>
@@ -1491,7 +1491,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>The take has %1 bytes, the file that is there %2</source>
-        <translation>Der Take hat %1 Bytes, die vorhandene Datei %2</translation>
+        <translation>Der Take hat %1 Byte, die vorhandene Datei %2</translation>
     </message>
     <message>
         <source>The file that is there has another content</source>
@@ -1511,7 +1511,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>%1 bytes, not %2</source>
-        <translation>%1 Bytes statt %2</translation>
+        <translation>%1 Byte statt %2</translation>
     </message>
     <message>
         <source>another content</source>
@@ -1519,7 +1519,39 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>it cannot be listed</source>
-        <translation>nicht aufzulisten</translation>
+        <translation>der Inhalt lässt sich nicht auflisten</translation>
+    </message>
+    <message>
+        <source>it is not well-formed</source>
+        <translation>nicht wohlgeformt</translation>
+    </message>
+    <message>
+        <source>it is no such list</source>
+        <translation>es ist keine solche Liste</translation>
+    </message>
+    <message>
+        <source>a path in it leads out of the folder</source>
+        <translation>ein Pfad darin führt aus dem Ordner hinaus</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>nicht lesbar</translation>
+    </message>
+    <message>
+        <source>it is missing</source>
+        <translation>fehlt</translation>
+    </message>
+    <message>
+        <source>it is not in the chain</source>
+        <translation>steht nicht in der Kette</translation>
+    </message>
+    <message>
+        <source>it was changed after it was written</source>
+        <translation>wurde nach dem Schreiben verändert</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -1577,7 +1609,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>no thread can be had</source>
-        <translation>es ist kein Thread zu bekommen</translation>
+        <translation>kein Thread verfügbar</translation>
     </message>
     <message>
         <source>%1 was not saved: %2.</source>
@@ -1654,7 +1686,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Please select a path where to save decoded wav.</source>
-        <translation>Bitte wählen, wohin die dekodierte WAV-Datei gespeichert wird.</translation>
+        <translation>Bitte wählen, wo die dekodierte WAV-Datei gespeichert werden soll.</translation>
     </message>
     <message>
         <source>Create new folder</source>
@@ -1888,7 +1920,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>, and %1 more of it</source>
-        <translation>, und %1 mehr davon</translation>
+        <translation>, und noch %1 davon</translation>
     </message>
     <message>
         <source>integer PCM</source>
@@ -1900,7 +1932,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>extensible</source>
-        <translation>erweitert</translation>
+        <translation>erweiterbar</translation>
     </message>
     <message>
         <source>other</source>
@@ -1935,7 +1967,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>No thread can be had to read it.</source>
-        <translation>Zum Lesen ist kein Thread zu bekommen.</translation>
+        <translation>Zum Lesen ist kein Thread verfügbar.</translation>
     </message>
     <message>
         <source>Chunks</source>
@@ -1963,11 +1995,11 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Momentary, at most</source>
-        <translation>Momentan, höchstens</translation>
+        <translation>Momentan, maximal</translation>
     </message>
     <message>
         <source>Short term, at most</source>
-        <translation>Kurzzeit, höchstens</translation>
+        <translation>Kurzzeit, maximal</translation>
     </message>
     <message>
         <source>True peak</source>
@@ -2013,15 +2045,15 @@ MIT-Lizenz</translation>
     <name>TakeRecall</name>
     <message>
         <source>What was remembered of takes was damaged. It was set aside as “%1”, and a new one begun.</source>
-        <translation>Was von Takes gemerkt war, war beschädigt. Es wurde als „%1“ beiseitegelegt und neu begonnen.</translation>
+        <translation>Die gemerkten Daten der Takes waren beschädigt. Sie wurden als „%1“ beiseitegelegt und neu begonnen.</translation>
     </message>
     <message>
         <source>What is remembered of takes is of a newer version of the program. It is left alone, and nothing is remembered.</source>
-        <translation>Was von Takes gemerkt ist, stammt von einer neueren Version des Programms. Es bleibt unberührt, und es wird nichts gemerkt.</translation>
+        <translation>Die gemerkten Daten der Takes stammen von einer neueren Version des Programms. Sie bleiben unberührt, und es wird nichts gemerkt.</translation>
     </message>
     <message>
         <source>What takes were heard with cannot be remembered.</source>
-        <translation>Womit Takes gehört wurden, lässt sich nicht merken.</translation>
+        <translation>Mit welchen Einstellungen Takes gehört wurden, lässt sich nicht merken.</translation>
     </message>
 </context>
 <context>
@@ -2082,7 +2114,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>%1 could not be listed: %2</source>
-        <translation>%1 konnte nicht aufgelistet werden: %2</translation>
+        <translation>%1 ließ sich nicht auflisten: %2</translation>
     </message>
     <message>
         <source>The manifest is not right: %1</source>
@@ -2133,7 +2165,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>%1 is now %2</source>
-        <translation>%1 heißt jetzt %2</translation>
+        <translation>%1 ist jetzt %2</translation>
     </message>
     <message>
         <source>%1 is new</source>
@@ -2141,7 +2173,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2</source>
-        <translation>%1 kann nicht gelesen werden: %2</translation>
+        <translation>%1 ist nicht lesbar: %2</translation>
     </message>
     <message numerus="yes">
         <source>%n files are right</source>

@@ -95,7 +95,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>Place</source>
-        <translation>Lugar</translation>
+        <translation>Ubicación</translation>
     </message>
     <message>
         <source>24-bit Linear</source>
@@ -111,7 +111,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>Each to a loudness</source>
-        <translation>Cada una a una sonoridad</translation>
+        <translation>Cada una a la sonoridad objetivo</translation>
     </message>
     <message>
         <source>Beside each take</source>
@@ -127,7 +127,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>Where an export exists</source>
-        <translation>Donde exista una exportación</translation>
+        <translation>Si ya existe la exportación</translation>
     </message>
     <message>
         <source>Skip the take</source>
@@ -135,11 +135,11 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>Replace it</source>
-        <translation>Reemplazarlo</translation>
+        <translation>Reemplazarla</translation>
     </message>
     <message>
         <source>Number the new one</source>
-        <translation>Numerar el nuevo</translation>
+        <translation>Numerar la nueva</translation>
     </message>
     <message>
         <source>Each at its remembered width and gain</source>
@@ -277,7 +277,7 @@ Licencia MIT</translation>
     <name>BrowserPane</name>
     <message>
         <source>Looking for “%1”… (Esc gives up)</source>
-        <translation>Buscando «%1»… (Esc desiste)</translation>
+        <translation>Buscando «%1»… (Esc cancela)</translation>
     </message>
     <message>
         <source>Open folder, now %1</source>
@@ -303,7 +303,7 @@ Licencia MIT</translation>
     <name>CardDesk</name>
     <message>
         <source>The card “%1” holds recordings. “Copy card…” in the menu brings them home.</source>
-        <translation>La tarjeta «%1» contiene grabaciones. «Copiar tarjeta…» en el menú las trae.</translation>
+        <translation>La tarjeta «%1» contiene grabaciones. «Copiar tarjeta…» en el menú las trae al equipo.</translation>
     </message>
     <message>
         <source>Copy card</source>
@@ -335,7 +335,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>Files that are not right</source>
-        <translation>Archivos que no son correctos</translation>
+        <translation>Archivos incorrectos</translation>
     </message>
     <message>
         <source>Folder</source>
@@ -615,7 +615,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>To a loudness</source>
-        <translation>A una sonoridad</translation>
+        <translation>A una sonoridad objetivo</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -802,11 +802,11 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>A click or a drag moves the play head</source>
-        <translation>Un clic o un arrastre mueve el cabezal</translation>
+        <translation>Hacer clic o arrastrar mueve el cabezal</translation>
     </message>
     <message>
         <source>Wheel there</source>
-        <translation>Rueda encima</translation>
+        <translation>Rueda sobre ella</translation>
     </message>
     <message>
         <source>Zooms; with Shift it scrolls</source>
@@ -814,7 +814,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>Double click there</source>
-        <translation>Doble clic encima</translation>
+        <translation>Doble clic en ella</translation>
     </message>
     <message>
         <source>Shows the whole take</source>
@@ -862,11 +862,11 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>Escape</source>
-        <translation>Escape</translation>
+        <translation>Esc</translation>
     </message>
     <message>
         <source>Clears the loop, or gives up what takes long</source>
-        <translation>Borra el bucle o desiste de lo que tarda</translation>
+        <translation>Borra el bucle o cancela lo que tarda</translation>
     </message>
     <message>
         <source>Keys</source>
@@ -890,7 +890,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>Shift and Ctrl select several; the second button opens a menu</source>
-        <translation>Mayús y Ctrl seleccionan varias; el segundo botón abre un menú</translation>
+        <translation>Mayús y Ctrl seleccionan varias; un clic derecho abre un menú</translation>
     </message>
 </context>
 <context>
@@ -913,7 +913,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>Turn the width</source>
-        <translation>Girar el ancho</translation>
+        <translation>Ajustar el ancho</translation>
     </message>
     <message>
         <source>Drag the dial from MONO to 150° while you listen. Gain makes a take louder or softer.</source>
@@ -982,7 +982,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>peak hold</source>
-        <translation>retener pico</translation>
+        <translation>retención de pico</translation>
     </message>
 </context>
 <context>
@@ -1024,7 +1024,7 @@ Licencia MIT</translation>
     <name>LoudnessField</name>
     <message>
         <source>Loudness to aim at</source>
-        <translation>Sonoridad de destino</translation>
+        <translation>Sonoridad objetivo</translation>
     </message>
     <message>
         <source>LUFS</source>
@@ -1144,7 +1144,7 @@ Licencia MIT</translation>
     <name>QueuePanel</name>
     <message>
         <source>Progress of all</source>
-        <translation>Progreso de todo</translation>
+        <translation>Progreso total</translation>
     </message>
     <message>
         <source>Exports</source>
@@ -1287,7 +1287,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>The sound output is not there (%1).</source>
-        <translation>La salida de sonido no está (%1).</translation>
+        <translation>La salida de sonido no está disponible (%1).</translation>
     </message>
     <message>
         <source>The sound output has stopped.</source>
@@ -1307,7 +1307,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>No such file or directory</source>
-        <translation>No existe el archivo o el directorio</translation>
+        <translation>No existe el archivo o la carpeta</translation>
     </message>
     <message>
         <source>Permission denied</source>
@@ -1347,11 +1347,11 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>Is a directory</source>
-        <translation>Es un directorio</translation>
+        <translation>Es una carpeta</translation>
     </message>
     <message>
         <source>Not a directory</source>
-        <translation>No es un directorio</translation>
+        <translation>No es una carpeta</translation>
     </message>
     <message>
         <source>Invalid argument</source>
@@ -1507,7 +1507,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>the manifest has no hash of it that is known here</source>
-        <translation>el manifiesto no tiene de él ningún hash conocido aquí</translation>
+        <translation>el manifiesto no tiene de él ningún hash que se conozca aquí</translation>
     </message>
     <message>
         <source>%1 bytes, not %2</source>
@@ -1519,14 +1519,46 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>it cannot be listed</source>
-        <translation>no se puede listar</translation>
+        <translation>no se puede listar su contenido</translation>
+    </message>
+    <message>
+        <source>it is not well-formed</source>
+        <translation>no está bien formado</translation>
+    </message>
+    <message>
+        <source>it is no such list</source>
+        <translation>no es una lista de ese tipo</translation>
+    </message>
+    <message>
+        <source>a path in it leads out of the folder</source>
+        <translation>una ruta en él sale de la carpeta</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>no se puede leer</translation>
+    </message>
+    <message>
+        <source>it is missing</source>
+        <translation>falta</translation>
+    </message>
+    <message>
+        <source>it is not in the chain</source>
+        <translation>no está en la cadena</translation>
+    </message>
+    <message>
+        <source>it was changed after it was written</source>
+        <translation>se modificó después de escribirse</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
     <name>RecorderSettings</name>
     <message>
         <source>Alkaline</source>
-        <translation>Alcalina</translation>
+        <translation>Alcalinas</translation>
     </message>
     <message>
         <source>Ni-MH</source>
@@ -1799,7 +1831,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>peak hold</source>
-        <translation>retener pico</translation>
+        <translation>retención de pico</translation>
     </message>
     <message>
         <source>The recorder</source>
@@ -1900,7 +1932,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>extensible</source>
-        <translation>extendido</translation>
+        <translation>extensible</translation>
     </message>
     <message>
         <source>other</source>
@@ -1990,7 +2022,7 @@ Licencia MIT</translation>
     <name>TakeMessages</name>
     <message>
         <source>%1 is being opened… (Esc gives up)</source>
-        <translation>Abriendo %1… (Esc desiste)</translation>
+        <translation>Abriendo %1… (Esc cancela)</translation>
     </message>
     <message>
         <source>%1: %2</source>
@@ -2002,7 +2034,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2. Open it again once it is back.</source>
-        <translation>No se puede leer %1: %2. Ábralo de nuevo cuando vuelva a estar.</translation>
+        <translation>No se puede leer %1: %2. Ábralo de nuevo cuando vuelva a estar disponible.</translation>
     </message>
     <message>
         <source>Paused: %1 Press Play to try again.</source>
@@ -2013,15 +2045,15 @@ Licencia MIT</translation>
     <name>TakeRecall</name>
     <message>
         <source>What was remembered of takes was damaged. It was set aside as “%1”, and a new one begun.</source>
-        <translation>Lo recordado de las tomas estaba dañado. Se apartó como «%1» y se empezó de nuevo.</translation>
+        <translation>Los datos recordados de las tomas estaban dañados. Se apartaron como «%1» y se empezaron otros.</translation>
     </message>
     <message>
         <source>What is remembered of takes is of a newer version of the program. It is left alone, and nothing is remembered.</source>
-        <translation>Lo recordado de las tomas es de una versión más reciente del programa. Se deja intacto y no se recuerda nada.</translation>
+        <translation>Los datos recordados de las tomas son de una versión más reciente del programa. Quedan intactos y no se recuerda nada.</translation>
     </message>
     <message>
         <source>What takes were heard with cannot be remembered.</source>
-        <translation>No se puede recordar con qué se escucharon las tomas.</translation>
+        <translation>No se pueden recordar los ajustes con que se escucharon las tomas.</translation>
     </message>
 </context>
 <context>

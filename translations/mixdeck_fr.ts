@@ -99,11 +99,11 @@ Licence MIT</translation>
     </message>
     <message>
         <source>24-bit Linear</source>
-        <translation>24 bits linéaires</translation>
+        <translation>24 bits linéaire</translation>
     </message>
     <message>
         <source>32-bit Float</source>
-        <translation>32 bits flottants</translation>
+        <translation>32 bits flottant</translation>
     </message>
     <message>
         <source>Normalize each to full scale</source>
@@ -111,7 +111,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Each to a loudness</source>
-        <translation>Chacune à une sonie</translation>
+        <translation>Chacune à une sonie cible</translation>
     </message>
     <message>
         <source>Beside each take</source>
@@ -127,7 +127,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Where an export exists</source>
-        <translation>Si une exportation existe</translation>
+        <translation>Si l’exportation existe déjà</translation>
     </message>
     <message>
         <source>Skip the take</source>
@@ -135,11 +135,11 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Replace it</source>
-        <translation>Le remplacer</translation>
+        <translation>La remplacer</translation>
     </message>
     <message>
         <source>Number the new one</source>
-        <translation>Numéroter le nouveau</translation>
+        <translation>Numéroter la nouvelle</translation>
     </message>
     <message>
         <source>Each at its remembered width and gain</source>
@@ -147,7 +147,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Keep recording time and markers</source>
-        <translation>Conserver l’heure d’enregistrement et les repères</translation>
+        <translation>Conserver l’heure d’enregistrement et les marqueurs</translation>
     </message>
 </context>
 <context>
@@ -247,7 +247,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Samples of some of them export as noise: the recorder writes 24 bits or 32-bit float</source>
-        <translation>Les échantillons de certaines s’exportent comme du bruit&#xa0;: l’enregistreur écrit en 24 bits ou en 32 bits flottants</translation>
+        <translation>Les échantillons de certaines s’exportent comme du bruit&#xa0;: l’enregistreur écrit en 24 bits ou en 32 bits flottant</translation>
     </message>
     <message>
         <source>Over 4 GiB: written as RF64, which not every program reads</source>
@@ -266,7 +266,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1: %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>As remembered, else %1</source>
@@ -303,7 +303,7 @@ Licence MIT</translation>
     <name>CardDesk</name>
     <message>
         <source>The card “%1” holds recordings. “Copy card…” in the menu brings them home.</source>
-        <translation>La carte « %1 » contient des enregistrements. « Copier une carte… » dans le menu les rapatrie.</translation>
+        <translation>La carte «&#xa0;%1&#xa0;» contient des enregistrements. «&#xa0;Copier une carte…&#xa0;» dans le menu les rapatrie.</translation>
     </message>
     <message>
         <source>Copy card</source>
@@ -519,7 +519,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>These %1-bit samples export as noise: the recorder writes 24 bits or 32-bit float</source>
-        <translation>Ces échantillons de %1 bits s’exportent comme du bruit&#xa0;: l’enregistreur écrit en 24 bits ou en 32 bits flottants</translation>
+        <translation>Ces échantillons de %1 bits s’exportent comme du bruit&#xa0;: l’enregistreur écrit en 24 bits ou en 32 bits flottant</translation>
     </message>
     <message>
         <source>Only %1 free in this folder</source>
@@ -615,7 +615,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>To a loudness</source>
-        <translation>À une sonie</translation>
+        <translation>À une sonie cible</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -627,11 +627,11 @@ Licence MIT</translation>
     </message>
     <message>
         <source>32-bit Float</source>
-        <translation>32 bits flottants</translation>
+        <translation>32 bits flottant</translation>
     </message>
     <message>
         <source>24-bit Linear</source>
-        <translation>24 bits linéaires</translation>
+        <translation>24 bits linéaire</translation>
     </message>
     <message>
         <source>A loudness is a number from −70 to 0.</source>
@@ -655,7 +655,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Keep recording time and markers</source>
-        <translation>Conserver l’heure d’enregistrement et les repères</translation>
+        <translation>Conserver l’heure d’enregistrement et les marqueurs</translation>
     </message>
 </context>
 <context>
@@ -802,7 +802,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>A click or a drag moves the play head</source>
-        <translation>Un clic ou un glissement déplace la tête de lecture</translation>
+        <translation>Cliquer ou glisser déplace la tête de lecture</translation>
     </message>
     <message>
         <source>Wheel there</source>
@@ -814,7 +814,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Double click there</source>
-        <translation>Double clic dessus</translation>
+        <translation>Double-clic dessus</translation>
     </message>
     <message>
         <source>Shows the whole take</source>
@@ -834,7 +834,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>A double click on the knob resets it</source>
-        <translation>Un double clic sur le bouton le remet à zéro</translation>
+        <translation>Un double-clic sur le bouton le remet à zéro</translation>
     </message>
     <message>
         <source>Width and gain</source>
@@ -850,7 +850,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>A double click turns to %1°</source>
-        <translation>Un double clic tourne à %1°</translation>
+        <translation>Un double-clic tourne à %1°</translation>
     </message>
     <message>
         <source>Peaks</source>
@@ -890,7 +890,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Shift and Ctrl select several; the second button opens a menu</source>
-        <translation>Maj et Ctrl en sélectionnent plusieurs&#xa0;; le second bouton ouvre un menu</translation>
+        <translation>Maj et Ctrl en sélectionnent plusieurs&#xa0;; un clic droit ouvre un menu</translation>
     </message>
 </context>
 <context>
@@ -909,15 +909,15 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Choose the folder with your takes at the top left. A double click on a take plays it.</source>
-        <translation>Choisissez en haut à gauche le dossier de vos prises. Un double clic sur une prise la lit.</translation>
+        <translation>Choisissez en haut à gauche le dossier de vos prises. Un double-clic sur une prise la lit.</translation>
     </message>
     <message>
         <source>Turn the width</source>
-        <translation>Tourner la largeur</translation>
+        <translation>Régler la largeur</translation>
     </message>
     <message>
         <source>Drag the dial from MONO to 150° while you listen. Gain makes a take louder or softer.</source>
-        <translation>Glissez le cadran de MONO à 150° pendant l’écoute. Le gain rend une prise plus forte ou plus douce.</translation>
+        <translation>Faites glisser le cadran de MONO à 150° pendant l’écoute. Le gain rend une prise plus ou moins forte.</translation>
     </message>
     <message>
         <source>Export</source>
@@ -974,7 +974,7 @@ Licence MIT</translation>
     <name>LevelFeed</name>
     <message>
         <source>Greatest level so far; a click clears it</source>
-        <translation>Plus haut niveau jusqu’ici&#xa0;; un clic l’efface</translation>
+        <translation>Niveau maximal jusqu’ici&#xa0;; un clic l’efface</translation>
     </message>
     <message>
         <source>recorder&apos;s rule</source>
@@ -982,7 +982,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>peak hold</source>
-        <translation>crêtes tenues</translation>
+        <translation>maintien de crête</translation>
     </message>
 </context>
 <context>
@@ -1024,7 +1024,7 @@ Licence MIT</translation>
     <name>LoudnessField</name>
     <message>
         <source>Loudness to aim at</source>
-        <translation>Sonie visée</translation>
+        <translation>Sonie cible</translation>
     </message>
     <message>
         <source>LUFS</source>
@@ -1231,7 +1231,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>The file became shorter</source>
-        <translation>Le fichier a raccourci</translation>
+        <translation>Le fichier est devenu plus court</translation>
     </message>
     <message>
         <source>The file has been deleted</source>
@@ -1275,31 +1275,31 @@ Licence MIT</translation>
     </message>
     <message>
         <source>There is no sound server (%1).</source>
-        <translation>Il n’y a pas de serveur de son (%1).</translation>
+        <translation>Il n’y a pas de serveur audio (%1).</translation>
     </message>
     <message>
         <source>The sound server has gone (%1).</source>
-        <translation>Le serveur de son a disparu (%1).</translation>
+        <translation>Le serveur audio a disparu (%1).</translation>
     </message>
     <message>
         <source>The sound server does not answer.</source>
-        <translation>Le serveur de son ne répond pas.</translation>
+        <translation>Le serveur audio ne répond pas.</translation>
     </message>
     <message>
         <source>The sound output is not there (%1).</source>
-        <translation>La sortie son n’est pas là (%1).</translation>
+        <translation>La sortie audio n’est pas disponible (%1).</translation>
     </message>
     <message>
         <source>The sound output has stopped.</source>
-        <translation>La sortie son s’est arrêtée.</translation>
+        <translation>La sortie audio s’est arrêtée.</translation>
     </message>
     <message>
         <source>The sound output could not be started (%1).</source>
-        <translation>La sortie son n’a pas pu démarrer (%1).</translation>
+        <translation>La sortie audio n’a pas pu démarrer (%1).</translation>
     </message>
     <message>
         <source>The sound output does not take %1 channels at %2 Hz.</source>
-        <translation>La sortie son n’accepte pas %1 canaux à %2 Hz.</translation>
+        <translation>La sortie audio n’accepte pas %1 canaux à %2 Hz.</translation>
     </message>
     <message>
         <source>no thread can be had</source>
@@ -1431,7 +1431,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>%1 channels of %2-bit samples with format tag %3 do not decode to useful sound; the recorder writes 2 channels, 24-bit integer or 32-bit float (tag 3)</source>
-        <translation>%1 canaux d’échantillons de %2 bits au format %3 ne donnent pas de son utilisable&#xa0;; l’enregistreur écrit 2 canaux, en 24 bits entiers ou en 32 bits flottants (format 3)</translation>
+        <translation>%1 canaux d’échantillons de %2 bits au format %3 ne donnent pas de son utilisable&#xa0;; l’enregistreur écrit 2 canaux, en 24 bits entier ou en 32 bits flottant (format 3)</translation>
     </message>
     <message>
         <source>The take cannot be read: %1</source>
@@ -1439,7 +1439,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>The card cannot be read: %1</source>
-        <translation>La carte ne peut pas être lue : %1</translation>
+        <translation>La carte ne peut pas être lue&#xa0;: %1</translation>
     </message>
     <message>
         <source>The card is no folder</source>
@@ -1459,7 +1459,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>The folder cannot be made: %1</source>
-        <translation>Le dossier ne peut pas être créé : %1</translation>
+        <translation>Le dossier ne peut pas être créé&#xa0;: %1</translation>
     </message>
     <message>
         <source>Another copy is at work there</source>
@@ -1467,11 +1467,11 @@ Licence MIT</translation>
     </message>
     <message>
         <source>The manifest cannot be read: %1</source>
-        <translation>Le manifeste ne peut pas être lu : %1</translation>
+        <translation>Le manifeste ne peut pas être lu&#xa0;: %1</translation>
     </message>
     <message>
         <source>The manifest cannot be written: %1</source>
-        <translation>Le manifeste ne peut pas être écrit : %1</translation>
+        <translation>Le manifeste ne peut pas être écrit&#xa0;: %1</translation>
     </message>
     <message>
         <source>It has no manifest (%1)</source>
@@ -1507,7 +1507,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>the manifest has no hash of it that is known here</source>
-        <translation>le manifeste n’en a pas d’empreinte connue ici</translation>
+        <translation>le manifeste n’en donne aucune empreinte connue ici</translation>
     </message>
     <message>
         <source>%1 bytes, not %2</source>
@@ -1519,14 +1519,46 @@ Licence MIT</translation>
     </message>
     <message>
         <source>it cannot be listed</source>
-        <translation>il ne peut pas être listé</translation>
+        <translation>son contenu ne peut pas être listé</translation>
+    </message>
+    <message>
+        <source>it is not well-formed</source>
+        <translation>il n’est pas bien formé</translation>
+    </message>
+    <message>
+        <source>it is no such list</source>
+        <translation>ce n’est pas une liste de ce genre</translation>
+    </message>
+    <message>
+        <source>a path in it leads out of the folder</source>
+        <translation>un chemin y mène hors du dossier</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>il ne peut pas être lu</translation>
+    </message>
+    <message>
+        <source>it is missing</source>
+        <translation>il manque</translation>
+    </message>
+    <message>
+        <source>it is not in the chain</source>
+        <translation>il n’est pas dans la chaîne</translation>
+    </message>
+    <message>
+        <source>it was changed after it was written</source>
+        <translation>il a été modifié après son écriture</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1&#xa0;: %2</translation>
     </message>
 </context>
 <context>
     <name>RecorderSettings</name>
     <message>
         <source>Alkaline</source>
-        <translation>Alcaline</translation>
+        <translation>Alcalines</translation>
     </message>
     <message>
         <source>Ni-MH</source>
@@ -1714,7 +1746,7 @@ Licence MIT</translation>
     <name>SoundPane</name>
     <message>
         <source>A double click turns to %1°, the plain sum and difference</source>
-        <translation>Un double clic tourne à %1°, simple somme et différence</translation>
+        <translation>Un double-clic tourne à %1°, simple somme et différence</translation>
     </message>
     <message>
         <source>Mute</source>
@@ -1799,7 +1831,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>peak hold</source>
-        <translation>crêtes tenues</translation>
+        <translation>maintien de crête</translation>
     </message>
     <message>
         <source>The recorder</source>
@@ -1900,7 +1932,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>extensible</source>
-        <translation>étendu</translation>
+        <translation>extensible</translation>
     </message>
     <message>
         <source>other</source>
@@ -1963,11 +1995,11 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Momentary, at most</source>
-        <translation>Momentanée, au plus</translation>
+        <translation>Momentanée, maximale</translation>
     </message>
     <message>
         <source>Short term, at most</source>
-        <translation>Court terme, au plus</translation>
+        <translation>Court terme, maximale</translation>
     </message>
     <message>
         <source>True peak</source>
@@ -1994,7 +2026,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1: %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>File not supported.</source>
@@ -2002,7 +2034,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2. Open it again once it is back.</source>
-        <translation>%1 ne peut pas être lu&#xa0;: %2. Rouvrez-le dès qu’il est de retour.</translation>
+        <translation>%1 ne peut pas être lu&#xa0;: %2. Rouvrez-le dès qu’il est de nouveau disponible.</translation>
     </message>
     <message>
         <source>Paused: %1 Press Play to try again.</source>
@@ -2013,11 +2045,11 @@ Licence MIT</translation>
     <name>TakeRecall</name>
     <message>
         <source>What was remembered of takes was damaged. It was set aside as “%1”, and a new one begun.</source>
-        <translation>Ce qui était retenu des prises était endommagé. C’est mis de côté sous «&#xa0;%1&#xa0;» et recommencé.</translation>
+        <translation>Les données retenues sur les prises étaient endommagées. Elles ont été mises de côté sous «&#xa0;%1&#xa0;», et d’autres commencées.</translation>
     </message>
     <message>
         <source>What is remembered of takes is of a newer version of the program. It is left alone, and nothing is remembered.</source>
-        <translation>Ce qui est retenu des prises vient d’une version plus récente du programme. C’est laissé tel quel, et rien n’est retenu.</translation>
+        <translation>Les données retenues sur les prises viennent d’une version plus récente du programme. Elles restent telles quelles, et rien n’est retenu.</translation>
     </message>
     <message>
         <source>What takes were heard with cannot be remembered.</source>
@@ -2082,27 +2114,27 @@ Licence MIT</translation>
     </message>
     <message>
         <source>%1 could not be listed: %2</source>
-        <translation>%1 n’a pas pu être listé : %2</translation>
+        <translation>%1 n’a pas pu être listé&#xa0;: %2</translation>
     </message>
     <message>
         <source>The manifest is not right: %1</source>
-        <translation>Le manifeste n’est pas correct : %1</translation>
+        <translation>Le manifeste n’est pas correct&#xa0;: %1</translation>
     </message>
     <message>
         <source>%1: copied and verified</source>
-        <translation>%1 : copiée et vérifiée</translation>
+        <translation>%1&#xa0;: copié et vérifié</translation>
     </message>
     <message>
         <source>%1: there already</source>
-        <translation>%1 : déjà là</translation>
+        <translation>%1&#xa0;: déjà là</translation>
     </message>
     <message>
         <source>%1 differs: %2</source>
-        <translation>%1 diffère : %2</translation>
+        <translation>%1 diffère&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 was not copied: %2</source>
-        <translation>%1 n’a pas été copiée : %2</translation>
+        <translation>%1 n’a pas été copié&#xa0;: %2</translation>
     </message>
     <message numerus="yes">
         <source>%n takes are there and verified</source>
@@ -2121,11 +2153,11 @@ Licence MIT</translation>
     </message>
     <message>
         <source>What was copied stays; the next copy goes on from there.</source>
-        <translation>Ce qui a été copié reste ; la prochaine copie reprend là.</translation>
+        <translation>Ce qui a été copié reste&#xa0;; la prochaine copie reprend là.</translation>
     </message>
     <message>
         <source>%1 has changed: %2</source>
-        <translation>%1 a changé : %2</translation>
+        <translation>%1 a changé&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 is missing</source>
@@ -2141,7 +2173,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2</source>
-        <translation>%1 ne peut pas être lu : %2</translation>
+        <translation>%1 ne peut pas être lu&#xa0;: %2</translation>
     </message>
     <message numerus="yes">
         <source>%n files are right</source>
@@ -2167,7 +2199,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>%1-bit float</source>
-        <translation>%1 bits flottants</translation>
+        <translation>%1 bits flottant</translation>
     </message>
     <message>
         <source>%1-bit</source>
@@ -2241,7 +2273,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>&amp;Meters by the recorder&apos;s rule</source>
-        <translation>Vu&amp;mètres selon la règle de l’enregistreur</translation>
+        <translation>&amp;Niveaux selon la règle de l’enregistreur</translation>
     </message>
     <message>
         <source>&amp;Keys and pointer</source>

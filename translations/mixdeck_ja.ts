@@ -111,7 +111,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>Each to a loudness</source>
-        <translation>それぞれラウドネスに合わせる</translation>
+        <translation>それぞれ目標ラウドネスに合わせる</translation>
     </message>
     <message>
         <source>Beside each take</source>
@@ -263,7 +263,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1: %2</translation>
+        <translation>%1：%2</translation>
     </message>
     <message>
         <source>As remembered, else %1</source>
@@ -332,7 +332,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>Files that are not right</source>
-        <translation>正しくないファイル</translation>
+        <translation>問題のあるファイル</translation>
     </message>
     <message>
         <source>Folder</source>
@@ -610,7 +610,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>To a loudness</source>
-        <translation>ラウドネスに合わせる</translation>
+        <translation>目標ラウドネスに合わせる</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -908,7 +908,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>Turn the width</source>
-        <translation>幅を回す</translation>
+        <translation>幅を調整する</translation>
     </message>
     <message>
         <source>Drag the dial from MONO to 150° while you listen. Gain makes a take louder or softer.</source>
@@ -1302,7 +1302,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>No such file or directory</source>
-        <translation>そのようなファイルやディレクトリはありません</translation>
+        <translation>そのようなファイルやフォルダーはありません</translation>
     </message>
     <message>
         <source>Permission denied</source>
@@ -1342,11 +1342,11 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>Is a directory</source>
-        <translation>ディレクトリです</translation>
+        <translation>フォルダーです</translation>
     </message>
     <message>
         <source>Not a directory</source>
-        <translation>ディレクトリではありません</translation>
+        <translation>フォルダーではありません</translation>
     </message>
     <message>
         <source>Invalid argument</source>
@@ -1434,7 +1434,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>The card cannot be read: %1</source>
-        <translation>カードを読み取れません: %1</translation>
+        <translation>カードを読み込めません：%1</translation>
     </message>
     <message>
         <source>The card is no folder</source>
@@ -1454,7 +1454,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>The folder cannot be made: %1</source>
-        <translation>フォルダーを作成できません: %1</translation>
+        <translation>フォルダーを作成できません：%1</translation>
     </message>
     <message>
         <source>Another copy is at work there</source>
@@ -1462,15 +1462,15 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>The manifest cannot be read: %1</source>
-        <translation>マニフェストを読み取れません: %1</translation>
+        <translation>マニフェストを読み込めません：%1</translation>
     </message>
     <message>
         <source>The manifest cannot be written: %1</source>
-        <translation>マニフェストを書き込めません: %1</translation>
+        <translation>マニフェストを書き込めません：%1</translation>
     </message>
     <message>
         <source>It has no manifest (%1)</source>
-        <translation>マニフェストがありません (%1)</translation>
+        <translation>マニフェストがありません（%1）</translation>
     </message>
     <message>
         <source>The takes need %1 bytes, and %2 are free</source>
@@ -1494,7 +1494,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>It was changed while it was read</source>
-        <translation>読み取り中に変更されました</translation>
+        <translation>読み込み中に変更されました</translation>
     </message>
     <message>
         <source>What was written does not read back as it was</source>
@@ -1515,6 +1515,38 @@ MIT ライセンス</translation>
     <message>
         <source>it cannot be listed</source>
         <translation>一覧を取得できません</translation>
+    </message>
+    <message>
+        <source>it is not well-formed</source>
+        <translation>書式が正しくありません</translation>
+    </message>
+    <message>
+        <source>it is no such list</source>
+        <translation>そのようなリストではありません</translation>
+    </message>
+    <message>
+        <source>a path in it leads out of the folder</source>
+        <translation>フォルダーの外を指すパスがあります</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>読み込めません</translation>
+    </message>
+    <message>
+        <source>it is missing</source>
+        <translation>見つかりません</translation>
+    </message>
+    <message>
+        <source>it is not in the chain</source>
+        <translation>チェーンに含まれていません</translation>
+    </message>
+    <message>
+        <source>it was changed after it was written</source>
+        <translation>書き込み後に変更されています</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
     </message>
 </context>
 <context>
@@ -1689,7 +1721,7 @@ MIT ライセンス</translation>
     <message numerus="yes">
         <source>%n takes</source>
         <translation>
-            <numerusform>%n テイク</numerusform>
+            <numerusform>テイク %n 件</numerusform>
         </translation>
     </message>
     <message>
@@ -1811,7 +1843,7 @@ MIT ライセンス</translation>
     <name>StereoScope</name>
     <message>
         <source>Stereo scope</source>
-        <translation>ステレオスコープ</translation>
+        <translation>ベクトルスコープ</translation>
     </message>
     <message>
         <source>L</source>
@@ -1874,7 +1906,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>Note</source>
-        <translation>メモ</translation>
+        <translation>備考</translation>
     </message>
     <message>
         <source>%1 bytes at %2</source>
@@ -1925,7 +1957,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>Note</source>
-        <translation>メモ</translation>
+        <translation>備考</translation>
     </message>
     <message>
         <source>No thread can be had to read it.</source>
@@ -1988,7 +2020,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1: %2</translation>
+        <translation>%1：%2</translation>
     </message>
     <message>
         <source>File not supported.</source>
@@ -1996,26 +2028,26 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2. Open it again once it is back.</source>
-        <translation>%1 を読み込めません：%2。戻ったら開き直してください。</translation>
+        <translation>%1 を読み込めません：%2。読めるようになったら開き直してください。</translation>
     </message>
     <message>
         <source>Paused: %1 Press Play to try again.</source>
-        <translation>一時停止：%1 再生を押すと再試行します。</translation>
+        <translation>一時停止：%1「再生」を押すと再試行します。</translation>
     </message>
 </context>
 <context>
     <name>TakeRecall</name>
     <message>
         <source>What was remembered of takes was damaged. It was set aside as “%1”, and a new one begun.</source>
-        <translation>テイクの記録が壊れていました。「%1」として退避し、新しく始めました。</translation>
+        <translation>テイクの記憶データが壊れていました。「%1」として退避し、新しく作りました。</translation>
     </message>
     <message>
         <source>What is remembered of takes is of a newer version of the program. It is left alone, and nothing is remembered.</source>
-        <translation>テイクの記録はより新しい版のものです。そのまま残し、何も記録しません。</translation>
+        <translation>テイクの記憶データは、より新しい版のプログラムのものです。そのまま残し、何も記憶しません。</translation>
     </message>
     <message>
         <source>What takes were heard with cannot be remembered.</source>
-        <translation>テイクを聴いた設定を記録できません。</translation>
+        <translation>テイクを聴いた設定を記憶できません。</translation>
     </message>
 </context>
 <context>
@@ -2045,7 +2077,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>%1 of %2 takes</source>
-        <translation>%2 テイク中 %1</translation>
+        <translation>テイク %2 件中 %1 件</translation>
     </message>
     <message>
         <source>%1/s</source>
@@ -2076,37 +2108,37 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>%1 could not be listed: %2</source>
-        <translation>%1 の一覧を取得できませんでした: %2</translation>
+        <translation>%1 の一覧を取得できませんでした：%2</translation>
     </message>
     <message>
         <source>The manifest is not right: %1</source>
-        <translation>マニフェストが正しくありません: %1</translation>
+        <translation>マニフェストに問題があります：%1</translation>
     </message>
     <message>
         <source>%1: copied and verified</source>
-        <translation>%1: コピーして検証しました</translation>
+        <translation>%1：コピーして検証しました</translation>
     </message>
     <message>
         <source>%1: there already</source>
-        <translation>%1: 既にあります</translation>
+        <translation>%1：既にあります</translation>
     </message>
     <message>
         <source>%1 differs: %2</source>
-        <translation>%1 は異なります: %2</translation>
+        <translation>%1 は異なります：%2</translation>
     </message>
     <message>
         <source>%1 was not copied: %2</source>
-        <translation>%1 はコピーされませんでした: %2</translation>
+        <translation>%1 はコピーされませんでした：%2</translation>
     </message>
     <message numerus="yes">
         <source>%n takes are there and verified</source>
         <translation>
-            <numerusform>%n テイクがそろい、検証済みです</numerusform>
+            <numerusform>%n 件のテイクがそろい、検証済みです</numerusform>
         </translation>
     </message>
     <message>
         <source>%1 of %2 takes are there and verified</source>
-        <translation>%2 テイク中 %1 がそろい、検証済みです</translation>
+        <translation>テイク %2 件中 %1 件がそろい、検証済みです</translation>
     </message>
     <message>
         <source>Cancelled.</source>
@@ -2118,7 +2150,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>%1 has changed: %2</source>
-        <translation>%1 は変わっています: %2</translation>
+        <translation>%1 は変わっています：%2</translation>
     </message>
     <message>
         <source>%1 is missing</source>
@@ -2134,17 +2166,17 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2</source>
-        <translation>%1 を読み取れません: %2</translation>
+        <translation>%1 を読み込めません：%2</translation>
     </message>
     <message numerus="yes">
         <source>%n files are right</source>
         <translation>
-            <numerusform>%n ファイルが正しいです</numerusform>
+            <numerusform>%n 件のファイルはすべて正常です</numerusform>
         </translation>
     </message>
     <message>
         <source>%1 right, %2 not</source>
-        <translation>正しい: %1、正しくない: %2</translation>
+        <translation>正常 %1 件、問題あり %2 件</translation>
     </message>
 </context>
 <context>

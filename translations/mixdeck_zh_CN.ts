@@ -107,19 +107,19 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>Normalize each to full scale</source>
-        <translation>各自归一化到满刻度</translation>
+        <translation>每条归一化到满刻度</translation>
     </message>
     <message>
         <source>Each to a loudness</source>
-        <translation>各自调至响度</translation>
+        <translation>每条调至目标响度</translation>
     </message>
     <message>
         <source>Beside each take</source>
-        <translation>在每条录音旁</translation>
+        <translation>每条录音旁边</translation>
     </message>
     <message>
         <source>Into a folder</source>
-        <translation>到一个文件夹</translation>
+        <translation>存入文件夹</translation>
     </message>
     <message>
         <source>Folder for the exports</source>
@@ -245,7 +245,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>Samples of some of them export as noise: the recorder writes 24 bits or 32-bit float</source>
-        <translation>其中一些采样导出后是噪声：录音机写入 24 位或 32 位浮点</translation>
+        <translation>其中一些录音的采样导出后是噪声：录音机以 24 位或 32 位浮点录制</translation>
     </message>
     <message>
         <source>Over 4 GiB: written as RF64, which not every program reads</source>
@@ -263,7 +263,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1: %2</translation>
+        <translation>%1：%2</translation>
     </message>
     <message>
         <source>As remembered, else %1</source>
@@ -300,7 +300,7 @@ MIT 许可证</translation>
     <name>CardDesk</name>
     <message>
         <source>The card “%1” holds recordings. “Copy card…” in the menu brings them home.</source>
-        <translation>存储卡“%1”中有录音。菜单中的“复制存储卡…”可将其取回。</translation>
+        <translation>存储卡“%1”中有录音。菜单中的“复制存储卡…”可将其复制到电脑。</translation>
     </message>
     <message>
         <source>Copy card</source>
@@ -507,7 +507,7 @@ MIT 许可证</translation>
     <name>ExportFacts</name>
     <message>
         <source>Channels as recorded</source>
-        <translation>按录制时的声道</translation>
+        <translation>声道保持录制原样</translation>
     </message>
     <message>
         <source>To full scale</source>
@@ -515,7 +515,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>These %1-bit samples export as noise: the recorder writes 24 bits or 32-bit float</source>
-        <translation>这些 %1 位采样导出后是噪声：录音机写入 24 位或 32 位浮点</translation>
+        <translation>这些 %1 位采样导出后是噪声：录音机以 24 位或 32 位浮点录制</translation>
     </message>
     <message>
         <source>Only %1 free in this folder</source>
@@ -841,7 +841,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>Recorder in the dial</source>
-        <translation>旋钮中的录音机</translation>
+        <translation>转盘中的录音机</translation>
     </message>
     <message>
         <source>A double click turns to %1°</source>
@@ -877,7 +877,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>Keys and pointer</source>
-        <translation>按键和指针</translation>
+        <translation>键盘和指针</translation>
     </message>
     <message>
         <source>Takes in the list</source>
@@ -892,7 +892,7 @@ MIT 许可证</translation>
     <name>IntroductionVC</name>
     <message>
         <source>What mid-side is</source>
-        <translation>什么是中侧 (M/S)</translation>
+        <translation>什么是 M/S（中间/侧边）</translation>
     </message>
     <message>
         <source>One microphone hears the middle, another the sides. Together they give a stereo image whose width you choose after the recording.</source>
@@ -908,11 +908,11 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>Turn the width</source>
-        <translation>转动宽度</translation>
+        <translation>调节宽度</translation>
     </message>
     <message>
         <source>Drag the dial from MONO to 150° while you listen. Gain makes a take louder or softer.</source>
-        <translation>边听边把旋钮从单声道拖到 150°。增益可使录音更响或更轻。</translation>
+        <translation>边听边把转盘从单声道拖到 150°。增益可使录音更响或更轻。</translation>
     </message>
     <message>
         <source>Export</source>
@@ -1163,7 +1163,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>%1, %2 failed</source>
-        <translation>%1，%2 失败</translation>
+        <translation>%1，%2 个失败</translation>
     </message>
     <message>
         <source>Cancel all</source>
@@ -1302,7 +1302,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>No such file or directory</source>
-        <translation>没有那个文件或目录</translation>
+        <translation>没有那个文件或文件夹</translation>
     </message>
     <message>
         <source>Permission denied</source>
@@ -1342,11 +1342,11 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>Is a directory</source>
-        <translation>是一个目录</translation>
+        <translation>是一个文件夹</translation>
     </message>
     <message>
         <source>Not a directory</source>
-        <translation>不是目录</translation>
+        <translation>不是文件夹</translation>
     </message>
     <message>
         <source>Invalid argument</source>
@@ -1426,7 +1426,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>%1 channels of %2-bit samples with format tag %3 do not decode to useful sound; the recorder writes 2 channels, 24-bit integer or 32-bit float (tag 3)</source>
-        <translation>%1 声道、%2 位、格式 %3 的采样无法解码为可用的声音；录音机写入 2 声道、24 位整数或 32 位浮点（格式 3）</translation>
+        <translation>%1 声道、%2 位、格式 %3 的采样无法解码为可用的声音；录音机以 2 声道、24 位整数或 32 位浮点（格式 3）录制</translation>
     </message>
     <message>
         <source>The take cannot be read: %1</source>
@@ -1514,7 +1514,39 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>it cannot be listed</source>
-        <translation>无法列出</translation>
+        <translation>无法列出其内容</translation>
+    </message>
+    <message>
+        <source>it is not well-formed</source>
+        <translation>格式不正确</translation>
+    </message>
+    <message>
+        <source>it is no such list</source>
+        <translation>不是此类清单</translation>
+    </message>
+    <message>
+        <source>a path in it leads out of the folder</source>
+        <translation>其中有路径指向文件夹之外</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>无法读取</translation>
+    </message>
+    <message>
+        <source>it is missing</source>
+        <translation>缺失</translation>
+    </message>
+    <message>
+        <source>it is not in the chain</source>
+        <translation>不在链中</translation>
+    </message>
+    <message>
+        <source>it was changed after it was written</source>
+        <translation>写入后被更改</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
     </message>
 </context>
 <context>
@@ -1988,7 +2020,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1: %2</translation>
+        <translation>%1：%2</translation>
     </message>
     <message>
         <source>File not supported.</source>
@@ -2007,11 +2039,11 @@ MIT 许可证</translation>
     <name>TakeRecall</name>
     <message>
         <source>What was remembered of takes was damaged. It was set aside as “%1”, and a new one begun.</source>
-        <translation>录音的记忆已损坏。已另存为“%1”并重新开始。</translation>
+        <translation>所记住的录音数据已损坏。已另存为“%1”，并重新开始。</translation>
     </message>
     <message>
         <source>What is remembered of takes is of a newer version of the program. It is left alone, and nothing is remembered.</source>
-        <translation>录音的记忆来自更新版本的程序。它保持原样，不再记忆任何内容。</translation>
+        <translation>所记住的录音数据来自更新版本的程序。数据保持原样，不再记住任何内容。</translation>
     </message>
     <message>
         <source>What takes were heard with cannot be remembered.</source>
@@ -2237,7 +2269,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>&amp;Keys and pointer</source>
-        <translation>按键和指针(&amp;K)</translation>
+        <translation>键盘和指针(&amp;K)</translation>
     </message>
     <message>
         <source>&amp;Introduction</source>

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QRegularExpression>
 #include <array>
+#include <optional>
 
 namespace {
 
@@ -68,6 +69,12 @@ constexpr std::array kKnown = {
     QT_TRANSLATE_NOOP("Reason", "the manifest has no hash of it that is known here"),
     QT_TRANSLATE_NOOP("Reason", "%1 bytes, not %2"), QT_TRANSLATE_NOOP("Reason", "another content"),
     QT_TRANSLATE_NOOP("Reason", "it cannot be listed"),
+    QT_TRANSLATE_NOOP("Reason", "it is not well-formed"),
+    QT_TRANSLATE_NOOP("Reason", "it is no such list"),
+    QT_TRANSLATE_NOOP("Reason", "a path in it leads out of the folder"),
+    QT_TRANSLATE_NOOP("Reason", "it cannot be read"), QT_TRANSLATE_NOOP("Reason", "it is missing"),
+    QT_TRANSLATE_NOOP("Reason", "it is not in the chain"),
+    QT_TRANSLATE_NOOP("Reason", "it was changed after it was written"),
     // Of playing.
     QT_TRANSLATE_NOOP("Reason", "No file can be read"),
     QT_TRANSLATE_NOOP("Reason", "Samples of %1 bits in format %2 cannot be played"),
@@ -118,20 +125,37 @@ QRegularExpression patternOf(const char* known) {
                             QRegularExpression::DotMatchesEverythingOption);
 }
 
+QString filledIn(const QString& said, const QRegularExpressionMatch& match) {
+  // A reason may have another one inside.
+  if (match.lastCapturedIndex() == 1) return said.arg(Reason::text(match.captured(1)));
+  if (match.lastCapturedIndex() == 2) return said.arg(match.captured(1), match.captured(2));
+  if (match.lastCapturedIndex() == 0) return said;
+  return said.arg(match.captured(1), match.captured(2), match.captured(3));
+}
+
+std::optional<QString> translated(const QString& reason) {
+  for (const char* const known : kKnown) {
+    const auto match = patternOf(known).match(reason);
+    if (match.hasMatch()) return filledIn(QCoreApplication::translate("Reason", known), match);
+  }
+  return std::nullopt;
+}
+
+// "NAME: reason", whatever the name: it may have a colon, too.
+std::optional<QString> translatedAfterName(const QString& reason) {
+  const QString colon = QStringLiteral(": ");
+  for (auto at = reason.indexOf(colon); at >= 0; at = reason.indexOf(colon, at + 1)) {
+    const auto said = translated(reason.mid(at + colon.size()));
+    if (said) return QCoreApplication::translate("Reason", "%1: %2").arg(reason.left(at), *said);
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 QString Reason::text(const QString& reason) {
-  for (const char* const known : kKnown) {
-    const auto match = patternOf(known).match(reason);
-    if (!match.hasMatch()) continue;
-    QString said = QCoreApplication::translate("Reason", known);
-    if (match.lastCapturedIndex() == 0) return said;
-    // A reason may have another one inside.
-    if (match.lastCapturedIndex() == 1) return said.arg(text(match.captured(1)));
-    if (match.lastCapturedIndex() == 2) return said.arg(match.captured(1), match.captured(2));
-    return said.arg(match.captured(1), match.captured(2), match.captured(3));
-  }
-  return reason;
+  if (const auto said = translated(reason)) return *said;
+  return translatedAfterName(reason).value_or(reason);
 }
 
 std::vector<QString> Reason::known() {

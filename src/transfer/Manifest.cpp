@@ -16,7 +16,6 @@
 namespace {
 
 constexpr std::string_view kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-constexpr const char* kNotWellFormed = "it is not well-formed";
 
 std::optional<std::uint64_t> numberOf(const std::string& text) {
   std::uint64_t number = 0;
@@ -53,7 +52,7 @@ class Document {
   std::string walk(const Start& start, const End& end) {
     using Token = XmlReader::Token;
     for (Token token = _reader.next(); token != Token::Done; token = _reader.next()) {
-      if (token == Token::Broken) return kNotWellFormed;
+      if (token == Token::Broken) return "it is not well-formed";
       if (token == Token::Text) _text += _reader.text();
       if (token == Token::Start && !enter(start)) return "it is no such list";
       if (token == Token::End) leave(end);

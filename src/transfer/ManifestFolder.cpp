@@ -37,6 +37,11 @@ std::optional<std::string> textOf(const fs::path& path) {
   return file ? std::optional(std::move(text)) : std::nullopt;
 }
 
+// What is wrong with one of them.
+std::string told(const std::string& name, const std::string& reason) {
+  return fmt::format("{}: {}", name, reason);
+}
+
 // The number that a generation's name begins with; 0 where it is the name of none.
 std::uint64_t generationOf(const std::string& name) {
   std::uint64_t number = 0;
@@ -91,7 +96,7 @@ void ManifestFolder::readChain() {
 }
 
 void ManifestFolder::giveUp(const std::string& name, const std::string& reason) {
-  _whyNot = fmt::format("{}: {}", name, reason);
+  _whyNot = told(name, reason);
   _problems.push_back(_whyNot);
 }
 
@@ -113,7 +118,7 @@ void ManifestFolder::tellMissing(const Generations& found) {
     _last = std::max(_last, link.number);
     const auto isIt = [&link](const auto& one) { return one.second == link.file; };
     if (std::any_of(found.begin(), found.end(), isIt)) continue;
-    _problems.push_back(link.file + ": it is missing");
+    _problems.push_back(told(link.file, "it is missing"));
   }
 }
 
@@ -123,7 +128,7 @@ void ManifestFolder::read(std::uint64_t number, const std::string& name) {
   const auto text = textOf(inside(name));
   const auto manifest = text ? Manifest::fromXml(*text, whyNot) : std::nullopt;
   if (!manifest) {
-    _problems.push_back(fmt::format("{}: {}", name, whyNot));
+    _problems.push_back(told(name, whyNot));
     return;
   }
   const bool isIntact = isAsItWas(number, name, c4::idOf(*text));
@@ -138,13 +143,13 @@ bool ManifestFolder::isAsItWas(std::uint64_t number, const std::string& name,
   const auto link = std::find_if(_chain.links.begin(), _chain.links.end(), isIt);
   if (link == _chain.links.end()) {
     // A copy was broken off between the two; the next one takes it into the chain.
-    if (_whyNot.empty()) _notInChain.push_back(fmt::format("{}: it is not in the chain", name));
+    if (_whyNot.empty()) _notInChain.push_back(told(name, "it is not in the chain"));
     _chain.links.push_back({number, name, c4});
     _isChainWhole = false;
     return true;
   }
   if (link->c4 == c4) return true;
-  _problems.push_back(fmt::format("{}: it was changed after it was written", name));
+  _problems.push_back(told(name, "it was changed after it was written"));
   return false;
 }
 

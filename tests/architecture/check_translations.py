@@ -21,9 +21,11 @@ from pathlib import Path
 
 PLACEHOLDER = re.compile(r"%L?(?:\d+|n)")
 KEY = re.compile(r"&[^&\s]")
-REASONED = ("wav", "analysis", "export", "transfer/TakeRepair.cpp", "queue", "playback", "folders", "midi")
+REASONED = ("wav", "analysis", "export", "transfer", "queue", "playback", "folders", "midi")
 # What a reason is told by, or returned as, where these libraries are written.
-TELLS = re.compile(r"\b(?:return|fail|lose|because|failToOpen|errorText|whyNot|refuse|setReason|_failure|Failed)\b")
+TELLS = re.compile(r"\b(?:return|fail|lose|because|failToOpen|errorText|whyNot|refuse|setReason|_failure|Failed"
+                   r"|note|tell|told)\b")
+OF_THE_TOOL = {"TakeDiagnosis.cpp"}  # what the window does not show
 SENTENCE = re.compile(r'"((?:[^"\\]|\\.)*[a-z] [a-z](?:[^"\\]|\\.)*)"')
 
 
@@ -81,9 +83,8 @@ def faults_of(committed, wanted):
 def reasons(root):
     """What is told in English below the window, as `Reason` has it."""
     for place in REASONED:
-        place = root / "src" / place
-        for path in [place] if place.suffix else sorted(place.rglob("*.cpp")):
-            if path.parent.name == "memory":  # for tests
+        for path in sorted((root / "src" / place).rglob("*.cpp")):
+            if path.parent.name == "memory" or path.name in OF_THE_TOOL:  # the former for tests
                 continue
             for line in whole_lines(path):
                 if not TELLS.search(line) or "Log::" in line:
@@ -98,7 +99,8 @@ def reasons(root):
 def whole_lines(path):
     """A text that is written in pieces is one, in the line of the call that it is for."""
     text = re.sub(r'"\s*\n\s*"', "", path.read_text("utf-8"))
-    return re.sub(r"\(\s*\n\s*", "(", text).splitlines()
+    text = re.sub(r"\(\s*\n\s*", "(", text)
+    return re.sub(r",\s*\n\s*", ", ", text).splitlines()
 
 
 def unknown_reasons(root):

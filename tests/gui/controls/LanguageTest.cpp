@@ -82,8 +82,8 @@ TEST_F(LanguageTest, PluralFormsAreThoseOfTheLanguage) {
   EXPECT_EQ(places(1), "Would clip in 24 bit at 1 place");
   EXPECT_EQ(places(3), "Would clip in 24 bit at 3 places");
   Language::use(QStringLiteral("de"));
-  EXPECT_EQ(places(1), "Würde in 24 Bit an 1 Stelle übersteuern");
-  EXPECT_EQ(places(3), "Würde in 24 Bit an 3 Stellen übersteuern");
+  EXPECT_EQ(places(1), "Würde bei 24 Bit an 1 Stelle übersteuern");
+  EXPECT_EQ(places(3), "Würde bei 24 Bit an 3 Stellen übersteuern");
   Language::use(QStringLiteral("ja"));
   EXPECT_EQ(places(1), "24 ビットでは 1 か所でクリップします");
 }
@@ -138,6 +138,19 @@ TEST_F(LanguageTest, ReasonsAreToldInTheLanguageOfTheWindow) {
             "4 Kanäle mit 16-Bit-Samples im Format 1 ergeben keinen brauchbaren Ton; der Rekorder "
             "schreibt 2 Kanäle, 24 Bit ganzzahlig oder 32 Bit Float (Format 3)");
   EXPECT_EQ(Reason::text(std::string("Anything else (%1)")), "Anything else (%1)");
+}
+
+TEST_F(LanguageTest, ReasonStandsBehindTheNameOfAFile) {
+  Language::use(QStringLiteral("de"));
+  EXPECT_EQ(Reason::text(std::string("ascmhl_chain.xml: it is no such list")),
+            "ascmhl_chain.xml: es ist keine solche Liste");
+  EXPECT_EQ(Reason::text(std::string("The manifest cannot be read: ascmhl: Permission denied")),
+            "Das Manifest ist nicht lesbar: ascmhl: Keine Berechtigung");
+  EXPECT_EQ(Reason::text(std::string("Odd: %2.mhl: it is missing")), "Odd: %2.mhl: fehlt");
+  EXPECT_EQ(Reason::text(std::string("a.mhl: is another matter")), "a.mhl: is another matter");
+  Language::use(QStringLiteral("fr"));
+  EXPECT_EQ(Reason::text(std::string("a.mhl: it cannot be read")),
+            "a.mhl\u00a0: il ne peut pas être lu");
 }
 
 TEST_F(LanguageTest, WhatIsCaughtInAReasonIsNoPlaceholder) {

@@ -13,6 +13,7 @@
 
 #include "DialogFixture.h"
 #include "controls/Colors.h"
+#include "controls/Language.h"
 #include "dialogs/TransferWork.h"
 #include "support/SlowReads.h"
 
@@ -261,6 +262,17 @@ TEST_F(TransferPanelTest, ACardThatCannotBeListedWhollyIsComplainedOf) {
   EXPECT_EQ(text("summary"), "2 of 2 takes are there and verified");
   EXPECT_EQ(text("complaint"), "Not everything could be listed.");
   EXPECT_THAT(lines(), testing::Contains(HasSubstr("card/hidden could not be listed")));
+}
+
+TEST_F(TransferPanelTest, WhatIsWrongWithAManifestIsToldInTheWindowsLanguage) {
+  openCopy();
+  carryOut();
+  std::ofstream(path("home/ascmhl/ascmhl_chain.xml")) << "<other/>";
+  Language::use(QStringLiteral("de"));
+  verify();
+  Language::use(QStringLiteral("en"));
+  EXPECT_THAT(lines(), ElementsAre("Das Manifest stimmt nicht: ascmhl_chain.xml: es ist keine "
+                                   "solche Liste"));
 }
 
 TEST_F(TransferPanelTest, AFolderWithoutAManifestCannotBeVerified) {
