@@ -1462,6 +1462,14 @@ MIT-Lizenz</translation>
         <translation>Der Ordner lässt sich nicht anlegen: %1</translation>
     </message>
     <message>
+        <source>The folder cannot be written to: %1</source>
+        <translation>In den Ordner lässt sich nicht schreiben: %1</translation>
+    </message>
+    <message>
+        <source>The folder cannot be read: %1</source>
+        <translation>Der Ordner ist nicht lesbar: %1</translation>
+    </message>
+    <message>
         <source>Another copy is at work there</source>
         <translation>Dort ist eine andere Kopie am Werk</translation>
     </message>

@@ -1462,6 +1462,14 @@ Licencia MIT</translation>
         <translation>No se puede crear la carpeta: %1</translation>
     </message>
     <message>
+        <source>The folder cannot be written to: %1</source>
+        <translation>No se puede escribir en la carpeta: %1</translation>
+    </message>
+    <message>
+        <source>The folder cannot be read: %1</source>
+        <translation>No se puede leer la carpeta: %1</translation>
+    </message>
+    <message>
         <source>Another copy is at work there</source>
         <translation>Otra copia está en marcha ahí</translation>
     </message>

@@ -450,7 +450,7 @@ Licence MIT</translation>
     <name>EndQuestion</name>
     <message>
         <source>Takes are still being copied. What is copied stays; the next copy goes on from there.</source>
-        <translation>Des prises sont encore en cours de copie. Ce qui est copié reste ; la prochaine copie reprend là.</translation>
+        <translation>Des prises sont encore en cours de copie. Ce qui est copié reste&#xa0;; la prochaine copie reprend là.</translation>
     </message>
     <message>
         <source>Keep copying</source>
@@ -1460,6 +1460,14 @@ Licence MIT</translation>
     <message>
         <source>The folder cannot be made: %1</source>
         <translation>Le dossier ne peut pas être créé&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The folder cannot be written to: %1</source>
+        <translation>Impossible d’écrire dans le dossier&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The folder cannot be read: %1</source>
+        <translation>Le dossier ne peut pas être lu&#xa0;: %1</translation>
     </message>
     <message>
         <source>Another copy is at work there</source>

@@ -1457,6 +1457,14 @@ MIT ライセンス</translation>
         <translation>フォルダーを作成できません：%1</translation>
     </message>
     <message>
+        <source>The folder cannot be written to: %1</source>
+        <translation>フォルダーに書き込めません：%1</translation>
+    </message>
+    <message>
+        <source>The folder cannot be read: %1</source>
+        <translation>フォルダーを読み込めません：%1</translation>
+    </message>
+    <message>
         <source>Another copy is at work there</source>
         <translation>別のコピーがそこで実行中です</translation>
     </message>

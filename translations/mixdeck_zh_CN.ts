@@ -1457,6 +1457,14 @@ MIT 许可证</translation>
         <translation>无法创建文件夹：%1</translation>
     </message>
     <message>
+        <source>The folder cannot be written to: %1</source>
+        <translation>无法写入文件夹：%1</translation>
+    </message>
+    <message>
+        <source>The folder cannot be read: %1</source>
+        <translation>无法读取文件夹：%1</translation>
+    </message>
+    <message>
         <source>Another copy is at work there</source>
         <translation>另一个复制正在那里进行</translation>
     </message>

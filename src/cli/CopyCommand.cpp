@@ -8,9 +8,11 @@
 #include <algorithm>
 #include <cstdint>
 #include <exception>
+#include <string_view>
 
 #include "base/Version.h"
 #include "cli/Interrupt.h"
+#include "cli/NotEmpty.h"
 #include "cli/Printable.h"
 #include "cli/Problem.h"
 #include "cli/SpeedText.h"
@@ -38,18 +40,58 @@ struct Counts {
   }
 };
 
+using Obstacle = CardCopy::Obstacle;
+
+// Whether it is the card that stands in the way, not the folder.
+bool isOfCard(Obstacle obstacle) {
+  return obstacle == Obstacle::CardUnreadable || obstacle == Obstacle::CardEmpty ||
+         obstacle == Obstacle::CardGone;
+}
+
+// What to do about it.
+std::string_view advice(Obstacle obstacle) {
+  switch (obstacle) {
+    case Obstacle::CardUnreadable:
+      return "CARD is the folder that the card is mounted on";
+    case Obstacle::CardEmpty:
+      return "takes are its .WAV files";
+    case Obstacle::CardGone:
+      return "plug it in and copy again: what is there stays";
+    case Obstacle::Inside:
+    case Obstacle::FolderUnwritable:
+      return "choose another DEST";
+    case Obstacle::FolderBusy:
+      return "wait for its end, or choose another DEST";
+    case Obstacle::FolderFull:
+      return "make room there, or choose another DEST";
+    case Obstacle::ManifestUnreadable:
+      return "choose another DEST, or move its folder ascmhl away";
+    case Obstacle::ManifestUnwritable:
+      return "copy again once it can be: what is there stays";
+    case Obstacle::None:
+      break;
+  }
+  return "";
+}
+
 }  // namespace
 
 CLI::App* CopyCommand::declare(CLI::App& program) {
   CLI::App* command =
       program.add_subcommand("copy", "Bring the takes of a card home, verified, with a manifest");
   command->add_flag("--quiet", _isQuiet, "Tell only what goes wrong");
-  command->add_option("CARD", _card, "The folder that the card is mounted on; is only read")
-      ->required()
-      ->type_name("");
-  command->add_option("DEST", _destination, "The folder to copy into, made where it is missing")
-      ->required()
-      ->type_name("");
+  auto* card =
+      command->add_option("CARD", _card, "The folder that the card is mounted on; is only read")
+          ->required()
+          ->type_name("");
+  auto* destination =
+      command->add_option("DEST", _destination, "The folder to copy into, made where it is missing")
+          ->required()
+          ->type_name("");
+  command->callback([this, card, destination] {
+    refuseNothing(card, _card);
+    refuseNothing(destination, _destination);
+  });
   return command;
 }
 
@@ -68,7 +110,7 @@ bool CopyCommand::copy(ProgressLine& line) const {
   CardCopy job(_card, _destination);
   const std::string reason = job.prepare();
   if (!reason.empty()) {
-    line.message(problemLine(_card, kFailToSave, reason));
+    line.message(problemOf(job, reason));
     return false;
   }
   for (const FolderFiles::Gap& gap : job.gaps()) {
@@ -95,10 +137,16 @@ bool CopyCommand::copy(ProgressLine& line) const {
     });
   });
   const bool isAllThere = job.run();
-  if (!job.failure().empty()) line.message(problemLine(_card, kFailToSave, job.failure()));
+  if (!job.failure().empty()) line.message(problemOf(job, job.failure()));
   if (job.wasCancelled()) line.message("mixdeck-cli: cancelled");
   if (!_isQuiet) line.print(counts.text(job.takes().size()) + "\n");
   return isAllThere;
+}
+
+std::string CopyCommand::problemOf(const CardCopy& job, const std::string& reason) const {
+  const bool isCards = isOfCard(job.obstacle());
+  return problemLine(isCards ? _card : _destination, isCards ? kFailToOpen : kFailToSave,
+                     fmt::format("{}; {}", reason, advice(job.obstacle())));
 }
 
 void CopyCommand::tell(const CardCopy::Result& result, ProgressLine& line) const {

@@ -15,6 +15,8 @@
 
 #include "cli/DemoScene.h"
 #include "cli/Interrupt.h"
+#include "cli/NotEmpty.h"
+#include "cli/OutputFolder.h"
 #include "cli/Printable.h"
 #include "cli/Problem.h"
 #include "cli/Streams.h"
@@ -101,9 +103,11 @@ std::string write(const Recording& recording, const fs::path& path) {
 
 CLI::App* DemoCommand::declare(CLI::App& program) {
   CLI::App* command = program.add_subcommand("demo", "Write recordings to try things on");
-  command->add_option("--output-dir", _folder, "The folder, made where it is missing")
-      ->type_name("FOLDER")
-      ->capture_default_str();
+  auto* folder =
+      command->add_option("--output-dir", _folder, "The folder, made where it is missing")
+          ->type_name("FOLDER")
+          ->capture_default_str();
+  command->callback([this, folder] { refuseNothing(folder, _folder); });
   command->add_flag("--quiet", _isQuiet, "Tell only what goes wrong");
   return command;
 }
@@ -112,9 +116,21 @@ void DemoCommand::tell(const std::string& text) const {
   if (!_isQuiet) Streams::out(text);
 }
 
+// Where all are there already, it does not matter whether more could be written.
+bool DemoCommand::isAllThere() const {
+  return std::all_of(kRecordings.begin(), kRecordings.end(), [this](const Recording& recording) {
+    std::error_code error;
+    return fs::exists(_folder / recording.name, error);
+  });
+}
+
 int DemoCommand::run() {
+  const std::string reason = isAllThere() ? "" : OutputFolder::make(_folder);
+  if (!reason.empty()) {
+    Streams::err(problemLine(_folder, kFailToSave, reason + "; --output-dir names another") + "\n");
+    return kFailed;
+  }
   std::error_code error;
-  fs::create_directories(_folder, error);
   int status = kDone;
   for (const Recording& recording : kRecordings) {
     const fs::path path = _folder / recording.name;

@@ -16,6 +16,7 @@ class DemoCommand : public Command {
 
  private:
   void tell(const std::string& text) const;
+  [[nodiscard]] bool isAllThere() const;
 
   std::filesystem::path _folder = "mixdeck-demo";
   bool _isQuiet = false;

@@ -11,6 +11,7 @@
 #include "cli/FileDescription.h"
 #include "cli/Helpers.h"
 #include "cli/Interrupt.h"
+#include "cli/NotEmpty.h"
 #include "cli/NumberCheck.h"
 #include "cli/OutputFolder.h"
 #include "cli/Printable.h"
@@ -25,13 +26,6 @@ namespace {
 constexpr unsigned kMostJobs = 256;
 constexpr double kLeastLoudness = -70;  // the gate
 constexpr double kLeastTruePeak = -60;
-
-// An option that was given nothing would count as one that was not given.
-void refuseNothing(const CLI::Option* option, const fs::path& path) {
-  if (option->count() > 0 && path.empty()) {
-    throw CLI::ValidationError(option->get_name(), "is empty");
-  }
-}
 
 }  // namespace
 
@@ -93,7 +87,7 @@ void ExportCommand::declareTarget(CLI::App& command) {
     refuseNothing(folder, _outputFolder);
     _list.complete(_files);
     if (!_output.empty() && _files.size() > 1) {
-      throw CLI::ValidationError("--output", "goes with a single FILE; see --output-dir");
+      throw CLI::ValidationError("--output", "goes with a single FILE; --output-dir takes several");
     }
   });
 }
@@ -189,7 +183,7 @@ std::string ExportCommand::refusal(const ExportPlan::Item& item, const Export& j
 }
 
 void ExportCommand::warn(const Export& job, ProgressLine& line) const {
-  const std::string audio = FileDescription::audioWarning(*job.reader());
+  const std::string audio = FileDescription::audioAdvice(*job.reader());
   if (!audio.empty()) line.message(problemLine(job.getFilePath(), kWarning, audio));
   const std::string width = WidthOption::warning(_angle, *job.reader());
   if (!width.empty()) line.message(problemLine(job.getFilePath(), kWarning, width));

@@ -109,3 +109,11 @@ std::string FileDescription::chunkLines() const {
 std::string FileDescription::audioWarning(const WaveFileReader& reader) {
   return WaveDescription::audioWarning(reader);
 }
+
+// Sound that broke off, unlike samples of a kind that the recorder does not write, can be salvaged.
+std::string FileDescription::audioAdvice(const WaveFileReader& reader) {
+  std::string warning = audioWarning(reader);
+  const bool isKnownKind = reader.header().NumChannels == 2 && reader.header().hasSound();
+  if (warning.empty() || !isKnownKind) return warning;
+  return warning + "; mixdeck-cli repair salvages what there is";
+}

@@ -28,6 +28,8 @@ class FileDescription {
   /// it is cut short, or that its kind of samples is one that the recorder never writes. Empty when
   /// all is well.
   static std::string audioWarning(const WaveFileReader& reader);
+  /// The same, and what to do about it where something can be done.
+  static std::string audioAdvice(const WaveFileReader& reader);
 
  private:
   void describeChunks();

@@ -12,6 +12,7 @@
 
 #include "cli/Command.h"
 #include "cli/Interrupt.h"
+#include "cli/NotEmpty.h"
 #include "cli/Problem.h"
 #include "cli/Streams.h"
 
@@ -43,15 +44,17 @@ std::string openAndRead(const std::filesystem::path& path, std::string& text) {
 }  // namespace
 
 void FilesOption::add(CLI::App& command, Files& files, const std::string& what) {
-  command.add_option("FILE", files, what)->type_name("");
-  command
-      .add_option("--files-from", _list,
-                  "A file with the names of more of them, one a line or between NUL bytes; - is "
-                  "standard input")
-      ->type_name("LIST");
+  _words = command.add_option("FILE", files, what)->type_name("");
+  _option = command
+                .add_option("--files-from", _list,
+                            "A file with the names of more of them, one a line or between NUL "
+                            "bytes; - is standard input")
+                ->type_name("LIST");
 }
 
 void FilesOption::complete(Files& files) const {
+  refuseNothing(_option, _list);
+  for (const std::filesystem::path& file : files) refuseNothing(_words, file);
   if (!_list.empty()) {
     for (std::filesystem::path& name : namesIn(readList())) files.push_back(std::move(name));
   }

@@ -32,4 +32,6 @@ class FilesOption {
   [[nodiscard]] std::string readList() const;
 
   std::filesystem::path _list;
+  const CLI::Option* _words = nullptr;
+  const CLI::Option* _option = nullptr;
 };

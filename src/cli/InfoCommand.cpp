@@ -28,7 +28,7 @@ int InfoCommand::run() {
     if (description.isRecording()) continue;
     const auto reason = description.json()["reason"].get<std::string>();
     const std::string_view text = description.isReadable() ? kFileNotSupported : kFailToOpen;
-    Streams::err(problemLine(file, text, reason) + "\n");
+    Streams::err(sourceProblem(file, text, reason) + "\n");
     status = kFailed;
   }
   return status;

@@ -9,6 +9,7 @@
 
 #include "cli/FileDescription.h"
 #include "cli/Interrupt.h"
+#include "cli/NotEmpty.h"
 #include "cli/NumberCheck.h"
 #include "cli/Problem.h"
 #include "cli/Streams.h"
@@ -37,8 +38,11 @@ CLI::App* LevelsCommand::declare(CLI::App& program) {
   WidthOption::add(*command, _angle);
   command->add_flag("--meter-rule", _hasMeterRule,
                     "The two values, full scale 1, that the recorder's rule gives a level meter");
-  command->add_option("FILE", _file, "Recording")->required()->type_name("");
-  command->callback([this] { _stretch.check(); });
+  auto* file = command->add_option("FILE", _file, "Recording")->required()->type_name("");
+  command->callback([this, file] {
+    refuseNothing(file, _file);
+    _stretch.check();
+  });
   return command;
 }
 
@@ -52,7 +56,7 @@ int LevelsCommand::run() {
   if (!reason.empty()) return fail("No such stretch.", reason);
   const std::string note = WidthOption::note(_angle);
   if (!note.empty()) Streams::err(note + "\n");
-  warn(_file, FileDescription::audioWarning(*job.reader()));
+  warn(_file, FileDescription::audioAdvice(*job.reader()));
   warn(_file, WidthOption::warning(_angle, *job.reader()));
   const int status = _hasMeterRule ? tellByMeterRule(job) : tellPeaks(job);
   if (status != kDone && Interrupt::requested()) Streams::err("mixdeck-cli: cancelled\n");

@@ -27,7 +27,8 @@ int LiveCommand::handOver(char** arguments) {
   const std::string path = ProgramBeside::path(kProgram);
   execv(path.c_str(), arguments);
   const std::string reason = std::generic_category().message(errno);
-  Streams::err(printable(fmt::format("mixdeck-cli: {}: {}", path, reason)) + "\n");
+  Streams::err(printable(fmt::format("mixdeck-cli: {}: {}; install Mixdeck again", path, reason)) +
+               "\n");
   return kFailed;
 }
 

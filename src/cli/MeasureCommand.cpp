@@ -17,6 +17,7 @@
 #include "cli/Interrupt.h"
 #include "cli/MeasurePlot.h"
 #include "cli/MeasureReport.h"
+#include "cli/NotEmpty.h"
 #include "cli/NumberCheck.h"
 #include "cli/PngPicture.h"
 #include "cli/Printable.h"
@@ -52,14 +53,16 @@ CLI::App* MeasureCommand::declare(CLI::App& program) {
   _stretch.add(*command, StretchOption::Needs::Nothing);
   auto* json = command->add_flag("--json", _asJson, "One JSON object a line for each file");
   command->add_flag("--csv", _asCsv, "Comma-separated values, a line a width")->excludes(json);
-  command
-      ->add_option(
-          "--plot", _plot,
-          "A picture to write, FILE.svg or FILE.png: the waveform, and figures over all widths")
-      ->type_name("FILE");
+  auto* plot =
+      command
+          ->add_option(
+              "--plot", _plot,
+              "A picture to write, FILE.svg or FILE.png: the waveform, and figures over all widths")
+          ->type_name("FILE");
   command->add_flag("--quiet", _isQuiet, "Show no progress");
   _list.add(*command, _files, "Recordings");
-  command->callback([this] {
+  command->callback([this, plot] {
+    refuseNothing(plot, _plot);
     _list.complete(_files);
     checkOptions();
   });
@@ -130,7 +133,7 @@ std::optional<std::string> MeasureCommand::measure(std::size_t index, ProgressLi
     line.message(problemLine(file, "No such stretch.", reason));
     return std::nullopt;
   }
-  const std::string warning = FileDescription::audioWarning(*job.reader());
+  const std::string warning = FileDescription::audioAdvice(*job.reader());
   if (!warning.empty()) line.message(problemLine(file, kWarning, warning));
   const std::string width = WidthOption::warning(_angle, *job.reader());
   if (!width.empty()) line.message(problemLine(file, kWarning, width));

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include <new>
+#include <system_error>
 
 #include "cli/Emphasis.h"
 #include "cli/Printable.h"
@@ -17,9 +18,17 @@ std::string problemLine(const std::filesystem::path& path, std::string_view text
                      printable(reason));
 }
 
+std::string sourceProblem(const std::filesystem::path& path, std::string_view text,
+                          std::string_view reason) {
+  std::error_code error;
+  if (!std::filesystem::is_directory(path, error)) return problemLine(path, text, reason);
+  const std::string inside = (path / "*.WAV").native();
+  return problemLine(path, text, fmt::format("{}; name recordings, as {}", reason, inside));
+}
+
 std::string sourceProblem(const Export& job) {
-  return problemLine(job.getFilePath(), job.reader() ? kFileNotSupported : kFailToOpen,
-                     job.failure());
+  return sourceProblem(job.getFilePath(), job.reader() ? kFileNotSupported : kFailToOpen,
+                       job.failure());
 }
 
 std::string reasonOf(const std::exception& error) {

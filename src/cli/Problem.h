@@ -21,6 +21,9 @@ inline constexpr std::string_view kWarning = "Warning:";
 std::string problemLine(const std::filesystem::path& path, std::string_view text,
                         std::string_view reason);
 
+/// The same of a recording: where it is a folder, with the way to name those in it.
+std::string sourceProblem(const std::filesystem::path& path, std::string_view text,
+                          std::string_view reason);
 /// The same of a job whose file is not valid: whether it cannot be read, or is not supported.
 std::string sourceProblem(const Export& job);
 

@@ -51,7 +51,7 @@ bool RepairCommand::repair(std::size_t index, ProgressLine& line) const {
   std::string reason;
   const std::shared_ptr<const WaveImage> image = WaveImage::fromFile(take, reason);
   if (!image) {
-    line.message(problemLine(take, kFailToOpen, reason));
+    line.message(sourceProblem(take, kFailToOpen, reason));
     return false;
   }
   const TakeDiagnosis diagnosis = TakeDiagnosis::of(*image, &Interrupt::requested());

@@ -6,6 +6,7 @@
 #include <exception>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "base/Version.h"
 #include "cli/CopyCommand.h"
@@ -41,17 +42,43 @@ constexpr const char* kFooter =
     "  mixdeck-cli export --loudness -16 --output-dir Decoded *.WAV\n"
     "  find . -name '*.WAV' -print0 | mixdeck-cli measure --csv --files-from -";
 
-// A guess at what was meant by a word that is no command; empty where there is none.
-std::string guess(const CLI::App& program) {
-  const std::vector<CLI::App*> parsed = program.get_subcommands();
-  const CLI::App& asked = parsed.empty() ? program : *parsed.front();
-  std::vector<std::string> words;
-  for (const CLI::App* command : asked.get_subcommands({})) words.push_back(command->get_name());
-  for (const std::string& word : program.remaining(true)) {
-    const auto nearest = NearestWord::of(word, words);
-    if (nearest) return printable(word) + " is no command. Did you mean " + *nearest + "?\n";
+/// The command that the words lead to, as far as they are ones, and these words.
+struct Asked {
+  const CLI::App* command;
+  std::string words;
+
+  explicit Asked(const CLI::App& program) : command(&program), words(program.get_name()) {
+    for (auto parsed = command->get_subcommands(); !parsed.empty();
+         parsed = command->get_subcommands()) {
+      command = parsed.front();
+      words += " " + command->get_name();
+    }
   }
-  return "";
+};
+
+// Of a word that stands where a command should, what may have been meant; empty where none does.
+std::string unknownCommand(const CLI::App& asked, const std::vector<std::string>& rest) {
+  std::vector<std::string> known;
+  for (const CLI::App* command : asked.get_subcommands([](const CLI::App*) { return true; })) {
+    known.push_back(command->get_name());
+  }
+  std::string said;
+  for (const std::string& word : rest) {
+    if (known.empty() || word.starts_with('-')) continue;
+    const auto nearest = NearestWord::of(word, known);
+    if (nearest) return word + " is no command. Did you mean " + *nearest + "?";
+    if (said.empty()) said = word + " is no command";
+  }
+  return said;
+}
+
+// One line, as of anything else that goes wrong.
+std::string usageLine(const CLI::App& program, const CLI::ParseError& error) {
+  const Asked asked(program);
+  std::string said = unknownCommand(*asked.command, program.remaining(true));
+  if (said.empty()) said = error.what();
+  if (!said.ends_with('?')) said += "; see " + asked.words + " --help";
+  return "mixdeck-cli: " + printable(said) + "\n";
 }
 
 int runOneOf(const Tool::Commands& commands, int argc, char** argv) {
@@ -75,8 +102,8 @@ int runOneOf(const Tool::Commands& commands, int argc, char** argv) {
   } catch (const CLI::RuntimeError& error) {  // has been told
     return error.get_exit_code();
   } catch (const CLI::ParseError& error) {
-    if (program.exit(error) == 0) return Command::kDone;
-    Streams::err(guess(program));
+    if (error.get_exit_code() == 0) return program.exit(error);  // help, or the version
+    Streams::err(usageLine(program, error));
     return Command::kUsage;
   }
   for (const auto& [words, command] : declared) {

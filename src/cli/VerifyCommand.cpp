@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "cli/Interrupt.h"
+#include "cli/NotEmpty.h"
 #include "cli/Printable.h"
 #include "cli/Problem.h"
 #include "cli/SpeedText.h"
@@ -50,15 +51,22 @@ std::string summaryOf(const std::array<std::size_t, kWords.size()>& counts) {
   return text + "\n";
 }
 
+// What to do about it.
+std::string_view advice(FolderCheck::Obstacle obstacle) {
+  return obstacle == FolderCheck::Obstacle::Manifest ? "mend that, and verify again"
+                                                     : "name a folder that takes were copied into";
+}
+
 }  // namespace
 
 CLI::App* VerifyCommand::declare(CLI::App& program) {
   CLI::App* command =
       program.add_subcommand("verify", "Hold the files of a folder to its manifest");
   command->add_flag("--quiet", _isQuiet, "Tell nothing but what is not right");
-  command->add_option("FOLDER", _folder, "A folder that takes were copied into")
-      ->required()
-      ->type_name("");
+  auto* folder = command->add_option("FOLDER", _folder, "A folder that takes were copied into")
+                     ->required()
+                     ->type_name("");
+  command->callback([this, folder] { refuseNothing(folder, _folder); });
   return command;
 }
 
@@ -77,7 +85,8 @@ bool VerifyCommand::verify(ProgressLine& line) const {
   FolderCheck check(_folder);
   const std::string reason = check.whyNot();
   if (!reason.empty()) {
-    line.message(problemLine(_folder, kFailToOpen, reason));
+    line.message(
+        problemLine(_folder, kFailToOpen, fmt::format("{}; {}", reason, advice(check.obstacle()))));
     return false;
   }
   for (const std::string& problem : check.problems()) {

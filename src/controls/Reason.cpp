@@ -55,6 +55,8 @@ constexpr std::array kKnown = {
     QT_TRANSLATE_NOOP("Reason", "The card holds no takes"),
     QT_TRANSLATE_NOOP("Reason", "The card is gone"),
     QT_TRANSLATE_NOOP("Reason", "The folder cannot be made: %1"),
+    QT_TRANSLATE_NOOP("Reason", "The folder cannot be written to: %1"),
+    QT_TRANSLATE_NOOP("Reason", "The folder cannot be read: %1"),
     QT_TRANSLATE_NOOP("Reason", "Another copy is at work there"),
     QT_TRANSLATE_NOOP("Reason", "The manifest cannot be read: %1"),
     QT_TRANSLATE_NOOP("Reason", "The manifest cannot be written: %1"),

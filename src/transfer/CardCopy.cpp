@@ -3,11 +3,13 @@
 
 #include "transfer/CardCopy.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <cstdlib>
 #include <ctime>
 #include <optional>
@@ -53,38 +55,70 @@ std::optional<struct stat> statusOf(const fs::path& path) {
 CardCopy::CardCopy(fs::path card, fs::path destination)
     : _card(std::move(card)), _destination(std::move(destination)) {}
 
+std::string CardCopy::meet(Obstacle obstacle, std::string reason) {
+  _obstacle = obstacle;
+  return reason;
+}
+
 std::string CardCopy::prepare() {
+  std::string whyNot = listCard();
+  if (whyNot.empty()) whyNot = openFolder();
+  if (whyNot.empty()) whyNot = whyNoRoom();
+  if (!whyNot.empty()) return whyNot;
+  _manifest.createdAt = now();
+  _manifest.host = hostName();
+  return "";
+}
+
+std::string CardCopy::listCard() {
   std::error_code error;
+  const auto unreadable = [this](const std::string& reason) {
+    return meet(Obstacle::CardUnreadable, fmt::format("The card cannot be read: {}", reason));
+  };
   const bool isFolder = fs::is_directory(_card, error);
-  if (error) return fmt::format("The card cannot be read: {}", error.message());
-  if (!isFolder) return "The card is no folder";
-  if (isInside(_destination, _card)) return "The card is never written to, but holds the folder";
+  if (error) return unreadable(error.message());
+  if (!isFolder) return meet(Obstacle::CardUnreadable, "The card is no folder");
+  if (isInside(_destination, _card)) {
+    return meet(Obstacle::Inside, "The card is never written to, but holds the folder");
+  }
   FolderFiles listed = FolderFiles::of(_card, FolderFiles::Which::Takes);
   _takes = std::move(listed.files);
   _gaps = std::move(listed.gaps);
-  if (_takes.empty() && !_gaps.empty()) return "The card cannot be read: " + _gaps.front().reason;
-  if (_takes.empty()) return "The card holds no takes";
-  error = FolderSync::make(_destination);
-  if (error) return fmt::format("The folder cannot be made: {}", error.message());
-  _lock = std::make_unique<ManifestLock>(_destination);
-  if (_lock->isElsewhere()) return "Another copy is at work there";
-  _manifests = std::make_unique<ManifestFolder>(_destination);
-  if (!_manifests->whyNot().empty()) return "The manifest cannot be read: " + _manifests->whyNot();
-  _manifest.createdAt = now();
-  _manifest.host = hostName();
-  return whyNoRoom();
+  if (!_takes.empty()) return "";
+  return _gaps.empty() ? meet(Obstacle::CardEmpty, "The card holds no takes")
+                       : unreadable(_gaps.front().reason);
 }
 
-std::string CardCopy::whyNoRoom() const {
+std::string CardCopy::openFolder() {
+  const std::error_code error = FolderSync::make(_destination);
+  if (error) {
+    return meet(Obstacle::FolderUnwritable,
+                fmt::format("The folder cannot be made: {}", error.message()));
+  }
+  _lock = std::make_unique<ManifestLock>(_destination);
+  if (_lock->isElsewhere()) return meet(Obstacle::FolderBusy, "Another copy is at work there");
+  _manifests = std::make_unique<ManifestFolder>(_destination);
+  if (_manifests->whyNot().empty()) return "";
+  return meet(Obstacle::ManifestUnreadable, "The manifest cannot be read: " + _manifests->whyNot());
+}
+
+// Where all takes are there already a folder will do that cannot be written to.
+std::string CardCopy::whyNoRoom() {
   std::uint64_t wanted = 0;
   for (const CardTake& take : _takes) {
     if (!statusOf(targetOf(take))) wanted += take.size;
+  }
+  if (wanted > 0 && faccessat(AT_FDCWD, _destination.c_str(), W_OK | X_OK, AT_EACCESS) != 0) {
+    const std::string reason = std::generic_category().message(errno);
+    return meet(Obstacle::FolderUnwritable,
+                fmt::format("The folder cannot be written to: {}", reason));
   }
   std::error_code error;
   const fs::space_info space = fs::space(_destination, error);
   // Some file systems do not tell.
   if (error || space.capacity == 0 || wanted <= space.available) return "";
-  return fmt::format("The takes need {} bytes, and {} are free", wanted, space.available);
+  return meet(Obstacle::FolderFull,
+              fmt::format("The takes need {} bytes, and {} are free", wanted, space.available));
 }
 
 bool CardCopy::run() {
@@ -162,8 +196,14 @@ void CardCopy::copy(const CardTake& take) {
     return tell(take, Outcome::Copied);
   }
   tell(take, Outcome::Failed, job.failure());
-  if (end == TakeCopy::End::NotRead && !statusOf(_card / take.path)) _failure = "The card is gone";
-  if (job.isDiskFull()) _failure = job.failure();
+  if (end == TakeCopy::End::NotRead && !statusOf(_card / take.path)) {
+    fail(Obstacle::CardGone, "The card is gone");
+  }
+  if (job.isDiskFull()) fail(Obstacle::FolderFull, job.failure());
+}
+
+void CardCopy::fail(Obstacle obstacle, const std::string& reason) {
+  _failure = meet(obstacle, reason);
 }
 
 void CardCopy::skip(const CardTake& take) {
@@ -211,7 +251,7 @@ void CardCopy::syncNames() const {
 
 void CardCopy::fallShort(const std::string& reason) {
   if (!reason.empty() && _failure.empty()) {
-    _failure = fmt::format("The manifest cannot be written: {}", reason);
+    fail(Obstacle::ManifestUnwritable, fmt::format("The manifest cannot be written: {}", reason));
   }
 }
 

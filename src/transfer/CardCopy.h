@@ -33,6 +33,19 @@ class CardCopy {
     Outcome outcome;
     std::string reason;  ///< in words for people; empty unless it differs or failed
   };
+  /// What kept the copy from beginning, or ended it: something of the card, or of the destination.
+  enum class Obstacle {
+    None,
+    CardUnreadable,  ///< or no folder
+    CardEmpty,
+    CardGone,
+    Inside,  ///< the destination is on the card
+    FolderUnwritable,
+    FolderBusy,
+    FolderFull,
+    ManifestUnreadable,
+    ManifestUnwritable
+  };
   /// How far the work is. Bytes count twice: read from the card, and read back.
   struct Progress {
     std::uint64_t done = 0;
@@ -55,7 +68,8 @@ class CardCopy {
 
   /// Lists the card and makes the destination. Empty when the copy can begin, else why not: the
   /// card cannot be read, holds no takes, or holds the destination, another copy is at work there,
-  /// the manifests there cannot be read, or there is not enough room.
+  /// the manifests there cannot be read, or takes that are not there yet cannot be written: there
+  /// is no right to, or not enough room.
   std::string prepare();
   /// Whether the whole card could be listed, and every take is there and verified in the end. After
   /// `prepare`.
@@ -64,6 +78,8 @@ class CardCopy {
   [[nodiscard]] bool wasCancelled() const { return _wasCancelled; }
   /// What ended the whole copy, or kept the manifest from being written; empty when nothing did.
   [[nodiscard]] const std::string& failure() const { return _failure; }
+  /// What of both is meant by the reason of `prepare`, and by `failure`.
+  [[nodiscard]] Obstacle obstacle() const { return _obstacle; }
   /// What of the card could not be listed. After `prepare`.
   [[nodiscard]] const std::vector<FolderFiles::Gap>& gaps() const { return _gaps; }
   /// What is wrong with the manifests that are there, a sentence each. After `prepare`.
@@ -73,7 +89,10 @@ class CardCopy {
   [[nodiscard]] std::uint64_t copiedBytes() const { return _copiedBytes; }
 
  private:
-  [[nodiscard]] std::string whyNoRoom() const;
+  std::string meet(Obstacle obstacle, std::string reason);
+  std::string listCard();
+  std::string openFolder();
+  std::string whyNoRoom();
   void handle(const CardTake& take);
   [[nodiscard]] bool isKnown(const CardTake& take) const;
   void compare(const CardTake& take);
@@ -84,6 +103,7 @@ class CardCopy {
   void saveManifest();
   void syncNames() const;
   void fallShort(const std::string& reason);
+  void fail(Obstacle obstacle, const std::string& reason);
   [[nodiscard]] bool isSaveDue() const;
   [[nodiscard]] bool hasEnded() const { return _wasCancelled || !_failure.empty(); }
   [[nodiscard]] MediumStep step();
@@ -107,5 +127,6 @@ class CardCopy {
   std::uint64_t _copiedBytes = 0;
   bool _isAllThere = true;
   bool _wasCancelled = false;
+  Obstacle _obstacle = Obstacle::None;
   std::string _failure;
 };

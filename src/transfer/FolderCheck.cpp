@@ -15,10 +15,31 @@ FolderCheck::FolderCheck(fs::path folder)
       _manifests(_folder),
       _found(FolderFiles::of(_folder, FolderFiles::Which::All)) {}
 
+FolderCheck::Obstacle FolderCheck::obstacle() const {
+  if (_manifests.isThere()) return Obstacle::None;
+  if (!whyNotListed().empty()) return Obstacle::Folder;
+  return _manifests.whyNot().empty() ? Obstacle::NoManifest : Obstacle::Manifest;
+}
+
 std::string FolderCheck::whyNot() const {
-  if (_manifests.isThere()) return "";
-  if (!_manifests.whyNot().empty()) return "The manifest cannot be read: " + _manifests.whyNot();
-  return fmt::format("It has no manifest ({})", ManifestFolder::kName);
+  switch (obstacle()) {
+    case Obstacle::Folder:
+      return "The folder cannot be read: " + whyNotListed();
+    case Obstacle::NoManifest:
+      return fmt::format("It has no manifest ({})", ManifestFolder::kName);
+    case Obstacle::Manifest:
+      return "The manifest cannot be read: " + _manifests.whyNot();
+    case Obstacle::None:
+      break;
+  }
+  return "";
+}
+
+// Of the folder itself, not of one in it.
+std::string FolderCheck::whyNotListed() const {
+  const auto isWhole = [](const FolderFiles::Gap& gap) { return gap.path.empty(); };
+  const auto gap = std::find_if(gaps().begin(), gaps().end(), isWhole);
+  return gap == gaps().end() ? "" : gap->reason;
 }
 
 std::vector<std::string> FolderCheck::problems() const {

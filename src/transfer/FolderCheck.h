@@ -23,11 +23,16 @@ class FolderCheck {
     std::string path;    ///< from the folder on, as the manifest has it
     std::string detail;  ///< where it moved to, or why it is changed or unreadable
   };
+  /// Why nothing can be checked.
+  enum class Obstacle { None, Folder, NoManifest, Manifest };
   using Tell = std::function<void(const Finding&)>;
 
   explicit FolderCheck(std::filesystem::path folder);
 
-  /// Why nothing can be checked: there is no manifest. Empty otherwise.
+  /// What keeps it from being checked: that it cannot be listed, has no manifest, or has one that
+  /// cannot be read.
+  [[nodiscard]] Obstacle obstacle() const;
+  /// The same, in words; empty where it can be checked.
   [[nodiscard]] std::string whyNot() const;
   /// What is wrong with the manifests themselves.
   [[nodiscard]] std::vector<std::string> problems() const;
@@ -46,6 +51,7 @@ class FolderCheck {
   void checkNew(const CardTake& file);
   [[nodiscard]] bool mayHaveMoved(const CardTake& file) const;
   std::vector<std::string> takeHidden();
+  [[nodiscard]] std::string whyNotListed() const;
 
   std::filesystem::path _folder;
   ManifestFolder _manifests;

@@ -139,15 +139,39 @@ class CopyTest(CardCase):
 
     def test_what_cannot_begin_says_so(self):
         os.mkdir(self.path("empty"))
+        self.file("file", b"")
         for words, reason in {
-                ("none", "home"): "none: Fail to save. The card cannot be read: No such file or "
-                                  "directory",
-                ("empty", "home"): "empty: Fail to save. The card holds no takes",
-                ("card", "card/home"): "card: Fail to save. The card is never written to, but holds "
-                                       "the folder"}.items():
+                ("none", "home"): "none: Fail to open. The card cannot be read: No such file or "
+                                  "directory; CARD is the folder that the card is mounted on",
+                ("file", "home"): "file: Fail to open. The card is no folder; CARD is the folder "
+                                  "that the card is mounted on",
+                ("empty", "home"): "empty: Fail to open. The card holds no takes; takes are its "
+                                   ".WAV files",
+                ("card", "card/home"): "card/home: Fail to save. The card is never written to, but "
+                                       "holds the folder; choose another DEST",
+                ("card", "file/home"): "file/home: Fail to save. The folder cannot be made: Not a "
+                                       "directory; choose another DEST"}.items():
             self.expect(1, "copy", *words, out="", err=f"mixdeck-cli: {reason}\n")
         self.expect(2, "copy", "card")
         self.expect(2, "verify")
+
+    def test_a_folder_that_may_not_be_written_to_is_said_once(self):
+        os.mkdir(self.path("locked"), 0o555)
+        self.expect(1, "copy", "card", "locked", out="", preexec_fn=as_nobody,
+                    err="mixdeck-cli: locked: Fail to save. The folder cannot be written to: "
+                        "Permission denied; choose another DEST\n")
+        self.expect(0, "copy", "--quiet", "card", "home")
+        os.chmod(self.path("home"), 0o555)
+        self.expect(0, "copy", "--quiet", "card", "home", out="", err="", preexec_fn=as_nobody)
+
+    def test_manifests_that_cannot_be_read_are_not_written_over(self):
+        self.expect(0, "copy", "--quiet", "card", "home")
+        with open(self.path("home", "ascmhl", "ascmhl_chain.xml"), "w", encoding="utf-8") as file:
+            file.write("<half")
+        self.expect(1, "copy", "card", "home", out="",
+                    err="mixdeck-cli: home: Fail to save. The manifest cannot be read: "
+                        "ascmhl_chain.xml: it is not well-formed; choose another DEST, or move its "
+                        "folder ascmhl away\n")
 
     def test_without_unnamed_files_no_hidden_file_stays(self):
         self.expect(0, "copy", "--quiet", "card", "home", err="",
@@ -197,7 +221,15 @@ class VerifyTest(CardCase):
 
     def test_without_a_manifest_it_fails(self):
         self.expect(1, "verify", "card", out="",
-                    err="mixdeck-cli: card: Fail to open. It has no manifest (ascmhl)\n")
+                    err="mixdeck-cli: card: Fail to open. It has no manifest (ascmhl); name a "
+                        "folder that takes were copied into\n")
+
+    def test_a_folder_that_is_none_fails(self):
+        self.file("file", b"")
+        for name, reason in {"none": "No such file or directory", "file": "Not a directory"}.items():
+            self.expect(1, "verify", name, out="",
+                        err=f"mixdeck-cli: {name}: Fail to open. The folder cannot be read: {reason}; "
+                            "name a folder that takes were copied into\n")
 
 
 class InterruptedTest(CardCase):
@@ -267,7 +299,8 @@ class InterruptedTest(CardCase):
             said, errors = process.communicate(timeout=300)
         self.assertEqual(process.returncode, 1)
         self.assertEqual(errors, "mixdeck-cli: R0004.WAV: Not copied. Input/output error\n"
-                                 "mixdeck-cli: card: Fail to save. The card is gone\n")
+                                 "mixdeck-cli: card: Fail to open. The card is gone; plug it in and "
+                                 "copy again: what is there stays\n")
         self.assertEqual(said.splitlines()[:3],
                          [f"R000{number}.WAV: copied and verified" for number in (1, 2, 3)])
         self.check_what_is_there()
@@ -290,7 +323,9 @@ class InterruptedTest(CardCase):
 
     def test_no_room_is_known_beforehand(self):
         os.truncate(self.path("card", "R0007.WAV"), 1 << 43)
-        self.assertIn("The takes need ", self.expect(1, "copy", "card", "home", out="").stderr)
+        self.assertRegex(self.expect(1, "copy", "card", "home", out="").stderr,
+                         r"^mixdeck-cli: home: Fail to save. The takes need \d+ bytes, and \d+ are "
+                         r"free; make room there, or choose another DEST\n$")
         self.assertEqual(self.at_home(), {})
 
 

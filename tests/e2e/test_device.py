@@ -81,7 +81,7 @@ class StatusTest(DeviceCase):
         self.assertEqual(result.stdout, "".join(TEXT.splitlines(True)[:5]) +
                          "Stopped at step: 10 (battery type)\n")
         self.assertEqual(result.stderr, "mixdeck-cli: The recorder does not answer: battery type "
-                                        "(step 10).\n")
+                                        "(step 10). Plug it in again.\n")
 
     def test_no_recorder(self):
         begin = time.monotonic()

@@ -42,9 +42,23 @@ class UsageTest(Case):
     def test_a_typo_names_the_nearest_command(self):
         for words, meant in ((["exprot", "a.wav"], "export"), (["messure", "a.wav"], "measure"),
                              (["device", "stauts"], "status"), (["devcie"], "device")):
-            self.assertIn(f" is no command. Did you mean {meant}?\n", self.usage_error(*words))
-        self.assertNotIn("Did you mean", self.usage_error("frobnicate", "a.wav"))
-        self.assertNotIn("Did you mean", self.usage_error("a.wav"))
+            self.assertEqual(self.usage_error(*words), f"mixdeck-cli: {words[-2 if 'a.wav' in words else -1]} "
+                             f"is no command. Did you mean {meant}?\n")
+        for words in (["frobnicate", "a.wav"], ["a.wav"]):
+            self.assertEqual(self.usage_error(*words), f"mixdeck-cli: {words[0]} is no command; see "
+                             "mixdeck-cli --help\n")
+
+    def test_wrong_usage_is_one_line_that_names_the_help(self):
+        for words in (["export"], ["info", "--loud", "a.wav"], ["export", "--angle=200", "a.wav"],
+                      ["measure", "--csv", "--json", "a.wav"], ["levels", "a.wav"], ["copy", "a"],
+                      ["verify"], ["repair"], ["play"], ["demo", "a.wav"]):
+            self.assertRegex(self.usage_error(*words),
+                             f"^mixdeck-cli: [^\n]+; see mixdeck-cli {words[0]} --help\n$")
+        self.assertRegex(self.usage_error("device", "set-battery", "9"),
+                         "^mixdeck-cli: [^\n]+; see mixdeck-cli device set-battery --help\n$")
+        self.assertEqual(self.usage_error(), "mixdeck-cli: A subcommand is required; see mixdeck-cli "
+                                             "--help\n")
+        self.assertRegex(self.usage_error("export", "--gain=1\n2", "a.wav"), r"^[^\n]*1\\n2[^\n]*\n$")
 
     def test_every_command_that_chats_can_be_quiet(self):
         for word in ("export", "measure", "copy", "verify", "repair", "demo"):
@@ -91,9 +105,17 @@ class UsageTest(Case):
         error = self.usage_error("export", "--output", "x.wav", "a.wav", "a.wav")
         self.assertIn("--output", error)
 
-    def test_an_output_that_is_empty(self):
-        for option in ("--output", "--output-dir"):
-            self.assertIn(f"{option}: is empty", self.usage_error("export", option, "", "a.wav"))
+    def test_an_option_that_is_empty(self):
+        for words in (["export", "--output"], ["export", "--output-dir"], ["export", "--files-from"],
+                      ["measure", "--plot"]):
+            self.assertIn(f"{words[1]}: is empty", self.usage_error(*words, "", "a.wav"))
+        self.assertIn("--output-dir: is empty", self.usage_error("demo", "--output-dir", ""))
+
+    def test_a_name_that_is_empty(self):
+        for words, name in ((["export", "a.wav", ""], "FILE"), (["info", ""], "FILE"), (["play", ""], "FILE"),
+                            (["levels", "--from", "0", "--to", "1", ""], "FILE"), (["copy", "", "home"], "CARD"),
+                            (["copy", ".", ""], "DEST"), (["verify", ""], "FOLDER")):
+            self.assertIn(f": {name}: is empty; ", self.usage_error(*words))
 
     def test_ends_before_beginnings(self):
         for word in ("levels", "measure", "play"):
@@ -104,6 +126,42 @@ class UsageTest(Case):
         for value in ("-1", "nan", "soon", "1:60", "1:2:3:4", ""):
             self.usage_error("levels", f"--from={value}", "--to", "1", "a.wav")
             self.usage_error("levels", "--from", "0", f"--to={value}", "a.wav")
+
+
+class WrongInputTest(Case):
+    """Each command with what it cannot use: one line that names it, once, and status 1."""
+
+    commands = (["export"], ["measure"], ["info"], ["repair"], ["play"],
+                ["levels", "--from", "0", "--to", "1"])
+
+    def failure_of(self, *words, **options):
+        """What is said, which begins with the name of what is wrong."""
+        result = self.expect(1, *words, out="", **options)
+        self.assertRegex(result.stderr, f"^mixdeck-cli: {re.escape(words[-1])}: Fail to open. [^\n]+\n$")
+        return result.stderr
+
+    def test_files_that_are_not_there(self):
+        for words in self.commands:
+            self.assertIn("No such file or directory", self.failure_of(*words, "none.wav"))
+
+    def test_folders_in_the_place_of_files(self):
+        os.mkdir(self.path("takes"))
+        for words in self.commands:
+            self.assertIn("Is a directory; name recordings, as takes/*.WAV",
+                          self.failure_of(*words, "takes"))
+
+    def test_files_that_may_not_be_read(self):
+        os.chmod(self.file("a.wav", recording()), 0)
+        for words in self.commands:
+            self.assertIn("Permission denied", self.failure_of(*words, "a.wav", preexec_fn=as_nobody))
+
+    def test_lists_that_cannot_be_used(self):
+        self.file("empty", b"")
+        for words in (["export"], ["measure"], ["info"], ["repair"]):
+            self.assertIn("No such file", self.failure_of(*words, "--files-from", "none"))
+            result = self.expect(2, *words, "--files-from", "empty", out="")
+            self.assertEqual(result.stderr, "mixdeck-cli: --files-from: names no file; see mixdeck-cli "
+                                            f"{words[0]} --help\n")
 
 
 class ExportTest(Case):
@@ -286,8 +344,8 @@ class ExportTest(Case):
     def test_warnings_do_not_fail(self):
         self.file("cut.wav", self.read("a.wav")[:-5])
         result = self.expect(0, "export", "--quiet", "cut.wav", out="")
-        self.assertTrue(re.fullmatch(r"mixdeck-cli: cut.wav: Warning: Cut short: .*\n",
-                                     result.stderr), result.stderr)
+        self.assertRegex(result.stderr, r"^mixdeck-cli: cut.wav: Warning: Cut short: [^\n]*; mixdeck-cli "
+                                        r"repair salvages what there is\n$")
         self.assertEqual(unpack24(samples_of(self.path("cut_Decode.WAV"))), self.expected24()[:4])
 
 

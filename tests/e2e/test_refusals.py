@@ -35,7 +35,8 @@ class RefusalTest(Case):
             self.refused(f"{name}: File not supported. {reason}", name)
 
     def test_sources_that_cannot_be_read(self):
-        for name, reason in {"missing.wav": "No such file or directory", ".": "Is a directory",
+        for name, reason in {"missing.wav": "No such file or directory",
+                             ".": "Is a directory; name recordings, as ./*.WAV",
                              "/dev/null": "Not a regular file"}.items():
             self.refused(f"{name}: Fail to open. {reason}", name)
 

@@ -22,7 +22,7 @@ class StartTest(Case):
             result = subprocess.run([alone, word], capture_output=True, text=True, check=False)
             self.assertEqual((result.returncode, result.stdout), (1, ""))
             self.assertEqual(result.stderr, f"mixdeck-cli: {self.path('mixdeck-cli-live')}: No such "
-                                            "file or directory\n")
+                                            "file or directory; install Mixdeck again\n")
 
     def test_it_is_handed_every_word(self):
         for word, option in (("play", "--volume"), ("device", "--simulate")):

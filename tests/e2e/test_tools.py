@@ -278,14 +278,18 @@ class DemoTest(Case):
     def test_a_folder_that_cannot_be_made(self):
         self.file("file", b"")
         result = self.expect(1, "demo", "--output-dir", "file/sub", out="")
-        self.assertEqual(result.stderr, "".join(
-            f"mixdeck-cli: file/sub/{name}: Fail to save. Not a directory\n"
-            for name in self.names_made))
+        self.assertEqual(result.stderr, "mixdeck-cli: file/sub: Fail to save. Not a directory; "
+                                        "--output-dir names another\n")
 
     def test_a_folder_that_may_not_be_written(self):
         os.mkdir(self.path("locked"), 0o555)
-        result = self.expect(1, "demo", "--output-dir", "locked", out="", preexec_fn=as_nobody)
-        self.assertIn("locked/R0001.WAV: Fail to save. Permission denied\n", result.stderr)
+        self.expect(1, "demo", "--output-dir", "locked", out="", preexec_fn=as_nobody,
+                    err="mixdeck-cli: locked: Fail to save. Permission denied; --output-dir names "
+                        "another\n")
+        for name in self.names_made:
+            self.file(f"locked/{name}", b"")
+        self.expect(0, "demo", "--quiet", "--output-dir", "locked", out="", err="",
+                    preexec_fn=as_nobody)
 
 
 class ProgressTest(Case):

@@ -40,7 +40,7 @@ void DeviceSettingTask::acknowledged() {
 
 void DeviceSettingTask::refuse() {
   showJson(true, false);
-  fail(fmt::format("The recorder does not acknowledge the setting. {}", name()));
+  fail(fmt::format("The recorder does not acknowledge the setting. {}. Plug it in again.", name()));
 }
 
 void DeviceSettingTask::showJson(bool isConnected, bool isAcknowledged) {

@@ -44,7 +44,7 @@ void DeviceTask::start() {
   const std::string reason = _setup.unavailable();
   if (!reason.empty()) {
     onAbsent(_link.step());
-    return fail(reason);
+    return fail(reason + " --simulate needs none.");
   }
   const bool isPatient = length() == Length::UntilInterrupted && !_setup.wait;
   if (!isPatient) _deadline = deadlineIn(_setup.wait.value_or(kUsualWait));
@@ -112,8 +112,8 @@ std::string DeviceTask::absence() const {
 }
 
 std::string DeviceTask::noAnswer(std::int64_t step) {
-  return fmt::format("The recorder does not answer: {} (step {}).", DeviceReport::stepName(step),
-                     step);
+  return fmt::format("The recorder does not answer: {} (step {}). Plug it in again.",
+                     DeviceReport::stepName(step), step);
 }
 
 void DeviceTask::end(int status) {

@@ -12,6 +12,7 @@
 #include "base/Log.h"
 #include "cli/Interrupt.h"
 #include "cli/LiveCommand.h"
+#include "cli/NotEmpty.h"
 #include "cli/NumberCheck.h"
 #include "cli/Problem.h"
 #include "cli/Streams.h"
@@ -47,11 +48,12 @@ CLI::App* PlayCommand::declare(CLI::App& program) {
       ->check(realBetween(0, 1))
       ->capture_default_str();
   _stretch.add(*command, StretchOption::Needs::Nothing);
-  command->add_option("FILE", _file, "Recording")->required()->type_name("");
+  auto* file = command->add_option("FILE", _file, "Recording")->required()->type_name("");
   command->footer(
       "Keys: space pauses, left and right seek 5 s, up and down change the gain, [ and ] the "
       "width, q quits.");
-  command->callback([this] {
+  command->callback([this, file] {
+    refuseNothing(file, _file);
     _stretch.check();
     if (_stretch.to() && *_stretch.to() <= _stretch.from()) {
       throw CLI::ValidationError("--to", "is not after --from");

@@ -119,9 +119,8 @@ void PlaySession::onPlayFinish(const Notification& /*event*/) {
 
 // At a terminal someone can have it tried again.
 void PlaySession::onLost(const std::string& message) {
-  tell(message);
-  if (_terminal && _terminal->isActive()) return;
-  tell("It plays over PipeWire or PulseAudio; export writes to a file what would be heard.");
+  if (_terminal && _terminal->isActive()) return tell(message);
+  tell(message + " It plays over PipeWire or PulseAudio; export writes what would be heard.");
   end(false);
 }
 

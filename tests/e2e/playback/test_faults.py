@@ -33,9 +33,8 @@ class NoServerTest(Case):
                               capture_output=True, text=True, timeout=PATIENCE)
         self.assertEqual(done.returncode, 1)
         self.assertEqual(done.stderr,
-                         "mixdeck-cli: There is no sound server (Connection refused).\n"
-                         "mixdeck-cli: It plays over PipeWire or PulseAudio; export writes to a "
-                         "file what would be heard.\n")
+                         "mixdeck-cli: There is no sound server (Connection refused). It plays over "
+                         "PipeWire or PulseAudio; export writes what would be heard.\n")
 
     def test_files_that_cannot_be_played(self):
         rubbish = self.folder / "rubbish.wav"

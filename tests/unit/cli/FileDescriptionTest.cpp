@@ -16,6 +16,7 @@ namespace {
 
 using Bytes = std::vector<std::byte>;
 using Names = std::vector<std::string>;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -34,9 +35,10 @@ class FileDescriptionTest : public testing::Test {
 
   /// The warning for a data chunk that states `stated` bytes and holds `held`.
   static std::string warning(std::uint32_t stated, std::size_t held) {
-    const Bytes bytes =
-        WaveBytes().format24().recorderBext().chunk("data", stated, Bytes(held)).get();
-    return FileDescription::audioWarning(*WaveFileReader::readFromData(bytes));
+    return FileDescription::audioWarning(*WaveFileReader::readFromData(cut(stated, held)));
+  }
+  static Bytes cut(std::uint32_t stated, std::size_t held) {
+    return WaveBytes().format24().recorderBext().chunk("data", stated, Bytes(held)).get();
   }
 
   TemporaryFolder _folder;
@@ -212,6 +214,16 @@ TEST_F(FileDescriptionTest, WarnsOfMissingAudio) {
   // The end of such a chunk wraps around 32 bits, to before its start.
   EXPECT_EQ(warning(0xFFFFFFFF, 12),
             "No audio: the data chunk states 4294967295 bytes, the file holds 12 after it");
+}
+
+TEST_F(FileDescriptionTest, AdvisesToSalvageWhatBrokeOffAlone) {
+  const auto adviceOf = [](const Bytes& bytes) {
+    return FileDescription::audioAdvice(*WaveFileReader::readFromData(bytes));
+  };
+  EXPECT_EQ(adviceOf(cut(12, 12)), "");
+  EXPECT_THAT(adviceOf(cut(13, 12)), EndsWith("; mixdeck-cli repair salvages what there is"));
+  EXPECT_THAT(adviceOf(WaveBytes().format(1, 1, 48000, 24).recorderBext().data(Bytes(24)).get()),
+              Not(HasSubstr("repair")));
 }
 
 }  // namespace

@@ -209,6 +209,24 @@ TEST_F(CardCopyTest, AFolderThatCannotBeListedIsToldAndTheOthersAreCopied) {
   EXPECT_TRUE(isRight());
 }
 
+TEST_F(CardCopyTest, TellsWhatStandsInItsWay) {
+  using Obstacle = CardCopy::Obstacle;
+  const auto obstacle = [](const fs::path& card, const fs::path& home) {
+    CardCopy job(card, home);
+    job.prepare();
+    return job.obstacle();
+  };
+  fs::create_directories(_folder.path() / "empty");
+  EXPECT_EQ(obstacle(card(), home()), Obstacle::None);
+  EXPECT_EQ(obstacle(card() / "R0001.WAV", home()), Obstacle::CardUnreadable);
+  EXPECT_EQ(obstacle(_folder.path() / "empty", home()), Obstacle::CardEmpty);
+  EXPECT_EQ(obstacle(card(), card() / "home"), Obstacle::Inside);
+  put("file", Bytes(1));
+  EXPECT_EQ(obstacle(card(), _folder.path() / "file" / "home"), Obstacle::FolderUnwritable);
+  fs::resize_file(card() / "R0001.WAV", std::uintmax_t{1} << 43);
+  EXPECT_EQ(obstacle(card(), home()), Obstacle::FolderFull);
+}
+
 TEST_F(CardCopyTest, TellsWhyItCannotBegin) {
   const auto whyNot = [](const fs::path& card, const fs::path& home) {
     return CardCopy(card, home).prepare();

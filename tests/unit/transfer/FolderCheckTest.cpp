@@ -80,7 +80,17 @@ TEST_F(FolderCheckTest, WhatAFolderHidesIsNotMissing) {
 
 TEST_F(FolderCheckTest, AFolderWithoutAManifestCannotBeChecked) {
   EXPECT_EQ(FolderCheck(card()).whyNot(), "It has no manifest (ascmhl)");
+  EXPECT_EQ(FolderCheck(card()).obstacle(), FolderCheck::Obstacle::NoManifest);
   EXPECT_EQ(FolderCheck(home()).whyNot(), "");
+  EXPECT_EQ(FolderCheck(home()).obstacle(), FolderCheck::Obstacle::None);
+}
+
+TEST_F(FolderCheckTest, AFolderThatIsNoneCannotBeChecked) {
+  const FolderCheck none(home() / "none");
+  EXPECT_EQ(none.whyNot(), "The folder cannot be read: No such file or directory");
+  EXPECT_EQ(none.obstacle(), FolderCheck::Obstacle::Folder);
+  EXPECT_EQ(FolderCheck(home() / "R0001.WAV").whyNot(),
+            "The folder cannot be read: Not a directory");
 }
 
 TEST_F(FolderCheckTest, AManifestThatWasTouchedIsNotRight) {
