@@ -678,7 +678,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Whole take</source>
-        <translation>Ganzer Take</translation>
+        <translation>Gesamt</translation>
     </message>
     <message>
         <source>Loudness of the take</source>
