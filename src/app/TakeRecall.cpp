@@ -96,12 +96,22 @@ void TakeRecall::apply(const RememberedSound& sound) {
 BatchTake::Recall TakeRecall::ofTakes() {
   if (!_action.isChecked()) return {};
   remember();
+  lookForTrouble();
   return [keeper = _keeper](const WaveFileReader& reader) {
     const std::string take = TakeIdentity::of(reader);
     const auto sound = take.empty() ? std::nullopt : keeper->find(take);
     if (!sound) return std::optional<BatchTake::Sound>();
     return std::optional(BatchTake::Sound{sound->width, static_cast<double>(sound->gain)});
   };
+}
+
+void TakeRecall::lookForTrouble() {
+  _look.begin([this, keeper = _keeper]() -> Errand::Outcome {
+    static_cast<void>(keeper->find({}));
+    return [this, trouble = keeper->takeTrouble()] {
+      if (trouble != TakeMemory::Trouble::None && !_told.contains(trouble)) tell(trouble);
+    };
+  });
 }
 
 void TakeRecall::changed() {

@@ -44,7 +44,7 @@ class TakeRecall : public QObject {
   ~TakeRecall() override;
 
   /// Tells, on any thread, what a take was heard with last; null while the switch is off. Of the
-  /// take that is open that is what it is heard with now.
+  /// take that is open that is what it is heard with now. That nothing can be known is told.
   [[nodiscard]] BatchTake::Recall ofTakes();
 
  signals:
@@ -60,6 +60,7 @@ class TakeRecall : public QObject {
   void changed();
   void remember();
   void end();
+  void lookForTrouble();
   void tell(TakeMemory::Trouble trouble);
   [[nodiscard]] RememberedSound heard() const;
 
@@ -69,6 +70,7 @@ class TakeRecall : public QObject {
   TakeSession& _take;
   std::shared_ptr<TakeKeeper> _keeper;
   Errand _errand;                         ///< finds out which take it is
+  Errand _look;                           ///< for trouble, where no take is opened
   std::string _identity;                  ///< empty until that is known
   std::optional<RememberedSound> _first;  ///< as it was when the take was opened
   std::optional<RememberedSound> _known;  ///< as it is remembered

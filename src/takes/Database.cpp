@@ -79,6 +79,10 @@ bool Database::isOutOfReach() const {
   return _code == SQLITE_CANTOPEN || _code == SQLITE_READONLY || _code == SQLITE_PERM;
 }
 
+bool Database::isBusy() const {
+  return _code == SQLITE_BUSY;
+}
+
 std::string Database::failure() const {
   return _code == SQLITE_OK ? std::string() : sqlite3_errstr(_code);
 }

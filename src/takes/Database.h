@@ -41,6 +41,8 @@ class Database {
   [[nodiscard]] bool isDamaged() const;
   /// Whether the last failure is that the file could not be opened, or written to.
   [[nodiscard]] bool isOutOfReach() const;
+  /// Whether the last failure is that another program has it locked.
+  [[nodiscard]] bool isBusy() const;
   [[nodiscard]] std::string failure() const;
   /// The file stays as it is when the connection ends.
   void leaveAlone();

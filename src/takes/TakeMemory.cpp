@@ -164,11 +164,18 @@ bool TakeMemory::use(const Work& work) {
 }
 
 TakeMemory::End TakeMemory::tryOnce(const Work& work) {
-  const UseLock lock(_file, UseLock::Kind::Shared, _patience);
-  Database database(_file, Database::Access::Write, _patience);
+  return tryFor(_hasWaitedInVain ? std::chrono::milliseconds(0) : _patience, work);
+}
+
+TakeMemory::End TakeMemory::tryFor(std::chrono::milliseconds patience, const Work& work) {
+  const auto began = std::chrono::steady_clock::now();
+  const UseLock lock(_file, UseLock::Kind::Shared, patience);
+  Database database(_file, Database::Access::Write, patience);
   const End end = useOpened(database, work);
+  const bool hasWaited = std::chrono::steady_clock::now() - began >= patience;
+  _hasWaitedInVain = end == End::Failed && database.isBusy() && hasWaited;
   if (end != End::Failed || !database.isOutOfReach()) return end;
-  Database frozen(_file, Database::Access::Frozen, _patience);
+  Database frozen(_file, Database::Access::Frozen, patience);
   return useOpened(frozen, work);
 }
 
@@ -181,7 +188,7 @@ TakeMemory::End TakeMemory::useOpened(Database& database, const Work& work) {
     _trouble = Trouble::Newer;
     return End::Failed;
   }
-  if (!isWhole(database, *version)) return End::Damaged;
+  if (!isWhole(database, *version)) return database.isBusy() ? fail(database) : End::Damaged;
   if (*version < kVersion && !database.isReadOnly() && !bringUp(database)) return fail(database);
   return work(database) ? End::Done : fail(database);
 }
@@ -217,6 +224,7 @@ bool TakeMemory::setAside() {
     const auto version = database.number("PRAGMA user_version");
     const bool isKnown = version && *version >= 0 && *version <= kVersion;
     if (isKnown && isWhole(database, *version)) return true;
+    if (database.isBusy()) return false;  // it is not known what it holds
   }
   std::error_code error;
   fs::rename(_file, damagedPath(), error);

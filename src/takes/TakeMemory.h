@@ -22,7 +22,9 @@ class Database;
 /// The file is opened for each operation alone, so that nothing is lost with a program that ends,
 /// and several programs may use it at once. One that is damaged is set aside under the name with
 /// ".damaged" added, and a new one begun; one of a newer version is left as it is, and nothing is
-/// remembered. What cannot be read or written counts as not remembered.
+/// remembered. What cannot be read or written counts as not remembered. An operation waits for
+/// another program that has the file locked as long as its patience lasts; after one that waited in
+/// vain none waits until one has succeeded, so that many do not wait many times.
 ///
 /// Nothing throws. One thread at a time; each operation waits for the medium.
 class TakeMemory {
@@ -66,6 +68,7 @@ class TakeMemory {
 
   bool use(const Work& work);
   End tryOnce(const Work& work);
+  End tryFor(std::chrono::milliseconds patience, const Work& work);
   End useOpened(Database& database, const Work& work);
   bool isWhole(Database& database, std::int64_t version);
   static bool bringUp(Database& database);
@@ -75,6 +78,7 @@ class TakeMemory {
   std::filesystem::path _file;
   std::chrono::milliseconds _patience;
   bool _isChecked = false;
+  bool _hasWaitedInVain = false;
   Trouble _trouble = Trouble::None;
   std::string _failure;
 };

@@ -13,6 +13,7 @@
 #include "WindowFixture.h"
 #include "base/Utility.h"
 #include "dialogs/BatchDialog.h"
+#include "support/LockedMemory.h"
 #include "takes/TakeMemory.h"
 
 namespace {
@@ -50,23 +51,41 @@ class Recall : public WindowFixture {
     EXPECT_EQ(stage().sliderGain->integerValue(), gain);
     EXPECT_EQ(player().angle(), static_cast<std::int64_t>(width));
   }
+  /// Asks for the export of all takes of the list; the dialog that came, once it knows what there
+  /// is to know.
+  BatchDialog& askForAll() {
+    QTest::keyClick(view().browser->tableFile, Qt::Key_A, Qt::ControlModifier);
+    QTest::mouseClick(view().browser->btnExportSelected, Qt::LeftButton);
+    auto* const dialog = shown<BatchDialog>();
+    waitFor([&] { return beginOf(*dialog).isEnabled(); }, "the plan");
+    return *dialog;
+  }
+  static QPushButton& beginOf(const BatchDialog& dialog) {
+    return *dialog.findChild<QPushButton*>(QStringLiteral("export"));
+  }
+  static QCheckBox& rememberedOf(const BatchDialog& dialog) {
+    return *dialog.findChild<QCheckBox*>(QStringLiteral("remembered"));
+  }
   /// Exports all takes of the list as they are remembered; what is made of them goes.
   std::vector<ExportOrder> ordersOfAll() {
     std::vector<ExportOrder> orders;
     QObject::connect(&controller().exportQueue(), &ExportQueue::added,
                      [&orders](int, const ExportOrder& order) { orders.push_back(order); });
-    QTest::keyClick(view().browser->tableFile, Qt::Key_A, Qt::ControlModifier);
-    QTest::mouseClick(view().browser->btnExportSelected, Qt::LeftButton);
-    auto* const dialog = shown<BatchDialog>();
-    auto* const remembered = dialog->findChild<QCheckBox*>(QStringLiteral("remembered"));
-    waitFor([&] { return remembered->isVisible(); }, "what is remembered");
-    remembered->setChecked(true);
-    auto* const begin = dialog->findChild<QPushButton*>(QStringLiteral("export"));
-    waitFor([&] { return begin->isEnabled(); }, "the plan");
-    QTest::mouseClick(begin, Qt::LeftButton);
+    const BatchDialog& dialog = askForAll();
+    EXPECT_TRUE(rememberedOf(dialog).isVisible());
+    rememberedOf(dialog).setChecked(true);
+    waitFor([&] { return beginOf(dialog).isEnabled(); }, "the plan");
+    QTest::mouseClick(&beginOf(dialog), Qt::LeftButton);
     controller().exportQueue().cancelAll();
     waitFor([this] { return !controller().exportQueue().isBusy(); }, "the end");
     return orders;
+  }
+  /// Has something remembered, and ends.
+  void rememberSomething() {
+    startOnTakes();
+    openKnown("A.WAV");
+    set(60, -6);
+    end();
   }
   [[nodiscard]] std::optional<FrameLoop> loop() { return controller().take().loop(); }
   [[nodiscard]] QString said() const {
@@ -208,6 +227,40 @@ TEST_F(Recall, ADamagedMemoryIsToldAndANewOneBegun) {
   set(30, 0);
   openKnown("A.WAV");
   expectSound(75, 9);
+}
+
+TEST_F(Recall, AMemoryThatIsLockedIsToldAndTheTakePlays) {
+  rememberSomething();
+  const LockedMemory locked(TakeMemory::defaultPath());
+  startOnTakes();
+  openKnown("A.WAV");
+  EXPECT_EQ(said(), "What takes were heard with cannot be remembered.");
+  EXPECT_EQ(state(), PLAY_STATE_PLAY);
+  set(30, 4);
+  openKnown("B.WAV");
+  expectSound(30, 4);
+  EXPECT_EQ(state(), PLAY_STATE_PLAY);
+}
+
+// The list has its rows, too.
+TEST_F(Recall, AMemoryThatIsLockedIsToldAndTakesAreExportedTogether) {
+  rememberSomething();
+  const LockedMemory locked(TakeMemory::defaultPath());
+  startOnTakes();
+  const BatchDialog& dialog = askForAll();
+  EXPECT_FALSE(rememberedOf(dialog).isVisible());
+  waitFor([this] { return !said().isEmpty(); }, "what is the matter");
+  EXPECT_EQ(said(), "What takes were heard with cannot be remembered.");
+  QTest::mouseClick(&beginOf(dialog), Qt::LeftButton);
+  waitFor([this] { return !controller().exportQueue().isBusy(); }, "the end");
+  for (const char* const name : {"A_Decode.WAV", "B_Decode.WAV", "Plain_Decode.WAV"}) {
+    EXPECT_TRUE(std::filesystem::exists(takes.path() / name)) << name;
+  }
+  const auto* const rows = view().browser->tableFile->model();
+  const auto isMarked = [&] {
+    return rows->index(rowOf("A.WAV"), 0).data(FileListModel::kExportedRole).toBool();
+  };
+  waitFor(isMarked, "that it was exported");
 }
 
 }  // namespace

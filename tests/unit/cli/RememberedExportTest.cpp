@@ -12,6 +12,7 @@
 
 #include "cli/ExportCommand.h"
 #include "support/EnvironmentVariable.h"
+#include "support/LockedMemory.h"
 #include "support/TemporaryFolder.h"
 #include "support/WaveBytes.h"
 #include "takes/TakeIdentity.h"
@@ -102,6 +103,20 @@ TEST_F(RememberedExport, ADamagedMemoryIsTold) {
   const auto unknown = take("a.wav", 900'000);
   exported(unknown, {"--remembered"});
   EXPECT_NE(said.find("takes.db.damaged"), std::string::npos) << said;
+}
+
+TEST_F(RememberedExport, AMemoryThatAnotherProgramHasLockedIsToldAndTheExportIsWritten) {
+  const auto known = take("a.wav", 900'000);
+  remember(known, {60.0, -6, std::nullopt});
+  const auto plain = exported(known, {});
+  {
+    const LockedMemory locked(TakeMemory::defaultPath());
+    EXPECT_EQ(exported(known, {"--remembered"}), plain);
+  }
+  EXPECT_NE(said.find("What is remembered cannot be read; it is exported at 120 degrees and 0 dB"),
+            std::string::npos)
+      << said;
+  EXPECT_NE(exported(known, {"--remembered"}), plain) << "nothing was lost";
 }
 
 TEST_F(RememberedExport, AWidthOrAGainBesideItIsWrongUsage) {

@@ -11,14 +11,18 @@
 #include <atomic>
 #include <chrono>
 #include <csignal>
+#include <filesystem>
 #include <fstream>
+#include <memory>
 #include <new>
+#include <optional>
 #include <random>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "support/Confinement.h"
+#include "support/LockedMemory.h"
 #include "unit/takes/MemoryFixture.h"
 
 namespace {
@@ -115,6 +119,15 @@ class MemoryFault : public MemoryFixture {
     }
   }
 
+  /// For a moment, where nobody else uses it.
+  void lockShortly() const {
+    sqlite3* other = nullptr;
+    sqlite3_open(file.c_str(), &other);
+    sqlite3_exec(other, "PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE", nullptr, nullptr,
+                 nullptr);
+    sqlite3_close(other);
+  }
+
   static constexpr int kTakes = 25;
 
  private:
@@ -191,6 +204,47 @@ TEST_F(MemoryFault, WhileAnotherProgramHasItLockedItIsReadAndNotSetAside) {
   sqlite3_close(other);
   EXPECT_TRUE(memory.remember("a", sound(3)));
   EXPECT_EQ(gainOf(file, "a"), 3);
+}
+
+// Takes that are asked for one after the other wait once, not once each.
+TEST_F(MemoryFault, WhoHasWaitedInVainDoesNotWaitAgainUntilItIsFree) {
+  remember(file, "a", 1);
+  constexpr int kAsked = 50;
+  constexpr std::chrono::milliseconds kPatience(100);
+  using Clock = std::chrono::steady_clock;
+  TakeMemory memory(file, kPatience);
+  auto lock = std::make_unique<const LockedMemory>(file);
+  const auto before = Clock::now();
+  EXPECT_EQ(memory.find("a"), std::nullopt);
+  EXPECT_GE(Clock::now() - before, kPatience);
+  EXPECT_EQ(memory.takeTrouble(), Trouble::OutOfReach);
+  for (int i = 0; i < kAsked; ++i) EXPECT_EQ(memory.find("a"), std::nullopt);
+  EXPECT_FALSE(memory.remember("a", sound(2)));
+  EXPECT_TRUE(memory.exportsOf("/takes").empty());
+  EXPECT_LT(Clock::now() - before, kAsked / 2 * kPatience);
+  EXPECT_FALSE(std::filesystem::exists(memory.damagedPath()));
+  lock.reset();
+  EXPECT_EQ(memory.find("a"), sound(1));
+  EXPECT_TRUE(memory.remember("a", sound(2)));
+}
+
+// Be it locked between two looks at it.
+TEST_F(MemoryFault, WhatIsLockedNowAndThenIsNeverTakenForDamaged) {
+  remember(file, "a", 1);
+  std::atomic<bool> isOver{false};
+  std::thread other([&] {
+    while (!isOver) lockShortly();
+  });
+  for (int i = 0; i < 300; ++i) {
+    TakeMemory memory(file, std::chrono::milliseconds(0));
+    const auto found = memory.find("a");
+    EXPECT_TRUE(!found || found == sound(1));
+    EXPECT_NE(memory.takeTrouble(), Trouble::SetAside);
+  }
+  isOver = true;
+  other.join();
+  EXPECT_FALSE(std::filesystem::exists(TakeMemory(file).damagedPath()));
+  EXPECT_EQ(gainOf(file, "a"), 1);
 }
 
 TEST_F(MemoryFault, AFolderThatCannotBeMadeIsHarmless) {
