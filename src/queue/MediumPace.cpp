@@ -37,6 +37,17 @@ bool isOn(const fs::path& file) {
   return stream.get(value) && value == '1';
 }
 
+// A disk that encrypts another one, or puts several together, knows them as its slaves.
+bool standsOnSlow(const fs::path& disk) {
+  std::error_code error;
+  fs::directory_iterator slave(disk / "slaves", error);
+  for (const fs::directory_iterator end; !error && slave != end; slave.increment(error)) {
+    const fs::path device = fs::canonical(slave->path(), error);
+    if (!error && MediumPace::isSlow(device)) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 bool MediumPace::isSlow(const fs::path& device) {
@@ -44,7 +55,8 @@ bool MediumPace::isSlow(const fs::path& device) {
   const bool isPartition = fs::exists(device / "partition", error);
   const fs::path disk = isPartition ? device.parent_path() : device;
   const bool isCard = disk.filename().native().starts_with("mmcblk");
-  return isCard || isOn(disk / "removable") || isOn(disk / "queue" / "rotational");
+  return isCard || isOn(disk / "removable") || isOn(disk / "queue" / "rotational") ||
+         standsOnSlow(disk);
 }
 
 unsigned MediumPace::atOnce(const fs::path& folder, const fs::path& system) {

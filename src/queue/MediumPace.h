@@ -7,13 +7,13 @@
 /// How many exports at a time a medium is good for. Stateless; any thread; waits for the medium.
 class MediumPace {
  public:
-  /// One where the folder is on a card, a stick, a turning disk or a network: several only get in
-  /// each other's way there. One a processor elsewhere, and where that cannot be told. `system` is
-  /// where the kernel tells of its devices.
+  /// One where the folder is on a card, a stick, a turning disk or a network, encrypted or not:
+  /// several only get in each other's way there. One a processor elsewhere, and where that cannot
+  /// be told. `system` is where the kernel tells of its devices.
   static unsigned atOnce(const std::filesystem::path& folder,
                          const std::filesystem::path& system = "/sys");
 
   /// Whether a device is slow when several use it: its folder below `system`, a partition's or a
-  /// disk's.
+  /// disk's. One that is made of others, as the kernel's mapper makes it, is as slow as they are.
   static bool isSlow(const std::filesystem::path& device);
 };

@@ -8,7 +8,10 @@
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 
+#include <filesystem>
 #include <fstream>
+#include <string>
+#include <vector>
 
 #include "export/ProcessorShare.h"
 #include "support/TemporaryFolder.h"
@@ -27,6 +30,17 @@ class MediumPaceTest : public testing::Test {
     std::ofstream(disk / "queue" / "rotational") << isRotational << '\n';
     std::ofstream(disk / (name + "p1") / "partition") << "1\n";
     return disk / (name + "p1");
+  }
+  /// A disk that the kernel's mapper makes of other devices.
+  std::filesystem::path mapped(const std::string& name,
+                               const std::vector<std::filesystem::path>& devices) const {
+    const auto disk = this->disk(name, false, false).parent_path();
+    std::filesystem::remove_all(disk / (name + "p1"));
+    std::filesystem::create_directories(disk / "slaves");
+    for (const auto& device : devices) {
+      std::filesystem::create_symlink(device, disk / "slaves" / device.filename());
+    }
+    return disk;
   }
   /// Has this device hold the folder of the takes.
   void hold(const std::filesystem::path& device) const {
@@ -49,6 +63,18 @@ TEST_F(MediumPaceTest, CardsSticksAndTurningDisksAreSlow) {
   EXPECT_TRUE(MediumPace::isSlow(disk("sdb", true, false)));
   EXPECT_TRUE(MediumPace::isSlow(disk("sdc", false, true)));
   EXPECT_TRUE(MediumPace::isSlow(disk("sdd", false, true).parent_path()));
+}
+
+TEST_F(MediumPaceTest, AnEncryptedStickIsAsSlowAsAStick) {
+  const auto stick = disk("sdb", true, false);
+  const auto fast = disk("nvme0n1", false, false);
+  EXPECT_TRUE(MediumPace::isSlow(mapped("dm-0", {stick})));
+  EXPECT_FALSE(MediumPace::isSlow(mapped("dm-1", {fast})));
+  EXPECT_FALSE(MediumPace::isSlow(mapped("dm-2", {})));
+  const auto both = mapped("dm-3", {fast, stick});
+  EXPECT_TRUE(MediumPace::isSlow(both)) << "one of them is enough";
+  EXPECT_TRUE(MediumPace::isSlow(mapped("dm-4", {both}))) << "a volume in it";
+  EXPECT_FALSE(MediumPace::isSlow(mapped("dm-5", {_system.path() / "gone"})));
 }
 
 TEST_F(MediumPaceTest, ASlowMediumHasOneAtATime) {
