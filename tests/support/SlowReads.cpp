@@ -15,6 +15,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdlib>
+#include <limits>
 #include <mutex>
 #include <thread>
 
@@ -23,18 +24,19 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t kPiece = 1 << 16;
+constexpr auto kAnyNumber = std::numeric_limits<std::uint64_t>::max();
 
 struct Medium {
   std::mutex mutex;
   std::string folder;
   std::condition_variable changed;
-  std::uint64_t round = 0;     ///< counts the calls that set the medium up
-  std::uint64_t share = 0;     ///< bytes a thread may have; 0 is any number
-  bool isShared = false;       ///< `given` counts
-  std::uint64_t given = 0;     ///< bytes that all may have
-  std::uint64_t taken = 0;     ///< bytes that all have had of them
-  std::thread::id privileged;  ///< who is not held to it
-  Clock::time_point free;      ///< when the medium has done what was asked of it
+  std::uint64_t round = 0;           ///< counts the calls that set the medium up
+  std::uint64_t share = kAnyNumber;  ///< bytes a thread may have
+  bool isShared = false;             ///< `given` counts
+  std::uint64_t given = 0;           ///< bytes that all may have
+  std::uint64_t taken = 0;           ///< bytes that all have had of them
+  std::thread::id privileged;        ///< who is not held to it
+  Clock::time_point free;            ///< when the medium has done what was asked of it
   std::atomic<std::uint64_t> rate{0};
   std::atomic<bool> isActive{false};
   std::atomic<bool> isGone{false};
@@ -87,7 +89,7 @@ void waitForShare(std::size_t bytes) {
   Medium& all = medium();
   std::unique_lock lock(all.mutex);
   const std::uint64_t taken = account().taken += bytes;
-  if (all.share == 0 || all.privileged == std::this_thread::get_id()) return;
+  if (all.share == kAnyNumber || all.privileged == std::this_thread::get_id()) return;
   const auto mayGoOn = [&, round = all.round] {
     return taken <= all.share || all.round != round || all.isGone || !all.isActive;
   };
@@ -193,7 +195,7 @@ Function next(const char* name) {
 }  // namespace
 
 void SlowReads::limit(const std::string& folder, std::uint64_t bytesPerSecond) {
-  setUp(folder, bytesPerSecond, 0);
+  setUp(folder, bytesPerSecond, kAnyNumber);
 }
 
 void SlowReads::share(const std::string& folder, std::uint64_t bytesPerThread) {
@@ -202,7 +204,7 @@ void SlowReads::share(const std::string& folder, std::uint64_t bytesPerThread) {
 
 void SlowReads::give(const std::string& folder, std::uint64_t bytes) {
   Medium& all = medium();
-  if (!all.isShared) setUp(folder, 0, 0);
+  if (!all.isShared) setUp(folder, 0, kAnyNumber);
   const std::lock_guard lock(all.mutex);
   all.isShared = true;
   all.given += bytes;
@@ -225,7 +227,7 @@ void SlowReads::breakListings(int times) {
 }
 
 void SlowReads::refusePastCache(const std::string& folder) {
-  setUp(folder, 0, 0);
+  setUp(folder, 0, kAnyNumber);
   medium().isPastCacheRefused = true;
 }
 

@@ -14,8 +14,9 @@ class SlowReads {
  public:
   /// All readers share the rate, piece by piece; nothing is cached. 0 is full speed.
   static void limit(const std::string& folder, std::uint64_t bytesPerSecond);
-  /// A medium without a clock: every other thread gets so many bytes and then waits, until the next
-  /// call here or `reset`. The calling thread is never held up; `takenHere` tells what it took.
+  /// A medium without a clock: every other thread gets so many bytes, none for 0, and then waits,
+  /// until the next call here or `reset`. The calling thread is never held up; `takenHere` tells
+  /// what it took.
   static void share(const std::string& folder, std::uint64_t bytesPerThread);
   /// The same for all other threads together: they get so many bytes more and then wait.
   static void give(const std::string& folder, std::uint64_t bytes);
