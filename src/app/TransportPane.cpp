@@ -139,6 +139,8 @@ void TransportPane::showState() {
   } else {
     stopTimer();
   }
+  // It may have turned since the timer looked, and Play may go on at the slider.
+  if (state == TakeSession::State::Paused && _take.loop()) refresh();
   if (state == TakeSession::State::Finished) rewind();
 }
 

@@ -101,6 +101,23 @@ TEST_F(Transport, GoesOnAtTheSliderWhereTheSoundWasChanged) {
   EXPECT_EQ(session->state(), State::Playing);
 }
 
+// The loop has turned since the timer looked at it last.
+TEST_F(Transport, GoesOnInsideTheLoopAfterItsTurn) {
+  open("a.WAV");
+  session->setLoop(FrameLoop{0, kRate / 2});
+  session->seek(0.045);
+  play(20);
+  pane->refresh();
+  pane->stopTimer();
+  ASSERT_GT(view.sliderTime->value(), 0.04);
+  play(200);
+  pane->playOrPause();
+  EXPECT_NEAR(view.sliderTime->value(), 0.017, 0.005);
+  session->setAngle(60.0);
+  pane->playOrPause();
+  EXPECT_NEAR(session->time(), 0.17, 0.05);
+}
+
 TEST_F(Transport, IsReadyToBeginAgainAtTheEnd) {
   open("a.WAV");
   session->seek(0.98);
