@@ -129,10 +129,9 @@ bool CopyCommand::copy(ProgressLine& line) const {
   });
   job.setProgress([&](const CardCopy::Progress& progress) {
     const std::uint64_t left = progress.total - std::min(progress.done, progress.total);
-    // Each byte counts twice, read and read back, and once for how fast takes come home.
     line.show(progress.done, progress.total, [&] {
       return fmt::format("{} of {} takes  {}  {}", progress.takesDone, progress.takes,
-                         speed.text(progress.worked / 2, (progress.worked + left) / 2),
+                         speed.text(progress.worked, progress.worked + left),
                          printable(progress.take.native()));
     });
   });

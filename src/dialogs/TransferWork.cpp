@@ -54,9 +54,8 @@ class Copying {
     _job.setVersion(kFullVersion);
     _job.setCancelFlag(&desk.cancel());
     _job.setResult([this](const CardCopy::Result& result) { tell(result); });
-    // Each byte counts twice there, read and read back, and once for how fast takes come home.
     _job.setProgress([this](const CardCopy::Progress& progress) {
-      _desk.tell({progress.done / 2, progress.total / 2, progress.worked / 2, progress.takesDone,
+      _desk.tell({progress.done, progress.total, progress.worked, progress.takesDone,
                   progress.takes});
     });
   }

@@ -210,7 +210,14 @@ void CardCopy::skip(const CardTake& take) {
   _doneBefore += 2 * take.size;
   _progress.done = _doneBefore;
   if (!hasEnded()) ++_progress.takesDone;
-  if (_tellProgress) _tellProgress(_progress);
+  tellProgress();
+}
+
+void CardCopy::tellProgress() const {
+  if (!_tellProgress) return;
+  Progress told = _progress;
+  for (std::uint64_t* const bytes : {&told.done, &told.total, &told.worked}) *bytes /= 2;
+  _tellProgress(told);
 }
 
 void CardCopy::record(const CardTake& take, const std::string& hash) {
@@ -260,7 +267,7 @@ MediumStep CardCopy::step() {
   return [this](std::uint64_t bytes) {
     _progress.done += bytes;
     _progress.worked += bytes;
-    if (_tellProgress) _tellProgress(_progress);
+    tellProgress();
     _wasCancelled = _cancel != nullptr && _cancel->load(std::memory_order_relaxed);
     return !_wasCancelled;
   };

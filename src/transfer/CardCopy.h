@@ -46,9 +46,9 @@ class CardCopy {
     ManifestUnreadable,
     ManifestUnwritable
   };
-  /// How far the work is. Bytes count twice: read from the card, and read back.
+  /// How far the work is. A byte is half done when it was read, and wholly when it was read back.
   struct Progress {
-    std::uint64_t done = 0;
+    std::uint64_t done = 0;  ///< bytes
     std::uint64_t total = 0;
     std::uint64_t worked = 0;  ///< of those done that were not just known: what takes the time
     std::size_t takesDone = 0;
@@ -98,6 +98,7 @@ class CardCopy {
   void compare(const CardTake& take);
   void copy(const CardTake& take);
   void skip(const CardTake& take);
+  void tellProgress() const;
   void record(const CardTake& take, const std::string& hash);
   void tell(const CardTake& take, Outcome outcome, const std::string& reason = {});
   void saveManifest();
@@ -122,8 +123,8 @@ class CardCopy {
   std::unique_ptr<ManifestFolder> _manifests;
   Manifest _manifest;
   std::size_t _savedEntries = 0;
-  Progress _progress;
-  std::uint64_t _doneBefore = 0;  ///< bytes of the takes that are over
+  Progress _progress;             ///< with each byte twice: read, and read back
+  std::uint64_t _doneBefore = 0;  ///< likewise, of the takes that are over
   std::uint64_t _copiedBytes = 0;
   bool _isAllThere = true;
   bool _wasCancelled = false;
