@@ -55,8 +55,13 @@ class Reference : public WindowFixture {
     const auto* const measured = controller().findChild<MeasuredTake*>();
     ASSERT_NE(measured, nullptr);
     waitFor([measured] { return measured->progress() == 1; }, "the whole take");
-    waitFor([this] { return stage().field->wholeTake->figure().has_value(); }, "the loudness");
+    // What it was half way goes with the per cent beside it.
+    waitFor([this] { return isLoudnessWhole(); }, "the loudness");
     waitFor([this] { return !view().player->waveform->columns().columns.empty(); }, "the waveform");
+  }
+  [[nodiscard]] bool isLoudnessWhole() const {
+    const FigureLine& loudness = *stage().field->wholeTake;
+    return loudness.figure().has_value() && !loudness.figureText().contains(u'%');
   }
   /// What one does with a take: listen, turn, zoom, loop, solo, look closely, jump about.
   void use(const std::string& name) {
