@@ -7,7 +7,6 @@
 #include <QFontMetricsF>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <cmath>
 
 #include "app/MainViewParts.h"
 #include "controls/Appearance.h"
@@ -19,8 +18,7 @@ constexpr int kLeastPixels = 6;
 
 QString text(const std::optional<double>& figure, const QString& unit) {
   if (!figure) return QStringLiteral("–");
-  const double tenths = std::round(*figure * 10) + 0.0;  // no "-0.0"
-  return NumberText::of(tenths / 10, 1).replace(u'-', u'−') + u' ' + unit;
+  return NumberText::printed(NumberText::level(*figure)) + u' ' + unit;
 }
 
 // The same for assistive software, which reads a plain minus sign.

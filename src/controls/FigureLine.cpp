@@ -66,14 +66,15 @@ void FigureLine::setNote(const QString& note) {
 }
 
 QString FigureLine::digits() const {
-  if (!_figure) return QStringLiteral("–");
-  const double tenths = std::round(*_figure * 10);
-  const QString text = NumberText::of(std::abs(tenths) / 10, 1);
-  return tenths < 0 ? u'-' + text : text;
+  return _figure ? NumberText::level(*_figure) : QStringLiteral("–");
 }
 
+// With three digits before the point there is no room for a tenth, and no use.
 QString FigureLine::shownText() const {
-  return digits().replace(u'-', u'−');
+  constexpr double kLong = 99.95;
+  const bool isLong = _figure && std::abs(*_figure) >= kLong;
+  const QString text = isLong ? NumberText::of(*_figure, 0) : digits();
+  return NumberText::printed(text);
 }
 
 QString FigureLine::figureText() const {

@@ -4,6 +4,7 @@
 #include "controls/NumberText.h"
 
 #include <QLocale>
+#include <cmath>
 
 QString NumberText::localized(QString text) {
   return text.replace(u'.', QLocale().decimalPoint());
@@ -15,6 +16,13 @@ QString NumberText::of(double number, int decimals) {
 
 QString NumberText::of(double number) {
   return localized(QString::number(number));
+}
+
+QString NumberText::level(double decibels) {
+  const double tenths = std::round(decibels * 10);
+  const QString digits = of(std::abs(tenths) / 10, 1);
+  if (tenths == 0) return digits;
+  return (tenths > 0 ? u'+' : u'-') + digits;
 }
 
 QString NumberText::printed(QString text) {

@@ -13,6 +13,8 @@ class NumberText {
   static QString of(double number, int decimals);
   /// With as many digits as are needed, six at most.
   static QString of(double number);
+  /// A level to a tenth, with its sign, which is a plain one: "+2.0", "-23.1", "0.0".
+  static QString level(double decibels);
   /// What has been written with a point, as it is written here.
   static QString localized(QString text);
   /// With the minus sign that is printed before every number in it. What assistive software reads

@@ -21,7 +21,5 @@ double PeakHold::tenths() const {
 QString PeakHold::text() const {
   const double shown = tenths();
   if (!std::isfinite(shown)) return _peak > 0 ? QStringLiteral("∞") : QStringLiteral("–");
-  QString digits = NumberText::of(std::abs(shown), 1);
-  if (shown == 0) return digits;
-  return digits.prepend(shown > 0 ? u'+' : u'-');
+  return NumberText::level(shown);
 }

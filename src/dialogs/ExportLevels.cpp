@@ -97,8 +97,7 @@ TakeFigures ExportLevels::figures() const {
 QString ExportLevels::text(const std::optional<double>& figure, const QString& unit) const {
   if (!_analysis) return _measuring.isUnderWay() ? QStringLiteral("…") : QStringLiteral("–");
   if (!figure) return QStringLiteral("–");
-  const double tenths = std::round(*figure * 10) + 0.0;  // no "-0.0"
-  return NumberText::of(tenths / 10, 1) + u' ' + unit;
+  return NumberText::level(*figure) + u' ' + unit;
 }
 
 QString ExportLevels::loudnessText() const {

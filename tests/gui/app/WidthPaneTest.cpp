@@ -117,7 +117,8 @@ TEST_F(Width, IsToldWhereThePointerIs) {
   const auto text = [this](int width, double gain) {
     const TakeFigures figures = measured->analysis()->at(width, gain);
     const auto number = [](double figure) {
-      return QString::number(figure, 'f', 1).replace(u'-', u'−');
+      const QString digits = QString::number(figure, 'f', 1).replace(u'-', u'−');
+      return figure > 0 ? u'+' + digits : digits;
     };
     return QString("%1°|%2 LUFS|%3 dBTP")
         .arg(width)

@@ -217,4 +217,22 @@ TEST(FigureLine, IsReadWithItsUnitAndAPlainMinus) {
   EXPECT_EQ(line.shownText(), "0.0");
 }
 
+TEST(FigureLine, LeavesATenthOutThatItsTitleHasTheRoomOf) {
+  FigureLine line("Momentary", "LUFS");
+  line.setFigure(-99.94);
+  EXPECT_EQ(line.shownText(), "−99.9");
+  line.setFigure(-138.46);
+  EXPECT_EQ(line.shownText(), "−138");
+  EXPECT_EQ(line.figureText(), "-138.5 LUFS") << "as it is read";
+}
+
+TEST(FigureLine, HasTheSignOfWhatIsOver) {
+  FigureLine line("True peak", "dBTP");
+  line.setFigure(2.04);
+  EXPECT_EQ(line.shownText(), "+2.0") << "as the figure of a peak has";
+  EXPECT_EQ(line.figureText(), "+2.0 dBTP");
+  line.setFigure(0.04);
+  EXPECT_EQ(line.shownText(), "0.0");
+}
+
 }  // namespace

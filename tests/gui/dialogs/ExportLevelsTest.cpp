@@ -65,7 +65,8 @@ class ExportLevelsTest : public DialogFixture {
         << text << " in " << seen(dialog).toStdString();
   }
   static QString printed(double figure) {
-    return QString::number(figure, 'f', 1).replace(u'-', u'−');
+    const QString text = QString::number(figure, 'f', 1).replace(u'-', u'−');
+    return figure > 0 ? u'+' + text : text;
   }
   /// What assistive software reads where this is shown.
   static QString readFor(const ExportVC& dialog, const QString& text) {
