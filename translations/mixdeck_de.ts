@@ -2006,7 +2006,7 @@ MIT-Lizenz</translation>
         <translation>Momentan, maximal</translation>
     </message>
     <message>
-        <source>Short term, at most</source>
+        <source>Short-term, at most</source>
         <translation>Kurzzeit, maximal</translation>
     </message>
     <message>

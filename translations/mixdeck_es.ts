@@ -2006,7 +2006,7 @@ Licencia MIT</translation>
         <translation>Momentánea, máxima</translation>
     </message>
     <message>
-        <source>Short term, at most</source>
+        <source>Short-term, at most</source>
         <translation>A corto plazo, máxima</translation>
     </message>
     <message>

@@ -2006,7 +2006,7 @@ Licence MIT</translation>
         <translation>Momentanée, maximale</translation>
     </message>
     <message>
-        <source>Short term, at most</source>
+        <source>Short-term, at most</source>
         <translation>Court terme, maximale</translation>
     </message>
     <message>

@@ -2000,7 +2000,7 @@ MIT ライセンス</translation>
         <translation>モーメンタリー最大</translation>
     </message>
     <message>
-        <source>Short term, at most</source>
+        <source>Short-term, at most</source>
         <translation>ショートターム最大</translation>
     </message>
     <message>

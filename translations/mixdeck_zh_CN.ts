@@ -2000,7 +2000,7 @@ MIT 许可证</translation>
         <translation>瞬时最大</translation>
     </message>
     <message>
-        <source>Short term, at most</source>
+        <source>Short-term, at most</source>
         <translation>短期最大</translation>
     </message>
     <message>

@@ -35,7 +35,7 @@ std::vector<Line> linesOf(const TakeFigures& f) {
   return {{TakeInformation::tr("Integrated loudness"), figure(f.integratedLufs, 2, "LUFS")},
           {TakeInformation::tr("Loudness range"), figure(f.rangeLu, 2, "LU")},
           {TakeInformation::tr("Momentary, at most"), figure(f.momentaryMaxLufs, 2, "LUFS")},
-          {TakeInformation::tr("Short term, at most"), figure(f.shortTermMaxLufs, 2, "LUFS")},
+          {TakeInformation::tr("Short-term, at most"), figure(f.shortTermMaxLufs, 2, "LUFS")},
           {TakeInformation::tr("True peak"), figure(f.truePeakDbtp, 2, "dBTP")},
           {TakeInformation::tr("Sample peak"), figure(f.samplePeakDbfs, 2, "dBFS")},
           {TakeInformation::tr("Correlation"), figure(f.correlation, 3, "")},
