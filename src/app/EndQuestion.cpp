@@ -5,6 +5,8 @@
 
 #include <QPushButton>
 
+#include "dialogs/Alert.h"
+
 EndQuestion::EndQuestion(const Place& place, QObject* parent) : QObject(parent), _place(place) {}
 
 bool EndQuestion::mayEnd() {
@@ -24,12 +26,9 @@ bool EndQuestion::isReasonToStay() const {
 // One that still stands may tell of what has ended meanwhile.
 void EndQuestion::ask() {
   if (QMessageBox* const before = _question) before->close();
-  auto* const question = new QMessageBox(QMessageBox::NoIcon, _place.window.window()->windowTitle(),
-                                         {}, QMessageBox::NoButton, &_place.window);
-  _question = question;
-  question->setAttribute(Qt::WA_DeleteOnClose);
   const Words words = this->words();
-  question->setInformativeText(words.text);
+  QMessageBox* const question = Alert::question(&_place.window, words.text);
+  _question = question;
   // In this order, whatever the desktop's is.
   QPushButton* const stay = question->addButton(words.stay, QMessageBox::ActionRole);
   const auto* const end = question->addButton(words.end, QMessageBox::ActionRole);

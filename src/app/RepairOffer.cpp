@@ -77,10 +77,8 @@ void RepairOffer::look(const std::filesystem::path& take) {
 }
 
 void RepairOffer::offer(const std::filesystem::path& take, const TakeDiagnosis& diagnosis) {
-  auto* const question = new QMessageBox(QMessageBox::NoIcon, _window.window()->windowTitle(), {},
-                                         QMessageBox::NoButton, &_window);
-  question->setAttribute(Qt::WA_DeleteOnClose);
-  question->setInformativeText(
+  QMessageBox* const question = Alert::question(
+      &_window,
       tr("The recording of %1 broke off. %2 s of sound can be salvaged into %3, beside it. The "
          "take itself stays as it is.")
           .arg(nameOf(take), NumberText::of(secondsOf(diagnosis), 1),

@@ -4,6 +4,7 @@
 #include "dialogs/SavePanel.h"
 
 #include <QInputDialog>
+#include <QLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <climits>
@@ -12,6 +13,7 @@
 
 #include "controls/Appearance.h"
 #include "controls/Reason.h"
+#include "dialogs/Alert.h"
 #include "dialogs/PathText.h"
 
 namespace {
@@ -87,16 +89,10 @@ void SavePanel::goInto(const std::filesystem::path& folder) {
 }
 
 void SavePanel::askToReplace(const std::filesystem::path& path) {
-  auto* const question = new QMessageBox(this);
-  question->setAttribute(Qt::WA_DeleteOnClose);
+  const QString name = fontMetrics().elidedText(PathText::textOf(path.filename()), Qt::ElideMiddle,
+                                                Appearance::lineWidth(kNameWidth, font()));
+  QMessageBox* const question = Alert::question(this, tr("“%1” exists. Replace it?").arg(name));
   question->setWindowTitle(windowTitle());
-  question->setTextFormat(Qt::PlainText);
-  question->ensurePolished();
-  const QString name = PathText::textOf(path.filename());
-  question->setText(
-      tr("“%1” exists. Replace it?")
-          .arg(question->fontMetrics().elidedText(
-              name, Qt::ElideMiddle, Appearance::lineWidth(kNameWidth, question->font()))));
   QPushButton* const replace = question->addButton(tr("Replace"), QMessageBox::AcceptRole);
   question->setDefaultButton(question->addButton(QMessageBox::Cancel));
   connect(question, &QMessageBox::buttonClicked, this, [this, path, replace](QAbstractButton* it) {
@@ -117,6 +113,7 @@ void SavePanel::askForNewFolder() {
   question->setLabelText(tr("Name of the new folder:"));
   connect(question, &QInputDialog::textValueSelected, this, &SavePanel::makeFolder);
   question->open();
+  question->layout()->setContentsMargins(28, 24, 28, 20);  // which is there from now on
 }
 
 void SavePanel::makeFolder(const QString& name) {

@@ -53,7 +53,7 @@ class SavePanelTest : public DialogFixture {
     type(name);
     auto* const question = waitForShown<QMessageBox>();
     ASSERT_NE(question, nullptr);
-    const auto* const text = question->findChild<QLabel*>("qt_msgbox_label");
+    const auto* const text = question->findChild<QLabel*>("qt_msgbox_informativelabel");
     const QRect place = text->contentsRect();
     const int flags = text->wordWrap() ? int{Qt::TextWordWrap} : 0;
     const QRect needed =
@@ -233,7 +233,7 @@ TEST_F(SavePanelTest, AsksBeforeAFileIsReplaced) {
   take("there.WAV");
   type("there");
   auto* const question = waitForShown<QMessageBox>();
-  EXPECT_TRUE(question->text().contains("there.WAV"));
+  EXPECT_TRUE(question->informativeText().contains("there.WAV"));
   EXPECT_EQ(QString("Cancel"), question->defaultButton()->text().remove('&'));
   click(*question, "Cancel");
   EXPECT_TRUE(waitUntil([] { return shown<QMessageBox>() == nullptr; }));
