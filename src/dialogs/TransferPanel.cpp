@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <string>
@@ -44,6 +45,7 @@ TransferPanel::TransferPanel(const Words& words, Maker make, QWidget* parent)
        std::initializer_list<QWidget*>{_summary, _bar, _state, _list, _complaint}) {
     column->addWidget(part);
   }
+  column->addSpacing(8);
   column->addLayout(buttons(words.begin));
   setMinimumWidth(Appearance::lineWidth(kWidth, font()) + 2 * kMargin);
   showStage(Stage::Choosing);
@@ -102,8 +104,21 @@ FolderButton& TransferPanel::addPlace(const QString& caption) {
   _form->addRow(name, button);
   connect(button, &FolderButton::chosen, this, &TransferPanel::showChoice);
   _places.push_back(button);
+  orderTabs();
   showChoice();
   return *button;
+}
+
+// What is chosen comes before what is done with it.
+void TransferPanel::orderTabs() {
+  std::vector<QWidget*> stops(_places.begin(), _places.end());
+  stops.insert(stops.end(), {_list, _show, _cancel, _begin});
+  for (std::size_t i = 1; i < stops.size(); ++i) setTabOrder(stops[i - 1], stops[i]);
+}
+
+void TransferPanel::viewWillAppear() {
+  DialogWindow::viewWillAppear();
+  if (!_places.empty() && _places.front()->isEnabled()) _places.front()->setFocus();
 }
 
 TransferPanel::Places TransferPanel::places() const {

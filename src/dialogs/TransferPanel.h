@@ -50,6 +50,7 @@ class TransferPanel : public DialogWindow {
   void showInFolderRequested(const std::vector<std::filesystem::path>& files);
 
  protected:
+  void viewWillAppear() override;
   void initWindowUI() override;
 
  private:
@@ -57,6 +58,7 @@ class TransferPanel : public DialogWindow {
 
   void makeReport(const QString& name);
   QLayout* buttons(const QString& begin);
+  void orderTabs();
   [[nodiscard]] Places places() const;
   void showChoice();
   void showStage(Stage stage);

@@ -126,6 +126,18 @@ TEST_F(TransferPanelTest, NothingBeginsBeforeEveryFolderIsChosen) {
   expectNothingCut(*_panel);
 }
 
+TEST_F(TransferPanelTest, TheKeyboardGoesFromTheFoldersToTheButtons) {
+  openCopy();
+  _panel->activateWindow();
+  QStringList stops;
+  for (int i = 0; i < 4; ++i) {
+    ASSERT_TRUE(waitUntil([&] { return QApplication::focusWidget() != nullptr; }));
+    stops << qobject_cast<QPushButton*>(QApplication::focusWidget())->text();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(stops.join('|'), "card|home|Cancel|Copy");
+}
+
 TEST_F(TransferPanelTest, WhatIsThereIsKeptAndWhatDiffersIsTold) {
   std::filesystem::copy(path("card/a.WAV"), path("home/a.WAV"));
   put("home/b.WAV", 999);
