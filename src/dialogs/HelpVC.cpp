@@ -3,14 +3,19 @@
 
 #include "dialogs/HelpVC.h"
 
+#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 #include "controls/Appearance.h"
 #include "dsp/SideGain.h"
 
 namespace {
 
-constexpr int kPageWidth = 210;
+constexpr int kKeysWidth = 150;  // of what they do
+constexpr int kPointerWidth = 284;
+constexpr int kBetweenSides = 28;
 
 std::vector<HelpVC::Line> pointerLines() {
   return {{HelpVC::tr("Waveform"), HelpVC::tr("A click or a drag moves the play head")},
@@ -31,33 +36,39 @@ std::vector<HelpVC::Line> pointerLines() {
 
 HelpVC::HelpVC(const std::vector<Line>& keys, QWidget* parent) : DialogWindow(parent) {
   setAttribute(Qt::WA_DeleteOnClose);
-  auto* const grid = new QGridLayout(this);
-  grid->setContentsMargins(32, 24, 32, 20);
-  grid->setHorizontalSpacing(14);
-  grid->setVerticalSpacing(6);
-  addLines(*grid, 0, tr("Keys"), keys);
-  grid->setColumnMinimumWidth(2, 12);
-  addLines(*grid, 3, tr("Pointer"), pointerLines());
+  // Side by side, not line beside line: a line that wraps on one side is none of the other's.
+  auto* const sides = new QHBoxLayout;
+  sides->setSpacing(kBetweenSides);
+  sides->addLayout(page(tr("Keys"), keys, kKeysWidth));
+  sides->addLayout(page(tr("Pointer"), pointerLines(), kPointerWidth));
   auto* const ok = new QPushButton(tr("OK"), this);
   ok->setProperty("primary", true);
   ok->setDefault(true);
   connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-  grid->addWidget(ok, grid->rowCount(), 4, Qt::AlignRight);
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(32, 24, 32, 20);
+  column->setSpacing(12);
+  column->addLayout(sides);
+  column->addWidget(ok, 0, Qt::AlignRight);
   ok->setFocus();
 }
 
-void HelpVC::addLines(QGridLayout& grid, int column, const QString& heading,
-                      const std::vector<Line>& lines) {
-  grid.addWidget(label(heading, "heading"), 0, column, 1, 2);
+QLayout* HelpVC::page(const QString& heading, const std::vector<Line>& lines, int width) {
+  auto* const grid = new QGridLayout;
+  grid->setHorizontalSpacing(14);
+  grid->setVerticalSpacing(6);
+  grid->addWidget(label(heading, "heading"), 0, 0, 1, 2);
   int row = 1;
   for (const Line& line : lines) {
     QLabel* const key = label(line.key);
     key->setWordWrap(false);
     QLabel* const what = label(line.what, "dim");
-    what->setFixedWidth(Appearance::lineWidth(kPageWidth, font()));
-    grid.addWidget(key, row, column, Qt::AlignTop);
-    grid.addWidget(what, row++, column + 1, Qt::AlignTop);
+    what->setFixedWidth(Appearance::lineWidth(width, font()));
+    grid->addWidget(key, row, 0, Qt::AlignTop);
+    grid->addWidget(what, row++, 1, Qt::AlignTop);
   }
+  grid->setRowStretch(row, 1);
+  return grid;
 }
 
 void HelpVC::initWindowUI() {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QGridLayout>
+#include <QLayout>
 #include <QString>
 #include <vector>
 
@@ -27,6 +27,5 @@ class HelpVC : public DialogWindow {
   void initWindowUI() override;
 
  private:
-  void addLines(QGridLayout& grid, int column, const QString& heading,
-                const std::vector<Line>& lines);
+  QLayout* page(const QString& heading, const std::vector<Line>& lines, int width);
 };

@@ -101,6 +101,24 @@ TEST_F(InformationTest, ALargerFontGetsLargerDialogsNotMoreLines) {
   EXPECT_EQ(linesIn<HelpVC>(13), linesIn<HelpVC>(26));
 }
 
+// However many lines what stands on the other side takes.
+TEST_F(InformationTest, KeysStandApartEvenly) {
+  const auto help = QPointer(new HelpVC(
+      {{"Ctrl+O", "Open folder"}, {"Ctrl+E", "Export"}, {"Space", "Play"}, {"Left", "Back"}},
+      _mainWindow.get()));
+  help->open();
+  std::vector<int> tops;
+  for (const auto* const label : help->findChildren<QLabel*>()) {
+    if (QStringList{"Ctrl+O", "Ctrl+E", "Space", "Left"}.contains(label->text()))
+      tops.push_back(label->y());
+  }
+  ASSERT_EQ(tops.size(), 4U);
+  EXPECT_EQ(tops[2] - tops[1], tops[1] - tops[0]);
+  EXPECT_EQ(tops[3] - tops[2], tops[1] - tops[0]);
+  expectNothingCut(*help);
+  help->close();
+}
+
 TEST_F(InformationTest, AboutCopiesWhatAReportNeeds) {
   const auto about = make<AboutVC>();
   about->setVersionString("1.2.3");
