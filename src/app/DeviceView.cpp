@@ -22,7 +22,8 @@ constexpr int kLine = 18;
 constexpr int kTallLine = 20;
 constexpr int kCaptionWidth = 106;
 constexpr int kSettingHeight = 26;
-constexpr QSize kPicture{54, 112};
+constexpr QSize kPicture{51, 112};  // no wider than what is drawn in it
+constexpr int kBesidePicture = 19;
 constexpr QSize kDot{14, 10};  // with what is kept free over it and to its right
 
 QString look() {
@@ -97,7 +98,7 @@ QLayout* DeviceView::makeState() {
   imgJ4->setAccessibleName(tr("The recorder"));
   imgJ4->setFixedSize(kPicture);
   auto* const row = bare<QHBoxLayout>();
-  row->setSpacing(kInset);
+  row->setSpacing(kBesidePicture);
   row->addWidget(imgJ4, 0, Qt::AlignTop);
   row->addLayout(makeWords(), 1);
   return row;

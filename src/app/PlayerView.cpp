@@ -53,6 +53,7 @@ QLayout* PlayerView::makeHeader() {
   btnExport = new QPushButton(tr("Export"), this);
   btnExport->setObjectName(QStringLiteral("btnExport"));
   btnExport->setMinimumSize(kLeastExport);
+  btnExport->setFocusPolicy(Qt::TabFocus);  // as what else is clicked here
   btnExport->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   btnMenu = MainViewParts::pictureButton<MenuButton>(this, 36, 20);
   MainViewParts::setFace(*btnMenu, QStringLiteral("menu"), tr("Menu"));

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QFontMetricsF>
+#include <QImage>
 #include <QLayout>
 #include <QSignalSpy>
 #include <QWheelEvent>
@@ -77,7 +78,7 @@ TEST_F(DeviceViewTest, HasItsUsualPlacesWithTheUsualFont) {
   fill("Connected", "7.45 GB / 29.7 GB Used");
   layOut();
   EXPECT_EQ(view->size(), QSize(318, 220));
-  EXPECT_EQ(view->imgJ4->geometry(), QRect(16, 20, 54, 112));
+  EXPECT_EQ(view->imgJ4->geometry(), QRect(16, 20, 51, 112));
   EXPECT_EQ(view->lblConnect->geometry().topLeft(), QPoint(86, 20));
   EXPECT_EQ(view->lblConnect->contentsRect().height(), 18);
   EXPECT_EQ(view->lblVersion->geometry().bottomRight(), QPoint(301, 39));
@@ -87,6 +88,15 @@ TEST_F(DeviceViewTest, HasItsUsualPlacesWithTheUsualFont) {
   EXPECT_EQ(view->lblRemain->geometry().bottomRight(), QPoint(301, 121));
   EXPECT_EQ(view->popupBattery->geometry(), QRect(126, 144, 176, 26));
   EXPECT_EQ(view->popupAutoPow->geometry(), QRect(126, 178, 176, 26));
+}
+
+TEST_F(DeviceViewTest, PictureBeginsWhereTheCaptionsDo) {
+  layOut();
+  const QImage picture = view->imgJ4->grab().toImage().convertToFormat(QImage::Format_RGB32);
+  int left = 0;
+  while (left < picture.width() && picture.pixel(left, picture.height() / 2) == picture.pixel(0, 0))
+    ++left;
+  EXPECT_LE(left / picture.devicePixelRatio(), 1);
 }
 
 TEST_F(DeviceViewTest, WheelOverAClosedPopUpChangesNothing) {

@@ -512,6 +512,8 @@ TEST_F(Playback, ExportGetsGainAngleAndFolder) {
   EXPECT_EQ(dialog->exporter()->angle(), 77.5);
   EXPECT_EQ(dialog->exporter()->getDirPath(), takes.path());
   EXPECT_EQ(dialog->parentFrame(), view().frameGeometry());
+  dialog->close();
+  EXPECT_FALSE(view().player->btnExport->hasFocus()) << "a ring would stay on it";
 }
 
 TEST_F(Playback, NewExportIsListedAndSelectedAndAFailedOneIsToldQuietly) {
