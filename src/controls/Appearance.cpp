@@ -22,6 +22,9 @@ namespace {
 
 constexpr int kPixels = 13;
 constexpr int kTitlePixels = 18;
+constexpr int kIndicatorPixels = 14;
+constexpr int kArrowPixels = 12;
+constexpr int kDropDownPixels = 22;  // with the arrow in its middle
 
 // Desktops give programs a font of 9 to 11 points; a wish for larger text is more than that.
 constexpr double kUsualDesktop = 11.0 * 96 / 72;
@@ -52,6 +55,16 @@ std::array<Named, 15> namedColors() {
            {QLatin1String("@PrimaryHover"), Colors::primaryHover()},
            {QLatin1String("@PrimaryPressed"), Colors::primaryPressed()},
            {QLatin1String("@Warning"), Colors::warning()}}};
+}
+
+// What grows with the text. A circle is round with a radius of half of it and its edge.
+std::array<std::pair<QLatin1String, int>, 5> namedSizes() {
+  const int indicator = Appearance::pixels(kIndicatorPixels);
+  return {{{QLatin1String("@Title"), Appearance::pixels(kTitlePixels)},
+           {QLatin1String("@Indicator"), indicator},
+           {QLatin1String("@Round"), indicator / 2 + 1},
+           {QLatin1String("@Dropdown"), Appearance::pixels(kDropDownPixels)},
+           {QLatin1String("@Arrow"), Appearance::pixels(kArrowPixels)}}};
 }
 
 QString inStyleSheet(const QColor& color) {
@@ -154,6 +167,6 @@ QString Appearance::styleSheet() {
   if (!file.open(QIODevice::ReadOnly)) return {};
   QString text = QString::fromUtf8(file.readAll());
   for (const auto& [name, color] : namedColors()) text.replace(name, inStyleSheet(color));
-  text.replace(QLatin1String("@Title"), QString::number(pixels(kTitlePixels)));
+  for (const auto& [name, size] : namedSizes()) text.replace(name, QString::number(size));
   return text;
 }

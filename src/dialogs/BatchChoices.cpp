@@ -10,16 +10,24 @@
 #include <array>
 #include <cstddef>
 
+namespace {
+
+constexpr int kUnderHeading = 6;  // more than between other lines
+
+}  // namespace
+
 BatchChoices::BatchChoices(QWidget* parent) : QWidget(parent) {
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(2);
   column->addWidget(heading(tr("Format")));
+  column->addSpacing(kUnderHeading);
   column->addLayout(formats());
   column->addSpacing(4);
   column->addLayout(levels());
   column->addSpacing(8);
   column->addWidget(heading(tr("Place")));
+  column->addSpacing(kUnderHeading);
   column->addLayout(places());
   column->addSpacing(8);
   column->addLayout(existing());

@@ -86,6 +86,7 @@ void BatchDialog::layOut() {
   column->addWidget(_refused);
   _warning = label({}, "warning");
   column->addWidget(_warning);
+  column->addSpacing(8);
   column->addLayout(buttons());
   setMinimumWidth(Appearance::lineWidth(kTextWidth, font()) + 2 * kMargin);
 }

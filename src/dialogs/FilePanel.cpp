@@ -89,6 +89,7 @@ void FilePanel::makeName() {
 
 void FilePanel::layOut(const QString& end) {
   auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(28, 24, 28, 20);
   layout->addLayout(bar());
   layout->addWidget(_files, 1);
   layout->addWidget(_name);

@@ -44,6 +44,7 @@ QueuePanel::QueuePanel(QueueModel& model, QWidget* parent) : DialogWindow(parent
   column->addWidget(_bar);
   column->addWidget(_timeLeft);
   column->addWidget(_list, 1);
+  column->addSpacing(8);
   column->addLayout(buttons());
   setMinimumWidth(Appearance::lineWidth(kWidth, font()));
   refresh({});
