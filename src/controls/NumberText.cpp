@@ -20,7 +20,7 @@ QString NumberText::of(double number) {
 
 QString NumberText::level(double decibels) {
   const double tenths = std::round(decibels * 10);
-  const QString digits = of(std::abs(tenths) / 10, 1);
+  QString digits = of(std::abs(tenths) / 10, 1);
   if (tenths == 0) return digits;
   return (tenths > 0 ? u'+' : u'-') + digits;
 }
