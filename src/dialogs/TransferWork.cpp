@@ -55,8 +55,8 @@ class Copying {
     _job.setCancelFlag(&desk.cancel());
     _job.setResult([this](const CardCopy::Result& result) { tell(result); });
     _job.setProgress([this](const CardCopy::Progress& progress) {
-      _desk.tell({progress.done, progress.total, progress.worked, progress.takesDone,
-                  progress.takes});
+      _desk.tell(
+          {progress.done, progress.total, progress.worked, progress.takesDone, progress.takes});
     });
   }
 

@@ -23,9 +23,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::int64_t kTimeGrain = 2;     // seconds, of FAT
-constexpr std::size_t kSaveEachUpTo = 64;  // entries; a manifest is written as a whole
-constexpr std::size_t kSaveEvery = 16;
+constexpr std::int64_t kTimeGrain = 2;         // seconds, of FAT
+constexpr std::uint64_t kSaveEvery = 1 << 27;  // bytes of takes; each manifest waits for the disk
 
 std::string hostName() {
   std::array<char, 256> name{};
@@ -129,7 +128,7 @@ bool CardCopy::run() {
     if (hasEnded()) break;
     _progress.take = take.path;
     handle(take);
-    if (isSaveDue()) saveManifest();
+    if (_unsavedBytes >= kSaveEvery) saveManifest();
   }
   if (_manifest.entries.size() > _savedEntries) saveManifest();
   fallShort(_manifests->finish());
@@ -226,6 +225,7 @@ void CardCopy::record(const CardTake& take, const std::string& hash) {
   _manifest.entries.push_back({take.path.native(), take.size,
                                Manifest::timeText(take.modified.tv_sec), hash,
                                isAgain ? "verified" : "original", now()});
+  _unsavedBytes += take.size;
 }
 
 void CardCopy::tell(const CardTake& take, Outcome outcome, const std::string& reason) {
@@ -233,16 +233,12 @@ void CardCopy::tell(const CardTake& take, Outcome outcome, const std::string& re
   if (_tellResult) _tellResult({take.path, outcome, reason});
 }
 
-bool CardCopy::isSaveDue() const {
-  const std::size_t count = _manifest.entries.size();
-  return count > _savedEntries && (count <= kSaveEachUpTo || count % kSaveEvery == 0);
-}
-
 // What a manifest calls verified has to be there after a power cut, too: names first.
 void CardCopy::saveManifest() {
   syncNames();
   fallShort(_manifests->save(_manifest));
   _savedEntries = _manifest.entries.size();
+  _unsavedBytes = 0;
 }
 
 // Those of the takes since the last manifest, and of the folders that they are in.

@@ -105,7 +105,6 @@ class CardCopy {
   void syncNames() const;
   void fallShort(const std::string& reason);
   void fail(Obstacle obstacle, const std::string& reason);
-  [[nodiscard]] bool isSaveDue() const;
   [[nodiscard]] bool hasEnded() const { return _wasCancelled || !_failure.empty(); }
   [[nodiscard]] MediumStep step();
   [[nodiscard]] std::filesystem::path targetOf(const CardTake& take) const {
@@ -123,8 +122,9 @@ class CardCopy {
   std::unique_ptr<ManifestFolder> _manifests;
   Manifest _manifest;
   std::size_t _savedEntries = 0;
-  Progress _progress;             ///< with each byte twice: read, and read back
-  std::uint64_t _doneBefore = 0;  ///< likewise, of the takes that are over
+  std::uint64_t _unsavedBytes = 0;  ///< of the takes since then
+  Progress _progress;               ///< with each byte twice: read, and read back
+  std::uint64_t _doneBefore = 0;    ///< likewise, of the takes that are over
   std::uint64_t _copiedBytes = 0;
   bool _isAllThere = true;
   bool _wasCancelled = false;

@@ -127,6 +127,54 @@ TEST_F(CardCopyTest, ProgressTellsWhatWasReallyWorkedOn) {
   EXPECT_EQ(last.worked, 5);
 }
 
+// A manifest waits for the disk: one for each of many short takes would take longer than they do.
+TEST_F(CardCopyTest, AManifestIsWrittenAfterSoManyBytes) {
+  put("card/DAY2/R0004.WAV", {});
+  fs::resize_file(card() / "DAY2/R0004.WAV", 1 << 27);
+  CardCopy job(card(), home());
+  std::vector<bool> isManifestThere;
+  job.setProgress([&](const CardCopy::Progress& progress) {
+    if (isManifestThere.size() == progress.takesDone) return;
+    const fs::path folder = home() / "ascmhl";
+    isManifestThere.push_back(fs::exists(folder) &&
+                              std::any_of(fs::directory_iterator(folder), fs::directory_iterator(),
+                                          [](const fs::directory_entry& entry) {
+                                            return entry.path().extension() == ".mhl";
+                                          }));
+  });
+  EXPECT_TRUE(run(job));
+  EXPECT_THAT(isManifestThere, ElementsAre(false, false, true, true));
+  EXPECT_TRUE(isRight());
+}
+
+// The last byte of what has no name yet, as a bad disk would.
+void changeWhatWasWritten(const fs::path& folder) {
+  for (const auto& entry : fs::directory_iterator("/proc/self/fd")) {
+    std::error_code error;
+    const std::string target = fs::read_symlink(entry.path(), error).native();
+    if (target.rfind(folder.native() + "/#", 0) != 0) continue;
+    std::fstream file(entry.path(), std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(-1, std::ios::end).put('!');
+  }
+}
+
+TEST_F(CardCopyTest, WhatDoesNotReadBackGetsNoName) {
+  constexpr std::size_t kSize = 1 << 24;  // more than is read ahead
+  fs::remove_all(card() / "DAY2");
+  put("card/R0001.WAV", Bytes(kSize, std::byte{1}));
+  CardCopy job(card(), home());
+  bool isChanged = false;
+  job.setProgress([&](const CardCopy::Progress& progress) {
+    if (isChanged || progress.done <= kSize / 2) return;
+    changeWhatWasWritten(home());
+    isChanged = true;
+  });
+  EXPECT_FALSE(run(job));
+  EXPECT_THAT(_told, ElementsAre("R0001.WAV failed", "R0002.wav copied"));
+  EXPECT_EQ(_reasons.front(), "What was written does not read back as it was");
+  EXPECT_FALSE(fs::exists(home() / "R0001.WAV"));
+}
+
 // At each step: nothing half done is there, what is there is right, and the next copy makes it
 // whole.
 TEST_F(CardCopyTest, ACancelAtAnyStepLeavesNothingHalfDone) {
