@@ -10,15 +10,13 @@ import ctypes
 import datetime
 import os
 import platform
-import subprocess
 import sys
 import unittest
 
-from harness import (PROBE, Program, next_usb_device, numbered, probe, recorder, until, usb,
-                     without_end)
+from harness import (HAS_UMP, PROBE, Program, load_sequencer, numbered, plug, probe, recorder,
+                     until, usb, usb_recorder, without_end)
+from tool_checks import T4Tool  # noqa: F401  (found by unittest)
 
-HAS_UMP = sys.argv[1:] == ["ump"]
-MODULES = ["snd-seq", "snd-seq-midi", "snd-hrtimer"]
 NODE = "/dev/snd/seq"
 
 # The requests of a handshake, and the step in which the link waits for their answers.
@@ -94,7 +92,7 @@ class T1WithoutSequencer(unittest.TestCase):
         link = probe()
         told = link.wait(event="availability")
         self.assertEqual(told["reason"], f"There is no ALSA sequencer here ({NODE}).")
-        subprocess.run(["modprobe", "-a", *MODULES], check=True)
+        load_sequencer()
         told = link.wait(event="availability")
         self.assertEqual((told["reason"], told["ump"]), ("", HAS_UMP))
         player = recorder()
@@ -202,14 +200,14 @@ class T3Usb(Link):
     """An emulated USB-MIDI device, with the simulator at its raw MIDI end."""
 
     NAME = "J4 TARN"
+    IS_UMP = HAS_UMP
 
     @classmethod
     def setUpClass(cls):
         cls.link = probe()
         cls.link.wait(event="availability")
         # There before the device: a recorder answers from the first moment.
-        words = ("--ump",) if HAS_UMP else ()
-        cls.recorder = recorder("--device", next_usb_device(HAS_UMP), *words)
+        cls.recorder = usb_recorder(cls.IS_UMP)
 
     @classmethod
     def tearDownClass(cls):
@@ -217,7 +215,7 @@ class T3Usb(Link):
         cls.link.end()
 
     def plug(self):
-        usb("plug2" if HAS_UMP else "plug", self.NAME)
+        plug(self.NAME, self.IS_UMP)
         self.recorder.wait(event="plugged in")
 
     def unplug(self):
@@ -283,6 +281,13 @@ class T3Usb(Link):
         return sum(source.startswith("Some Keys") for source in sources) == 16
 
 
+if HAS_UMP:
+    class T3UsbOfMidi1(T3Usb):
+        """A device that speaks bytes, which the kernel translates."""
+
+        IS_UMP = False
+
+
 def versions():
     library = ctypes.CDLL("libasound.so.2")
     library.snd_asoundlib_version.restype = ctypes.c_char_p
@@ -290,9 +295,8 @@ def versions():
     return f"kernel {platform.release()}, alsa-lib {alsa}, {'UMP' if HAS_UMP else 'byte packets'}"
 
 
-# Not everything is built everywhere.
+# A test by itself, where the window need not be built.
 if "MIXDECK_WINDOW" in os.environ:
-    from tool_checks import T4Tool  # noqa: F401  (found by unittest)
     from window_checks import T5Window  # noqa: F401
 
 if __name__ == "__main__":

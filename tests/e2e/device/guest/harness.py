@@ -9,12 +9,14 @@ import json
 import os
 import signal
 import subprocess
+import sys
 import threading
 import time
 
 BIN = os.environ["MIXDECK_BIN"]
 SIMULATOR = os.environ["MIXDECK_RECORDER_SIM"]
 PROBE = os.environ["MIXDECK_LINK_PROBE"]
+HAS_UMP = sys.argv[1:] == ["ump"]  # the kind of packet that is expected
 PATIENCE = 60.0
 
 
@@ -114,12 +116,26 @@ def usb(*words):
     return done.stdout.strip()
 
 
-def next_usb_device(has_ump=False):
+def load_sequencer():
+    subprocess.run(["modprobe", "-a", "snd-seq", "snd-seq-midi", "snd-hrtimer"], check=True)
+
+
+def plug(name, is_ump=HAS_UMP):
+    """A USB device of one port, of MIDI 2.0 where `is_ump`."""
+    usb("plug2" if is_ump else "plug", name)
+
+
+def next_usb_device(is_ump=HAS_UMP):
     """The file that the far end of the next emulated device will have: its card comes first."""
     with open("/proc/asound/cards", encoding="utf-8") as cards:
         taken = {line.split()[0] for line in cards if line[:3].strip().isdigit()}
     card = next(number for number in range(32) if str(number) not in taken)
-    return f"/dev/snd/{'ump' if has_ump else 'midi'}C{card}D0"
+    return f"/dev/snd/{'ump' if is_ump else 'midi'}C{card}D0"
+
+
+def usb_recorder(is_ump=HAS_UMP):
+    """A recorder at the far end of the next emulated device."""
+    return recorder("--device", next_usb_device(is_ump), *(["--ump"] if is_ump else []))
 
 
 def numbered(length):

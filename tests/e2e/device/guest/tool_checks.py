@@ -7,7 +7,7 @@ import os
 import subprocess
 import unittest
 
-from harness import BIN, PATIENCE, Program, next_usb_device, recorder, usb
+from harness import BIN, PATIENCE, Program, plug, recorder, usb, usb_recorder
 
 TOOL = os.path.join(BIN, "mixdeck-cli")
 RECORD = {"connected": True, "device_id": "10203040", "firmware": "1.02", "sd_present": True,
@@ -42,8 +42,8 @@ class T4Tool(unittest.TestCase):
         player.end()
 
     def test_3_a_usb_device(self):
-        player = recorder("--device", next_usb_device())
-        usb("plug", "J4 TARN")
+        player = usb_recorder()
+        plug("J4 TARN")
         player.wait(event="plugged in")
         self.assertEqual(tool("status"), (0, [RECORD]))
         watch = Program(TOOL, "device", "watch", "--json")

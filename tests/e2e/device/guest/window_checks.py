@@ -6,7 +6,7 @@ import os
 import unittest
 
 from desktop import Desktop, Window
-from harness import next_usb_device, recorder, usb
+from harness import load_sequencer, plug, usb, usb_recorder
 
 WINDOW = os.environ["MIXDECK_WINDOW"]
 
@@ -14,8 +14,9 @@ WINDOW = os.environ["MIXDECK_WINDOW"]
 class T5Window(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
+        load_sequencer()
         cls.desktop = Desktop()
-        cls.recorder = recorder("--device", next_usb_device())
+        cls.recorder = usb_recorder()
         cls.window = Window(WINDOW, os.environ["HOME"])
 
     @classmethod
@@ -28,7 +29,7 @@ class T5Window(unittest.TestCase):
         self.window.shows("Disconnected", "-- GB / -- GB Used", "--:--:--")
 
     def test_2_a_recorder_is_plugged_in(self):
-        usb("plug", "J4 TARN")
+        plug("J4 TARN")
         self.window.shows("Connected", "Ver. 1.02", "7.45 GB / 29.7 GB Used", "05:12:33")
 
     def test_3_reports_come_by_themselves(self):
