@@ -5,8 +5,8 @@
 #include <QIcon>
 #include <QWidget>
 
-/// A picture that fills the view, dimmed while the view is disabled. Takes no clicks: what lies
-/// behind it gets them. Interface thread.
+/// A picture that fills the view, dimmed while the view is disabled. Takes no clicks unless its
+/// owner says so: what lies behind it gets them. Interface thread.
 class ImageView : public QWidget {
   Q_OBJECT
 

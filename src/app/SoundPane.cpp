@@ -3,6 +3,7 @@
 
 #include "app/SoundPane.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QSignalBlocker>
 
@@ -35,6 +36,7 @@ SoundPane::SoundPane(PlayerView& view, TakeSession& take, QObject* parent)
       _self(this, [](SoundPane*) {}) {
   initVolume();
   initGain();
+  _stage.imgDevice->setAttribute(Qt::WA_TransparentForMouseEvents, false);
   _stage.imgDevice->installEventFilter(this);
   _stage.imgDevice->setToolTip(
       tr("A double click turns to %1°, the plain sum and difference").arg(SideGain::kUnityAngle));
@@ -46,9 +48,13 @@ SoundPane::SoundPane(PlayerView& view, TakeSession& take, QObject* parent)
   showIdle();
 }
 
+// The recorder lies over the dial, whose wheel turns there as well.
 bool SoundPane::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != _stage.imgDevice) return false;
+  if (event->type() == QEvent::Wheel)
+    return QCoreApplication::sendEvent(_stage.sliderStereo, event);
   const bool isDouble = event->type() == QEvent::MouseButtonDblClick;
-  if (watched != _stage.imgDevice || !isDouble || !_stage.sliderStereo->enable()) return false;
+  if (!isDouble || !_stage.sliderStereo->enable()) return false;
   _stage.sliderStereo->setNewAngle(SideGain::kUnityAngle);
   return true;
 }

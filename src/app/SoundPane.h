@@ -39,7 +39,8 @@ class SoundPane : public QObject,
   void angleViewer(AngleViewer* dial, double angleChanged) override;
 
  protected:
-  /// A double click on the dial's recorder turns to the plain sum and difference.
+  /// A double click on the dial's recorder turns to the plain sum and difference; its wheel is the
+  /// dial's.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

@@ -25,6 +25,11 @@ class Typed : public WindowFixture {
     if (field != nullptr) QTest::keyClicks(field, QString::fromUtf8(text));
     return field;
   }
+  /// As the window system tells of it, whatever lies there.
+  void doubleClickOn(const QWidget* widget) {
+    const QPoint middle = widget->mapTo(&view(), widget->rect().center());
+    QTest::mouseDClick(view().windowHandle(), Qt::LeftButton, {}, middle);
+  }
   void enter(QLabel* value, const char* text) {
     QLineEdit* const field = type(value, text);
     ASSERT_NE(field, nullptr);
@@ -136,7 +141,7 @@ TEST_F(Typed, NothingIsTypedWithoutATakeOrForOneThatIsStereo) {
 
 TEST_F(Typed, DoubleClickOnTheRecorderIsThePlainSumAndDifference) {
   openTake();
-  QTest::mouseDClick(stage().imgDevice, Qt::LeftButton);
+  doubleClickOn(stage().imgDevice);
   EXPECT_EQ(stage().sliderStereo->angle(), 120.0);
   EXPECT_EQ(player().angle(), 120);
   EXPECT_EQ(stage().lblStereoValue->text(), "120°");
@@ -144,8 +149,23 @@ TEST_F(Typed, DoubleClickOnTheRecorderIsThePlainSumAndDifference) {
 
 TEST_F(Typed, DoubleClickOnTheRecorderIsForRawTakes) {
   openTake(false);
-  QTest::mouseDClick(stage().imgDevice, Qt::LeftButton);
+  doubleClickOn(stage().imgDevice);
   EXPECT_EQ(stage().sliderStereo->angle(), 0.0);
+}
+
+TEST_F(Typed, ThePointerIsOverWhatItWorksOn) {
+  openTake();
+  for (QWidget* const widget : std::initializer_list<QWidget*>{
+           stage().lblStereoValue, stage().lblGainValue, stage().imgDevice}) {
+    EXPECT_EQ(view().childAt(widget->mapTo(&view(), widget->rect().center())), widget);
+  }
+}
+
+TEST_F(Typed, TheWheelTurnsTheDialOverTheRecorderToo) {
+  openTake();
+  stage().sliderStereo->setNewAngle(60);
+  Hands::wheel(*stage().imgDevice, 120);
+  EXPECT_EQ(player().angle(), 61);
 }
 
 }  // namespace
