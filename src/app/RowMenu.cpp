@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QStringList>
+#include <algorithm>
 
 #include "dialogs/PathText.h"
 
@@ -24,27 +25,29 @@ void RowMenu::open(const QPoint& place) {
   menu->popup(place);
 }
 
+// About what was selected when it was opened: rows come and go while it is open, and a new export
+// selects itself.
 void RowMenu::fill(QMenu& menu) {
-  const std::vector<WavItem> takes = _files.selectedTakes();
-  const bool isOne = selected().size() == 1;
-  QAction* const open = menu.addAction(tr("&Open"), this, &RowMenu::openRequested);
+  const Paths all = selected();
+  const Paths takes = selectedTakes();
+  const bool isOne = all.size() == 1;
+  QAction* const open = menu.addAction(tr("&Open"), this, [this, all] { choose(all.front()); });
   QAction* const exporting =
       menu.addAction(takes.size() > 1 ? tr("&Export %1…").arg(takes.size()) : tr("&Export…"), this,
-                     &RowMenu::exportRequested);
+                     [this, takes] { emit exportRequested(takes); });
   menu.addSeparator();
-  menu.addAction(tr("&Show in file manager"), this, [this] { emit showRequested(selected()); });
-  menu.addAction(isOne ? tr("&Copy path") : tr("&Copy paths"), this, &RowMenu::copyPaths);
+  menu.addAction(tr("&Show in file manager"), this, [this, all] { emit showRequested(all); });
+  menu.addAction(isOne ? tr("&Copy path") : tr("&Copy paths"), this, [all] { copy(all); });
   menu.addSeparator();
-  QAction* const information = menu.addAction(tr("&Information"), this, [this] {
-    emit informationRequested(_files.selectedTakes().front().fullPath);
-  });
+  QAction* const information = menu.addAction(
+      tr("&Information"), this, [this, takes] { emit informationRequested(takes.front()); });
   open->setEnabled(isOne);
   exporting->setEnabled(!takes.empty());
   information->setEnabled(isOne && takes.size() == 1);
 }
 
-std::vector<std::filesystem::path> RowMenu::selected() const {
-  std::vector<std::filesystem::path> paths;
+RowMenu::Paths RowMenu::selected() const {
+  Paths paths;
   const auto& files = _browser.model().files();
   for (const int row : _view.tableFile->selectedRows()) {
     paths.emplace_back(files[static_cast<std::size_t>(row)].fullPath);
@@ -52,8 +55,21 @@ std::vector<std::filesystem::path> RowMenu::selected() const {
   return paths;
 }
 
-void RowMenu::copyPaths() const {
+RowMenu::Paths RowMenu::selectedTakes() const {
+  Paths paths;
+  for (const WavItem& take : _files.selectedTakes()) paths.emplace_back(take.fullPath);
+  return paths;
+}
+
+// One that has gone is nowhere.
+void RowMenu::choose(const std::filesystem::path& path) {
+  const auto& files = _browser.model().files();
+  const auto found = std::ranges::find(files, path.native(), &WavItem::fullPath);
+  if (found != files.end()) _browser.choose(static_cast<int>(found - files.begin()));
+}
+
+void RowMenu::copy(const Paths& paths) {
   QStringList lines;
-  for (const std::filesystem::path& path : selected()) lines << PathText::textOf(path);
+  for (const std::filesystem::path& path : paths) lines << PathText::textOf(path);
   QGuiApplication::clipboard()->setText(lines.join(u'\n'));
 }

@@ -12,8 +12,8 @@
 #include "app/FolderBrowser.h"
 
 /// The menu of what is selected in the list: by the second button of the pointer, or the key for
-/// it. What is chosen there goes out as a signal, but for the path, which it copies itself.
-/// Interface thread.
+/// it. What is chosen there is about what was selected when the menu was opened; it opens and
+/// copies paths itself, all else goes out as a signal. Interface thread.
 class RowMenu : public QObject {
   Q_OBJECT
 
@@ -23,16 +23,19 @@ class RowMenu : public QObject {
           QObject* parent = nullptr);
 
  signals:
-  void openRequested();
-  void exportRequested();
+  void exportRequested(const std::vector<std::filesystem::path>& takes);
   void showRequested(const std::vector<std::filesystem::path>& files);
   void informationRequested(const std::filesystem::path& file);
 
  private:
+  using Paths = std::vector<std::filesystem::path>;
+
   void open(const QPoint& place);
   void fill(QMenu& menu);
-  [[nodiscard]] std::vector<std::filesystem::path> selected() const;
-  void copyPaths() const;
+  [[nodiscard]] Paths selected() const;
+  [[nodiscard]] Paths selectedTakes() const;
+  void choose(const std::filesystem::path& path);
+  static void copy(const Paths& paths);
 
   BrowserView& _view;
   FolderBrowser& _browser;

@@ -3,8 +3,6 @@
 
 #include "app/SelectedExport.h"
 
-#include <filesystem>
-
 SelectedExport::SelectedExport(const Place& place, QObject* parent)
     : QObject(parent), _place(place) {
   connect(&_place.single, &ExportDesk::queueWanted, &_place.batch, &BatchDesk::showQueue);
@@ -13,8 +11,12 @@ SelectedExport::SelectedExport(const Place& place, QObject* parent)
 }
 
 void SelectedExport::ask() {
-  std::vector<std::filesystem::path> files;
-  for (const WavItem& take : _place.files.selectedTakes()) files.emplace_back(take.fullPath);
-  _place.batch.ask(files, static_cast<double>(_place.take.gain()), _place.take.angle(),
+  std::vector<std::filesystem::path> takes;
+  for (const WavItem& take : _place.files.selectedTakes()) takes.emplace_back(take.fullPath);
+  askFor(takes);
+}
+
+void SelectedExport::askFor(const std::vector<std::filesystem::path>& takes) {
+  _place.batch.ask(takes, static_cast<double>(_place.take.gain()), _place.take.angle(),
                    _place.recall.ofTakes());
 }

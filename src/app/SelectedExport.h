@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <filesystem>
 #include <vector>
 
 #include "app/BrowserPane.h"
@@ -32,6 +33,8 @@ class SelectedExport : public QObject {
 
   /// Asks how to export the takes that are selected.
   void ask();
+  /// The same of these takes.
+  void askFor(const std::vector<std::filesystem::path>& takes);
 
  private:
   Place _place;

@@ -57,8 +57,7 @@ void ViewController::initUI() {
 
 void ViewController::connectRows() {
   RowMenu& rows = _panes.rowMenu;
-  connect(&rows, &RowMenu::openRequested, &_panes.files, &BrowserPane::openSelected);
-  connect(&rows, &RowMenu::exportRequested, &_panes.selected, &SelectedExport::ask);
+  connect(&rows, &RowMenu::exportRequested, &_panes.selected, &SelectedExport::askFor);
   connect(&rows, &RowMenu::informationRequested, &_panes.informant, &TakeInformant::show);
   connect(&rows, &RowMenu::showRequested, this, &ViewController::showFilesRequested);
   connect(&_panes.batch, &BatchDesk::showInFolderRequested, this,

@@ -130,6 +130,41 @@ TEST_F(RowMenuTest, CopiesEachPathOnALine) {
             (takes.path() / "a.WAV").string() + "\n" + (takes.path() / "b.WAV").string());
 }
 
+TEST_F(RowMenuTest, IsAboutWhatWasSelectedWhenItOpened) {
+  const QSignalSpy wishes(&controller(), &ViewController::showFilesRequested);
+  select({"a.WAV"});
+  askOn("a.WAV");
+  select({"b.WAV"});  // as a new export does by itself
+  auto* const menu = shown<QMenu>();
+  ASSERT_NE(menu, nullptr);
+  menu->actions()[kCopy]->trigger();
+  EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), takes.path() / "a.WAV");
+  menu->actions()[kShow]->trigger();
+  ASSERT_EQ(wishes.count(), 1);
+  EXPECT_THAT(wishes[0][0].value<std::vector<std::filesystem::path>>(),
+              ElementsAre(takes.path() / "a.WAV"));
+  waitForTake([this] { choose(kOpen); });
+  EXPECT_EQ(controller().take().name(), "a.WAV");
+}
+
+TEST_F(RowMenuTest, ATakeThatHasGoneMeanwhileIsToldOf) {
+  select({"a.WAV"});
+  askOn("a.WAV");
+  std::filesystem::remove(takes.path() / "a.WAV");
+  refresh();
+  ASSERT_EQ(allSelected().size(), 0U);
+  choose(kOpen);
+  EXPECT_FALSE(controller().browser().isLooking());
+  select({"b.WAV"});
+  askOn("b.WAV");
+  std::filesystem::remove(takes.path() / "b.WAV");
+  refresh();
+  choose(kInformation);
+  auto* const information = shown<TakeInformation>();
+  ASSERT_NE(information, nullptr);
+  waitFor([&] { return information->text().contains(QStringLiteral("No such file")); }, "the take");
+}
+
 TEST_F(RowMenuTest, InformsOfATakeAtTheGainAndWidthOfTheControls) {
   controller().angleViewer(stage().sliderStereo, 60.0);
   setGain(3);
