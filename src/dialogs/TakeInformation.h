@@ -32,6 +32,10 @@ class TakeInformation : public DialogWindow {
 
   TakeInformation(Subject subject, QWidget* parent);
 
+  /// Whether its figures are those at this width and gain.
+  [[nodiscard]] bool isAt(int width, double gain) const {
+    return _subject.width == width && _subject.gain == gain;
+  }
   /// All of it, a line a thing.
   [[nodiscard]] QString text() const;
 

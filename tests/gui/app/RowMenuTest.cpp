@@ -178,4 +178,22 @@ TEST_F(RowMenuTest, InformsOfATakeAtTheGainAndWidthOfTheControls) {
           "the take");
 }
 
+TEST_F(RowMenuTest, ATakeHasOneWindowOfInformation) {
+  const auto ask = [this](const std::string& name) {
+    select({name});
+    askOn(name);
+    choose(kInformation);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return view().findChildren<TakeInformation*>();
+  };
+  const auto first = ask("a.WAV");
+  ASSERT_EQ(first.size(), 1);
+  EXPECT_EQ(ask("a.WAV"), first) << "it shows that already";
+  EXPECT_EQ(ask("b.WAV").size(), 2);
+  setGain(3);
+  const auto other = ask("a.WAV");
+  ASSERT_EQ(other.size(), 2) << "the one with other figures has gone";
+  EXPECT_FALSE(other.contains(first.first()));
+}
+
 }  // namespace
