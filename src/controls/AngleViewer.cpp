@@ -63,6 +63,7 @@ void AngleViewer::setPointed(std::optional<int> degree) {
 
 void AngleViewer::setEnable(bool enable) {
   if (!enable && hasFocus() && !focusNextChild()) clearFocus();
+  if (!enable) _allow2Drag = false;
   _enable = enable;
   setFocusPolicy(enable ? Qt::StrongFocus : Qt::NoFocus);
   if (!enable) setPointed(std::nullopt);

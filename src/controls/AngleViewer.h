@@ -53,7 +53,8 @@ class AngleViewer : public QWidget, public Adjustable {
   /// Stores only: no redraw, no report. See `setNewAngle`. Not a number is ignored by both.
   void setAngle(double angle) { _angle = std::isnan(angle) ? _angle : angle; }
   [[nodiscard]] bool enable() const { return _enable; }
-  /// A disabled dial takes no presses, keys or focus. Disabled until the owner enables it.
+  /// A disabled dial takes no presses, keys or focus, and lets go of a thumb that is dragged.
+  /// Disabled until the owner enables it.
   void setEnable(bool enable);
   [[nodiscard]] std::weak_ptr<AngleViewerDelegate> delegate() const { return _delegate; }
   void setDelegate(const std::weak_ptr<AngleViewerDelegate>& delegate) { _delegate = delegate; }
@@ -115,6 +116,7 @@ class AngleViewer : public QWidget, public Adjustable {
   [[nodiscard]] QPointF thumbPosition() const { return _thumbPosition; }
   [[nodiscard]] const std::vector<AngleInfo>& angleTextList() const { return _angleTextList; }
 
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -163,7 +165,7 @@ class AngleViewer : public QWidget, public Adjustable {
   QPointF _thumbPosition;
   QPointF _point0Deg;
   QPointF _point150Deg;
-  bool _allow2Drag = false;
+  bool _allow2Drag = false;  ///< the thumb is held
   bool _userDidDrag = false;
   bool _didTouchAngleTitle = false;
   std::vector<AngleInfo> _angleTextList;

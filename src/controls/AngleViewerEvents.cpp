@@ -112,6 +112,12 @@ QRectF AngleViewer::thumbSquare() const {
   return {_thumbPosition - half, QSizeF(THUMB_SIZE, THUMB_SIZE)};
 }
 
+// The release goes to the dialog, or nowhere.
+bool AngleViewer::event(QEvent* event) {
+  if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::Hide) _allow2Drag = false;
+  return QWidget::event(event);
+}
+
 void AngleViewer::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return event->ignore();
   _clicks.press(*event);

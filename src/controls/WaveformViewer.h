@@ -113,6 +113,7 @@ class WaveformViewer : public QWidget, public Adjustable {
   void drawReading(QPainter& painter, const QStringList& texts, const QRectF& box) const;
   void markTo(double x);
   void endMarking(double x);
+  void endHolding();
   void showCursor(QPointF at);
   [[nodiscard]] bool isRuler(QPointF at) const;
   [[nodiscard]] double placeOf(double x) const;

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
 #include <cmath>
+#include <utility>
 
 #include "controls/WaveformViewer.h"
 
@@ -16,6 +17,7 @@ constexpr double kScrollPerNotch = 60;  // pixels
 }  // namespace
 
 bool WaveformViewer::event(QEvent* event) {
+  if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::Hide) endHolding();
   if (event->type() == QEvent::NativeGesture) {
     const auto& gesture = static_cast<QNativeGestureEvent&>(*event);
     if (gesture.gestureType() == Qt::ZoomNativeGesture && isAdjustable()) {
@@ -83,6 +85,16 @@ void WaveformViewer::mouseMoveEvent(QMouseEvent* event) {
   if (_marks.isHeld()) return markTo(event->position().x());
   showCursor(event->position());
   if (_isHeld) adjust(timeAt(event->position().x()), AdjustCause::Drag);
+}
+
+// The release goes to the dialog, or nowhere: what was done by then stands.
+void WaveformViewer::endHolding() {
+  if (_marks.isHeld()) {
+    const auto drawn = _marks.release();
+    if (drawn) emit stretchMarked(drawn->a, *drawn->b);
+    update();
+  }
+  if (std::exchange(_isHeld, false)) adjust(_position, AdjustCause::Release);
 }
 
 void WaveformViewer::mouseReleaseEvent(QMouseEvent* event) {

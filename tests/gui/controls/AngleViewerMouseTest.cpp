@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QDialog>
 #include <QTest>
 #include <cmath>
 #include <memory>
@@ -220,6 +221,29 @@ TEST_F(AngleViewerMouse, DisabledIgnoresPresses) {
   Hands::release(dial, at(20.0));
   EXPECT_EQ(kStart, dial.angle());
   EXPECT_TRUE(count->angles.empty());
+}
+
+TEST_F(AngleViewerMouse, ADialogThatKeepsTheReleaseAwayEndsTheDrag) {
+  Hands::press(dial, at(kStart));
+  Hands::move(dial, at(60.0));
+  QDialog dialog;
+  dialog.setWindowModality(Qt::ApplicationModal);
+  dialog.show();
+  dialog.close();
+  Hands::hover(dial, at(20.0));
+  EXPECT_NEAR(60.0, dial.angle(), 1e-9);
+}
+
+TEST_F(AngleViewerMouse, DisablingEndsTheDrag) {
+  Hands::press(dial, at(kStart));
+  Hands::move(dial, at(60.0));
+  dial.setEnable(false);
+  Hands::move(dial, at(40.0));
+  EXPECT_NEAR(60.0, dial.angle(), 1e-9) << "it takes no input";
+  Hands::release(dial, at(40.0));
+  dial.setEnable(true);
+  Hands::hover(dial, at(20.0));
+  EXPECT_NEAR(60.0, dial.angle(), 1e-9) << "nobody holds it any more";
 }
 
 TEST(AngleViewer, ItsLabelsAreNowhereBeforeTheFirstDrawing) {

@@ -43,6 +43,10 @@ void Hands::move(QWidget& control, QPointF to) {
   send(control, QEvent::MouseMove, to, Qt::NoButton, Qt::LeftButton);
 }
 
+void Hands::hover(QWidget& control, QPointF to) {
+  send(control, QEvent::MouseMove, to, Qt::NoButton, Qt::NoButton);
+}
+
 void Hands::release(QWidget& control, QPointF at, Qt::MouseButton button) {
   send(control, QEvent::MouseButtonRelease, at, button, Qt::NoButton);
 }

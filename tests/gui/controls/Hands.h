@@ -17,6 +17,8 @@ class Hands {
   static void press(QWidget& control, QPointF at, Qt::MouseButton button = Qt::LeftButton);
   static void secondPress(QWidget& control, QPointF at);
   static void move(QWidget& control, QPointF to);
+  /// Without a button.
+  static void hover(QWidget& control, QPointF to);
   static void release(QWidget& control, QPointF at, Qt::MouseButton button = Qt::LeftButton);
   static void click(QWidget& control, QPointF at);
   static void doubleClick(QWidget& control, QPointF at);

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include <QAccessible>
+#include <QDialog>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
@@ -44,6 +45,13 @@ class Viewer : public testing::Test {
     QWheelEvent event(at, viewer.mapToGlobal(at), {}, {0, eighths}, Qt::NoButton, modifiers,
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(&viewer, &event);
+  }
+
+  static void openAndCloseADialog() {
+    QDialog dialog;
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.show();
+    dialog.close();
   }
 
   WaveformViewer viewer;
@@ -132,6 +140,30 @@ TEST_F(Viewer, PressAndDragMoveTheHead) {
                                            AdjustCause::Release));
   Hands::press(viewer, {309, 40}, Qt::RightButton);
   EXPECT_EQ(viewer.position(), 300);
+}
+
+TEST_F(Viewer, ReleaseThatADialogKeepsAwayIsMadeUpFor) {
+  Hands::press(viewer, {309, 40});
+  Hands::move(viewer, {409, 40});
+  openAndCloseADialog();
+  EXPECT_FALSE(viewer.isHeld());
+  EXPECT_THAT(causes,
+              testing::ElementsAre(AdjustCause::Press, AdjustCause::Drag, AdjustCause::Release));
+  Hands::hover(viewer, {509, 40});
+  EXPECT_EQ(viewer.position(), 200) << "nobody holds it any more";
+}
+
+TEST_F(Viewer, StretchThatADialogBreaksOffIsWhatWasDrawn) {
+  const QSignalSpy marked(&viewer, &WaveformViewer::stretchMarked);
+  Hands::press(viewer, {109, 4});
+  Hands::move(viewer, {209, 4});
+  openAndCloseADialog();
+  ASSERT_EQ(marked.count(), 1);
+  EXPECT_EQ(marked[0][0].toDouble(), 50);
+  EXPECT_EQ(marked[0][1].toDouble(), 100);
+  Hands::hover(viewer, {309, 4});
+  Hands::release(viewer, {309, 4});
+  EXPECT_EQ(marked.count(), 1);
 }
 
 TEST_F(Viewer, PointerReadsTimeAndLevel) {
