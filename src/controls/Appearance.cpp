@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QFontInfo>
+#include <QStringList>
 #include <QStyleFactory>
 #include <QWindow>
 #include <algorithm>
@@ -20,6 +21,7 @@ static void initialiseResources() {
 
 namespace {
 
+constexpr const char* kFamily = "Inter";
 constexpr int kPixels = 13;
 constexpr int kTitlePixels = 18;
 constexpr int kIndicatorPixels = 14;
@@ -139,9 +141,13 @@ QPalette Appearance::palette() {
   return palette;
 }
 
+// The program's own font may be what is there already: behind Inter the user's family stays.
 QFont Appearance::font() {
   QFont font = QApplication::font();
-  font.setFamilies({QStringLiteral("Inter"), font.family()});
+  QStringList families = font.families();
+  families.removeAll(QLatin1String(kFamily));
+  families.prepend(QLatin1String(kFamily));
+  font.setFamilies(families);
   font.setPixelSize(pixels(kPixels));
   return font;
 }

@@ -135,6 +135,17 @@ TEST(Appearance, TheStyleSheetHasColoursForAllNames) {
   EXPECT_TRUE(sheet.contains("rgba(45, 48, 54, 255)"));  // ControlColor
 }
 
+TEST(Appearance, TheUsersFamilyStaysBehindItsOwnInEverySize) {
+  const QFont before = QApplication::font();
+  QApplication::setFont(QFont(QStringLiteral("Somebody")));
+  Appearance::apply(*qApp);
+  Appearance::setTextScale(*qApp, 1.5);
+  Appearance::setTextScale(*qApp, 1);
+  EXPECT_EQ(QApplication::font().families(),
+            QStringList({QStringLiteral("Inter"), QStringLiteral("Somebody")}));
+  QApplication::setFont(before);
+}
+
 TEST(Appearance, IsDark) {
   Appearance::apply(*qApp);
   EXPECT_EQ(Colors::AppBG(), QApplication::palette().color(QPalette::Window));
