@@ -3,8 +3,9 @@
 
 #include "app/Announcements.h"
 
-#include <QFile>
 #include <filesystem>
+
+#include "dialogs/PathText.h"
 
 Announcements::Announcements(Announcer& announcer, const Sources& sources, QObject* parent)
     : QObject(parent) {
@@ -14,8 +15,7 @@ Announcements::Announcements(Announcer& announcer, const Sources& sources, QObje
   });
   connect(&sources.desk, &ExportDesk::exported, this,
           [&announcer](const std::filesystem::path& path) {
-            const QString name = QFile::decodeName(path.filename().c_str());
-            announcer.announce(tr("%1 is exported.").arg(name));
+            announcer.announce(tr("%1 is exported.").arg(PathText::nameOf(path)));
           });
   connect(&sources.status, &StatusLine::said, &announcer, &Announcer::announce);
 }

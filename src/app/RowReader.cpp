@@ -4,7 +4,6 @@
 #include "app/RowReader.h"
 
 #include <QDateTime>
-#include <QFile>
 #include <QLocale>
 #include <algorithm>
 #include <chrono>
@@ -15,6 +14,7 @@
 #include <utility>
 
 #include "controls/NumberText.h"
+#include "dialogs/PathText.h"
 #include "export/Export.h"
 #include "export/Recognition.h"
 #include "takes/FileTime.h"
@@ -54,7 +54,7 @@ QString describe(const ExportNote& note, bool isRaw) {
   if (note.gain) parts << RowReader::tr("gain %1 dB").arg(NumberText::of(*note.gain));
   const auto when = QDateTime::fromSecsSinceEpoch(note.written);
   parts << QLocale().toString(when, QLocale::ShortFormat);
-  const QString name = QFile::decodeName(note.target.filename().c_str());
+  const QString name = PathText::nameOf(note.target);
   return RowReader::tr("Exported as %1: %2").arg(name, parts.join(QStringLiteral(", ")));
 }
 

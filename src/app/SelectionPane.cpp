@@ -5,7 +5,7 @@
 
 #include <QLayout>
 
-#include "dialogs/ClockText.h"
+#include "controls/ClockText.h"
 
 SelectionPane::SelectionPane(BrowserView& view, FolderBrowser& browser, const BrowserPane& files,
                              QObject* parent)

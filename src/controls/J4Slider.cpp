@@ -4,6 +4,8 @@
 
 #include <QMouseEvent>
 
+#include "controls/ClockText.h"
+
 namespace {
 
 constexpr double kFineSeconds = 1.0;
@@ -17,12 +19,7 @@ J4Slider::J4Slider(QWidget* parent) : Slider(parent) {
 
 QString J4Slider::valueText() const {
   if (_duration <= 0.0) return Slider::valueText();
-  const auto seconds = static_cast<std::int64_t>(value() * _duration);
-  const auto two = [](std::int64_t number) {
-    return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
-  };
-  return QStringLiteral("%1:%2:%3")
-      .arg(two(seconds / 3600), two(seconds / 60 % 60), two(seconds % 60));
+  return ClockText::of(value() * _duration);
 }
 
 double J4Slider::valueOf(double seconds) const {

@@ -13,6 +13,7 @@
 
 #include "controls/AccessibleFactory.h"
 #include "controls/AdjustableAccessible.h"
+#include "controls/ClockText.h"
 #include "controls/Colors.h"
 #include "controls/NumberText.h"
 #include "controls/TimeRuler.h"
@@ -145,11 +146,7 @@ void WaveformViewer::revealHead() {
 }
 
 QString WaveformViewer::valueText() const {
-  const auto seconds = static_cast<long long>(_position);
-  return QStringLiteral("%1:%2:%3")
-      .arg(seconds / 3600, 2, 10, QChar(u'0'))
-      .arg(seconds / 60 % 60, 2, 10, QChar(u'0'))
-      .arg(seconds % 60, 2, 10, QChar(u'0'));
+  return ClockText::of(_position);
 }
 
 void WaveformViewer::adjust(double value, AdjustCause cause) {

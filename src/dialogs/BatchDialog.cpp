@@ -11,9 +11,9 @@
 #include <utility>
 
 #include "controls/Appearance.h"
+#include "controls/ClockText.h"
 #include "controls/NumberText.h"
 #include "controls/Reason.h"
-#include "dialogs/ClockText.h"
 #include "dialogs/ExportFacts.h"
 #include "dialogs/PathText.h"
 #include "export/ChunkSizes.h"
@@ -24,23 +24,21 @@ constexpr int kTextWidth = 360;
 constexpr int kMargin = 28;
 constexpr int kRefusedLines = 5;
 
-QString nameOf(const std::filesystem::path& path) {
-  return PathText::textOf(path.filename());
-}
-
 // Why a take is not exported.
 QString reasonOf(const BatchPlan::Item& item) {
   switch (item.fate) {
     case BatchPlan::Fate::Exists:
-      return BatchDialog::tr("%1 exists").arg(nameOf(item.order.target));
+      return BatchDialog::tr("%1 exists").arg(PathText::nameOf(item.order.target));
     case BatchPlan::Fate::IsTake:
-      return BatchDialog::tr("%1 is itself among the takes").arg(nameOf(item.order.target));
+      return BatchDialog::tr("%1 is itself among the takes")
+          .arg(PathText::nameOf(item.order.target));
     case BatchPlan::Fate::HasSameName:
       if (item.other.empty()) {
-        return BatchDialog::tr("%1 is about to be written").arg(nameOf(item.order.target));
+        return BatchDialog::tr("%1 is about to be written")
+            .arg(PathText::nameOf(item.order.target));
       }
       return BatchDialog::tr("%1 is to be the export of %2")
-          .arg(nameOf(item.order.target), nameOf(item.other));
+          .arg(PathText::nameOf(item.order.target), PathText::nameOf(item.other));
     default:
       return Reason::text(item.why);
   }
@@ -69,7 +67,8 @@ void BatchDialog::layOut() {
   column->setSpacing(8);
   const int count = static_cast<int>(_takes.files.size());
   column->addWidget(label(
-      count == 1 ? nameOf(_takes.files.front()) : tr("Export %n takes", nullptr, count), "title"));
+      count == 1 ? PathText::nameOf(_takes.files.front()) : tr("Export %n takes", nullptr, count),
+      "title"));
   column->addLayout(facts());
   column->addSpacing(8);
   _choices = new BatchChoices(this);
@@ -237,7 +236,7 @@ void BatchDialog::showRefused() {
 }
 
 void BatchDialog::addRefused(const BatchPlan::Item& item) {
-  const QString line = tr("%1: %2").arg(nameOf(item.order.source), reasonOf(item));
+  const QString line = tr("%1: %2").arg(PathText::nameOf(item.order.source), reasonOf(item));
   auto* const row = new QListWidgetItem(line, _refused);
   row->setToolTip(line);
 }

@@ -3,12 +3,12 @@
 
 #include "dialogs/ExportDesk.h"
 
-#include <QFile>
 #include <utility>
 
 #include "base/EB.h"
 #include "controls/Reason.h"
 #include "dialogs/Alert.h"
+#include "dialogs/PathText.h"
 #include "dialogs/TimeLeft.h"
 
 namespace {
@@ -17,13 +17,10 @@ using namespace std::chrono_literals;
 
 constexpr auto kBeforeShown = 250ms;  // a short export needs no window
 
-QString nameOf(const std::filesystem::path& path) {
-  return QFile::decodeName(path.filename().c_str());
-}
-
 // What went wrong, as the jobs tell it, ends without a full stop.
 QString sentence(const ExportOrder& order, const std::string& why) {
-  return ExportDesk::tr("%1 was not exported: %2.").arg(nameOf(order.source), Reason::text(why));
+  return ExportDesk::tr("%1 was not exported: %2.")
+      .arg(PathText::nameOf(order.source), Reason::text(why));
 }
 
 }  // namespace
@@ -46,8 +43,8 @@ void ExportDesk::ask(const std::shared_ptr<Export>& job, const ExportVC::Extra& 
 
 void ExportDesk::prepareProgress(int id, const ExportOrder& order) {
   if (order.isOfBatch) return;
-  auto progress =
-      std::make_unique<ExportProgress>(nameOf(order.source), nameOf(order.target), &_window);
+  auto progress = std::make_unique<ExportProgress>(PathText::nameOf(order.source),
+                                                   PathText::nameOf(order.target), &_window);
   progress->setParentFrame(_window.window()->frameGeometry());
   connect(progress.get(), &ExportProgress::cancelRequested, this,
           [this, id] { _queue.cancel(id); });

@@ -3,12 +3,12 @@
 
 #include "dialogs/ExportVC.h"
 
-#include <QFile>
 #include <QStyle>
 #include <utility>
 
 #include "controls/Appearance.h"
 #include "controls/NumberText.h"
+#include "dialogs/PathText.h"
 #include "dialogs/SavePanel.h"
 
 ExportVC::ExportVC(QWidget* parent) : DialogWindow(parent) {
@@ -135,8 +135,7 @@ void ExportVC::radio_check() {
 }
 
 void ExportVC::showFacts() {
-  showName(*_name, QFile::decodeName(_facts.source.filename().c_str()),
-           Appearance::lineWidth(kTextWidth, font()));
+  showName(*_name, PathText::nameOf(_facts.source), Appearance::lineWidth(kTextWidth, font()));
   _width->setText(_facts.widthText());
   _size->setText(exported().sizeText(_radio24->isChecked()));
   _levels.aim({_checkboxNormalize->isChecked(), target(), _facts.gain,

@@ -10,8 +10,8 @@
 #include <string_view>
 #include <variant>
 
+#include "controls/ClockText.h"
 #include "controls/Reason.h"
-#include "dialogs/ClockText.h"
 #include "dialogs/PathText.h"
 
 namespace {

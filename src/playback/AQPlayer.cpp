@@ -9,8 +9,6 @@
 
 #include "playback/PlayingFile.h"
 
-namespace {}  // namespace
-
 AQPlayer::AQPlayer(std::string filePath, std::unique_ptr<AudioFile> opened)
     : _filePath(std::move(filePath)), _playing(PlayingFile::get()), _number(_playing.takeOver()) {
   _playing.AQOpenFile(_filePath, std::move(opened));

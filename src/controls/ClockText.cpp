@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "dialogs/ClockText.h"
+#include "controls/ClockText.h"
 
 #include <cstdint>
 
