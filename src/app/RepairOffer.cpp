@@ -3,7 +3,6 @@
 
 #include "app/RepairOffer.h"
 
-#include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
 #include <cstdint>
@@ -12,15 +11,12 @@
 #include "controls/NumberText.h"
 #include "controls/Reason.h"
 #include "dialogs/Alert.h"
+#include "dialogs/PathText.h"
 #include "transfer/TakeDiagnosis.h"
 #include "transfer/TakeRepair.h"
 #include "wav/WaveImage.h"
 
 namespace {
-
-QString nameOf(const std::filesystem::path& path) {
-  return QFile::decodeName(path.filename().c_str());
-}
 
 double secondsOf(const TakeDiagnosis& diagnosis) {
   if (diagnosis.frameBytes == 0 || diagnosis.sampleRate == 0) return 0;
@@ -54,7 +50,7 @@ RepairOffer::RepairOffer(const Place& place, QObject* parent)
     if (failure == TakeSession::Failure::Unsupported) look(_take.file());
   });
   connect(&_take, &TakeSession::opening, this, [this] {
-    _look.giveUp();
+    _look.drop();
     if (_question) _question->close();
   });
 }
@@ -64,11 +60,11 @@ RepairOffer::~RepairOffer() {
 }
 
 void RepairOffer::look(const std::filesystem::path& take) {
-  _look.begin([this, take, cancel = _cancel]() -> Errand::Outcome {
+  _look.ask([this, take](const std::atomic<bool>& cancel) -> Errand::Outcome {
     std::string whyNot;
     const auto image = WaveImage::fromFile(take, whyNot);
-    const auto diagnosis = image ? TakeDiagnosis::of(*image, cancel.get()) : TakeDiagnosis();
-    const bool isRead = image && image->failure().empty() && !diagnosis.isCancelled;
+    const auto diagnosis = image ? TakeDiagnosis::of(*image, &cancel) : TakeDiagnosis();
+    const bool isRead = image && image->failure().empty();
     return [this, take, diagnosis, isRead] {
       if (isRead && diagnosis.state == TakeDiagnosis::State::Broken) offer(take, diagnosis);
       emit looked();
@@ -81,8 +77,8 @@ void RepairOffer::offer(const std::filesystem::path& take, const TakeDiagnosis& 
       &_window,
       tr("The recording of %1 broke off. %2 s of sound can be salvaged into %3, beside it. The "
          "take itself stays as it is.")
-          .arg(nameOf(take), NumberText::of(secondsOf(diagnosis), 1),
-               nameOf(TakeRepair::nameFor(take))));
+          .arg(PathText::nameOf(take), NumberText::of(secondsOf(diagnosis), 1),
+               PathText::nameOf(TakeRepair::nameFor(take))));
   const auto* const salvages = question->addButton(tr("Salvage"), QMessageBox::ActionRole);
   QPushButton* const later = question->addButton(tr("Not now"), QMessageBox::ActionRole);
   question->setDefaultButton(later);
@@ -95,7 +91,7 @@ void RepairOffer::offer(const std::filesystem::path& take, const TakeDiagnosis& 
 // A second one waits until the first has ended: the offer comes again with the take.
 void RepairOffer::salvage(const std::filesystem::path& take) {
   if (_salvage.isUnderWay()) return;
-  _status.say(StatusLine::Topic::Repair, tr("%1 is being salvaged…").arg(nameOf(take)));
+  _status.say(StatusLine::Topic::Repair, tr("%1 is being salvaged…").arg(PathText::nameOf(take)));
   const bool hasBegun = _salvage.begin([this, take, cancel = _cancel]() -> Errand::Outcome {
     const std::string failure = saved(take, *cancel);
     return
@@ -111,7 +107,7 @@ void RepairOffer::end(const std::filesystem::path& target, const QString& failur
     _browser.refresh();
   } else {
     _status.say(StatusLine::Topic::Repair,
-                tr("%1 was not saved: %2.").arg(nameOf(target), Reason::text(failure)));
+                tr("%1 was not saved: %2.").arg(PathText::nameOf(target), Reason::text(failure)));
     Alert::show(&_window, tr("Fail to save."));
   }
   emit ended();

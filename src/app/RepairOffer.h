@@ -13,6 +13,7 @@
 #include "app/StatusLine.h"
 #include "app/TakeSession.h"
 #include "base/Errand.h"
+#include "base/LatestErrand.h"
 
 class QMessageBox;
 struct TakeDiagnosis;
@@ -55,7 +56,8 @@ class RepairOffer : public QObject {
   TakeSession& _take;
   FolderBrowser& _browser;
   QPointer<QMessageBox> _question;
-  Errand _look;
+  LatestErrand _look;
   Errand _salvage;
-  std::shared_ptr<std::atomic<bool>> _cancel = std::make_shared<std::atomic<bool>>(false);
+  std::shared_ptr<std::atomic<bool>> _cancel =
+      std::make_shared<std::atomic<bool>>(false);  ///< that
 };

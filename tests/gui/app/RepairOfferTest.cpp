@@ -6,10 +6,23 @@
 #include <QMessageBox>
 #include <QSignalSpy>
 #include <QTest>
+#include <cstdint>
+#include <fstream>
+#include <string>
+#include <utility>
 
 #include "WindowFixture.h"
 
 namespace {
+
+/// By this program, so far.
+std::uintmax_t bytesRead() {
+  std::ifstream counts("/proc/self/io");
+  std::string name;
+  std::uintmax_t bytes = 0;
+  counts >> name >> bytes;
+  return bytes;
+}
 
 /// Takes whose recording broke off, in the whole window.
 class Repair : public WindowFixture {
@@ -95,6 +108,28 @@ TEST_F(Repair, AnotherTakeTakesTheQuestionAway) {
   });
   waitFor([] { return question() == nullptr; }, "the end of the question");
   waitFor([&] { return !looked.empty(); }, "whether it broke off");
+}
+
+// The zeros at its end, holes that take no room, are looked through from behind.
+TEST_F(Repair, AnotherTakeEndsTheLook) {
+  constexpr std::uintmax_t kZeros = std::uintmax_t{8} << 30;
+  std::filesystem::resize_file(brokenTake("R0001.WAV"), kZeros);
+  take("R0002.WAV");
+  startOnTakes();
+  const std::uintmax_t before = bytesRead();
+  waitForTake([this] { doubleClickRow("R0001.WAV"); });
+  const QSignalSpy looked(&offer(), &RepairOffer::looked);
+  controller().openWavFile({false, "R0002.WAV", {}, (takes.path() / "R0002.WAV").string()});
+  waitFor([&] { return !looked.empty(); }, "whether it broke off");
+  constexpr std::uintmax_t kSome = 100'000;  // that counting takes
+  std::uintmax_t now = 0;
+  waitFor(
+      [&now] {
+        const std::uintmax_t then = std::exchange(now, bytesRead());
+        return now < then + kSome;
+      },
+      "the end of it");
+  EXPECT_LT(now - before, kZeros / 2);
 }
 
 }  // namespace
