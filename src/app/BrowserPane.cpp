@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QUrl>
 
+#include "controls/PlainText.h"
 #include "dialogs/FolderPanel.h"
 
 namespace {
@@ -46,13 +47,13 @@ void BrowserPane::openSelected() {
 
 void BrowserPane::showName(const QString& name) {
   _view.lblFolder->setText(name);
-  _view.lblFolder->setToolTip(name);
+  _view.lblFolder->setToolTip(PlainText::of(name));
 }
 
 // The folder's own tip is its name.
 void BrowserPane::showPath() {
   const QString path = QFile::decodeName(_browser.place().c_str());
-  _view.btnOpenFolder->setToolTip(tr("Open folder, now %1").arg(path));
+  _view.btnOpenFolder->setToolTip(PlainText::of(tr("Open folder, now %1").arg(path)));
 }
 
 std::vector<WavItem> BrowserPane::selectedTakes() const {

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "controls/PlainText.h"
+
 StatusLine::StatusLine(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
   setWordWrap(true);
@@ -21,7 +23,7 @@ void StatusLine::say(Topic topic, const QString& sentence) {
 void StatusLine::present(const QString& sentence) {
   if (sentence == text()) return;
   setText(sentence);
-  setToolTip(sentence);
+  setToolTip(PlainText::of(sentence));
   if (!sentence.isEmpty()) emit said(sentence);
 }
 

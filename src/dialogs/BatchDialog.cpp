@@ -13,6 +13,7 @@
 #include "controls/Appearance.h"
 #include "controls/ClockText.h"
 #include "controls/NumberText.h"
+#include "controls/PlainText.h"
 #include "controls/Reason.h"
 #include "dialogs/ExportFacts.h"
 #include "dialogs/PathText.h"
@@ -238,7 +239,7 @@ void BatchDialog::showRefused() {
 void BatchDialog::addRefused(const BatchPlan::Item& item) {
   const QString line = tr("%1: %2").arg(PathText::nameOf(item.order.source), reasonOf(item));
   auto* const row = new QListWidgetItem(line, _refused);
-  row->setToolTip(line);
+  row->setToolTip(PlainText::of(line));
 }
 
 void BatchDialog::order() {

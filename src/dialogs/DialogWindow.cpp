@@ -8,6 +8,7 @@
 
 #include "controls/Colors.h"
 #include "controls/NumberText.h"
+#include "controls/PlainText.h"
 
 DialogWindow::DialogWindow(QWidget* parent) : QDialog(parent) {
   setWindowFlag(Qt::WindowMaximizeButtonHint, false);
@@ -51,7 +52,7 @@ void DialogWindow::showName(QLabel& label, const QString& name, int width) {
   label.setWordWrap(false);
   label.setText(label.fontMetrics().elidedText(name, Qt::ElideMiddle, width));
   label.setAccessibleName(name);
-  label.setToolTip(name);
+  label.setToolTip(PlainText::of(name));
 }
 
 void DialogWindow::showFigure(QLabel& label, const QString& text) {

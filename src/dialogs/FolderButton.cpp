@@ -4,6 +4,7 @@
 #include "dialogs/FolderButton.h"
 
 #include "controls/Appearance.h"
+#include "controls/PlainText.h"
 #include "dialogs/FolderPanel.h"
 #include "dialogs/PathText.h"
 
@@ -24,9 +25,11 @@ void FolderButton::setFolder(const std::filesystem::path& folder) {
   _folder = folder;
   const QString path = PathText::textOf(folder);
   const QString name = folder.has_filename() ? PathText::textOf(folder.filename()) : path;
+  const int width = Appearance::lineWidth(kTextWidth, font());
+  // One alone would underline the letter after it.
   setText(
-      fontMetrics().elidedText(name, Qt::ElideMiddle, Appearance::lineWidth(kTextWidth, font())));
-  setToolTip(path);
+      fontMetrics().elidedText(name, Qt::ElideMiddle, width).replace(u'&', QLatin1String("&&")));
+  setToolTip(PlainText::of(path));
   setAccessibleDescription(path);
   emit chosen(folder);
 }

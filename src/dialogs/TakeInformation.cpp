@@ -13,6 +13,7 @@
 
 #include "controls/Appearance.h"
 #include "controls/NumberText.h"
+#include "controls/PlainText.h"
 #include "controls/Reason.h"
 #include "dialogs/PathText.h"
 
@@ -154,7 +155,7 @@ QTreeWidgetItem* TakeInformation::addGroup(const QString& title, const std::vect
   for (const Line& line : lines) {
     auto* const item = new QTreeWidgetItem(group, {line.name, line.value});
     if (line.value.isEmpty()) item->setData(1, Qt::AccessibleTextRole, QStringLiteral("–"));
-    item->setToolTip(1, line.value.toHtmlEscaped());
+    item->setToolTip(1, PlainText::of(line.value));
   }
   group->setExpanded(true);
   return group;

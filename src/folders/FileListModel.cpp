@@ -4,7 +4,6 @@
 #include "folders/FileListModel.h"
 
 #include <QByteArray>
-#include <QTextDocument>
 #include <algorithm>
 #include <cstddef>
 #include <filesystem>
@@ -13,6 +12,7 @@
 
 #include "base/FileAddress.h"
 #include "controls/Artwork.h"
+#include "controls/PlainText.h"
 #include "folders/FolderHelper.h"
 
 namespace {
@@ -24,11 +24,6 @@ constexpr const char* kFileAddresses = "text/uri-list";
 
 QString artworkName(const WavItem& item) {
   return QString::fromLatin1(item.icon.data(), static_cast<qsizetype>(item.icon.size()));
-}
-
-// A name may look like markup.
-QString asPlainText(const QString& name) {
-  return Qt::mightBeRichText(name) ? Qt::convertFromPlainText(name) : name;
 }
 
 // Entries of `a` that are not in `b`, as far as `kFewRows` + 1.
@@ -154,8 +149,8 @@ QVariant FileListModel::factOf(const WavItem& item, int role) const {
   const RowFacts& facts = factsOf(item);
   if (role == kDurationRole) return facts.durationText();
   if (role == kExportedRole) return facts.isExported;
-  if (facts.exportNote.isEmpty()) return asPlainText(item.fileName);
-  return asPlainText(item.fileName + u'\n' + facts.exportNote);
+  if (facts.exportNote.isEmpty()) return PlainText::of(item.fileName);
+  return PlainText::of(item.fileName + u'\n' + facts.exportNote);
 }
 
 QString FileListModel::descriptionOf(const WavItem& item, bool isLoaded) const {
