@@ -5,7 +5,10 @@
 
 #include <QCoreApplication>
 #include <QRegularExpression>
+#include <algorithm>
 #include <array>
+#include <cstddef>
+#include <iterator>
 #include <optional>
 
 namespace {
@@ -117,7 +120,7 @@ constexpr std::array kKnown = {
     QT_TRANSLATE_NOOP("Reason", "Connection terminated")};
 
 // The known reason as a pattern: what differs is caught.
-QRegularExpression patternOf(const char* known) {
+QRegularExpression madePattern(const char* known) {
   QString pattern = QRegularExpression::escape(QLatin1String(known));
   for (const char16_t* const place : {u"%1", u"%2", u"%3"}) {
     const QString told = QString::fromUtf16(place);
@@ -125,6 +128,17 @@ QRegularExpression patternOf(const char* known) {
   }
   return QRegularExpression(QRegularExpression::anchoredPattern(pattern),
                             QRegularExpression::DotMatchesEverythingOption);
+}
+
+// Made once: a folder may have a reason for each of its files. Kept for the life of the process:
+// workers may ask until its end.
+const std::vector<QRegularExpression>& patterns() {
+  static const auto* const kAll = [] {
+    auto* const all = new std::vector<QRegularExpression>;
+    std::ranges::transform(kKnown, std::back_inserter(*all), madePattern);
+    return all;
+  }();
+  return *kAll;
 }
 
 QString filledIn(const QString& said, const QRegularExpressionMatch& match) {
@@ -136,9 +150,10 @@ QString filledIn(const QString& said, const QRegularExpressionMatch& match) {
 }
 
 std::optional<QString> translated(const QString& reason) {
-  for (const char* const known : kKnown) {
-    const auto match = patternOf(known).match(reason);
-    if (match.hasMatch()) return filledIn(QCoreApplication::translate("Reason", known), match);
+  for (std::size_t i = 0; i < kKnown.size(); ++i) {
+    const auto match = patterns().at(i).match(reason);
+    if (!match.hasMatch()) continue;
+    return filledIn(QCoreApplication::translate("Reason", kKnown.at(i)), match);
   }
   return std::nullopt;
 }
