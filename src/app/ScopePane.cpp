@@ -19,6 +19,8 @@ ScopePane::ScopePane(StageView& view, TakeSession& take, QObject* parent)
   connect(&_take, &TakeSession::opened, this, &ScopePane::begin);
   connect(&_take, &TakeSession::closing, this, &ScopePane::drop);
   connect(&_take, &TakeSession::stateChanged, this, &ScopePane::showState);
+  // Who asks is told the figure by the bar; the label would tell it thirty times a second.
+  _view.lblImageValue->setAccessibleName(_view.field->correlation->accessibleName());
   rest();
 }
 

@@ -6,6 +6,7 @@
 #include <QTest>
 #include <cmath>
 #include <numbers>
+#include <set>
 
 #include "TakeFixture.h"
 #include "app/HeardCorrelation.h"
@@ -13,6 +14,7 @@
 #include "app/ScopePane.h"
 #include "app/TransportPane.h"
 #include "app/WaveformPane.h"
+#include "gui/controls/AccessibleEvents.h"
 #include "support/EventLoop.h"
 
 namespace {
@@ -125,6 +127,25 @@ TEST_F(Scope, ShowsAFrameWithinThirtyMillisecondsOfItsSound) {
     }
   }
   EXPECT_NEAR(shownAt, 2.0, 0.030);
+}
+
+TEST_F(Scope, TellsAssistiveSoftwareNothingUnasked) {
+  session->setAngle(120);
+  openSound([](int i) {
+    const bool isMid = i / 24'000 % 2 == 0;
+    return std::pair(isMid ? tone(i) : 0.0, isMid ? 0.0 : tone(i));
+  });
+  load(0, 3);
+  std::set<QString> shown;
+  const AccessibleEvents events;
+  for (int i = 0; i < 6; ++i) {
+    session->seek(0.025 + 0.05 * i);
+    load(session->playedTime(), session->playedTime() + 0.1);
+    pane->advance();
+    shown.insert(view.stage->lblImageValue->text());
+  }
+  EXPECT_GE(shown.size(), 2U);
+  EXPECT_EQ(AccessibleEvents::count(QAccessible::NameChanged), 0);
 }
 
 TEST(HeardCorrelation, IsThatOfTheLastThreeTenths) {

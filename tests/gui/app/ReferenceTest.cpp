@@ -140,7 +140,7 @@ TEST_F(Reference, WhatIsNotPutBackIsFound) {
   view().player->btnLoop->setChecked(true);
   EXPECT_THAT(different(fresh, picture()), Contains("Loop"));
   view().player->btnLoop->setChecked(false);
-  stage().lblImageValue->setText("+1.00");
+  stage().lblLevelValue->setText("something else");
   EXPECT_THAT(different(fresh, picture()), Contains("what has no name"));
 }
 
