@@ -4,6 +4,7 @@
 #include "app/StageView.h"
 
 #include <QEvent>
+#include <QFontMetrics>
 #include <algorithm>
 
 #include "app/MainViewParts.h"
@@ -79,6 +80,11 @@ QSize room(const QLabel& label, QSize usual) {
   return label.sizeHint().expandedTo(usual);
 }
 
+QSize letterOf(const GainTickTitle& scale) {
+  const QFontMetrics metrics = scale.fontMetrics();
+  return {metrics.averageCharWidth(), metrics.height()};
+}
+
 int halfOf(const QLabel& caption, QSize usual) {
   return (room(caption, usual).width() + 1) / 2;
 }
@@ -90,8 +96,8 @@ int placeCentred(QWidget& widget, int centre, int top, QSize size) {
 }
 
 bool changesRoom(QEvent::Type type) {
-  return type == QEvent::LayoutRequest || type == QEvent::FontChange || type == QEvent::Show ||
-         type == QEvent::StyleChange || type == QEvent::Polish;
+  return type == QEvent::FontChange || type == QEvent::Show || type == QEvent::StyleChange ||
+         type == QEvent::Polish;
 }
 
 }  // namespace
@@ -157,10 +163,31 @@ void StageView::makeLevels() {
   lblLevelValue = caption<QLabel>("dim", tr("peak hold"));
 }
 
+// A label asks with each of its texts, thirty times a second; most take the room of the one before.
 bool StageView::event(QEvent* event) {
   const bool isDone = QWidget::event(event);
-  if (changesRoom(event->type())) place();
+  const bool isAsked = event->type() == QEvent::LayoutRequest;
+  if (isAsked ? rooms() != _rooms : changesRoom(event->type())) place();
   return isDone;
+}
+
+StageView::Rooms StageView::rooms() const {
+  return {room(*lblStereo, kDialCaption),
+          room(*lblStereoValue, kDialValue),
+          room(*lblImage, kDialCaption),
+          room(*lblImageValue, kDialValue),
+          room(*lblGain, kCaption),
+          room(*lblGainValue, kValue),
+          room(*lblLevel, kCaption),
+          room(*lblLevelValue, kValue),
+          room(*lblLeft, kLetter),
+          room(*lblRight, kLetter),
+          field->sizeHint(),
+          clipLeft->sizeHint(),
+          QSize(0, cost->sizeHint().height()),
+          sliderStereo->sizeHint(),
+          letterOf(*tickOfGain),
+          letterOf(*tickOfLevel)};
 }
 
 int StageView::scaleWidth(const GainTickTitle& scale) const {
@@ -228,6 +255,7 @@ void StageView::resizeEvent(QResizeEvent* event) {
 }
 
 void StageView::place() {
+  _rooms = rooms();
   const Centres least = centres();
   const int right = least.levels + std::max(levelHalf(), toScale()) + kGap;
   const Centres at = spread(least);
@@ -235,7 +263,9 @@ void StageView::place() {
   placeField(at.field);
   placeGain(at.gain);
   placeLevels(at.levels);
+  const QSize before = _usual;
   take({right, placeCaptions(at)});
+  if (_usual != before) place();  // what there is more has changed
 }
 
 void StageView::placeField(int centre) {

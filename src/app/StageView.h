@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QWidget>
+#include <array>
 
 #include "app/CostView.h"
 #include "app/FieldView.h"
@@ -56,12 +57,16 @@ class StageView : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  /// What all depends on that is placed: texts, and letters of what has always the same ones.
+  using Rooms = std::array<QSize, 16>;
+
   void makeDial();
   void makeField();
   void makeGain();
   void makeLevels();
   template <class Label>
   Label* caption(const char* role, const QString& text = {});
+  [[nodiscard]] Rooms rooms() const;
   void place();
   void placeDial(int centre);
   void placeCost(int centre, int middle);
@@ -86,4 +91,5 @@ class StageView : public QWidget {
   [[nodiscard]] int scaleWidth(const GainTickTitle& scale) const;
 
   QSize _usual;
+  Rooms _rooms;  ///< when all was last placed
 };

@@ -275,6 +275,22 @@ TEST_F(Layout, TextOfTwiceTheSizeIsWholeAndInReach) {
   EXPECT_EQ(frame(stage().sliderStereo), QRect(370, 81, 352, 352)) << "as it was";
 }
 
+TEST_F(Layout, TextsThatTakeTheSameRoomMoveNothing) {
+  startOnTakes();
+  QCoreApplication::processEvents();
+  const QRect place = stage().lblGain->geometry();
+  stage().lblGain->move(0, 0);  // where nobody would place it
+  stage().lblImageValue->setText("+0.53");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(stage().lblGain->pos(), QPoint(0, 0));
+  stage().lblImageValue->setText(QString(60, u'8'));
+  QCoreApplication::processEvents();
+  EXPECT_NE(stage().lblGain->pos(), QPoint(0, 0));
+  stage().lblImageValue->setText("+0.53");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(stage().lblGain->geometry(), place);
+}
+
 TEST_F(Layout, DesktopsLargeTextIsLarge) {
   QFont font;
   font.setPixelSize(15);
