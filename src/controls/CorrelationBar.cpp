@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "controls/CorrelationBar.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
@@ -39,7 +40,7 @@ void CorrelationBar::setValue(std::optional<double> value) {
   const bool isSame =
       value.has_value() == _value.has_value() && (!value || place(value) == place(_value));
   _value = value;
-  if (!isSame) update();
+  if (!isSame) update(0, 0, width(), static_cast<int>(kMarkHeight));
 }
 
 std::optional<int> CorrelationBar::hundredths(std::optional<double> value) {
@@ -65,7 +66,8 @@ QSize CorrelationBar::sizeHint() const {
           static_cast<int>(kMarkHeight) + 2 + QFontMetrics(Appearance::small(font())).height()};
 }
 
-void CorrelationBar::paintEvent(QPaintEvent* /*event*/) {
+// The figures under the bar stay, and are only written where they are to be painted.
+void CorrelationBar::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
@@ -80,9 +82,10 @@ void CorrelationBar::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRoundedRect(QRectF(xOf(*_value) - kMarkWidth / 2, 0, kMarkWidth, kMarkHeight), 1,
                             1);
   }
+  const QRectF below(0, kMarkHeight + 2, width(), height() - kMarkHeight - 2);
+  if (event->rect().bottom() < below.top()) return;
   painter.setFont(Appearance::small(font()));
   painter.setPen(Colors::dimText());
-  const QRectF below(0, kMarkHeight + 2, width(), height() - kMarkHeight - 2);
   painter.drawText(below, Qt::AlignLeft | Qt::AlignTop, QStringLiteral("−1"));
   painter.drawText(below, Qt::AlignHCenter | Qt::AlignTop, QStringLiteral("0"));
   painter.drawText(below, Qt::AlignRight | Qt::AlignTop, QStringLiteral("+1"));

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "controls/AccessibleFactory.h"
 #include "controls/Colors.h"
@@ -78,9 +79,15 @@ void LevelMeter::updateFrame() {
   const QRectF bright = _layerRainBow.frame;
   const double visible = sharedScale().visibleHeight(_level, height());
   const QRectF mask = bright.translated(0.0, visible - bright.height());
-  if (mask == _layerMaskOfRainBow) return;
-  _layerMaskOfRainBow = mask;
-  update();
+  const QRectF before = std::exchange(_layerMaskOfRainBow, mask);
+  if (mask != before) updateBetween(before.bottom(), mask.bottom());
+}
+
+// Both are upward; nothing else of the bar changes.
+void LevelMeter::updateBetween(double one, double other) {
+  const double top = std::floor(height() - std::max(one, other));
+  const double bottom = std::ceil(height() - std::min(one, other));
+  update(QRectF(0.0, top, width(), bottom - top).toRect().intersected(rect()));
 }
 
 void LevelMeter::paintEvent(QPaintEvent* /*event*/) {

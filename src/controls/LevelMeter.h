@@ -61,6 +61,7 @@ class LevelMeter : public QWidget, public ReadableLevel {
   void initUI();
   void layoutLayers();
   void updateFrame();
+  void updateBetween(double one, double other);
   void drawBright(QPainter& painter, double top) const;
   static LevelMeterScale& sharedScale();
   [[nodiscard]] double holdTop(double level) const;

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QBackingStore>
 #include <QTest>
 #include <cmath>
 #include <memory>
@@ -55,6 +56,19 @@ bool repaints(QWidget& control, const Action& action) {
   action();
   flush(control);
   return paints.count() > 0;
+}
+
+/// What the control looks like on the screen, put together of what was painted by and by.
+QImage shown(QWidget& control) {
+  return static_cast<const QImage*>(control.backingStore()->paintDevice())->copy();
+}
+
+/// Whether painting all of it would change nothing.
+bool isWhole(QWidget& control) {
+  flush(control);
+  const QImage parts = shown(control);
+  control.repaint();
+  return parts == shown(control);
 }
 
 template <class Control>
@@ -173,6 +187,16 @@ TEST_F(RedrawOfMeter, ForALevelThatShows) {
   EXPECT_TRUE(repaints([this] { control.setLevel(0); }));
 }
 
+TEST_F(RedrawOfMeter, OfPartsMakesTheWhole) {
+  control.setMaxValue(54);
+  for (const int level : {10, 54, 3, 37, 36, 90, 80, 24, 48, 49, 0, -5, 1}) {
+    control.setLevel(level);
+    EXPECT_TRUE(isWhole(control)) << level;
+    control.setHold(level % 7 == 3 ? level + 0.4 : 50);
+    EXPECT_TRUE(isWhole(control)) << level;
+  }
+}
+
 struct RedrawOfPath : Redraw<PathViewer> {
   RedrawOfPath() : Redraw({200, 30}) {}
 };
@@ -271,6 +295,17 @@ TEST_F(RedrawOfCorrelation, ForAValueThatMovesByAPixel) {
   EXPECT_TRUE(repaints([this] { control.setValue(0.5); }));
   EXPECT_FALSE(repaints([this] { control.setValue(0.5001); }));
   EXPECT_TRUE(repaints([this] { control.setValue(std::nullopt); }));
+}
+
+TEST_F(RedrawOfCorrelation, OfPartsMakesTheWhole) {
+  for (const double value : {0.0, 1.0, 0.93, -0.4, -1.0, -0.31, 0.05, 0.12, 0.07, -0.06}) {
+    control.setValue(value);
+    EXPECT_TRUE(isWhole(control)) << value;
+  }
+  control.setValue(std::nullopt);
+  EXPECT_TRUE(isWhole(control));
+  control.setValue(0.4);
+  EXPECT_TRUE(isWhole(control));
 }
 
 TEST(RedrawOfFigure, ForAnotherTenthNoteOrLook) {
