@@ -1474,6 +1474,14 @@ MIT-Lizenz</translation>
         <translation>Dort ist eine andere Kopie am Werk</translation>
     </message>
     <message>
+        <source>A copy is at work there</source>
+        <translation>Dort ist eine Kopie am Werk</translation>
+    </message>
+    <message>
+        <source>The folder is being verified</source>
+        <translation>Der Ordner wird gerade geprüft</translation>
+    </message>
+    <message>
         <source>The manifest cannot be read: %1</source>
         <translation>Das Manifest ist nicht lesbar: %1</translation>
     </message>

@@ -1474,6 +1474,14 @@ Licencia MIT</translation>
         <translation>Otra copia está en marcha ahí</translation>
     </message>
     <message>
+        <source>A copy is at work there</source>
+        <translation>Hay una copia en marcha ahí</translation>
+    </message>
+    <message>
+        <source>The folder is being verified</source>
+        <translation>Se está verificando la carpeta</translation>
+    </message>
+    <message>
         <source>The manifest cannot be read: %1</source>
         <translation>No se puede leer el manifiesto: %1</translation>
     </message>

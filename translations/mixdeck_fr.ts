@@ -1474,6 +1474,14 @@ Licence MIT</translation>
         <translation>Une autre copie y est en cours</translation>
     </message>
     <message>
+        <source>A copy is at work there</source>
+        <translation>Une copie y est en cours</translation>
+    </message>
+    <message>
+        <source>The folder is being verified</source>
+        <translation>Le dossier est en cours de vérification</translation>
+    </message>
+    <message>
         <source>The manifest cannot be read: %1</source>
         <translation>Le manifeste ne peut pas être lu&#xa0;: %1</translation>
     </message>

@@ -1469,6 +1469,14 @@ MIT ライセンス</translation>
         <translation>別のコピーがそこで実行中です</translation>
     </message>
     <message>
+        <source>A copy is at work there</source>
+        <translation>そこでコピーを実行中です</translation>
+    </message>
+    <message>
+        <source>The folder is being verified</source>
+        <translation>フォルダーを検証中です</translation>
+    </message>
+    <message>
         <source>The manifest cannot be read: %1</source>
         <translation>マニフェストを読み込めません：%1</translation>
     </message>

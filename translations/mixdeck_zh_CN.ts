@@ -1469,6 +1469,14 @@ MIT 许可证</translation>
         <translation>另一个复制正在那里进行</translation>
     </message>
     <message>
+        <source>A copy is at work there</source>
+        <translation>那里正在进行复制</translation>
+    </message>
+    <message>
+        <source>The folder is being verified</source>
+        <translation>正在校验该文件夹</translation>
+    </message>
+    <message>
         <source>The manifest cannot be read: %1</source>
         <translation>无法读取清单：%1</translation>
     </message>

@@ -15,11 +15,12 @@
 #include "cli/Printable.h"
 #include "cli/Problem.h"
 #include "cli/SpeedText.h"
-#include "transfer/FolderCheck.h"
 
 namespace {
 
 using State = FolderCheck::State;
+
+constexpr const char* kCancelled = "mixdeck-cli: cancelled";
 
 constexpr std::array<std::pair<State, std::string_view>, 6> kWords{
     {{State::Right, "right"},
@@ -53,8 +54,14 @@ std::string summaryOf(const std::array<std::size_t, kWords.size()>& counts) {
 
 // What to do about it.
 std::string_view advice(FolderCheck::Obstacle obstacle) {
-  return obstacle == FolderCheck::Obstacle::Manifest ? "mend that, and verify again"
-                                                     : "name a folder that takes were copied into";
+  switch (obstacle) {
+    case FolderCheck::Obstacle::Copying:
+      return "verify again at its end";
+    case FolderCheck::Obstacle::Manifest:
+      return "mend that, and verify again";
+    default:
+      return "name a folder that takes were copied into";
+  }
 }
 
 }  // namespace
@@ -70,6 +77,12 @@ CLI::App* VerifyCommand::declare(CLI::App& program) {
   return command;
 }
 
+std::string VerifyCommand::problemOf(const FolderCheck& check) const {
+  if (check.obstacle() == FolderCheck::Obstacle::Cancelled) return kCancelled;
+  return problemLine(_folder, kFailToOpen,
+                     fmt::format("{}; {}", check.whyNot(), advice(check.obstacle())));
+}
+
 int VerifyCommand::run() {
   ProgressLine line(1);
   if (_isQuiet) line.hide();
@@ -82,11 +95,9 @@ int VerifyCommand::run() {
 }
 
 bool VerifyCommand::verify(ProgressLine& line) const {
-  FolderCheck check(_folder);
-  const std::string reason = check.whyNot();
-  if (!reason.empty()) {
-    line.message(
-        problemLine(_folder, kFailToOpen, fmt::format("{}; {}", reason, advice(check.obstacle()))));
+  FolderCheck check(_folder, [] { return !Interrupt::requested(); });
+  if (check.obstacle() != FolderCheck::Obstacle::None) {
+    line.message(problemOf(check));
     return false;
   }
   for (const std::string& problem : check.problems()) {
@@ -109,7 +120,7 @@ bool VerifyCommand::verify(ProgressLine& line) const {
     return !Interrupt::requested();
   };
   const bool isAllRight = check.run(tell, step);
-  if (Interrupt::requested()) line.message("mixdeck-cli: cancelled");
+  if (Interrupt::requested()) line.message(kCancelled);
   if (!_isQuiet) line.print(summaryOf(counts));
   return isAllRight && !Interrupt::requested();
 }

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 #include "cli/Command.h"
 #include "cli/ProgressLine.h"
+#include "transfer/FolderCheck.h"
 
 /// `verify`: holds the files of a folder to its manifests.
 class VerifyCommand : public Command {
@@ -15,6 +17,7 @@ class VerifyCommand : public Command {
 
  private:
   [[nodiscard]] bool verify(ProgressLine& line) const;
+  [[nodiscard]] std::string problemOf(const FolderCheck& check) const;
 
   std::filesystem::path _folder;
   bool _isQuiet = false;

@@ -61,6 +61,8 @@ constexpr std::array kKnown = {
     QT_TRANSLATE_NOOP("Reason", "The folder cannot be written to: %1"),
     QT_TRANSLATE_NOOP("Reason", "The folder cannot be read: %1"),
     QT_TRANSLATE_NOOP("Reason", "Another copy is at work there"),
+    QT_TRANSLATE_NOOP("Reason", "A copy is at work there"),
+    QT_TRANSLATE_NOOP("Reason", "The folder is being verified"),
     QT_TRANSLATE_NOOP("Reason", "The manifest cannot be read: %1"),
     QT_TRANSLATE_NOOP("Reason", "The manifest cannot be written: %1"),
     QT_TRANSLATE_NOOP("Reason", "It has no manifest (%1)"),

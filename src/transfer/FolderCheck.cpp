@@ -10,12 +10,18 @@
 
 namespace fs = std::filesystem;
 
-FolderCheck::FolderCheck(fs::path folder)
+FolderCheck::FolderCheck(fs::path folder, const FolderFiles::GoOn& mayGoOn)
     : _folder(std::move(folder)),
-      _manifests(_folder),
-      _found(FolderFiles::of(_folder, FolderFiles::Which::All)) {}
+      _lock(std::make_unique<const ManifestLock>(_folder, ManifestLock::Kind::Check)),
+      _isCopiedInto(_lock->other() != ManifestLock::Other::Nobody),
+      _manifests(_folder) {
+  if (!_isCopiedInto) _found = FolderFiles::of(_folder, FolderFiles::Which::All, mayGoOn);
+  _lock.reset();
+}
 
 FolderCheck::Obstacle FolderCheck::obstacle() const {
+  if (_isCopiedInto) return Obstacle::Copying;
+  if (_found.isCutShort) return Obstacle::Cancelled;
   if (_manifests.isThere()) return Obstacle::None;
   if (!whyNotListed().empty()) return Obstacle::Folder;
   return _manifests.whyNot().empty() ? Obstacle::NoManifest : Obstacle::Manifest;
@@ -23,6 +29,10 @@ FolderCheck::Obstacle FolderCheck::obstacle() const {
 
 std::string FolderCheck::whyNot() const {
   switch (obstacle()) {
+    case Obstacle::Copying:
+      return "A copy is at work there";
+    case Obstacle::Cancelled:
+      return "Cancelled";
     case Obstacle::Folder:
       return "The folder cannot be read: " + whyNotListed();
     case Obstacle::NoManifest:

@@ -11,6 +11,7 @@
 
 #include "transfer/FolderFiles.h"
 #include "transfer/ManifestFolder.h"
+#include "transfer/ManifestLock.h"
 #include "transfer/MediumFile.h"
 
 /// Holds the files of a folder to its manifests, by what stands on the medium. Reads only. One
@@ -24,13 +25,16 @@ class FolderCheck {
     std::string detail;  ///< where it moved to, or why it is changed or unreadable
   };
   /// Why nothing can be checked.
-  enum class Obstacle { None, Folder, NoManifest, Manifest };
+  enum class Obstacle { None, Copying, Cancelled, Folder, NoManifest, Manifest };
   using Tell = std::function<void(const Finding&)>;
 
-  explicit FolderCheck(std::filesystem::path folder);
+  /// Lists the folder, as long as it may, and reads its manifests. No copy begins there meanwhile.
+  explicit FolderCheck(
+      std::filesystem::path folder, const FolderFiles::GoOn& mayGoOn = [] { return true; });
 
-  /// What keeps it from being checked: that it cannot be listed, has no manifest, or has one that
-  /// cannot be read.
+  /// What keeps it from being checked: that a copy is at work there, which tells the manifest of
+  /// its takes after they are there; that it was not to go on, cannot be listed, has no manifest,
+  /// or has one that cannot be read.
   [[nodiscard]] Obstacle obstacle() const;
   /// The same, in words; empty where it can be checked.
   [[nodiscard]] std::string whyNot() const;
@@ -54,6 +58,8 @@ class FolderCheck {
   [[nodiscard]] std::string whyNotListed() const;
 
   std::filesystem::path _folder;
+  std::unique_ptr<const ManifestLock> _lock;  ///< while all of that is read
+  bool _isCopiedInto;
   ManifestFolder _manifests;
   FolderFiles _found;
   std::map<std::string, Manifest::Entry> _missing;

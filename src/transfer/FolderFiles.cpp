@@ -22,10 +22,11 @@ namespace {
 /// others from being listed.
 class Listing {
  public:
-  Listing(const fs::path& folder, FolderFiles::Which which) : _folder(folder), _which(which) {}
+  Listing(const fs::path& folder, FolderFiles::Which which, const FolderFiles::GoOn& mayGoOn)
+      : _folder(folder), _which(which), _mayGoOn(mayGoOn) {}
 
   FolderFiles run() {
-    for (_next.emplace_back(); !_next.empty();) {
+    for (_next.emplace_back(); !_next.empty() && goesOn();) {
       const fs::path inside = std::move(_next.back());
       _next.pop_back();
       list(inside);
@@ -36,11 +37,17 @@ class Listing {
   }
 
  private:
+  bool goesOn() {
+    _found.isCutShort = _found.isCutShort || !_mayGoOn();
+    return !_found.isCutShort;
+  }
+
   void list(const fs::path& inside) {
     std::error_code error;
     const fs::path folder = inside.empty() ? _folder : _folder / inside;
     fs::directory_iterator entry(folder, error);
-    for (const fs::directory_iterator end; !error && entry != end; entry.increment(error)) {
+    for (const fs::directory_iterator end; !error && entry != end && goesOn();
+         entry.increment(error)) {
       const fs::path path = inside / entry->path().filename();
       if (!isLeftOut(path)) look(path);
     }
@@ -66,6 +73,7 @@ class Listing {
 
   const fs::path& _folder;
   FolderFiles::Which _which;
+  const FolderFiles::GoOn& _mayGoOn;
   FolderFiles _found;
   std::vector<fs::path> _next;  ///< folders that are still to be listed
 };
@@ -91,6 +99,6 @@ bool FolderFiles::isTake(const fs::path& path) {
   return ending == ".wav";
 }
 
-FolderFiles FolderFiles::of(const fs::path& folder, Which which) {
-  return Listing(folder, which).run();
+FolderFiles FolderFiles::of(const fs::path& folder, Which which, const GoOn& mayGoOn) {
+  return Listing(folder, which, mayGoOn).run();
 }

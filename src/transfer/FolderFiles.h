@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,8 @@
 /// out, links are not followed.
 struct FolderFiles {
   enum class Which { Takes, All };
+  /// Asked before each file and folder whether to go on.
+  using GoOn = std::function<bool()>;
 
   /// What could not be listed: a folder with what is below it, or a file.
   struct Gap {
@@ -27,11 +30,13 @@ struct FolderFiles {
   /// Whether a file of this name is a take: one that ends in ".wav", in letters of any size.
   static bool isTake(const std::filesystem::path& file);
   /// Waits for the medium. What cannot be listed does not keep the rest from it.
-  static FolderFiles of(const std::filesystem::path& folder, Which which);
+  static FolderFiles of(
+      const std::filesystem::path& folder, Which which, const GoOn& mayGoOn = [] { return true; });
 
   /// Whether what has this path would not have been seen.
   [[nodiscard]] bool mayHide(const std::filesystem::path& file) const;
 
   std::vector<CardTake> files;
   std::vector<Gap> gaps;
+  bool isCutShort = false;  ///< it was not gone on with: there may be more
 };

@@ -2,26 +2,42 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 
-/// Keeps other copies away from the manifests of a folder, in this process and in others, for as
-/// long as it is there. One thread at a time; waits for the medium.
+/// Keeps others away from the manifests of a folder, in this process and in others, for as long as
+/// it is there: a copy everybody, a check copies. One thread at a time; waits for the medium.
 ///
 /// Some file systems know no locks, or may not be written to: nobody is kept away there.
 class ManifestLock {
  public:
-  /// Makes the folder of the manifests, where it is missing.
-  explicit ManifestLock(const std::filesystem::path& folder);
+  enum class Kind { Copy, Check };
+  /// Who has it already, so that this one has not.
+  enum class Other { Nobody, Copy, Check };
+
+  static constexpr std::chrono::milliseconds kPatience{2000};
+
+  /// A copy makes the folder of the manifests where it is missing, and waits for checks, but no
+  /// longer than the patience. For a copy nobody waits.
+  explicit ManifestLock(const std::filesystem::path& folder, Kind kind = Kind::Copy,
+                        std::chrono::milliseconds patience = kPatience);
   ManifestLock(const ManifestLock&) = delete;
   ManifestLock& operator=(const ManifestLock&) = delete;
-  /// The folder of the manifests goes where nothing came into it.
+  /// After a copy the folder of the manifests goes where nothing came into it.
   ~ManifestLock();
 
-  /// Whether another one has it.
-  [[nodiscard]] bool isElsewhere() const { return _isElsewhere; }
+  [[nodiscard]] Other other() const { return _other; }
+  /// Whether anybody else has it.
+  [[nodiscard]] bool isElsewhere() const { return _other != Other::Nobody; }
 
  private:
+  void lookAmongChecks();
+  void waitAlone(std::chrono::milliseconds patience);
+  [[nodiscard]] Other tryAlone() const;
+  [[nodiscard]] Other tryAmongChecks() const;
+
   std::filesystem::path _manifests;
+  Kind _kind;
   int _folder = -1;
-  bool _isElsewhere = false;
+  Other _other = Other::Nobody;
 };

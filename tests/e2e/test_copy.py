@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """The takes of a card brought home, and verified there."""
 
+import fcntl
 import hashlib
 import os
 import random
@@ -218,6 +219,16 @@ class VerifyTest(CardCase):
         self.expect(1, "verify", "home", out="3 right\n",
                     err="mixdeck-cli: home: The manifest is not right: "
                         f"{os.path.basename(path)}: it was changed after it was written\n")
+
+    def test_beside_a_copy_it_says_so(self):
+        self.expect(0, "copy", "--quiet", "card", "home", out="", err="")
+        folder = os.open(self.path("home", "ascmhl"), os.O_RDONLY)
+        fcntl.flock(folder, fcntl.LOCK_EX)
+        self.expect(1, "verify", "home", out="",
+                    err="mixdeck-cli: home: Fail to open. A copy is at work there; "
+                        "verify again at its end\n")
+        os.close(folder)
+        self.expect(0, "verify", "home", out="3 right\n", err="")
 
     def test_without_a_manifest_it_fails(self):
         self.expect(1, "verify", "card", out="",

@@ -123,6 +123,38 @@ TEST_F(FolderCheckTest, AGenerationThatIsNotInTheChainYetIsTakenInByTheNextCopy)
   EXPECT_TRUE(isRight());
 }
 
+// A copy tells the chain of its manifest in the end alone, and a take before its manifest.
+TEST_F(FolderCheckTest, AFolderThatIsBeingCopiedIntoIsNotCheckedYet) {
+  put("card/R0004.WAV", Bytes(5));
+  put("card/R0005.WAV", Bytes(5));
+  CardCopy job(card(), home());
+  std::size_t looks = 0;
+  job.setProgress([&](const auto& /*progress*/) {
+    const FolderCheck check(home());
+    EXPECT_EQ(check.whyNot(), "A copy is at work there");
+    EXPECT_EQ(check.obstacle(), FolderCheck::Obstacle::Copying);
+    ++looks;
+  });
+  EXPECT_TRUE(run(job));
+  EXPECT_GT(looks, 5U);
+  EXPECT_EQ(FolderCheck(home()).whyNot(), "");
+  EXPECT_TRUE(isRight());
+}
+
+TEST_F(FolderCheckTest, ACheckThatHasLookedKeepsNoCopyAway) {
+  put("card/R0004.WAV", Bytes(5));
+  FolderCheck check(home());
+  EXPECT_TRUE(copy());
+  EXPECT_TRUE(check.run([](const auto& /*finding*/) {}, [](auto /*bytes*/) { return true; }))
+      << "what has come since is not looked at";
+}
+
+TEST_F(FolderCheckTest, ListsNoLongerThanItMay) {
+  const FolderCheck check(home(), [] { return false; });
+  EXPECT_EQ(check.obstacle(), FolderCheck::Obstacle::Cancelled);
+  EXPECT_NE(check.whyNot(), "");
+}
+
 // Of a program that tells no sizes, and knows other hashes beside.
 TEST_F(FolderCheckTest, WithoutASizeTheContentCounts) {
   fs::rename(home() / "R0001.WAV", home() / "moved.WAV");

@@ -54,6 +54,18 @@ TEST_F(FolderFilesTest, TellsWhyAFolderCannotBeListed) {
   EXPECT_TRUE(none.mayHide("R0001.WAV"));
 }
 
+// On a slow card each of them takes its time.
+TEST_F(FolderFilesTest, GoesOnNoLongerThanItMay) {
+  for (int i = 0; i < 100; ++i) put("card/DAY2/" + std::to_string(i) + ".WAV", {});
+  int asked = 0;
+  const FolderFiles some =
+      FolderFiles::of(card(), FolderFiles::Which::Takes, [&asked] { return ++asked < 20; });
+  EXPECT_TRUE(some.isCutShort);
+  EXPECT_LT(some.files.size(), 20U);
+  EXPECT_EQ(asked, 20) << "no is no";
+  EXPECT_FALSE(FolderFiles::of(card(), FolderFiles::Which::Takes).isCutShort);
+}
+
 TEST(FolderFilesGapTest, HidesWhatIsBelowIt) {
   const FolderFiles::Gap gap{"a/b", "reason"};
   EXPECT_EQ(gap.in("/card"), "/card/a/b");
