@@ -170,7 +170,7 @@ bool CardCopy::isKnown(const CardTake& take) const {
 void CardCopy::compare(const CardTake& take) {
   const MediumStep step = this->step();
   const MediumContent source = MediumContent::of(_card / take.path, MediumFile::Way::Plain, step);
-  if (!source.failure.empty()) return tell(take, Outcome::Failed, source.failure);
+  if (!source.failure.empty()) return failToRead(take, source.failure);
   if (_wasCancelled) return;
   const MediumContent there = MediumContent::of(targetOf(take), MediumFile::Way::PastCache, step);
   if (!there.failure.empty()) return tell(take, Outcome::Differs, there.failure);
@@ -194,11 +194,14 @@ void CardCopy::copy(const CardTake& take) {
     record(take, job.hash());
     return tell(take, Outcome::Copied);
   }
+  if (end == TakeCopy::End::NotRead) return failToRead(take, job.failure());
   tell(take, Outcome::Failed, job.failure());
-  if (end == TakeCopy::End::NotRead && !statusOf(_card / take.path)) {
-    fail(Obstacle::CardGone, "The card is gone");
-  }
   if (job.isDiskFull()) fail(Obstacle::FolderFull, job.failure());
+}
+
+void CardCopy::failToRead(const CardTake& take, const std::string& reason) {
+  tell(take, Outcome::Failed, reason);
+  if (!statusOf(_card / take.path)) fail(Obstacle::CardGone, "The card is gone");
 }
 
 void CardCopy::fail(Obstacle obstacle, const std::string& reason) {

@@ -97,6 +97,7 @@ class CardCopy {
   [[nodiscard]] bool isKnown(const CardTake& take) const;
   void compare(const CardTake& take);
   void copy(const CardTake& take);
+  void failToRead(const CardTake& take, const std::string& reason);
   void skip(const CardTake& take);
   void tellProgress() const;
   void record(const CardTake& take, const std::string& hash);

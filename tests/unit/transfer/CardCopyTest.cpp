@@ -212,6 +212,32 @@ TEST_F(CardCopyTest, APulledCardEndsTheCopyAndWhatWasDoneStays) {
   EXPECT_TRUE(isRight());
 }
 
+TEST_F(CardCopyTest, ACardThatIsPulledOutEndsAComparisonToo) {
+  copy();
+  fs::remove_all(home() / "ascmhl");
+  CardCopy job(card(), home());
+  job.setProgress([&](const CardCopy::Progress& progress) {
+    if (progress.takesDone == 1) fs::remove_all(card());
+  });
+  EXPECT_FALSE(run(job));
+  EXPECT_EQ(job.failure(), "The card is gone");
+  EXPECT_EQ(job.obstacle(), CardCopy::Obstacle::CardGone);
+  EXPECT_THAT(_told, ElementsAre("DAY2/R0003.WAV kept", "R0001.WAV failed"));
+}
+
+TEST_F(CardCopyTest, ATakeThatCannotBeReadForComparisonFailsAlone) {
+  copy();
+  fs::remove_all(home() / "ascmhl");
+  fs::permissions(home(), fs::perms::all);
+  const std::string found = withoutRightsTo(card() / "R0001.WAV", [this] {
+    CardCopy job(card(), home());
+    std::string text = run(job) ? "all there" : "not all there";
+    for (const std::string& told : _told) text += ", " + told;
+    return text + job.failure();
+  });
+  EXPECT_EQ(found, "not all there, DAY2/R0003.WAV kept, R0001.WAV failed, R0002.wav kept");
+}
+
 TEST_F(CardCopyTest, ATakeThatGrowsMeanwhileFailsAndTheOthersAreCopied) {
   CardCopy job(card(), home());
   job.setProgress([&](const CardCopy::Progress& progress) {
