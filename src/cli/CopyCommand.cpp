@@ -42,6 +42,8 @@ struct Counts {
 
 using Obstacle = CardCopy::Obstacle;
 
+constexpr const char* kCancelled = "mixdeck-cli: cancelled";
+
 // Whether it is the card that stands in the way, not the folder.
 bool isOfCard(Obstacle obstacle) {
   return obstacle == Obstacle::CardUnreadable || obstacle == Obstacle::CardEmpty ||
@@ -108,9 +110,10 @@ int CopyCommand::run() {
 
 bool CopyCommand::copy(ProgressLine& line) const {
   CardCopy job(_card, _destination);
+  job.setCancelFlag(&Interrupt::requested());
   const std::string reason = job.prepare();
   if (!reason.empty()) {
-    line.message(problemOf(job, reason));
+    line.message(job.wasCancelled() ? kCancelled : problemOf(job, reason));
     return false;
   }
   for (const FolderFiles::Gap& gap : job.gaps()) {
@@ -122,7 +125,6 @@ bool CopyCommand::copy(ProgressLine& line) const {
   Counts counts;
   SpeedText speed;
   job.setVersion(kFullVersion);
-  job.setCancelFlag(&Interrupt::requested());
   job.setResult([&](const CardCopy::Result& result) {
     counts.add(result.outcome);
     tell(result, line);
@@ -137,7 +139,7 @@ bool CopyCommand::copy(ProgressLine& line) const {
   });
   const bool isAllThere = job.run();
   if (!job.failure().empty()) line.message(problemOf(job, job.failure()));
-  if (job.wasCancelled()) line.message("mixdeck-cli: cancelled");
+  if (job.wasCancelled()) line.message(kCancelled);
   if (!_isQuiet) line.print(counts.text(job.takes().size()) + "\n");
   return isAllThere;
 }

@@ -26,6 +26,11 @@ QString sentence(const std::string& reason) {
   return reason.empty() ? QString() : Reason::text(reason) + u'.';
 }
 
+// Before anything was done.
+End cancelled() {
+  return {.complaint = TransferWork::tr("Cancelled.")};
+}
+
 // For who looks at the heading alone: it counts what is known of.
 QString notListed() {
   return TransferWork::tr("Not everything could be listed.");
@@ -62,6 +67,7 @@ class Copying {
 
   End run() {
     const std::string whyNot = _job.prepare();
+    if (_job.wasCancelled()) return cancelled();
     if (!whyNot.empty()) return {.complaint = sentence(whyNot)};
     tellGaps(_job.gaps(), _card, _desk);
     tellProblems(_job.problems(), _desk);
@@ -150,7 +156,8 @@ QString complaintOf(const FolderCheck& check, const Desk& desk) {
 }
 
 End verified(const fs::path& folder, Desk& desk) {
-  FolderCheck check(folder);
+  FolderCheck check(folder, [&desk] { return !desk.cancel(); });
+  if (check.obstacle() == FolderCheck::Obstacle::Cancelled) return cancelled();
   if (!check.whyNot().empty()) return {.complaint = sentence(check.whyNot())};
   tellProblems(check.problems(), desk);
   tellGaps(check.gaps(), folder, desk);

@@ -25,6 +25,7 @@ namespace {
 
 constexpr std::int64_t kTimeGrain = 2;         // seconds, of FAT
 constexpr std::uint64_t kSaveEvery = 1 << 27;  // bytes of takes; each manifest waits for the disk
+constexpr const char* kCancelled = "Cancelled";
 
 std::string hostName() {
   std::array<char, 256> name{};
@@ -80,7 +81,9 @@ std::string CardCopy::listCard() {
   if (isInside(_destination, _card)) {
     return meet(Obstacle::Inside, "The card is never written to, but holds the folder");
   }
-  FolderFiles listed = FolderFiles::of(_card, FolderFiles::Which::Takes);
+  FolderFiles listed =
+      FolderFiles::of(_card, FolderFiles::Which::Takes, [this] { return goesOn(); });
+  if (listed.isCutShort) return kCancelled;
   _takes = std::move(listed.files);
   _gaps = std::move(listed.gaps);
   if (!_takes.empty()) return "";
@@ -94,17 +97,31 @@ std::string CardCopy::openFolder() {
     return meet(Obstacle::FolderUnwritable,
                 fmt::format("The folder cannot be made: {}", error.message()));
   }
-  _lock = std::make_unique<ManifestLock>(_destination);
-  if (_lock->isElsewhere()) return meet(Obstacle::FolderBusy, "Another copy is at work there");
+  const std::string whoElse = lockFolder();
+  if (!whoElse.empty()) return meet(Obstacle::FolderBusy, whoElse);
   _manifests = std::make_unique<ManifestFolder>(_destination);
   if (_manifests->whyNot().empty()) return "";
   return meet(Obstacle::ManifestUnreadable, "The manifest cannot be read: " + _manifests->whyNot());
+}
+
+std::string CardCopy::lockFolder() {
+  _lock = std::make_unique<ManifestLock>(_destination, ManifestLock::Kind::Copy, _patience);
+  switch (_lock->other()) {
+    case ManifestLock::Other::Copy:
+      return "Another copy is at work there";
+    case ManifestLock::Other::Check:
+      return "The folder is being verified";
+    case ManifestLock::Other::Nobody:
+      break;
+  }
+  return "";
 }
 
 // Where all takes are there already a folder will do that cannot be written to.
 std::string CardCopy::whyNoRoom() {
   std::uint64_t wanted = 0;
   for (const CardTake& take : _takes) {
+    if (!goesOn()) return kCancelled;
     if (!statusOf(targetOf(take))) wanted += take.size;
   }
   if (wanted > 0 && faccessat(AT_FDCWD, _destination.c_str(), W_OK | X_OK, AT_EACCESS) != 0) {
@@ -124,8 +141,7 @@ bool CardCopy::run() {
   _progress.takes = _takes.size();
   for (const CardTake& take : _takes) _progress.total += 2 * take.size;
   for (const CardTake& take : _takes) {
-    _wasCancelled = _cancel != nullptr && _cancel->load(std::memory_order_relaxed);
-    if (hasEnded()) break;
+    if (!goesOn() || hasEnded()) break;
     _progress.take = take.path;
     handle(take);
     if (_unsavedBytes >= kSaveEvery) saveManifest();
@@ -267,7 +283,11 @@ MediumStep CardCopy::step() {
     _progress.done += bytes;
     _progress.worked += bytes;
     tellProgress();
-    _wasCancelled = _cancel != nullptr && _cancel->load(std::memory_order_relaxed);
-    return !_wasCancelled;
+    return goesOn();
   };
+}
+
+bool CardCopy::goesOn() {
+  _wasCancelled = _cancel != nullptr && _cancel->load(std::memory_order_relaxed);
+  return !_wasCancelled;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -61,15 +62,17 @@ class CardCopy {
   /// Told on the thread that copies.
   void setProgress(std::function<void(const Progress&)> tell) { _tellProgress = std::move(tell); }
   void setResult(std::function<void(const Result&)> tell) { _tellResult = std::move(tell); }
-  /// The copy stops soon after `*cancel` becomes true.
+  /// What is under way, be it `prepare`, stops soon after `*cancel` becomes true.
   void setCancelFlag(const std::atomic<bool>* cancel) { _cancel = cancel; }
+  /// How long it waits for a check of the folder to have looked.
+  void setPatience(std::chrono::milliseconds most) { _patience = most; }
   /// The version of the program, for the manifest.
   void setVersion(std::string_view version) { _manifest.toolVersion = version; }
 
   /// Lists the card and makes the destination. Empty when the copy can begin, else why not: the
-  /// card cannot be read, holds no takes, or holds the destination, another copy is at work there,
-  /// the manifests there cannot be read, or takes that are not there yet cannot be written: there
-  /// is no right to, or not enough room.
+  /// card cannot be read, holds no takes, or holds the destination, another copy or a check is at
+  /// work there, the manifests there cannot be read, or takes that are not there yet cannot be
+  /// written: there is no right to, or not enough room. Not empty either where it was cancelled.
   std::string prepare();
   /// Whether the whole card could be listed, and every take is there and verified in the end. After
   /// `prepare`.
@@ -92,6 +95,7 @@ class CardCopy {
   std::string meet(Obstacle obstacle, std::string reason);
   std::string listCard();
   std::string openFolder();
+  std::string lockFolder();
   std::string whyNoRoom();
   void handle(const CardTake& take);
   [[nodiscard]] bool isKnown(const CardTake& take) const;
@@ -106,6 +110,7 @@ class CardCopy {
   void syncNames() const;
   void fallShort(const std::string& reason);
   void fail(Obstacle obstacle, const std::string& reason);
+  bool goesOn();
   [[nodiscard]] bool hasEnded() const { return _wasCancelled || !_failure.empty(); }
   [[nodiscard]] MediumStep step();
   [[nodiscard]] std::filesystem::path targetOf(const CardTake& take) const {
@@ -117,6 +122,7 @@ class CardCopy {
   std::function<void(const Progress&)> _tellProgress;
   std::function<void(const Result&)> _tellResult;
   const std::atomic<bool>* _cancel = nullptr;
+  std::chrono::milliseconds _patience = ManifestLock::kPatience;
   std::vector<CardTake> _takes;
   std::vector<FolderFiles::Gap> _gaps;
   std::unique_ptr<ManifestLock> _lock;  ///< from `prepare` to the end of `run`

@@ -19,16 +19,14 @@ class ManifestLock {
 
   /// A copy makes the folder of the manifests where it is missing, and waits for checks, but no
   /// longer than the patience. For a copy nobody waits.
-  explicit ManifestLock(const std::filesystem::path& folder, Kind kind = Kind::Copy,
-                        std::chrono::milliseconds patience = kPatience);
+  ManifestLock(const std::filesystem::path& folder, Kind kind,
+               std::chrono::milliseconds patience = kPatience);
   ManifestLock(const ManifestLock&) = delete;
   ManifestLock& operator=(const ManifestLock&) = delete;
   /// After a copy the folder of the manifests goes where nothing came into it.
   ~ManifestLock();
 
   [[nodiscard]] Other other() const { return _other; }
-  /// Whether anybody else has it.
-  [[nodiscard]] bool isElsewhere() const { return _other != Other::Nobody; }
 
  private:
   void lookAmongChecks();

@@ -16,6 +16,7 @@
 #include "controls/Language.h"
 #include "dialogs/TransferWork.h"
 #include "support/SlowReads.h"
+#include "transfer/CardCopy.h"
 
 namespace {
 
@@ -244,6 +245,36 @@ TEST_F(TransferPanelTest, AFolderIsHeldToItsManifest) {
   EXPECT_EQ(text("summary"), "0 right, 3 not");
   EXPECT_THAT(lines(), ElementsAre("a.WAV has changed: 3000000 bytes, not 3000001", "c.WAV is new",
                                    "b.WAV is missing"));
+}
+
+TEST_F(TransferPanelTest, BesideACopyAFolderMayBeVerifiedLater) {
+  openCopy();
+  carryOut();
+  {
+    CardCopy copy(path("card"), path("home"));
+    ASSERT_EQ(copy.prepare(), "");
+    verify();
+    EXPECT_EQ(text("complaint"), "A copy is at work there.");
+    expectNothingCut(*_panel);
+  }
+  carryOut();
+  EXPECT_EQ(text("summary"), "2 files are right");
+}
+
+TEST_F(TransferPanelTest, CancelledWhileItListsItMayBeginAgain) {
+  for (const auto& work :
+       {TransferWork::copy(path("card"), path("home")), TransferWork::verify(path("home"))}) {
+    openWork([work](TransferJob::Desk& desk) {
+      while (!desk.cancel()) std::this_thread::yield();
+      return work(desk);
+    });
+    begin();
+    _panel->cancel();
+    waitForEnd();
+    EXPECT_EQ(text("complaint"), "Cancelled.");
+    EXPECT_TRUE(button(*_panel, "Copy")->isVisible());
+  }
+  EXPECT_TRUE(std::filesystem::is_empty(path("home")));
 }
 
 TEST_F(TransferPanelTest, AManifestThatWasChangedIsComplainedOf) {

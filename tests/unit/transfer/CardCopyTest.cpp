@@ -238,6 +238,16 @@ TEST_F(CardCopyTest, ATakeThatCannotBeReadForComparisonFailsAlone) {
   EXPECT_EQ(found, "not all there, DAY2/R0003.WAV kept, R0001.WAV failed, R0002.wav kept");
 }
 
+TEST_F(CardCopyTest, ACancelIsHeardBeforeTheCardIsListed) {
+  const std::atomic<bool> cancel{true};
+  CardCopy job(card(), home());
+  job.setCancelFlag(&cancel);
+  EXPECT_NE(job.prepare(), "");
+  EXPECT_TRUE(job.wasCancelled());
+  EXPECT_EQ(job.obstacle(), CardCopy::Obstacle::None);
+  EXPECT_FALSE(fs::exists(home()));
+}
+
 TEST_F(CardCopyTest, ATakeThatGrowsMeanwhileFailsAndTheOthersAreCopied) {
   CardCopy job(card(), home());
   job.setProgress([&](const CardCopy::Progress& progress) {
@@ -257,6 +267,15 @@ TEST_F(CardCopyTest, OneCopyAtATimeWorksInAFolder) {
   EXPECT_TRUE(first.run());
   EXPECT_TRUE(isRight());
   EXPECT_EQ(CardCopy(card(), home()).prepare(), "") << "the first one is over";
+}
+
+TEST_F(CardCopyTest, AFolderThatIsBeingVerifiedIsNotCopiedInto) {
+  copy();
+  const ManifestLock check(home(), ManifestLock::Kind::Check);
+  CardCopy job(card(), home());
+  job.setPatience(std::chrono::milliseconds(0));
+  EXPECT_EQ(job.prepare(), "The folder is being verified");
+  EXPECT_EQ(job.obstacle(), CardCopy::Obstacle::FolderBusy);
 }
 
 TEST_F(CardCopyTest, ACopyThatDoesNotBeginLeavesNoManifests) {
