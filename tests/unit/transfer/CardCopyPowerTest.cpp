@@ -7,8 +7,10 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cstring>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "CardFixture.h"
@@ -32,6 +34,52 @@ Calls::const_iterator firstManifest(const Calls& calls) {
   return std::find_if(calls.begin(), calls.end(), [](const DiskCall& call) {
     return call.kind == DiskCall::Kind::Name && call.name.ends_with(".mhl");
   });
+}
+
+Calls::const_iterator naming(const Calls& calls, const std::string& name) {
+  return std::find_if(calls.begin(), calls.end(), [&](const DiskCall& call) {
+    return (call.kind == DiskCall::Kind::Name && call.name == name) ||
+           (call.kind == DiskCall::Kind::Rename && call.newName == name);
+  });
+}
+
+// Where a text is first written to the disk, in whatever file.
+Calls::const_iterator writing(const Calls& calls, std::string_view text) {
+  return std::find_if(calls.begin(), calls.end(), [&](const DiskCall& call) {
+    return memmem(call.bytes.data(), call.bytes.size(), text.data(), text.size()) != nullptr;
+  });
+}
+
+// Whether all that was written to a file before a call had been synced by then.
+bool isSynced(const Calls& calls, Calls::const_iterator before, std::uint64_t file) {
+  bool isIt = false;
+  for (auto call = calls.begin(); call != before; ++call) {
+    if (call->file != file) continue;
+    if (call->kind == DiskCall::Kind::Write) isIt = false;
+    if (call->kind == DiskCall::Kind::Sync) isIt = true;
+  }
+  return isIt;
+}
+
+TEST_F(CardCopyPowerTest, ATakesBytesAreSyncedBeforeItsNameAndThatBeforeAManifestTellsOfIt) {
+  DiskLog::start();
+  EXPECT_TRUE(copy());
+  const Calls calls = DiskLog::stop();
+  for (const char* const take : {"R0001.WAV", "R0002.wav", "DAY2/R0003.WAV"}) {
+    const fs::path target = home() / take;
+    const auto named = naming(calls, target.filename());
+    ASSERT_NE(named, calls.end()) << take;
+    EXPECT_TRUE(isSynced(calls, named, numberOf(target))) << take;
+    const auto told = writing(calls, take);
+    ASSERT_NE(told, calls.end()) << take;
+    ASSERT_LT(named, told) << take;
+    const std::uint64_t folder = numberOf(target.parent_path());
+    EXPECT_TRUE(std::any_of(named, told,
+                            [&](const DiskCall& call) {
+                              return call.kind == DiskCall::Kind::Sync && call.file == folder;
+                            }))
+        << take << " has a name that may be forgotten";
+  }
 }
 
 TEST_F(CardCopyPowerTest, TheNamesOfAllFoldersAreSyncedBeforeTheManifest) {
