@@ -151,6 +151,7 @@ ExportCommand::End ExportCommand::exportItem(const ExportPlan::Item& item, std::
   warn(job, line);
   const TakeLevel level = levelOf(job, line);
   prepare(job, level);
+  announce(ExportReport(item.target, settings(level)), job, line);
   const std::string name = printable(item.source.filename().native());
   job.setProgress([&](double done) { line.update(index, name, done); });
   if (_isDryRun || job.export2File(item.target, is24bit(), _normalize)) {
@@ -201,6 +202,13 @@ void ExportCommand::prepare(Export& job, const TakeLevel& level) const {
   job.setGain(level.gain);
   if (_loudness) job.setLoudness(LoudnessTarget{*_loudness, _truePeak});
   job.setCancelFlag(&Interrupt::requested());
+}
+
+// An export of that length takes a while, and not everything reads RF64.
+void ExportCommand::announce(const ExportReport& report, const Export& job,
+                             ProgressLine& line) const {
+  const std::string text = report.longLine(job);
+  if (!text.empty() && !_isQuiet && !_isDryRun) line.message(text);
 }
 
 void ExportCommand::tell(const ExportPlan::Item& item, const Export& job, const TakeLevel& level,

@@ -41,6 +41,8 @@ class ExportCommand : public Command {
   void warn(const Export& job, ProgressLine& line) const;
   [[nodiscard]] TakeLevel levelOf(const Export& job, ProgressLine& line) const;
   void prepare(Export& job, const TakeLevel& level) const;
+  /// Says what is to be known before the work.
+  void announce(const ExportReport& report, const Export& job, ProgressLine& line) const;
   void tell(const ExportPlan::Item& item, const Export& job, const TakeLevel& level,
             ProgressLine& line) const;
   [[nodiscard]] ExportReport::Settings settings(const TakeLevel& level) const;

@@ -63,6 +63,12 @@ std::string ExportReport::loudnessText(const LoudnessGain& found) const {
                      _settings.loudness->lufs - found.loweredBy(), lowered);
 }
 
+std::string ExportReport::longLine(const Export& job) const {
+  if (!job.isRf64(_settings.is24bit)) return "";
+  return printable(
+      fmt::format("mixdeck-cli: {}: It passes 4 GiB, and is written as RF64", _target.native()));
+}
+
 std::string ExportReport::clippingLine(const Export& job) const {
   const Clipping& clipping = job.clipping();
   if (clipping.samples() == 0) return "";

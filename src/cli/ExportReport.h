@@ -25,6 +25,9 @@ class ExportReport {
   /// One line: source, target, format, width, level and size. Of an export that is done, the gain
   /// that it came to.
   [[nodiscard]] std::string line(const Export& job) const;
+  /// That it will be written as RF64, as one line for standard error, before it is; empty where it
+  /// will not.
+  [[nodiscard]] std::string longLine(const Export& job) const;
   /// What 24 bits cut off and where, as one line for standard error; empty where nothing is.
   [[nodiscard]] std::string clippingLine(const Export& job) const;
 

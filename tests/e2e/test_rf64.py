@@ -5,6 +5,7 @@
 import json
 import os
 import re
+import resource
 import struct
 import subprocess
 import unittest
@@ -33,9 +34,11 @@ class Rf64Test(Case):
         with open(take, "r+b") as file:
             file.seek(len(head) + LOUD * 6)
             file.write(pack24([1 << 22, 1 << 21]))
-        cls.said = case.expect(0, "export", "--format", "float32", take, err="", env=dict(
-            os.environ, LD_PRELOAD=os.environ["SPARSE_WRITES"])).stdout
+        cls.source = take
         cls.target = case.path("take_Decode.WAV")
+        cls.before = f"mixdeck-cli: {cls.target}: It passes 4 GiB, and is written as RF64\n"
+        cls.said = case.expect(0, "export", "--format", "float32", take, err=cls.before, env=dict(
+            os.environ, LD_PRELOAD=os.environ["SPARSE_WRITES"])).stdout
 
     def setUp(self):
         self.folder = self.where
@@ -46,6 +49,18 @@ class Rf64Test(Case):
 
     def test_it_is_said(self):
         self.assertTrue(self.said.endswith(f", {FIRST_SAMPLE + DATA} bytes as RF64\n"), self.said)
+
+    def test_it_is_said_before_the_work(self):
+        target = self.path("short.WAV")
+        failure = f"mixdeck-cli: {target}: Fail to save. File too large\n"
+        for quiet, before in (((), self.before.replace(str(self.target), str(target))), (("--quiet",), "")):
+            self.expect(1, "export", *quiet, "--format", "float32", "--output", target, self.source, out="",
+                        err=before + failure, preexec_fn=self.no_large_files)
+        self.assertFalse(os.path.exists(target))
+
+    @staticmethod
+    def no_large_files():
+        resource.setrlimit(resource.RLIMIT_FSIZE, (1 << 20, 1 << 20))
 
     def test_the_chunk_of_sizes_stands_in_the_room_of_junk(self):
         with open(self.target, "rb") as file:
