@@ -3,6 +3,8 @@
 
 #include "app/RowReader.h"
 
+#include <QDate>
+#include <QLocale>
 #include <QSignalSpy>
 #include <QTest>
 #include <chrono>
@@ -101,7 +103,8 @@ TEST_F(Rows, AnExportBesideItIsKnownByItsName) {
   waitFor([this] { return !isExported("R0002.WAV"); }, "that it has gone");
 }
 
-TEST_F(Rows, AnExportElsewhereIsNotedWithItsWidthAndGain) {
+TEST_F(Rows, AnExportElsewhereIsNotedWithItsWidthGainAndDate) {
+  const QDate begun = QDate::currentDate();
   const auto source = take("R0001.WAV");
   const TemporaryFolder elsewhere;
   startOnTakes();
@@ -111,6 +114,11 @@ TEST_F(Rows, AnExportElsewhereIsNotedWithItsWidthAndGain) {
   for (const char* const part : {"Bells.wav", "width 90°", "gain -6 dB"}) {
     EXPECT_NE(tip("R0001.WAV").find(part), std::string::npos) << tip("R0001.WAV");
   }
+  const auto tells = [this](QDate date) {
+    const QString text = QLocale().toString(date, QLocale::ShortFormat);
+    return tip("R0001.WAV").find(text.toStdString()) != std::string::npos;
+  };
+  EXPECT_TRUE(tells(begun) || tells(QDate::currentDate())) << tip("R0001.WAV");
   end();
   startOnTakes();
   waitFor([this] { return isExported("R0001.WAV"); }, "the export, after a new start");

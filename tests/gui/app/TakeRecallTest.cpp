@@ -14,6 +14,7 @@
 #include "base/Utility.h"
 #include "dialogs/BatchDialog.h"
 #include "support/LockedMemory.h"
+#include "support/NewerMemory.h"
 #include "takes/TakeMemory.h"
 
 namespace {
@@ -227,6 +228,17 @@ TEST_F(Recall, ADamagedMemoryIsToldAndANewOneBegun) {
   set(30, 0);
   openKnown("A.WAV");
   expectSound(75, 9);
+}
+
+TEST_F(Recall, AMemoryOfANewerVersionIsToldAndTheTakePlays) {
+  rememberSomething();
+  makeNewer(TakeMemory::defaultPath());
+  startOnTakes();
+  openKnown("A.WAV");
+  EXPECT_EQ(said(),
+            "What is remembered of takes is of a newer version of the program. It is left alone, "
+            "and nothing is remembered.");
+  EXPECT_EQ(state(), PLAY_STATE_PLAY);
 }
 
 TEST_F(Recall, AMemoryThatIsLockedIsToldAndTheTakePlays) {

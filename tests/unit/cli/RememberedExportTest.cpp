@@ -13,6 +13,7 @@
 #include "cli/ExportCommand.h"
 #include "support/EnvironmentVariable.h"
 #include "support/LockedMemory.h"
+#include "support/NewerMemory.h"
 #include "support/TemporaryFolder.h"
 #include "support/WaveBytes.h"
 #include "takes/TakeIdentity.h"
@@ -103,6 +104,17 @@ TEST_F(RememberedExport, ADamagedMemoryIsTold) {
   const auto unknown = take("a.wav", 900'000);
   exported(unknown, {"--remembered"});
   EXPECT_NE(said.find("takes.db.damaged"), std::string::npos) << said;
+}
+
+TEST_F(RememberedExport, AMemoryOfANewerVersionIsToldAndTheExportIsWritten) {
+  const auto known = take("a.wav", 900'000);
+  remember(known, {60.0, -6, std::nullopt});
+  const auto plain = exported(known, {});
+  makeNewer(TakeMemory::defaultPath());
+  EXPECT_EQ(exported(known, {"--remembered"}), plain);
+  EXPECT_NE(said.find("What is remembered is of a newer version; it is exported at 120 degrees"),
+            std::string::npos)
+      << said;
 }
 
 TEST_F(RememberedExport, AMemoryThatAnotherProgramHasLockedIsToldAndTheExportIsWritten) {
