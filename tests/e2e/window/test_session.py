@@ -1,0 +1,119 @@
+# SPDX-FileCopyrightText: 2026 The Mixdeck developers
+# SPDX-License-Identifier: MIT
+"""From the card to a take that is known again, through accessibility: takes come home, are verified,
+the one that broke off is salvaged, and a width comes back with its take."""
+
+import os
+import subprocess
+import unittest
+
+from window import CLI, Case, noise
+
+NAMES = ("R0001.WAV", "R0002.WAV", "R0003.WAV")
+
+
+class SessionTest(Case):
+    def setUp(self):
+        super().setUp()
+        self.card = self.home / "card"
+        self.card.mkdir()
+        for number, name in enumerate(NAMES, 1):
+            self.take(name, noise(48000, 24, seed=number), folder=self.card)
+        last = self.card / NAMES[2]
+        last.write_bytes(self.without_sizes(last.read_bytes()))
+
+    @staticmethod
+    def without_sizes(take):
+        """As a recording that broke off: they are written in the end."""
+        content = bytearray(take)
+        for size in (4, content.index(b"data") + 4):
+            content[size:size + 4] = bytes(4)
+        return content
+
+    @staticmethod
+    def choose(program, item):
+        program.find("push button", "Menu").act("Press")
+        program.find("menu item", item).act("Press")
+
+    @staticmethod
+    def give(program, place, folder):
+        """Names a folder where the panel asks for one."""
+        button = program.find("push button", place)
+        button.act("Press")
+        program.find("text", "Name").text = str(folder)
+        program.find("push button", "Choose").act("Press")
+        program.wait(lambda: button.description == str(folder), f"the folder of {place}")
+
+    @staticmethod
+    def close(program, dialog):
+        program.find("push button", "Close").act("Press")
+        program.wait_gone("dialog", dialog)
+
+    def known_width(self, name):
+        """What the tool knows of how it was heard last."""
+        home = os.environ | {"HOME": str(self.home)}
+        done = subprocess.run([CLI, "export", "--remembered", "--dry-run", self.takes / name], env=home,
+                              capture_output=True, text=True, check=True)
+        return done.stdout
+
+    def open_known(self, program, name):
+        program.find("list item", name).act("Press")
+        program.wait_label(name)
+        program.wait(lambda: program.find("push button", "Export").has("enabled"), "the take")
+
+    def test_from_the_card_to_a_take_that_is_known_again(self):
+        program = self.start()
+        self.bring_home(program)
+        self.verify(program)
+        self.salvage(program)
+        self.know_again(program)
+        self.choose(program, "Quit")
+        self.assertEqual(program.wait_end(), 0, program.output())
+
+    def bring_home(self, program):
+        self.choose(program, "Copy card…")
+        program.find("dialog", "Copy card")
+        self.give(program, "Card", self.card)
+        self.give(program, "Into", self.takes)
+        program.find("push button", "Copy").act("Press")
+        program.wait_label("3 takes are there and verified")
+        self.assertEqual([line.name for line in program.find("list", "Takes").children()],
+                         [f"{name}: copied and verified" for name in NAMES])
+        self.close(program, "Copy card")
+        self.wait_files(program, "ascmhl", *NAMES)
+        for name in NAMES:
+            self.assertTrue((self.takes / name).read_bytes() == (self.card / name).read_bytes(), name)
+        self.assertEqual(sorted(path.name for path in self.card.iterdir()), list(NAMES))
+
+    def verify(self, program):
+        self.choose(program, "Verify folder…")
+        program.find("push button", "Verify").act("Press")
+        program.wait_label("3 files are right")
+        self.close(program, "Verify folder")
+
+    def salvage(self, program):
+        program.find("list item", "R0003.WAV").act("Press")
+        program.find("push button", "Salvage").act("Press")
+        self.wait_files(program, "ascmhl", *NAMES, "R0003_Repaired.WAV")
+        program.wait(lambda: self.selected(program) == ["R0003_Repaired.WAV"], "the selection")
+        repaired = (self.takes / "R0003_Repaired.WAV").read_bytes()
+        self.assertTrue(self.without_sizes(repaired) == (self.card / "R0003.WAV").read_bytes(),
+                        "the sizes alone are others")
+        self.assertEqual(repaired[4:8], (len(repaired) - 8).to_bytes(4, "little"))
+        self.open_known(program, "R0003_Repaired.WAV")
+        program.wait_label("00:00:01")
+
+    def know_again(self, program):
+        dial = program.find("dial", "Stereo width")
+        for name, width in (("R0001.WAV", 75), ("R0002.WAV", 30)):
+            self.open_known(program, name)
+            dial.value = width
+            program.wait_label(f"{width}°")
+            program.wait(lambda: f"width {width}," in self.known_width(name), f"what is known of {name}")
+        self.open_known(program, "R0001.WAV")
+        program.wait_label("75°")
+        self.assertEqual(dial.value, 75)
+
+
+if __name__ == "__main__":
+    unittest.main()
