@@ -3,6 +3,8 @@
 
 #include <QDBusMessage>
 #include <QDBusPendingCall>
+#include <QDBusVariant>
+#include <QTimer>
 
 #include "WindowFixture.h"
 #include "app/DesktopPresence.h"
@@ -31,6 +33,16 @@ class Presence : public WindowFixture {
   }
   void waitForPortal(std::size_t count) {
     waitFor([&] { return portal.told.size() >= count; }, "the portal");
+  }
+  /// The desktop tells of another setting.
+  void animate(bool isAnimated) const {
+    QDBusMessage signal = QDBusMessage::createSignal(
+        InhibitPortal::root(), QStringLiteral("org.freedesktop.portal.Settings"),
+        QStringLiteral("SettingChanged"));
+    signal.setArguments({QStringLiteral("org.gnome.desktop.interface"),
+                         QStringLiteral("enable-animations"),
+                         QVariant::fromValue(QDBusVariant(isAnimated))});
+    ASSERT_TRUE(bus.desktop->send(signal));
   }
   void ask(const std::vector<std::filesystem::path>& files) const {
     QStringList addresses;
@@ -81,6 +93,19 @@ TEST_F(Presence, ACopyKeepsTheMachineAwake) {
   waitForPortal(2);
   EXPECT_THAT(portal.told, testing::ElementsAre("Inhibit /org/freedesktop/portal/desktop",
                                                 "Close /org/freedesktop/portal/desktop/request/1"));
+}
+
+TEST_F(Presence, TheDesktopsWishForLessMotionReachesTheScope) {
+  take("R0001.WAV");
+  appear();
+  open("R0001.WAV");
+  const auto* const timer = controller().findChild<QTimer*>("timerScope");
+  ASSERT_NE(timer, nullptr);
+  EXPECT_LT(timer->interval(), 50);
+  animate(false);
+  waitFor([&] { return timer->interval() == 250; }, "fewer pictures");
+  animate(true);
+  waitFor([&] { return timer->interval() < 50; }, "all of them");
 }
 
 TEST_F(Presence, FilesThatOthersHandOverAreOpened) {

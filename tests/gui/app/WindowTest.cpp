@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <QTest>
 #include <array>
+#include <tuple>
 
 #include "WindowFixture.h"
 #include "app/AppDelegate.h"
@@ -62,6 +63,56 @@ TEST_F(Window, GroundsHaveTheirColours) {
   EXPECT_EQ(colourAt(image, view().browser, {4, 100}), Colors::AppBGLight());
   EXPECT_EQ(colourAt(image, view().player, {4, 100}), Colors::AppBGLight());
   EXPECT_EQ(colourAt(image, view().player->btnExport, {8, 18}), Colors::ControlColor());
+}
+
+TEST_F(Window, FiguresTellTheirNamesAndValuesToAssistiveSoftware) {
+  startOnTakes();
+  const FieldView& field = *stage().field;
+  field.momentary->setFigure(-23.06);
+  field.wholeTake->setFigure(-16.0);
+  field.truePeak->setFigure(0.42);
+  field.correlation->setValue(-0.534);
+  const std::initializer_list<std::tuple<QWidget*, const char*, const char*>> figures = {
+      {field.momentary, "Momentary loudness", "-23.1 LUFS"},
+      {field.shortTerm, "Short-term loudness", "–"},
+      {field.wholeTake, "Loudness of the take", "-16.0 LUFS"},
+      {field.truePeak, "True peak", "+0.4 dBTP"},
+      {field.correlation, "Correlation", "-0.53"}};
+  for (const auto& [widget, name, value] : figures) {
+    auto* const interface = QAccessible::queryAccessibleInterface(widget);
+    ASSERT_NE(interface, nullptr) << name;
+    EXPECT_EQ(interface->text(QAccessible::Name), QString::fromUtf8(name));
+    EXPECT_EQ(interface->text(QAccessible::Value), QString::fromUtf8(value)) << name;
+  }
+  for (QWidget* const shown :
+       {static_cast<QWidget*>(field.scope), static_cast<QWidget*>(view().player->waveform)}) {
+    const QString name = shown == field.scope ? "Stereo scope" : "Waveform";
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(shown)->text(QAccessible::Name), name);
+  }
+}
+
+TEST_F(Window, PeaksAndClipLampsTellTheirNamesAndValuesToAssistiveSoftware) {
+  startOnTakes();
+  PeakHold soft;
+  soft.add(0.5);
+  PeakHold loud;
+  loud.add(1.5);
+  stage().clipLeft->setPeak(soft);
+  stage().clipRight->setPeak(loud);
+  const std::initializer_list<std::array<const char*, 4>> sides = {
+      {"Peak left", "-6.0 dBFS", "Clip left", "not over full scale"},
+      {"Peak right", "+3.5 dBFS", "Clip right", "over full scale"}};
+  ClipLamp* lamp = stage().clipLeft;
+  for (const auto& [peak, value, clip, state] : sides) {
+    const auto* const figure = lamp->findChild<QAbstractButton*>();
+    ASSERT_NE(figure, nullptr);
+    EXPECT_EQ(figure->accessibleName(), peak);
+    EXPECT_EQ(figure->accessibleDescription(), value);
+    auto* const interface = QAccessible::queryAccessibleInterface(lamp);
+    EXPECT_EQ(interface->text(QAccessible::Name), clip);
+    EXPECT_EQ(interface->text(QAccessible::Description), state);
+    lamp = stage().clipRight;
+  }
 }
 
 TEST_F(Window, ControlsHaveTheirNamesForAssistiveSoftware) {

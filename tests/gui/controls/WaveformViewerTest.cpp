@@ -4,7 +4,10 @@
 #include <gmock/gmock.h>
 
 #include <QAccessible>
+#include <QApplication>
 #include <QDialog>
+#include <QNativeGestureEvent>
+#include <QPointingDevice>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
@@ -44,6 +47,13 @@ class Viewer : public testing::Test {
     const QPointF at(x, 40);
     QWheelEvent event(at, viewer.mapToGlobal(at), {}, {0, eighths}, Qt::NoButton, modifiers,
                       Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&viewer, &event);
+  }
+  /// Two fingers on a touchpad; 1 is twice as large.
+  void pinch(double x, double value) {
+    const QPointF at(x, 40);
+    QNativeGestureEvent event(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
+                              at, at, viewer.mapToGlobal(at), value, {});
     QApplication::sendEvent(&viewer, &event);
   }
 
@@ -199,6 +209,20 @@ TEST_F(Viewer, WheelZoomsAroundThePointer) {
   EXPECT_TRUE(viewer.stretch().isWhole());
   wheel(209, -120);
   EXPECT_TRUE(viewer.stretch().isWhole());
+}
+
+TEST_F(Viewer, PinchZoomsAroundItsPlace) {
+  pinch(209, 1);
+  EXPECT_NEAR(viewer.stretch().to() - viewer.stretch().from(), 150, 1e-9) << "twice as large";
+  EXPECT_NEAR(viewer.timeAt(209), 100, 1e-9);
+  pinch(409, 1);
+  EXPECT_NEAR(viewer.stretch().to() - viewer.stretch().from(), 75, 1e-9);
+  EXPECT_NEAR(viewer.timeAt(409), 150, 1e-9);
+  pinch(209, -0.5);
+  EXPECT_NEAR(viewer.stretch().to() - viewer.stretch().from(), 150, 1e-9) << "half as large";
+  viewer.setEnabled(false);
+  pinch(209, 1);
+  EXPECT_NEAR(viewer.stretch().to() - viewer.stretch().from(), 150, 1e-9);
 }
 
 TEST_F(Viewer, FollowsTheHeadWhileZoomed) {
