@@ -9,8 +9,14 @@ ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 
+// A line of text may be a pixel higher than one that is empty.
+QSize ElidedLabel::sizeHint() const {
+  ensurePolished();
+  return {QLabel::sizeHint().width(), fontMetrics().height()};
+}
+
 QSize ElidedLabel::minimumSizeHint() const {
-  return {0, QLabel::minimumSizeHint().height()};
+  return {0, sizeHint().height()};
 }
 
 void ElidedLabel::paintEvent(QPaintEvent* /*event*/) {

@@ -12,6 +12,8 @@ class ElidedLabel : public QLabel {
  public:
   explicit ElidedLabel(QWidget* parent = nullptr);
 
+  /// A line is as high as its font asks for, whatever the text.
+  [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
 
  protected:

@@ -3,10 +3,13 @@
 
 #include <QAccessible>
 #include <QScrollBar>
+#include <utility>
+#include <vector>
 
 #include "WindowFixture.h"
 #include "app/StageArea.h"
 #include "controls/Appearance.h"
+#include "support/SlowReads.h"
 
 namespace {
 
@@ -14,6 +17,7 @@ class Layout : public WindowFixture {
  protected:
   void TearDown() override {
     window.reset();
+    SlowReads::reset();
     Appearance::setTextScale(*qApp, 1);
     QApplication::setFont(Appearance::font());
   }
@@ -70,6 +74,23 @@ class Layout : public WindowFixture {
   [[nodiscard]] QScrollArea& stageArea() const { return *view().findChild<StageArea*>(); }
   [[nodiscard]] QWidgetList allTabStops() const {
     return view().browser->tabOrder() + view().player->tabOrder() + view().device->tabOrder();
+  }
+  using Places = std::vector<std::pair<const QWidget*, QRect>>;
+  /// Where all that is shown of the player stands.
+  [[nodiscard]] Places playerPlaces() const {
+    for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+    Places places;
+    for (const QWidget* const widget : view().player->findChildren<QWidget*>()) {
+      if (widget->isVisible()) places.emplace_back(widget, frame(widget));
+    }
+    return places;
+  }
+  static void expectSame(const Places& now, const Places& before, const char* when) {
+    ASSERT_EQ(now.size(), before.size()) << when;
+    for (std::size_t i = 0; i < now.size(); ++i) {
+      EXPECT_EQ(now[i], before[i]) << now[i].first->metaObject()->className() << " "
+                                   << now[i].first->accessibleName().toStdString() << " " << when;
+    }
   }
   /// What stands outside of the stage is whole, in the window, and over nothing else.
   void expectWholeAroundStage() const {
@@ -196,6 +217,26 @@ TEST_F(Layout, StandsToThePixelInTheUsualFont) {
     EXPECT_EQ(now, places[i].second) << i << ": {" << now.x() << ", " << now.y() << ", "
                                      << now.width() << ", " << now.height() << "}";
   }
+}
+
+// The take lies on a medium that hangs, until what is opened is to be there.
+TEST_F(Layout, NothingMovesWhileATakeIsOpened) {
+  take("R0001.WAV");
+  startOnTakes();
+  waitForLook();
+  const auto idle = playerPlaces();
+  EXPECT_GT(idle.size(), 20U);
+  SlowReads::share(takes.path().string(), 0);
+  doubleClickRow("R0001.WAV");
+  waitFor([this] { return controller().take().state() == TakeSession::State::Opening; },
+          "the opening");
+  expectSame(playerPlaces(), idle, "while it is opened");
+  SlowReads::reset();
+  waitFor([this] { return controller().take().state() == TakeSession::State::Playing; },
+          "the take");
+  waitFor([this] { return !view().player->waveform->columns().columns.empty(); }, "the waveform");
+  play(300);
+  expectSame(playerPlaces(), idle, "once it is open");
 }
 
 TEST_F(Layout, InASmallWindowTheStageIsScrolledAndNothingIsOutOfReach) {
