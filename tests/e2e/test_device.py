@@ -128,6 +128,9 @@ class SettingTest(DeviceCase):
         for value in ("4", "-1", "two", "256", "", "1.0", "01"):
             for word in ("set-battery", "set-auto-power-off"):
                 self.assertNotEqual(self.device(2, word, f"{value}", out="").stderr, "")
+        for word, names in (("set-battery", "0 Alkaline, 1 Ni-MH, 2 Lithium, 3 Li-ion"),
+                            ("set-auto-power-off", "1 10 minutes, 2 30 minutes, 3 1 hour, 0 Off")):
+            self.assertIn(names, self.device(2, word, "9", out="").stderr)
 
 
 class UsageTest(DeviceCase):

@@ -8,7 +8,8 @@ import re
 import subprocess
 import unittest
 
-from mixdeck import Case, as_nobody, decoded, recording, samples_of, stored24, unpack24, unpack_floats
+from mixdeck import (Case, as_nobody, bext, chunk, decoded, fmt, recording, samples_of, stored24,
+                     unpack24, unpack_floats, wave)
 
 
 class UsageTest(Case):
@@ -243,6 +244,15 @@ class ExportTest(Case):
         self.assertEqual(self.names(), ["a.wav"])
         self.assertEqual(result.stdout, "a.wav -> a_Decode.WAV: 24-bit, width 77, gain -3 dB, "
                                         f"{748 + 3 * len(self.samples)} bytes\n")
+
+    def test_samples_that_are_no_sound_are_said_before_anything_is_written(self):
+        self.file("b.wav", wave(fmt(bits=16), bext(), chunk("data", bytes(24))))
+        for words in (("--dry-run",), ()):
+            self.assertFalse(os.path.exists(self.path("b_Decode.WAV")))
+            result = self.expect(0, "export", *words, "b.wav")
+            self.assertIn("b.wav", result.stderr)
+            self.assertIn("16-bit samples with format tag 1 do not decode to useful sound",
+                          result.stderr)
 
     def test_dry_run_of_other_settings(self):
         self.file("b.wav", recording(history="MSRAW=OFF;"))

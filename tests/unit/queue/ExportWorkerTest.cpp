@@ -4,9 +4,11 @@
 #include "queue/ExportWorker.h"
 
 #include <gmock/gmock.h>
+#include <sys/syscall.h>
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <chrono>
 #include <latch>
 #include <memory>
@@ -14,6 +16,7 @@
 #include <vector>
 
 #include "export/Export.h"
+#include "support/Confinement.h"
 #include "support/LongTake.h"
 #include "support/TemporaryFolder.h"
 #include "support/WaveBytes.h"
@@ -77,6 +80,19 @@ TEST_F(ExportWorkerTest, WritesWhatAJobWithTheSameSettingsWrites) {
       EXPECT_EQ(samplesOf("wanted.WAV"), samplesOf("out.WAV"));
     }
   }
+}
+
+TEST_F(ExportWorkerTest, AThreadThatIsRefusedIsAFailureWithAReason) {
+  const ExportOrder order = this->order(shortTake());
+  const int status = Confinement::run([&order] {
+    if (!Confinement::failSystemCall(SYS_clone3, EAGAIN)) return 1;
+    if (!Confinement::failSystemCall(SYS_clone, EAGAIN)) return 2;
+    const ExportWorker worker(order);
+    if (!worker.isFinished() || worker.result().end != End::Failed) return 3;
+    return worker.result().failure == "Resource temporarily unavailable" ? 0 : 4;
+  });
+  EXPECT_EQ(status, 0);
+  EXPECT_FALSE(std::filesystem::exists(order.target));
 }
 
 TEST_F(ExportWorkerTest, KeepsTheMetadataWhereThatIsOrdered) {
