@@ -234,8 +234,8 @@ MIT-Lizenz</translation>
         <translation>%1, frei sind %2</translation>
     </message>
     <message>
-        <source>The takes cannot be looked at: no thread can be had.</source>
-        <translation>Die Takes lassen sich nicht untersuchen: kein Thread verfügbar.</translation>
+        <source>The takes cannot be looked at: %1.</source>
+        <translation>Die Takes lassen sich nicht untersuchen: %1.</translation>
     </message>
     <message>
         <source>A loudness is a number from −70 to 0.</source>
@@ -1568,6 +1568,10 @@ MIT-Lizenz</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>There is not enough memory</source>
+        <translation>Nicht genug Speicher</translation>
     </message>
 </context>
 <context>

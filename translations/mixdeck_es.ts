@@ -234,8 +234,8 @@ Licencia MIT</translation>
         <translation>%1, de %2 libres</translation>
     </message>
     <message>
-        <source>The takes cannot be looked at: no thread can be had.</source>
-        <translation>No se pueden examinar las tomas: no se puede obtener ningún hilo.</translation>
+        <source>The takes cannot be looked at: %1.</source>
+        <translation>No se pueden examinar las tomas: %1.</translation>
     </message>
     <message>
         <source>A loudness is a number from −70 to 0.</source>
@@ -1568,6 +1568,10 @@ Licencia MIT</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>There is not enough memory</source>
+        <translation>No hay suficiente memoria</translation>
     </message>
 </context>
 <context>

@@ -234,8 +234,8 @@ Licence MIT</translation>
         <translation>%1, sur %2 libres</translation>
     </message>
     <message>
-        <source>The takes cannot be looked at: no thread can be had.</source>
-        <translation>Les prises ne peuvent pas être examinées&#xa0;: aucun fil d’exécution n’est disponible.</translation>
+        <source>The takes cannot be looked at: %1.</source>
+        <translation>Les prises ne peuvent pas être examinées&#xa0;: %1.</translation>
     </message>
     <message>
         <source>A loudness is a number from −70 to 0.</source>
@@ -1568,6 +1568,10 @@ Licence MIT</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>There is not enough memory</source>
+        <translation>La mémoire est insuffisante</translation>
     </message>
 </context>
 <context>

@@ -232,8 +232,8 @@ MIT ライセンス</translation>
         <translation>%1（空き %2）</translation>
     </message>
     <message>
-        <source>The takes cannot be looked at: no thread can be had.</source>
-        <translation>テイクを調べられません：スレッドを確保できません。</translation>
+        <source>The takes cannot be looked at: %1.</source>
+        <translation>テイクを調べられません：%1。</translation>
     </message>
     <message>
         <source>A loudness is a number from −70 to 0.</source>
@@ -1563,6 +1563,10 @@ MIT ライセンス</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>There is not enough memory</source>
+        <translation>メモリが足りません</translation>
     </message>
 </context>
 <context>

@@ -232,8 +232,8 @@ MIT 许可证</translation>
         <translation>%1，可用 %2</translation>
     </message>
     <message>
-        <source>The takes cannot be looked at: no thread can be had.</source>
-        <translation>无法查看录音：无法获得线程。</translation>
+        <source>The takes cannot be looked at: %1.</source>
+        <translation>无法查看录音：%1。</translation>
     </message>
     <message>
         <source>A loudness is a number from −70 to 0.</source>
@@ -1563,6 +1563,10 @@ MIT 许可证</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>There is not enough memory</source>
+        <translation>内存不足</translation>
     </message>
 </context>
 <context>

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
+#include <exception>
 #include <mutex>
 #include <system_error>
 #include <thread>
@@ -13,6 +14,7 @@
 #include <vector>
 
 #include "analysis/UnitPass.h"
+#include "base/ErrorReason.h"
 
 namespace {
 
@@ -58,6 +60,7 @@ class TakeAnalyzer::Work {
 
  private:
   void run();
+  std::string measure();
   bool takeNext(UnitResult& result);
   bool readNext(UnitPass& pass, UnitResult& result);
   void add(UnitResult& result);
@@ -92,16 +95,22 @@ void TakeAnalyzer::Work::begin(unsigned workers, const std::shared_ptr<Work>& se
 // What the pass holds is let go of before the last one to wait is told.
 void TakeAnalyzer::Work::run() {
   std::string failure;
-  {
-    UnitPass pass(_reader, _findings.layout, _firstFrame, &_isCancelled);
-    UnitResult result;
-    while (readNext(pass, result)) {
-      pass.run(result);
-      add(result);
-    }
-    failure = pass.failure();
+  try {
+    failure = measure();
+  } catch (const std::exception& error) {  // as where there is no memory left
+    failure = reasonOf(error);
   }
   end(failure);
+}
+
+std::string TakeAnalyzer::Work::measure() {
+  UnitPass pass(_reader, _findings.layout, _firstFrame, &_isCancelled);
+  UnitResult result;
+  while (readNext(pass, result)) {
+    pass.run(result);
+    add(result);
+  }
+  return pass.failure();
 }
 
 // One after the other: several units at once would share a slow medium, and nothing would be known

@@ -52,7 +52,7 @@ class TakeAnalyzer {
   [[nodiscard]] double progress() const;
   /// No more units come: all are done, it was cancelled, or it failed.
   [[nodiscard]] bool isFinished() const;
-  /// Why reading failed; empty when it did not.
+  /// Why reading failed, or that memory ran out; empty when neither did.
   [[nodiscard]] std::string failure() const;
   /// What has been found by now, in a few milliseconds for an hour. It does not change any more,
   /// and shares with all others what they have in common.

@@ -92,12 +92,13 @@ void RepairOffer::offer(const std::filesystem::path& take, const TakeDiagnosis& 
 void RepairOffer::salvage(const std::filesystem::path& take) {
   if (_salvage.isUnderWay()) return;
   _status.say(StatusLine::Topic::Repair, tr("%1 is being salvaged…").arg(PathText::nameOf(take)));
-  const bool hasBegun = _salvage.begin([this, take, cancel = _cancel]() -> Errand::Outcome {
-    const std::string failure = saved(take, *cancel);
-    return
-        [this, take, failure] { end(TakeRepair::nameFor(take), QString::fromStdString(failure)); };
-  });
-  if (!hasBegun) end(TakeRepair::nameFor(take), tr("no thread can be had"));
+  const Errand::Failed tellEnd = [this, take](const std::string& failure) {
+    end(TakeRepair::nameFor(take), QString::fromStdString(failure));
+  };
+  const auto work = [take, tellEnd, cancel = _cancel]() -> Errand::Outcome {
+    return [tellEnd, failure = saved(take, *cancel)] { tellEnd(failure); };
+  };
+  if (!_salvage.begin(work, tellEnd)) end(TakeRepair::nameFor(take), tr("no thread can be had"));
 }
 
 void RepairOffer::end(const std::filesystem::path& target, const QString& failure) {

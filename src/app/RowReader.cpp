@@ -167,7 +167,7 @@ std::vector<RowReader::Row> RowReader::next() const {
 // For a tenth of a second, so that a slow medium shows what it has told by then.
 void RowReader::readSome() {
   if (_next == _paths.size()) return _isBehind ? beginAnew() : void(emit finished());
-  _errand.begin([this, folder = _folder, rows = next(), keeper = _keeper]() -> Errand::Outcome {
+  const auto work = [this, folder = _folder, rows = next(), keeper = _keeper]() -> Errand::Outcome {
     std::vector<Row> some;
     const auto end = std::chrono::steady_clock::now() + kAtOnce;
     const Notes noted = notesIn(folder, *keeper);
@@ -176,7 +176,8 @@ void RowReader::readSome() {
       if (std::chrono::steady_clock::now() >= end) break;
     }
     return [this, some] { take(some); };
-  });
+  };
+  _errand.begin(work, [this](const std::string& /*why*/) { emit finished(); });
 }
 
 void RowReader::take(const std::vector<Row>& some) {

@@ -4,6 +4,7 @@
 #include "app/RunningAnalysis.h"
 
 #include <algorithm>
+#include <string>
 #include <thread>
 #include <utility>
 
@@ -32,9 +33,10 @@ void RunningAnalysis::begin(const WaveFileReader& reader, const Shelf& shelf) {
   analyse(reader);
 }
 
-// Where there is no thread nothing is kept either.
+// Where there is no thread, or no memory, nothing is kept either.
 void RunningAnalysis::look(const WaveFileReader& reader, const Shelf& shelf) {
-  _isLooking = _errand.begin([this, reader, shelf]() -> Errand::Outcome {
+  _key = {};
+  const Errand::Work work = [this, reader, shelf]() -> Errand::Outcome {
     const auto key = AnalysisCache::Key::of(reader, shelf.file);
     return [this, reader, key, known = shelf.cache->find(key)] {
       _isLooking = false;
@@ -42,6 +44,10 @@ void RunningAnalysis::look(const WaveFileReader& reader, const Shelf& shelf) {
       if (known) return take(known, 1, true);
       analyse(reader);
     };
+  };
+  _isLooking = _errand.begin(work, [this, reader](const std::string& /*why*/) {
+    _isLooking = false;
+    analyse(reader);
   });
   if (!_isLooking) analyse(reader);
 }
@@ -88,7 +94,10 @@ void RunningAnalysis::fetch(bool isLast) {
     return [this, known, progress, isLast] { take(known, progress, isLast); };
   };
   _fetched.start();
-  if (!_errand.begin(work)) work()();
+  const auto failed = [this, isLast](const std::string& /*why*/) {
+    take(_analysis, _progress, isLast);
+  };
+  if (!_errand.begin(work, failed)) work()();
 }
 
 void RunningAnalysis::take(std::shared_ptr<const TakeAnalysis> known, double progress,

@@ -59,10 +59,11 @@ void TakeSession::open(const QString& name, const std::filesystem::path& file) {
   _toldFailure.clear();
   const auto found = std::make_shared<Found>();
   found->audio = AudioBackends::makeFile();
-  const bool hasBegun = _errand.begin([this, found, file] {
+  const auto work = [this, found, file] {
     found->find(file);
     return [this, found] { takeOver(*found); };
-  });
+  };
+  const bool hasBegun = _errand.begin(work, [this](const std::string& why) { refuse(why); });
   _timerOpening.start(kOpeningShows);
   emit opening();
   if (!hasBegun) refuse("no thread can be had");

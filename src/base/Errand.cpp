@@ -4,12 +4,30 @@
 #include "base/Errand.h"
 
 #include <condition_variable>
+#include <exception>
 #include <mutex>
+#include <string>
 #include <system_error>
 #include <thread>
 #include <utility>
 
+#include "base/ErrorReason.h"
 #include "base/ThreadSignal.h"
+
+namespace {
+
+// Where memory runs out nothing ends but what needed it.
+Errand::Outcome outcomeOf(const Errand::Work& work, const Errand::Failed& failed) {
+  try {
+    return work();
+  } catch (const std::exception& error) {
+    return [failed, why = reasonOf(error)] {
+      if (failed) failed(why);
+    };
+  }
+}
+
+}  // namespace
 
 /// Where the two threads meet. The outcome is the worker's from its making to its end: it waits
 /// until the outcome was heard or given up, so that what is in it goes there, be it a file.
@@ -49,12 +67,12 @@ class Errand::Desk {
   std::unique_ptr<ThreadSignal> _signal;
 };
 
-bool Errand::begin(const Work& work) {
+bool Errand::begin(const Work& work, const Failed& failed) {
   giveUp();
   auto desk = std::make_shared<Desk>([this] { collect(); });
   try {
-    std::thread([desk, work] {
-      const Outcome outcome = work();
+    std::thread([desk, work, failed] {
+      const Outcome outcome = outcomeOf(work, failed);
       desk->offer(outcome);
     }).detach();
   } catch (const std::system_error&) {

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 /// Something that may have to wait for a medium, done on a thread of its own, and what follows from
 /// it, done where it was asked for. Nobody waits for the thread, which waits until its outcome was
@@ -16,6 +17,9 @@ class Errand {
   using Outcome = std::function<void()>;
   /// Touches nothing of the thread that asks, but what it hands over in its outcome.
   using Work = std::function<Outcome()>;
+  /// What is done, from the event loop, where the work threw an exception, as it does where memory
+  /// runs out. `why` is for people.
+  using Failed = std::function<void(const std::string& why)>;
 
   Errand() = default;
   Errand(const Errand&) = delete;
@@ -25,7 +29,7 @@ class Errand {
 
   /// Begins, and gives up what was under way. False where no thread can be had; nothing is under
   /// way then.
-  bool begin(const Work& work);
+  bool begin(const Work& work, const Failed& failed = {});
   void giveUp();
   [[nodiscard]] bool isUnderWay() const { return _desk != nullptr; }
 

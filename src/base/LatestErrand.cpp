@@ -3,6 +3,7 @@
 
 #include "base/LatestErrand.h"
 
+#include <string>
 #include <utility>
 
 void LatestErrand::ask(Work work) {
@@ -24,10 +25,13 @@ void LatestErrand::drop() {
 // The outcome is only run while the errand is there, and so is what holds it.
 void LatestErrand::begin(const Work& work) {
   _cancel = std::make_shared<std::atomic<bool>>(false);
-  _errand.begin([this, work, cancel = _cancel]() -> Errand::Outcome {
+  const Errand::Work guided = [this, work, cancel = _cancel]() -> Errand::Outcome {
     return [this, cancel, outcome = work(*cancel)] {
       if (_next) return begin(std::exchange(_next, nullptr));
       if (!*cancel) outcome();
     };
+  };
+  _errand.begin(guided, [this](const std::string& /*why*/) {
+    if (_next) begin(std::exchange(_next, nullptr));
   });
 }

@@ -13,7 +13,8 @@
 /// medium hangs. One thread, which has an event loop.
 class LatestErrand {
  public:
-  /// As the work of an errand; ends early, with any outcome, when `cancel` becomes true.
+  /// As the work of an errand; ends early, with any outcome, when `cancel` becomes true. Of one
+  /// that throws nothing comes.
   using Work = std::function<Errand::Outcome(const std::atomic<bool>& cancel)>;
 
   LatestErrand() = default;

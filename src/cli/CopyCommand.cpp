@@ -10,6 +10,7 @@
 #include <exception>
 #include <string_view>
 
+#include "base/ErrorReason.h"
 #include "base/Version.h"
 #include "cli/Interrupt.h"
 #include "cli/NotEmpty.h"

@@ -8,6 +8,7 @@
 #include <system_error>
 #include <thread>
 
+#include "base/ErrorReason.h"
 #include "cli/FileDescription.h"
 #include "cli/Helpers.h"
 #include "cli/Interrupt.h"

@@ -11,6 +11,7 @@
 #include <thread>
 
 #include "analysis/WaveformTruth.h"
+#include "base/ErrorReason.h"
 #include "cli/AngleList.h"
 #include "cli/FileDescription.h"
 #include "cli/Helpers.h"

@@ -5,7 +5,6 @@
 
 #include <fmt/format.h>
 
-#include <new>
 #include <system_error>
 
 #include "cli/Emphasis.h"
@@ -29,9 +28,4 @@ std::string sourceProblem(const std::filesystem::path& path, std::string_view te
 std::string sourceProblem(const Export& job) {
   return sourceProblem(job.getFilePath(), job.reader() ? kFileNotSupported : kFailToOpen,
                        job.failure());
-}
-
-std::string reasonOf(const std::exception& error) {
-  const bool isMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr;
-  return isMemory ? "There is not enough memory" : error.what();
 }

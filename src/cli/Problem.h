@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <exception>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -26,6 +25,3 @@ std::string sourceProblem(const std::filesystem::path& path, std::string_view te
                           std::string_view reason);
 /// The same of a job whose file is not valid: whether it cannot be read, or is not supported.
 std::string sourceProblem(const Export& job);
-
-/// What went wrong, in words for people.
-std::string reasonOf(const std::exception& error);

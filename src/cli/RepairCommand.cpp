@@ -9,6 +9,7 @@
 #include <memory>
 #include <system_error>
 
+#include "base/ErrorReason.h"
 #include "cli/Interrupt.h"
 #include "cli/Printable.h"
 #include "cli/Problem.h"

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/ErrorReason.h"
 #include "base/Version.h"
 #include "cli/CopyCommand.h"
 #include "cli/DemoCommand.h"

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/ErrorReason.h"
 #include "cli/Interrupt.h"
 #include "cli/NotEmpty.h"
 #include "cli/Printable.h"

@@ -105,6 +105,7 @@ constexpr std::array kKnown = {
                       "asked for."),
     // Of the system, which knows more of them in the desktop's language.
     QT_TRANSLATE_NOOP("Reason", "no thread can be had"),
+    QT_TRANSLATE_NOOP("Reason", "There is not enough memory"),
     QT_TRANSLATE_NOOP("Reason", "No such file or directory"),
     QT_TRANSLATE_NOOP("Reason", "Permission denied"),
     QT_TRANSLATE_NOOP("Reason", "Operation not permitted"),

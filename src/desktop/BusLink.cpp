@@ -6,6 +6,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <string>
 
 namespace {
 
@@ -20,10 +21,12 @@ bool BusLink::begin() {
   if (_errand.isUnderWay()) return true;
   const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
   // Without an address the library would start a bus of its own.
-  return !address.isEmpty() && _errand.begin([this, address] {
+  const auto work = [this, address] {
     const bool isThere = QDBusConnection::connectToBus(address, connectionName()).isConnected();
     return [this, isThere] { show(isThere); };
-  });
+  };
+  return !address.isEmpty() &&
+         _errand.begin(work, [this](const std::string& /*why*/) { show(false); });
 }
 
 void BusLink::show(bool isThere) {

@@ -14,8 +14,14 @@ BatchChecks::Cancel BatchChecks::renewCancel() {
 }
 
 void BatchChecks::begin(const Errand::Work& work) {
-  _hasFailed = !_errand.begin(work);
-  if (_hasFailed) emit changed();
+  _failure.clear();
+  if (!_errand.begin(work, [this](const std::string& why) { fail(why); }))
+    fail("no thread can be had");
+}
+
+void BatchChecks::fail(const std::string& why) {
+  _failure = why;
+  emit changed();
 }
 
 void BatchChecks::read(const std::vector<std::filesystem::path>& files,

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "base/Errand.h"
@@ -33,8 +34,8 @@ class BatchChecks : public QObject {
   /// Null until they are read.
   [[nodiscard]] const Takes& takes() const { return _takes; }
   [[nodiscard]] const std::optional<BatchPlan>& plan() const { return _plan; }
-  /// No thread could be had, so nothing comes.
-  [[nodiscard]] bool hasFailed() const { return _hasFailed; }
+  /// Why nothing comes: no thread, or not enough memory, could be had. Empty where something does.
+  [[nodiscard]] const std::string& failure() const { return _failure; }
 
  signals:
   /// More is known.
@@ -46,11 +47,12 @@ class BatchChecks : public QObject {
   /// What cancels the work that begins now; what was under way is cancelled.
   Cancel renewCancel();
   void begin(const Errand::Work& work);
+  void fail(const std::string& why);
 
   Takes _takes;
   std::optional<BatchWish> _wish;
   std::optional<BatchPlan> _plan;
-  bool _hasFailed = false;
+  std::string _failure;
   Cancel _cancel;
   Errand _errand;
 };

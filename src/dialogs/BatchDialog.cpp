@@ -195,7 +195,8 @@ QString BatchDialog::roomText() const {
 }
 
 QString BatchDialog::warning() const {
-  if (_checks.hasFailed()) return tr("The takes cannot be looked at: no thread can be had.");
+  const std::string& failure = _checks.failure();
+  if (!failure.empty()) return tr("The takes cannot be looked at: %1.").arg(Reason::text(failure));
   if (_choices->isToLoudness() && !_choices->lufs()) {
     return tr("A loudness is a number from −70 to 0.");
   }

@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QVBoxLayout>
+#include <string>
 #include <system_error>
 #include <utility>
 
@@ -182,14 +183,19 @@ void FilePanel::look(const std::filesystem::path& folder, const std::filesystem:
       then(found);
     };
   };
-  _isLooking = begin(work, tr("Looking for “%1”…").arg(nameOf(file)));
+  const auto failed = [this, then](const std::string& /*why*/) {
+    rest();
+    then(std::nullopt);
+  };
+  _isLooking = begin(work, tr("Looking for “%1”…").arg(nameOf(file)), failed);
   if (!_isLooking) then(std::nullopt);
 }
 
-bool FilePanel::begin(const Errand::Work& work, const QString& goesOn) {
+bool FilePanel::begin(const Errand::Work& work, const QString& goesOn,
+                      const Errand::Failed& failed) {
   rest();
   _goesOn = goesOn;
-  if (!_errand.begin(work)) return false;
+  if (!_errand.begin(work, failed)) return false;
   _slow.start(kGoesOnShows);
   return true;
 }

@@ -53,7 +53,7 @@ class FilePanel : public QDialog {
             const Then& then);
   /// Begins what waits for a medium, and tells of it by `goesOn` where it takes long. Its outcome
   /// calls `rest` first.
-  bool begin(const Errand::Work& work, const QString& goesOn);
+  bool begin(const Errand::Work& work, const QString& goesOn, const Errand::Failed& failed);
   void rest();
   void say(const QString& text) { _status->setText(text); }
 

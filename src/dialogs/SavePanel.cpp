@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <climits>
+#include <string>
 #include <system_error>
 #include <utility>
 
@@ -122,7 +123,10 @@ void SavePanel::makeFolder(const QString& name) {
   const Errand::Work work = [this, path] {
     return [this, path, failure = makeAt(path)] { showMade(path, failure); };
   };
-  if (!begin(work, tr("Making “%1”…").arg(name)))
+  const auto failed = [this, path](const std::string& why) {
+    showMade(path, QString::fromStdString(why));
+  };
+  if (!begin(work, tr("Making “%1”…").arg(name), failed))
     showMade(path, QStringLiteral("no thread can be had"));
 }
 

@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QVBoxLayout>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "controls/Appearance.h"
@@ -95,12 +96,16 @@ void TakeInformation::layOut() {
 
 void TakeInformation::read() {
   addGroup(tr("File"), {{tr("Reading…"), {}}});
-  const bool hasBegun = _errand.begin([this, file = _subject.file]() -> Errand::Outcome {
+  const auto work = [this, file = _subject.file]() -> Errand::Outcome {
     return [this, facts = std::make_shared<const TakeFacts>(file)] { showFacts(*facts); };
-  });
-  if (hasBegun) return;
+  };
+  const auto failed = [this](const std::string& why) { showNote(Reason::text(why)); };
+  if (!_errand.begin(work, failed)) showNote(tr("No thread can be had to read it."));
+}
+
+void TakeInformation::showNote(const QString& note) {
   _tree->clear();
-  addGroup(tr("File"), {{tr("Note"), tr("No thread can be had to read it.")}});
+  addGroup(tr("File"), {{tr("Note"), note}});
 }
 
 void TakeInformation::showFacts(const TakeFacts& facts) {

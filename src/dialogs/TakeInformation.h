@@ -49,6 +49,7 @@ class TakeInformation : public DialogWindow {
  private:
   void layOut();
   void read();
+  void showNote(const QString& note);
   void showFacts(const TakeFacts& facts);
   void measure(const WaveFileReader& reader);
   void collect();

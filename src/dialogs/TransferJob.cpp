@@ -6,6 +6,7 @@
 #include <exception>
 #include <utility>
 
+#include "base/ErrorReason.h"
 #include "controls/Reason.h"
 
 namespace {
@@ -16,7 +17,7 @@ TransferJob::End guarded(const TransferJob::Work& work, TransferJob::Desk& desk)
   try {
     return work(desk);
   } catch (const std::exception& error) {  // as where there is no memory left
-    return {.complaint = Reason::text(std::string(error.what()))};
+    return {.complaint = Reason::text(reasonOf(error))};
   }
 }
 

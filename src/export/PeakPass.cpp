@@ -5,11 +5,14 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 #include <span>
+#include <string>
 #include <system_error>
 #include <thread>
 #include <vector>
 
+#include "base/ErrorReason.h"
 #include "dsp/Kernels.h"
 #include "export/ExportBlocks.h"
 
@@ -34,11 +37,26 @@ std::optional<float> PeakPass::run(const std::atomic<bool>* cancel, const Report
     work(report);
   }
   tell(report);
-  if (_done < frames) return std::nullopt;
+  if (_hasFailed || _done < frames) return std::nullopt;
   return _peak;
 }
 
 void PeakPass::work(const Report& report) {
+  try {
+    search(report);
+  } catch (const std::exception& error) {  // as where there is no memory left
+    fail(reasonOf(error));
+  }
+}
+
+// The others stop as well: nothing comes of it any more.
+void PeakPass::fail(const std::string& why) {
+  _hasFailed = true;
+  const std::lock_guard lock(_mutex);
+  if (_failure.empty()) _failure = why;
+}
+
+void PeakPass::search(const Report& report) {
   FrameStream stream(_reader, ExportBlocks::kReadBytes);
   stream.stopAt(_range.end);
   float peak = 0;

@@ -34,11 +34,13 @@ class PeakPass {
 
   /// None where `*cancel` became true or reading failed.
   std::optional<float> run(const std::atomic<bool>* cancel, const Report& report);
-  /// Why reading failed; empty when it did not.
+  /// Why reading failed, or that memory ran out; empty when neither did.
   [[nodiscard]] const std::string& failure() const { return _failure; }
 
  private:
   void work(const Report& report);
+  void search(const Report& report);
+  void fail(const std::string& why);
   bool takePart(FrameStream& stream, float& peak);
   [[nodiscard]] bool isStopped() const;
   void tell(const Report& report);

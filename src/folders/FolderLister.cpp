@@ -4,11 +4,13 @@
 #include "folders/FolderLister.h"
 
 #include <algorithm>
+#include <exception>
 #include <mutex>
 #include <system_error>
 #include <thread>
 #include <utility>
 
+#include "base/ErrorReason.h"
 #include "base/ThreadSignal.h"
 
 namespace {
@@ -25,6 +27,16 @@ const std::filesystem::path& folderToList(const FolderLister::Question& question
   if (question.fallbacks.empty() || isThere(question.folder)) return question.folder;
   const auto found = std::ranges::find_if(question.fallbacks, isThere);
   return found == question.fallbacks.end() ? question.fallbacks.back() : *found;
+}
+
+// Where memory runs out, the folder cannot be read.
+FolderLister::Answer guarded(const FolderLister::Look& look,
+                             const FolderLister::Question& question) {
+  try {
+    return look(question);
+  } catch (const std::exception& error) {
+    return {std::make_shared<const FolderHelper>(question.folder, reasonOf(error)), false};
+  }
 }
 
 }  // namespace
@@ -75,7 +87,7 @@ void FolderLister::start() {
   _desk = std::make_shared<Desk>([this] { collect(); });
   try {
     std::thread([desk = _desk, look = _look, question = _question] {
-      desk->put(look(question));
+      desk->put(guarded(look, question));
     }).detach();
   } catch (const std::system_error&) {
     _desk->put(withoutLooking(_question));

@@ -31,7 +31,8 @@ class FolderLister {
     std::shared_ptr<const FolderHelper> known;
   };
 
-  /// How a folder is listed. On threads of its own, several at once.
+  /// How a folder is listed. On threads of its own, several at once. What it throws is the reason
+  /// why the folder cannot be read.
   using Look = std::function<Answer(const Question& question)>;
 
   explicit FolderLister(Done done, Look look = answerTo);

@@ -4,14 +4,27 @@
 #include "midi/WorkerPool.h"
 
 #include <algorithm>
+#include <exception>
 #include <system_error>
 #include <thread>
 #include <utility>
+
+#include "base/ErrorReason.h"
+#include "base/Log.h"
 
 namespace {
 
 std::size_t mostThreads() {
   return std::max<std::size_t>(4, std::thread::hardware_concurrency());
+}
+
+// Where memory runs out, this task is not done, and the others are.
+void runGuarded(const std::function<void()>& task) {
+  try {
+    task();
+  } catch (const std::exception& error) {
+    Log::line("A piece of work was not done: " + reasonOf(error));
+  }
 }
 
 }  // namespace
@@ -53,7 +66,7 @@ void WorkerPool::work() {
     auto task = std::move(_tasks.front());
     _tasks.pop_front();
     lock.unlock();
-    task();
+    runGuarded(task);
     task = nullptr;
     lock.lock();
   }

@@ -24,6 +24,8 @@ class WorkerPool {
   WorkerPool(const WorkerPool&) = delete;
   WorkerPool& operator=(const WorkerPool&) = delete;
 
+  /// A task that throws is over; the others are done all the same.
+  ///
   /// Tasks begin in the order in which they were started. Empty when the task was taken; else,
   /// where there is no thread at all, the reason why none can be started, and the task is not kept.
   [[nodiscard]] std::string start(const std::function<void()>& task);

@@ -8,6 +8,7 @@
 #include <thread>
 #include <utility>
 
+#include "base/ErrorReason.h"
 #include "base/Log.h"
 #include "export/Export.h"
 
@@ -38,7 +39,7 @@ ExportResult guarded(const ExportWorker::Work& work, const ExportOrder& order,
   try {
     return work(order, control);
   } catch (const std::exception& error) {  // as where there is no memory left
-    return {End::Failed, error.what()};
+    return {End::Failed, reasonOf(error)};
   }
 }
 

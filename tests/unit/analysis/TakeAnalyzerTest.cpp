@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "TestTake.h"
+#include "support/RefusedMemory.h"
 #include "support/SlowReads.h"
 #include "support/TemporaryFolder.h"
 
@@ -218,6 +219,17 @@ TEST_F(TakeAnalyzerTest, AMediumThatIsPulledOutIsAFailureWithAReason) {
   TakeAnalyzer analyzer(*reader);
   EXPECT_EQ(analyzer.wait(), nullptr);
   EXPECT_FALSE(analyzer.failure().empty());
+}
+
+TEST_F(TakeAnalyzerTest, MemoryThatRunsOutIsAFailureWithAReason) {
+  const auto reader = openFile();
+  constexpr std::size_t kNoUnit = std::size_t{64} << 10;
+  const RefusedMemory refused(kNoUnit);
+  TakeAnalyzer analyzer(*reader, workers(2));
+  EXPECT_EQ(analyzer.wait(), nullptr);
+  EXPECT_EQ(analyzer.failure(), "There is not enough memory");
+  analyzer.waitForWorkers();
+  EXPECT_GT(RefusedMemory::count(), 0);
 }
 
 TEST_F(TakeAnalyzerTest, AFileThatBecomesShorterIsAFailure) {

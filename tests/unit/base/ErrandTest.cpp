@@ -11,6 +11,8 @@
 #include <cerrno>
 #include <latch>
 #include <memory>
+#include <new>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -130,6 +132,26 @@ TEST_F(ErrandTest, OutcomeMayBeginAnotherOrDeleteTheErrand) {
   });
   EXPECT_TRUE(EventLoop::runUntil([&] { return errand == nullptr; }));
   EXPECT_EQ(heard, 2);
+}
+
+TEST_F(ErrandTest, WorkThatThrowsIsHeardAsAReason) {
+  std::string why;
+  std::thread::id heard;
+  Errand errand;
+  errand.begin([]() -> Errand::Outcome { throw std::bad_alloc(); },
+               [&](const std::string& reason) {
+                 why = reason;
+                 heard = std::this_thread::get_id();
+               });
+  ASSERT_TRUE(EventLoop::runUntil([&] { return !errand.isUnderWay(); }));
+  EXPECT_EQ(why, "There is not enough memory");
+  EXPECT_EQ(heard, std::this_thread::get_id());
+}
+
+TEST_F(ErrandTest, WorkThatThrowsEndsEvenWhereNobodyAsksWhy) {
+  Errand errand;
+  errand.begin([]() -> Errand::Outcome { throw std::bad_alloc(); });
+  EXPECT_TRUE(EventLoop::runUntil([&] { return !errand.isUnderWay(); }));
 }
 
 TEST_F(ErrandTest, WithoutAThreadNothingIsUnderWay) {

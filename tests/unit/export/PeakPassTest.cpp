@@ -8,9 +8,11 @@
 #include <atomic>
 #include <cmath>
 #include <limits>
+#include <thread>
 #include <vector>
 
 #include "dsp/PlainKernels.h"
+#include "support/RefusedMemory.h"
 #include "unit/export/ExportFixture.h"
 
 namespace {
@@ -79,6 +81,23 @@ TEST_F(PeakPassTest, ReportsEveryFrameOnce) {
   const auto source = reader(std::vector<float>(2 * kFrames), true);
   PeakPass(*source, 1).run(nullptr, [&](std::uint64_t frames) { told += frames; });
   EXPECT_EQ(told, kFrames);
+}
+
+// The thread that runs has memory, and goes on once its helper has found none.
+TEST_F(PeakPassTest, MemoryThatRunsOutForAHelperIsAFailureWithAReason) {
+  const auto file = _folder.file("in.wav", recordingFloat(std::vector<float>(2 * kFrames), false));
+  std::string whyNot;
+  const auto source = WaveFileReader::openFile(file, whyNot);
+  ASSERT_NE(source, nullptr) << whyNot;
+  constexpr std::size_t kNoBlock = std::size_t{32} << 10;
+  const RefusedMemory refused(kNoBlock);
+  PeakPass pass(*source, 1);
+  pass.setThreads(2);
+  const auto found = pass.run(nullptr, [](std::uint64_t /*frames*/) {
+    while (RefusedMemory::count() == 0) std::this_thread::yield();
+  });
+  EXPECT_EQ(found, std::nullopt);
+  EXPECT_EQ(pass.failure(), "There is not enough memory");
 }
 
 TEST_F(PeakPassTest, CancelEndsIt) {

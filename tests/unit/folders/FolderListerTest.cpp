@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
+#include <new>
 #include <optional>
 #include <semaphore>
 #include <thread>
@@ -131,6 +132,17 @@ TEST_F(Lister, WithoutAThreadNobodyLooksHere) {
   for (const bool isKnown : {false, true}) {
     EXPECT_EQ(Confinement::run([&] { return listWithoutThreads(folder.path(), isKnown); }), 0);
   }
+}
+
+TEST_F(Lister, WhereMemoryRunsOutTheFolderCannotBeRead) {
+  FolderLister poor(tell, [](const FolderLister::Question& /*question*/) -> FolderLister::Answer {
+    throw std::bad_alloc();
+  });
+  poor.list(about(folder));
+  ASSERT_TRUE(EventLoop::runUntil([this] { return !answers.empty(); }));
+  EXPECT_EQ(answers[0].listing->folderPath(), folder.path());
+  EXPECT_EQ(answers[0].listing->failure(), "There is not enough memory");
+  EXPECT_FALSE(poor.isListing());
 }
 
 TEST_F(Lister, TellsWhetherAnythingChanged) {

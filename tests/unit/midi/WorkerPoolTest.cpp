@@ -5,7 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <future>
+#include <new>
 #include <system_error>
+#include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -34,6 +38,22 @@ TEST_F(WorkerPoolTest, IsTriedAgainWithTheNextTask) {
   allowed = 1;
   EXPECT_EQ(pool.start([] {}), "");
   EXPECT_EQ(started.size(), 1U);
+}
+
+TEST(WorkerPool, ATaskThatThrowsKeepsNoOtherFromBeingDone) {
+  std::promise<std::thread::id> thrown;
+  std::promise<std::thread::id> done;
+  auto& pool = *new WorkerPool([isFirst = true](std::function<void()> work) mutable {
+    if (!std::exchange(isFirst, false)) throw std::system_error(EAGAIN, std::generic_category());
+    std::thread(std::move(work)).detach();
+  });
+  const auto fail = [&thrown] {
+    thrown.set_value(std::this_thread::get_id());
+    throw std::bad_alloc();
+  };
+  EXPECT_EQ(pool.start(fail), "");
+  EXPECT_EQ(pool.start([&done] { done.set_value(std::this_thread::get_id()); }), "");
+  EXPECT_EQ(thrown.get_future().get(), done.get_future().get());
 }
 
 TEST_F(WorkerPoolTest, ATaskWithoutAThreadOfItsOwnWaitsForAnother) {

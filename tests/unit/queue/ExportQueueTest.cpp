@@ -11,6 +11,7 @@
 #include <chrono>
 #include <map>
 #include <memory>
+#include <new>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -266,16 +267,20 @@ TEST_F(ExportQueueTest, ItsEndCancelsWithoutAWord) {
 TEST_F(ExportQueueTest, WhatFailsIsToldAndTheNextBegins) {
   ExportQueue failing([](const ExportOrder& order, ExportWorker::Control&) -> ExportResult {
     if (order.target == "thrown") throw std::runtime_error("thrown away");
+    if (order.target == "large") throw std::bad_alloc();
     return {End::Failed, "no room"};
   });
   Record record(failing);
   failing.add({.source = "in.wav", .target = "thrown"});
   failing.add({.source = "in.wav", .target = "told"});
+  failing.add({.source = "in.wav", .target = "large"});
   EXPECT_TRUE(EventLoop::runUntil([&] { return !failing.isBusy(); }));
   EXPECT_EQ("thrown away", record.results[1].failure);
   EXPECT_EQ("no room", record.results[2].failure);
+  EXPECT_EQ("There is not enough memory", record.results[3].failure);
   EXPECT_EQ(End::Failed, record.results[1].end);
   EXPECT_EQ(End::Failed, record.results[2].end);
+  EXPECT_EQ(End::Failed, record.results[3].end);
 }
 
 TEST_F(ExportQueueTest, ManyShortOnesAllEndInTheirOrder) {
