@@ -1274,20 +1274,20 @@ MIT-Lizenz</translation>
         <translation>Es gibt keine Abtastrate</translation>
     </message>
     <message>
-        <source>There is no sound server (%1).</source>
-        <translation>Es gibt keinen Soundserver (%1).</translation>
+        <source>No sound server was found (%1).</source>
+        <translation>Es wurde kein Soundserver gefunden (%1).</translation>
     </message>
     <message>
         <source>The sound server has gone (%1).</source>
         <translation>Der Soundserver ist weg (%1).</translation>
     </message>
     <message>
-        <source>The sound server does not answer.</source>
-        <translation>Der Soundserver antwortet nicht.</translation>
+        <source>The sound server did not answer.</source>
+        <translation>Der Soundserver hat nicht geantwortet.</translation>
     </message>
     <message>
-        <source>The sound output is not there (%1).</source>
-        <translation>Die Audioausgabe ist nicht da (%1).</translation>
+        <source>The sound output was not there (%1).</source>
+        <translation>Die Audioausgabe war nicht da (%1).</translation>
     </message>
     <message>
         <source>The sound output has stopped.</source>

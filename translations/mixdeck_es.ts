@@ -1274,20 +1274,20 @@ Licencia MIT</translation>
         <translation>No hay frecuencia de muestreo</translation>
     </message>
     <message>
-        <source>There is no sound server (%1).</source>
-        <translation>No hay servidor de sonido (%1).</translation>
+        <source>No sound server was found (%1).</source>
+        <translation>No se encontró ningún servidor de sonido (%1).</translation>
     </message>
     <message>
         <source>The sound server has gone (%1).</source>
         <translation>El servidor de sonido ha desaparecido (%1).</translation>
     </message>
     <message>
-        <source>The sound server does not answer.</source>
-        <translation>El servidor de sonido no responde.</translation>
+        <source>The sound server did not answer.</source>
+        <translation>El servidor de sonido no respondió.</translation>
     </message>
     <message>
-        <source>The sound output is not there (%1).</source>
-        <translation>La salida de sonido no está disponible (%1).</translation>
+        <source>The sound output was not there (%1).</source>
+        <translation>La salida de sonido no estaba disponible (%1).</translation>
     </message>
     <message>
         <source>The sound output has stopped.</source>

@@ -1274,20 +1274,20 @@ Licence MIT</translation>
         <translation>Il n’y a pas de fréquence d’échantillonnage</translation>
     </message>
     <message>
-        <source>There is no sound server (%1).</source>
-        <translation>Il n’y a pas de serveur audio (%1).</translation>
+        <source>No sound server was found (%1).</source>
+        <translation>Aucun serveur audio n’a été trouvé (%1).</translation>
     </message>
     <message>
         <source>The sound server has gone (%1).</source>
         <translation>Le serveur audio a disparu (%1).</translation>
     </message>
     <message>
-        <source>The sound server does not answer.</source>
-        <translation>Le serveur audio ne répond pas.</translation>
+        <source>The sound server did not answer.</source>
+        <translation>Le serveur audio n’a pas répondu.</translation>
     </message>
     <message>
-        <source>The sound output is not there (%1).</source>
-        <translation>La sortie audio n’est pas disponible (%1).</translation>
+        <source>The sound output was not there (%1).</source>
+        <translation>La sortie audio n’était pas disponible (%1).</translation>
     </message>
     <message>
         <source>The sound output has stopped.</source>

@@ -1269,20 +1269,20 @@ MIT ライセンス</translation>
         <translation>サンプルレートがありません</translation>
     </message>
     <message>
-        <source>There is no sound server (%1).</source>
-        <translation>サウンドサーバーがありません（%1）。</translation>
+        <source>No sound server was found (%1).</source>
+        <translation>サウンドサーバーが見つかりませんでした（%1）。</translation>
     </message>
     <message>
         <source>The sound server has gone (%1).</source>
         <translation>サウンドサーバーがなくなりました（%1）。</translation>
     </message>
     <message>
-        <source>The sound server does not answer.</source>
-        <translation>サウンドサーバーが応答しません。</translation>
+        <source>The sound server did not answer.</source>
+        <translation>サウンドサーバーが応答しませんでした。</translation>
     </message>
     <message>
-        <source>The sound output is not there (%1).</source>
-        <translation>サウンド出力がありません（%1）。</translation>
+        <source>The sound output was not there (%1).</source>
+        <translation>サウンド出力が見つかりませんでした（%1）。</translation>
     </message>
     <message>
         <source>The sound output has stopped.</source>

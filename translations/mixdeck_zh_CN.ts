@@ -1269,20 +1269,20 @@ MIT 许可证</translation>
         <translation>没有采样率</translation>
     </message>
     <message>
-        <source>There is no sound server (%1).</source>
-        <translation>没有声音服务器（%1）。</translation>
+        <source>No sound server was found (%1).</source>
+        <translation>未找到声音服务器（%1）。</translation>
     </message>
     <message>
         <source>The sound server has gone (%1).</source>
         <translation>声音服务器已消失（%1）。</translation>
     </message>
     <message>
-        <source>The sound server does not answer.</source>
-        <translation>声音服务器没有响应。</translation>
+        <source>The sound server did not answer.</source>
+        <translation>声音服务器未作响应。</translation>
     </message>
     <message>
-        <source>The sound output is not there (%1).</source>
-        <translation>声音输出不存在（%1）。</translation>
+        <source>The sound output was not there (%1).</source>
+        <translation>未找到声音输出（%1）。</translation>
     </message>
     <message>
         <source>The sound output has stopped.</source>

@@ -57,7 +57,7 @@ void PulseConnection::run() {
   if (!_stream.isFormatTaken()) {
     lose(_stream.whyNotTaken());
   } else if (!connect()) {
-    lose(because("There is no sound server"));
+    lose(because("No sound server was found"));
   }
   _lastRound = Clock::now();
   while (!_controls.isEnding.load()) round();
@@ -91,12 +91,12 @@ std::string PulseConnection::because(const char* what) const {
 void PulseConnection::advance() {
   const pa_context_state_t state = pa_context_get_state(_context);
   if (!PA_CONTEXT_IS_GOOD(state)) {
-    return lose(because(_isUp ? "The sound server has gone" : "There is no sound server"));
+    return lose(because(_isUp ? "The sound server has gone" : "No sound server was found"));
   }
   if (state != PA_CONTEXT_READY) return;
   _isUp = true;
   const bool isRefused = !_stream.isConnected() && !_stream.connect(_context);
-  if (isRefused || _stream.hasFailed()) return lose(because("The sound output is not there"));
+  if (isRefused || _stream.hasFailed()) return lose(because("The sound output was not there"));
   _stream.service();
 }
 
@@ -107,8 +107,7 @@ void PulseConnection::watch() {
   _lastRound = now;
   if (!_stream.isBusy()) return _stream.noteLife();
   const auto quiet = now - _stream.lastLife();
-  if (quiet > (_isUp ? kPatience : kStartPatience))
-    return lose("The sound server does not answer.");
+  if (quiet > (_isUp ? kPatience : kStartPatience)) return lose("The sound server did not answer.");
   if (_stream.isStuck()) return lose("The sound output has stopped.");
   if (quiet > kPingAfter && _stream.isReady()) _stream.ping();
 }

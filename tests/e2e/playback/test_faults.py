@@ -33,7 +33,7 @@ class NoServerTest(Case):
                               capture_output=True, text=True, timeout=PATIENCE)
         self.assertEqual(done.returncode, 1)
         self.assertEqual(done.stderr,
-                         "mixdeck-cli: There is no sound server (Connection refused). It plays over "
+                         "mixdeck-cli: No sound server was found (Connection refused). It plays over "
                          "PipeWire or PulseAudio; export writes what would be heard.\n")
 
     def test_files_that_cannot_be_played(self):
@@ -96,7 +96,7 @@ class GoingServerTest(Case):
             wait_for(lambda: "The sound server has gone" in player.shown, "the message")
             player.wait_line("paused")
             player.press(" ")
-            wait_for(lambda: "There is no sound server" in player.shown, "the next message")
+            wait_for(lambda: "No sound server was found" in player.shown, "the next message")
             before = heard(recorder.stop().samples())[:, 0] * 2 ** 23
             paused_at = player.seconds()
             self.server.start()
@@ -127,7 +127,7 @@ class GoingServerTest(Case):
             with self.server.record() as recorder:
                 self.wait_sound(recorder)
             self.server.send(signal.SIGSTOP)
-            wait_for(lambda: "The sound server does not answer." in player.shown, "the message")
+            wait_for(lambda: "The sound server did not answer." in player.shown, "the message")
             player.wait_line("paused")
             player.press(" ")
             wait_for(lambda: player.shown.count("does not answer") == 2, "the next message")

@@ -97,7 +97,7 @@ TEST_F(Application, WithoutAServerTheOutputIsLostSoon) {
   output.start();
   EXPECT_TRUE(listener.lost.empty()) << "told from the event loop only";
   EXPECT_TRUE(EventLoop::runUntil([&] { return !listener.lost.empty(); }));
-  EXPECT_EQ(listener.lost, "There is no sound server (Connection refused).");
+  EXPECT_EQ(listener.lost, "No sound server was found (Connection refused).");
   EXPECT_EQ(output.framesPlayed(), 0.0);
   EXPECT_EQ(source.pulls, 0);
 }
@@ -123,7 +123,7 @@ TEST_F(Application, AReasonOutlivesTheOutputThatToldIt) {
   output->attach(nullptr, &listener);
   output->start();
   EXPECT_TRUE(EventLoop::runUntil([&] { return !listener.lost.empty(); }));
-  EXPECT_EQ(listener.lost, "There is no sound server (Connection refused).");
+  EXPECT_EQ(listener.lost, "No sound server was found (Connection refused).");
 }
 
 // The library would end the program, and so it does here where it is asked at all.
