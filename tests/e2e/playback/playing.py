@@ -241,4 +241,7 @@ class Player:
         return termios.tcgetattr(self.slave) == self.before
 
     def wait(self, patience=PATIENCE):
-        return self.process.wait(patience)
+        try:
+            return self.process.wait(patience)
+        except subprocess.TimeoutExpired:
+            raise AssertionError(f"it has not ended; it shows: {self.shown[-400:]!r}") from None

@@ -130,7 +130,7 @@ class GoingServerTest(Case):
             wait_for(lambda: "The sound server did not answer." in player.shown, "the message")
             player.wait_line("paused")
             player.press(" ")
-            wait_for(lambda: player.shown.count("does not answer") == 2, "the next message")
+            wait_for(lambda: player.shown.count("did not answer") == 2, "the next message")
             player.press("q")
             # The server hangs for good: who waits for it never ends.
             self.assertEqual(player.wait(), 0)

@@ -399,21 +399,26 @@ TEST_F(Feed, RunsWhileItPlaysAndFallsToNothing) {
 
 TEST_F(Feed, MeasuresAgainWhenTheCardIsBack) {
   constexpr std::uint64_t kRing = FollowedBlocks::kMostBlocks * FollowedBlocks::kBlockBytes;
-  const std::vector<std::byte> silence(2 * kRing);
+  const auto data = WaveBytes::samples24(repeated({0.25, 0.25}, int{kRing / 3}));
+  packets = data;
   SlowReads::limit(takes.path().string(), 0);
   openFile("a.WAV",
-           takes.file("a.WAV", WaveBytes().recorderBext(true).format24().data(silence).get()));
+           takes.file("a.WAV", WaveBytes().recorderBext(false).format24().data(data).get()));
   const auto image = session->job()->reader()->image();
   while (image->heldFrom(0) < kRing) std::this_thread::yield();
   SlowReads::pullOut();
-  session->seek(0.99);  // nearly 3 MB on
+  session->seek(0.99);  // beyond what is held
   feed->update(LevelFeed::kInterval);
+  EXPECT_EQ(view.lvlLeft->level(), 0);
   while (image->followFailure().empty()) std::this_thread::yield();
   SlowReads::reset();
   session->play();
   EXPECT_EQ(session->state(), State::Paused);
   session->play();
-  while (image->heldFrom(kRing) == 0) std::this_thread::yield();
+  EXPECT_TRUE(EventLoop::runUntil([this] {
+    feed->update(LevelFeed::kInterval);
+    return view.lvlLeft->level() == 36;
+  }));
 }
 
 // Nearly thirty seconds of 0.25, of which the ring holds the half.

@@ -34,6 +34,8 @@ class Playback : public WindowFixture {
     EXPECT_FALSE(stage().tickOfGain->enable());
     EXPECT_EQ(alphaOf(*stage().lblStereo), 128);
     EXPECT_EQ(alphaOf(*stage().lblGain), 128);
+    EXPECT_EQ(alphaOf(*stage().lblLevel), 128);
+    EXPECT_LT(alphaOf(*view().player->lblTimeCurrent), 255);
   }
   static int alphaOf(const QLabel& label) {
     return label.palette().color(QPalette::WindowText).alpha();
@@ -92,6 +94,8 @@ TEST_F(Playback, DoubleClickOpensAndPlays) {
   EXPECT_TRUE(stage().tickOfGain->enable());
   EXPECT_EQ(alphaOf(*stage().lblStereo), 255);
   EXPECT_EQ(alphaOf(*stage().lblGain), 255);
+  EXPECT_EQ(alphaOf(*stage().lblLevel), 255);
+  EXPECT_EQ(alphaOf(*view().player->lblTimeCurrent), 255);
   EXPECT_EQ(timer("timerUpdateCurrentTime")->interval(), 200);
   EXPECT_EQ(timer("timerLevel")->interval(), 33);
   EXPECT_TRUE(timer("timerLevel")->isActive());

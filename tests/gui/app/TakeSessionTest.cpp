@@ -4,6 +4,9 @@
 #include "app/TakeSession.h"
 
 #include <QSignalSpy>
+#include <cmath>
+#include <functional>
+#include <utility>
 
 #include "TakeFixture.h"
 
@@ -26,6 +29,12 @@ class NoFile : public AudioFile {
                   std::span<std::byte> /*to*/) override {
     return {0, 1};
   }
+};
+
+/// Does something in the middle of a player's end.
+struct AtTheEnd {
+  void notify(const Notification& /*event*/) { then(); }
+  std::function<void()> then;
 };
 
 TEST_F(Session, OpensAndPlays) {
@@ -245,6 +254,37 @@ TEST_F(Session, FileThatThePlayerCannotOpenPlaysNothing) {
   play(100);
   EXPECT_EQ(session->time(), 0.0);
   EXPECT_THAT(failures, testing::Contains(Failure::Reading));
+  EXPECT_EQ(session->state(), State::Closed);
+}
+
+// What the player cannot open is let go of a moment later, and another take is open by then.
+TEST_F(Session, WhatIsOpenedBeforeTheOtherIsLetGoOfStaysOpen) {
+  AudioBackends::addFile("memory", [this, isFirst = true]() mutable -> std::unique_ptr<AudioFile> {
+    if (std::exchange(isFirst, false)) return std::make_unique<NoFile>();
+    return std::make_unique<MemoryAudioFile>(format, packets);
+  });
+  const auto other = take("b.WAV");
+  AtTheEnd end{[&] {
+    if (session->name() == "a.WAV") session->open("b.WAV", other);
+  }};
+  EB::SUBSCRIBE(&end, &AtTheEnd::notify, EB::kPlayFinish);
+  open("a.WAV");
+  ASSERT_TRUE(EventLoop::runUntil([this] { return session->state() == State::Playing; }));
+  play(100);
+  NotificationCenter::defaultCenter().removeObserver(&end);
+  EXPECT_EQ(session->name(), "b.WAV");
+  EXPECT_EQ(session->state(), State::Playing);
+  EXPECT_THAT(told, testing::Not(testing::Contains("closed")));
+}
+
+TEST_F(Session, AWidthThatIsNoNumberIsNone) {
+  open("a.WAV");
+  session->setAngle(75);
+  QSignalSpy changed(session.get(), &TakeSession::soundChanged);
+  session->setAngle(std::nan(""));
+  EXPECT_EQ(session->angle(), 75.0);
+  EXPECT_EQ(session->player()->angle(), 75);
+  EXPECT_EQ(changed.count(), 0);
 }
 
 }  // namespace

@@ -8,11 +8,13 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QTest>
+#include <cstddef>
 
 #include "DialogFixture.h"
 #include "dialogs/BatchDesk.h"
 #include "dialogs/FolderPanel.h"
 #include "support/LongTake.h"
+#include "support/WaveBytes.h"
 
 namespace {
 
@@ -92,6 +94,18 @@ TEST_F(BatchDialogTest, SaysBeforehandWhatWillBeTooLongForWave) {
   waitForPlan();
   EXPECT_THAT(text(), HasSubstr("Over 4 GiB: written as RF64, which not every program reads"));
   expectNothingCut(*_dialog);
+}
+
+TEST_F(BatchDialogTest, SaysBeforehandWhatIsNoSound) {
+  constexpr const char* kNoise =
+      "Samples of some of them export as noise: the recorder writes 24 bits or 32-bit float";
+  const auto noise = _folder.file(
+      "noise.WAV",
+      WaveBytes().format(1, 2, 48000, 16).recorderBext().data(std::vector<std::byte>(24)).get());
+  open({take("a.WAV"), noise});
+  EXPECT_THAT(text(), HasSubstr(kNoise));
+  open({take("b.WAV")});
+  EXPECT_THAT(text(), Not(HasSubstr(kNoise)));
 }
 
 TEST_F(BatchDialogTest, BeginsNothingBeforeItIsKnownWhatCanBe) {

@@ -46,7 +46,8 @@ Calls::const_iterator naming(const Calls& calls, const std::string& name) {
 // Where a text is first written to the disk, in whatever file.
 Calls::const_iterator writing(const Calls& calls, std::string_view text) {
   return std::find_if(calls.begin(), calls.end(), [&](const DiskCall& call) {
-    return memmem(call.bytes.data(), call.bytes.size(), text.data(), text.size()) != nullptr;
+    return !call.bytes.empty() &&
+           memmem(call.bytes.data(), call.bytes.size(), text.data(), text.size()) != nullptr;
   });
 }
 
