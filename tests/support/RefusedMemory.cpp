@@ -31,6 +31,7 @@ int RefusedMemory::count() {
   return refusals;
 }
 
+#ifndef MIXDECK_SANITIZED  // which has a heap of its own
 void* operator new(std::size_t size) {
   if (size >= refusedFrom && !isSpared) {
     ++refusals;
@@ -47,3 +48,4 @@ void operator delete(void* memory) noexcept {
 void operator delete(void* memory, std::size_t /*size*/) noexcept {
   std::free(memory);
 }
+#endif

@@ -271,6 +271,8 @@ TEST_F(Session, WhatIsOpenedBeforeTheOtherIsLetGoOfStaysOpen) {
   open("a.WAV");
   ASSERT_TRUE(EventLoop::runUntil([this] { return session->state() == State::Playing; }));
   play(100);
+  waitForTake();
+  play(100);
   NotificationCenter::defaultCenter().removeObserver(&end);
   EXPECT_EQ(session->name(), "b.WAV");
   EXPECT_EQ(session->state(), State::Playing);
