@@ -58,9 +58,10 @@ TransferJob::~TransferJob() {
 void TransferJob::begin(const Work& work) {
   _desk = std::make_shared<Desk>();
   const bool hasBegun = _errand.begin([this, work, desk = _desk]() -> Errand::Outcome {
-    const End end = guarded(work, *desk);
+    // Its texts go over as a whole, as all that the work tells.
+    const auto end = std::make_shared<End>(guarded(work, *desk));
     desk->end();
-    return [this, end] { finish(end); };
+    return [this, end] { finish(std::exchange(*end, {})); };
   });
   if (!hasBegun) return finish({.complaint = Reason::text(QStringLiteral("no thread can be had"))});
   _timer.start(kRefresh);

@@ -80,6 +80,7 @@ TEST_F(BatchDialogTest, TellsWhatWillBecomeOfTheTakes) {
   EXPECT_EQ(end().text(), "Export 2");
   EXPECT_TRUE(end().isEnabled());
   EXPECT_THAT(refused(), IsEmpty());
+  EXPECT_THAT(text(), Not(HasSubstr("noise")));
   part<QRadioButton>("radio32").setChecked(true);
   waitForPlan();
   EXPECT_THAT(text(), HasSubstr("|49.5 kB, of "));
@@ -97,15 +98,12 @@ TEST_F(BatchDialogTest, SaysBeforehandWhatWillBeTooLongForWave) {
 }
 
 TEST_F(BatchDialogTest, SaysBeforehandWhatIsNoSound) {
-  constexpr const char* kNoise =
-      "Samples of some of them export as noise: the recorder writes 24 bits or 32-bit float";
   const auto noise = _folder.file(
       "noise.WAV",
       WaveBytes().format(1, 2, 48000, 16).recorderBext().data(std::vector<std::byte>(24)).get());
   open({take("a.WAV"), noise});
-  EXPECT_THAT(text(), HasSubstr(kNoise));
-  open({take("b.WAV")});
-  EXPECT_THAT(text(), Not(HasSubstr(kNoise)));
+  EXPECT_THAT(text(), HasSubstr("|Samples of some of them export as noise: the recorder writes 24 "
+                                "bits or 32-bit float"));
 }
 
 TEST_F(BatchDialogTest, BeginsNothingBeforeItIsKnownWhatCanBe) {
