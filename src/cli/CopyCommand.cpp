@@ -43,8 +43,6 @@ struct Counts {
 
 using Obstacle = CardCopy::Obstacle;
 
-constexpr const char* kCancelled = "mixdeck-cli: cancelled";
-
 // Whether it is the card that stands in the way, not the folder.
 bool isOfCard(Obstacle obstacle) {
   return obstacle == Obstacle::CardUnreadable || obstacle == Obstacle::CardEmpty ||

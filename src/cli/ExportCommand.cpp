@@ -110,7 +110,7 @@ int ExportCommand::run() {
       if (end == End::Cancelled) isCancelled = true;
     }
   });
-  if (isCancelled) line.message("mixdeck-cli: cancelled");
+  if (isCancelled) line.message(kCancelled);
   return isAllDone ? kDone : kFailed;
 }
 

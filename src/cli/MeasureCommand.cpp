@@ -108,7 +108,7 @@ MeasureCommand::Texts MeasureCommand::measureAll() const {
       if (!texts[i] && Interrupt::requested()) isCancelled = true;
     }
   });
-  if (isCancelled) line.message("mixdeck-cli: cancelled");
+  if (isCancelled) line.message(kCancelled);
   return texts;
 }
 

@@ -14,6 +14,8 @@ inline constexpr std::string_view kFailToSave = "Fail to save.";
 inline constexpr std::string_view kFailToOpen = "Fail to open.";
 /// What stands in their place where nothing fails.
 inline constexpr std::string_view kWarning = "Warning:";
+/// What is said after an interrupt, a line for standard error.
+inline constexpr const char* kCancelled = "mixdeck-cli: cancelled";
 
 /// One line for standard error: the path, what went wrong (in colour where that is wanted), and
 /// why.

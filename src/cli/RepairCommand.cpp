@@ -43,7 +43,7 @@ int RepairCommand::run() {
     }
     line.update(i, printable(_files[i].filename().native()), 1.0);
   }
-  if (Interrupt::requested()) line.message("mixdeck-cli: cancelled");
+  if (Interrupt::requested()) line.message(kCancelled);
   return isAllDone && !Interrupt::requested() ? kDone : kFailed;
 }
 

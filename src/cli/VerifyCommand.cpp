@@ -21,8 +21,6 @@ namespace {
 
 using State = FolderCheck::State;
 
-constexpr const char* kCancelled = "mixdeck-cli: cancelled";
-
 constexpr std::array<std::pair<State, std::string_view>, 6> kWords{
     {{State::Right, "right"},
      {State::Changed, "changed"},
