@@ -692,6 +692,30 @@ MIT-Lizenz</translation>
         <source>Image</source>
         <translation>Stereobild</translation>
     </message>
+    <message>
+        <source>Stereo scope: Mid is upright, Side is level</source>
+        <translation>Stereosichtgerät: Mitte steht senkrecht, Seite waagerecht</translation>
+    </message>
+    <message>
+        <source>Correlation: +1 is mono; below 0, mono loses sound</source>
+        <translation>Korrelation: +1 ist mono; unter 0 geht in mono Klang verloren</translation>
+    </message>
+    <message>
+        <source>Loudness of the last 400 ms</source>
+        <translation>Lautheit der letzten 400 ms</translation>
+    </message>
+    <message>
+        <source>Loudness of the last 3 s</source>
+        <translation>Lautheit der letzten 3 s</translation>
+    </message>
+    <message>
+        <source>Loudness of the whole take at this width and gain</source>
+        <translation>Lautheit des ganzen Takes bei dieser Breite und Verstärkung</translation>
+    </message>
+    <message>
+        <source>Greatest level between the samples, at this width and gain</source>
+        <translation>Größter Pegel zwischen den Samples bei dieser Breite und Verstärkung</translation>
+    </message>
 </context>
 <context>
     <name>FileList</name>
@@ -1111,6 +1135,14 @@ MIT-Lizenz</translation>
     <message>
         <source>Length of the take</source>
         <translation>Länge des Takes</translation>
+    </message>
+    <message>
+        <source>Position: drag or scroll</source>
+        <translation>Position: ziehen oder scrollen</translation>
+    </message>
+    <message>
+        <source>Volume of what you hear; an export keeps its level</source>
+        <translation>Lautstärke beim Hören; ein Export behält seinen Pegel</translation>
     </message>
 </context>
 <context>
@@ -1856,6 +1888,18 @@ MIT-Lizenz</translation>
     <message>
         <source>The recorder</source>
         <translation>Der Rekorder</translation>
+    </message>
+    <message>
+        <source>Gain: drag or scroll; a double click sets 0 dB</source>
+        <translation>Verstärkung: ziehen oder scrollen; ein Doppelklick setzt 0 dB</translation>
+    </message>
+    <message>
+        <source>Level of the left channel, before the volume</source>
+        <translation>Pegel des linken Kanals, vor der Lautstärke</translation>
+    </message>
+    <message>
+        <source>Level of the right channel, before the volume</source>
+        <translation>Pegel des rechten Kanals, vor der Lautstärke</translation>
     </message>
 </context>
 <context>

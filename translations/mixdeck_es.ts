@@ -692,6 +692,30 @@ Licencia MIT</translation>
         <source>Image</source>
         <translation>Imagen</translation>
     </message>
+    <message>
+        <source>Stereo scope: Mid is upright, Side is level</source>
+        <translation>Vectorscopio: M es vertical, S es horizontal</translation>
+    </message>
+    <message>
+        <source>Correlation: +1 is mono; below 0, mono loses sound</source>
+        <translation>Correlación: +1 es mono; por debajo de 0, el mono pierde sonido</translation>
+    </message>
+    <message>
+        <source>Loudness of the last 400 ms</source>
+        <translation>Sonoridad de los últimos 400 ms</translation>
+    </message>
+    <message>
+        <source>Loudness of the last 3 s</source>
+        <translation>Sonoridad de los últimos 3 s</translation>
+    </message>
+    <message>
+        <source>Loudness of the whole take at this width and gain</source>
+        <translation>Sonoridad de toda la toma con este ancho y esta ganancia</translation>
+    </message>
+    <message>
+        <source>Greatest level between the samples, at this width and gain</source>
+        <translation>Mayor nivel entre las muestras, con este ancho y esta ganancia</translation>
+    </message>
 </context>
 <context>
     <name>FileList</name>
@@ -1111,6 +1135,14 @@ Licencia MIT</translation>
     <message>
         <source>Length of the take</source>
         <translation>Duración de la toma</translation>
+    </message>
+    <message>
+        <source>Position: drag or scroll</source>
+        <translation>Posición: arrastrar o desplazar la rueda</translation>
+    </message>
+    <message>
+        <source>Volume of what you hear; an export keeps its level</source>
+        <translation>Volumen de escucha; una exportación conserva su nivel</translation>
     </message>
 </context>
 <context>
@@ -1856,6 +1888,18 @@ Licencia MIT</translation>
     <message>
         <source>The recorder</source>
         <translation>La grabadora</translation>
+    </message>
+    <message>
+        <source>Gain: drag or scroll; a double click sets 0 dB</source>
+        <translation>Ganancia: arrastrar o desplazar la rueda; un doble clic la pone a 0 dB</translation>
+    </message>
+    <message>
+        <source>Level of the left channel, before the volume</source>
+        <translation>Nivel del canal izquierdo, antes del volumen</translation>
+    </message>
+    <message>
+        <source>Level of the right channel, before the volume</source>
+        <translation>Nivel del canal derecho, antes del volumen</translation>
     </message>
 </context>
 <context>

@@ -692,6 +692,30 @@ Licence MIT</translation>
         <source>Image</source>
         <translation>Image</translation>
     </message>
+    <message>
+        <source>Stereo scope: Mid is upright, Side is level</source>
+        <translation>Vectorscope : M est vertical, S est horizontal</translation>
+    </message>
+    <message>
+        <source>Correlation: +1 is mono; below 0, mono loses sound</source>
+        <translation>Corrélation : +1 est mono ; sous 0, le mono perd du son</translation>
+    </message>
+    <message>
+        <source>Loudness of the last 400 ms</source>
+        <translation>Sonie des 400 dernières ms</translation>
+    </message>
+    <message>
+        <source>Loudness of the last 3 s</source>
+        <translation>Sonie des 3 dernières s</translation>
+    </message>
+    <message>
+        <source>Loudness of the whole take at this width and gain</source>
+        <translation>Sonie de toute la prise avec cette largeur et ce gain</translation>
+    </message>
+    <message>
+        <source>Greatest level between the samples, at this width and gain</source>
+        <translation>Plus haut niveau entre les échantillons, avec cette largeur et ce gain</translation>
+    </message>
 </context>
 <context>
     <name>FileList</name>
@@ -1111,6 +1135,14 @@ Licence MIT</translation>
     <message>
         <source>Length of the take</source>
         <translation>Durée de la prise</translation>
+    </message>
+    <message>
+        <source>Position: drag or scroll</source>
+        <translation>Position : faites glisser ou défiler</translation>
+    </message>
+    <message>
+        <source>Volume of what you hear; an export keeps its level</source>
+        <translation>Volume d&apos;écoute ; un export garde son niveau</translation>
     </message>
 </context>
 <context>
@@ -1856,6 +1888,18 @@ Licence MIT</translation>
     <message>
         <source>The recorder</source>
         <translation>L’enregistreur</translation>
+    </message>
+    <message>
+        <source>Gain: drag or scroll; a double click sets 0 dB</source>
+        <translation>Gain : faites glisser ou défiler ; un double-clic le remet à 0 dB</translation>
+    </message>
+    <message>
+        <source>Level of the left channel, before the volume</source>
+        <translation>Niveau du canal gauche, avant le volume</translation>
+    </message>
+    <message>
+        <source>Level of the right channel, before the volume</source>
+        <translation>Niveau du canal droit, avant le volume</translation>
     </message>
 </context>
 <context>

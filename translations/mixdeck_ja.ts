@@ -687,6 +687,30 @@ MIT ライセンス</translation>
         <source>Image</source>
         <translation>音像</translation>
     </message>
+    <message>
+        <source>Stereo scope: Mid is upright, Side is level</source>
+        <translation>ステレオスコープ：縦が Mid、横が Side です</translation>
+    </message>
+    <message>
+        <source>Correlation: +1 is mono; below 0, mono loses sound</source>
+        <translation>相関：+1 はモノラル、0 未満ではモノラルにすると音が失われます</translation>
+    </message>
+    <message>
+        <source>Loudness of the last 400 ms</source>
+        <translation>直前 400 ms のラウドネス</translation>
+    </message>
+    <message>
+        <source>Loudness of the last 3 s</source>
+        <translation>直前 3 s のラウドネス</translation>
+    </message>
+    <message>
+        <source>Loudness of the whole take at this width and gain</source>
+        <translation>この幅とゲインでのテイク全体のラウドネス</translation>
+    </message>
+    <message>
+        <source>Greatest level between the samples, at this width and gain</source>
+        <translation>この幅とゲインでの、サンプル間の最大レベル</translation>
+    </message>
 </context>
 <context>
     <name>FileList</name>
@@ -1106,6 +1130,14 @@ MIT ライセンス</translation>
     <message>
         <source>Length of the take</source>
         <translation>テイクの長さ</translation>
+    </message>
+    <message>
+        <source>Position: drag or scroll</source>
+        <translation>再生位置：ドラッグまたはスクロール</translation>
+    </message>
+    <message>
+        <source>Volume of what you hear; an export keeps its level</source>
+        <translation>聴くときの音量。書き出しのレベルは変わりません</translation>
     </message>
 </context>
 <context>
@@ -1850,6 +1882,18 @@ MIT ライセンス</translation>
     <message>
         <source>The recorder</source>
         <translation>レコーダー</translation>
+    </message>
+    <message>
+        <source>Gain: drag or scroll; a double click sets 0 dB</source>
+        <translation>ゲイン：ドラッグまたはスクロール。ダブルクリックで 0 dB にします</translation>
+    </message>
+    <message>
+        <source>Level of the left channel, before the volume</source>
+        <translation>左チャンネルのレベル（音量の前）</translation>
+    </message>
+    <message>
+        <source>Level of the right channel, before the volume</source>
+        <translation>右チャンネルのレベル（音量の前）</translation>
     </message>
 </context>
 <context>

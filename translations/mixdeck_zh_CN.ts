@@ -687,6 +687,30 @@ MIT 许可证</translation>
         <source>Image</source>
         <translation>声像</translation>
     </message>
+    <message>
+        <source>Stereo scope: Mid is upright, Side is level</source>
+        <translation>立体声示波器：竖直为 Mid，水平为 Side</translation>
+    </message>
+    <message>
+        <source>Correlation: +1 is mono; below 0, mono loses sound</source>
+        <translation>相关度：+1 为单声道；低于 0 时，单声道会损失声音</translation>
+    </message>
+    <message>
+        <source>Loudness of the last 400 ms</source>
+        <translation>最近 400 ms 的响度</translation>
+    </message>
+    <message>
+        <source>Loudness of the last 3 s</source>
+        <translation>最近 3 s 的响度</translation>
+    </message>
+    <message>
+        <source>Loudness of the whole take at this width and gain</source>
+        <translation>在此宽度和增益下整条录音的响度</translation>
+    </message>
+    <message>
+        <source>Greatest level between the samples, at this width and gain</source>
+        <translation>在此宽度和增益下采样点之间的最大电平</translation>
+    </message>
 </context>
 <context>
     <name>FileList</name>
@@ -1106,6 +1130,14 @@ MIT 许可证</translation>
     <message>
         <source>Length of the take</source>
         <translation>录音时长</translation>
+    </message>
+    <message>
+        <source>Position: drag or scroll</source>
+        <translation>位置：拖动或滚动</translation>
+    </message>
+    <message>
+        <source>Volume of what you hear; an export keeps its level</source>
+        <translation>监听音量；导出的电平不变</translation>
     </message>
 </context>
 <context>
@@ -1850,6 +1882,18 @@ MIT 许可证</translation>
     <message>
         <source>The recorder</source>
         <translation>录音机</translation>
+    </message>
+    <message>
+        <source>Gain: drag or scroll; a double click sets 0 dB</source>
+        <translation>增益：拖动或滚动；双击设为 0 dB</translation>
+    </message>
+    <message>
+        <source>Level of the left channel, before the volume</source>
+        <translation>左声道电平（音量调节之前）</translation>
+    </message>
+    <message>
+        <source>Level of the right channel, before the volume</source>
+        <translation>右声道电平（音量调节之前）</translation>
     </message>
 </context>
 <context>

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "app/MainViewParts.h"
+
 namespace {
 
 constexpr int kHeadRefresh = 100;  // ms, a block of the analysis
@@ -20,7 +22,7 @@ LoudnessPane::LoudnessPane(PlayerView& view, TakeSession& take, MeasuredTake& me
                            QObject* parent)
     : QObject(parent), _view(view), _field(*view.stage->field), _take(take), _measured(measured) {
   _timerLoudness.setObjectName(QStringLiteral("timerLoudness"));
-  connect(&_timerLoudness, &QTimer::timeout, this, &LoudnessPane::refreshHead);
+  connect(&_timerLoudness, &QTimer::timeout, this, &LoudnessPane::tick);
   connect(&_take, &TakeSession::stateChanged, this, &LoudnessPane::showState);
   connect(&_take, &TakeSession::soundChanged, this, &LoudnessPane::refresh);
   connect(&_take, &TakeSession::closed, this, &LoudnessPane::showState);
@@ -63,6 +65,10 @@ void LoudnessPane::showProgress() {
   }
   _field.wholeTake->setNote(note);
   _field.truePeak->setNote(note);
+}
+
+void LoudnessPane::tick() {
+  if (MainViewParts::isSeen(_view)) refreshHead();
 }
 
 void LoudnessPane::refreshHead() {

@@ -30,6 +30,7 @@ class LoudnessPane : public QObject {
 
  private:
   void showState();
+  void tick();
   void showTake();
   void showProgress();
 

@@ -71,6 +71,7 @@ QLayout* PlayerView::makeLower() {
   waveform = new WaveformViewer(this);
   waveform->setMinimumHeight(kLeastWaveform);
   sliderTime = new J4Slider(this);
+  sliderTime->setToolTip(tr("Position: drag or scroll"));
   auto* const lower = new QVBoxLayout;
   lower->setContentsMargins(kInset - kStageInset, 0, kInset - kStageInset, 0);
   lower->setSpacing(0);
@@ -101,6 +102,7 @@ QLayout* PlayerView::makeVolume() {
   btnVolume = MainViewParts::pictureButton(this, 28, 22);
   sliderVolume = new Slider(this);
   sliderVolume->setAccessibleName(tr("Volume"));
+  sliderVolume->setToolTip(tr("Volume of what you hear; an export keeps its level"));
   sliderVolume->setFixedWidth(110);
   auto* const volume = new QHBoxLayout;
   volume->setContentsMargins(0, 0, 0, 0);

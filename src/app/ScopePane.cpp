@@ -3,6 +3,7 @@
 
 #include "app/ScopePane.h"
 
+#include "app/MainViewParts.h"
 #include "controls/NumberText.h"
 
 namespace {
@@ -15,7 +16,7 @@ ScopePane::ScopePane(StageView& view, TakeSession& take, QObject* parent)
     : QObject(parent), _view(view), _take(take) {
   _timerScope.setObjectName(QStringLiteral("timerScope"));
   _timerScope.setTimerType(Qt::PreciseTimer);
-  connect(&_timerScope, &QTimer::timeout, this, &ScopePane::advance);
+  connect(&_timerScope, &QTimer::timeout, this, &ScopePane::tick);
   connect(&_take, &TakeSession::opened, this, &ScopePane::begin);
   connect(&_take, &TakeSession::closing, this, &ScopePane::drop);
   connect(&_take, &TakeSession::stateChanged, this, &ScopePane::showState);
@@ -36,6 +37,10 @@ void ScopePane::drop() {
 // Nothing is heard, so nothing is shown.
 void ScopePane::rest() {
   _timerScope.stop();
+  darken();
+}
+
+void ScopePane::darken() {
   _correlation.clear();
   _view.field->scope->clear();
   showCorrelation(std::nullopt);
@@ -50,6 +55,10 @@ void ScopePane::showState() {
 void ScopePane::reduceMotion(bool isReduced) {
   _interval = isReduced ? kCalmInterval : kInterval;
   if (_timerScope.isActive()) showState();
+}
+
+void ScopePane::tick() {
+  MainViewParts::isSeen(_view) ? advance() : darken();
 }
 
 void ScopePane::advance() {

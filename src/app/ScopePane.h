@@ -14,7 +14,8 @@
 
 /// Shows where the sound stands between the channels, thirty times a second while a take plays:
 /// each frame within the half of a picture from when it is heard. With reduced motion, four times a
-/// second what was heard since, without a trace of what came before. Interface thread.
+/// second what was heard since, without a trace of what came before. Dark while nobody sees the
+/// window. Interface thread.
 class ScopePane : public QObject {
   Q_OBJECT
 
@@ -33,6 +34,8 @@ class ScopePane : public QObject {
  private:
   void begin();
   void drop();
+  void tick();
+  void darken();
   void showState();
   [[nodiscard]] bool isCalm() const { return _interval == kCalmInterval; }
   void rest();

@@ -139,6 +139,7 @@ void StageView::makeGain() {
   tickOfGain = new GainTickTitle(this);
   tickOfGain->setAccessibleName(tr("Gain scale"));
   sliderGain = new J4GainSlider(this);
+  sliderGain->setToolTip(tr("Gain: drag or scroll; a double click sets 0 dB"));
   lblGain = caption<QLabel>("heading", tr("Gain"));
   lblGain->setBuddy(sliderGain);
   lblGainValue = caption<TabularLabel>("dim");
@@ -149,10 +150,12 @@ void StageView::makeLevels() {
   tickOfLevel->setAccessibleName(tr("Level scale"));
   lvlLeft = new LevelMeter(this);
   lvlLeft->setAccessibleName(tr("Level left"));
+  lvlLeft->setToolTip(tr("Level of the left channel, before the volume"));
   lblLeft = caption<QLabel>("dim", tr("L", "left channel"));
   lblLeft->setBuddy(lvlLeft);
   lvlRight = new LevelMeter(this);
   lvlRight->setAccessibleName(tr("Level right"));
+  lvlRight->setToolTip(tr("Level of the right channel, before the volume"));
   lblRight = caption<QLabel>("dim", tr("R", "right channel"));
   lblRight->setBuddy(lvlRight);
   clipLeft = new ClipLamp(this);

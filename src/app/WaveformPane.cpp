@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/MainViewParts.h"
+
 namespace {
 
 constexpr int kHeadRefresh = 33;  // ms
@@ -21,7 +23,7 @@ WaveformPane::WaveformPane(PlayerView& view, TakeSession& take, MeasuredTake& me
                            QObject* parent)
     : QObject(parent), _view(view), _take(take), _measured(measured) {
   _timerWaveform.setObjectName(QStringLiteral("timerWaveform"));
-  connect(&_timerWaveform, &QTimer::timeout, this, &WaveformPane::refresh);
+  connect(&_timerWaveform, &QTimer::timeout, this, &WaveformPane::tick);
   connect(&_take, &TakeSession::opened, this, &WaveformPane::showTake);
   connect(&_take, &TakeSession::opening, this, &WaveformPane::showIdle);
   connect(&_take, &TakeSession::closed, this, &WaveformPane::showIdle);
@@ -64,6 +66,10 @@ double WaveformPane::playHead() const {
   const bool isSlider =
       _view.sliderTime->isSeeking() || _take.state() == TakeSession::State::Finished;
   return isSlider ? _view.sliderTime->fraction() * _view.waveform->length() : _take.playedTime();
+}
+
+void WaveformPane::tick() {
+  if (MainViewParts::isSeen(_view)) refresh();
 }
 
 void WaveformPane::refresh() {

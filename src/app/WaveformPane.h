@@ -40,6 +40,7 @@ class WaveformPane : public QObject {
   void showTake();
   void showIdle();
   void showState();
+  void tick();
   void moved(AdjustCause cause);
   [[nodiscard]] View inView() const;
   [[nodiscard]] bool isCloserThanMeasured(const View& view) const;

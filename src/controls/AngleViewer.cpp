@@ -58,7 +58,14 @@ void AngleViewer::setCosts(std::vector<CostRing::Cost> costs) {
 void AngleViewer::setPointed(std::optional<int> degree) {
   if (degree == _pointed) return;
   _pointed = degree;
+  setCursor(_pointed ? Qt::PointingHandCursor : Qt::ArrowCursor);
   emit pointedChanged();
+}
+
+void AngleViewer::setThumbPointed(bool isPointed) {
+  if (isPointed == _isThumbPointed) return;
+  _isThumbPointed = isPointed;
+  update();
 }
 
 void AngleViewer::setEnable(bool enable) {
@@ -67,6 +74,7 @@ void AngleViewer::setEnable(bool enable) {
   _enable = enable;
   setFocusPolicy(enable ? Qt::StrongFocus : Qt::NoFocus);
   if (!enable) setPointed(std::nullopt);
+  if (!enable) setThumbPointed(false);
   update();
   QAccessible::State changed;
   changed.disabled = true;

@@ -78,7 +78,8 @@ void AngleViewer::drawArcs(QPainter& painter) const {
 
 void AngleViewer::drawThumb(QPainter& painter) const {
   painter.translate(_thumbPosition - QPointF(THUMB_SIZE / 2.0, THUMB_SIZE / 2.0));
-  painter.fillPath(*_benThumb, _enable ? Colors::WHITE() : _disableColor);
+  const QColor bright = _isThumbPointed ? Colors::primaryHover() : Colors::WHITE();
+  painter.fillPath(*_benThumb, _enable ? bright : _disableColor);
   if (hasFocus() && _focus.isShown()) KeyboardFocus::drawRing(painter, _benThumb->boundingRect());
 }
 
@@ -141,10 +142,12 @@ void AngleViewer::point(const QMouseEvent& event) {
   std::optional<double> angle;
   if (_enable) angle = _allow2Drag ? _angle : angleAt(upward(event));
   setPointed(angle ? std::optional(static_cast<int>(*angle)) : std::nullopt);
+  setThumbPointed(_enable && (_allow2Drag || Upward::covers(thumbSquare(), upward(event))));
 }
 
 void AngleViewer::leaveEvent(QEvent* event) {
   setPointed(std::nullopt);
+  setThumbPointed(false);
   QWidget::leaveEvent(event);
 }
 

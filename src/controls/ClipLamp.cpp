@@ -30,6 +30,7 @@ class ClipLamp::FigureButton : public QAbstractButton {
 ClipLamp::ClipLamp(QWidget* parent)
     : QAbstractButton(parent), _figureButton(new FigureButton(this)) {
   setFocusPolicy(Qt::TabFocus);
+  setCursor(Qt::PointingHandCursor);
   _figureButton->setFocusPolicy(Qt::NoFocus);
   connect(_figureButton, &QAbstractButton::clicked, this, &QAbstractButton::click);
   setPeak(PeakHold());

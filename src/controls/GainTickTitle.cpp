@@ -31,6 +31,7 @@ QAccessibleInterface* makeReadableScale(GainTickTitle& scale) {
 GainTickTitle::GainTickTitle(QWidget* parent) : QWidget(parent) {
   AccessibleFactory::install<GainTickTitle, makeReadableScale>();
   setAccessibleName(tr("Scale"));
+  setMouseTracking(true);
   initUI();
 }
 
@@ -92,13 +93,22 @@ void GainTickTitle::mousePressEvent(QMouseEvent* event) {
   event->setAccepted(event->button() == Qt::LeftButton);
 }
 
+void GainTickTitle::mouseMoveEvent(QMouseEvent* event) {
+  const bool isThere = isHeard() && labelAt(event->position()) != nullptr;
+  setCursor(isThere ? Qt::PointingHandCursor : Qt::ArrowCursor);
+}
+
 void GainTickTitle::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return event->ignore();
-  const QPointF point = Upward::point(event->position(), height());
+  if (const TickTextInfo* const label = labelAt(event->position())) click(*label);
+}
+
+const TickTextInfo* GainTickTitle::labelAt(QPointF position) const {
+  const QPointF point = Upward::point(position, height());
   const auto label = std::find_if(
       _textRectList.begin(), _textRectList.end(),
       [point](const TickTextInfo& info) { return Upward::covers(hitArea(info.frame()), point); });
-  if (label != _textRectList.end()) click(*label);
+  return label == _textRectList.end() ? nullptr : &*label;
 }
 
 void GainTickTitle::click(const TickTextInfo& label) {

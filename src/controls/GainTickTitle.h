@@ -59,12 +59,14 @@ class GainTickTitle : public QWidget, public ReadableScale {
   void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
   void initUI();
   void measure();
   void placeLabels();
+  [[nodiscard]] const TickTextInfo* labelAt(QPointF position) const;
 
   QColor _disableTextColor;
   std::vector<TickTextInfo> _textRectList;

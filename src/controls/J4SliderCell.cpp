@@ -67,6 +67,11 @@ QColor J4SliderCell::activeColor() const {
   return _sliderEnabled ? Colors::WHITE() : AngleViewer::GrayBackgroundColor();
 }
 
+QColor J4SliderCell::knobColor() const {
+  const bool isPointedAt = _controlView && _controlView->isPointedAt();
+  return _sliderEnabled && isPointedAt ? Colors::primaryHover() : activeColor();
+}
+
 QRectF J4SliderCell::backgroundOf(const QRectF& track) const {
   return background(track, _isVertical);
 }
@@ -123,7 +128,7 @@ QRectF J4SliderCell::circleOf(const QRectF& knob) {
 void J4SliderCell::drawKnob(QPainter& painter, const QRectF& knob) const {
   const QRectF circle = circleOf(knob);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(activeColor());
+  painter.setBrush(knobColor());
   painter.drawEllipse(circle);
   if (_controlView && _controlView->showsFocus()) KeyboardFocus::drawRing(painter, circle);
 }

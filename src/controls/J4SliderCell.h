@@ -18,6 +18,8 @@ class SliderCellView {
   [[nodiscard]] virtual QSizeF viewSize() const = 0;
   /// Whether the knob should show the focus ring.
   [[nodiscard]] virtual bool showsFocus() const = 0;
+  /// Whether the pointer is there to take the knob.
+  [[nodiscard]] virtual bool isPointedAt() const = 0;
   /// The cell draws other than before.
   virtual void cellChanged() = 0;
   /// Another view has the cell from now on.
@@ -57,6 +59,7 @@ class J4SliderCell {
   [[nodiscard]] QRectF filledPart(const QRectF& track, bool isVertical) const;
   void drawBar(QPainter& painter, const QRectF& track, bool isVertical) const;
   [[nodiscard]] QColor activeColor() const;
+  [[nodiscard]] QColor knobColor() const;
   void changed() const;
 
   bool _sliderEnabled = false;

@@ -60,7 +60,7 @@ void ScopePoints::clear() {
 QPointF ScopePoints::placeOf(float left, float right) {
   const auto l = static_cast<double>(left);
   const auto r = static_cast<double>(right);
-  const double length = std::hypot(l, r);
+  const double length = std::sqrt(l * l + r * r);  // squares of floats do not overflow
   if (!(length > 0) || !std::isfinite(length)) return {};
   const double scale = std::sqrt(length / std::numbers::sqrt2) / length / std::numbers::sqrt2;
   return {(r - l) * scale, (l + r) * scale};

@@ -37,6 +37,8 @@ QAccessibleInterface* makeReadableSlider(Slider& slider) {
 Slider::Slider(QWidget* parent) : QWidget(parent) {
   AccessibleFactory::install<Slider, makeReadableSlider>();
   setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_Hover);  // a new picture where the pointer comes and goes
+  setCursor(Qt::PointingHandCursor);
   setCell(std::make_shared<J4SliderCell>());
 }
 

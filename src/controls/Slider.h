@@ -50,6 +50,7 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
   [[nodiscard]] QRectF knobRect() const;
   /// Whether the knob should show the focus ring.
   [[nodiscard]] bool showsFocus() const override { return hasFocus() && _focus.isShown(); }
+  [[nodiscard]] bool isPointedAt() const override { return isEnabled() && underMouse(); }
 
   [[nodiscard]] QSizeF viewSize() const override { return size(); }
   void cellChanged() override;

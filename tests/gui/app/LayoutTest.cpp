@@ -239,6 +239,25 @@ TEST_F(Layout, NothingMovesWhileATakeIsOpened) {
   expectSame(playerPlaces(), idle, "once it is open");
 }
 
+// All but the dial, which shows under the pointer what a width costs: a tip would cover that.
+TEST_F(Layout, WhatHasNoWordsOfItsOwnHasATip) {
+  startOnTakes();
+  const PlayerView& player = *view().player;
+  const FieldView& field = *player.stage->field;
+  const QWidgetList wordless = {
+      player.sliderTime,        player.btnPlayPause,    player.btnVolume,
+      player.sliderVolume,      player.btnLoop,         player.btnSoloMid,
+      player.btnSoloSide,       player.btnMenu,         field.scope,
+      field.correlation,        field.momentary,        field.shortTerm,
+      field.wholeTake,          field.truePeak,         player.stage->lvlLeft,
+      player.stage->lvlRight,   player.stage->clipLeft, player.stage->clipRight,
+      player.stage->sliderGain, player.stage->imgDevice};
+  for (const QWidget* const widget : wordless) {
+    EXPECT_FALSE(widget->toolTip().isEmpty())
+        << widget->metaObject()->className() << " " << widget->accessibleName().toStdString();
+  }
+}
+
 TEST_F(Layout, InASmallWindowTheStageIsScrolledAndNothingIsOutOfReach) {
   startAs({900, 560});
   expectWholeAroundStage();

@@ -108,6 +108,21 @@ TEST_F(Presence, TheDesktopsWishForLessMotionReachesTheScope) {
   waitFor([&] { return timer->interval() < 50; }, "all of them");
 }
 
+// Minimised or hidden: pictures that nobody sees cost nothing; the peaks are kept all the same.
+TEST_F(Presence, ScopeRestsWhileNobodySeesTheWindow) {
+  take("R0001.WAV");
+  appear();
+  open("R0001.WAV");
+  const StereoScope& scope = *view().player->stage->field->scope;
+  letLevelsArrive();
+  waitFor([&] { return !scope.isDark(); }, "the scope");
+  view().hide();
+  waitFor([&] { return scope.isDark(); }, "its rest");
+  EXPECT_EQ(controller().take().state(), TakeSession::State::Playing);
+  view().show();
+  waitFor([&] { return !scope.isDark(); }, "the scope once more");
+}
+
 TEST_F(Presence, FilesThatOthersHandOverAreOpened) {
   take("R0001.WAV");
   const auto inner = folder("a folder");

@@ -104,6 +104,13 @@ TEST_F(RedrawOfDial, ForAnAngle) {
   EXPECT_TRUE(repaints([this] { control.detectClick(onArc(70.0)); }));
 }
 
+TEST_F(RedrawOfDial, ForAPointerOverTheThumb) {
+  control.setNewAngle(90.0);
+  EXPECT_TRUE(repaints([this] { Hands::hover(control, {40.0, 200.0}); }));
+  EXPECT_FALSE(repaints([this] { Hands::hover(control, {41.0, 200.0}); }));
+  EXPECT_TRUE(repaints([this] { Hands::hover(control, {200.0, 200.0}); }));
+}
+
 TEST_F(RedrawOfDial, ForAnEndOfTheArc) {
   control.setNewAngle(30.0);
   EXPECT_TRUE(repaints([this] { control.moveTheThumb({210.0, 350.0}, false); }));
