@@ -10,12 +10,14 @@
 namespace {
 
 constexpr int kMargin = 4;
+constexpr double kRadius = 3.0;
 
 }  // namespace
 
 ElidedButton::ElidedButton(QWidget* parent) : QPushButton(parent) {
   setFlat(true);
   setFocusPolicy(Qt::TabFocus);
+  setCursor(Qt::PointingHandCursor);
 }
 
 QSize ElidedButton::sizeHint() const {
@@ -24,12 +26,18 @@ QSize ElidedButton::sizeHint() const {
 
 void ElidedButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (underMouse()) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Colors::hover());
+    painter.drawRoundedRect(rect(), kRadius, kRadius);
+  }
   const QRect room = rect().adjusted(kMargin, 0, -kMargin, 0);
   painter.setPen(Colors::WHITE());
   painter.drawText(room, Qt::AlignVCenter | Qt::TextSingleLine,
                    fontMetrics().elidedText(text(), Qt::ElideMiddle, room.width()));
   if (!hasFocus()) return;
-  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(Colors::focusRing(), 2.0));
-  painter.drawRoundedRect(QRectF(rect()).adjusted(1.0, 1.0, -1.0, -1.0), 3.0, 3.0);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(1.0, 1.0, -1.0, -1.0), kRadius, kRadius);
 }

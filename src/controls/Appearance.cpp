@@ -82,8 +82,8 @@ QString inStyleSheet(const QColor& color) {
 void loadPointers() {
   QWindow window;
   window.create();
-  for (const auto shape : {Qt::ArrowCursor, Qt::IBeamCursor, Qt::SizeHorCursor, Qt::SizeFDiagCursor,
-                           Qt::SizeBDiagCursor}) {
+  for (const auto shape : {Qt::ArrowCursor, Qt::IBeamCursor, Qt::PointingHandCursor,
+                           Qt::SizeHorCursor, Qt::SizeFDiagCursor, Qt::SizeBDiagCursor}) {
     window.setCursor(shape);
   }
 }

@@ -94,7 +94,7 @@ void GainTickTitle::mousePressEvent(QMouseEvent* event) {
 }
 
 void GainTickTitle::mouseMoveEvent(QMouseEvent* event) {
-  const bool isThere = isHeard() && labelAt(event->position()) != nullptr;
+  const bool isThere = _enable && isHeard() && labelAt(event->position()) != nullptr;
   setCursor(isThere ? Qt::PointingHandCursor : Qt::ArrowCursor);
 }
 

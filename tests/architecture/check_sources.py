@@ -4,7 +4,7 @@
 """Small rules that hold for every source file.
 
 usage: check_sources.py ROOT
-Two SPDX lines a file, no source over 400 lines, a source includes its own header first so that the
+A pointer's shape is loaded at the start, two SPDX lines a file, no source over 400 lines, a source includes its own header first so that the
 header is known to compile alone, clang-format has nothing to change. Prints what is wrong; status 1
 if anything is.
 """
@@ -52,6 +52,15 @@ def ill_formatted(code):
     return [done.stderr] if done.returncode != 0 else []
 
 
+def late_pointers(root):
+    """The first sight of a shape reads the user's folders: Appearance has each shown at the start."""
+    loaded = (root / "src/controls/Appearance.cpp").read_text("utf-8")
+    for path in sorted((root / "src").rglob("*.cpp")):
+        for shape in re.findall(r"Qt::\w+Cursor\b", path.read_text("utf-8")):
+            if shape not in loaded:
+                yield f"{path}: {shape} is not loaded at the start"
+
+
 def main():
     root = Path(sys.argv[1])
     files = list(sources(root))
@@ -67,6 +76,7 @@ def main():
             found.append(f"{path}: {lines} lines")
         if includes_another_first(path):
             found.append(f"{path}: its own header is not the first that it includes")
+    found += late_pointers(root)
     found += ill_formatted(code)
     if not code:
         found.append(f"{root}: no sources found")

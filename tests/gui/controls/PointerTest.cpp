@@ -113,6 +113,9 @@ TEST(PointerOverScale, ShowsAHandOverALabelThatSomebodyHears) {
   const auto answers = std::make_shared<Answers>();
   scale.setDelegate(answers);
   Hands::hover(scale, on);
+  EXPECT_EQ(scale.cursor().shape(), Qt::ArrowCursor) << "nothing can be set";
+  scale.setEnable(true);
+  Hands::hover(scale, on);
   EXPECT_EQ(scale.cursor().shape(), Qt::PointingHandCursor);
   Hands::hover(scale, {on.x(), 90.0});
   EXPECT_EQ(scale.cursor().shape(), Qt::ArrowCursor) << "between two labels";
