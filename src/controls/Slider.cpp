@@ -37,7 +37,7 @@ QAccessibleInterface* makeReadableSlider(Slider& slider) {
 Slider::Slider(QWidget* parent) : QWidget(parent) {
   AccessibleFactory::install<Slider, makeReadableSlider>();
   setFocusPolicy(Qt::StrongFocus);
-  setAttribute(Qt::WA_Hover);  // a new picture where the pointer comes and goes
+  setMouseTracking(true);
   setCursor(Qt::PointingHandCursor);
   setCell(std::make_shared<J4SliderCell>());
 }
@@ -176,7 +176,17 @@ void Slider::mousePressEvent(QMouseEvent* event) {
   adjust(_held, AdjustCause::Press);
 }
 
+void Slider::setKnobPointed(bool isPointed) {
+  if (std::exchange(_isKnobPointed, isPointed) != isPointed) update();
+}
+
+void Slider::leaveEvent(QEvent* event) {
+  setKnobPointed(false);
+  QWidget::leaveEvent(event);
+}
+
 void Slider::mouseMoveEvent(QMouseEvent* event) {
+  setKnobPointed(_isTracking || knobRect().contains(event->position()));
   if (!_isTracking) return;
   _held = valueAt(event->position() - _hold);
   adjust(_held, AdjustCause::Drag);

@@ -50,7 +50,7 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
   [[nodiscard]] QRectF knobRect() const;
   /// Whether the knob should show the focus ring.
   [[nodiscard]] bool showsFocus() const override { return hasFocus() && _focus.isShown(); }
-  [[nodiscard]] bool isPointedAt() const override { return isEnabled() && underMouse(); }
+  [[nodiscard]] bool isPointedAt() const override { return isEnabled() && _isKnobPointed; }
 
   [[nodiscard]] QSizeF viewSize() const override { return size(); }
   void cellChanged() override;
@@ -84,6 +84,7 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
   void keyPressEvent(QKeyEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void leaveEvent(QEvent* event) override;
   /// Assistive software is told of a new value when this is another.
   [[nodiscard]] virtual QString announcedText() const { return valueText(); }
 
@@ -93,6 +94,7 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
   [[nodiscard]] double valueAt(QPointF knobCentre) const;
   void announce(const QString& before);
   void endTracking();
+  void setKnobPointed(bool isPointed);
 
   std::shared_ptr<J4SliderCell> _cell;
   double _minimum = 0.0;
@@ -101,6 +103,7 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
   double _fineStep = 0.0;  ///< 0: a share of the range
   double _coarseStep = 0.0;
   bool _isTracking = false;
+  bool _isKnobPointed = false;
   double _held = 0.0;  ///< the value to which the hand has brought it
   QPointF _hold;       ///< from the centre of the knob to where it was taken
   StepInput _steps;

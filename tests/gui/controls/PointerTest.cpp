@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QEnterEvent>
 #include <memory>
 
 #include "Drawn.h"
@@ -18,13 +17,6 @@
 #include "controls/Slider.h"
 
 namespace {
-
-/// The pointer comes to the middle of the control.
-void enter(QWidget& control) {
-  const QPointF at = QRectF(control.rect()).center();
-  QEnterEvent event(at, at, at);
-  QApplication::sendEvent(&control, &event);
-}
 
 void leave(QWidget& control) {
   QEvent event(QEvent::Leave);
@@ -46,7 +38,9 @@ struct PointerOverSlider : testing::Test {
 TEST_F(PointerOverSlider, ShowsAHandAndMarksTheKnob) {
   EXPECT_EQ(slider.cursor().shape(), Qt::PointingHandCursor);
   EXPECT_EQ(knob(), Colors::WHITE());
-  enter(slider);
+  Hands::hover(slider, {100.0, 9.0});
+  EXPECT_EQ(knob(), Colors::WHITE()) << "far from it";
+  Hands::hover(slider, {9.0, 9.0});
   EXPECT_EQ(knob(), Colors::primaryHover());
   leave(slider);
   EXPECT_EQ(knob(), Colors::WHITE());
@@ -56,7 +50,7 @@ TEST_F(PointerOverSlider, MarksNothingThatCannotBeMoved) {
   slider.cell()->setSliderEnabled(false);
   const QColor grey = knob();
   slider.setEnabled(false);
-  enter(slider);
+  Hands::hover(slider, {9.0, 9.0});
   EXPECT_EQ(knob(), grey);
 }
 

@@ -135,7 +135,7 @@ TEST_F(RedrawOfDial, ForWhatAWidthCosts) {
   EXPECT_TRUE(repaints([&] { control.setCosts(costs); }));
   EXPECT_FALSE(repaints([&] { control.setCosts(costs); }));
   EXPECT_TRUE(repaints([this] { control.setCosts({}); }));
-  EXPECT_FALSE(repaints([this] { Hands::move(control, {200, 40}); })) << "pointing shows nothing";
+  EXPECT_FALSE(repaints([this] { Hands::hover(control, {40, 200}); })) << "pointing shows nothing";
 }
 
 TEST_F(RedrawOfDial, NotForAnAngleThatIsOnlyStored) {
@@ -145,6 +145,13 @@ TEST_F(RedrawOfDial, NotForAnAngleThatIsOnlyStored) {
 struct RedrawOfSlider : Redraw<J4GainSlider> {
   RedrawOfSlider() : Redraw({24, 200}) { control.setRange(-36.0, 36.0); }
 };
+
+TEST_F(RedrawOfSlider, ForAPointerOverTheKnob) {
+  const QPointF knob = control.knobRect().center();
+  EXPECT_TRUE(repaints([&] { Hands::hover(control, knob); }));
+  EXPECT_FALSE(repaints([&] { Hands::hover(control, knob + QPointF(1, 0)); }));
+  EXPECT_TRUE(repaints([&] { Hands::hover(control, {12, 20}); }));
+}
 
 TEST_F(RedrawOfSlider, ForAValue) {
   EXPECT_TRUE(repaints([this] { control.setValue(3.0); }));
