@@ -8,8 +8,10 @@
 //                                   folder is refreshed ten times: unchanged, then changed; each by
 //                                   the clock and as processor time of the thread
 //   window_benchmark waveform FILE  from the double click until some of the waveform is painted,
-//   and
-//                                   until all of it is
+//                                   until all of it is, and until the take is measured as well
+//   window_benchmark grow FILE SECONDS
+//                                   no times, but pictures of the waveform a second, each of more
+//                                   of it than the one before
 //   window_benchmark whole SINCE FILE
 //                                   from SINCE until all of the waveform of a take that the program
 //                                   is started with is painted
@@ -129,8 +131,18 @@ void openToWaveform(ShownWindow& shown, const Words& words) {
   shown.open(file);
   pictures.waitForPart();
   fmt::print("{:.1f}\n", ShownWindow::milliseconds(watch));
+  pictures.waitForDrawn();
+  fmt::print("{:.1f}\n", ShownWindow::milliseconds(watch));
   pictures.waitForWhole();
   fmt::print("{:.1f}\n", ShownWindow::milliseconds(watch));
+}
+
+void grow(ShownWindow& shown, const Words& words) {
+  const std::filesystem::path file = words[0];
+  shown.show(file.parent_path());
+  WindowPictures pictures(shown);
+  shown.open(file);
+  fmt::print("{:.1f}\n", pictures.growing(std::stod(words.at(1))));
 }
 
 /// As the program is started with a take, with all of its waveform in the end.
@@ -166,13 +178,10 @@ void play(ShownWindow& shown, const Words& words) {
 
 int main(int argc, char** argv) {
   const std::map<std::string, std::function<void(ShownWindow&, const Words&)>> benchmarks = {
-      {"start", startUp},
-      {"open", openToSound},
-      {"stall", stallTwice},
-      {"waveform", openToWaveform},
-      {"whole", startToWaveform},
-      {"turn", turn},
-      {"play", play}};
+      {"start", startUp},    {"open", openToSound},
+      {"stall", stallTwice}, {"waveform", openToWaveform},
+      {"grow", grow},        {"whole", startToWaveform},
+      {"turn", turn},        {"play", play}};
   const Words words(argv + 1, argv + argc);
   if (words.size() < 2 || !benchmarks.contains(words[0])) return EXIT_FAILURE;
   ShownWindow shown(argc, argv);

@@ -40,6 +40,10 @@ bool WindowPictures::eventFilter(QObject* watched, QEvent* event) {
     return false;
   }
   ++_waveforms;
+  const auto& columns = _window.player().waveform->columns().columns;
+  const auto shown = std::ranges::count_if(columns, &WaveformColumns::Column::isKnown);
+  if (shown > _columns) ++_grown;
+  _columns = shown;
   _painted = std::max(_painted, known());
   return false;
 }
@@ -49,12 +53,23 @@ WindowPictures::Known WindowPictures::known() {
   const auto isKnown = [](const WaveformColumns::Column& column) { return column.isKnown; };
   if (std::ranges::none_of(columns, isKnown)) return Known::Nothing;
   const auto* const measured = _window.controller().findChild<MeasuredTake*>();
-  const bool isWhole = measured->isComplete() && std::ranges::all_of(columns, isKnown);
-  return isWhole ? Known::Whole : Known::Part;
+  if (!std::ranges::all_of(columns, isKnown)) return Known::Part;
+  return measured->isComplete() ? Known::Whole : Known::Drawn;
 }
 
 void WindowPictures::waitForPart() {
   while (_painted == Known::Nothing) QApplication::processEvents(kWait);
+}
+
+void WindowPictures::waitForDrawn() {
+  while (_painted < Known::Drawn) QApplication::processEvents(kWait);
+}
+
+double WindowPictures::growing(double seconds) {
+  waitForPart();
+  const int before = _grown;
+  pass(1000 * seconds);
+  return (_grown - before) / seconds;
 }
 
 void WindowPictures::waitForWhole() {

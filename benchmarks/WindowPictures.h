@@ -16,8 +16,12 @@ class WindowPictures : public QObject {
 
   /// Returns when some of the waveform is painted.
   void waitForPart();
-  /// The same of all of it; by then the take is measured through.
+  /// The same of all of it, be it measured or not.
+  void waitForDrawn();
+  /// The same once the take is measured through.
   void waitForWhole();
+  /// Pictures of the waveform a second that show more than the one before, in so many seconds.
+  double growing(double seconds);
 
   /// Turns the dial from end to end by whole degrees while the take stands: milliseconds of each
   /// until the waveform, and what else changes with it, is painted anew.
@@ -37,7 +41,7 @@ class WindowPictures : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  enum class Known { Nothing, Part, Whole };
+  enum class Known { Nothing, Part, Drawn, Whole };
 
   [[nodiscard]] Known known();
   void letFieldRest(bool isResting);
@@ -46,6 +50,8 @@ class WindowPictures : public QObject {
 
   ShownWindow& _window;
   Known _painted = Known::Nothing;
-  int _waveforms = 0;  ///< that were painted
+  int _waveforms = 0;         ///< that were painted
+  int _grown = 0;             ///< of them that showed more than the one before
+  std::int64_t _columns = 0;  ///< that were known in the last one
   int _scopes = 0;
 };

@@ -34,6 +34,12 @@ class TakeAnalyzer {
     /// Whether waveform and stretches are asked for; else the result has the figures of the whole
     /// alone, and takes a quarter of the memory.
     bool keepsBins = true;
+    /// For who looks on: the waveform of a take of `longTake` bytes or more comes first, in a pass
+    /// of its own on all processors; the rest follows in a second one, by `workers`. A medium that
+    /// gives less than `quickMedium` bytes a second is not read twice: the first pass ends there.
+    bool waveformFirst = false;
+    std::uint64_t longTake = 256U << 20;
+    double quickMedium = 400e6;
   };
   /// Told how much of the work is done, 0 to 1, on the thread that waits.
   using Progress = std::function<void(double done)>;

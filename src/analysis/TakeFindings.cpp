@@ -19,6 +19,12 @@ void TakeFindings::add(UnitResult&& unit) {
   ++unitsKnown;
 }
 
+void TakeFindings::addWaveform(UnitResult&& unit) {
+  if (units[unit.unit]) return;
+  units[unit.unit] = std::make_shared<const UnitFindings>(std::move(unit.found));
+  ++unitsDrawn;
+}
+
 std::vector<BlockSums::Weighted> TakeFindings::weightedHalves() const {
   std::vector<BlockSums::Weighted> halves(2 * layout.wholeBlocks());
   for (std::size_t i = 0; i < units.size(); ++i) {

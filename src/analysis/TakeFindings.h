@@ -22,6 +22,8 @@ struct TakeFindings {
 
   /// Puts the result of a unit in its place.
   void add(UnitResult&& unit);
+  /// Puts its waveform there alone, where nothing is yet.
+  void addWaveform(UnitResult&& unit);
   /// The K-weighted sums of both halves of each whole block, in order.
   [[nodiscard]] std::vector<BlockSums::Weighted> weightedHalves() const;
   /// Bytes that are held, most of them together with copies.
@@ -44,8 +46,9 @@ struct TakeFindings {
   friend bool operator==(const TakeFindings& a, const TakeFindings& b);
 
   TakeLayout layout;
-  std::vector<Unit> units;  ///< null where nothing has been read
+  std::vector<Unit> units;  ///< null where nothing has been read; some with their waveform alone
   PeakEnvelope samplePeaks;
   PeakEnvelope truePeaks;
-  std::size_t unitsKnown = 0;
+  std::size_t unitsKnown = 0;  ///< altogether
+  std::size_t unitsDrawn = 0;  ///< whose waveform alone came first, known altogether by now or not
 };

@@ -66,6 +66,11 @@ void UnitPass::run(UnitResult& result) {
   weigh(result);
 }
 
+void UnitPass::runWaveform(UnitResult& result) {
+  findExtremes(result);
+  result.found.blocks.assign(_layout.blocksOf(result.unit), BlockSums());
+}
+
 // Outside the take there is silence.
 bool UnitPass::fill(std::size_t unit) {
   const std::size_t lead = _layout.blockFrames();

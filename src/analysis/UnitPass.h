@@ -38,6 +38,8 @@ class UnitPass {
   /// Fills in blocks, keys and peaks of `result.unit`, which has been read; the peaks that are
   /// there already spare the search for lower ones.
   void run(UnitResult& result);
+  /// Fills in the keys alone of a unit that has been read: a fraction of the work.
+  void runWaveform(UnitResult& result);
 
   /// Why reading failed; empty when it did not.
   [[nodiscard]] const std::string& failure() const { return _stream.failure(); }

@@ -10,6 +10,7 @@
 /// What the pass found in one unit of a take.
 struct UnitResult {
   std::size_t unit = 0;
+  bool isWaveformAlone = false;  ///< the rest of it is still to come
   UnitFindings found;
   PeakEnvelope samplePeaks;  ///< of this unit and of all that was known before
   PeakEnvelope truePeaks;

@@ -56,6 +56,7 @@ void RunningAnalysis::analyse(const WaveFileReader& reader) {
   TakeAnalyzer::Options options;
   options.workers = workers();
   options.workersMemory = TakeAnalyzer::kSmallMemory;
+  options.waveformFirst = true;
   _analyzer = std::make_shared<TakeAnalyzer>(reader, options);
   if (_lookAt) _analyzer->lookAt(*_lookAt);
   _timerMeasured.start(kLook);

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <fstream>
 #include <thread>
@@ -17,6 +18,8 @@
 namespace {
 
 constexpr std::uint32_t kTakeRate = 48000;
+constexpr double kAnyMedium = 0;  // bytes a second that make it a quick one
+constexpr double kNoMedium = 1e18;
 
 void expectSame(const TakeAnalysis& got, const TakeAnalysis& wanted) {
   EXPECT_TRUE(got.findings() == wanted.findings());
@@ -31,6 +34,20 @@ class TakeAnalyzerTest : public testing::Test {
     TakeAnalyzer::Options options;
     options.workers = count;
     return options;
+  }
+
+  /// By one worker on any processor, of a take of any length.
+  static TakeAnalyzer::Options waveformFirst(double quickMedium) {
+    TakeAnalyzer::Options options;
+    options.workers = 1;
+    options.workersMemory = 1;  // for one of them
+    options.waveformFirst = true;
+    options.longTake = 0;
+    options.quickMedium = quickMedium;
+    return options;
+  }
+  static std::vector<Waveform::Column> columnsOf(const TakeAnalysis& analysis, int width = 120) {
+    return analysis.waveform(width, 0, 0, ~0ULL, 142).columns;
   }
 
   std::unique_ptr<WaveFileReader> openFile() {
@@ -144,6 +161,62 @@ TEST_F(TakeAnalyzerTest, ShowsWhatHasComeSoFarFromWhereSomeoneLooks) {
   EXPECT_GT(partial, 0U);
   EXPECT_EQ(analyzer.progress(), 1.0);
   expectSame(*analyzer.soFar(), *wanted);
+}
+
+// The medium gives the take once, and a little more: by then all of its waveform is there.
+TEST_F(TakeAnalyzerTest, TheWaveformOfALongTakeComesFirst) {
+  const auto wanted = TestTake::analyse(_frames, kTakeRate, true);
+  const auto reader = openFile();
+  SlowReads::give(_folder.path().native(), 0);
+  TakeAnalyzer analyzer(*reader, waveformFirst(kAnyMedium));
+  const auto isDrawn = [&] {
+    return std::ranges::all_of(columnsOf(*analyzer.soFar()), &Waveform::Column::isKnown);
+  };
+  while (!isDrawn()) giveUntilMoreIsKnown(analyzer);
+  const auto first = analyzer.soFar();
+  EXPECT_LT(first->findings().unitsKnown, first->layout().units());
+  EXPECT_LT(analyzer.progress(), 0.5);
+  for (const int width : {0, 90, 150}) {
+    const auto drawn = columnsOf(*first, width);
+    const auto whole = columnsOf(*wanted, width);
+    for (std::size_t i = 0; i < drawn.size(); ++i) {
+      EXPECT_EQ(drawn[i].greatestLeft, whole[i].greatestLeft);
+      EXPECT_EQ(drawn[i].leastRight, whole[i].leastRight);
+    }
+  }
+  SlowReads::reset();
+  const auto got = analyzer.wait();
+  ASSERT_NE(got, nullptr);
+  expectSame(*got, *wanted);
+  EXPECT_EQ(analyzer.progress(), 1.0);
+}
+
+TEST_F(TakeAnalyzerTest, WhatIsDrawnFirstChangesNothingInTheEnd) {
+  const auto wanted = TestTake::analyse(_frames, kTakeRate, true);
+  for (const double quick : {kAnyMedium, kNoMedium}) {
+    for (const unsigned count : {0U, 1U, 3U}) {
+      TakeAnalyzer::Options options = waveformFirst(quick);
+      options.workers = count;
+      expectSame(*TestTake::analyse(_frames, kTakeRate, true, options), *wanted);
+    }
+  }
+}
+
+// Each of the four units takes longer than a quick medium may be late; one of them was drawn.
+TEST_F(TakeAnalyzerTest, ASlowMediumIsNotReadTwice) {
+  const auto reader = openFile();
+  SlowReads::limit(_folder.path().native(), 6'000'000);
+  TakeAnalyzer analyzer(*reader, waveformFirst(kNoMedium));
+  const auto got = analyzer.wait();
+  ASSERT_NE(got, nullptr);
+  EXPECT_EQ(got->findings().unitsDrawn, 1U);
+}
+
+TEST_F(TakeAnalyzerTest, AShortTakeIsReadOnce) {
+  TakeAnalyzer::Options options = waveformFirst(kAnyMedium);
+  options.longTake = TakeAnalyzer::Options().longTake;
+  const auto got = TestTake::analyse(_frames, kTakeRate, true, options);
+  EXPECT_EQ(got->findings().unitsDrawn, 0U);
 }
 
 // A take of hours is held once, however often somebody asks what is known of it.
