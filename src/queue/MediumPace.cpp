@@ -37,6 +37,15 @@ bool isOn(const fs::path& file) {
   return stream.get(value) && value == '1';
 }
 
+// A virtual machine's disk says that it turns whatever it is kept on, and so does one that is made
+// of it.
+bool knowsWhetherItTurns(const fs::path& disk) {
+  const std::string name = disk.filename();
+  const bool isVirtual = name.starts_with("vd") || name.starts_with("xvd");
+  std::error_code error;
+  return !isVirtual && fs::directory_iterator(disk / "slaves", error) == fs::directory_iterator();
+}
+
 // A disk that encrypts another one, or puts several together, knows them as its slaves.
 bool standsOnSlow(const fs::path& disk) {
   std::error_code error;
@@ -55,8 +64,8 @@ bool MediumPace::isSlow(const fs::path& device) {
   const bool isPartition = fs::exists(device / "partition", error);
   const fs::path disk = isPartition ? device.parent_path() : device;
   const bool isCard = disk.filename().native().starts_with("mmcblk");
-  return isCard || isOn(disk / "removable") || isOn(disk / "queue" / "rotational") ||
-         standsOnSlow(disk);
+  const bool turns = knowsWhetherItTurns(disk) && isOn(disk / "queue" / "rotational");
+  return isCard || isOn(disk / "removable") || turns || standsOnSlow(disk);
 }
 
 unsigned MediumPace::atOnce(const fs::path& folder, const fs::path& system) {

@@ -9,7 +9,8 @@ class MediumPace {
  public:
   /// One where the folder is on a card, a stick, a turning disk or a network, encrypted or not:
   /// several only get in each other's way there. One a processor elsewhere, and where that cannot
-  /// be told. `system` is where the kernel tells of its devices.
+  /// be told, as of the disk of a virtual machine. `system` is where the kernel tells of its
+  /// devices.
   static unsigned atOnce(const std::filesystem::path& folder,
                          const std::filesystem::path& system = "/sys");
 

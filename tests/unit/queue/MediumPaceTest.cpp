@@ -33,8 +33,9 @@ class MediumPaceTest : public testing::Test {
   }
   /// A disk that the kernel's mapper makes of other devices.
   std::filesystem::path mapped(const std::string& name,
-                               const std::vector<std::filesystem::path>& devices) const {
-    const auto disk = this->disk(name, false, false).parent_path();
+                               const std::vector<std::filesystem::path>& devices,
+                               bool isRotational = false) const {
+    const auto disk = this->disk(name, false, isRotational).parent_path();
     std::filesystem::remove_all(disk / (name + "p1"));
     std::filesystem::create_directories(disk / "slaves");
     for (const auto& device : devices) {
@@ -63,6 +64,17 @@ TEST_F(MediumPaceTest, CardsSticksAndTurningDisksAreSlow) {
   EXPECT_TRUE(MediumPace::isSlow(disk("sdb", true, false)));
   EXPECT_TRUE(MediumPace::isSlow(disk("sdc", false, true)));
   EXPECT_TRUE(MediumPace::isSlow(disk("sdd", false, true).parent_path()));
+}
+
+TEST_F(MediumPaceTest, WhetherTheDiskOfAVirtualMachineTurnsIsNotKnown) {
+  EXPECT_FALSE(MediumPace::isSlow(disk("vda", false, true).parent_path()));
+  EXPECT_FALSE(MediumPace::isSlow(disk("vdb", false, true))) << "a partition";
+  EXPECT_FALSE(MediumPace::isSlow(disk("xvda", false, true)));
+  EXPECT_FALSE(MediumPace::isSlow(mapped("dm-0", {disk("vdc", false, true)}, true)));
+  EXPECT_TRUE(MediumPace::isSlow(disk("vdd", true, true)));
+  EXPECT_TRUE(MediumPace::isSlow(disk("sda", false, true)));
+  EXPECT_TRUE(MediumPace::isSlow(mapped("dm-1", {disk("sdb", false, true)}, true)));
+  EXPECT_TRUE(MediumPace::isSlow(disk("svd", false, true))) << "another name";
 }
 
 TEST_F(MediumPaceTest, AnEncryptedStickIsAsSlowAsAStick) {
