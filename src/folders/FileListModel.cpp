@@ -57,8 +57,6 @@ void FileListModel::place(const std::vector<WavItem>& files) {
   }
   removeMissing(files);
   insertNew(files);
-  // Names that read alike have no order between them.
-  if (_files != files) replaceAll(files);
 }
 
 // A day goes through many folders; who goes back to one is told of its rows again.
@@ -99,11 +97,14 @@ void FileListModel::replaceAll(const std::vector<WavItem>& files) {
   endResetModel();
 }
 
+// What stays stands in the order of `files`, be it names that read alike: only rows are lacking
+// then.
 void FileListModel::removeMissing(const std::vector<WavItem>& files) {
   auto other = files.begin();
   for (std::size_t row = 0; row < _files.size();) {
     while (other != files.end() && FolderHelper::isBefore(*other, _files[row])) ++other;
     if (other != files.end() && *other == _files[row]) {
+      ++other;
       ++row;
       continue;
     }
