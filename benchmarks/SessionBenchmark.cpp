@@ -2,19 +2,25 @@
 // SPDX-License-Identifier: MIT
 //
 // An evening's work in one window, timed from inside, for compare-session.
-//   session_benchmark FOLDER SECONDS TARGET   lists the folder, opens each take and plays it for so
-//                                             long, then exports all together into the target
-// Prints lines of words and numbers: "listed MS", for each take "heard MS KIB", and "exported MS
-// KIB"; KIB is what the process holds then.
+//   session_benchmark FOLDER SECONDS TARGET RUNS
+//     lists the folder, opens each take and plays it for so long, and closes the last one; then, so
+//     many times, exports all together into a folder of its own in the target, which is made anew
+//     each time. What is exported has been read once before, so that it is in the cache.
+// Prints lines of words and numbers: "listed MS"; for each take "heard MS KIB", KIB being what the
+// process holds then; "together N", how many are exported at a time; and for each run "exported MS
+// KIB", the most that it held meanwhile.
 
 #include <fmt/format.h>
 #include <unistd.h>
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -34,6 +40,20 @@ std::uint64_t heldKiB() {
   return resident * static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE)) / 1024;
 }
 
+void forgetMostHeld() {
+  std::ofstream("/proc/self/clear_refs") << "5";
+}
+
+/// Since it was forgotten.
+std::uint64_t mostHeldKiB() {
+  std::ifstream status("/proc/self/status");
+  std::string word;
+  std::uint64_t most = 0;
+  while (status >> word && word != "VmHWM:") continue;
+  status >> most;
+  return most;
+}
+
 void playFor(double seconds) {
   QElapsedTimer watch;
   watch.start();
@@ -51,14 +71,25 @@ std::vector<fs::path> takesOf(ViewController& controller) {
   return takes;
 }
 
-/// Milliseconds until all are written.
+void readAll(const std::vector<fs::path>& takes) {
+  for (const fs::path& take : takes) {
+    std::ifstream(take).ignore(std::numeric_limits<std::streamsize>::max());
+  }
+}
+
+void makeAnew(const fs::path& folder) {
+  fs::remove_all(folder);
+  fs::create_directories(folder);
+}
+
+/// Milliseconds until all are written; less than none where one was not.
 double exportAll(ExportQueue& queue, const std::vector<fs::path>& takes, const fs::path& target) {
   std::size_t failed = 0;
-  QObject::connect(&queue, &ExportQueue::finished,
+  const QObject here;
+  QObject::connect(&queue, &ExportQueue::finished, &here,
                    [&](int, const ExportOrder&, const ExportResult& result) {
                      if (result.end != ExportResult::End::Written) ++failed;
                    });
-  queue.setAtOnce(MediumPace::atOnce(target));
   QElapsedTimer watch;
   watch.start();
   for (const fs::path& take : takes) {
@@ -68,14 +99,35 @@ double exportAll(ExportQueue& queue, const std::vector<fs::path>& takes, const f
                .isOfBatch = true});
   }
   while (queue.isBusy()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  const double took = ShownWindow::milliseconds(watch);
   if (failed > 0) fmt::print(stderr, "{} exports failed\n", failed);
-  return failed > 0 ? -1 : ShownWindow::milliseconds(watch);
+  return failed > 0 ? -1 : took;
+}
+
+/// Whether every export of every run was written.
+bool exportOften(ExportQueue& queue, const std::vector<fs::path>& takes, const fs::path& target,
+                 int runs) {
+  const fs::path own = target / "session_benchmark";
+  const unsigned together =
+      std::min(MediumPace::atOnce(takes.front().parent_path()), MediumPace::atOnce(target));
+  queue.setAtOnce(together);
+  fmt::print("together {}\n", together);
+  readAll(takes);
+  bool isAllWritten = true;
+  for (int run = 0; run < runs; ++run) {
+    makeAnew(own);
+    forgetMostHeld();
+    const double took = exportAll(queue, takes, own);
+    fmt::print("exported {:.1f} {}\n", took, mostHeldKiB());
+    isAllWritten = isAllWritten && took >= 0;
+  }
+  return isAllWritten;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 4) return EXIT_FAILURE;
+  if (argc != 5) return EXIT_FAILURE;
   ShownWindow window(argc, argv);
   QElapsedTimer watch;
   watch.start();
@@ -87,7 +139,8 @@ int main(int argc, char** argv) {
     playFor(std::strtod(argv[2], nullptr));
     fmt::print("heard {:.1f} {}\n", heard, heldKiB());
   }
-  const double exported = exportAll(window.controller().exportQueue(), takes, argv[3]);
-  fmt::print("exported {:.1f} {}\n", exported, heldKiB());
-  return exported < 0 ? EXIT_FAILURE : EXIT_SUCCESS;
+  window.controller().take().close();
+  const bool isDone = !takes.empty() && exportOften(window.controller().exportQueue(), takes,
+                                                    argv[3], std::atoi(argv[4]));
+  return isDone ? EXIT_SUCCESS : EXIT_FAILURE;
 }
