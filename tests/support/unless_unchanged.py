@@ -18,7 +18,7 @@ from pathlib import Path
 
 UNCHANGED = 77
 ROOT = Path(__file__).resolve().parents[2]
-FOLDERS = ("tests", "fuzz", "resources", "packaging", "cmake")
+FOLDERS = ("tests", "fuzz", "resources", "packaging", "cmake", "docs/pictures")
 IN_PROGRAMS = {".cpp", ".h", ".txt", ".md", ".pyc"}
 VARIABLES = ("ASAN_", "GTEST_", "LANG", "LC_", "MIXDECK_", "QT_", "TSAN_", "TZ", "UBSAN_")
 PACKAGES = Path("/var/lib/dpkg/status")
