@@ -10,10 +10,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <cstdlib>
 #include <cstring>
 #include <set>
-#include <string_view>
 #include <utility>
 
 #include "base/Log.h"
@@ -24,6 +22,7 @@
 #include "midi/alsa/AlsaOutput.h"
 #include "midi/alsa/AlsaSequencer.h"
 #include "midi/alsa/AlsaSettling.h"
+#include "midi/alsa/AlsaWire.h"
 #include "midi/alsa/DeviceNodeWatch.h"
 
 struct AlsaMIDISystem::Port {
@@ -57,14 +56,6 @@ namespace {
 constexpr double kTryAgainSeconds = 1.0;
 constexpr std::chrono::milliseconds kEndPatience(100);
 
-std::optional<MIDIPacketKind> kindOfEnvironment() {
-  const char* wanted = std::getenv("MIXDECK_MIDI");
-  const std::string_view kind = wanted == nullptr ? "" : wanted;
-  if (kind == "bytes") return MIDIPacketKind::BytePackets;
-  if (kind == "ump") return MIDIPacketKind::EventLists;
-  return std::nullopt;
-}
-
 /// Of one message: those of the system type from F8 on.
 bool isRealTime(const std::vector<std::uint32_t>& words) {
   return words[0] >> 28 == 1 && (words[0] >> 16 & 0xFF) >= 0xF8;
@@ -74,7 +65,7 @@ bool isRealTime(const std::vector<std::uint32_t>& words) {
 
 std::shared_ptr<AlsaMIDISystem> AlsaMIDISystem::create(Options options) {
   if (!options.clock) options.clock = std::make_shared<QtMIDIClock>();
-  if (!options.kind) options.kind = kindOfEnvironment();
+  if (!options.kind) options.kind = alsaKindOfEnvironment();
   std::shared_ptr<AlsaMIDISystem> system(new AlsaMIDISystem(std::move(options)));
   system->start();
   return system;

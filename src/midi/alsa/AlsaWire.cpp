@@ -4,6 +4,8 @@
 #include "midi/alsa/AlsaWire.h"
 
 #include <array>
+#include <cstdlib>
+#include <string_view>
 
 namespace {
 
@@ -101,6 +103,14 @@ AlsaEvent AlsaWire::headOf(const snd_seq_event_t& raw) {
 
 std::unique_ptr<AlsaWire> makeAlsaByteWire(snd_seq_t* sequencer) {
   return std::make_unique<AlsaByteWire>(sequencer);
+}
+
+std::optional<MIDIPacketKind> alsaKindOfEnvironment() {
+  const char* wanted = std::getenv("MIXDECK_MIDI");
+  const std::string_view kind = wanted == nullptr ? "" : wanted;
+  if (kind == "bytes") return MIDIPacketKind::BytePackets;
+  if (kind == "ump") return MIDIPacketKind::EventLists;
+  return std::nullopt;
 }
 
 std::unique_ptr<AlsaWire> chooseAlsaWire(snd_seq_t* sequencer, std::optional<MIDIPacketKind> kind) {

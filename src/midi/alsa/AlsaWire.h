@@ -35,3 +35,6 @@ std::unique_ptr<AlsaWire> makeAlsaEventWire(snd_seq_t* sequencer);
 
 /// The kind that is asked for, or none; without a wish the best there is.
 std::unique_ptr<AlsaWire> chooseAlsaWire(snd_seq_t* sequencer, std::optional<MIDIPacketKind> kind);
+
+/// The kind that the variable MIXDECK_MIDI asks for ("bytes" or "ump"), or none.
+std::optional<MIDIPacketKind> alsaKindOfEnvironment();
