@@ -1,85 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
+#include "AlsaRecoveryTest.h"
+
 #include <gmock/gmock.h>
 
 #include <alsa/asoundlib.h>
+#include <sys/syscall.h>
 
-#include <QCoreApplication>
-#include <algorithm>
 #include <cerrno>
-#include <thread>
 
-#include "FakeAlsa.h"
-#include "midi/alsa/AlsaMIDISystem.h"
 #include "recorder-sim/SequencerEnd.h"
-#include "support/EventLoop.h"
-#include "support/LogLines.h"
-#include "support/SteppedMIDIClock.h"
+#include "support/Confinement.h"
 
 using testing::ElementsAre;
 
 namespace {
-
-class Told final : public MIDISystemClient {
- public:
-  void setupChanged(std::int32_t messageID) override { changes.push_back(messageID); }
-  void received(MIDIPacketList /*packets*/) override {}
-  void received(MIDIEventList /*events*/) override {}
-
-  std::vector<std::int32_t> changes;
-};
-
-/// A sequencer that goes wrong; the recorder is plugged in.
-class AlsaRecoveryTest : public testing::Test {
- protected:
-  static constexpr int kRecorder = 24;
-
-  void SetUp() override {
-    FakeAlsa::reset();
-    fake.ports = {{kRecorder, 0, "J4 TARN", "J4 TARN MIDI 1"}};
-    // Any node that can be opened: behind it is the fake.
-    system = AlsaMIDISystem::create({"/dev/null", clock, MIDIPacketKind::BytePackets});
-    client = system->createClient("test", told);
-  }
-  void loseSequencer() {
-    fake.fail(-ENODEV);
-    ASSERT_TRUE(EventLoop::runUntil([this] { return !system->unavailableReason().empty(); }));
-  }
-  void TearDown() override {
-    FakeAlsa::release();
-    system.reset();
-    EXPECT_TRUE(EventLoop::runUntil([] { return FakeAlsa::open() == 0; }));
-  }
-  /// A port that has sent something to the recorder.
-  MIDIObjectRef usedOutput() {
-    const auto port = system->createPort(client, MIDIDirection::Destination, "Output");
-    send(port.port);
-    return port.port;
-  }
-  void send(MIDIObjectRef port) {
-    const std::vector<std::uint8_t> bytes{0xF0, 0x52, 0xF7};
-    const MIDIPacket packet{0, bytes};
-    system->send(port, recorder(MIDIDirection::Destination), MIDIPacketList(&packet, 1));
-  }
-  [[nodiscard]] static bool wasHeldUpHere() {
-    return std::ranges::count(FakeAlsa::heldUp(), std::this_thread::get_id()) > 0;
-  }
-  [[nodiscard]] MIDIObjectRef recorder(MIDIDirection direction) const {
-    return system->endpoints(direction).front().reference;
-  }
-
-  int argc = 1;
-  char name[5] = "test";
-  char* argv[2] = {name, nullptr};
-  QCoreApplication application{argc, argv};
-  LogLines log;
-  FakeAlsa& fake = FakeAlsa::get();
-  std::shared_ptr<SteppedMIDIClock> clock = std::make_shared<SteppedMIDIClock>();
-  Told told;
-  std::shared_ptr<AlsaMIDISystem> system;
-  MIDIObjectRef client = 0;
-};
 
 TEST_F(AlsaRecoveryTest, ALostSequencerWhoseNodeStaysIsOpenedAgain) {
   ASSERT_EQ(system->endpoints(MIDIDirection::Source).size(), 1U);
@@ -214,6 +150,44 @@ TEST_F(AlsaRecoveryTest, TheEndOfTheProgramIsNotHeldUp) {
   system.reset();
   EXPECT_EQ(FakeAlsa::open(), 1) << "it has not been waited for";
   EXPECT_FALSE(wasHeldUpHere());
+}
+
+TEST_F(AlsaRecoveryTest, WithoutAThreadAClientIsClosedHere) {
+  const MIDIObjectRef port = usedOutput();
+  const int status = Confinement::run([this, port] {
+    if (!Confinement::failSystemCall(SYS_clone3, EAGAIN)) return 1;
+    if (!Confinement::failSystemCall(SYS_clone, EAGAIN)) return 2;
+    system->dispose(port);
+    if (fake.opened != 2 || FakeAlsa::open() != 1) return 3;
+    usedOutput();
+    return fake.subscribed.size() == 2 ? 0 : 4;
+  });
+  EXPECT_EQ(status, 0);
+}
+
+// The second port of a device of groups sends the end of what the first began.
+TEST_F(AlsaRecoveryTest, EventsOfTwoPortsOfAConnectedClientGoThroughOneReader) {
+  const auto port = system->createPort(client, MIDIDirection::Source, "Input");
+  system->connectSource(port.port, recorder(MIDIDirection::Source));
+  FakeAlsa::send(kRecorder, 0, {0xF0, 0x52});
+  FakeAlsa::send(kRecorder, 1, {0xF7});
+  ASSERT_TRUE(EventLoop::runUntil([] { return FakeAlsa::waiting() == 0; }));
+  EXPECT_THAT(told.pieces, ElementsAre(ElementsAre(0xF0, 0x52), ElementsAre(0xF7)));
+}
+
+TEST_F(AlsaRecoveryTest, TwoPortsOfAClientThatAreBothConnectedHaveAReaderEach) {
+  fake.ports.push_back({kRecorder, 1, "J4 TARN", "J4 TARN MIDI 2"});
+  FakeAlsa::announce(SND_SEQ_EVENT_PORT_START, kRecorder, 1);
+  ASSERT_TRUE(EventLoop::runUntil([] { return FakeAlsa::waiting() == 0; }));
+  clock->advance(0.2);
+  const auto sources = system->endpoints(MIDIDirection::Source);
+  ASSERT_EQ(sources.size(), 2U);
+  const auto port = system->createPort(client, MIDIDirection::Source, "Input");
+  for (const MIDIEndpoint& source : sources) system->connectSource(port.port, source.reference);
+  FakeAlsa::send(kRecorder, 0, {0xF0, 0x52});
+  FakeAlsa::send(kRecorder, 1, {0xF7});
+  ASSERT_TRUE(EventLoop::runUntil([] { return FakeAlsa::waiting() == 0; }));
+  EXPECT_THAT(told.pieces, ElementsAre(ElementsAre(0xF0, 0x52))) << "an end without a beginning";
 }
 
 // Else a second window would take them for devices, and its links would end with the first's.

@@ -11,6 +11,8 @@
 #include <cerrno>
 #include <chrono>
 #include <condition_variable>
+#include <deque>
+#include <map>
 #include <mutex>
 
 namespace {
@@ -18,10 +20,18 @@ namespace {
 constexpr int kOwnClient = 200;
 constexpr std::chrono::seconds kKernelsPatience(10);
 
+struct Event {
+  snd_seq_event_t raw;
+  std::vector<std::uint8_t> bytes;
+};
+
 struct Client {
   int descriptor = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
   int portsMade = 0;
   std::atomic<bool> isSubscribed{false};
+  std::map<int, int> heard;  // another client, and our port that listens to it
+  std::deque<Event> waiting;
+  Event read;  // the sequencer's until the next one is asked for
 };
 
 Client* newest = nullptr;
@@ -35,6 +45,20 @@ std::vector<std::thread::id> held;
 
 Client& clientOf(snd_seq_t* handle) {
   return *reinterpret_cast<Client*>(handle);
+}
+
+snd_seq_addr_t addressOf(int client, int port) {
+  return {static_cast<unsigned char>(client), static_cast<unsigned char>(port)};
+}
+
+/// To whoever listens to the client that it is from.
+void deliver(snd_seq_addr_t from, Event event) {
+  const auto port = newest->heard.find(from.client);
+  if (port == newest->heard.end()) return;
+  event.raw.source = from;
+  event.raw.dest = addressOf(kOwnClient, port->second);
+  newest->waiting.push_back(std::move(event));
+  eventfd_write(newest->descriptor, 1);
 }
 
 void waitForDevice(bool isEnding) {
@@ -86,6 +110,27 @@ void FakeAlsa::fail(int error) {
 
 void FakeAlsa::mend() {
   readError = openError = connectFromError = connectToError = 0;
+}
+
+void FakeAlsa::announce(int type, int client, int port) {
+  Event event;
+  snd_seq_ev_clear(&event.raw);
+  event.raw.type = static_cast<snd_seq_event_type_t>(type);
+  event.raw.data.addr = addressOf(client, port);
+  deliver({SND_SEQ_CLIENT_SYSTEM, SND_SEQ_PORT_SYSTEM_ANNOUNCE}, std::move(event));
+}
+
+void FakeAlsa::send(int client, int port, const std::vector<std::uint8_t>& bytes) {
+  Event event{{}, bytes};
+  snd_seq_ev_clear(&event.raw);
+  event.raw.type = SND_SEQ_EVENT_SYSEX;
+  event.raw.flags = SND_SEQ_EVENT_LENGTH_VARIABLE;
+  event.raw.data.ext.len = static_cast<unsigned>(bytes.size());
+  deliver(addressOf(client, port), std::move(event));
+}
+
+std::size_t FakeAlsa::waiting() {
+  return newest->waiting.size();
 }
 
 int snd_seq_open_lconf(snd_seq_t** to, const char*, int, int, snd_config_t*) {
@@ -144,11 +189,13 @@ int snd_seq_delete_simple_port(snd_seq_t* handle, int) {
   return 0;
 }
 
-int snd_seq_connect_from(snd_seq_t*, int, int client, int) {
+int snd_seq_connect_from(snd_seq_t* handle, int port, int client, int) {
   FakeAlsa& fake = FakeAlsa::get();
-  if (client == SND_SEQ_CLIENT_SYSTEM) return 0;
-  if (fake.connectFromError == 0) fake.heard.push_back(client);
-  return fake.connectFromError;
+  const bool isNews = client == SND_SEQ_CLIENT_SYSTEM;
+  if (!isNews && fake.connectFromError != 0) return fake.connectFromError;
+  clientOf(handle).heard[client] = port;
+  if (!isNews) fake.heard.push_back(client);
+  return 0;
 }
 
 int snd_seq_disconnect_from(snd_seq_t*, int, int, int) {
@@ -190,15 +237,25 @@ int snd_seq_query_next_port(snd_seq_t*, snd_seq_port_info_t* info) {
   return -ENOENT;
 }
 
-int snd_seq_event_input(snd_seq_t*, snd_seq_event_t** event) {
+int snd_seq_event_input(snd_seq_t* handle, snd_seq_event_t** event) {
   *event = nullptr;
   ++FakeAlsa::get().reads;
   const int error = FakeAlsa::get().readError;
-  return error != 0 ? error : -EAGAIN;
+  Client& client = clientOf(handle);
+  if (error != 0 || client.waiting.empty()) return error != 0 ? error : -EAGAIN;
+  client.read = std::move(client.waiting.front());
+  client.waiting.pop_front();
+  eventfd_t count = 0;
+  if (client.waiting.empty()) eventfd_read(client.descriptor, &count);
+  if (snd_seq_ev_is_variable(&client.read.raw)) {
+    client.read.raw.data.ext.ptr = client.read.bytes.data();
+  }
+  *event = &client.read.raw;
+  return 1;
 }
 
-int snd_seq_event_input_pending(snd_seq_t*, int) {
-  return 0;
+int snd_seq_event_input_pending(snd_seq_t* handle, int) {
+  return static_cast<int>(clientOf(handle).waiting.size());
 }
 
 int snd_seq_event_output_direct(snd_seq_t*, snd_seq_event_t*) {

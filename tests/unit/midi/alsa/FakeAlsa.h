@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <thread>
 #include <vector>
@@ -9,7 +11,7 @@
 /// A sequencer in memory in place of the kernel's: what alsa-lib offers for it is defined here
 /// anew, and goes before the library's in a program that links this. One thread; a client may be
 /// ended on another one, while the next one is already open. The last that was opened is the one
-/// that fails, and reads.
+/// that fails, and reads; what was not read of an earlier one is lost.
 struct FakeAlsa {
   struct Port {
     int client;
@@ -38,6 +40,14 @@ struct FakeAlsa {
   void fail(int error);
   /// Everything works again for who opens it anew.
   void mend();
+
+  /// The news of `type` about this port of another client, for who asked for news.
+  static void announce(int type, int client, int port);
+  /// Bytes from this port, as SysEx, for who listens to any port of that client: so does the kernel
+  /// with a device of groups.
+  static void send(int client, int port, const std::vector<std::uint8_t>& bytes);
+  /// Events that have not been read.
+  static std::size_t waiting();
 
   /// From now on the device takes nothing, and the kernel holds up who ends a port or a client that
   /// has subscribed to it, and then whoever subscribes next: for ten seconds, or until `release`.
