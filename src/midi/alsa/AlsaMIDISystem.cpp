@@ -100,13 +100,23 @@ void AlsaMIDISystem::open() {
 void AlsaMIDISystem::adopt(std::unique_ptr<AlsaSequencer> sequencer) {
   _sequencer = std::move(sequencer);
   if (!_clients.empty()) _sequencer->setName(_clients.begin()->second.name);
-  const int port = _sequencer->createPort("Announcements", AlsaSequencer::Use::Private);
-  _sequencer->connectAnnouncements(static_cast<std::uint8_t>(port));
+  hearAnnouncements();
   _output = std::make_unique<AlsaOutput>(*_options.clock, [this](const AlsaOutput::Item& item) {
     return _sequencer->write(item.port, item.to, item.payload);
   });
   _notifier = std::make_unique<QSocketNotifier>(_sequencer->descriptor(), QSocketNotifier::Read);
   QObject::connect(_notifier.get(), &QSocketNotifier::activated, [this] { readable(); });
+}
+
+// What was plugged in while they were refused is listed as if it had been announced.
+void AlsaMIDISystem::hearAnnouncements() {
+  const int status = _sequencer->connectAnnouncements();
+  const bool wasDeaf = std::exchange(_isDeaf, status < 0);
+  if (_isDeaf) tryAgainLater();
+  if (_isDeaf && !wasDeaf) {
+    Log::line(fmt::format("What is plugged in is not heard of yet ({}).", std::strerror(-status)));
+  }
+  if (wasDeaf && !_isDeaf) _settling->disturb();
 }
 
 // Also from inside the notifier.
@@ -167,6 +177,7 @@ void AlsaMIDISystem::tryAgainLater() {
 void AlsaMIDISystem::tryAgain() {
   open();
   if (!_sequencer) return tryAgainLater();
+  if (_isDeaf) hearAnnouncements();
   for (const auto& [reference, port] : _ports) {
     for (const MIDIObjectRef source : std::set(port->refused)) hear(*port, source);
   }

@@ -27,7 +27,8 @@ struct AlsaPayload;
 /// Universal MIDI Packets are carried where both alsa-lib and the kernel know them, byte packets
 /// elsewhere. Where there is no sequencer there are no endpoints; it is tried again whenever the
 /// device node changes, and each second after one was lost; what is plugged in when there is one is
-/// told as an addition.
+/// told as an addition. Where the sequencer refuses to announce what comes and goes, that is a line
+/// in the log, and it is asked again each second.
 ///
 /// Interface thread only: the sequencer's descriptor is in the event loop of the thread that calls
 /// `create`, which needs a QCoreApplication. Nothing waits for the kernel, which plays out what a
@@ -85,6 +86,7 @@ class AlsaMIDISystem final : public MIDISystem {
   void start();
   void open();
   void adopt(std::unique_ptr<AlsaSequencer> sequencer);
+  void hearAnnouncements();
   void lose(int status);
   void setReason(std::string reason);
 
@@ -120,6 +122,7 @@ class AlsaMIDISystem final : public MIDISystem {
   std::unique_ptr<AlsaEndpointTable> _table;
   std::unique_ptr<AlsaClosing> _closing;
   std::unique_ptr<AlsaSequencer> _sequencer;
+  bool _isDeaf = false;  ///< to announcements, which were refused
   std::unique_ptr<AlsaOutput> _output;
   std::unique_ptr<AlsaSettling> _settling;
   std::unique_ptr<QSocketNotifier> _notifier;

@@ -151,8 +151,11 @@ int AlsaSequencer::connectTo(std::uint8_t port, AlsaAddress destination) {
   return snd_seq_connect_to(_sequencer, port, destination.client, destination.port);
 }
 
-int AlsaSequencer::connectAnnouncements(std::uint8_t port) {
-  return connectFrom(port, {SND_SEQ_CLIENT_SYSTEM, SND_SEQ_PORT_SYSTEM_ANNOUNCE});
+int AlsaSequencer::connectAnnouncements() {
+  if (_announcements < 0) _announcements = createPort("Announcements", Use::Private);
+  if (_announcements < 0) return _announcements;
+  return connectFrom(static_cast<std::uint8_t>(_announcements),
+                     {SND_SEQ_CLIENT_SYSTEM, SND_SEQ_PORT_SYSTEM_ANNOUNCE});
 }
 
 AlsaAddress AlsaSequencer::subscribers() {

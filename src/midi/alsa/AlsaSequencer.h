@@ -47,8 +47,9 @@ class AlsaSequencer {
   int connectFrom(std::uint8_t port, AlsaAddress source);
   void disconnectFrom(std::uint8_t port, AlsaAddress source);
   int connectTo(std::uint8_t port, AlsaAddress destination);
-  /// Announcements of what comes and goes, to this port.
-  int connectAnnouncements(std::uint8_t port);
+  /// Announcements of what comes and goes, to a port made for them: 0, or a negative error, after
+  /// which they may be asked for again.
+  int connectAnnouncements();
   /// Everybody else's ports, in the sequencer's order.
   [[nodiscard]] std::vector<AlsaPort> ports() const;
 
@@ -66,5 +67,6 @@ class AlsaSequencer {
   void makeRoom();
 
   snd_seq_t* _sequencer;
+  int _announcements = -1;  ///< the port for them
   std::unique_ptr<AlsaWire> _wire;
 };

@@ -71,6 +71,19 @@ TEST_F(AlsaRecoveryTest, ADestinationThatIsRefusedIsTriedWithTheNextMessage) {
               ElementsAre("A MIDI destination is not open yet (Device or resource busy)."));
 }
 
+TEST_F(AlsaRecoveryTest, AnnouncementsThatAreRefusedAreAskedForAgain) {
+  expectNewsLater(fake.announceError);
+  fake.ports.pop_back();
+  FakeAlsa::announce(SND_SEQ_EVENT_CLIENT_EXIT, kRecorder + 4, 0);
+  ASSERT_TRUE(EventLoop::runUntil([] { return FakeAlsa::waiting() == 0; }));
+  clock->advance(0.2);
+  EXPECT_EQ(system->endpoints(MIDIDirection::Source).size(), 1U) << "and from then on told";
+}
+
+TEST_F(AlsaRecoveryTest, APortForAnnouncementsThatIsRefusedIsAskedForAgain) {
+  expectNewsLater(fake.firstPortError);
+}
+
 // The recorder is still plugged in and takes nothing; the kernel waits for it.
 TEST_F(AlsaRecoveryTest, APortWhoseDeviceHangsIsEndedElsewhere) {
   const MIDIObjectRef port = usedOutput();

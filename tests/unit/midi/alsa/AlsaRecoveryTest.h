@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+
+#include <alsa/asoundlib.h>
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -42,8 +44,32 @@ class AlsaRecoveryTest : public testing::Test {
     FakeAlsa::reset();
     fake.ports = {{kRecorder, 0, "J4 TARN", "J4 TARN MIDI 1"}};
     // Any node that can be opened: behind it is the fake.
+    create();
+  }
+  void create() {
     system = AlsaMIDISystem::create({"/dev/null", clock, MIDIPacketKind::BytePackets});
     client = system->createClient("test", told);
+  }
+  /// Another device, which is announced, and the time to see it.
+  void plugInAnother() {
+    fake.ports.push_back({kRecorder + 4, 0, "Keys", "Keys out"});
+    FakeAlsa::announce(SND_SEQ_EVENT_PORT_START, kRecorder + 4, 0);
+    ASSERT_TRUE(EventLoop::runUntil([] { return FakeAlsa::waiting() == 0; }));
+    clock->advance(0.2);
+  }
+  /// A new system that hears no news: it says so once, and does when that is mended.
+  void expectNewsLater(int& error) {
+    error = -ENOMEM;
+    create();
+    plugInAnother();
+    clock->advance(2.0);
+    EXPECT_EQ(system->endpoints(MIDIDirection::Source).size(), 1U);
+    EXPECT_THAT(log.get(), testing::ElementsAre(
+                               "What is plugged in is not heard of yet (Cannot allocate memory)."));
+    fake.mend();
+    clock->advance(1.2);
+    EXPECT_EQ(system->endpoints(MIDIDirection::Source).size(), 2U) << "plugged in meanwhile";
+    EXPECT_EQ(clock->running(), 0U) << "nothing more is tried";
   }
   void loseSequencer() {
     fake.fail(-ENODEV);

@@ -109,7 +109,8 @@ void FakeAlsa::fail(int error) {
 }
 
 void FakeAlsa::mend() {
-  readError = openError = connectFromError = connectToError = 0;
+  readError = openError = firstPortError = announceError = 0;
+  connectFromError = connectToError = 0;
 }
 
 void FakeAlsa::announce(int type, int client, int port) {
@@ -179,7 +180,8 @@ int snd_seq_poll_descriptors(snd_seq_t* handle, pollfd* to, unsigned, short) {
 
 int snd_seq_create_simple_port(snd_seq_t* handle, const char*, unsigned caps, unsigned) {
   FakeAlsa& fake = FakeAlsa::get();
-  if (fake.portError < 0 && clientOf(handle).portsMade > 0) return fake.portError;
+  const int error = clientOf(handle).portsMade > 0 ? fake.portError : fake.firstPortError;
+  if (error < 0) return error;
   fake.capabilities.push_back(caps);
   return clientOf(handle).portsMade++;
 }
@@ -192,7 +194,8 @@ int snd_seq_delete_simple_port(snd_seq_t* handle, int) {
 int snd_seq_connect_from(snd_seq_t* handle, int port, int client, int) {
   FakeAlsa& fake = FakeAlsa::get();
   const bool isNews = client == SND_SEQ_CLIENT_SYSTEM;
-  if (!isNews && fake.connectFromError != 0) return fake.connectFromError;
+  const int error = isNews ? fake.announceError : fake.connectFromError;
+  if (error != 0) return error;
   clientOf(handle).heard[client] = port;
   if (!isNews) fake.heard.push_back(client);
   return 0;

@@ -20,9 +20,11 @@ struct FakeAlsa {
     std::string portName;
   };
 
-  int openError = 0;  ///< 0, or the negative error of each attempt to open
-  int readError = 0;  ///< the same of each attempt to read; see `fail`
-  int portError = 0;  ///< the same of each port after a client's first
+  int openError = 0;       ///< 0, or the negative error of each attempt to open
+  int readError = 0;       ///< the same of each attempt to read; see `fail`
+  int firstPortError = 0;  ///< the same of a client's first port
+  int portError = 0;       ///< and of each one after it
+  int announceError = 0;   ///< and of who asks for news
   int connectFromError = 0;
   int connectToError = 0;
   int opened = 0;           ///< how often
