@@ -4,6 +4,7 @@
 #include "recorder-sim/RawDeviceEnd.h"
 
 #include <fcntl.h>
+#include <fmt/format.h>
 #include <unistd.h>
 
 #include <QSocketNotifier>
@@ -13,6 +14,7 @@
 #include <cstring>
 #include <utility>
 
+#include "base/Log.h"
 #include "midi/MIDIEventAssembler.h"
 #include "midi/alsa/DeviceNodeWatch.h"
 
@@ -153,6 +155,13 @@ void RawDeviceEnd::write() {
   const ssize_t size = ::write(_file, _outgoing.data(), _outgoing.size());
   if (size > 0) _outgoing.erase(_outgoing.begin(), _outgoing.begin() + size);
   const bool isBroken = size < 0 && errno != EAGAIN && errno != EINTR;
-  if (isBroken) _outgoing.clear();
+  if (isBroken) lose(errno);
+  if (size > 0) _isLosing = false;
   _canWrite->setEnabled(!_outgoing.empty());
+}
+
+void RawDeviceEnd::lose(int error) {
+  _outgoing.clear();
+  if (std::exchange(_isLosing, true)) return;
+  Log::line(fmt::format("What the recorder sends is lost ({}).", std::strerror(error)));
 }

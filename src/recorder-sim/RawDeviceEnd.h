@@ -17,7 +17,8 @@ class QSocketNotifier;
 
 /// A raw MIDI device file, such as the far end of the kernel's MIDI gadget. Plugged in while the
 /// file is there; pulled out, it stays closed until the file has gone and come back, or `plugIn`.
-/// No faster than a cable, which the kernel at the other end could not follow.
+/// No faster than a cable, which the kernel at the other end could not follow. What the file does
+/// not take is dropped; the first of it in a row is a line in the log.
 class RawDeviceEnd final : public CableEnd {
  public:
   /// What the file carries: MIDI 1.0 bytes, or Universal MIDI Packets as words in host order.
@@ -40,6 +41,7 @@ class RawDeviceEnd final : public CableEnd {
   void enqueueWords(const MIDIWireReader::Piece& piece);
   void enqueue(std::span<const std::uint8_t> bytes);
   void write();
+  void lose(int error);
 
   std::string _path;
   Content _content;
@@ -47,6 +49,7 @@ class RawDeviceEnd final : public CableEnd {
   bool _isPulledOut = false;
   std::vector<std::uint8_t> _incoming;  ///< the beginning of a word
   std::vector<std::uint8_t> _outgoing;
+  bool _isLosing = false;  ///< the last write failed
   MIDIWireReader _reader;
   MIDIWireEvents _events;
   QtMIDIClock _clock;

@@ -10,6 +10,7 @@
 
 #include <cerrno>
 
+#include "recorder-sim/RawDeviceEnd.h"
 #include "recorder-sim/SequencerEnd.h"
 #include "support/Confinement.h"
 
@@ -241,6 +242,19 @@ TEST_F(SequencerEndTest, AReadErrorThatStaysPullsTheRecorderOutAndIsNotReadForEv
   fake.mend();
   EXPECT_EQ(end->plugIn(), "");
   EXPECT_EQ(pluggedIn, 2);
+}
+
+/// Its end at a device file; this one can be opened and takes nothing.
+TEST(RawDeviceEndTest, WhatCannotBeWrittenIsALineAndInARowNoMore) {
+  int argc = 1;
+  char name[] = "test";
+  char* argv[] = {name, nullptr};
+  const QCoreApplication application(argc, argv);
+  const LogLines log;
+  RawDeviceEnd end("/dev/full", RawDeviceEnd::Content::Bytes, {[] {}, [] {}, {}});
+  ASSERT_EQ(end.plugIn(), "");
+  for (int i = 0; i < 2; ++i) end.transmit(std::vector<std::uint8_t>{0xF0, 0x52, 0xF7});
+  EXPECT_THAT(log.get(), ElementsAre("What the recorder sends is lost (No space left on device)."));
 }
 
 }  // namespace
