@@ -251,9 +251,12 @@ TEST(RawDeviceEndTest, WhatCannotBeWrittenIsALineAndInARowNoMore) {
   char* argv[] = {name, nullptr};
   const QCoreApplication application(argc, argv);
   const LogLines log;
-  RawDeviceEnd end("/dev/full", RawDeviceEnd::Content::Bytes, {[] {}, [] {}, {}});
-  ASSERT_EQ(end.plugIn(), "");
-  for (int i = 0; i < 2; ++i) end.transmit(std::vector<std::uint8_t>{0xF0, 0x52, 0xF7});
+  {
+    RawDeviceEnd end("/dev/full", RawDeviceEnd::Content::Bytes, {[] {}, [] {}, {}});
+    ASSERT_EQ(end.plugIn(), "");
+    for (int i = 0; i < 2; ++i) end.transmit(std::vector<std::uint8_t>{0xF0, 0x52, 0xF7});
+  }
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_THAT(log.get(), ElementsAre("What the recorder sends is lost (No space left on device)."));
 }
 

@@ -79,6 +79,7 @@ class AlsaRecoveryTest : public testing::Test {
     FakeAlsa::release();
     system.reset();
     EXPECT_TRUE(EventLoop::runUntil([] { return FakeAlsa::open() == 0; }));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
   /// A port that has sent something to the recorder.
   MIDIObjectRef usedOutput() {
