@@ -10,6 +10,7 @@
 #include <thread>
 #include <utility>
 
+#include "base/ErrorReason.h"
 #include "base/ThreadSignal.h"
 
 namespace {
@@ -46,7 +47,7 @@ std::shared_ptr<ReadAheadBlocks> ReadAheadBlocks::over(std::unique_ptr<AudioFile
     }).detach();
     return self;
   } catch (const std::exception& error) {
-    whyNot = error.what();
+    whyNot = reasonOf(error);
     return nullptr;
   }
 }

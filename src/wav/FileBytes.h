@@ -36,11 +36,10 @@ class FileBytes {
 
   /// Why reading failed the last time that it did; empty when it never did.
   [[nodiscard]] std::string failure() const;
-  /// Remembers a failure to read that others met.
-  void fail(const std::string& reason) const;
 
  private:
   explicit FileBytes(int file) : _file(file) {}
+  void fail(const std::string& reason) const;
 
   int _file;
   std::uint64_t _size = 0;

@@ -9,6 +9,8 @@
 #include <thread>
 #include <utility>
 
+#include "base/ErrorReason.h"
+
 std::shared_ptr<FollowedBlocks> FollowedBlocks::over(std::shared_ptr<const FileBytes> file) {
   return std::shared_ptr<FollowedBlocks>(new FollowedBlocks(std::move(file)));
 }
@@ -48,16 +50,17 @@ void FollowedBlocks::end() {
   _wished.notify_one();
 }
 
+// What is refused may be had with the next wish.
 void FollowedBlocks::start() {
-  _isStarted = true;
-  const std::shared_ptr<const FileBytes> file = std::move(_file);
+  _failure.clear();
   try {
     _memory.reset(new std::byte[std::min<std::uint64_t>(_blockCount * kBlockBytes, _fileSize)]);
     _held.resize(_blockCount);
-    std::thread([self = shared_from_this(), file] { self->work(*file); }).detach();
+    std::thread([self = shared_from_this(), file = _file] { self->work(*file); }).detach();
+    _file.reset();
+    _isStarted = true;
   } catch (const std::exception& error) {
-    _failure = error.what();
-    file->fail(_failure);
+    _failure = reasonOf(error);
   }
 }
 

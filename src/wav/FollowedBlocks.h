@@ -20,7 +20,8 @@
 ///
 /// Nobody waits for the worker, and a medium that hangs holds only the worker. It owns the file
 /// from its start on and keeps the blocks alive by itself, so that the file is closed by it as well
-/// once `end` was called and nobody else owns it. Nothing throws.
+/// once `end` was called and nobody else owns it. Where there is no memory or thread for it, that
+/// is a failure as of a read. Nothing throws.
 ///
 /// Threads: everything from any thread at any time.
 class FollowedBlocks : public std::enable_shared_from_this<FollowedBlocks> {
@@ -30,8 +31,8 @@ class FollowedBlocks : public std::enable_shared_from_this<FollowedBlocks> {
 
   static std::shared_ptr<FollowedBlocks> over(std::shared_ptr<const FileBytes> file);
 
-  /// Wishes for what follows `offset`, instead of what was wished for before. After a read that
-  /// failed the worker tries again only once another block is wished for, or after a rest.
+  /// Wishes for what follows `offset`, instead of what was wished for before. After a
+  /// failure it is tried again only once another block is wished for, or after a rest.
   void follow(std::uint64_t offset);
   /// Wishes for nothing; what is at hand stays.
   void rest();
@@ -70,7 +71,7 @@ class FollowedBlocks : public std::enable_shared_from_this<FollowedBlocks> {
   std::vector<Held> _held;                   ///< of each block of the ring
   std::optional<std::uint64_t> _wish;        ///< block of the file
   std::optional<std::uint64_t> _failedWish;  ///< reading failed while this was wished for
-  std::string _failure;                      ///< of the last read, until all is at hand
+  std::string _failure;                      ///< the last one, until all is at hand
   bool _isStarted = false;
   bool _hasEnded = false;
 };

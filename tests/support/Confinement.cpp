@@ -15,6 +15,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstddef>
@@ -57,6 +58,14 @@ bool tell(const char* file, const std::string& text) {
   std::ofstream out(file);
   out << text << std::flush;
   return out.good();
+}
+
+// Softly, so that it can be undone.
+bool limitThreads(rlim_t most) {
+  rlimit limit{};
+  if (getrlimit(RLIMIT_NPROC, &limit) != 0) return false;
+  limit.rlim_cur = std::min(most, limit.rlim_max);
+  return setrlimit(RLIMIT_NPROC, &limit) == 0;
 }
 
 // Mounts of the child's own. Who is not root becomes the root of a user space of its own for it.
@@ -103,6 +112,14 @@ bool Confinement::becomeMemberOf(unsigned group) {
 bool Confinement::limitFileSize(std::uint64_t bytes) {
   const rlimit limit{bytes, bytes};
   return std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && setrlimit(RLIMIT_FSIZE, &limit) == 0;
+}
+
+bool Confinement::refuseThreads() {
+  return dropPrivileges() && limitThreads(0);
+}
+
+bool Confinement::allowThreads() {
+  return limitThreads(RLIM_INFINITY);
 }
 
 bool Confinement::mountSmallDisk(const std::filesystem::path& folder, std::uint64_t bytes) {

@@ -28,4 +28,7 @@ class Confinement {
   static bool failSystemCall(long number, int error);
   /// The same for every call that renames.
   static bool failRenames(int error);
+  /// No thread can be had, until `allowThreads`. Root becomes the user 65534 for it.
+  static bool refuseThreads();
+  static bool allowThreads();
 };

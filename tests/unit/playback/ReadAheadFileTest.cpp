@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <cerrno>
+#include <cstddef>
 #include <filesystem>
 #include <thread>
 #include <vector>
@@ -18,6 +19,7 @@
 #include "playback/wave/WaveAudioFile.h"
 #include "support/Confinement.h"
 #include "support/EventLoop.h"
+#include "support/RefusedMemory.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -187,6 +189,19 @@ TEST_F(ReadAheadFileTest, WithoutAThreadItDoesNotOpen) {
   });
   EXPECT_EQ(status, 0);
 }
+
+#ifndef MIXDECK_SANITIZED  // which has a heap of its own
+TEST_F(ReadAheadFileTest, WhereMemoryRunsOutItDoesNotOpen) {
+  useFloatFile(480'000);
+  const auto file = make();
+  constexpr std::size_t kNoBlocks = std::size_t{1} << 20;
+  const RefusedMemory refused(kNoBlocks);
+  std::thread([&] { EXPECT_FALSE(file->open("x")); }).join();
+  EXPECT_EQ(RefusedMemory::count(), 1);
+  EXPECT_EQ(file->failure(), "There is not enough memory");
+  EXPECT_EQ(file->frameCount(), 0U);
+}
+#endif
 
 TEST_F(ReadAheadFileTest, APlayerPlaysItWhole) {
   use24BitFile(100'000);

@@ -17,6 +17,8 @@
 
 #include "ImageFile.h"
 #include "ReadMeter.h"
+#include "support/Confinement.h"
+#include "support/RefusedMemory.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -161,6 +163,36 @@ TEST_F(FollowedBlocksTest, AnImageThatWasNeverFollowedIsClosedAtOnce) {
   _image.reset();
   EXPECT_FALSE(isOpen(_path));
 }
+
+#ifndef MIXDECK_SANITIZED  // which has a heap of its own
+TEST_F(FollowedBlocksTest, WhereMemoryRunsOutItSaysSoAndTriesAgain) {
+  {
+    const RefusedMemory refused(kBlock);
+    std::thread([this] { _image->follow(0); }).join();
+    EXPECT_EQ(RefusedMemory::count(), 1);
+    EXPECT_EQ(_image->followFailure(), "There is not enough memory");
+    EXPECT_EQ(_image->failure(), "") << "the file can be read";
+    EXPECT_EQ(_image->heldFrom(0), 0U);
+  }
+  ASSERT_TRUE(comesToHand(*_image, kBlock, kBlock + kRing));
+  EXPECT_EQ(_image->followFailure(), "");
+}
+
+// The thread sanitizer starts none after a fork.
+TEST_F(FollowedBlocksTest, WithoutAThreadItSaysSoAndTriesAgain) {
+  const int status = Confinement::run([this] {
+    if (!Confinement::refuseThreads()) return 1;
+    _image->follow(0);
+    if (_image->followFailure() != "Resource temporarily unavailable") return 2;
+    if (!_image->failure().empty()) return 3;
+    if (_image->heldFrom(0) != 0) return 4;
+    if (!Confinement::allowThreads()) return 5;
+    if (!comesToHand(*_image, kBlock, kBlock + kRing)) return 6;
+    return _image->followFailure().empty() ? 0 : 7;
+  });
+  EXPECT_EQ(status, 0);
+}
+#endif
 
 // One thread jumps about in the file; what others find at hand anywhere is right.
 TEST_F(FollowedBlocksTest, WhatIsAtHandIsRightWhileTheWishJumps) {
