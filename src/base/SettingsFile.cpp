@@ -169,11 +169,12 @@ bool SettingsFile::set(const std::string& key, const std::string& value) const {
 }
 
 bool SettingsFile::save(const SettingsText::Values& values) const {
+  const std::string text = SettingsText::write(values);
   std::string name = with(_path, kAnyPart).native();
   const int file = mkostemp(name.data(), O_CLOEXEC);
   if (file < 0) return false;
   flock(file, LOCK_EX | LOCK_NB);
-  const bool isWritten = writeAll(file, SettingsText::write(values));
+  const bool isWritten = writeAll(file, text);
   close(file);
   if (isWritten && std::rename(name.c_str(), _path.c_str()) == 0) return true;
   unlink(name.c_str());

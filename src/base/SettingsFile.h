@@ -20,7 +20,7 @@
 /// ".damaged" added and counts as absent. A lock that another program holds is not waited for any
 /// longer than `Patience`: the change is then made without it.
 ///
-/// Nothing throws. Any thread; each call stands for itself.
+/// Nothing throws but where memory runs out. Any thread; each call stands for itself.
 class SettingsFile {
  public:
   /// How long a change waits for the lock.

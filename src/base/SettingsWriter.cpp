@@ -4,10 +4,11 @@
 #include "base/SettingsWriter.h"
 
 #include <algorithm>
-#include <system_error>
+#include <exception>
 #include <thread>
 #include <utility>
 
+#include "base/ErrorReason.h"
 #include "base/Log.h"
 #include "base/SettingsFile.h"
 
@@ -31,7 +32,7 @@ bool SettingsWriter::start() {
   try {
     std::thread([this] { work(); }).detach();
     return true;
-  } catch (const std::system_error&) {
+  } catch (const std::exception&) {
     return false;
   }
 }
@@ -40,11 +41,10 @@ void SettingsWriter::work() {
   std::unique_lock lock(_mutex);
   for (;;) {
     _wanted.wait(lock, [this] { return !_waiting.empty(); });
-    const Entry entry = _waiting.front();
+    _underWay = std::move(_waiting.front());
     _waiting.erase(_waiting.begin());
-    _underWay = entry;
     lock.unlock();
-    write(entry);
+    write(*_underWay);  // which nobody else changes
     lock.lock();
     _underWay.reset();
     _written.notify_all();
@@ -52,8 +52,12 @@ void SettingsWriter::work() {
 }
 
 void SettingsWriter::write(const Entry& entry) {
-  if (SettingsFile(entry.file).set(entry.key, entry.value)) return;
-  Log::line("Cannot write " + entry.file.native());
+  try {
+    if (SettingsFile(entry.file).set(entry.key, entry.value)) return;
+    Log::line("Cannot write " + entry.file.native());
+  } catch (const std::exception& error) {
+    Log::line("Cannot write " + entry.file.native() + ": " + reasonOf(error));
+  }
 }
 
 std::optional<std::string> SettingsWriter::pending(const std::filesystem::path& file,

@@ -5,8 +5,8 @@
 
 #include <algorithm>
 #include <condition_variable>
+#include <exception>
 #include <mutex>
-#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -38,65 +38,77 @@ class TakeKeeper::Desk {
   void close();
   std::optional<RememberedSound> find(const std::string& take);
   std::vector<ExportNote> exportsOf(const std::filesystem::path& place);
-  bool flush(std::chrono::milliseconds most);
+  bool flush(std::chrono::milliseconds most, const std::shared_ptr<Desk>& self);
   TakeMemory::Trouble takeTrouble();
 
  private:
+  using Given = std::shared_ptr<const Entry>;
+
   void start(const std::shared_ptr<Desk>& self);
   void work();
-  std::optional<Entry> next();
+  Given next();
+  void write(const Entry& entry);
   std::optional<RememberedSound> pending(const std::string& take);
   std::vector<ExportNote> pendingExports();
 
-  std::mutex _using;   ///< held while the memory is used
-  TakeMemory _memory;  ///< of whoever holds that
-  std::mutex _mutex;   ///< guards all that follows; never held while the medium is waited for
+  std::mutex _using;                                         ///< held while the memory is used
+  TakeMemory _memory;                                        ///< of whoever holds that
+  TakeMemory::Trouble _trouble = TakeMemory::Trouble::None;  ///< that too; the desk's own
+  std::mutex _mutex;  ///< guards all that follows; never held while the medium is waited for
   std::condition_variable _wanted;
   std::condition_variable _written;
-  std::vector<Entry> _waiting;     ///< oldest first
-  std::optional<Entry> _underWay;  ///< being written
+  std::vector<Given> _waiting;  ///< oldest first
+  Given _underWay;              ///< being written; null for none
   bool _isStarted = false;
   bool _isClosed = false;
 };
 
 void TakeKeeper::Desk::put(const Entry& entry, const std::shared_ptr<Desk>& self) {
+  auto given = std::make_shared<const Entry>(entry);
   const std::lock_guard lock(_mutex);
-  std::erase_if(_waiting, [&](const Entry& other) {
-    return other.take == entry.take && other.note.target == entry.note.target;
+  std::erase_if(_waiting, [&](const Given& other) {
+    return other->take == entry.take && other->note.target == entry.note.target;
   });
-  _waiting.push_back(entry);
+  _waiting.push_back(std::move(given));
   if (!_isStarted) start(self);
   _wanted.notify_one();
 }
 
-// Without a thread it waits for the next one, and at the end is not written.
+// Without a thread it waits until another is given or all is waited for.
 void TakeKeeper::Desk::start(const std::shared_ptr<Desk>& self) {
   try {
     std::thread([self] { self->work(); }).detach();
     _isStarted = true;
-  } catch (const std::system_error&) {
+  } catch (const std::exception&) {
     _isStarted = false;
   }
 }
 
 void TakeKeeper::Desk::work() {
-  for (auto entry = next(); entry; entry = next()) {
-    const std::lock_guard lock(_using);
-    if (entry->take.empty()) {
-      _memory.noteExport(entry->note);
+  while (const Given entry = next()) write(*entry);
+}
+
+// What there is no memory for is not remembered.
+void TakeKeeper::Desk::write(const Entry& entry) {
+  const std::lock_guard lock(_using);
+  try {
+    if (entry.take.empty()) {
+      _memory.noteExport(entry.note);
     } else {
-      _memory.remember(entry->take, entry->sound);
+      _memory.remember(entry.take, entry.sound);
     }
+  } catch (const std::exception&) {
+    _trouble = TakeMemory::Trouble::OutOfReach;
   }
 }
 
 // Tells that the one before is written, too.
-std::optional<TakeKeeper::Desk::Entry> TakeKeeper::Desk::next() {
+TakeKeeper::Desk::Given TakeKeeper::Desk::next() {
   std::unique_lock lock(_mutex);
   _underWay.reset();
   _written.notify_all();
   _wanted.wait(lock, [this] { return !_waiting.empty() || _isClosed; });
-  if (_waiting.empty()) return std::nullopt;
+  if (_waiting.empty()) return nullptr;
   _underWay = std::move(_waiting.front());
   _waiting.erase(_waiting.begin());
   return _underWay;
@@ -110,9 +122,10 @@ void TakeKeeper::Desk::close() {
 
 std::optional<RememberedSound> TakeKeeper::Desk::pending(const std::string& take) {
   const std::lock_guard lock(_mutex);
-  const auto found = std::ranges::find(_waiting, take, &Entry::take);
-  if (found != _waiting.end()) return found->sound;
-  if (_underWay && _underWay->take == take) return _underWay->sound;
+  const auto isIt = [&](const Given& entry) { return entry->take == take; };
+  const auto found = std::ranges::find_if(_waiting, isIt);
+  if (found != _waiting.end()) return (*found)->sound;
+  if (_underWay && isIt(_underWay)) return _underWay->sound;
   return std::nullopt;
 }
 
@@ -126,8 +139,8 @@ std::optional<RememberedSound> TakeKeeper::Desk::find(const std::string& take) {
 std::vector<ExportNote> TakeKeeper::Desk::pendingExports() {
   const std::lock_guard lock(_mutex);
   std::vector<ExportNote> notes;
-  for (const Entry& entry : _waiting) {
-    if (entry.take.empty()) notes.push_back(entry.note);
+  for (const Given& entry : _waiting) {
+    if (entry->take.empty()) notes.push_back(entry->note);
   }
   if (_underWay && _underWay->take.empty() && !isAmong(notes, _underWay->note)) {
     notes.push_back(_underWay->note);
@@ -148,14 +161,15 @@ std::vector<ExportNote> TakeKeeper::Desk::exportsOf(const std::filesystem::path&
   return found;
 }
 
-bool TakeKeeper::Desk::flush(std::chrono::milliseconds most) {
+bool TakeKeeper::Desk::flush(std::chrono::milliseconds most, const std::shared_ptr<Desk>& self) {
   std::unique_lock lock(_mutex);
+  if (!_isStarted && !_waiting.empty()) start(self);
   return _written.wait_for(lock, most, [this] { return _waiting.empty() && !_underWay; });
 }
 
 TakeMemory::Trouble TakeKeeper::Desk::takeTrouble() {
   const std::lock_guard lock(_using);
-  return _memory.takeTrouble();
+  return std::max(_memory.takeTrouble(), std::exchange(_trouble, TakeMemory::Trouble::None));
 }
 
 TakeKeeper::TakeKeeper(const std::filesystem::path& file) : _desk(std::make_shared<Desk>(file)) {}
@@ -181,7 +195,7 @@ std::optional<RememberedSound> TakeKeeper::find(const std::string& take) {
 }
 
 bool TakeKeeper::flush(std::chrono::milliseconds most) {
-  return _desk->flush(most);
+  return _desk->flush(most, _desk);
 }
 
 TakeMemory::Trouble TakeKeeper::takeTrouble() {

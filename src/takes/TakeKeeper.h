@@ -34,7 +34,8 @@ class TakeKeeper {
   /// Those that were given, written or not, of a take or of all that are in a folder or below it.
   /// Waits for the medium.
   [[nodiscard]] std::vector<ExportNote> exportsOf(const std::filesystem::path& place);
-  /// Until all is written or given up, but no longer than this; false where something still waits.
+  /// Until all is written or given up, but no longer than this; false where something still waits,
+  /// as all does where no thread can be had: the next flush tries again.
   bool flush(std::chrono::milliseconds most);
   /// The greatest trouble since this was asked last. May wait for the medium.
   TakeMemory::Trouble takeTrouble();

@@ -26,7 +26,8 @@ class Database;
 /// another program that has the file locked as long as its patience lasts; after one that waited in
 /// vain none waits until one has succeeded, so that many do not wait many times.
 ///
-/// Nothing throws. One thread at a time; each operation waits for the medium.
+/// Nothing throws but where memory runs out. One thread at a time; each operation waits for the
+/// medium.
 class TakeMemory {
  public:
   /// Of the file's layout. Older ones are brought up to it, step by step.

@@ -9,11 +9,14 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cstddef>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "base/SettingsFile.h"
 #include "support/LogLines.h"
+#include "support/RefusedMemory.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -74,5 +77,26 @@ TEST_F(SettingsWriterTest, NobodyWaitsLongerThanHeWantsTo) {
   writer.store(path, "key", "1");
   EXPECT_FALSE(writer.flush(std::chrono::milliseconds(0)));
 }
+
+#ifndef MIXDECK_SANITIZED  // which has a heap of its own
+TEST_F(SettingsWriterTest, WhatThereIsNoMemoryForIsLoggedAndTheNextIsWritten) {
+  constexpr std::size_t kLength = 100'000;
+  const std::string line = "Cannot write " + path.native() + ": There is not enough memory";
+  for (const std::size_t missing : {kLength, kLength + 2}) {  // for the value, for the file
+    const LogLines log;
+    {
+      const RefusedMemory refused(missing);
+      writer.store(path, "key", std::string(kLength, 'v'));
+      ASSERT_TRUE(writer.flush(kPatience));
+      EXPECT_EQ(RefusedMemory::count(), 1);
+    }
+    EXPECT_EQ(log.get(), std::vector{line});
+    writer.store(path, "key", "1");
+    ASSERT_TRUE(writer.flush(kPatience));
+    EXPECT_EQ(SettingsFile(path).get("key"), "1");
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"settings", "settings.lock"}));
+  }
+}
+#endif
 
 }  // namespace

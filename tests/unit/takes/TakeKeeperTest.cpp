@@ -7,11 +7,14 @@
 
 #include <chrono>
 #include <cstddef>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "support/Confinement.h"
+#include "support/RefusedMemory.h"
 #include "unit/takes/MemoryFixture.h"
 
 namespace {
@@ -67,6 +70,50 @@ TEST_F(Keeper, TellsOfADamagedFile) {
   EXPECT_EQ(keeper.takeTrouble(), TakeMemory::Trouble::SetAside);
   EXPECT_EQ(keeper.takeTrouble(), TakeMemory::Trouble::None);
 }
+
+#ifndef MIXDECK_SANITIZED  // which has a heap of its own, and starts no thread after a fork
+TEST_F(Keeper, WithoutAThreadItIsKeptAndWrittenOnceOneCanBeHad) {
+  std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+  const int status = Confinement::run([this] {
+    if (!Confinement::refuseThreads()) return 1;
+    TakeKeeper keeper(file);
+    keeper.remember("a", sound(3));
+    if (keeper.find("a") != sound(3)) return 2;
+    if (keeper.flush(0ms)) return 3;
+    if (!Confinement::allowThreads()) return 4;
+    return keeper.flush(1min) ? 0 : 5;
+  });
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(gainOf(file, "a"), 3);
+}
+
+TEST_F(Keeper, WhatThereIsNoMemoryForIsGivenUpAndTheNextIsWritten) {
+  TakeKeeper keeper(file);
+  {
+    const RefusedMemory refused(1);
+    keeper.remember("a", sound(1));
+    keeper.noteExport({"/a.wav", "/b.wav", 90.0, 3.0, 17});
+    EXPECT_TRUE(keeper.flush(1min));
+    EXPECT_GT(RefusedMemory::count(), 0);
+  }
+  EXPECT_EQ(keeper.takeTrouble(), TakeMemory::Trouble::OutOfReach);
+  EXPECT_EQ(keeper.takeTrouble(), TakeMemory::Trouble::None);
+  keeper.remember("b", sound(3));
+  ASSERT_TRUE(keeper.flush(1min));
+  EXPECT_EQ(gainOf(file, "a"), std::nullopt);
+  EXPECT_EQ(gainOf(file, "b"), 3);
+}
+
+TEST_F(Keeper, WhatWasGivenIsNotCopiedToBeWritten) {
+  const std::string take(100'000, 'k');
+  TakeKeeper keeper(file);
+  const RefusedMemory refused(take.size());
+  keeper.remember(take, sound(1));
+  ASSERT_TRUE(keeper.flush(1min));
+  EXPECT_EQ(RefusedMemory::count(), 0);
+  EXPECT_EQ(gainOf(file, take), 1);
+}
+#endif
 
 TEST_F(Keeper, SeveralThreadsMayAskAndGive) {
   TakeKeeper keeper(file);
