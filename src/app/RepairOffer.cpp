@@ -60,7 +60,7 @@ RepairOffer::~RepairOffer() {
 }
 
 void RepairOffer::look(const std::filesystem::path& take) {
-  _look.ask([this, take](const std::atomic<bool>& cancel) -> Errand::Outcome {
+  const auto work = [this, take](const std::atomic<bool>& cancel) -> Errand::Outcome {
     std::string whyNot;
     const auto image = WaveImage::fromFile(take, whyNot);
     const auto diagnosis = image ? TakeDiagnosis::of(*image, &cancel) : TakeDiagnosis();
@@ -69,7 +69,8 @@ void RepairOffer::look(const std::filesystem::path& take) {
       if (isRead && diagnosis.state == TakeDiagnosis::State::Broken) offer(take, diagnosis);
       emit looked();
     };
-  });
+  };
+  _look.ask(work, [this](const std::string& /*why*/) { emit looked(); });
 }
 
 void RepairOffer::offer(const std::filesystem::path& take, const TakeDiagnosis& diagnosis) {

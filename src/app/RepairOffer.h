@@ -41,7 +41,7 @@ class RepairOffer : public QObject {
   void look(const std::filesystem::path& take);
 
  signals:
-  /// It is known whether there is something to offer.
+  /// It is known whether there is something to offer, or cannot be.
   void looked();
   /// Saving has ended, well or not.
   void ended();

@@ -6,15 +6,16 @@
 #include <string>
 #include <utility>
 
-void LatestErrand::ask(Work work) {
-  if (!_errand.isUnderWay()) return begin(work);
+void LatestErrand::ask(Work work, Errand::Failed failed) {
+  Wish wish{std::move(work), std::move(failed)};
+  if (!_errand.isUnderWay()) return begin(wish);
   *_cancel = true;
-  _next = std::move(work);
+  _next = std::move(wish);
 }
 
 void LatestErrand::cancel() {
   if (_cancel) *_cancel = true;
-  _next = nullptr;
+  _next = {};
 }
 
 void LatestErrand::drop() {
@@ -22,16 +23,22 @@ void LatestErrand::drop() {
   _errand.giveUp();
 }
 
-// The outcome is only run while the errand is there, and so is what holds it.
-void LatestErrand::begin(const Work& work) {
+// What comes of it is only heard while the errand is there, and so is what holds it.
+void LatestErrand::begin(const Wish& wish) {
   _cancel = std::make_shared<std::atomic<bool>>(false);
-  const Errand::Work guided = [this, work, cancel = _cancel]() -> Errand::Outcome {
-    return [this, cancel, outcome = work(*cancel)] {
-      if (_next) return begin(std::exchange(_next, nullptr));
-      if (!*cancel) outcome();
-    };
+  const Errand::Work work = [this, work = wish.work, cancel = _cancel]() -> Errand::Outcome {
+    return [this, cancel, outcome = work(*cancel)] { end(*cancel, outcome); };
   };
-  _errand.begin(guided, [this](const std::string& /*why*/) {
-    if (_next) begin(std::exchange(_next, nullptr));
-  });
+  const Errand::Failed failed = [this, failed = wish.failed,
+                                 cancel = _cancel](const std::string& why) {
+    end(*cancel, [&] {
+      if (failed) failed(why);
+    });
+  };
+  if (!_errand.begin(work, failed) && wish.failed) wish.failed("no thread can be had");
+}
+
+void LatestErrand::end(bool isCancelled, const Errand::Outcome& tell) {
+  if (_next.work) return begin(std::exchange(_next, {}));
+  if (!isCancelled) tell();
 }

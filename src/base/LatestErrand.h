@@ -13,8 +13,7 @@
 /// medium hangs. One thread, which has an event loop.
 class LatestErrand {
  public:
-  /// As the work of an errand; ends early, with any outcome, when `cancel` becomes true. Of one
-  /// that throws nothing comes.
+  /// As the work of an errand; ends early, with any outcome, when `cancel` becomes true.
   using Work = std::function<Errand::Outcome(const std::atomic<bool>& cancel)>;
 
   LatestErrand() = default;
@@ -22,7 +21,9 @@ class LatestErrand {
   LatestErrand& operator=(const LatestErrand&) = delete;
   ~LatestErrand() { drop(); }
 
-  void ask(Work work);
+  /// `failed` is told where the work threw, and where no thread can be had: then it may be from
+  /// inside of this.
+  void ask(Work work, Errand::Failed failed = {});
   /// Nothing comes of what was asked for; what is asked next waits for its end all the same.
   void cancel();
   /// As `cancel`, but a hanging thread is left to itself: what is asked next has one of its own.
@@ -30,9 +31,15 @@ class LatestErrand {
   [[nodiscard]] bool isUnderWay() const { return _errand.isUnderWay(); }
 
  private:
-  void begin(const Work& work);
+  struct Wish {
+    Work work;
+    Errand::Failed failed;
+  };
+
+  void begin(const Wish& wish);
+  void end(bool isCancelled, const Errand::Outcome& tell);
 
   std::shared_ptr<std::atomic<bool>> _cancel;  ///< of what is under way
-  Work _next;                                  ///< empty for none
+  Wish _next;                                  ///< without work for none
   Errand _errand;
 };

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <string>
 
 #include "analysis/TakeAnalyzer.h"
 #include "controls/NumberText.h"
@@ -36,7 +37,7 @@ void ExportLevels::analyse() {
   options.workersMemory = TakeAnalyzer::kSmallMemory;
   options.keepsBins = false;
   const auto reader = std::make_shared<const WaveFileReader>(_reader->apart());
-  _measuring.ask([this, reader, options](const std::atomic<bool>& cancel) -> Errand::Outcome {
+  const auto work = [this, reader, options](const std::atomic<bool>& cancel) -> Errand::Outcome {
     TakeAnalyzer analyzer(*reader, options);
     const auto found = analyzer.wait(&cancel);
     analyzer.waitForWorkers();
@@ -44,7 +45,8 @@ void ExportLevels::analyse() {
       _analysis = found;
       search();
     };
-  });
+  };
+  _measuring.ask(work, [this](const std::string& /*why*/) { emit changed(); });
 }
 
 bool ExportLevels::hasFailed() const {
@@ -78,15 +80,16 @@ void ExportLevels::search() {
 }
 
 void ExportLevels::count(double gain) {
-  _search.ask([this, gain, reader = std::make_shared<const WaveFileReader>(_reader->apart()),
-               whole = _whole, range = _range,
-               width = _aim.width](const std::atomic<bool>& cancel) -> Errand::Outcome {
+  const auto work = [this, gain, reader = std::make_shared<const WaveFileReader>(_reader->apart()),
+                     whole = _whole, range = _range,
+                     width = _aim.width](const std::atomic<bool>& cancel) -> Errand::Outcome {
     const auto found = ClipSearch::find(*reader, whole.get(), range, width, gain, cancel);
     return [this, found] {
       if (found) _places = found->placeCount();
       emit changed();
     };
-  });
+  };
+  _search.ask(work, [this](const std::string& /*why*/) { emit changed(); });
 }
 
 TakeFigures ExportLevels::figures() const {

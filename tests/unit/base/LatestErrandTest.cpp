@@ -4,12 +4,16 @@
 #include "base/LatestErrand.h"
 
 #include <gtest/gtest.h>
+#include <sys/syscall.h>
 
 #include <atomic>
+#include <cerrno>
 #include <memory>
+#include <new>
 #include <string>
 #include <thread>
 
+#include "support/Confinement.h"
 #include "support/CoreApplication.h"
 #include "support/EventLoop.h"
 
@@ -33,6 +37,13 @@ class Latest : public testing::Test {
       --counts->threads;
       return [this, letter] { heard += letter; };
     };
+  }
+
+  static LatestErrand::Work throwing() {
+    return [](const std::atomic<bool>& /*cancel*/) -> Errand::Outcome { throw std::bad_alloc(); };
+  }
+  Errand::Failed noting() {
+    return [this](const std::string& why) { heard += "(" + why + ")"; };
   }
 
   CoreApplication application;
@@ -98,4 +109,37 @@ TEST_F(Latest, CancelledIsNotHeard) {
   counts->isLetGo = true;
   EXPECT_TRUE(EventLoop::runUntil([this] { return !errand.isUnderWay(); }));
   EXPECT_EQ(heard, "");
+}
+
+TEST_F(Latest, WorkThatThrowsIsToldWhy) {
+  errand.ask(throwing(), noting());
+  EXPECT_TRUE(EventLoop::runUntil([this] { return !errand.isUnderWay(); }));
+  EXPECT_EQ(heard, "(There is not enough memory)");
+}
+
+TEST_F(Latest, AfterOneThatThrewTheNextBegins) {
+  errand.ask(throwing(), noting());
+  errand.ask(throwing(), noting());
+  errand.ask(hanging('b'), noting());
+  counts->isLetGo = true;
+  EXPECT_TRUE(EventLoop::runUntil([this] { return !errand.isUnderWay(); }));
+  EXPECT_EQ(heard, "b") << "of the latest alone something is heard";
+}
+
+TEST_F(Latest, OfOneThatThrewAndWasCancelledNothingIsHeard) {
+  errand.ask(throwing(), noting());
+  errand.cancel();
+  EXPECT_TRUE(EventLoop::runUntil([this] { return !errand.isUnderWay(); }));
+  EXPECT_EQ(heard, "");
+}
+
+TEST_F(Latest, WithoutAThreadItIsTold) {
+  const int status = Confinement::run([this] {
+    if (!Confinement::failSystemCall(SYS_clone3, EAGAIN)) return 1;
+    if (!Confinement::failSystemCall(SYS_clone, EAGAIN)) return 2;
+    errand.ask(held('a'), noting());
+    if (errand.isUnderWay()) return 3;
+    return heard == "(no thread can be had)" ? 0 : 4;
+  });
+  EXPECT_EQ(status, 0);
 }
