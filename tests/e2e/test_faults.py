@@ -215,6 +215,13 @@ class ThreadLimitTest(Case):
             self.assertEqual(os.path.getsize(self.path(name.replace(".wav", "_Decode.WAV"))),
                              748 + 3 * 400000)
 
+    def test_looks_for_the_peak_alone(self):
+        self.file("a.wav", recording([1000, 500] * 200000))
+        self.run_cli("export", "--normalize", "--output", "with.wav", "a.wav")
+        result = self.run_alone("export", "--normalize", "--output", "without.wav", "a.wav")
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertEqual(self.read("without.wav")[748:], self.read("with.wav")[748:])
+
     def test_a_measurement_fails_with_a_reason(self):
         self.file("a.wav", recording([1000, 500] * 1000))
         self.file("b.wav", recording([1000, 500] * 1000))
