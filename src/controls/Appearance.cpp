@@ -14,6 +14,7 @@
 
 #include "controls/Artwork.h"
 #include "controls/Colors.h"
+#include "controls/KeyRings.h"
 
 static void initialiseResources() {
   Q_INIT_RESOURCE(mixdeck);
@@ -99,6 +100,7 @@ void Appearance::apply(QApplication& application) {
   QApplication::setFont(font());
   application.setStyleSheet(styleSheet());
   QApplication::setWindowIcon(Artwork::icon(QStringLiteral("mixdeck")));
+  KeyRings::install(application);
 }
 
 double Appearance::scaleOf(const QFont& desktop) {

@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "controls/Colors.h"
+#include "controls/KeyRings.h"
 #include "dialogs/QueueModel.h"
 
 namespace {
@@ -26,6 +27,7 @@ void drawGround(QPainter& painter, const QStyleOptionViewItem& option) {
     painter.drawRoundedRect(ground, kRadius, kRadius);
   }
   if (!option.state.testFlag(QStyle::State_HasFocus)) return;
+  if (option.widget == nullptr || !KeyRings::areShownOn(*option.widget)) return;
   painter.setPen(QPen(Colors::focusRing(), 2.0));
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(ground.adjusted(1.0, 1.0, -1.0, -1.0), kRadius, kRadius);

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSizeGrip>
 #include <QTest>
 
@@ -43,6 +44,9 @@ class Look : public DialogFixture {
   static std::vector<QRgb> edgesOf(QWidget& widget) {
     const QImage picture = widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
     return {at(picture, 0, 0.5), at(picture, 0.5, 0), at(picture, 1, 0.5), at(picture, 0.5, 1)};
+  }
+  static bool hasRing(QWidget& widget) {
+    return edgesOf(widget).front() == Colors::focusRing().rgb();
   }
   static QRect placeOf(const QWidget& part, const QWidget& in) {
     return {part.mapTo(&in, QPoint()), part.size()};
@@ -86,6 +90,48 @@ TEST_F(Look, TheRingTakesNoRoom) {
     EXPECT_THAT(edgesOf(*widget), testing::Each(Colors::focusRing().rgb()));
     EXPECT_EQ(widget->sizeHint(), widget == &button ? ofButton : ofField);
   }
+}
+
+TEST_F(Look, TheRingComesWithAKey) {
+  QTest::mouseClick(_mainWindow.get(), Qt::LeftButton);  // as on what opens the dialog
+  const QPointer<ExportVC> dialog = openExport(job());
+  auto& first = *dialog->findChild<QRadioButton*>("radio24");
+  ASSERT_TRUE(waitUntil([&] { return first.hasFocus(); }));
+  EXPECT_FALSE(hasRing(first)) << "nobody has pressed a key";
+  QTest::keyClick(&first, Qt::Key_Tab);
+  QWidget& next = *QApplication::focusWidget();
+  ASSERT_NE(&next, &first);
+  EXPECT_TRUE(hasRing(next)) << "reached by key";
+  EXPECT_FALSE(hasRing(first));
+  QTest::mouseClick(&next, Qt::LeftButton);
+  ASSERT_TRUE(next.hasFocus());
+  EXPECT_FALSE(hasRing(next)) << "clicked";
+  QTest::keyClick(&next, Qt::Key_Control);
+  EXPECT_FALSE(hasRing(next)) << "a key that is only held";
+  QTest::keyClick(&next, Qt::Key_Space);
+  EXPECT_TRUE(hasRing(next)) << "used by key";
+}
+
+TEST_F(Look, ADialogThatAKeyOpensHasTheRing) {
+  QTest::mouseClick(_mainWindow.get(), Qt::LeftButton);
+  QTest::keyClick(_mainWindow.get(), Qt::Key_E, Qt::ControlModifier);
+  const QPointer<ExportVC> dialog = openExport(job());
+  auto& first = *dialog->findChild<QRadioButton*>("radio24");
+  ASSERT_TRUE(waitUntil([&] { return first.hasFocus(); }));
+  EXPECT_TRUE(hasRing(first));
+}
+
+TEST_F(Look, WhatReturnPressesInAQuestionIsAlwaysMarked) {
+  QTest::mouseClick(_mainWindow.get(), Qt::LeftButton);
+  QMessageBox& question = *Alert::question(_mainWindow.get(), "Replace it?");
+  question.addButton("Replace", QMessageBox::ActionRole);
+  QPushButton& cancel = *question.addButton("Cancel", QMessageBox::ActionRole);
+  question.setDefaultButton(&cancel);
+  question.open();
+  QApplication::setActiveWindow(&question);
+  ASSERT_TRUE(waitUntil([&] { return cancel.hasFocus(); }));
+  EXPECT_TRUE(hasRing(cancel));
+  question.close();
 }
 
 TEST_F(Look, AnAlertHasTheRoomOfADialog) {

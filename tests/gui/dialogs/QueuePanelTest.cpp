@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include "DialogFixture.h"
+#include "controls/Colors.h"
 #include "dialogs/BatchDesk.h"
 #include "dialogs/QueueCell.h"
 #include "queue/MediumPace.h"
@@ -57,6 +58,12 @@ class QueuePanelTest : public DialogFixture {
     return all;
   }
   void select(int row) { list().setCurrentIndex(list().model()->index(row, 0)); }
+  /// Whether a ring begins at its left edge.
+  [[nodiscard]] bool hasRing(int row) const {
+    const QRect place = list().visualRect(list().model()->index(row, 0));
+    const QImage picture = list().viewport()->grab(place).toImage();
+    return picture.pixel(0, picture.height() / 2) == Colors::focusRing().rgb();
+  }
   void release(const std::string& target) { _held.release(path(target)); }
   void waitForLine(int row, const std::string& line) {
     EXPECT_TRUE(waitUntil([&] { return lines()[static_cast<std::size_t>(row)] == line; }))
@@ -126,6 +133,19 @@ TEST_F(QueuePanelTest, AllAreCancelled) {
   EXPECT_THAT(_folder.names(), ElementsAre("a.WAV", "b.WAV", "c.WAV"));
   click(*_panel, "Close");
   EXPECT_FALSE(_panel->isVisible());
+}
+
+TEST_F(QueuePanelTest, TheRingOfALineComesWithAKey) {
+  begin({"a.WAV", "b.WAV"});
+  QApplication::setActiveWindow(_panel);
+  ASSERT_TRUE(waitUntil([this] { return list().hasFocus(); }));
+  const QRect first = list().visualRect(list().model()->index(0, 0));
+  QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, first.center());
+  ASSERT_EQ(list().currentIndex().row(), 0);
+  EXPECT_FALSE(hasRing(0)) << "clicked";
+  QTest::keyClick(&list(), Qt::Key_Down);
+  ASSERT_EQ(list().currentIndex().row(), 1);
+  EXPECT_TRUE(hasRing(1));
 }
 
 TEST_F(QueuePanelTest, AThousandLinesThatEndAtOnceAreOneLookAtThePanel) {
