@@ -52,6 +52,7 @@ RepairOffer::RepairOffer(const Place& place, QObject* parent)
   connect(&_take, &TakeSession::opening, this, [this] {
     _look.drop();
     if (_question) _question->close();
+    if (!_salvage.isUnderWay()) _status.clear(StatusLine::Topic::Repair);
   });
 }
 

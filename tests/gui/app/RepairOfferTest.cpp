@@ -49,6 +49,9 @@ class Repair : public WindowFixture {
     waitForTake([&] { doubleClickRow(name); });
     waitFor([&] { return !looked.empty(); }, "whether it broke off");
   }
+  [[nodiscard]] QString said() const {
+    return view().player->lblStatus->message(StatusLine::Topic::Repair);
+  }
   static QMessageBox* question() {
     for (QWidget* const widget : QApplication::topLevelWidgets()) {
       auto* const box = qobject_cast<QMessageBox*>(widget);
@@ -96,6 +99,7 @@ TEST_F(Repair, ASoundTakeAndWhatIsNoTakeAreNotAskedAbout) {
 
 TEST_F(Repair, AFileThatIsThereIsKept) {
   brokenTake("R0001.WAV");
+  take("R0002.WAV");
   const auto other = file("R0001_Repaired.WAV");
   startOnTakes();
   openAndLook("R0001.WAV");
@@ -103,9 +107,9 @@ TEST_F(Repair, AFileThatIsThereIsKept) {
   press(question(), "Salvage");
   waitFor([&] { return !ended.empty(); }, "the end");
   EXPECT_EQ(TemporaryFolder::read(other).size(), 1U);
-  EXPECT_TRUE(view()
-                  .player->lblStatus->message(StatusLine::Topic::Repair)
-                  .contains("R0001_Repaired.WAV was not saved"));
+  EXPECT_TRUE(said().contains("R0001_Repaired.WAV was not saved")) << said().toStdString();
+  openAndLook("R0002.WAV");
+  EXPECT_EQ(said(), "") << "it was about the take before";
 }
 
 TEST_F(Repair, AnotherTakeTakesTheQuestionAway) {
