@@ -50,8 +50,10 @@ void TakeRecall::readSetting() {
 void TakeRecall::switched(bool isOn) {
   Utility::store(Utility::kRememberTakes, isOn ? kOn : kOff);
   _errand.giveUp();
+  _look.giveUp();
   _timerRemember.stop();
   _identity.clear();
+  if (!isOn) _status.clear(StatusLine::Topic::Memory);
   if (!isOn || !_take.isOpen()) return;
   begin();
   _first.reset();  // what is heard is what somebody wants

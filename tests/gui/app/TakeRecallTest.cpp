@@ -248,6 +248,9 @@ TEST_F(Recall, AMemoryThatIsLockedIsToldAndTheTakePlays) {
   openKnown("A.WAV");
   EXPECT_EQ(said(), "What takes were heard with cannot be remembered.");
   EXPECT_EQ(state(), PLAY_STATE_PLAY);
+  view().menu->actionRemember->setChecked(false);
+  EXPECT_EQ(said(), "") << "nothing is to be remembered";
+  view().menu->actionRemember->setChecked(true);
   set(30, 4);
   openKnown("B.WAV");
   expectSound(30, 4);
