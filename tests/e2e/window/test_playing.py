@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """What is heard of the window, sample for sample, while its controls are used from outside."""
 
+import signal
 import unittest
 
 import numpy
@@ -123,6 +124,40 @@ class PlayingTest(SoundingCase):
             volume.value = 1
             loud = 0.9 * expected(noise(RATE * 20, 24), 24, 0, 0).max()
             program.wait(lambda: recorder.samples()[at:].max() > loud, "the full volume")
+
+
+class GoingServerTest(SoundingCase):
+    """With a server that the other tests do not need."""
+
+    @staticmethod
+    def sentences(program):
+        """What the window says of the sound."""
+        return [text for text in program.labels() if text.endswith("Press Play to try again.")]
+
+    def hear(self, act):
+        """Acts, and returns once something is heard."""
+        with self.server.record() as recorder:
+            act()
+            wait_for(lambda: recorder.samples().any(), "a sound")
+
+    def test_killed_and_back(self):
+        self.take("R0001.WAV", noise(RATE * 60, 24))
+        program = self.start()
+        self.hear(lambda: self.open(program, "R0001.WAV"))
+        position = program.find("slider", "Position")
+        program.wait(lambda: position.value >= 1, "a second of it")
+        self.assertEqual(self.sentences(program), [])
+        self.server.stop(signal.SIGKILL)
+        program.wait(lambda: self.sentences(program), "what is the matter")
+        self.assertIn("The sound server has gone", self.sentences(program)[0])
+        button = program.find("push button", "Play")
+        paused_at = position.value
+        self.assertGreaterEqual(paused_at, 1)
+        self.server.start()
+        self.hear(button.click)
+        program.wait(lambda: not self.sentences(program), "the end of the sentence")
+        program.find("push button", "Pause")
+        self.assertGreaterEqual(position.value, paused_at)
 
 
 if __name__ == "__main__":
