@@ -17,6 +17,7 @@ constexpr auto kStuck = std::chrono::seconds(2);
 // On top of what the device takes to play out, and longer than a server without a sign of life is
 // borne with.
 constexpr auto kDrainPatience = std::chrono::milliseconds(1500);
+constexpr pa_usec_t kMostDelay = 10 * PA_USEC_PER_SEC;  // that a drain waits for
 
 // Of the bits of a WAVE file's channel mask, from the lowest on.
 constexpr std::array kSpeakers{PA_CHANNEL_POSITION_FRONT_LEFT,
@@ -141,7 +142,7 @@ bool PulseStream::hasFailed() const {
 }
 
 bool PulseStream::isBusy() const {
-  return !isReady() || _isFlushing || !_isCorked || _drainOperation != nullptr;
+  return !isReady() || _isFlushing || !_isCorked || _isDrainAsked;
 }
 
 bool PulseStream::isStuck() const {
@@ -170,9 +171,10 @@ void PulseStream::service() {
   if (!isReady()) return;
   if (!_isFlushing && isFlushDue()) beginFlush();
   if (_isFlushing) return;
+  const bool isDraining = _controls.isDraining.load();  // what comes before is there to be pulled
   fill();
   cork();
-  if (!isFlushDue()) drain();
+  if (isDraining && !isFlushDue()) drain();
 }
 
 bool PulseStream::isFlushDue() const {
@@ -211,6 +213,7 @@ void PulseStream::endFlush() {
 
 void PulseStream::fill() {
   _lastProgress = _shouldMove ? _lastProgress : Clock::now();
+  _isDry = false;
   while (_controls.isRunning.load()) {
     const std::size_t room = pa_stream_writable_size(_stream);
     if (room == static_cast<std::size_t>(-1) || room < _frameBytes) return;
@@ -231,6 +234,7 @@ bool PulseStream::writeBlock(std::size_t bytes) {
     return false;
   }
   _isDrained = false;
+  abandonDrain();
   _ramp.apply(samples.first(pulled.frames * _controls.format.channels), _controls.volume.load());
   _controls.clock.setHandedOver(_controls.clock.handedOver() + pulled.frames);
   const std::size_t filled = pulled.frames * _frameBytes;
@@ -247,30 +251,29 @@ void PulseStream::cork() {
   const bool isWanted = !_controls.isRunning.load();
   if (isWanted == _isCorked) return;
   _isCorked = isWanted;
+  _lastToTake = Clock::now();
   if (isWanted) stopClock();
   release(pa_stream_cork(_stream, isWanted ? 1 : 0, onDone, this));
   ping();
 }
 
+// Asked for once: servers have been seen to forget a drain, and may refuse it.
 void PulseStream::drain() {
-  const bool isWanted = _controls.isDraining.load() && !_isDrained;
-  if (!isWanted || !_isDry || _isCorked) return;
-  if (_controls.clock.handedOver() == 0) return endDrain();
-  if (isDrainOverdue()) {
-    abandonDrain();
-    return endDrain();
-  }
-  if (_drainOperation != nullptr) return;
+  if (_isDrained || _isCorked || !(_isDry || _isDrainAsked)) return;
+  if (_controls.clock.handedOver() == 0 || isDrainOverdue()) return endDrain();
+  if (_isDrainAsked) return;
+  _isDrainAsked = true;
   _lastToTake = Clock::now();
   _drainOperation = pa_stream_drain(_stream, onDrained, this);
 }
 
-// Servers have been seen to forget a drain. What they took long ago has been heard.
+// What the server took long ago has been heard, and what it does not take now, it never will.
 bool PulseStream::isDrainOverdue() const {
-  return _drainOperation != nullptr && Clock::now() - _lastToTake > _delay + kDrainPatience;
+  return _isDrainAsked && Clock::now() - _lastToTake > _delay + kDrainPatience;
 }
 
 void PulseStream::abandonDrain() {
+  _isDrainAsked = false;
   if (_drainOperation == nullptr) return;
   pa_operation_cancel(_drainOperation);
   pa_operation_unref(_drainOperation);
@@ -286,6 +289,7 @@ void PulseStream::onDrained(pa_stream* stream, int success, void* self) {
 }
 
 void PulseStream::endDrain() {
+  abandonDrain();
   _controls.clock.standing(static_cast<double>(_controls.clock.handedOver()));
   _isDrained = true;
   _controls.drained.store(_controls.flushed.load());
@@ -327,9 +331,11 @@ void PulseStream::publishTime() {
   const double taken = framesAt(timing->read_index);
   const auto handedOver = static_cast<double>(_controls.clock.handedOver());
   const bool isSuspended = pa_stream_is_suspended(_stream) == 1;
-  if (taken < handedOver) _lastToTake = Clock::now();
-  noteProgress(timing->read_index, !_isCorked && !isSuspended && taken < handedOver);
-  _delay = std::chrono::microseconds(timing->sink_usec);
+  const bool hasMoved = timing->read_index != _lastReadIndex;
+  if (hasMoved && taken < handedOver) _lastToTake = Clock::now();
+  const bool mayStand = _isCorked || isSuspended || _isDrainAsked;
+  noteProgress(timing->read_index, !mayStand && taken < handedOver);
+  _delay = std::chrono::microseconds(std::min(timing->sink_usec, kMostDelay));
   if (_isCorked) return;  // see `cork`
   const double age = static_cast<double>(timing->transport_usec) / kMicroseconds;
   const double delay = static_cast<double>(timing->sink_usec) / kMicroseconds;

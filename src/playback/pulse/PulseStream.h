@@ -48,7 +48,8 @@ class PulseStream {
   void forgiveSilence();
   /// Something should be happening at the server.
   [[nodiscard]] bool isBusy() const;
-  /// For two seconds nothing has moved, or a flush has not been answered, although it should.
+  /// For two seconds nothing has moved, or a flush has not been answered, although it should. What
+  /// drains may stand still: a drain ends all the same.
   [[nodiscard]] bool isStuck() const;
   /// Nothing more will be heard.
   void stopClock();
@@ -89,13 +90,14 @@ class PulseStream {
   bool _isFlushing = false;
   std::uint32_t _flushSerial = 0;  ///< of the flush under way
   bool _isCorked = true;
-  bool _isDry = false;      ///< the source had nothing
-  bool _isDrained = false;  ///< and all it had has been heard
+  bool _isDry = false;         ///< the source had nothing in the last round
+  bool _isDrainAsked = false;  ///< of the server, and not over yet
+  bool _isDrained = false;     ///< all that the source had has been heard
   Clock::time_point _lastLife = Clock::now();
   std::int64_t _lastReadIndex = 0;
   Clock::time_point _lastProgress = Clock::now();
   bool _shouldMove = false;
-  Clock::time_point _lastToTake = Clock::now();  ///< the server had yet to take some of it
+  Clock::time_point _lastToTake = Clock::now();  ///< the server took some and had yet to take more
   std::chrono::microseconds _delay{0};           ///< of the device, as the server last told
   Clock::time_point _flushBegan = Clock::now();
 };

@@ -2,14 +2,19 @@
 // SPDX-License-Identifier: MIT
 
 // Preloaded into a player, makes the sound device as far away as one in a network: it holds three
-// seconds of sound, and a drain takes as long.
+// seconds of sound, or FAR_SINK_SECONDS, and a drain takes as long.
 
 #include <dlfcn.h>
 #include <pulse/pulseaudio.h>
 
+#include <cstdlib>
+
 namespace {
 
-constexpr pa_usec_t kDelay = 3 * PA_USEC_PER_SEC;
+pa_usec_t delay() {
+  const char* const seconds = std::getenv("FAR_SINK_SECONDS");
+  return (seconds == nullptr ? 3 : std::strtoull(seconds, nullptr, 10)) * PA_USEC_PER_SEC;
+}
 
 template <class Function>
 Function next(const char* name) {
@@ -31,7 +36,7 @@ void answer(pa_mainloop_api* api, pa_time_event* event, const timeval* /*when*/,
 
 void answerLater(pa_stream* stream, int /*success*/, void* api) {
   draining = stream;
-  pa_context_rttime_new(pa_stream_get_context(stream), pa_rtclock_now() + kDelay, answer, api);
+  pa_context_rttime_new(pa_stream_get_context(stream), pa_rtclock_now() + delay(), answer, api);
 }
 
 }  // namespace
@@ -42,7 +47,7 @@ const pa_timing_info* pa_stream_get_timing_info(pa_stream* stream) {
   const pa_timing_info* const real = kReal(stream);
   if (real == nullptr) return nullptr;
   info = *real;
-  info.sink_usec += kDelay;
+  info.sink_usec += delay();
   return &info;
 }
 

@@ -150,10 +150,10 @@ class GoingServerTest(Case):
             self.assertEqual(player.wait(), 0)
         self.server.send(signal.SIGCONT)
 
-    def seconds_of_half_a_second(self, library):
+    def seconds_of_half_a_second(self, library, **words):
         """That playing it takes with a library before the client's."""
         path = self.file(noise(RATE // 2, 24), 24)
-        environment = dict(self.server.environment, LD_PRELOAD=os.environ[library])
+        environment = dict(self.server.environment, LD_PRELOAD=os.environ[library], **words)
         start = time.monotonic()
         done = subprocess.run([CLI, "play", path], env=environment, stdin=subprocess.DEVNULL,
                               capture_output=True, text=True, timeout=PATIENCE)
@@ -164,6 +164,18 @@ class GoingServerTest(Case):
         took = self.seconds_of_half_a_second("FORGET_DRAIN")
         # Half a second of sound, and a second and a half in which the drain may yet be answered.
         self.assertGreater(took, 1.9, "it did forget")
+
+    def test_a_drain_that_nobody_hears_of_is_no_loss(self):
+        took = self.seconds_of_half_a_second("DEAF_DRAIN")
+        self.assertGreater(took, 1.9, "it was waited for")
+
+    def test_a_refused_drain_is_no_hang(self):
+        took = self.seconds_of_half_a_second("REFUSE_DRAIN")
+        self.assertGreater(took, 1.9, "it was waited for")
+
+    def test_a_device_beyond_all_reason_is_no_hang(self):
+        took = self.seconds_of_half_a_second("FAR_SINK", FAR_SINK_SECONDS="3600")
+        self.assertGreater(took, 10, "it was waited for")
 
     def test_a_device_that_is_far_away_is_waited_for(self):
         took = self.seconds_of_half_a_second("FAR_SINK")
