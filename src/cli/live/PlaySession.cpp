@@ -117,8 +117,12 @@ void PlaySession::onPlayFinish(const Notification& /*event*/) {
   end(true);
 }
 
-// At a terminal someone can have it tried again.
+// At a terminal someone can have it tried again, as long as there is more to read.
 void PlaySession::onLost(const std::string& message) {
+  if (!readFailure().empty()) {
+    tell(message);
+    return end(false);
+  }
   if (_terminal && _terminal->isActive()) return tell(message);
   tell(message + " It plays over PipeWire or PulseAudio; export writes what would be heard.");
   end(false);

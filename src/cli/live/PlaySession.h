@@ -26,8 +26,8 @@ class PlaySession {
   void set(int angle, int gain, double volume);
   /// Begins to play at this time, exactly at the frame.
   void start(double seconds);
-  /// Until the end, a key, a signal, or, without a terminal, the loss of the output. False where
-  /// something went wrong, which has been told.
+  /// Until the end, a key, a signal, or the loss of the output where there is no terminal or the
+  /// file cannot be read on. False where something went wrong, which has been told.
   bool run();
   /// The last frame has been heard.
   [[nodiscard]] bool hasReachedEnd() const;

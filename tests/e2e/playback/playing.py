@@ -194,13 +194,14 @@ class Player:
 
     def _read(self):
         while True:
+            is_over = self.process.poll() is not None
             ready, _, _ = select.select([self.master], [], [], 0.05)
             if ready:
                 try:
                     self.shown += os.read(self.master, 4096).decode(errors="replace")
                 except OSError:
                     return
-            elif self.process.poll() is not None:
+            elif is_over:
                 return
 
     def __enter__(self):
@@ -218,6 +219,14 @@ class Player:
         self.reader.join()
         os.close(self.master)
         os.close(self.slave)
+
+    def is_lost(self):
+        """It has told that its sound output went away; at a terminal it then waits for a key."""
+        return "mixdeck-cli: The sound" in self.shown
+
+    def has_ended(self):
+        """And all that it showed has been read."""
+        return not self.reader.is_alive()
 
     def press(self, keys):
         os.write(self.master, keys.encode())
@@ -241,7 +250,10 @@ class Player:
         return termios.tcgetattr(self.slave) == self.before
 
     def wait(self, patience=PATIENCE):
+        """Its status, once all that it showed has been read."""
         try:
-            return self.process.wait(patience)
+            self.process.wait(patience)
+            self.reader.join()
+            return self.process.returncode
         except subprocess.TimeoutExpired:
             raise AssertionError(f"it has not ended; it shows: {self.shown[-400:]!r}") from None
