@@ -188,6 +188,9 @@ class GoingServerTest(Case):
         took = self.seconds_of_half_a_second("REFUSE_DRAIN")
         self.assertGreater(took, 1.9, "it was waited for")
 
+    def test_a_sink_that_is_suspended_at_the_end_is_no_hang(self):
+        self.seconds_of_half_a_second("SUSPEND_AT_DRAIN")
+
     def test_a_device_beyond_all_reason_is_no_hang(self):
         took = self.seconds_of_half_a_second("FAR_SINK", FAR_SINK_SECONDS="3600")
         self.assertGreater(took, 10, "it was waited for")
