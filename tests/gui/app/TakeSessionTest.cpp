@@ -3,12 +3,18 @@
 
 #include "app/TakeSession.h"
 
+#include <sys/syscall.h>
+
 #include <QSignalSpy>
+#include <cerrno>
 #include <cmath>
 #include <functional>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "TakeFixture.h"
+#include "support/Confinement.h"
 
 namespace {
 
@@ -89,6 +95,18 @@ TEST_F(Session, RefusesWhatIsNotTheRecorders) {
   EXPECT_EQ(session->name(), "");
   EXPECT_EQ(session->job(), nullptr);
   EXPECT_EQ(session->reader(), nullptr);
+}
+
+TEST_F(Session, WithoutAThreadItRefuses) {
+  const auto file = take("a.WAV");
+  const int status = Confinement::run([&] {
+    if (!Confinement::failSystemCall(SYS_clone3, EAGAIN)) return 1;
+    if (!Confinement::failSystemCall(SYS_clone, EAGAIN)) return 2;
+    session->open("a.WAV", file);
+    if (reasons != std::vector<std::string>{"no thread can be had"}) return 3;
+    return session->state() == State::Closed && told.back() == "closed" ? 0 : 4;
+  });
+  EXPECT_EQ(status, 0);
 }
 
 TEST_F(Session, ClosesOnDemand) {
