@@ -24,7 +24,7 @@ class TakeAnalysis {
   explicit TakeAnalysis(TakeFindings findings);
 
   [[nodiscard]] const TakeLayout& layout() const { return _findings.layout; }
-  /// Whether the whole take has been read; else the figures are those of what has been.
+  /// Whether the whole take has been measured; else the figures are those of what has been.
   [[nodiscard]] bool isComplete() const;
 
   /// Figures of the whole take. Less than a millisecond for an hour.

@@ -8,7 +8,6 @@
 #include <condition_variable>
 #include <exception>
 #include <mutex>
-#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -100,7 +99,7 @@ class TakeAnalyzer::Work {
   bool takeNext(unsigned worker, UnitResult& result);
   bool takeFrom(UnitResult& result);
   void endDrawing();
-  void heed(Clock::duration took);
+  void heed(Clock::duration took, UnitResult& result);
   bool readNext(unsigned worker, UnitPass& pass, UnitResult& result);
   void add(UnitResult& result);
   void end(const std::string& failure);
@@ -109,7 +108,7 @@ class TakeAnalyzer::Work {
   const std::uint64_t _firstFrame;
   const bool _keepsBins;
   const std::uint64_t _unitBytes;
-  unsigned _lasting = 0;  ///< workers that go on after the drawing
+  unsigned _lasting = 0;  ///< workers that go on after the drawing; set before there are any
   std::atomic<bool> _isCancelled{false};
   std::mutex _reading;  ///< held by the worker that reads
   std::mutex _mutex;    ///< guards all that follows
@@ -132,8 +131,8 @@ void TakeAnalyzer::Work::begin(unsigned workers, unsigned lasting,
   for (unsigned i = 0; i < workers; ++i) {
     try {
       std::thread([self, i] { self->run(i); }).detach();
-    } catch (const std::system_error& error) {
-      end(i == 0 ? error.what() : "");
+    } catch (const std::exception& error) {
+      end(i == 0 ? reasonOf(error) : "");
     }
   }
 }
@@ -166,7 +165,7 @@ bool TakeAnalyzer::Work::readNext(unsigned worker, UnitPass& pass, UnitResult& r
   if (!takeNext(worker, result)) return false;
   const auto begun = Clock::now();
   if (!pass.fill(result.unit)) return false;
-  if (result.isWaveformAlone) heed(Clock::now() - begun);
+  if (result.isWaveformAlone) heed(Clock::now() - begun, result);
   return true;
 }
 
@@ -179,10 +178,13 @@ bool TakeAnalyzer::Work::takeNext(unsigned worker, UnitResult& result) {
 }
 
 // What a medium that is slow gives is worth more than a waveform: it is not read twice.
-void TakeAnalyzer::Work::heed(Clock::duration took) {
+void TakeAnalyzer::Work::heed(Clock::duration took, UnitResult& result) {
   const std::lock_guard lock(_mutex);
   _pace.add(_unitBytes, took);
-  if (_isDrawing && !_pace.isQuick()) endDrawing();
+  if (!_isDrawing || _pace.isQuick()) return;
+  endDrawing();
+  _isTaken[result.unit] = true;
+  result.isWaveformAlone = false;
 }
 
 void TakeAnalyzer::Work::endDrawing() {
@@ -240,7 +242,6 @@ double TakeAnalyzer::Work::progress() {
   if (_isTaken.empty()) return 1;
   const auto all = static_cast<double>(_isTaken.size());
   const double known = static_cast<double>(_findings.unitsKnown) / all;
-  if (_findings.unitsDrawn == 0) return known;
   const double drawn = std::max(known, static_cast<double>(_findings.unitsDrawn) / all);
   return known + kDrawnShare * (drawn - known);
 }
@@ -280,7 +281,8 @@ TakeAnalyzer::TakeAnalyzer(const WaveFileReader& reader, const Options& options)
   const TakeLayout layout = layoutOf(reader, options);
   _work = std::make_shared<Work>(reader, layout, options);
   const unsigned lasting = workersFor(layout, options, options.workers);
-  _work->begin(_work->isDrawing() ? workersFor(layout, options, 0) : lasting, lasting, _work);
+  const unsigned drawing = std::max(lasting, workersFor(layout, options, 0));
+  _work->begin(_work->isDrawing() ? drawing : lasting, lasting, _work);
 }
 
 TakeAnalyzer::~TakeAnalyzer() {

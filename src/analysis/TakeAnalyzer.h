@@ -35,8 +35,9 @@ class TakeAnalyzer {
     /// alone, and takes a quarter of the memory.
     bool keepsBins = true;
     /// For who looks on: the waveform of a take of `longTake` bytes or more comes first, in a pass
-    /// of its own on all processors; the rest follows in a second one, by `workers`. A medium that
-    /// gives less than `quickMedium` bytes a second is not read twice: the first pass ends there.
+    /// of its own by a worker a processor, as far as `workersMemory` goes; the rest follows in a
+    /// second one, by `workers`. Where reading falls a tenth of a second behind `quickMedium` bytes
+    /// a second the first pass ends, and no more than it has drawn is read twice.
     bool waveformFirst = false;
     std::uint64_t longTake = 256U << 20;
     double quickMedium = 400e6;

@@ -63,12 +63,12 @@ QString lookOfParts() {
              "QToolButton[role=\"toggle\"]:checked { background: %6; color: %11; }"
              "QToolButton[role=\"toggle\"]:focus { border-color: %5; }"
              "#btnExport { background: %1; border-radius: 8px; padding: 0 14px; min-height: 36px; }"
-             "#btnExport:focus { padding: 0 12px; min-height: 32px; }"
+             "#btnExport[keys=\"true\"]:focus { padding: 0 12px; min-height: 32px; }"
              "#btnExport:hover { background: %3; }"
              "#btnExport:pressed { background: %4; }"
              "#btnExportSelected { background: transparent; border-radius: 4px; padding: 0 10px;"
              "  min-height: 30px; }"
-             "#btnExportSelected:focus { padding: 0 8px; min-height: 26px; }"
+             "#btnExportSelected[keys=\"true\"]:focus { padding: 0 8px; min-height: 26px; }"
              "#btnExportSelected:hover { background: %3; }"
              "#btnExportSelected:pressed { background: %4; }")
       .arg(Colors::ControlColor().name(), Colors::AppBGLight().name(), Colors::hover().name(),

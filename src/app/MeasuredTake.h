@@ -29,7 +29,7 @@ class MeasuredTake : public QObject {
   [[nodiscard]] const std::shared_ptr<const TakeAnalysis>& analysis() const {
     return _decoded.analysis();
   }
-  /// How much of the take is known, 0 to 1; 0 without one.
+  /// How far the work is, 0 to 1: what has only its waveform counts for a fifth; 0 without a take.
   [[nodiscard]] double progress() const { return _decoded.progress(); }
   /// Whether more is to come.
   [[nodiscard]] bool isRunning() const { return _decoded.isRunning(); }

@@ -13,7 +13,7 @@ namespace {
 constexpr int kLook = 60;       // ms from one picture to the next look: ten pictures a second
 constexpr int kLookAgain = 20;  // ms, where nothing more was known
 
-// One processor is left to the player and the window.
+// One processor is left to the player and the window, but while the waveform is drawn.
 unsigned workers() {
   return std::max(2U, std::thread::hardware_concurrency()) - 1;
 }

@@ -39,7 +39,7 @@ class RunningAnalysis : public QObject {
 
   /// What is known by now; null before anything is.
   [[nodiscard]] const std::shared_ptr<const TakeAnalysis>& analysis() const { return _analysis; }
-  /// How much of the file is known, 0 to 1.
+  /// How far the work is, 0 to 1: what has only its waveform counts for a fifth.
   [[nodiscard]] double progress() const { return _progress; }
   /// Whether more is to come.
   [[nodiscard]] bool isRunning() const { return _analyzer || _isLooking; }

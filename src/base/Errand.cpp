@@ -7,7 +7,6 @@
 #include <exception>
 #include <mutex>
 #include <string>
-#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -75,7 +74,7 @@ bool Errand::begin(const Work& work, const Failed& failed) {
       const Outcome outcome = outcomeOf(work, failed);
       desk->offer(outcome);
     }).detach();
-  } catch (const std::system_error&) {
+  } catch (const std::exception&) {  // no thread, or no memory for one
     return false;
   }
   _desk = std::move(desk);

@@ -135,7 +135,13 @@ std::optional<SettingsText::Values> SettingsFile::load() const {
   const int file = open(_path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (file < 0) return std::nullopt;
   std::string text;
-  const bool isRead = readAll(file, text);
+  bool isRead = false;
+  try {
+    isRead = readAll(file, text);
+  } catch (...) {  // no memory
+    close(file);
+    throw;
+  }
   close(file);
   return isRead ? SettingsText::read(text) : std::nullopt;
 }

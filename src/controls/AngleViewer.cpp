@@ -62,10 +62,14 @@ void AngleViewer::setPointed(std::optional<int> degree) {
   emit pointedChanged();
 }
 
-void AngleViewer::setThumbPointed(bool isPointed) {
-  if (isPointed == _isThumbPointed) return;
-  _isThumbPointed = isPointed;
-  update();
+bool AngleViewer::isThumbPointed() const {
+  return _enable && _pointer && (_allow2Drag || Upward::covers(thumbSquare(), *_pointer));
+}
+
+void AngleViewer::setPointer(std::optional<QPointF> place) {
+  const bool was = isThumbPointed();
+  _pointer = place;
+  if (isThumbPointed() != was) update();
 }
 
 void AngleViewer::setEnable(bool enable) {
@@ -74,7 +78,6 @@ void AngleViewer::setEnable(bool enable) {
   _enable = enable;
   setFocusPolicy(enable ? Qt::StrongFocus : Qt::NoFocus);
   if (!enable) setPointed(std::nullopt);
-  if (!enable) setThumbPointed(false);
   update();
   QAccessible::State changed;
   changed.disabled = true;

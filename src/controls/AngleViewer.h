@@ -143,7 +143,8 @@ class AngleViewer : public QWidget, public Adjustable {
   void stopAt(double end, const Path& arc, QPointF place);
   void point(const QMouseEvent& event);
   void setPointed(std::optional<int> degree);
-  void setThumbPointed(bool isPointed);
+  void setPointer(std::optional<QPointF> place);
+  [[nodiscard]] bool isThumbPointed() const;
   [[nodiscard]] std::optional<double> angleAt(QPointF point) const;
   [[nodiscard]] std::vector<AngleInfo>::const_iterator titleAt(QPointF point) const;
   [[nodiscard]] Path arcTo(double angle) const;
@@ -177,7 +178,7 @@ class AngleViewer : public QWidget, public Adjustable {
   std::vector<QSizeF> _titleSizes;  ///< measured when the font changes, not while painting
   CostRing _ring;
   std::optional<int> _pointed;
-  bool _isThumbPointed = false;
+  std::optional<QPointF> _pointer;  ///< where it is over this
   ClickCounter _clicks;
   StepInput _steps;
   KeyboardFocus _focus;

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstddef>
 #include <numbers>
+#include <utility>
 
 #include "controls/AngleViewer.h"
 #include "controls/Colors.h"
@@ -78,7 +79,7 @@ void AngleViewer::drawArcs(QPainter& painter) const {
 
 void AngleViewer::drawThumb(QPainter& painter) const {
   painter.translate(_thumbPosition - QPointF(THUMB_SIZE / 2.0, THUMB_SIZE / 2.0));
-  const QColor bright = _isThumbPointed ? Colors::primaryHover() : Colors::WHITE();
+  const QColor bright = isThumbPointed() ? Colors::primaryHover() : Colors::WHITE();
   painter.fillPath(*_benThumb, _enable ? bright : _disableColor);
   if (hasFocus() && _focus.isShown()) KeyboardFocus::drawRing(painter, _benThumb->boundingRect());
 }
@@ -142,12 +143,12 @@ void AngleViewer::point(const QMouseEvent& event) {
   std::optional<double> angle;
   if (_enable) angle = _allow2Drag ? _angle : angleAt(upward(event));
   setPointed(angle ? std::optional(static_cast<int>(*angle)) : std::nullopt);
-  setThumbPointed(_enable && (_allow2Drag || Upward::covers(thumbSquare(), upward(event))));
+  setPointer(upward(event));
 }
 
 void AngleViewer::leaveEvent(QEvent* event) {
   setPointed(std::nullopt);
-  setThumbPointed(false);
+  setPointer(std::nullopt);
   QWidget::leaveEvent(event);
 }
 
@@ -156,7 +157,7 @@ void AngleViewer::mouseReleaseEvent(QMouseEvent* event) {
   if (!_enable) return;
   if (!_didTouchAngleTitle && !_userDidDrag && _clicks.count() == 1) detectClick(upward(*event));
   _userDidDrag = false;
-  _allow2Drag = false;
+  if (std::exchange(_allow2Drag, false)) update();  // the thumb may lie beside the pointer
   point(*event);
 }
 

@@ -47,6 +47,7 @@ void GainTickTitle::initTick() {
 
 void GainTickTitle::setEnable(bool enable) {
   _enable = enable;
+  if (!enable) setCursor(Qt::ArrowCursor);
   update();
 }
 

@@ -56,6 +56,9 @@ bool KeyRings::eventFilter(QObject* object, QEvent* event) {
         gained(*widget, static_cast<QFocusEvent*>(event)->reason());
       }
       break;
+    case QEvent::FocusOut:
+      _left = qobject_cast<QWidget*>(object);
+      break;
     default:
       break;
   }
@@ -69,12 +72,14 @@ void KeyRings::show(bool areShown) {
 }
 
 // A dialog that is shown tells its first widget of a Tab that nobody pressed; that widget has no
-// focus yet.
+// focus yet. Nor did anybody press one where a button that has been clicked turns grey and hands
+// the focus on.
 void KeyRings::gained(QWidget& widget, Qt::FocusReason reason) {
   if (reason == Qt::MouseFocusReason) _areShown = false;
   const bool isByKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
                        reason == Qt::ShortcutFocusReason;
-  if (isByKey && widget.hasFocus()) _areShown = true;
+  const bool isHandedOn = _left && !_left->isEnabled();
+  if (isByKey && widget.hasFocus() && !isHandedOn) _areShown = true;
   mark(widget);
 }
 

@@ -6,11 +6,12 @@
 #include <QEvent>
 #include <QFocusEvent>
 #include <QObject>
+#include <QPointer>
 #include <QWidget>
 
-/// Whether buttons, fields with choices and lists show that they have the focus: once a key was
-/// pressed, until a mouse button is. The program's own controls have `KeyboardFocus`. Interface
-/// thread.
+/// Whether buttons, fields with choices and the queue's lines show that they have the focus: once a
+/// key was pressed, until a mouse button is. The program's own controls have `KeyboardFocus`.
+/// Interface thread.
 ///
 /// The style sheet knows those that do by their property "keys". It is kept up for the one that has
 /// the focus alone.
@@ -33,4 +34,5 @@ class KeyRings : public QObject {
   void mark(QWidget& widget) const;
 
   bool _areShown = false;
+  QPointer<QWidget> _left;  ///< that had the focus last
 };

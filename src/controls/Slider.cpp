@@ -176,17 +176,23 @@ void Slider::mousePressEvent(QMouseEvent* event) {
   adjust(_held, AdjustCause::Press);
 }
 
-void Slider::setKnobPointed(bool isPointed) {
-  if (std::exchange(_isKnobPointed, isPointed) != isPointed) update();
+bool Slider::isPointedAt() const {
+  return isEnabled() && _pointer && (_isTracking || knobRect().contains(*_pointer));
+}
+
+void Slider::setPointer(std::optional<QPointF> place) {
+  const bool was = isPointedAt();
+  _pointer = place;
+  if (isPointedAt() != was) update();
 }
 
 void Slider::leaveEvent(QEvent* event) {
-  setKnobPointed(false);
+  setPointer(std::nullopt);
   QWidget::leaveEvent(event);
 }
 
 void Slider::mouseMoveEvent(QMouseEvent* event) {
-  setKnobPointed(_isTracking || knobRect().contains(event->position()));
+  setPointer(event->position());
   if (!_isTracking) return;
   _held = valueAt(event->position() - _hold);
   adjust(_held, AdjustCause::Drag);
@@ -199,6 +205,7 @@ void Slider::mouseReleaseEvent(QMouseEvent* event) {
 
 void Slider::endTracking() {
   if (!std::exchange(_isTracking, false)) return;
+  update();  // the knob may lie beside the pointer
   adjust(_held, AdjustCause::Release);
 }
 

@@ -7,6 +7,7 @@
 #include <QWidget>
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "controls/Adjustable.h"
 #include "controls/J4SliderCell.h"
@@ -50,7 +51,7 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
   [[nodiscard]] QRectF knobRect() const;
   /// Whether the knob should show the focus ring.
   [[nodiscard]] bool showsFocus() const override { return hasFocus() && _focus.isShown(); }
-  [[nodiscard]] bool isPointedAt() const override { return isEnabled() && _isKnobPointed; }
+  [[nodiscard]] bool isPointedAt() const override;
 
   [[nodiscard]] QSizeF viewSize() const override { return size(); }
   void cellChanged() override;
@@ -94,7 +95,7 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
   [[nodiscard]] double valueAt(QPointF knobCentre) const;
   void announce(const QString& before);
   void endTracking();
-  void setKnobPointed(bool isPointed);
+  void setPointer(std::optional<QPointF> place);
 
   std::shared_ptr<J4SliderCell> _cell;
   double _minimum = 0.0;
@@ -103,9 +104,9 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
   double _fineStep = 0.0;  ///< 0: a share of the range
   double _coarseStep = 0.0;
   bool _isTracking = false;
-  bool _isKnobPointed = false;
-  double _held = 0.0;  ///< the value to which the hand has brought it
-  QPointF _hold;       ///< from the centre of the knob to where it was taken
+  std::optional<QPointF> _pointer;  ///< where it is over this
+  double _held = 0.0;               ///< the value to which the hand has brought it
+  QPointF _hold;                    ///< from the centre of the knob to where it was taken
   StepInput _steps;
   KeyboardFocus _focus;
 };

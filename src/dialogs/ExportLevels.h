@@ -41,7 +41,8 @@ class ExportLevels : public QObject {
 
   /// Of the frames that are measured; null before all is known.
   [[nodiscard]] const std::shared_ptr<const TakeAnalysis>& analysis() const { return _analysis; }
-  /// Whether the frames that were to be measured cannot be read.
+  /// Whether the frames that were to be measured could not be: read, or for want of memory or a
+  /// thread.
   [[nodiscard]] bool hasFailed() const;
   /// The gain that comes of the aim, dB; none before it is known, and where there is none.
   [[nodiscard]] std::optional<double> gain() const;

@@ -142,7 +142,7 @@ bool PulseStream::hasFailed() const {
 }
 
 bool PulseStream::isBusy() const {
-  return !isReady() || _isFlushing || !_isCorked || _isDrainAsked;
+  return !isReady() || _isFlushing || !_isCorked || _drainOperation != nullptr;
 }
 
 bool PulseStream::isStuck() const {

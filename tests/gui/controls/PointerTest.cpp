@@ -46,12 +46,26 @@ TEST_F(PointerOverSlider, ShowsAHandAndMarksTheKnob) {
   EXPECT_EQ(knob(), Colors::WHITE());
 }
 
+TEST_F(PointerOverSlider, MarksAKnobThatComesAndLeavesOneThatGoes) {
+  Hands::hover(slider, {9.0, 9.0});
+  slider.setValue(0.5);
+  EXPECT_EQ(knob(), Colors::WHITE()) << "it went by itself";
+  slider.setValue(0.0);
+  EXPECT_EQ(knob(), Colors::primaryHover());
+  Hands::press(slider, {9.0, 9.0});
+  Hands::move(slider, {55.0, 40.0});
+  EXPECT_EQ(knob(), Colors::primaryHover()) << "held";
+  Hands::release(slider, {55.0, 40.0});
+  EXPECT_EQ(knob(), Colors::WHITE());
+}
+
 TEST_F(PointerOverSlider, MarksNothingThatCannotBeMoved) {
-  slider.cell()->setSliderEnabled(false);
-  const QColor grey = knob();
   slider.setEnabled(false);
   Hands::hover(slider, {9.0, 9.0});
-  EXPECT_EQ(knob(), grey);
+  EXPECT_EQ(knob(), Colors::WHITE()) << "drawn bright, but it takes no press";
+  slider.setEnabled(true);
+  slider.cell()->setSliderEnabled(false);
+  EXPECT_NE(knob(), Colors::primaryHover()) << "drawn grey";
 }
 
 struct PointerOverDial : testing::Test {
@@ -88,7 +102,11 @@ TEST_F(PointerOverDial, MarksTheThumbAlone) {
   EXPECT_EQ(thumbColor(), Colors::primaryHover());
   Hands::hover(dial, thumb() + QPointF(0.0, -60.0));
   EXPECT_EQ(thumbColor(), Colors::WHITE());
+  dial.setNewAngle(30.0);
   Hands::hover(dial, thumb());
+  EXPECT_NE(thumbColor(), Colors::primaryHover()) << "it is elsewhere";
+  dial.setNewAngle(90.0);
+  EXPECT_EQ(thumbColor(), Colors::primaryHover()) << "it came by itself";
   leave(dial);
   EXPECT_EQ(thumbColor(), Colors::WHITE());
 }
@@ -111,6 +129,9 @@ TEST(PointerOverScale, ShowsAHandOverALabelThatSomebodyHears) {
   scale.setEnable(true);
   Hands::hover(scale, on);
   EXPECT_EQ(scale.cursor().shape(), Qt::PointingHandCursor);
+  scale.setEnable(false);
+  EXPECT_EQ(scale.cursor().shape(), Qt::ArrowCursor);
+  scale.setEnable(true);
   Hands::hover(scale, {on.x(), 90.0});
   EXPECT_EQ(scale.cursor().shape(), Qt::ArrowCursor) << "between two labels";
 }

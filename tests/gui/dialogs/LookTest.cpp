@@ -112,6 +112,16 @@ TEST_F(Look, TheRingComesWithAKey) {
   EXPECT_TRUE(hasRing(next)) << "used by key";
 }
 
+TEST_F(Look, AButtonThatTurnsGreyUnderAClickHandsNoRingOn) {
+  auto& cancel = alone<QPushButton>();
+  auto& close = alone<QPushButton>();
+  QObject::connect(&cancel, &QPushButton::clicked, [&] { cancel.setEnabled(false); });
+  _mainWindow->activateWindow();
+  QTest::mouseClick(&cancel, Qt::LeftButton);
+  ASSERT_TRUE(waitUntil([&] { return close.hasFocus(); }));
+  EXPECT_FALSE(hasRing(close));
+}
+
 TEST_F(Look, ADialogThatAKeyOpensHasTheRing) {
   QTest::mouseClick(_mainWindow.get(), Qt::LeftButton);
   QTest::keyClick(_mainWindow.get(), Qt::Key_E, Qt::ControlModifier);

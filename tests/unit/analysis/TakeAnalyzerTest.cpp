@@ -172,7 +172,7 @@ TEST_F(TakeAnalyzerTest, TheWaveformOfALongTakeComesFirst) {
   const auto isDrawn = [&] {
     return std::ranges::all_of(columnsOf(*analyzer.soFar()), &Waveform::Column::isKnown);
   };
-  while (!isDrawn()) giveUntilMoreIsKnown(analyzer);
+  while (!HasFatalFailure() && !isDrawn()) giveUntilMoreIsKnown(analyzer);
   const auto first = analyzer.soFar();
   EXPECT_LT(first->findings().unitsKnown, first->layout().units());
   EXPECT_LT(analyzer.progress(), 0.5);
@@ -197,19 +197,21 @@ TEST_F(TakeAnalyzerTest, WhatIsDrawnFirstChangesNothingInTheEnd) {
     for (const unsigned count : {0U, 1U, 3U}) {
       TakeAnalyzer::Options options = waveformFirst(quick);
       options.workers = count;
+      options.workersMemory = TakeAnalyzer::Options().workersMemory;
       expectSame(*TestTake::analyse(_frames, kTakeRate, true, options), *wanted);
     }
   }
 }
 
-// Each of the four units takes longer than a quick medium may be late; one of them was drawn.
+// Each of the four units takes longer than a quick medium may be late: by the first it is known,
+// and that one is measured at once.
 TEST_F(TakeAnalyzerTest, ASlowMediumIsNotReadTwice) {
   const auto reader = openFile();
   SlowReads::limit(_folder.path().native(), 6'000'000);
   TakeAnalyzer analyzer(*reader, waveformFirst(kNoMedium));
   const auto got = analyzer.wait();
   ASSERT_NE(got, nullptr);
-  EXPECT_EQ(got->findings().unitsDrawn, 1U);
+  EXPECT_EQ(got->findings().unitsDrawn, 0U);
 }
 
 TEST_F(TakeAnalyzerTest, AShortTakeIsReadOnce) {
