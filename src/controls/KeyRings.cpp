@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QStyle>
+#include <utility>
 
 namespace {
 
@@ -56,9 +57,6 @@ bool KeyRings::eventFilter(QObject* object, QEvent* event) {
         gained(*widget, static_cast<QFocusEvent*>(event)->reason());
       }
       break;
-    case QEvent::FocusOut:
-      _left = qobject_cast<QWidget*>(object);
-      break;
     default:
       break;
   }
@@ -78,7 +76,8 @@ void KeyRings::gained(QWidget& widget, Qt::FocusReason reason) {
   if (reason == Qt::MouseFocusReason) _areShown = false;
   const bool isByKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
                        reason == Qt::ShortcutFocusReason;
-  const bool isHandedOn = _left && !_left->isEnabled();
+  const QWidget* const before = std::exchange(_focused, &widget).data();
+  const bool isHandedOn = before != nullptr && !before->isEnabled();
   if (isByKey && widget.hasFocus() && !isHandedOn) _areShown = true;
   mark(widget);
 }

@@ -34,5 +34,5 @@ class KeyRings : public QObject {
   void mark(QWidget& widget) const;
 
   bool _areShown = false;
-  QPointer<QWidget> _left;  ///< that had the focus last
+  QPointer<QWidget> _focused;  ///< that got the focus last
 };

@@ -157,7 +157,7 @@ TEST_F(Application, NothingIsPlayedToItsEndWithoutAServer) {
   EXPECT_TRUE(EventLoop::runUntil([&] { return listener.drains > 0; }));
   output.drain();
   EXPECT_TRUE(EventLoop::runUntil([&] { return listener.drains > 1; }));
-  EXPECT_EQ(ThreadCount::now(), before);
+  EXPECT_LE(ThreadCount::now(), before) << "those of tests before this one may have ended";
   EXPECT_TRUE(listener.lost.empty());
 }
 
