@@ -152,8 +152,17 @@ QString filledIn(const QString& said, const QRegularExpressionMatch& match) {
   return said.arg(match.captured(1), match.captured(2), match.captured(3));
 }
 
+// A pattern is compiled when it is first matched: all of them take as long as a tenth of the
+// window's start.
+bool beginsAs(const QString& reason, const char* known) {
+  const QLatin1String whole(known);
+  const auto place = whole.indexOf(QLatin1Char('%'));
+  return reason.startsWith(place < 0 ? whole : whole.first(place));
+}
+
 std::optional<QString> translated(const QString& reason) {
   for (std::size_t i = 0; i < kKnown.size(); ++i) {
+    if (!beginsAs(reason, kKnown.at(i))) continue;
     const auto match = patterns().at(i).match(reason);
     if (!match.hasMatch()) continue;
     return filledIn(QCoreApplication::translate("Reason", kKnown.at(i)), match);
