@@ -44,6 +44,9 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Each package has a line of its own for its first one.
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_DEBIAN_MIXDECK_PACKAGE_NAME mixdeck)
+# The arrows of choices and the ticks of boxes are SVGs of the style sheet, which the toolkit draws by
+# a plugin: it came with the library once.
+set(CPACK_DEBIAN_MIXDECK_PACKAGE_DEPENDS "qt6-svg-plugins | libqt6svg6 (<< 6.8)")
 # Where Inter is missing, the desktop's own font is taken.
 set(CPACK_DEBIAN_MIXDECK_PACKAGE_RECOMMENDS "fonts-inter, pipewire-pulse | pulseaudio, qt6-translations-l10n, qt6-wayland")
 set(CPACK_DEBIAN_MIXDECK_PACKAGE_SUGGESTS mixdeck-recorder-sim)

@@ -26,9 +26,9 @@ def data_of(content):
 class FfmpegSourceTest(Case):
     """Half a second of two tones and noise as Mid and Side, written by ffmpeg."""
 
-    def make(self, name, codec, history=RAW):
+    def make(self, name, codec, history=RAW, rate=48000):
         tones = ("aevalsrc='0.4*sin(2*PI*440*t)+0.1*(random(0)-0.5)|0.3*sin(2*PI*333*t)':"
-                 "s=48000:d=0.5")
+                 f"s={rate}:d=0.5")
         subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", tones, "-c:a", codec,
                         "-write_bext", "1", "-metadata", "originator=TARN J4", "-metadata",
                         "description=Tones", "-metadata", "originator_reference=FF1", "-metadata",
@@ -72,8 +72,9 @@ class FfmpegSourceTest(Case):
 
     # Only the plain tag makes 32 bits a float; with the extensible one they are integers, which
     # are scaled to next to nothing.
+    # Newer releases of ffmpeg write that one only where something else asks for it, as a high rate.
     def test_float_with_an_extensible_header(self):
-        data = self.make("a.wav", "pcm_f32le")
+        data = self.make("a.wav", "pcm_f32le", rate=96000)
         self.assertEqual(self.info(self.path("a.wav"))["header"]["AudioFormat"], 0xFFFE)
         values = [single(value) * 2.0 ** -64
                   for value in struct.unpack(f"<{len(data) // 4}i", data)]

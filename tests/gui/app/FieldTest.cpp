@@ -193,7 +193,8 @@ class LoudnessFigures : public FieldFixture {
     FieldFixture::TearDown();
   }
   void measureAll() {
-    ASSERT_TRUE(EventLoop::runUntil([this] { return measured->isComplete(); }));
+    const auto isDone = [this] { return measured->isComplete() && !measured->isRunning(); };
+    ASSERT_TRUE(EventLoop::runUntil(isDone));
   }
 };
 
