@@ -62,7 +62,7 @@ int run(QApplication& application, const ProgramOptions& options, const QString&
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape): there is nobody to tell
   const ProgramOptions options = ProgramOptions::parse(argc, argv);
   if (options.status) return *options.status;
   FreedMemory::goesBack();

@@ -105,6 +105,7 @@ void ExportQueue::cancelAll() {
 
 std::vector<ExportQueue::Id> ExportQueue::ids() const {
   std::vector<Id> all;
+  all.reserve(_running.size() + _waiting.size());
   for (const Running& running : _running) all.push_back(running.id);
   for (const Waiting& waiting : _waiting) all.push_back(waiting.id);
   return all;

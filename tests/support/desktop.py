@@ -156,7 +156,9 @@ class Item:
 
     @property
     def role(self):
-        return self.accessible.get_role_name()
+        """As older releases of the service call it: newer ones say "button"."""
+        name = self.accessible.get_role_name()
+        return "push button" if name == "button" else name
 
     @property
     def value(self):
