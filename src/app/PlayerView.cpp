@@ -133,7 +133,6 @@ QLayout* PlayerView::makeListening() {
   lblStatus = new StatusLine(this);
   lblStatus->setProperty("role", "dim");
   lblStatus->setMinimumHeight(btnPlayPause->height());
-  lblStatus->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   auto* const row = new QHBoxLayout;
   row->setContentsMargins(kBesidePlay, 0, 0, 0);
   row->setSpacing(kToggleGap);

@@ -23,8 +23,20 @@ void StatusLine::say(Topic topic, const QString& sentence) {
 void StatusLine::present(const QString& sentence) {
   if (sentence == text()) return;
   setText(sentence);
+  align();
   setToolTip(PlainText::of(sentence));
   if (!sentence.isEmpty()) emit said(sentence);
+}
+
+// Of a sentence with more lines than there is room for the first ones are shown, whole.
+void StatusLine::align() {
+  const bool fits = QLabel::heightForWidth(width()) <= height();
+  setAlignment(Qt::AlignRight | (fits ? Qt::AlignVCenter : Qt::AlignTop));
+}
+
+void StatusLine::resizeEvent(QResizeEvent* event) {
+  QLabel::resizeEvent(event);
+  align();
 }
 
 QString StatusLine::message(Topic topic) const {

@@ -23,6 +23,11 @@ class StatusLine : public QLabel {
   /// Asks for three lines and no width: what does not fit is in the tool tip.
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+  /// However long the sentence: the stage would be scrolled for it.
+  [[nodiscard]] int heightForWidth(int /*width*/) const override { return sizeHint().height(); }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
 
  signals:
   /// A sentence has come to be shown.
@@ -35,6 +40,7 @@ class StatusLine : public QLabel {
   };
 
   void present(const QString& sentence);
+  void align();
 
   std::vector<Message> _messages;  ///< oldest first
 };

@@ -283,6 +283,20 @@ TEST_F(Layout, UsualWindowIsNotScrolled) {
   EXPECT_EQ(stageArea().horizontalScrollBar()->maximum(), 0);
 }
 
+TEST_F(Layout, ALongSentenceOfTheStatusLineScrollsNothing) {
+  startAs({1050, 668});
+  StatusLine& status = *view().player->lblStatus;
+  const QRect place = status.geometry();
+  status.say(StatusLine::Topic::Sound,
+             "Paused: No sound server was found (Connection refused). Press Play to try again.");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(stageArea().verticalScrollBar()->maximum(), 0);
+  EXPECT_EQ(status.geometry(), place);
+  EXPECT_TRUE(status.alignment().testFlag(Qt::AlignTop)) << "it has four lines";
+  status.say(StatusLine::Topic::Sound, "Cannot read on.");
+  EXPECT_TRUE(status.alignment().testFlag(Qt::AlignVCenter));
+}
+
 TEST_F(Layout, LargeWindowGivesItsRoomToListAndPlayer) {
   startAs({1600, 1000});
   expectRoom();
