@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // Any bytes as a take, and any question about it: the figures hold together, the peak is the one
-// that decoding finds, no column hides a sample, and neither workers nor cutting make a difference.
+// that decoding finds, no column hides a sample, and workers, cutting and a waveform that comes
+// first make no difference.
 
 #include <algorithm>
 #include <cmath>
@@ -31,8 +32,8 @@ struct Question {
         workers(1 + input.take<std::uint8_t>() % 3),
         first(input.take<std::uint16_t>()),
         end(input.take<std::uint16_t>()),
-        isRaw((input.take<std::uint8_t>() & 1) != 0) {
-    input.take<std::uint8_t>();
+        isRaw((input.take<std::uint8_t>() & 1) != 0),
+        waveformFirst((input.take<std::uint8_t>() & 1) != 0) {
     gain = std::isfinite(gain) ? std::clamp(gain, -kMostGain, kMostGain) : 0;
   }
 
@@ -42,7 +43,7 @@ struct Question {
   int width;
   unsigned workers;
   std::uint64_t first, end;
-  bool isRaw;
+  bool isRaw, waveformFirst;
 };
 
 using Frames = std::vector<float>;
@@ -128,6 +129,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   reader->setIsBoMSFormat(question.isRaw);
   TakeAnalyzer::Options options;
   options.workers = question.workers;
+  options.waveformFirst = question.waveformFirst;
+  options.longTake = 0;
   const auto analysis = TakeAnalyzer(*reader, options).wait();
   require(analysis != nullptr, "a file in memory can be analysed");
   const Frames frames = decoded(*reader, question.width);
@@ -138,6 +141,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   checkWaveform(*analysis, question, frames);
   checkStretch(*reader, *analysis, question);
   options.workers = 1;
+  options.waveformFirst = false;
   checkSame(*analysis, *TakeAnalyzer(*reader, options).wait());
   return 0;
 }
