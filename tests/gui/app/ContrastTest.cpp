@@ -4,16 +4,23 @@
 // Whether what is drawn can be told from its ground, measured in pictures of the window, by the
 // contrast ratio that guidelines for accessible pages define.
 
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTest>
 #include <QToolButton>
+#include <QTransform>
 #include <algorithm>
 #include <cmath>
 #include <map>
 #include <numbers>
 #include <string>
+#include <vector>
 
+#include "EveryDialog.h"
 #include "WindowFixture.h"
 #include "controls/Announcer.h"
 #include "controls/Appearance.h"
@@ -52,6 +59,45 @@ double greatestContrast(const QImage& picture) {
   double most = 1;
   for (const auto& [color, count] : counts) most = std::max(most, contrast(color, ground));
   return most;
+}
+
+/// The parts of a picture between which there is nothing but the ground for so many lines or more.
+std::vector<QImage> lines(const QImage& picture, int gap) {
+  std::vector<QImage> found;
+  int first = -1;
+  int last = -1;
+  const auto isBlank = [&](int y) {
+    for (int x = 1; x < picture.width(); ++x) {
+      if (picture.pixel(x, y) != picture.pixel(0, y)) return false;
+    }
+    return true;
+  };
+  for (int y = 0; y <= picture.height(); ++y) {
+    const bool isEnd = y == picture.height();
+    if (!isEnd && !isBlank(y)) {
+      if (first < 0) first = y;
+      last = y;
+    } else if (first >= 0 && (isEnd || y - last > gap)) {
+      found.push_back(picture.copy(0, first, picture.width(), last + 1 - first));
+      first = -1;
+    }
+  }
+  return found;
+}
+
+/// The least contrast of a line of text in a picture, or of what stands far apart in a line.
+double leastContrast(const QImage& picture) {
+  constexpr int kText = 6;       // lower is a rule or a mark
+  constexpr int kFarApart = 24;  // more than between words
+  const QTransform turn = QTransform().rotate(90);
+  std::vector<double> found;
+  for (const QImage& line : lines(picture, 0)) {
+    if (line.height() < kText) continue;
+    for (const QImage& part : lines(line.transformed(turn), kFarApart)) {
+      if (part.height() >= kText) found.push_back(greatestContrast(part));
+    }
+  }
+  return found.empty() ? greatestContrast(picture) : *std::ranges::min_element(found);
 }
 
 class Contrast : public WindowFixture {
@@ -210,6 +256,75 @@ TEST_F(Contrast, IsHigherWhereTheDesktopWantsIt) {
       << "and back";
 }
 
+class ContrastInDialogs : public EveryDialog {
+ protected:
+  void SetUp() override { startWithAll(); }
+  void TearDown() override { Appearance::setHighContrast(*qApp, false); }
+
+  /// How many texts there were.
+  int expectAtLeast(double least) {
+    int count = 0;
+    forEachDialog([&](QWidget& dialog) {
+      const QImage picture = dialog.grab().toImage().convertToFormat(QImage::Format_RGB32);
+      const double scale = picture.devicePixelRatio();
+      const auto at = [&](const QWidget& widget, const QRect& part) {
+        const QRectF area(widget.mapTo(&dialog, part.topLeft()) * scale, part.size() * scale);
+        return picture.copy(area.toAlignedRect() & picture.rect());
+      };
+      const auto where = [&](const QString& text) {
+        return std::string(dialog.metaObject()->className()) + ": " + text.toStdString();
+      };
+      for (const QWidget* const widget : dialog.findChildren<QWidget*>()) {
+        if (!widget->isVisible() || !widget->isEnabled()) continue;
+        const QString text = textOf(*widget);
+        if (text.isEmpty()) continue;
+        // The frame of a control is no text.
+        const bool hasFrame = qobject_cast<const QLabel*>(widget) == nullptr;
+        const QImage drawn = at(*widget, widget->rect());
+        EXPECT_GE(hasFrame ? greatestContrast(drawn) : leastContrast(drawn), least) << where(text);
+        ++count;
+      }
+      for (const auto* const view : dialog.findChildren<QAbstractItemView*>()) {
+        if (!view->isVisible() || !view->isEnabled()) continue;
+        for (int row = 0; row < view->model()->rowCount(); ++row) {
+          for (int column = 0; column < view->model()->columnCount(); ++column) {
+            const QModelIndex index = view->model()->index(row, column);
+            const QRect area = view->visualRect(index) & view->viewport()->rect();
+            if (index.data().toString().isEmpty() || area.isEmpty()) continue;
+            EXPECT_GE(leastContrast(at(*view->viewport(), area)), least)
+                << where(index.data().toString());
+            ++count;
+          }
+        }
+      }
+    });
+    return count;
+  }
+
+ private:
+  static QString textOf(const QWidget& widget) {
+    if (const auto* const label = qobject_cast<const QLabel*>(&widget)) return label->text();
+    if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget))
+      return button->text();
+    if (const auto* const line = qobject_cast<const QLineEdit*>(&widget)) {
+      return line->text() + line->placeholderText();
+    }
+    if (const auto* const choice = qobject_cast<const QComboBox*>(&widget)) {
+      return choice->isEditable() ? QString() : choice->currentText();
+    }
+    return {};
+  }
+};
+
+TEST_F(ContrastInDialogs, OfTextsIsThatOfText) {
+  EXPECT_GT(expectAtLeast(kText), 100);
+}
+
+TEST_F(ContrastInDialogs, IsHigherWhereTheDesktopWantsIt) {
+  Appearance::setHighContrast(*qApp, true);
+  EXPECT_GT(expectAtLeast(kHighText), 100);
+}
+
 TEST_F(Contrast, IsMeasuredAsItIsDefined) {
   EXPECT_NEAR(contrast(qRgb(0, 0, 0), qRgb(255, 255, 255)), 21, 1e-9);
   EXPECT_NEAR(contrast(qRgb(0x77, 0x77, 0x77), qRgb(255, 255, 255)), 4.48, 0.005);
@@ -217,6 +332,12 @@ TEST_F(Contrast, IsMeasuredAsItIsDefined) {
   picture.fill(qRgb(255, 255, 255));
   picture.setPixel(1, 1, qRgb(0x77, 0x77, 0x77));
   EXPECT_LT(greatestContrast(picture), kText) << "grey that is too light is found";
+  QLabel label(
+      QStringLiteral("<div style='color:#000'>one</div><div style='color:#aaa'>other</div>"));
+  label.setStyleSheet(QStringLiteral("background:#fff"));
+  const QImage both = label.grab().toImage().convertToFormat(QImage::Format_RGB32);
+  EXPECT_GT(greatestContrast(both), kText);
+  EXPECT_LT(leastContrast(both), kText) << "and beside a line that is not";
 }
 
 }  // namespace
