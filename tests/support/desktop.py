@@ -156,9 +156,9 @@ class Item:
 
     @property
     def role(self):
-        """As older releases of the service call it: newer ones say "button"."""
+        """As older releases of the service and the toolkit call it."""
         name = self.accessible.get_role_name()
-        return "push button" if name == "button" else name
+        return "push button" if name in ("button", "push button menu") else name
 
     @property
     def value(self):
@@ -174,8 +174,9 @@ class Item:
 
     @property
     def text(self):
+        from gi.repository import Atspi  # newer releases have another get_text in front of this one
         iface = self.accessible.get_text_iface()
-        return iface.get_text(0, iface.get_character_count())
+        return Atspi.Text.get_text(iface, 0, Atspi.Text.get_character_count(iface))
 
     @text.setter
     def text(self, text):
