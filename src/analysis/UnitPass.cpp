@@ -48,8 +48,9 @@ UnitPass::UnitPass(const WaveFileReader& reader, const TakeLayout& layout, std::
 }
 
 std::uint64_t UnitPass::memory(const TakeLayout& layout) {
-  constexpr std::uint64_t kSmall = 1U << 19;  // pieces, and what the stream holds
-  return (layout.framesPerUnit() + layout.blockFrames()) * 2 * sizeof(float) + kSmall;
+  constexpr std::uint64_t kSmall = 1U << 19;  // what the stream holds, and what is found
+  const std::uint64_t pieces = layout.framesPerUnit() / kMostPieceFrames * sizeof(Piece);
+  return (layout.framesPerUnit() + layout.blockFrames()) * 2 * sizeof(float) + pieces + kSmall;
 }
 
 std::span<float> UnitPass::frames(std::size_t begin, std::size_t end) {
@@ -71,6 +72,15 @@ void UnitPass::runWaveform(UnitResult& result) {
   result.found.blocks.assign(_layout.blocksOf(result.unit), BlockSums());
 }
 
+// For any unit at once: what grows is there twice meanwhile, and then larger than it has to be.
+void UnitPass::makeRoom() {
+  const std::size_t lead = _layout.blockFrames();
+  const std::size_t blocks = std::min(_layout.blocksPerUnit(), _layout.blocks());
+  const std::size_t bins = TakeLayout::kBinsPerBlock * blocks;
+  _buffer.reserve(2 * (lead + blocks * lead + kReach));
+  _pieces.reserve(blocks * lead / kMostPieceFrames + bins + 2);
+}
+
 // Outside the take there is silence.
 bool UnitPass::fill(std::size_t unit) {
   const std::size_t lead = _layout.blockFrames();
@@ -80,6 +90,7 @@ bool UnitPass::fill(std::size_t unit) {
   const std::uint64_t to = std::min(end + kReach, _layout.frames());
   _unitFrames = end - begin;
   const std::size_t blocks = (_unitFrames + lead - 1) / lead;
+  makeRoom();
   _buffer.resize(2 * (lead + blocks * lead + kReach));
   const std::size_t skipped = lead - (begin - from);
   const std::size_t count = to - from;

@@ -55,6 +55,7 @@ class UnitPass {
     std::array<float, PeakEnvelope::kRawExtremes> extremes;
   };
 
+  void makeRoom();
   bool read(std::size_t begin, std::size_t end);
   [[nodiscard]] std::span<float> frames(std::size_t begin, std::size_t end);
   void findExtremes(UnitResult& result);

@@ -17,3 +17,12 @@ class RefusedMemory {
   /// How often it was refused. Any thread.
   [[nodiscard]] static int count();
 };
+
+/// What the program holds by `new`, counted where these files are linked. Any thread.
+class HeldMemory {
+ public:
+  /// Counts from here on: what is held by now is 0.
+  static void watch();
+  /// The most bytes that have been held at once since `watch`.
+  [[nodiscard]] static std::size_t most();
+};

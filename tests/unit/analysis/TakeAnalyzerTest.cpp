@@ -11,15 +11,19 @@
 #include <thread>
 
 #include "TestTake.h"
+#include "analysis/UnitPass.h"
 #include "support/RefusedMemory.h"
 #include "support/SlowReads.h"
 #include "support/TemporaryFolder.h"
+#include "support/ThreadCount.h"
 
 namespace {
 
 constexpr std::uint32_t kTakeRate = 48000;
 constexpr double kAnyMedium = 0;  // bytes a second that make it a quick one
 constexpr double kNoMedium = 1e18;
+constexpr unsigned kManyWorkers = 64;          // more than may be at any rate
+constexpr std::uint64_t kOneUnit = 1'750'000;  // bytes: one, and what is read beyond it
 
 void expectSame(const TakeAnalysis& got, const TakeAnalysis& wanted) {
   EXPECT_TRUE(got.findings() == wanted.findings());
@@ -50,23 +54,44 @@ class TakeAnalyzerTest : public testing::Test {
     return analysis.waveform(width, 0, 0, ~0ULL, 142).columns;
   }
 
-  std::unique_ptr<WaveFileReader> openFile() {
+  std::unique_ptr<WaveFileReader> openFile() { return openFile(_frames, kTakeRate); }
+  std::unique_ptr<WaveFileReader> openFile(const Frames& frames, std::uint32_t rate) {
     std::string whyNot;
-    auto reader = WaveFileReader::openFile(
-        _folder.file("take.wav", TestTake::file(_frames, kTakeRate)), whyNot);
+    auto reader =
+        WaveFileReader::openFile(_folder.file("take.wav", TestTake::file(frames, rate)), whyNot);
     reader->setIsBoMSFormat(true);
     return reader;
   }
 
-  /// What a medium of 20 MB/s gives in a tenth of a second.
-  void giveUntilMoreIsKnown(const TakeAnalyzer& analyzer) {
+  /// What a medium of 20 MB/s gives in a tenth of a second, unless so many bytes are told.
+  void giveUntilMoreIsKnown(const TakeAnalyzer& analyzer, std::uint64_t bytes = 2'000'000) {
     const double known = analyzer.progress();
-    SlowReads::give(_folder.path().native(), 2'000'000);
+    SlowReads::give(_folder.path().native(), bytes);
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(1);
     while (analyzer.progress() == known && std::chrono::steady_clock::now() < deadline) {
       std::this_thread::yield();
     }
     ASSERT_GT(analyzer.progress(), known);
+  }
+
+  /// The frames of so many units.
+  static Frames units(std::size_t count, std::uint32_t rate) {
+    return Frames(2 * count * TakeLayout(rate, 1, true).framesPerUnit(), 0.25F);
+  }
+
+  /// Units in the order in which they become known, while the medium gives one at a time. Without
+  /// the first: the worker may have been in it before it was told where to begin.
+  std::vector<std::size_t> orderOf(const TakeAnalyzer& analyzer) {
+    std::vector<std::size_t> order;
+    while (!HasFatalFailure() && analyzer.progress() < 1) {
+      giveUntilMoreIsKnown(analyzer, kOneUnit);
+      const auto soFar = analyzer.soFar();
+      for (std::size_t unit = 1; unit < soFar->layout().units(); ++unit) {
+        const bool isNew = std::ranges::find(order, unit) == order.end();
+        if (isNew && soFar->findings().units[unit]) order.push_back(unit);
+      }
+    }
+    return order;
   }
 
   TemporaryFolder _folder;
@@ -124,12 +149,18 @@ TEST_F(TakeAnalyzerTest, TheLastReportIsThatAllIsDoneHoweverEarlyItWas) {
 }
 
 TEST_F(TakeAnalyzerTest, UnitsInAnyOrderFindTheSame) {
+  struct Look {
+    std::uint64_t frame;
+    std::vector<std::size_t> order;
+  };
   const auto wanted = TestTake::analyse(_frames, kTakeRate, true);
   const auto reader = openFile();
-  SlowReads::limit(_folder.path().native(), 40'000'000);
-  for (const std::uint64_t frame : {600000ULL, 200000ULL, ~0ULL}) {
+  for (const Look& look : {Look{600000, {3, 1, 2}}, {500000, {2, 3, 1}}, {~0ULL, {1, 2, 3}}}) {
+    SlowReads::reset();
+    SlowReads::give(_folder.path().native(), 0);
     TakeAnalyzer analyzer(*reader, workers(1));
-    analyzer.lookAt(frame);
+    analyzer.lookAt(look.frame);
+    EXPECT_EQ(orderOf(analyzer), look.order) << look.frame;
     const auto got = analyzer.wait();
     ASSERT_NE(got, nullptr);
     expectSame(*got, *wanted);
@@ -138,28 +169,26 @@ TEST_F(TakeAnalyzerTest, UnitsInAnyOrderFindTheSame) {
 
 TEST_F(TakeAnalyzerTest, ShowsWhatHasComeSoFarFromWhereSomeoneLooks) {
   const auto wanted = TestTake::analyse(_frames, kTakeRate, true);
+  const auto whole = columnsOf(*wanted);
+  const std::size_t columnsOfUnit = wanted->layout().blocksPerUnit();
   const auto reader = openFile();
-  SlowReads::limit(_folder.path().native(), 3'000'000);
+  SlowReads::give(_folder.path().native(), 0);
   TakeAnalyzer analyzer(*reader, workers(1));
   analyzer.lookAt(500000);
-  std::size_t partial = 0;
-  while (!analyzer.isFinished()) {
+  while (!HasFatalFailure() && analyzer.progress() < 1) {
+    giveUntilMoreIsKnown(analyzer, kOneUnit);
     const auto soFar = analyzer.soFar();
-    const bool isPart = soFar->findings().unitsKnown > 0 && !soFar->isComplete();
-    if (isPart) {
-      ++partial;
-      EXPECT_LE(soFar->samplePeak(120), wanted->samplePeak(120));
-      const Waveform waveform = soFar->waveform(120, 0, 0, 681600, 142);
-      const Waveform whole = wanted->waveform(120, 0, 0, 681600, 142);
-      for (std::size_t i = 0; i < 142; ++i) {
-        if (!waveform.columns[i].isKnown) continue;
-        EXPECT_EQ(waveform.columns[i].greatestLeft, whole.columns[i].greatestLeft);
-      }
+    const auto& units = soFar->findings().units;
+    EXPECT_TRUE(units[2] || !units[1]) << "nobody looks at the second one";
+    EXPECT_LE(soFar->samplePeak(120), wanted->samplePeak(120));
+    const auto columns = columnsOf(*soFar);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      ASSERT_EQ(columns[i].isKnown, units[i / columnsOfUnit] != nullptr) << i;
+      if (!columns[i].isKnown) continue;
+      EXPECT_EQ(columns[i].greatestLeft, whole[i].greatestLeft);
     }
-    std::this_thread::yield();
   }
-  EXPECT_GT(partial, 0U);
-  EXPECT_EQ(analyzer.progress(), 1.0);
+  ASSERT_NE(analyzer.wait(), nullptr);
   expectSame(*analyzer.soFar(), *wanted);
 }
 
@@ -306,6 +335,58 @@ TEST_F(TakeAnalyzerTest, MemoryThatRunsOutIsAFailureWithAReason) {
   EXPECT_EQ(analyzer.failure(), "There is not enough memory");
   analyzer.waitForWorkers();
   EXPECT_GT(RefusedMemory::count(), 0);
+}
+#endif
+
+// All are there while the first one waits for the medium.
+TEST_F(TakeAnalyzerTest, ThereAreAsManyWorkersAsFitTheMemory) {
+  const std::uint64_t most = TakeAnalyzer::Options().workersMemory;
+  std::vector<std::unique_ptr<TakeAnalyzer>> all;
+  SlowReads::give(_folder.path().native(), 0);
+  for (const std::uint32_t rate : {8000U, 48000U, 96000U, 192000U}) {
+    const std::uint64_t memory = UnitPass::memory(TakeLayout(rate, 1, true));
+    const auto reader = openFile(units(most / memory + 4, rate), rate);
+    const std::size_t before = ThreadCount::now();
+    all.push_back(std::make_unique<TakeAnalyzer>(*reader, workers(kManyWorkers)));
+    const std::size_t count = ThreadCount::now() - before;
+    EXPECT_GT(count, 1U) << rate;
+    EXPECT_LE(count * memory, most) << rate;
+  }
+  for (const auto& analyzer : all) analyzer->cancel();
+  SlowReads::reset();
+  for (const auto& analyzer : all) analyzer->waitForWorkers();
+}
+
+#ifndef MIXDECK_SANITIZED  // which has a heap of its own
+TEST_F(TakeAnalyzerTest, MemoryOfAPassIsNoMoreThanItTells) {
+  for (const std::uint32_t rate : {0U, 8000U, 48000U, 96000U, 192000U, 384000U, 768000U}) {
+    const auto reader = openFile(units(3, rate), rate);
+    const TakeLayout layout(rate, reader->frameCount() - 10000, true);
+    const std::atomic<bool> isCancelled{false};
+    HeldMemory::watch();
+    UnitPass pass(*reader, layout, 0, &isCancelled);
+    UnitResult result;
+    result.samplePeaks = result.truePeaks = PeakEnvelope(true);
+    for (const std::size_t unit : {2U, 1U}) {  // the last one is shorter
+      result.unit = unit;
+      ASSERT_TRUE(pass.fill(unit));
+      pass.run(result);
+    }
+    EXPECT_LE(HeldMemory::most(), UnitPass::memory(layout)) << rate;
+    EXPECT_GT(HeldMemory::most(), layout.framesPerUnit() * 2 * sizeof(float)) << rate;
+  }
+}
+
+TEST_F(TakeAnalyzerTest, MemoryOfAllWorkersIsNoMoreThanTheyMayHold) {
+  constexpr std::uint32_t kRate = 192000;
+  const auto reader = openFile(units(32, kRate), kRate);
+  HeldMemory::watch();
+  TakeAnalyzer analyzer(*reader, workers(kManyWorkers));
+  const auto got = analyzer.wait();
+  ASSERT_NE(got, nullptr);
+  const std::size_t most = TakeAnalyzer::Options().workersMemory;
+  EXPECT_LE(HeldMemory::most(), most + got->memory());
+  EXPECT_GT(HeldMemory::most(), UnitPass::memory(got->layout()) / 2) << "it was counted";
 }
 #endif
 

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "analysis/TakeAnalyzer.h"
 #include "analysis/UnitPass.h"
 #include "analysis/WidthGrid.h"
 
@@ -68,8 +69,15 @@ TEST(TakeLayoutTest, AUnitIsSoonRead) {
 }
 
 TEST(TakeLayoutTest, ThePassesOfSeveralWorkersFitTheMemory) {
-  for (const std::uint32_t rate : {0U, 8000U, 48000U, 96000U, 192000U, 384000U, 768000U}) {
-    EXPECT_LT(UnitPass::memory(TakeLayout(rate, 1, true)), 10U << 20) << rate;
+  constexpr std::uint64_t kMost = 28U << 20;
+  EXPECT_EQ(TakeAnalyzer::Options().workersMemory, kMost);
+  for (const std::uint32_t rate :
+       {0U, 8000U, 16000U, 44100U, 48000U, 96000U, 192000U, 384000U, 768000U}) {
+    const std::uint64_t memory = UnitPass::memory(TakeLayout(rate, 1, true));
+    const std::uint64_t workers = kMost / memory;
+    EXPECT_GE(workers, 4U) << rate;
+    EXPECT_LE(workers * memory, kMost) << rate;
+    EXPECT_GE(TakeAnalyzer::kSmallMemory / memory, 1U) << rate;
   }
 }
 
