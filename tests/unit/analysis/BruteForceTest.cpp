@@ -69,6 +69,14 @@ TEST(BruteForceTest, TheRateOfTheRecorder) {
   expectAsPlain(TestTake::tones(48000, 9.4), 48000, 25);
 }
 
+TEST(BruteForceTest, NoiseAtAllWidthsAtTheRateOfTheRecorder) {
+  expectAsPlain(TestTake::wandering(48000, 3.2, 8), 48000, 1);
+}
+
+TEST(BruteForceTest, TonesAtAllWidthsAtTheRateOfTheRecorder) {
+  expectAsPlain(TestTake::tones(48000, 3.2), 48000, 1);
+}
+
 TEST(BruteForceTest, RatesWithLessOversampling) {
   expectAsPlain(TestTake::wandering(96000, 3.3, 3), 96000, 30);
   expectAsPlain(TestTake::wandering(192000, 3.1, 4), 192000, 75);

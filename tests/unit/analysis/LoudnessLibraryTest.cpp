@@ -14,10 +14,13 @@
 
 namespace {
 
+constexpr double kInaudible = -120;  // LUFS: how the filters come to rest in silence
+
 struct Opinion {
   double integrated = 0;
   double range = 0;
   double shortTermMax = -HUGE_VAL;
+  std::vector<double> momentary;  ///< of the 400 ms that end with each tenth of a second
   double truePeak = 0;
   double samplePeak = 0;
 };
@@ -27,7 +30,7 @@ struct Destroy {
 };
 
 Opinion opinionOn(const Frames& leftRight, std::uint32_t rate) {
-  constexpr int kModes = EBUR128_MODE_I | EBUR128_MODE_LRA | EBUR128_MODE_S |
+  constexpr int kModes = EBUR128_MODE_I | EBUR128_MODE_LRA | EBUR128_MODE_M | EBUR128_MODE_S |
                          EBUR128_MODE_TRUE_PEAK | EBUR128_MODE_SAMPLE_PEAK;
   const std::unique_ptr<ebur128_state, Destroy> state(ebur128_init(2, rate, kModes));
   Opinion opinion;
@@ -37,6 +40,9 @@ Opinion opinionOn(const Frames& leftRight, std::uint32_t rate) {
     ebur128_add_frames_float(state.get(), &leftRight[2 * at], count);
     double shortTerm = 0;
     ebur128_loudness_shortterm(state.get(), &shortTerm);
+    double momentary = 0;
+    ebur128_loudness_momentary(state.get(), &momentary);
+    if (count == block) opinion.momentary.push_back(momentary);
     if (at + count >= 3 * std::size_t{rate}) {
       opinion.shortTermMax = std::max(opinion.shortTermMax, shortTerm);
     }
@@ -55,6 +61,23 @@ Opinion opinionOn(const Frames& leftRight, std::uint32_t rate) {
   return opinion;
 }
 
+// Ours moves by half of a tenth of a second, so the greatest may be greater.
+void expectMomentary(const TakeAnalysis& analysis, int width, const std::vector<double>& wanted,
+                     double tolerance) {
+  const std::size_t block = analysis.layout().blockFrames();
+  double greatest = -HUGE_VAL;
+  for (std::size_t i = 3; i < wanted.size(); ++i) {  // the first whole window ends there
+    greatest = std::max(greatest, wanted[i]);
+    const auto found = analysis.momentaryLufs(width, 0, (i + 1) * block - 1);
+    if (wanted[i] < kInaudible) {
+      EXPECT_LT(found.value_or(-HUGE_VAL), kInaudible) << i;
+    } else {
+      EXPECT_NEAR(found.value_or(99), wanted[i], tolerance) << i;
+    }
+  }
+  EXPECT_GE(analysis.at(width, 0).momentaryMaxLufs.value_or(-99), greatest - tolerance);
+}
+
 void expectAgreement(const Frames& midSide, std::uint32_t rate, double loudness, double truePeak) {
   const auto analysis = TestTake::analyse(midSide, rate, true);
   for (const int width : {0, 3, 15, 40, 75, 100, 120, 131, 144, 150}) {
@@ -64,6 +87,7 @@ void expectAgreement(const Frames& midSide, std::uint32_t rate, double loudness,
     EXPECT_NEAR(figures.integratedLufs.value_or(99), opinion.integrated, loudness);
     EXPECT_NEAR(figures.rangeLu.value_or(99), opinion.range, std::max(loudness, 1e-3));
     EXPECT_NEAR(figures.shortTermMaxLufs.value_or(99), opinion.shortTermMax, loudness);
+    expectMomentary(*analysis, width, opinion.momentary, loudness);
     EXPECT_NEAR(figures.truePeakDbtp.value_or(99), 20 * std::log10(opinion.truePeak), truePeak);
     EXPECT_NEAR(figures.samplePeakDbfs.value_or(99), 20 * std::log10(opinion.samplePeak), 1e-6);
   }
