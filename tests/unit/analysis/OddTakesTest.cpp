@@ -156,6 +156,36 @@ TEST(OddTakesTest, EnormousNumbers) {
   EXPECT_TRUE(figures.correlation);
 }
 
+// What the sums of 50 ms hold in 32 bits.
+TEST(OddTakesTest, LoudnessGoesUpToNumbersPastWhatAnythingRecords) {
+  constexpr std::uint32_t kRecorderRate = 48000;
+  const auto at = [](double power) {
+    Frames frames;
+    TestTake::addSine(frames, kRecorderRate, 4, 20 * power);
+    return TestTake::analyse(frames, kRecorderRate, false)->at(120, 0);
+  };
+  EXPECT_NEAR(at(17).integratedLufs.value_or(0), 340, 0.1);
+  EXPECT_NEAR(at(17).shortTermMaxLufs.value_or(0), 340, 0.1);
+  expectNoLoudness(at(18));
+  EXPECT_NEAR(at(18).samplePeakDbfs.value_or(0), 360, 0.1);
+  EXPECT_TRUE(at(18).correlation);
+}
+
+TEST(OddTakesTest, AChannelFarUnderTheOtherCountsAsSilent) {
+  const auto at = [](double level) {
+    Frames frames = TestTake::wandering(kOddRate, 4, 1);
+    const double factor = std::pow(10.0, level / 20);
+    for (std::size_t i = 0; i < frames.size(); i += 2) {
+      frames[i + 1] = static_cast<float>(factor * static_cast<double>(frames[i]));
+    }
+    return TestTake::analyse(frames, kOddRate, false)->at(120, 0);
+  };
+  EXPECT_NEAR(at(-129).correlation.value_or(0), 1, 1e-6);
+  EXPECT_NEAR(at(-129).balanceDb.value_or(0), 129, 1e-4);
+  EXPECT_FALSE(at(-131).correlation);
+  EXPECT_FALSE(at(-131).balanceDb);
+}
+
 TEST(OddTakesTest, RatesOutsideHavePeaksButNoLoudness) {
   for (const std::uint32_t rate : {0U, 10U, 7999U, 4000000000U}) {
     SCOPED_TRACE(rate);
