@@ -301,9 +301,9 @@ class ProgressTest(Case):
         process.send_signal(signal.SIGCONT)
 
     def run_on_terminal(self, *arguments, word="export", at=None, do=None):
-        """Runs a word of the program with a terminal for standard error; returns status and what it showed.
-        When it first shows `at`, `do` is called with the process, which lets the test go first
-        wherever both want to run."""
+        """Runs a word of the program with a terminal for standard error; returns status and what it
+        showed there, and keeps what it printed. When it first shows `at`, `do` is called with the
+        process, which lets the test go first wherever both want to run."""
         master, slave = pty.openpty()
         with subprocess.Popen([CLI, word, *arguments], stdout=subprocess.PIPE, stderr=slave,
                               cwd=self.folder, preexec_fn=lambda: os.nice(5)) as process:
@@ -320,7 +320,7 @@ class ProgressTest(Case):
                 if at and at in shown:
                     do(process)
                     at = None
-            process.wait(timeout=60)
+            self.printed = process.communicate(timeout=60)[0].decode()
         os.close(master)
         return process.returncode, shown.decode()
 
@@ -371,6 +371,29 @@ class ProgressTest(Case):
         self.assertEqual(status, 1)
         self.assertTrue(shown.endswith("\r\x1b[Kmixdeck-cli: cancelled\r\n"), repr(shown[-80:]))
         self.assertEqual(self.names(), ["long.wav"])
+
+    def measure_until(self, at, *arguments):
+        """What is shown of a measurement that is interrupted when it first shows `at`."""
+        status, shown = self.run_on_terminal(
+            "--json", *arguments, word="measure", at=at,
+            do=lambda process: process.send_signal(signal.SIGINT))
+        self.assertEqual(status, 1, (shown, self.printed))
+        self.assertIn(at.decode(), shown)
+        self.assertTrue(shown.endswith("\r\x1b[Kmixdeck-cli: cancelled\r\n"), repr(shown[-80:]))
+        return shown
+
+    def test_an_interrupted_measurement_prints_nothing_and_clears_the_line(self):
+        self.big_recording("long.wav", 12000)
+        for words in ([], ["--angles", "all"], ["--plot", "p.svg"]):
+            shown = self.measure_until(b" %  0 of 1 done  long.wav", *words, "long.wav")
+            self.assertEqual((self.printed, shown.count("\n")), ("", 1))
+            self.assertEqual(self.names(), ["long.wav"])
+
+    def test_what_was_measured_before_an_interrupt_is_printed(self):
+        self.file("a.wav", recording([3000000, 100000, -2000000, 50000] * 12000))
+        self.big_recording("long.wav", 12000)
+        self.measure_until(b" %  1 of 2 done  long.wav", "a.wav", "long.wav")
+        self.assertEqual(self.printed, self.expect(0, "measure", "--json", "a.wav").stdout)
 
     def test_nothing_is_shown_without_a_terminal(self):
         self.file("a.wav", wave(fmt(), bext(), chunk("data", pack24([1, 2] * 400000))))
