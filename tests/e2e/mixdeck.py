@@ -8,6 +8,7 @@ The programs are looked for in the folder that MIXDECK_BIN names.
 import ctypes
 import errno
 import json
+import math
 import os
 import shutil
 import struct
@@ -20,6 +21,8 @@ NOBODY = 65534
 RAW = "A=PCM,F=48000,W=24,M=stereo,T=J4;VERSION=1.00;MSRAW=ON;"
 PLAIN = "A=PCM,F=48000,W=24,M=stereo,T=J4;VERSION=1.00;MSRAW=OFF;"
 FIRST_SAMPLE = 748  # in every export
+FIGURES = ["angle", "gain_db", "integrated_lufs", "range_lu", "momentary_max_lufs",
+           "short_term_max_lufs", "true_peak_dbtp", "sample_peak_dbfs", "correlation", "balance_db"]
 
 
 def chunk(identifier, payload, size=None):
@@ -57,6 +60,16 @@ def unpack_floats(data):
 
 def recording(samples=(100, 50, -100, 25), history=RAW, **words):
     return wave(fmt(), bext(history=history, **words), chunk("data", pack24(samples)))
+
+
+def tone(seconds, level, frequency=1000, rate=48000):
+    """Mid and Side of a tone: loud in the middle, something at the sides."""
+    top = 10 ** (level / 20) * 8388607
+    samples = []
+    for i in range(int(seconds * rate)):
+        turn = 2 * math.pi * frequency * i / rate
+        samples += [int(top * math.sin(turn)), int(0.4 * top * math.sin(1.7 * turn + 1))]
+    return samples
 
 
 def single(value):

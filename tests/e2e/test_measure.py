@@ -9,28 +9,13 @@ import json
 import math
 import random
 import re
-import shutil
 import struct
 import subprocess
 import unittest
-from xml.etree import ElementTree
 
-from mixdeck import CLI, Case, bext, chunk, decoded, fmt, recording, single, wave
+from mixdeck import FIGURES, Case, bext, chunk, decoded, fmt, recording, single, tone, wave
 
-SVG = "{http://www.w3.org/2000/svg}"
 KEYS = ["path", "seconds", "sample_rate", "raw_ms", "widths"]
-FIGURES = ["angle", "gain_db", "integrated_lufs", "range_lu", "momentary_max_lufs",
-           "short_term_max_lufs", "true_peak_dbtp", "sample_peak_dbfs", "correlation", "balance_db"]
-
-
-def tone(seconds, level, frequency=1000, rate=48000):
-    """Mid and Side of a tone: loud in the middle, something at the sides."""
-    top = 10 ** (level / 20) * 8388607
-    samples = []
-    for i in range(int(seconds * rate)):
-        turn = 2 * math.pi * frequency * i / rate
-        samples += [int(top * math.sin(turn)), int(0.4 * top * math.sin(1.7 * turn + 1))]
-    return samples
 
 
 class MeasureTest(Case):
@@ -241,78 +226,6 @@ class MeasureTest(Case):
                       ["--from", "2", "--to", "1"]):
             self.expect(2, "measure", *words, "a.wav", out="")
         self.expect(2, "measure", out="")
-
-
-class PlotTest(Case):
-    def plot(self, *words):
-        self.expect(0, "measure", "--plot", "p.svg", *words, "a.wav", err="")
-        return ElementTree.fromstring(self.read("p.svg"))
-
-    def test_a_picture_without_a_display(self):
-        samples = tone(2, -20)
-        for i in range(96000, 96400):
-            samples[i] = 8000000
-        self.file("a.wav", recording(samples))
-        environment = {"PATH": "/usr/bin:/bin"}
-        self.expect(0, "measure", "--plot", "p.svg", "a.wav", env=environment)
-        root = ElementTree.fromstring(self.read("p.svg"))
-        self.assertEqual(root.tag, SVG + "svg")
-        words = [text.text for text in root.iter(SVG + "text")]
-        for word in ("a.wav", "loudness, LUFS", "true peak, dBTP", "correlation", "width", "150"):
-            self.assertIn(word, words)
-        self.assertIn("2.0 s, 48000 Hz, raw M/S, width 120, gain +0 dB", words)
-
-    def test_a_png_without_a_display(self):
-        samples = tone(2, -20)
-        for i in range(96000, 96400):
-            samples[i] = 8000000
-        self.file("a.wav", recording(samples))
-        self.expect(0, "measure", "--plot", "p.png", "a.wav", env={"PATH": "/usr/bin:/bin"}, err="")
-        png = self.read("p.png")
-        self.assertEqual(png[:8], b"\x89PNG\r\n\x1a\n")
-        self.assertEqual(struct.unpack(">II", png[16:24]), (2200, 1440))
-        colours = self.colours("p.png")
-        for colour in ("17181B", "202226", "7FB4E0", "E8B04B", "FFFFFF"):
-            self.assertIn(tuple(bytes.fromhex(colour)), colours)
-        title = self.colours("p.png", "-crop", "400x60+140+20")
-        self.assertGreater(len(title), 10, "letters with smooth edges")
-
-    def colours(self, name, *words):
-        data = subprocess.run(["convert", self.path(name), *words, "-depth", "8", "rgb:-"],
-                              check=True, capture_output=True).stdout
-        return set(zip(data[0::3], data[1::3], data[2::3]))
-
-    def test_a_png_without_the_program_that_draws_it(self):
-        self.file("a.wav", recording(tone(0.2, -20)))
-        shutil.copy(CLI, self.path("alone"))
-        result = subprocess.run([self.path("alone"), "measure", "--plot", "p.png", "a.wav"],
-                                capture_output=True, text=True, cwd=self.folder, check=False)
-        self.assertEqual((result.returncode, result.stdout), (1, ""))
-        self.assertIn("p.png: Fail to save. ", result.stderr)
-        self.assertIn("mixdeck-plot-png: No such file or directory", result.stderr)
-        self.assertNotIn("p.png", self.names())
-
-    def test_marks_stand_where_it_clips(self):
-        samples = tone(2, -20)
-        samples[2 * 60000] = 8000000
-        samples[2 * 60000 + 1] = 8000000
-        self.file("a.wav", recording(samples))
-        marks = [path for path in self.plot().iter(SVG + "path") if path.get("class") == "clipped"]
-        places = re.findall(r"M(\S+) ", marks[0].get("d"))
-        self.assertEqual(places, [f"{70 + 60000 // 96:.1f}"])
-        self.assertEqual([path for path in self.plot("--angle", "0").iter(SVG + "path")
-                          if path.get("class") == "clipped"], [])
-
-    def test_a_picture_that_cannot_be_written(self):
-        self.file("a.wav", recording(tone(0.2, -20)))
-        result = self.expect(1, "measure", "--plot", "no/p.svg", "a.wav", out="")
-        self.assertIn("no/p.svg: Fail to save. ", result.stderr)
-
-    def test_wrong_usage(self):
-        self.file("a.wav", recording(tone(0.2, -20)))
-        self.expect(2, "measure", "--plot", "p.svg", "a.wav", "a.wav", out="")
-        self.expect(2, "measure", "--plot", "p.gif", "a.wav", out="")
-        self.assertEqual(self.names(), ["a.wav"])
 
 
 class LoudnessTest(Case):
