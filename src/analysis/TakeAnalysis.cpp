@@ -35,6 +35,13 @@ bool TakeAnalysis::isComplete() const {
   return _findings.unitsKnown == layout().units();
 }
 
+bool TakeAnalysis::isOf(const WaveFileReader& reader, std::uint64_t firstFrame,
+                        std::uint64_t frames) const {
+  return _findings.file == reader.fileState() && _findings.firstFrame == firstFrame &&
+         layout().frames() == frames && layout().sampleRate() == reader.header().SampleRate &&
+         layout().isRawMidSide() == reader.isBoMSFormat();
+}
+
 ChannelMix TakeAnalysis::mixAt(int width) const {
   return {layout().isRawMidSide(), static_cast<double>(SideGain::factor(width))};
 }

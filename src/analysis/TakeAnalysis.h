@@ -12,6 +12,7 @@
 #include "analysis/TakeFindings.h"
 #include "analysis/Waveform.h"
 #include "analysis/WaveformBins.h"
+#include "wav/WaveFileReader.h"
 
 /// Every figure and the waveform of a take at every width and every gain, from one pass over its
 /// Mid and Side. Immutable; safe on any thread. An hour at 48 kHz takes less than 8 MiB.
@@ -26,6 +27,10 @@ class TakeAnalysis {
   [[nodiscard]] const TakeLayout& layout() const { return _findings.layout; }
   /// Whether the whole take has been measured; else the figures are those of what has been.
   [[nodiscard]] bool isComplete() const;
+  /// Whether it is one of these frames of the file that the reader opened, which has not been
+  /// written to since, read as it is read here.
+  [[nodiscard]] bool isOf(const WaveFileReader& reader, std::uint64_t firstFrame,
+                          std::uint64_t frames) const;
 
   /// Figures of the whole take. Less than a millisecond for an hour.
   [[nodiscard]] TakeFigures at(int width, double gain) const;

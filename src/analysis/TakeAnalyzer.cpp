@@ -76,6 +76,8 @@ class TakeAnalyzer::Work {
         _pace(options.quickMedium),
         _findings(layout),
         _isTaken(layout.units()) {
+    _findings.file = _reader.fileState();
+    _findings.firstFrame = _firstFrame;
     const bool isLong = bytesOf(_reader, layout.frames()) >= options.longTake;
     _isDrawing = options.waveformFirst && _keepsBins && isLong;
   }

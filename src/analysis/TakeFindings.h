@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -11,6 +12,7 @@
 #include "analysis/TakeLayout.h"
 #include "analysis/UnitFindings.h"
 #include "analysis/UnitResult.h"
+#include "wav/FileState.h"
 
 /// What one pass over a take found, as it stands: all of it, or the units read so far. Copies share
 /// the units, which do not change once they are there: a look at a long take costs next to nothing.
@@ -45,6 +47,8 @@ struct TakeFindings {
 
   friend bool operator==(const TakeFindings& a, const TakeFindings& b);
 
+  FileState file;                ///< that was read
+  std::uint64_t firstFrame = 0;  ///< of the file, from which frames count here
   TakeLayout layout;
   std::vector<Unit> units;  ///< null where nothing has been read; some with their waveform alone
   PeakEnvelope samplePeaks;

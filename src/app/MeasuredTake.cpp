@@ -50,7 +50,7 @@ Waveform MeasuredTake::sideWaveform(std::uint64_t from, std::uint64_t to,
 void MeasuredTake::begin() {
   const std::unique_ptr<WaveFileReader> reader = _take.reader();
   if (!reader) return;
-  _decoded.begin(reader->apart(), {_cache, _take.file()});
+  _decoded.begin(reader->apart(), _cache);
   emit measured();
 }
 
@@ -59,7 +59,7 @@ void MeasuredTake::beginSide() {
   if (_take.solo() != Solo::Side || isBegun) return;
   WaveFileReader channels = _take.reader()->apart();
   channels.setIsBoMSFormat(false);
-  _recorded.begin(channels, {_cache, _take.file()});
+  _recorded.begin(channels, _cache);
 }
 
 void MeasuredTake::drop() {

@@ -26,19 +26,19 @@ RunningAnalysis::RunningAnalysis(QObject* parent) : QObject(parent) {
   connect(&_timerMeasured, &QTimer::timeout, this, &RunningAnalysis::collect);
 }
 
-void RunningAnalysis::begin(const WaveFileReader& reader, const Shelf& shelf) {
+void RunningAnalysis::begin(const WaveFileReader& reader, const Cache& cache) {
   drop();
-  _cache = shelf.cache;
-  if (_cache) return look(reader, shelf);
+  _cache = cache;
+  if (_cache) return look(reader);
   analyse(reader);
 }
 
 // Where there is no thread, or no memory, nothing is kept either.
-void RunningAnalysis::look(const WaveFileReader& reader, const Shelf& shelf) {
+void RunningAnalysis::look(const WaveFileReader& reader) {
   _key = {};
-  const Errand::Work work = [this, reader, shelf]() -> Errand::Outcome {
-    const auto key = AnalysisCache::Key::of(reader, shelf.file);
-    return [this, reader, key, known = shelf.cache->find(key)] {
+  const Errand::Work work = [this, reader, cache = _cache]() -> Errand::Outcome {
+    const auto key = AnalysisCache::Key::of(reader);
+    return [this, reader, key, known = cache->find(key)] {
       _isLooking = false;
       _key = key;
       if (known) return take(known, 1, true);

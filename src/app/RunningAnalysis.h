@@ -6,7 +6,6 @@
 #include <QObject>
 #include <QTimer>
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <optional>
 
@@ -25,15 +24,11 @@ class RunningAnalysis : public QObject {
  public:
   explicit RunningAnalysis(QObject* parent = nullptr);
 
-  /// Where an analysis is kept, and of which file; nowhere where there is no cache.
-  struct Shelf {
-    std::shared_ptr<const AnalysisCache> cache;
-    std::filesystem::path file;
-  };
+  using Cache = std::shared_ptr<const AnalysisCache>;
 
   /// Begins, and gives up what was before. Of a valid file, which it reads through an image of its
-  /// own.
-  void begin(const WaveFileReader& reader, const Shelf& shelf = {});
+  /// own. Kept nowhere where there is no cache.
+  void begin(const WaveFileReader& reader, const Cache& cache = {});
   /// Gives up; nothing is known any more.
   void drop();
 
@@ -54,7 +49,7 @@ class RunningAnalysis : public QObject {
   void measured();
 
  private:
-  void look(const WaveFileReader& reader, const Shelf& shelf);
+  void look(const WaveFileReader& reader);
   void analyse(const WaveFileReader& reader);
   void keep();
   void fetch(bool isLast);
@@ -65,7 +60,7 @@ class RunningAnalysis : public QObject {
   QElapsedTimer _fetched;                   ///< since the errand began
   std::shared_ptr<const TakeAnalysis> _analysis;
   double _progress = 0;
-  std::shared_ptr<const AnalysisCache> _cache;
+  Cache _cache;
   AnalysisCache::Key _key;  ///< of what is analysed
   bool _isLooking = false;  ///< for one that was kept
   std::optional<std::uint64_t> _lookAt;

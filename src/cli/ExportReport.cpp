@@ -54,13 +54,14 @@ std::string ExportReport::levelText(const Export& job) const {
 }
 
 std::string ExportReport::loudnessText(const LoudnessGain& found) const {
+  const auto [asked, limit] = *_settings.loudness;
+  const double reached = found.lufs().value_or(asked - found.loweredBy());
   const std::string lowered =
       found.loweredBy() > 0
-          ? fmt::format(", {:.2f} LU less than asked for a true peak of {:g} dBTP",
-                        found.loweredBy(), _settings.loudness->truePeakDbtp)
+          ? fmt::format(", {:.2f} LU less than asked for a true peak of {:g} dBTP", asked - reached,
+                        limit)
           : "";
-  return fmt::format("gain {:+.2f} dB, {:.2f} LUFS{}", found.gain().value_or(0),
-                     _settings.loudness->lufs - found.loweredBy(), lowered);
+  return fmt::format("gain {:+.2f} dB, {:.2f} LUFS{}", found.gain().value_or(0), reached, lowered);
 }
 
 std::string ExportReport::longLine(const Export& job) const {

@@ -17,7 +17,8 @@ void ExportLevels::measure(const WaveFileReader& reader, const std::optional<Fra
   _reader = std::make_unique<WaveFileReader>(reader.apart());
   _range = {0, reader.frameCount()};
   if (range) _range = {range->first, std::min(range->end, reader.frameCount())};
-  _whole = whole && whole->isComplete() ? whole : nullptr;
+  const bool isKnown = whole && whole->isComplete() && whole->isOf(reader, 0, reader.frameCount());
+  _whole = isKnown ? whole : nullptr;
   _analysis.reset();
   if (!range && _whole) {
     _measuring.cancel();

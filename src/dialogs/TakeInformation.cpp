@@ -121,7 +121,10 @@ void TakeInformation::showFacts(const TakeFacts& facts) {
 }
 
 void TakeInformation::measure(const WaveFileReader& reader) {
-  if (_subject.analysis && _subject.analysis->isComplete()) return showFigures();
+  const auto& known = _subject.analysis;
+  if (known && known->isComplete() && known->isOf(reader, 0, reader.frameCount())) {
+    return showFigures();
+  }
   TakeAnalyzer::Options options;
   options.workersMemory = TakeAnalyzer::kSmallMemory;
   options.keepsBins = false;

@@ -220,11 +220,9 @@ unsigned Export::passes() const {
 }
 
 bool Export::isAnalysed() const {
-  if (!_analysis || !_analysis->isComplete()) return false;
-  const TakeLayout& layout = _analysis->layout();
-  return layout.frames() == range().end - range().first &&
-         layout.sampleRate() == _reader->header().SampleRate &&
-         layout.isRawMidSide() == _reader->isBoMSFormat();
+  const FrameRange frames = range();
+  return _analysis && _analysis->isComplete() &&
+         _analysis->isOf(*_reader, frames.first, frames.end - frames.first);
 }
 
 float Export::firstPass() {

@@ -25,4 +25,5 @@ LoudnessGain::LoudnessGain(const TakeAnalysis& analysis, int width, const Loudne
   const double most = target.truePeakDbtp - *plain.truePeakDbtp;
   _loweredBy = std::max(0.0, gain - most);
   _gain = std::min(gain, most);
+  _lufs = analysis.at(width, *_gain).integratedLufs;
 }

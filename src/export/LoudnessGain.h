@@ -24,8 +24,12 @@ class LoudnessGain {
   [[nodiscard]] std::optional<double> gain() const { return _gain; }
   /// By how many dB the true peak keeps the gain down; 0 where it does not.
   [[nodiscard]] double loweredBy() const { return _loweredBy; }
+  /// The loudness that the gain brings the take to. The gates let a few takes jump past the one
+  /// that was asked for, or leave none where the gain is kept far down.
+  [[nodiscard]] std::optional<double> lufs() const { return _lufs; }
 
  private:
   std::optional<double> _gain;
   double _loweredBy = 0;
+  std::optional<double> _lufs;
 };

@@ -134,10 +134,12 @@ std::uint64_t AnalysisBytes::sizeOf(const TakeLayout& layout) {
 }
 
 std::shared_ptr<const TakeAnalysis> AnalysisBytes::read(const Source& source,
-                                                        const TakeLayout& layout) {
+                                                        const TakeLayout& layout,
+                                                        const FileState& file) {
   Reading reading(source);
   if (!takeHead(reading, layout)) return nullptr;
   TakeFindings findings(layout);
+  findings.file = file;
   const bool isWhole = takeUnits(reading, findings) && reading.take(findings.samplePeaks) &&
                        reading.take(findings.truePeaks) && reading.isRight();
   return isWhole ? std::make_shared<const TakeAnalysis>(std::move(findings)) : nullptr;

@@ -27,8 +27,9 @@ class AnalysisBytes {
   /// False where the sink wanted no more.
   static bool write(const TakeAnalysis& analysis, const Sink& sink);
   /// Reads as many bytes as `sizeOf` tells. None where they are not those of an analysis with this
-  /// layout, or damaged, or there are fewer.
-  static std::shared_ptr<const TakeAnalysis> read(const Source& source, const TakeLayout& layout);
+  /// layout, or damaged, or there are fewer. The analysis is one of `file`, all of it.
+  static std::shared_ptr<const TakeAnalysis> read(const Source& source, const TakeLayout& layout,
+                                                  const FileState& file = {});
   /// How many bytes an analysis with this layout takes.
   static std::uint64_t sizeOf(const TakeLayout& layout);
 };

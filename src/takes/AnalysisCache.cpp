@@ -38,14 +38,14 @@ std::span<std::byte> writableBytesOf(std::int64_t& value) {
   return std::as_writable_bytes(std::span(&value, 1));
 }
 
-std::shared_ptr<const TakeAnalysis> readFrom(const FileBytes& file, const TakeLayout& layout) {
+std::shared_ptr<const TakeAnalysis> readFrom(const FileBytes& file, const AnalysisCache::Key& key) {
   std::uint64_t at = kTimeBytes;
   const auto next = [&](std::span<std::byte> bytes) {
     const std::size_t count = file.readAt(at, bytes);
     at += count;
     return count == bytes.size();
   };
-  return AnalysisBytes::read(next, layout);
+  return AnalysisBytes::read(next, key.layout, key.file);
 }
 
 struct Kept {
@@ -66,9 +66,9 @@ std::vector<Kept> listed(const fs::path& folder) {
 
 }  // namespace
 
-AnalysisCache::Key AnalysisCache::Key::of(const WaveFileReader& reader, const fs::path& file) {
+AnalysisCache::Key AnalysisCache::Key::of(const WaveFileReader& reader) {
   const TakeLayout layout(reader.header().SampleRate, reader.frameCount(), reader.isBoMSFormat());
-  return {TakeIdentity::of(reader), FileTime::of(file).modified, layout};
+  return {TakeIdentity::of(reader), reader.fileState(), layout};
 }
 
 AnalysisCache::AnalysisCache(fs::path folder, std::uint64_t mostBytes)
@@ -93,8 +93,9 @@ std::shared_ptr<const TakeAnalysis> AnalysisCache::find(const Key& key) const {
   const bool hasItsSize = file->size() == kTimeBytes + AnalysisBytes::sizeOf(key.layout);
   std::int64_t modified = 0;
   const bool isRead = hasItsSize && file->readAt(0, writableBytesOf(modified)) == kTimeBytes;
-  if (isRead && modified != key.modified) return nullptr;  // the next that is kept takes its place
-  auto found = isRead ? readFrom(*file, key.layout) : nullptr;
+  if (isRead && modified != key.file.modified)
+    return nullptr;  // the next that is kept takes its place
+  auto found = isRead ? readFrom(*file, key) : nullptr;
   std::error_code error;
   if (found) {
     utimensat(AT_FDCWD, path.c_str(), nullptr, 0);  // used now
@@ -112,8 +113,8 @@ bool AnalysisCache::keep(const Key& key, const TakeAnalysis& analysis) const {
   fs::create_directories(_folder, error);
   AtomicFile file(fileOf(key), AtomicFile::Existing::Replace);
   const auto toFile = [&file](std::span<const std::byte> bytes) { return file.write(bytes); };
-  const bool isKept =
-      file.write(bytesOf(key.modified)) && AnalysisBytes::write(analysis, toFile) && file.commit();
+  const bool isKept = file.write(bytesOf(key.file.modified)) &&
+                      AnalysisBytes::write(analysis, toFile) && file.commit();
   if (isKept) makeRoom();
   return isKept;
 }

@@ -23,12 +23,11 @@ class AnalysisCache {
 
   /// What an analysis is of.
   struct Key {
-    std::string take;           ///< its `TakeIdentity`; empty: nothing is kept of it
-    std::int64_t modified = 0;  ///< the file's time of change, in nanoseconds
-    TakeLayout layout;          ///< as the channels are analysed
+    std::string take;   ///< its `TakeIdentity`; empty: nothing is kept of it
+    FileState file;     ///< whose time of change counts
+    TakeLayout layout;  ///< as the channels are analysed
 
-    /// Of a file that is open in `reader`.
-    static Key of(const WaveFileReader& reader, const std::filesystem::path& file);
+    static Key of(const WaveFileReader& reader);
   };
 
   explicit AnalysisCache(std::filesystem::path folder = defaultFolder(),

@@ -47,7 +47,9 @@ std::shared_ptr<const FileBytes> FileBytes::open(const std::filesystem::path& pa
     whyNot = S_ISDIR(status.st_mode) ? errorText(EISDIR) : "Not a regular file";
     return nullptr;
   }
-  file->_size = static_cast<std::uint64_t>(status.st_size);
+  constexpr std::int64_t kSecond = 1'000'000'000;
+  file->_state = {status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
+                  status.st_mtim.tv_sec * kSecond + status.st_mtim.tv_nsec};
   posix_fadvise(descriptor, 0, 0, POSIX_FADV_SEQUENTIAL);
   return file;
 }
@@ -57,8 +59,8 @@ FileBytes::~FileBytes() {
 }
 
 std::size_t FileBytes::readAt(std::uint64_t offset, std::span<std::byte> to) const {
-  if (offset >= _size) return 0;
-  const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(to.size(), _size - offset));
+  if (offset >= size()) return 0;
+  const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(to.size(), size() - offset));
   const ssize_t got = readFully(_file, to.first(count), offset);
   if (got < 0) {
     fail(errorText(errno));

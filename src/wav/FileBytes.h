@@ -10,6 +10,8 @@
 #include <span>
 #include <string>
 
+#include "wav/FileState.h"
+
 /// A regular file that is open for reading, as long as it was when it was opened. Nothing throws.
 ///
 /// Threads: everything from any thread at any time; a read waits for the medium, and so may the
@@ -25,7 +27,9 @@ class FileBytes {
   ~FileBytes();
 
   /// In bytes.
-  [[nodiscard]] std::uint64_t size() const { return _size; }
+  [[nodiscard]] std::uint64_t size() const { return _state.size; }
+  /// As the file was when it was opened.
+  [[nodiscard]] const FileState& state() const { return _state; }
   /// Copies bytes from `offset` on and returns how many, less than asked only at the end or where
   /// reading failed, which `failure` then tells: that of a file that became shorter, too.
   [[nodiscard]] std::size_t readAt(std::uint64_t offset, std::span<std::byte> to) const;
@@ -42,7 +46,7 @@ class FileBytes {
   void fail(const std::string& reason) const;
 
   int _file;
-  std::uint64_t _size = 0;
+  FileState _state;
   mutable std::mutex _mutex;  ///< guards `_failure`
   mutable std::string _failure;
 };

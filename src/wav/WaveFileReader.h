@@ -58,6 +58,8 @@ class WaveFileReader {
   [[nodiscard]] const WavArray& raw() const;
   /// The shared image; null after `dispose`.
   [[nodiscard]] const std::shared_ptr<WaveImage>& image() const { return _image; }
+  /// As the file was when it was opened.
+  [[nodiscard]] FileState fileState() const { return _image ? _image->fileState() : FileState(); }
 
   /// True when the two channels hold raw Mid and Side. Never set by the reader itself.
   [[nodiscard]] bool isBoMSFormat() const { return _isBoMSFormat; }

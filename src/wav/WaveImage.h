@@ -44,6 +44,7 @@ class WaveImage {
   /// Byte count of the whole file.
   [[nodiscard]] std::uint64_t size() const { return _size; }
   [[nodiscard]] bool isInMemory() const { return _file == nullptr; }
+  [[nodiscard]] FileState fileState() const { return _file ? _file->state() : FileState(); }
   /// The whole image where it is in memory; nothing of a file.
   [[nodiscard]] std::span<const std::byte> bytes() const;
   /// The block that holds an image in memory; empty for one of a file.

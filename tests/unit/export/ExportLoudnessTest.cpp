@@ -3,7 +3,9 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <cmath>
+#include <filesystem>
 #include <random>
 #include <vector>
 
@@ -23,6 +25,14 @@ class ExportLoudnessTest : public ExportFixture {
       samples.push_back(value(random));
       samples.push_back(0.4F * value(random));
     }
+    return samples;
+  }
+
+  /// 12 dB apart, with the gate between them.
+  static std::vector<float> loudAndQuiet() {
+    std::vector<float> samples = noise(0.0009F);
+    const std::vector<float> quiet = noise(0.00022F);
+    samples.insert(samples.end(), quiet.begin(), quiet.end());
     return samples;
   }
 
@@ -62,12 +72,22 @@ TEST_F(ExportLoudnessTest, TheTruePeakKeepsTheGainDown) {
 }
 
 TEST_F(ExportLoudnessTest, QuietPartsThatComeOverTheGateCount) {
-  std::vector<float> samples = noise(0.002F);
-  const std::vector<float> quiet = noise(0.0004F);
-  samples.insert(samples.end(), quiet.begin(), quiet.end());
-  Export job(_folder.file("in.wav", recordingFloat(samples, true)));
+  Export job(_folder.file("in.wav", recordingFloat(loudAndQuiet(), true)));
   ASSERT_TRUE(exportTo(job, -30, 0)) << job.failure();
   EXPECT_NEAR(measured().integratedLufs.value_or(0), -30, 1e-3);
+}
+
+TEST_F(ExportLoudnessTest, WhatIsToldIsTheLoudnessThatIsWritten) {
+  const auto path = _folder.file("in.wav", recordingFloat(loudAndQuiet(), true));
+  const TakeFigures plain = analysisOf(path)->at(95, 0);
+  Export job(path);
+  // The quiet part counts at the loudness that is asked for, and not at the one that is left.
+  ASSERT_TRUE(exportTo(job, -30, plain.truePeakDbtp.value_or(0) + 0.5)) << job.failure();
+  const double lowered = job.loudnessGain()->loweredBy();
+  const double told = job.loudnessGain()->lufs().value_or(0);
+  EXPECT_NEAR(told, plain.integratedLufs.value_or(0) + 0.5, 1e-3);
+  EXPECT_NEAR(told, measured().integratedLufs.value_or(0), 1e-3);
+  EXPECT_GT(told, -30 - lowered + 1) << "the gates move";
 }
 
 TEST_F(ExportLoudnessTest, ASilentTakeIsRefusedAndNothingAppears) {
@@ -99,7 +119,7 @@ TEST_F(ExportLoudnessTest, ProgressGoesOnceFromNothingToAll) {
 
 TEST_F(ExportLoudnessTest, NormalisedByAnAnalysisIsNormalisedByAFirstPassToTheLastBit) {
   const Bytes source = recordingFloat(noise(0.3F), true);
-  const auto path = _folder.file("in.wav", source);
+  const auto path = _folder.file("known.wav", source);
   const auto analysis = analysisOf(path);
   for (int width = 0; width <= 150; width += 10) {
     const auto wanted = exportedFloats(source, {width + 0.9, 0, true});
@@ -115,9 +135,32 @@ TEST_F(ExportLoudnessTest, NormalisedByAnAnalysisIsNormalisedByAFirstPassToTheLa
 }
 
 TEST_F(ExportLoudnessTest, AnAnalysisOfSomethingElseIsNotUsed) {
-  const auto other = analysisOf(_folder.file("b.wav", recordingFloat({0.5F, 0.0F}, true)));
-  Export job(_folder.file("in.wav", recordingFloat({0.25F, 0.0F, 0.0F, 0.0F}, true)));
-  job.setAnalysis(other);
+  const Bytes quiet = recordingFloat({0.25F, 0.0F, 0.0F, 0.0F}, true);
+  const Bytes loud = recordingFloat({0.5F, 0.0F, 0.0F, 0.0F}, true);
+  const auto path = _folder.file("in.wav", quiet);
+  const auto firstSample = [&](const std::shared_ptr<const TakeAnalysis>& analysis) {
+    Export job(path);
+    job.setAnalysis(analysis);
+    EXPECT_TRUE(job.export2File(target(), false, true));
+    return ByteView(TemporaryFolder::read(target())).allFloats(kSamples).at(0);
+  };
+  EXPECT_FLOAT_EQ(
+      firstSample(analysisOf(_folder.file("short.wav", recordingFloat({0.5F, 0.0F}, true)))), 1.0F);
+  EXPECT_FLOAT_EQ(firstSample(analysisOf(_folder.file("as-long.wav", loud))), 1.0F);
+
+  _folder.file("in.wav", loud);
+  const auto before = analysisOf(path);
+  _folder.file("in.wav", quiet);
+  std::filesystem::last_write_time(
+      path, std::filesystem::last_write_time(path) + std::chrono::seconds(1));
+  EXPECT_FLOAT_EQ(firstSample(before), 1.0F) << "written to since";
+
+  TakeAnalyzer::Options options;
+  options.firstFrame = 1;
+  Export job(path);
+  job.setRange(FrameRange{0, 1});
+  job.setAnalysis(TakeAnalyzer(*job.reader(), options).wait());
   ASSERT_TRUE(job.export2File(target(), false, true));
-  EXPECT_FLOAT_EQ(ByteView(TemporaryFolder::read(target())).allFloats(kSamples).at(0), 1.0F);
+  EXPECT_FLOAT_EQ(ByteView(TemporaryFolder::read(target())).allFloats(kSamples).at(0), 1.0F)
+      << "another stretch, as long";
 }

@@ -16,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/TakeAnalyzer.h"
 #include "support/Confinement.h"
 #include "support/TemporaryFolder.h"
 #include "takes/AnalysisBytes.h"
@@ -109,7 +110,7 @@ class CacheTest : public testing::Test {
   }
   static AnalysisCache::Key keyOf(const std::string& take, const Analysis& analysis,
                                   std::int64_t modified = 5) {
-    return {take, modified, analysis->layout()};
+    return {take, FileState{.modified = modified}, analysis->layout()};
   }
   [[nodiscard]] std::vector<fs::path> kept() const {
     std::vector<fs::path> files;
@@ -293,13 +294,22 @@ TEST_F(CacheTest, AKeyIsThatOfTheTakeAndItsTimeOfChange) {
       home.file("R0001.WAV", TestTake::file(TestTake::wandering(kRate, 1, 3), kRate));
   const auto reader = WaveFileReader::openFile(path, whyNot);
   ASSERT_TRUE(reader);
-  const auto key = AnalysisCache::Key::of(*reader, path);
+  const auto key = AnalysisCache::Key::of(*reader);
   EXPECT_EQ(key.take.size(), 32U);
   EXPECT_EQ(key.layout.frames(), 48'000U);
   fs::last_write_time(path, fs::last_write_time(path) - std::chrono::seconds(1));
-  const auto later = AnalysisCache::Key::of(*reader, path);
+  const auto changed = WaveFileReader::openFile(path, whyNot);
+  ASSERT_TRUE(changed);
+  const auto later = AnalysisCache::Key::of(*changed);
   EXPECT_EQ(later.take, key.take);
-  EXPECT_EQ(later.modified, key.modified - 1'000'000'000);
+  EXPECT_EQ(later.file.modified, key.file.modified - 1'000'000'000);
+
+  const auto made = TakeAnalyzer(*reader).wait();
+  ASSERT_TRUE(made && cache.keep(key, *made));
+  const auto found = cache.find(key);
+  ASSERT_TRUE(found);
+  EXPECT_TRUE(found->isOf(*reader, 0, 48'000));
+  EXPECT_FALSE(found->isOf(*changed, 0, 48'000));
 }
 
 }  // namespace
