@@ -176,13 +176,14 @@ std::string MeasureCommand::savePlot(const std::string& svg) const {
   return file.write(bytes) && file.commit() ? "" : file.failure();
 }
 
-// A single file is worked on by all processors, several by one each.
+// A single file is worked on by a worker a processor; several by twice as many together, so that
+// the last ones leave fewer of the processors idle.
 TakeAnalyzer::Options MeasureCommand::options(const Export& job) const {
   TakeAnalyzer::Options options;
   options.firstFrame = _stretch.firstFrame(*job.reader());
   options.endFrame = _stretch.endFrame(*job.reader());
   const auto files = static_cast<unsigned>(std::min<std::size_t>(_files.size(), processors()));
-  options.workers = std::max(1U, processors() / files);
+  options.workers = std::clamp(2 * processors() / files, 1U, processors());
   return options;
 }
 
