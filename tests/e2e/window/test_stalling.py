@@ -24,7 +24,7 @@ class StallingTest(SoundingCase):
         self.card = self.home / "card"  # what is really on it
         (self.card / "Bells").mkdir(parents=True)
         self.take("R0001.WAV", noise(RATE * 60, 24), folder=self.card)
-        self.take("R0002.WAV", noise(RATE, 24), folder=self.card)
+        self.take("R0002.WAV", noise(RATE * 20, 24), folder=self.card)
         self.medium = StallingMedium(self.card, self.takes)
         self.medium.__enter__()
         self.addCleanup(self.medium.__exit__)
