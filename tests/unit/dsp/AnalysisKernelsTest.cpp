@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -21,6 +22,9 @@ namespace {
 constexpr std::size_t kCounts = 48;  // frames: several of the widest vectors
 constexpr std::size_t kOffsets = 16;
 constexpr float kFar = std::numeric_limits<float>::infinity();
+
+constexpr std::array kSides{PageEdgeBuffer<float>::Side::Before,
+                            PageEdgeBuffer<float>::Side::After};
 
 class AnalysisKernelsTest : public InstructionSetTest {};
 
@@ -284,8 +288,7 @@ TEST_P(AnalysisKernelsTest, StretchesDoNotMeet) {
 
 TEST_P(AnalysisKernelsTest, NothingOutsideTheBuffersIsRead) {
   const std::vector<float> gains = {0.5F, 1.0F, 1.5F, 2.0F};
-  for (const auto side :
-       {PageEdgeBuffer<float>::Side::Before, PageEdgeBuffer<float>::Side::After}) {
+  for (const auto side : kSides) {
     for (std::size_t count = 1; count <= kCounts; ++count) {
       PageEdgeBuffer<float> frames(2 * count, side);
       std::fill(frames.span().begin(), frames.span().end(), 0.5F);
@@ -301,6 +304,34 @@ TEST_P(AnalysisKernelsTest, NothingOutsideTheBuffersIsRead) {
       const std::span<const float> all = frames.span();
       AnalysisKernels::weigh(KWeighting::forRate(48000), {all, all, all, all}, lanes);
       ASSERT_EQ(lanes.plain[7], 0.25 * static_cast<double>(count));
+    }
+  }
+}
+
+// Frames, gains and peaks, whatever number of gains there is.
+TEST_P(AnalysisKernelsTest, NothingOutsideTheBuffersOfPeaksIsTouched) {
+  for (const auto side : kSides) {
+    for (std::size_t count = 1; count <= kCounts; ++count) {
+      PageEdgeBuffer<float> frames(2 * count, side);
+      PageEdgeBuffer<float> gains(count, side);
+      PageEdgeBuffer<float> left(count, side);
+      PageEdgeBuffer<float> right(count, side);
+      std::fill(frames.span().begin(), frames.span().end(), 0.5F);
+      std::fill(gains.span().begin(), gains.span().end(), 0.5F);
+      AnalysisKernels::raiseMagnitudes(frames.span(), gains.span(), left.span());
+      ASSERT_EQ(left.span().back(), 0.75F);
+      const PeakGate above{gains.span(), left.span(), left.span()};
+      ASSERT_TRUE(AnalysisKernels::areUnder(frames.span(), above));
+      std::fill(left.span().begin(), left.span().end(), 0.0F);
+      const PeakGate below{gains.span(), right.span(), right.span()};
+      ASSERT_FALSE(AnalysisKernels::areUnder(frames.span(), below));
+      PageEdgeBuffer<float> line(count, side);
+      std::fill(line.span().begin(), line.span().end(), 1.0F);
+      line.span().back() = 0.0F;  // it passes at the last gain alone
+      const PeakGate gate{gains.span(), line.span(), line.span()};
+      AnalysisKernels::raisePeaks(frames.span(), gate, gains.span(), left.span(), right.span());
+      ASSERT_EQ(left.span().back(), 0.75F);
+      ASSERT_EQ(right.span().back(), 0.25F);
     }
   }
 }
