@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 //
 // How fast is each kernel of the analysis, and its plain twin, beside memcpy? Stretches of 4800
-// frames, a block of the analysis. The rate counts the bytes of the frames that go in. Then a
-// question to the analysis of an hour.
+// frames, a block of the analysis. The rate counts the bytes of the frames that go in. What one
+// processor gets from memory stands beside them. Then a question to the analysis of an hour.
 
 #include <benchmark/benchmark.h>
 
@@ -21,6 +21,7 @@
 namespace {
 
 constexpr std::size_t kFloats = 9600;
+constexpr std::size_t kFarFloats = std::size_t{16} << 20;  // more than most caches hold
 
 std::vector<float> sound() {
   std::vector<float> frames(kFloats);
@@ -42,16 +43,32 @@ void copyMemory(benchmark::State& state) {
   report(state, kFloats);
 }
 
-// What the memory of the machine gives, where a copy fits no cache.
 void copyFarMemory(benchmark::State& state) {
-  constexpr std::size_t kFar = std::size_t{16} << 20;
-  const std::vector<float> from(kFar, 0.5F);
-  std::vector<float> to(kFar);
+  const std::vector<float> from(kFarFloats, 0.5F);
+  std::vector<float> to(kFarFloats);
   for ([[maybe_unused]] auto iteration : state) {
-    std::memcpy(to.data(), from.data(), kFar * sizeof(float));
+    std::memcpy(to.data(), from.data(), kFarFloats * sizeof(float));
     benchmark::ClobberMemory();
   }
-  report(state, kFar);
+  report(state, kFarFloats);
+}
+
+// By the kernel that does the least with what it reads.
+void readFarMemory(benchmark::State& state) {
+  const std::vector<float> from(kFarFloats, 0.5F);
+  for ([[maybe_unused]] auto iteration : state) {
+    benchmark::DoNotOptimize(AnalysisKernels::areFinite(from));
+  }
+  report(state, kFarFloats);
+}
+
+template <class Set>
+void areFinite(benchmark::State& state) {
+  const auto frames = sound();
+  for ([[maybe_unused]] auto iteration : state) {
+    benchmark::DoNotOptimize(Set::areFinite(frames));
+  }
+  report(state, kFloats);
 }
 
 template <class Set>
@@ -85,6 +102,32 @@ void areUnder(benchmark::State& state) {
     benchmark::DoNotOptimize(Set::areUnder(frames, gate));
   }
   report(state, kFloats);
+}
+
+// At the nodes, of frames that all exceed the gate or all do not.
+template <class Set>
+void raisePeaks(benchmark::State& state, float height) {
+  const auto frames = sound();
+  const std::vector<float> line(WidthGrid::kNodes.size(), height);
+  std::vector<float> left(WidthGrid::kWidths);
+  std::vector<float> right(WidthGrid::kWidths);
+  for ([[maybe_unused]] auto iteration : state) {
+    Set::raisePeaks(frames, {WidthGrid::nodeGains(), line, line}, WidthGrid::sideGains(), left,
+                    right);
+    benchmark::DoNotOptimize(left.data());
+    benchmark::DoNotOptimize(right.data());
+  }
+  report(state, kFloats);
+}
+
+template <class Set>
+void leaveOutPeaks(benchmark::State& state) {
+  raisePeaks<Set>(state, 9.0F);
+}
+
+template <class Set>
+void raiseAllPeaks(benchmark::State& state) {
+  raisePeaks<Set>(state, -1.0F);
 }
 
 template <class Set>
@@ -152,12 +195,20 @@ void waveformOfAnHour(benchmark::State& state) {
 
 BENCHMARK(copyMemory)->Name("memcpy");
 BENCHMARK(copyFarMemory)->Name("memcpy of 64 MiB");
+BENCHMARK(readFarMemory)->Name("read of 64 MiB");
+BENCHMARK_TEMPLATE(areFinite, AnalysisKernels)->Name("areFinite/vector");
+BENCHMARK_TEMPLATE(areFinite, PlainAnalysisKernels)->Name("areFinite/plain");
 BENCHMARK_TEMPLATE(raiseExtremes, AnalysisKernels)->Name("raiseExtremes/vector");
 BENCHMARK_TEMPLATE(raiseExtremes, PlainAnalysisKernels)->Name("raiseExtremes/plain");
 BENCHMARK_TEMPLATE(raiseMagnitudes, AnalysisKernels)->Name("raiseMagnitudes/vector");
 BENCHMARK_TEMPLATE(raiseMagnitudes, PlainAnalysisKernels)->Name("raiseMagnitudes/plain");
 BENCHMARK_TEMPLATE(areUnder, AnalysisKernels)->Name("areUnder/vector");
 BENCHMARK_TEMPLATE(areUnder, PlainAnalysisKernels)->Name("areUnder/plain");
+BENCHMARK_TEMPLATE(leaveOutPeaks, AnalysisKernels)->Name("raisePeaks, no frame passes/vector");
+BENCHMARK_TEMPLATE(leaveOutPeaks, PlainAnalysisKernels)->Name("raisePeaks, no frame passes/plain");
+BENCHMARK_TEMPLATE(raiseAllPeaks, AnalysisKernels)->Name("raisePeaks, every frame passes/vector");
+BENCHMARK_TEMPLATE(raiseAllPeaks, PlainAnalysisKernels)
+    ->Name("raisePeaks, every frame passes/plain");
 BENCHMARK_TEMPLATE(interpolate, AnalysisKernels)->Name("interpolate/vector");
 BENCHMARK_TEMPLATE(interpolate, PlainAnalysisKernels)->Name("interpolate/plain");
 BENCHMARK_TEMPLATE(weigh, AnalysisKernels)->Name("weigh/vector");
