@@ -24,6 +24,7 @@ struct TakeFigures {
   /// analysed by itself.
   bool arePeaksBounds = false;
 
-  /// Whether a 24-bit file clips.
+  /// Whether a 24-bit file clips. Where on the take, its waveform tells: `mayClip` of a column, and
+  /// `WaveformTruth` for sure.
   [[nodiscard]] bool isOverFullScale() const { return peakLeft > 1.0 || peakRight > 1.0; }
 };
