@@ -269,6 +269,16 @@ TEST_F(Layout, InASmallWindowTheStageIsScrolledAndNothingIsOutOfReach) {
   EXPECT_EQ(stage().lblLevelValue->visibleRegion().boundingRect(), stage().lblLevelValue->rect());
 }
 
+TEST_F(Layout, InTheSmallestWindowAllIsInReach) {
+  startOnTakes();
+  const QSize least = view().minimumSizeHint();
+  EXPECT_LE(least.width(), 900);
+  EXPECT_LE(least.height(), 560);
+  end();
+  startAs(least);
+  expectAllTabStopsInReach();
+}
+
 TEST_F(Layout, WindowThatIsOnlyLowIsScrolledOnlyDownward) {
   startAs({1050, 560});
   expectWholeAroundStage();

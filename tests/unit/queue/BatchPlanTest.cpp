@@ -51,6 +51,14 @@ class BatchPlanTest : public testing::Test {
   TemporaryFolder _folder;
 };
 
+TEST_F(BatchPlanTest, NamesThatAreNoTextAreKeptToTheByte) {
+  const BatchPlan plan =
+      this->plan(wish({take("R\xFF"
+                            "1.WAV")}));
+  EXPECT_THAT(targets(plan), ElementsAre("R\xFF"
+                                         "1_Decode.WAV"));
+}
+
 TEST_F(BatchPlanTest, TakesAreExportedBesideThemAllAlike) {
   BatchWish wish = this->wish({take("a.WAV"), take("Bells/b.WAV", 2000)});
   wish.how.gain = 6;

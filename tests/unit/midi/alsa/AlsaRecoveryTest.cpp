@@ -8,7 +8,9 @@
 #include <alsa/asoundlib.h>
 #include <sys/syscall.h>
 
+#include <array>
 #include <cerrno>
+#include <string>
 
 #include "recorder-sim/RawDeviceEnd.h"
 #include "recorder-sim/SequencerEnd.h"
@@ -244,20 +246,36 @@ TEST_F(SequencerEndTest, AReadErrorThatStaysPullsTheRecorderOutAndIsNotReadForEv
   EXPECT_EQ(pluggedIn, 2);
 }
 
-/// Its end at a device file; this one can be opened and takes nothing.
-TEST(RawDeviceEndTest, WhatCannotBeWrittenIsALineAndInARowNoMore) {
+class RawDeviceEndTest : public testing::Test {
+ protected:
+  void TearDown() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
   int argc = 1;
-  char name[] = "test";
-  char* argv[] = {name, nullptr};
-  const QCoreApplication application(argc, argv);
+  std::string name = "test";
+  std::array<char*, 2> argv{name.data(), nullptr};
+  const QCoreApplication application{argc, argv.data()};
   const LogLines log;
-  {
-    RawDeviceEnd end("/dev/full", RawDeviceEnd::Content::Bytes, {[] {}, [] {}, {}});
-    ASSERT_EQ(end.plugIn(), "");
-    for (int i = 0; i < 2; ++i) end.transmit(std::vector<std::uint8_t>{0xF0, 0x52, 0xF7});
-  }
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+};
+
+/// A device file that can be opened and takes nothing.
+TEST_F(RawDeviceEndTest, WhatCannotBeWrittenIsALineAndInARowNoMore) {
+  RawDeviceEnd end("/dev/full", RawDeviceEnd::Content::Bytes, {[] {}, [] {}, {}});
+  ASSERT_EQ(end.plugIn(), "");
+  for (int i = 0; i < 2; ++i) end.transmit(std::vector<std::uint8_t>{0xF0, 0x52, 0xF7});
   EXPECT_THAT(log.get(), ElementsAre("What the recorder sends is lost (No space left on device)."));
+}
+
+/// One that says that there is something, and fails to give it.
+TEST_F(RawDeviceEndTest, AReadErrorThatStaysPullsTheRecorderOutAndIsNotReadForEver) {
+  int pluggedIn = 0;
+  int pulledOut = 0;
+  RawDeviceEnd end("/proc/self/mem", RawDeviceEnd::Content::Bytes,
+                   {[&] { ++pluggedIn; }, [&] { ++pulledOut; }, {}});
+  ASSERT_EQ(end.plugIn(), "");
+  ASSERT_TRUE(EventLoop::runUntil([&] { return pulledOut == 1; }));
+  for (int i = 0; i < 100; ++i) QCoreApplication::processEvents();
+  EXPECT_EQ(pluggedIn, 1);
+  EXPECT_EQ(pulledOut, 1);
 }
 
 }  // namespace
