@@ -158,11 +158,11 @@ TEST(OddTakesTest, EnormousNumbers) {
 
 // What the sums of 50 ms hold in 32 bits.
 TEST(OddTakesTest, LoudnessGoesUpToNumbersPastWhatAnythingRecords) {
-  constexpr std::uint32_t kRecorderRate = 48000;
+  constexpr std::uint32_t kToneRate = 48000;
   const auto at = [](double power) {
     Frames frames;
-    TestTake::addSine(frames, kRecorderRate, 4, 20 * power);
-    return TestTake::analyse(frames, kRecorderRate, false)->at(120, 0);
+    TestTake::addSine(frames, kToneRate, 4, 20 * power);
+    return TestTake::analyse(frames, kToneRate, false)->at(120, 0);
   };
   EXPECT_NEAR(at(17).integratedLufs.value_or(0), 340, 0.1);
   EXPECT_NEAR(at(17).shortTermMaxLufs.value_or(0), 340, 0.1);

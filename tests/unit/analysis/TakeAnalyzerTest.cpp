@@ -378,8 +378,8 @@ TEST_F(TakeAnalyzerTest, MemoryOfAPassIsNoMoreThanItTells) {
 }
 
 TEST_F(TakeAnalyzerTest, MemoryOfAllWorkersIsNoMoreThanTheyMayHold) {
-  constexpr std::uint32_t kRate = 192000;
-  const auto reader = openFile(units(32, kRate), kRate);
+  constexpr std::uint32_t kHighRate = 192000;
+  const auto reader = openFile(units(32, kHighRate), kHighRate);
   HeldMemory::watch();
   TakeAnalyzer analyzer(*reader, workers(kManyWorkers));
   const auto got = analyzer.wait();
