@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int kLeastWidth = 318;
+constexpr int kLeastWidth = 240;
 constexpr int kLeastBarHeight = 34;
 
 }  // namespace

@@ -22,6 +22,8 @@ constexpr QSize kToggle{30, 24};
 constexpr int kHeader = 42;
 constexpr int kByStage = 5;
 constexpr int kLeastWaveform = 64;
+constexpr int kVolume = 110;
+constexpr int kLeastVolume = 50;  // in a window that is smaller than it should be
 
 }  // namespace
 
@@ -43,7 +45,7 @@ PlayerView::PlayerView(QWidget* parent) : QWidget(parent) {
 
 QLayout* PlayerView::makeHeader() {
   lblFileName = MainViewParts::label<ElidedLabel>(this, "title");
-  lblFormat = MainViewParts::label(this, "dim");
+  lblFormat = MainViewParts::label<ElidedLabel>(this, "dim");
   auto* const words = new QVBoxLayout;
   words->setContentsMargins(0, 2, 0, 0);
   words->setSpacing(2);
@@ -103,13 +105,14 @@ QLayout* PlayerView::makeVolume() {
   sliderVolume = new Slider(this);
   sliderVolume->setAccessibleName(tr("Volume"));
   sliderVolume->setToolTip(tr("Volume of what you hear; an export keeps its level"));
-  sliderVolume->setFixedWidth(110);
+  sliderVolume->setMinimumWidth(kLeastVolume);
+  sliderVolume->setMaximumWidth(kVolume);
   auto* const volume = new QHBoxLayout;
   volume->setContentsMargins(0, 0, 0, 0);
   volume->setSpacing(4);
   volume->addWidget(btnVolume);
-  volume->addWidget(sliderVolume);
-  volume->addStretch();
+  volume->addWidget(sliderVolume, kVolume);
+  volume->addStretch(1);
   return volume;
 }
 

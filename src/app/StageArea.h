@@ -16,7 +16,7 @@ class StageArea : public QScrollArea {
 
   /// The stage's own; never higher.
   [[nodiscard]] QSize sizeHint() const override;
-  [[nodiscard]] QSize minimumSizeHint() const override { return {320, 160}; }
+  [[nodiscard]] QSize minimumSizeHint() const override { return {280, 112}; }
 
  protected:
   bool event(QEvent* event) override;
