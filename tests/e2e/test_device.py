@@ -71,15 +71,15 @@ class StatusTest(DeviceCase):
         for result, step in zip(results, steps.values(), strict=True):
             record = json.loads(result.stdout)
             self.assertEqual(record["step"], step)
-            self.assertTrue(record["connected"])
+            self.assertFalse(record["connected"])
             known = sum(record[key] is not None for key in KEYS[1:-1])
             self.assertEqual(known, {2: 0, 4: 2, 6: 2, 8: 2, 10: 6, 12: 7, 14: 8}[step])
             self.assertIn(f"(step {step})", result.stderr)
 
     def test_text_of_a_handshake_that_stops(self):
         result = self.device(1, "--wait", "4", words="garbage@battery")
-        self.assertEqual(result.stdout, "".join(TEXT.splitlines(True)[:5]) +
-                         "Stopped at step: 10 (battery type)\n")
+        self.assertEqual(result.stdout, "Recorder:        does not answer\n" +
+                         "".join(TEXT.splitlines(True)[1:5]) + "Stopped at step: 10 (battery type)\n")
         self.assertEqual(result.stderr, "mixdeck-cli: The recorder does not answer: battery type "
                                         "(step 10). Plug it in again.\n")
 
@@ -97,6 +97,14 @@ class StatusTest(DeviceCase):
         self.assertEqual(json.loads(result.stdout), NO_RECORDER | {"step": 8})
         self.assertIn("unplugged", result.stderr)
         self.assertEqual(self.json_of(0, words="disappear@card,behave@3,plug@3.1"), RECORD)
+
+    def test_a_wait_in_hours_minutes_and_seconds(self):
+        begin = time.monotonic()
+        self.device(1, "--wait", "0:00:01", words="unplugged", out="")
+        self.assertGreater(time.monotonic() - begin, 0.9)
+        self.assertEqual(self.json_of(0, "--wait", "0:00:06", words="unplugged,plug@1"), RECORD)
+        self.assertEqual(self.json_of(0, "--wait", "0:06", words="unplugged,plug@1"), RECORD)
+        self.assertEqual(self.json_of(1, "--wait", "0:00:00.5", words="unplugged,plug@3"), NO_RECORDER)
 
     def test_too_little_time(self):
         result = self.device(1, "--wait", "0.1", out="")
@@ -123,6 +131,7 @@ class SettingTest(DeviceCase):
         self.assertEqual(answer, {"connected": False, "battery_type": 1, "acknowledged": False})
         result = self.device(1, "set-battery", "1", "--wait", "4", words="silent@card", out="")
         self.assertIn("(step 8)", result.stderr)
+        self.assertEqual(self.json_of(1, "set-battery", "1", words="silent@start"), answer)
 
     def test_values_that_the_recorder_does_not_know(self):
         for value in ("4", "-1", "two", "256", "", "1.0", "01"):
@@ -208,14 +217,24 @@ class WatchTest(FollowingCase):
                    "--simulate=silent@card,unplug@7,behave@7,plug@7.1")
         records = [json.loads(self.line()) for _ in range(3)]
         self.assertEqual([record["step"] for record in records], [8, None, None])
+        self.assertEqual([record["connected"] for record in records], [False, False, True])
         self.assertEqual(records[1:], [NO_RECORDER, RECORD])
         self.assertEqual(self.interrupt(signal.SIGINT), "")
 
     def test_a_report_does_not_complete_a_handshake_that_timed_out(self):
         self.start("watch", "--json", "--simulate=silent@start,report@6,unplug@6.5")
         records = [json.loads(self.line()) for _ in range(2)]
-        self.assertEqual(records[0]["step"], 4)
+        self.assertEqual(records[0], NO_RECORDER | {"device_id": "10203040", "firmware": "1.00",
+                                                    "step": 4})
         self.assertEqual(records[1], NO_RECORDER)
+        self.assertEqual(self.interrupt(signal.SIGINT), "")
+
+    def test_a_handshake_that_comes_to_its_end_after_it_was_given_up(self):
+        self.start("watch", "--json", "--wait", "2", "--simulate=slow@card")
+        records = [json.loads(self.line()) for _ in range(2)]
+        self.assertEqual([record["step"] for record in records], [8, None])
+        self.assertFalse(records[0]["connected"])
+        self.assertEqual(records[1], RECORD)
         self.assertEqual(self.interrupt(signal.SIGINT), "")
 
     def test_a_wait_for_a_recorder(self):

@@ -33,11 +33,13 @@ DeviceReport::DeviceReport(std::int64_t step) : _lines({{"Recorder", "not connec
   if (step != 0) _json["step"] = step;
 }
 
-// A step waits for its answer, so what it asks for is known from the next one on.
+// A step waits for its answer, so what it asks for is known from the next one on. Connected is, as
+// in the window, only a recorder that has answered everything.
 DeviceReport::DeviceReport(const TARNDeviceInfo& info, std::int64_t step) : DeviceReport() {
   const auto isKnown = [step](std::int64_t after) { return step == 0 || step > after; };
   _lines.clear();
-  add("connected", true, "Recorder", "connected");
+  const bool isWhole = step == 0;
+  add("connected", isWhole, "Recorder", isWhole ? "connected" : "does not answer");
   if (isKnown(2)) {
     add("device_id", DeviceText::deviceId(info), "Identity", DeviceText::deviceId(info));
     const std::string version = DeviceText::firmware(info);

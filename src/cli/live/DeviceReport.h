@@ -18,7 +18,8 @@ class DeviceReport {
 
   /// Of no recorder; one that was there was last asked in `step`, if not 0.
   explicit DeviceReport(std::int64_t step = 0);
-  /// Of a handshake that waits in `step`, or came to its end: 0.
+  /// Of a handshake that came to its end: 0. Of one that waits in `step` what was answered so far,
+  /// and that there is no connection.
   DeviceReport(const TARNDeviceInfo& info, std::int64_t step);
 
   /// Name and value of each line.

@@ -23,7 +23,7 @@ void DeviceSettingTask::onRecord() {
 }
 
 void DeviceSettingTask::onStopped(std::int64_t step) {
-  showJson(true, false);
+  showJson(false, false);
   fail(noAnswer(step));
 }
 

@@ -60,11 +60,12 @@ void DeviceTask::connected() {
   onConnected();
 }
 
-// A handshake that was given up may come to its end all the same; nobody waits for it any more.
+// A handshake that was given up may come to its end all the same; only who goes on still waits.
 void DeviceTask::recordChanged() {
-  if (_phase == Phase::Asking) {
+  const bool goesOn = length() == Length::UntilInterrupted;
+  if (_phase == Phase::Asking || (_phase == Phase::Stopped && goesOn)) {
     _phase = Phase::Ready;
-    if (length() == Length::UntilInterrupted) _deadline = QDeadlineTimer(QDeadlineTimer::Forever);
+    if (goesOn) _deadline = QDeadlineTimer(QDeadlineTimer::Forever);
   }
   if (_phase == Phase::Ready) onRecord();
 }

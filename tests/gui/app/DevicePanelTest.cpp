@@ -172,6 +172,16 @@ TEST_F(DevicePanel, ComesBackAfterAHandshakeThatStoppedHalfWay) {
   EXPECT_EQ(view().device->lblConnect->text(), "Connected");
 }
 
+TEST_F(DevicePanel, AnAnswerAfterTheHandshakeTimedOutConnectsNobody) {
+  startOnTakes();
+  link.recorder().misbehave(RecorderRequest::Identity, RecorderFault::Slow);
+  plugIn();
+  midiClock->advance(10.0);
+  link.recorder().reportCard();
+  midiClock->advance(0.5);
+  expectDisconnected();
+}
+
 TEST_F(DevicePanel, CoversOpenTheNoDeviceDialog) {
   startOnTakes();
   for (QPushButton* const cover :

@@ -9,6 +9,7 @@ namespace {
 
 using testing::HasSubstr;
 using testing::Not;
+using testing::StartsWith;
 
 TARNDeviceInfo record() {
   TARNDeviceInfo info;
@@ -67,7 +68,9 @@ TEST(DeviceReport, TellsOnlyWhatIsKnownInAStep) {
     for (std::size_t line = 0; line < 6; ++line) {
       EXPECT_EQ(report.text().find(kUnknown[line]) != std::string::npos, line < kLines[i]) << step;
     }
+    EXPECT_THAT(report.text(), StartsWith("Recorder:        does not answer\n"));
     EXPECT_THAT(report.text(), HasSubstr(kUnknown[6] + std::to_string(step) + " ("));
+    EXPECT_THAT(report.json(), StartsWith(R"({"connected":false,)"));
     EXPECT_THAT(report.json(), HasSubstr("\"step\":" + std::to_string(step) + "}"));
   }
 }
