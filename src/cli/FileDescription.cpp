@@ -55,6 +55,13 @@ FileDescription::FileDescription(const std::filesystem::path& path) {
   _json["duration_seconds"] = _reader ? _reader->durationSeconds() : 0.0;
   _json["frames"] = _reader ? _reader->frameCount() : 0;
   _json["sample_rate"] = _reader ? _reader->header().SampleRate : 0;
+  const std::string told = warning();
+  _json["warning"] = told.empty() ? ordered_json() : ordered_json(told);
+}
+
+// What is no recording of the recorder has a reason in its place.
+std::string FileDescription::warning() const {
+  return isReadable() && isRecording() ? audioWarning(*_reader) : "";
 }
 
 void FileDescription::describeChunks() {
@@ -85,8 +92,7 @@ std::string FileDescription::text() const {
   if (header.isLong())
     text +=
         fmt::format("  {}, with 64-bit sizes\n", WaveDescription::identifierText(header.ChunkID));
-  const std::string warning = isRecording() ? audioWarning(*_reader) : "";
-  if (!warning.empty()) text += fmt::format("  {}\n", warning);
+  if (!_json["warning"].is_null()) text += fmt::format("  {}\n", warning());
   text += chunkLines();
   for (const auto& [name, value] : _json["bext"].items()) {
     const std::string shown = value.is_string() ? value.get<std::string>() : value.dump();

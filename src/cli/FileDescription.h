@@ -18,7 +18,8 @@ class FileDescription {
   /// Whether it is one of the recorder's; the key reason tells why not.
   [[nodiscard]] bool isRecording() const { return _json["recorder"].get<bool>(); }
   /// Keys: path, valid, recorder, raw_ms, reason, header, chunks, bext (null without one),
-  /// duration_seconds, frames (whole ones that can be read), sample_rate.
+  /// duration_seconds, frames (whole ones that can be read), sample_rate, warning (null without
+  /// one).
   [[nodiscard]] const nlohmann::ordered_json& json() const { return _json; }
   /// The same over several lines, with what a listener should know, but without the reason; empty
   /// where the file cannot be read.
@@ -33,6 +34,7 @@ class FileDescription {
 
  private:
   void describeChunks();
+  [[nodiscard]] std::string warning() const;
   void describeBext();
   [[nodiscard]] std::string chunkLines() const;
 

@@ -61,7 +61,7 @@ TEST_F(FileDescriptionTest, HasAllKeysInOrder) {
   EXPECT_TRUE(file.isReadable());
   EXPECT_EQ(keysOf(file.json()),
             (Names{"path", "valid", "recorder", "raw_ms", "reason", "header", "chunks", "bext",
-                   "duration_seconds", "frames", "sample_rate"}));
+                   "duration_seconds", "frames", "sample_rate", "warning"}));
   EXPECT_EQ(keysOf(file.json()["header"]),
             (Names{"ChunkID", "ChunkSize", "Format", "Subchunk1ID", "Subchunk1Size", "AudioFormat",
                    "NumChannels", "SampleRate", "ByteRate", "BlockAlign", "BitsPerSample",
@@ -214,6 +214,19 @@ TEST_F(FileDescriptionTest, WarnsOfMissingAudio) {
   // The end of such a chunk wraps around 32 bits, to before its start.
   EXPECT_EQ(warning(0xFFFFFFFF, 12),
             "No audio: the data chunk states 4294967295 bytes, the file holds 12 after it");
+}
+
+TEST_F(FileDescriptionTest, HasTheWarningOfARecordingAlone) {
+  const auto described = [this](const Bytes& bytes) {
+    return FileDescription(_folder.file("in.wav", bytes));
+  };
+  EXPECT_TRUE(described(cut(12, 12)).json()["warning"].is_null());
+  EXPECT_EQ(described(cut(13, 12)).json()["warning"], warning(13, 12));
+  EXPECT_THAT(described(cut(13, 12)).text(), HasSubstr("  " + warning(13, 12) + "\n"));
+  const FileDescription foreign = describe(WaveBytes().format24().chunk("data", 13, Bytes(12)));
+  EXPECT_EQ(foreign.json()["recorder"], false);
+  EXPECT_TRUE(foreign.json()["warning"].is_null());
+  EXPECT_TRUE(FileDescription(_folder.path() / "none.wav").json()["warning"].is_null());
 }
 
 TEST_F(FileDescriptionTest, AdvisesToSalvageWhatBrokeOffAlone) {
