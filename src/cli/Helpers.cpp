@@ -3,7 +3,7 @@
 
 #include "cli/Helpers.h"
 
-#include <system_error>
+#include <exception>
 #include <thread>
 #include <vector>
 
@@ -11,7 +11,7 @@ void Helpers::run(std::size_t threads, const std::function<void()>& work) {
   std::vector<std::jthread> helpers;
   try {
     while (helpers.size() + 1 < threads) helpers.emplace_back(work);
-  } catch (const std::system_error&) {  // what they would have done, the others do
+  } catch (const std::exception&) {  // what they would have done, the others do
   }
   work();
 }

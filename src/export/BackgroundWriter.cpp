@@ -3,7 +3,7 @@
 
 #include "export/BackgroundWriter.h"
 
-#include <system_error>
+#include <exception>
 #include <utility>
 
 BackgroundWriter::~BackgroundWriter() {
@@ -23,7 +23,7 @@ bool BackgroundWriter::startOnce() {
   if (_thread.joinable()) return true;
   try {
     _thread = std::thread(&BackgroundWriter::run, this);
-  } catch (const std::system_error&) {
+  } catch (const std::exception&) {
     return false;  // asked for again with the next block, as there may be one by then
   }
   return true;

@@ -8,7 +8,6 @@
 #include <exception>
 #include <span>
 #include <string>
-#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -32,7 +31,7 @@ std::optional<float> PeakPass::run(const std::atomic<bool>* cancel, const Report
     std::vector<std::jthread> helpers;
     try {
       while (helpers.size() + 1 < threads) helpers.emplace_back([this] { work({}); });
-    } catch (const std::system_error&) {  // what they would have done, this one does
+    } catch (const std::exception&) {  // what they would have done, this one does
     }
     work(report);
   }

@@ -89,7 +89,7 @@ void FolderLister::start() {
     std::thread([desk = _desk, look = _look, question = _question] {
       desk->put(guarded(look, question));
     }).detach();
-  } catch (const std::system_error&) {
+  } catch (const std::exception&) {  // no thread, or no memory for one
     _desk->put(withoutLooking(_question));
   }
 }

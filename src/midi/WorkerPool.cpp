@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -52,8 +51,8 @@ std::string WorkerPool::addThread() {
     _startThread([this] { work(); });
     ++_threads;
     return {};
-  } catch (const std::system_error& error) {
-    return error.what();
+  } catch (const std::exception& error) {  // no thread, or no memory for one
+    return reasonOf(error);
   }
 }
 

@@ -4,7 +4,6 @@
 #include "queue/ExportWorker.h"
 
 #include <exception>
-#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -51,8 +50,8 @@ ExportWorker::ExportWorker(const ExportOrder& order, const Work& work, const Tol
     std::thread([shared = _shared, order, work] {
       shared->end(guarded(work, order, shared->control));
     }).detach();
-  } catch (const std::system_error& error) {
-    _shared->end({End::Failed, error.what()});
+  } catch (const std::exception& error) {  // no thread, or no memory for one
+    _shared->end({End::Failed, reasonOf(error)});
   }
 }
 

@@ -8,8 +8,8 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <exception>
 #include <new>
-#include <system_error>
 
 namespace {
 
@@ -34,7 +34,7 @@ void BlocksAhead::start() {
   _threads.reserve(wanted);
   try {
     while (_threads.size() < wanted) _threads.emplace_back([this] { run(); });
-  } catch (const std::system_error&) {
+  } catch (const std::exception&) {
     return;  // those that are there do
   }
 }

@@ -4,8 +4,8 @@
 #include "midi/alsa/AlsaClosing.h"
 
 #include <condition_variable>
+#include <exception>
 #include <mutex>
-#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -36,7 +36,7 @@ void AlsaClosing::begin(std::unique_ptr<AlsaSequencer> sequencer) {
   };
   try {
     std::thread(end).detach();
-  } catch (const std::system_error&) {
+  } catch (const std::exception&) {  // no thread, or no memory for one
     end();
   }
 }

@@ -6,9 +6,10 @@
 #include <fmt/format.h>
 #include <pulse/version.h>
 
+#include <exception>
 #include <string>
-#include <system_error>
 
+#include "base/ErrorReason.h"
 #include "playback/pulse/PulseConnection.h"
 #include "playback/pulse/PulseControls.h"
 
@@ -41,9 +42,8 @@ void PulseOutput::start() {
   if (_thread.joinable() || _controls->isLost.load()) return wake();
   try {
     _thread = std::thread([this] { _connection->run(); });
-  } catch (const std::system_error& error) {
-    const std::string reason = error.code().message();
-    _controls->lose(fmt::format("The sound output could not be started ({}).", reason));
+  } catch (const std::exception& error) {  // no thread, or no memory for one
+    _controls->lose(fmt::format("The sound output could not be started ({}).", reasonOf(error)));
   }
 }
 

@@ -8,8 +8,10 @@
 
 #include <atomic>
 #include <cerrno>
+#include <functional>
 
 #include "support/Confinement.h"
+#include "support/RefusedCopy.h"
 
 namespace {
 
@@ -32,6 +34,15 @@ TEST(HelpersTest, TheCallerDoesItWhereNoThreadCanBeStarted) {
               return done == 1 ? 0 : 2;
             }),
             0);
+}
+
+TEST(HelpersTest, TheCallerDoesItWhereThereIsNoMemoryForAThread) {
+  const RefusedCopy memory;
+  std::atomic<int> done{0};
+  const std::function<void()> work = [memory, &done] { ++done; };
+  memory.refuse();
+  Helpers::run(4, work);
+  EXPECT_EQ(done, 1);
 }
 
 }  // namespace

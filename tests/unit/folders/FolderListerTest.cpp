@@ -20,6 +20,7 @@
 #include "support/Confinement.h"
 #include "support/CoreApplication.h"
 #include "support/EventLoop.h"
+#include "support/RefusedCopy.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -132,6 +133,18 @@ TEST_F(Lister, WithoutAThreadNobodyLooksHere) {
   for (const bool isKnown : {false, true}) {
     EXPECT_EQ(Confinement::run([&] { return listWithoutThreads(folder.path(), isKnown); }), 0);
   }
+}
+
+TEST_F(Lister, WithoutMemoryForAThreadNobodyLooksHere) {
+  const RefusedCopy memory;
+  FolderLister poor(tell, [memory](const FolderLister::Question& question) {
+    return FolderLister::answerTo(question);
+  });
+  memory.refuse();
+  poor.list(about(folder));
+  EXPECT_TRUE(answers.empty());
+  ASSERT_TRUE(EventLoop::runUntil([this] { return !answers.empty(); }));
+  EXPECT_EQ(answers.back().listing->failure(), "no thread can be had");
 }
 
 TEST_F(Lister, WhereMemoryRunsOutTheFolderCannotBeRead) {

@@ -33,6 +33,13 @@ TEST_F(WorkerPoolTest, WithoutAnyThreadATaskIsRefusedWithTheReason) {
   EXPECT_FALSE(isRun);
 }
 
+TEST(WorkerPool, WithoutMemoryForAThreadATaskIsRefusedWithTheReason) {
+  WorkerPool pool([](const std::function<void()>&) { throw std::bad_alloc(); });
+  bool isRun = false;
+  EXPECT_EQ(pool.start([&isRun] { isRun = true; }), "There is not enough memory");
+  EXPECT_FALSE(isRun);
+}
+
 TEST_F(WorkerPoolTest, IsTriedAgainWithTheNextTask) {
   EXPECT_NE(pool.start([] {}), "");
   allowed = 1;

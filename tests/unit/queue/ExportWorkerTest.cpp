@@ -18,6 +18,7 @@
 #include "export/Export.h"
 #include "support/Confinement.h"
 #include "support/LongTake.h"
+#include "support/RefusedCopy.h"
 #include "support/TemporaryFolder.h"
 #include "support/WaveBytes.h"
 
@@ -93,6 +94,20 @@ TEST_F(ExportWorkerTest, AThreadThatIsRefusedIsAFailureWithAReason) {
   });
   EXPECT_EQ(status, 0);
   EXPECT_FALSE(std::filesystem::exists(order.target));
+}
+
+TEST_F(ExportWorkerTest, NoMemoryForAThreadIsAFailureThatIsToldOnce) {
+  const RefusedCopy memory;
+  const ExportWorker::Work work = [memory](const ExportOrder&, ExportWorker::Control&) {
+    return ExportResult{End::Written, {}};
+  };
+  int ends = 0;
+  memory.refuse();
+  const ExportWorker worker(order("in.wav"), work, [&ends] { ++ends; });
+  ASSERT_TRUE(worker.isFinished());
+  EXPECT_EQ(End::Failed, worker.result().end);
+  EXPECT_EQ("There is not enough memory", worker.result().failure);
+  EXPECT_EQ(1, ends);
 }
 
 TEST_F(ExportWorkerTest, KeepsTheMetadataWhereThatIsOrdered) {
