@@ -5,6 +5,6 @@
 #include <string>
 #include <string_view>
 
-/// UTF-8 text out of a file or file name made safe for a terminal: each control character as
-/// "\xNN", "\r" or "\n", everything else as it is.
+/// UTF-8 text out of a file or file name made safe for a terminal: each control character, and each
+/// byte that is no UTF-8, as "\xNN", "\r" or "\n", everything else as it is.
 std::string printable(std::string_view text);
