@@ -12,6 +12,7 @@
 
 namespace {
 
+constexpr std::string_view kDropped = "The file was dropped before it was saved";
 constexpr std::uint32_t kJunkSize = 28;
 constexpr std::uint32_t kFormatSize = 18;
 constexpr std::size_t kStreamBlock = 1 << 20;
@@ -112,10 +113,8 @@ void BwfWriter::appendFormat(const WaveHeader& source, bool is24bit) {
 
 bool BwfWriter::streamTo(const std::filesystem::path& path, AtomicFile::Existing existing,
                          std::uint64_t expectedSize) {
-  if (_dataLength > 0) {
-    _failure = "Sample bytes have been written already";
-    return false;
-  }
+  _failure = whyNotStreamed();
+  if (!_failure.empty()) return false;
   _stream = std::make_unique<AtomicFile>(path, existing);
   _streamPath = path;
   _data.reserve(kRoom);
@@ -182,9 +181,13 @@ void BwfWriter::FixUpChunkSizes() {
   }
 }
 
-// Empty where nothing stands against it.
+std::string_view BwfWriter::whyNotStreamed() const {
+  if (_isDisposed) return kDropped;
+  return _dataLength > 0 ? "Sample bytes have been written already" : "";
+}
+
 std::string_view BwfWriter::whyNotSaved(const std::filesystem::path& path) const {
-  if (_isDisposed) return "The file was dropped before it was saved";
+  if (_isDisposed) return kDropped;
   if (_streamPath.empty()) return "";
   if (!_stream) return "The file has been saved already";
   return path == _streamPath ? "" : "The file was written for another place";

@@ -38,8 +38,8 @@ class BwfWriter {
   static std::uint64_t fileSize(std::string_view codingHistory, std::uint64_t sampleBytes);
 
   /// Opens the temporary file of `path` and sends all bytes there from now on. `expectedSize` bytes
-  /// have to be free. False, with `failure` set, when that is not to be had, or when sample bytes
-  /// have been written already; those stay where they are.
+  /// have to be free. False, with `failure` set, when that is not to be had, when sample bytes have
+  /// been written already (those stay where they are), or after `dispose`.
   bool streamTo(const std::filesystem::path& path, AtomicFile::Existing existing,
                 std::uint64_t expectedSize);
 
@@ -83,6 +83,8 @@ class BwfWriter {
   void patch(std::uint32_t position, std::span<const std::byte> bytes);
   void sendOut();
   void finishSending();
+  /// Empty where nothing stands against it.
+  [[nodiscard]] std::string_view whyNotStreamed() const;
   [[nodiscard]] std::string_view whyNotSaved(const std::filesystem::path& path) const;
 
   RawBytes _data;

@@ -117,6 +117,19 @@ TEST_F(BwfWriterStreamTest, LeavesNothingBehindOnDispose) {
   EXPECT_THAT(_folder.names(), IsEmpty());
 }
 
+TEST_F(BwfWriterStreamTest, RefusesAStreamAfterDispose) {
+  for (const bool wasStreamed : {false, true}) {
+    BwfWriter writer = makeWriter();
+    if (wasStreamed) {
+      ASSERT_TRUE(writer.streamTo(_folder.path() / "out.wav", kReplace, 0));
+    }
+    writer.dispose();
+    EXPECT_FALSE(writer.streamTo(_folder.path() / "out.wav", kReplace, 0));
+    EXPECT_EQ(writer.failure(), "The file was dropped before it was saved");
+    EXPECT_THAT(_folder.names(), IsEmpty());
+  }
+}
+
 TEST_F(BwfWriterStreamTest, SavesAStreamOnceAndOnlyToItsOwnPath) {
   BwfWriter writer = makeWriter();
   ASSERT_TRUE(writer.streamTo(_folder.path() / "out.wav", kReplace, 0));
