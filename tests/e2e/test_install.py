@@ -27,6 +27,12 @@ def manual_of(program):
             f"share/fish/vendor_completions.d/{program}.fish"}
 
 
+def cached(name):
+    """What the build was configured with."""
+    text = Path(BUILD, "CMakeCache.txt").read_text()
+    return re.search(rf"(?m)^{name}:\w+=(.*)$", text)[1]
+
+
 class InstallTest(Case):
     def install(self, name="prefix", component=None):
         prefix = Path(self.path(name))
@@ -99,7 +105,9 @@ class InstallTest(Case):
             self.assertTrue((pictures / name).exists(), name)
         told = self.run_checked(prefix / "bin/mixdeck-cli", "--version").split()[1]
         newest = root.find("releases/release").get("version")
-        self.assertTrue(told.startswith(f"{newest}."), (told, newest))
+        self.assertRegex(newest, r"^\d+\.\d+\.\d+$")
+        self.assertEqual(newest, cached("CMAKE_PROJECT_VERSION"))
+        self.assertEqual(told, f"{newest}.{cached('MIXDECK_BUILD_NUMBER')}")
 
 
 if __name__ == "__main__":
