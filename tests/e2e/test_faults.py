@@ -5,6 +5,7 @@
 import os
 import resource
 import signal
+import struct
 import subprocess
 import time
 import unittest
@@ -122,6 +123,29 @@ def start_export(folder, *arguments):
     return subprocess.Popen([CLI, "export", *arguments], stdout=subprocess.PIPE,
                             stderr=subprocess.PIPE, text=True, cwd=folder,
                             preexec_fn=lambda: os.nice(5))
+
+
+@unittest.skipUnless("RAISE_AT_LINK" in os.environ, "a sanitizer has a heap of its own")
+class MemoryLimitTest(Case):
+    """Room for the program, and not for all that an export is to keep of its recording."""
+
+    def test_a_batch_goes_on_after_what_there_is_no_memory_for(self):
+        self.file("b.wav", recording())
+        path = self.file("a.wav", recording())
+        with open(path, "r+b") as file:
+            for _ in range(8):
+                file.seek(0, os.SEEK_END)
+                file.write(struct.pack("<4sI", b"LIST", 16 * MIB))
+                file.truncate(file.tell() + 16 * MIB)
+            file.seek(4)
+            file.write(struct.pack("<I", os.path.getsize(path) - 8))
+        room = 128 * MIB
+        result = self.expect(1, "export", "--keep-metadata", "--jobs", "1", "a.wav", "b.wav",
+                             err="mixdeck-cli: a_Decode.WAV: Fail to save. There is not enough memory\n",
+                             preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (room, room)))
+        self.assertRegex(result.stdout, r"^b\.wav -> b_Decode\.WAV: [^\n]+\n$")
+        self.assertEqual(self.names(), ["a.wav", "b.wav", "b_Decode.WAV"])
+        self.expect(0, "export", "--keep-metadata", "a.wav", err="")
 
 
 class InterruptTest(Case):

@@ -5,10 +5,11 @@
 import math
 import os
 import re
+import signal
 import subprocess
 import unittest
 
-from mixdeck import (Case, as_nobody, bext, chunk, decoded, fmt, recording, samples_of, stored24,
+from mixdeck import (CLI, Case, as_nobody, bext, chunk, decoded, fmt, recording, samples_of, stored24,
                      unpack24, unpack_floats, wave)
 
 
@@ -246,13 +247,22 @@ class ExportTest(Case):
                                         f"{748 + 3 * len(self.samples)} bytes\n")
 
     def test_samples_that_are_no_sound_are_said_before_anything_is_written(self):
-        self.file("b.wav", wave(fmt(bits=16), bext(), chunk("data", bytes(24))))
-        for words in (("--dry-run",), ()):
-            self.assertFalse(os.path.exists(self.path("b_Decode.WAV")))
-            result = self.expect(0, "export", *words, "b.wav")
-            self.assertIn("b.wav", result.stderr)
-            self.assertIn("16-bit samples with format tag 1 do not decode to useful sound",
-                          result.stderr)
+        told = (r"^mixdeck-cli: b\.wav: Warning: .*16-bit samples with format tag 1 do not decode to "
+                r"useful sound.*\n$")
+        length = 3600 * 192000
+        head = wave(fmt(bits=16), bext(), chunk("data", b"", length), riff_size=701 + length)
+        os.truncate(self.file("b.wav", head), len(head) + length)
+        self.assertRegex(self.expect(0, "export", "--dry-run", "b.wav").stderr, told)
+        # Whoever reads the line goes first, and the export takes seconds.
+        with subprocess.Popen([CLI, "export", "b.wav"], stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, text=True, cwd=self.folder,
+                              preexec_fn=lambda: os.nice(5)) as process:
+            self.assertRegex(process.stderr.readline(), told)
+            self.assertEqual(self.names(), ["a.wav", "b.wav"])
+            self.assertIsNone(process.poll())
+            process.send_signal(signal.SIGINT)
+            output, errors = process.communicate(timeout=60)
+        self.assertEqual((process.returncode, output, errors), (1, "", "mixdeck-cli: cancelled\n"))
 
     def test_dry_run_of_other_settings(self):
         self.file("b.wav", recording(history="MSRAW=OFF;"))
