@@ -16,6 +16,8 @@ constexpr int kInset = 24;
 // The dial needs more room to its left than the rest of the pane.
 constexpr int kStageInset = 8;
 constexpr QSize kLeastExport{96, 36};
+// So far inside its button the speaker begins: the button hangs out to the left of the pane.
+constexpr int kSpeakerInset = 5;
 constexpr int kBesidePlay = 12;
 constexpr int kToggleGap = 5;
 constexpr QSize kToggle{30, 24};
@@ -41,6 +43,8 @@ PlayerView::PlayerView(QWidget* parent) : QWidget(parent) {
   layout->addWidget(new StageArea(*stage, this));
   layout->addSpacing(kByStage);
   layout->addLayout(makeLower(), 1);
+  layout->addSpacing(10);
+  layout->addLayout(makeTransport());
 }
 
 QLayout* PlayerView::makeHeader() {
@@ -82,8 +86,6 @@ QLayout* PlayerView::makeLower() {
   lower->addLayout(strips);
   lower->addWidget(sliderTime);
   lower->addLayout(makeTimes());
-  lower->addSpacing(10);
-  lower->addLayout(makeTransport());
   return lower;
 }
 
@@ -107,18 +109,23 @@ QLayout* PlayerView::makeVolume() {
   sliderVolume->setToolTip(tr("Volume of what you hear; an export keeps its level"));
   sliderVolume->setMinimumWidth(kLeastVolume);
   sliderVolume->setMaximumWidth(kVolume);
+  auto* const lowered = new QVBoxLayout;  // its track to the middle of the row
+  lowered->setContentsMargins(0, 2 * Slider::kLift, 0, 0);
+  lowered->addWidget(sliderVolume);
   auto* const volume = new QHBoxLayout;
   volume->setContentsMargins(0, 0, 0, 0);
-  volume->setSpacing(4);
+  volume->setSpacing(4 + kSpeakerInset);
   volume->addWidget(btnVolume);
-  volume->addWidget(sliderVolume, kVolume);
+  volume->addLayout(lowered, kVolume);
   volume->addStretch(1);
   return volume;
 }
 
 QLayout* PlayerView::makeTransport() {
   auto* const row = new QHBoxLayout;
-  row->setContentsMargins(-3, 0, 0, 0);
+  // At both sides, for play to stay in the middle.
+  constexpr int kOut = kInset - kStageInset - kSpeakerInset;
+  row->setContentsMargins(kOut, 0, kOut, 0);
   row->setSpacing(16);
   row->addLayout(makeVolume(), 1);
   btnPlayPause = MainViewParts::pictureButton(this, 48, 24);
@@ -137,7 +144,7 @@ QLayout* PlayerView::makeListening() {
   lblStatus->setProperty("role", "dim");
   lblStatus->setMinimumHeight(btnPlayPause->height());
   auto* const row = new QHBoxLayout;
-  row->setContentsMargins(kBesidePlay, 0, 0, 0);
+  row->setContentsMargins(kBesidePlay, 0, kSpeakerInset, 0);
   row->setSpacing(kToggleGap);
   row->addWidget(btnLoop);
   row->addSpacing(kToggleGap);

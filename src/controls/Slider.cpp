@@ -18,7 +18,7 @@ namespace {
 // The cell draws the bar at the edge of a track twice as thick and lifts the knob by 2; with these
 // sizes both lie on one line and on whole pixels.
 constexpr double kKnobSide = 22.0;
-constexpr double kKnobLift = 2.0;
+constexpr double kKnobLift = Slider::kLift;
 constexpr double kTrackHeight = 8.0;
 constexpr double kTrackWidth = 4.0;
 constexpr int kLength = 110;

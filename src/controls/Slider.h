@@ -22,6 +22,9 @@ class Slider : public QWidget, public Adjustable, public SliderCellView {
   Q_OBJECT
 
  public:
+  /// What a horizontal slider draws stands so many pixels above its middle.
+  static constexpr int kLift = 2;
+
   /// Horizontal, 0 to 1, at 0, with a cell of its own.
   explicit Slider(QWidget* parent = nullptr);
   ~Slider() override;

@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QScrollBar>
+#include <cstdlib>
 #include <utility>
 #include <vector>
 
@@ -23,6 +24,20 @@ class Layout : public WindowFixture {
   }
   [[nodiscard]] QRect frame(const QWidget* widget) const {
     return {widget->mapTo(&view(), QPoint()), widget->size()};
+  }
+  /// What stands out of its ground within a place of the window; the ground is at its corner.
+  [[nodiscard]] QRectF painted(const QRect& place) const {
+    const QImage picture = view().grab(place).toImage().convertToFormat(QImage::Format_RGB32);
+    const auto lightness = [&](int x, int y) { return qGray(picture.pixel(x, y)); };
+    QRect found;
+    for (int y = 0; y < picture.height(); ++y) {
+      for (int x = 0; x < picture.width(); ++x) {
+        if (std::abs(lightness(x, y) - lightness(0, 0)) > 24) found |= QRect(x, y, 1, 1);
+      }
+    }
+    const double scale = picture.devicePixelRatio();
+    return {QPointF(place.topLeft()) + QPointF(found.topLeft()) / scale,
+            QSizeF(found.size()) / scale};
   }
   /// The window in a font of this many pixels.
   void startWith(int pixels) {
@@ -205,8 +220,8 @@ TEST_F(Layout, StandsToThePixelInTheUsualFont) {
       {player.sliderTime, {370, 536, 640, 22}},
       {player.lblTimeCurrent, {370, 562, 320, 16}},
       {player.lblTimeTotal, {690, 562, 320, 16}},
-      {player.btnVolume, {370, 598, 28, 28}},
-      {player.sliderVolume, {402, 588, 110, 48}},
+      {player.btnVolume, {365, 598, 28, 28}},
+      {player.sliderVolume, {402, 592, 110, 44}},
       {player.btnPlayPause, {666, 588, 48, 48}},
       {player.btnLoop, {742, 600, 42, 24}},
       {player.btnSoloMid, {794, 600, 30, 24}},
@@ -217,6 +232,45 @@ TEST_F(Layout, StandsToThePixelInTheUsualFont) {
     EXPECT_EQ(now, places[i].second) << i << ": {" << now.x() << ", " << now.y() << ", "
                                      << now.width() << ", " << now.height() << "}";
   }
+}
+
+// What is seen, whatever boxes it stands in.
+TEST_F(Layout, SpeakerVolumeAndPlayShareAMiddleAndTheSpeakerStandsUnderTheTime) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  controller().btnPlay_Click();
+  const PlayerView& player = *view().player;
+  const QRect volume = frame(player.sliderVolume);
+  const int end = volume.right() - 8;  // of the track, where the knob is not
+  const QRectF speaker = painted(frame(player.btnVolume));
+  const QRectF track = painted({end, volume.top(), 2, volume.height()});
+  const QRectF disc = painted(frame(player.btnPlayPause));
+  EXPECT_NEAR(track.height(), 4, 1);
+  EXPECT_NEAR(disc.height(), 46, 3);
+  EXPECT_NEAR(disc.center().y(), 612, 1);
+  EXPECT_NEAR(speaker.center().y(), disc.center().y(), 0.75);
+  EXPECT_NEAR(track.center().y(), disc.center().y(), 0.75);
+  EXPECT_NEAR(speaker.left(), painted(frame(player.lblTimeCurrent)).left(), 1);
+  EXPECT_NEAR(speaker.left(), frame(player.waveform).left(), 1);
+  for (const double volumeOfTake : {0.0, 0.1, 1.0}) {
+    controller().take().setVolume(volumeOfTake);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(painted(frame(player.btnVolume)).left(), speaker.left()) << volumeOfTake;
+  }
+}
+
+TEST_F(Layout, PositionStandsMidwayBetweenWaveformAndTimes) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  const PlayerView& player = *view().player;
+  const QRect position = frame(player.sliderTime);
+  const QRectF track = painted({position.right() - 8, position.top(), 2, position.height()});
+  EXPECT_NEAR(track.height(), 4, 1);
+  EXPECT_NEAR(track.center().y(), 545, 0.5);
+  const QRectF knob = painted({position.left(), position.top(), 22, position.height()});
+  EXPECT_NEAR(knob.center().y(), track.center().y(), 1);
 }
 
 // The take lies on a medium that hangs, until what is opened is to be there.
