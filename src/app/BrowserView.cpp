@@ -57,6 +57,7 @@ void BrowserView::makeSelectionBar() {
   lblSelection = MainViewParts::label(viewSelectionBG, "dim");
   btnExportSelected = new QPushButton(viewSelectionBG);
   btnExportSelected->setObjectName(QStringLiteral("btnExportSelected"));
+  btnExportSelected->setCursor(Qt::PointingHandCursor);
   auto* const layout = new QHBoxLayout(viewSelectionBG);
   layout->setContentsMargins(12, 0, 2, 0);
   layout->addWidget(lblSelection, 1);

@@ -27,6 +27,7 @@ class MainViewParts {
     auto* const made = new Button(parent);
     made->setFixedSize(side, side);
     made->setIconSize({picture, picture});
+    made->setCursor(Qt::PointingHandCursor);
     return made;
   }
   /// Marks an action that stands for a button: picture and name for assistive software.

@@ -60,6 +60,7 @@ QLayout* PlayerView::makeHeader() {
   btnExport->setObjectName(QStringLiteral("btnExport"));
   btnExport->setMinimumSize(kLeastExport);
   btnExport->setFocusPolicy(Qt::TabFocus);  // as what else is clicked here
+  btnExport->setCursor(Qt::PointingHandCursor);
   btnExport->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   btnMenu = MainViewParts::pictureButton<MenuButton>(this, 36, 20);
   MainViewParts::setFace(*btnMenu, QStringLiteral("menu"), tr("Menu"));
@@ -162,6 +163,7 @@ QToolButton* PlayerView::toggle(const QString& text, const QString& name) {
   made->setAccessibleName(name);
   made->setToolTip(name);
   made->setFocusPolicy(Qt::TabFocus);
+  made->setCursor(Qt::PointingHandCursor);
   made->setMinimumSize(kToggle);
   return made;
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <QAccessible>
+#include <QEnterEvent>
 #include <QScreen>
 #include <QTest>
 #include <array>
@@ -63,6 +64,57 @@ TEST_F(Window, GroundsHaveTheirColours) {
   EXPECT_EQ(colourAt(image, view().browser, {4, 100}), Colors::AppBGLight());
   EXPECT_EQ(colourAt(image, view().player, {4, 100}), Colors::AppBGLight());
   EXPECT_EQ(colourAt(image, view().player->btnExport, {8, 18}), Colors::ControlColor());
+}
+
+TEST_F(Window, PlayIsADarkTriangleOnAWhiteDisc) {
+  take("R0001.WAV");
+  startOnTakes();
+  const QPoint beside(8, 24);
+  const QToolButton& play = *view().player->btnPlayPause;
+  EXPECT_EQ(colourAt(picture(), &play, beside), Colors::line()) << "without a take";
+  open("R0001.WAV");
+  controller().btnPlay_Click();
+  ASSERT_EQ(play.accessibleName(), "Play");
+  const QImage image = picture();
+  EXPECT_EQ(colourAt(image, &play, beside), Colors::WHITE());
+  EXPECT_EQ(colourAt(image, &play, {39, 24}), Colors::WHITE());
+  EXPECT_EQ(colourAt(image, &play, {24, 24}), Colors::AppBG());
+  for (const QPoint corner : {QPoint(1, 1), QPoint(46, 1), QPoint(1, 46), QPoint(46, 46)}) {
+    EXPECT_EQ(colourAt(image, &play, corner), Colors::AppBGLight()) << "it is round";
+  }
+}
+
+TEST_F(Window, ButtonsShowThatThePointerIsOverThem) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  const PlayerView& player = *view().player;
+  const BrowserView& browser = *view().browser;
+  const std::initializer_list<std::tuple<QAbstractButton*, QColor, QColor>> buttons = {
+      {player.btnPlayPause, Colors::WHITE(), Colors::primaryHover()},
+      {player.btnVolume, Colors::AppBGLight(), Colors::hover()},
+      {player.btnMenu, Colors::AppBGLight(), Colors::hover()},
+      {player.btnExport, Colors::ControlColor(), Colors::hover()},
+      {player.btnLoop, Colors::ControlColor(), Colors::hover()},
+      {player.btnSoloMid, Colors::ControlColor(), Colors::hover()},
+      {player.btnSoloSide, Colors::ControlColor(), Colors::hover()},
+      {browser.btnGoUp, Colors::ControlColor(), Colors::hover()},
+      {browser.btnOpenFolder, Colors::ControlColor(), Colors::hover()}};
+  for (const auto& [button, usual, pointedAt] : buttons) {
+    const QPoint ground(button->width() / 2, 4);
+    const std::string name = button->accessibleName().toStdString() + button->text().toStdString();
+    EXPECT_EQ(button->cursor().shape(), Qt::PointingHandCursor) << name;
+    EXPECT_TRUE(button->testAttribute(Qt::WA_Hover)) << name << " is drawn anew";
+    EXPECT_EQ(colourAt(picture(), button, ground), usual) << name;
+    const QPointF at(ground);
+    QEnterEvent enter(at, at, button->mapToGlobal(at));
+    QCoreApplication::sendEvent(button, &enter);
+    Hands::hover(*button, at);
+    EXPECT_EQ(colourAt(picture(), button, ground), pointedAt) << name;
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(button, &leave);
+    EXPECT_EQ(colourAt(picture(), button, ground), usual) << name << " and back";
+  }
 }
 
 TEST_F(Window, FiguresTellTheirNamesAndValuesToAssistiveSoftware) {
