@@ -125,7 +125,7 @@ void StageView::makeDial() {
   cost = new CostView(this);
   lblStereo = caption<QLabel>("heading", tr("Stereo width"));
   lblStereo->setBuddy(sliderStereo);
-  lblStereoValue = caption<TabularLabel>("dim");
+  lblStereoValue = caption<ValueLabel>("dim");
 }
 
 void StageView::makeField() {
@@ -142,7 +142,7 @@ void StageView::makeGain() {
   sliderGain->setToolTip(tr("Gain: drag or scroll; a double click sets 0 dB"));
   lblGain = caption<QLabel>("heading", tr("Gain"));
   lblGain->setBuddy(sliderGain);
-  lblGainValue = caption<TabularLabel>("dim");
+  lblGainValue = caption<ValueLabel>("dim");
 }
 
 void StageView::makeLevels() {

@@ -10,6 +10,7 @@
 #include "app/FieldView.h"
 #include "app/ImageView.h"
 #include "app/TabularLabel.h"
+#include "app/ValueLabel.h"
 #include "controls/AngleViewer.h"
 #include "controls/ClipLamp.h"
 #include "controls/GainTickTitle.h"
@@ -34,14 +35,14 @@ class StageView : public QWidget {
   ImageView* imgDevice = nullptr;
   CostView* cost = nullptr;
   QLabel* lblStereo = nullptr;
-  TabularLabel* lblStereoValue = nullptr;
+  ValueLabel* lblStereoValue = nullptr;
   FieldView* field = nullptr;
   QLabel* lblImage = nullptr;
   TabularLabel* lblImageValue = nullptr;
   GainTickTitle* tickOfGain = nullptr;
   J4GainSlider* sliderGain = nullptr;
   QLabel* lblGain = nullptr;
-  TabularLabel* lblGainValue = nullptr;
+  ValueLabel* lblGainValue = nullptr;
   GainTickTitle* tickOfLevel = nullptr;
   LevelMeter* lvlLeft = nullptr;
   LevelMeter* lvlRight = nullptr;

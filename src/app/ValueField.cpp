@@ -6,7 +6,6 @@
 #include <QEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QRegularExpression>
 #include <algorithm>
 #include <cmath>
@@ -18,11 +17,6 @@ namespace {
 
 constexpr QSize kField{64, 26};
 
-bool isLeftPress(const QEvent& event) {
-  return event.type() == QEvent::MouseButtonPress &&
-         static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton;
-}
-
 // The focus is only lent to a menu of the field's own.
 bool isAbandoned(const QEvent& event) {
   return event.type() == QEvent::FocusOut &&
@@ -31,11 +25,15 @@ bool isAbandoned(const QEvent& event) {
 
 }  // namespace
 
-ValueField::ValueField(QLabel& label, Adjustable& control, QString name, QObject* parent)
+ValueField::ValueField(ValueLabel& label, Adjustable& control, QString name, QObject* parent)
     : QObject(parent), _label(label), _control(control), _name(std::move(name)) {
   _label.setCursor(Qt::IBeamCursor);
   _label.setToolTip(tr("Click to type a value"));
-  _label.installEventFilter(this);
+  _label.setTypable([field = QPointer<const ValueField>(this)] {
+    const ValueField* const still = field;
+    return still != nullptr && still->_control.isAdjustable();
+  });
+  connect(&_label, &ValueLabel::pressed, this, &ValueField::open);
 }
 
 std::optional<double> ValueField::numberIn(const QString& text) {
@@ -68,10 +66,6 @@ void ValueField::open() {
 }
 
 bool ValueField::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == &_label && isLeftPress(*event)) {
-    open();
-    return true;
-  }
   if (watched != _field) return false;
   if (isAbandoned(*event)) apply();
   if (event->type() != QEvent::KeyPress) return false;

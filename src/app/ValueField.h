@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QLabel>
 #include <QLineEdit>
 #include <QObject>
 #include <QPointer>
 #include <optional>
 
+#include "app/ValueLabel.h"
 #include "controls/Adjustable.h"
 
 /// Lets a value be typed where a label shows it: a click on the label opens a field, Return or
@@ -19,7 +19,7 @@ class ValueField : public QObject {
  public:
   /// Label and control outlive it; the control counts in whole numbers. `name` is what assistive
   /// software calls the field.
-  ValueField(QLabel& label, Adjustable& control, QString name, QObject* parent = nullptr);
+  ValueField(ValueLabel& label, Adjustable& control, QString name, QObject* parent = nullptr);
 
   /// The number in a text that may have a sign and a unit; none where there is none.
   static std::optional<double> numberIn(const QString& text);
@@ -36,7 +36,7 @@ class ValueField : public QObject {
   void apply();
   void close();
 
-  QLabel& _label;
+  ValueLabel& _label;
   Adjustable& _control;
   QString _name;
   QPointer<QLineEdit> _field;  ///< while it is open

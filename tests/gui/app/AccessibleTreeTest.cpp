@@ -10,6 +10,7 @@
 #include <QDialog>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -93,6 +94,39 @@ TEST_F(AccessibleTree, OfAFieldThatIsTypedInIsWhole) {
   const Found found = walkThroughWindow();
   EXPECT_THAT(found.wrong, IsEmpty());
   EXPECT_EQ(found.count.at(Role::EditableText), 1);
+}
+
+// A text as it was: what reads the window finds the value as before.
+TEST_F(AccessibleTree, AValueThatIsPressedIsTyped) {
+  const QString press = QAccessibleActionInterface::pressAction();
+  const auto at = [](QWidget* value) { return QAccessible::queryAccessibleInterface(value); };
+  const auto canBePressed = [&](QWidget* value) {
+    return at(value)->actionInterface()->actionNames().contains(press);
+  };
+  EXPECT_FALSE(canBePressed(stage().lblGainValue)) << "without a take";
+  at(stage().lblGainValue)->actionInterface()->doAction(press);
+  EXPECT_EQ(stage().findChild<QLineEdit*>(), nullptr);
+  open("R0001.WAV");
+  setGain(6);
+  for (const auto& [value, name, typed] :
+       std::initializer_list<std::tuple<QLabel*, const char*, const char*>>{
+           {stage().lblStereoValue, "0°", "96°"}, {stage().lblGainValue, "+6 dB", "-7 dB"}}) {
+    QAccessibleInterface& text = *at(value);
+    EXPECT_EQ(text.role(), Role::StaticText);
+    EXPECT_EQ(nameOf(text), QString::fromUtf8(name));
+    EXPECT_EQ(text.text(QAccessible::Description), "Click to type a value");
+    ASSERT_TRUE(canBePressed(value)) << name;
+    text.actionInterface()->doAction(press);
+    auto* const field = stage().findChild<QLineEdit*>();
+    ASSERT_NE(field, nullptr) << name;
+    EXPECT_EQ(QApplication::focusWidget(), field);
+    QTest::keyClicks(field, QString::fromUtf8(typed));
+    QTest::keyClick(field, Qt::Key_Return);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(nameOf(text), QString::fromUtf8(typed));
+  }
+  EXPECT_EQ(player().angle(), 96);
+  EXPECT_EQ(player().gain(), -7);
 }
 
 TEST_F(AccessibleTree, OfTheMenuIsWholeUpAndDown) {
