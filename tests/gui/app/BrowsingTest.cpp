@@ -259,6 +259,8 @@ TEST_F(Browsing, OpenFolderTellsWhereItIs) {
   startOnTakes();
   EXPECT_THAT(view().browser->btnOpenFolder->toolTip().toStdString(),
               testing::HasSubstr(takes.path().string()));
+  // The folder's own tip is for a name that is shortened.
+  EXPECT_EQ(view().browser->lblFolder->toolTip().toStdString(), takes.path().filename().string());
 }
 
 TEST_F(Browsing, CommandLineFolderIsOpenedAndRemembered) {
