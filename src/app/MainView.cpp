@@ -122,8 +122,7 @@ void MainView::changeEvent(QEvent* event) {
 
 void MainView::makeMenu() {
   menu = new WindowMenu(*this);
-  player->btnMenu->setMenu(menu);
-  player->btnMenu->setPopupMode(QToolButton::InstantPopup);
+  player->btnMenu->setPopup(*menu);
   auto* const open = new QAction(this);
   open->setShortcut(Qt::Key_F10);
   addAction(open);

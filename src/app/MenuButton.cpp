@@ -4,6 +4,9 @@
 #include "app/MenuButton.h"
 
 #include <QAccessibleWidget>
+#include <QCoreApplication>
+#include <QCursor>
+#include <QEvent>
 
 #include "controls/AccessibleFactory.h"
 
@@ -41,4 +44,16 @@ QAccessibleInterface* makeReadableMenuButton(MenuButton& button) {
 
 MenuButton::MenuButton(QWidget* parent) : QToolButton(parent) {
   AccessibleFactory::install<MenuButton, makeReadableMenuButton>();
+}
+
+void MenuButton::setPopup(QMenu& menu) {
+  setMenu(&menu);
+  setPopupMode(InstantPopup);
+  connect(&menu, &QMenu::aboutToHide, this, &MenuButton::menuClosed);
+}
+
+void MenuButton::menuClosed() {
+  if (!underMouse() || rect().contains(mapFromGlobal(QCursor::pos()))) return;
+  QEvent leave(QEvent::Leave);
+  QCoreApplication::sendEvent(this, &leave);
 }

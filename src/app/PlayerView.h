@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <QWidget>
 
+#include "app/MenuButton.h"
 #include "app/StageView.h"
 #include "app/StatusLine.h"
 #include "app/TabularLabel.h"
@@ -29,7 +30,7 @@ class PlayerView : public QWidget {
   ElidedLabel* lblFileName = nullptr;
   QLabel* lblFormat = nullptr;  ///< what the file holds, in a few words
   QPushButton* btnExport = nullptr;
-  QToolButton* btnMenu = nullptr;
+  MenuButton* btnMenu = nullptr;
   StageView* stage = nullptr;
   QVBoxLayout* strips = nullptr;  ///< between stage and position, for what else shows the take
   WaveformViewer* waveform = nullptr;

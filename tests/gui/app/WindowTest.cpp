@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <QAccessible>
+#include <QCursor>
 #include <QEnterEvent>
 #include <QScreen>
 #include <QTest>
@@ -21,6 +22,12 @@ class Window : public WindowFixture {
   [[nodiscard]] QColor colourAt(const QImage& image, const QWidget* widget, QPoint place) const {
     const QPoint at = widget->mapTo(&view(), place);
     return Hands::colorAt(image, QPointF(at) + QPointF(0.5, 0.5));
+  }
+  /// The pointer comes over the button.
+  static void enter(QWidget& button, QPointF at) {
+    QEnterEvent enter(at, at, button.mapToGlobal(at));
+    QCoreApplication::sendEvent(&button, &enter);
+    Hands::hover(button, at);
   }
 };
 
@@ -106,15 +113,28 @@ TEST_F(Window, ButtonsShowThatThePointerIsOverThem) {
     EXPECT_EQ(button->cursor().shape(), Qt::PointingHandCursor) << name;
     EXPECT_TRUE(button->testAttribute(Qt::WA_Hover)) << name << " is drawn anew";
     EXPECT_EQ(colourAt(picture(), button, ground), usual) << name;
-    const QPointF at(ground);
-    QEnterEvent enter(at, at, button->mapToGlobal(at));
-    QCoreApplication::sendEvent(button, &enter);
-    Hands::hover(*button, at);
+    enter(*button, ground);
     EXPECT_EQ(colourAt(picture(), button, ground), pointedAt) << name;
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(button, &leave);
     EXPECT_EQ(colourAt(picture(), button, ground), usual) << name << " and back";
   }
+}
+
+// The pointer has gone into the menu, and from there anywhere: nothing tells of it.
+TEST_F(Window, MenuIsNotMarkedAnyMoreOnceThePointerLeftItForTheMenu) {
+  startOnTakes();
+  QWidget& button = *view().player->btnMenu;
+  const QPoint ground(18, 4);
+  const auto closeWithPointerAt = [&](QPoint place) {
+    enter(button, ground);
+    view().menu->popup({});
+    QCursor::setPos(button.mapToGlobal(place));
+    view().menu->hide();
+    return colourAt(picture(), &button, ground);
+  };
+  EXPECT_EQ(closeWithPointerAt(ground), Colors::hover()) << "it is there yet";
+  EXPECT_EQ(closeWithPointerAt({-40, 60}), Colors::AppBGLight());
 }
 
 TEST_F(Window, FiguresTellTheirNamesAndValuesToAssistiveSoftware) {
