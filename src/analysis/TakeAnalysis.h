@@ -27,8 +27,8 @@ class TakeAnalysis {
   [[nodiscard]] const TakeLayout& layout() const { return _findings.layout; }
   /// Whether the whole take has been measured; else the figures are those of what has been.
   [[nodiscard]] bool isComplete() const;
-  /// Whether it is one of these frames of the file that the reader opened, which has not been
-  /// written to since, read as it is read here.
+  /// Whether it is one of these frames of the file that the reader opened, in the state that it
+  /// had then, read as the reader reads it. Takes in memory are told apart by their frames alone.
   [[nodiscard]] bool isOf(const WaveFileReader& reader, std::uint64_t firstFrame,
                           std::uint64_t frames) const;
 

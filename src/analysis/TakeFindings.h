@@ -45,6 +45,7 @@ struct TakeFindings {
     }
   }
 
+  /// Whether the same was found, wherever it was read.
   friend bool operator==(const TakeFindings& a, const TakeFindings& b);
 
   FileState file;                ///< that was read

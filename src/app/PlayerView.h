@@ -28,7 +28,7 @@ class PlayerView : public QWidget {
   [[nodiscard]] QWidgetList tabOrder() const;
 
   ElidedLabel* lblFileName = nullptr;
-  QLabel* lblFormat = nullptr;  ///< what the file holds, in a few words
+  ElidedLabel* lblFormat = nullptr;  ///< what the file holds, in a few words
   QPushButton* btnExport = nullptr;
   MenuButton* btnMenu = nullptr;
   StageView* stage = nullptr;

@@ -55,13 +55,13 @@ std::string ExportReport::levelText(const Export& job) const {
 
 std::string ExportReport::loudnessText(const LoudnessGain& found) const {
   const auto [asked, limit] = *_settings.loudness;
-  const double reached = found.lufs().value_or(asked - found.loweredBy());
-  const std::string lowered =
-      found.loweredBy() > 0
-          ? fmt::format(", {:.2f} LU less than asked for a true peak of {:g} dBTP", asked - reached,
-                        limit)
-          : "";
-  return fmt::format("gain {:+.2f} dB, {:.2f} LUFS{}", found.gain().value_or(0), reached, lowered);
+  const std::string reached =
+      found.lufs() ? fmt::format("{:.2f} LUFS", *found.lufs()) : "no loudness";
+  const std::string text = fmt::format("gain {:+.2f} dB, {}", found.gain().value_or(0), reached);
+  if (found.loweredBy() <= 0) return text;
+  const double less = asked - found.lufs().value_or(asked);
+  const std::string why = less > 0 ? fmt::format("{:.2f} LU less than asked", less) : "kept down";
+  return fmt::format("{}, {} for a true peak of {:g} dBTP", text, why, limit);
 }
 
 std::string ExportReport::longLine(const Export& job) const {

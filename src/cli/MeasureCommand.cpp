@@ -176,8 +176,8 @@ std::string MeasureCommand::savePlot(const std::string& svg) const {
   return file.write(bytes) && file.commit() ? "" : file.failure();
 }
 
-// A single file is worked on by a worker a processor; several by twice as many together, so that
-// the last ones leave fewer of the processors idle.
+// A single file is worked on by a worker a processor; several by up to twice as many together, so
+// that the last ones leave fewer of the processors idle.
 TakeAnalyzer::Options MeasureCommand::options(const Export& job) const {
   TakeAnalyzer::Options options;
   options.firstFrame = _stretch.firstFrame(*job.reader());

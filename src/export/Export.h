@@ -109,8 +109,8 @@ class Export {
   void setLoudness(const std::optional<LoudnessTarget>& target) { _loudness = target; }
   /// What the last export towards a loudness did; none before one has.
   [[nodiscard]] const std::optional<LoudnessGain>& loudnessGain() const { return _loudnessGain; }
-  /// The analysis of this whole file, where there is one: it spares normalisation and loudness
-  /// their first pass. One of another length, rate or kind is not used.
+  /// The analysis of what is exported, where there is one: it spares normalisation and loudness
+  /// their first pass. One of another file, another state of it, or other frames is not used.
   void setAnalysis(std::shared_ptr<const TakeAnalysis> analysis) {
     _analysis = std::move(analysis);
   }

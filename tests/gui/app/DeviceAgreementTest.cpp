@@ -77,7 +77,7 @@ std::string nameOf(const testing::TestParamInfo<const char*>& script) {
 
 INSTANTIATE_TEST_SUITE_P(OfHandshakes, DeviceAgreement,
                          testing::Values("report@3,unplug@4", "silent@start,report@6,unplug@6.5",
-                                         "slow@card,unplug@5.5"),
+                                         "slow@card,unplug@7"),
                          nameOf);
 
 TEST_P(DeviceAgreement, HoldsOverAScript) {
