@@ -57,7 +57,7 @@ std::string ExportReport::loudnessText(const LoudnessGain& found) const {
   const auto [asked, limit] = *_settings.loudness;
   const std::string reached =
       found.lufs() ? fmt::format("{:.2f} LUFS", *found.lufs()) : "no loudness";
-  const std::string text = fmt::format("gain {:+.2f} dB, {}", found.gain().value_or(0), reached);
+  std::string text = fmt::format("gain {:+.2f} dB, {}", found.gain().value_or(0), reached);
   if (found.loweredBy() <= 0) return text;
   const double less = asked - found.lufs().value_or(asked);
   const std::string why = less > 0 ? fmt::format("{:.2f} LU less than asked", less) : "kept down";
