@@ -92,7 +92,8 @@ std::string FileDescription::text() const {
   if (header.isLong())
     text +=
         fmt::format("  {}, with 64-bit sizes\n", WaveDescription::identifierText(header.ChunkID));
-  if (!_json["warning"].is_null()) text += fmt::format("  {}\n", warning());
+  const auto& told = _json["warning"];
+  if (told.is_string()) text += fmt::format("  {}\n", told.get<std::string>());
   text += chunkLines();
   for (const auto& [name, value] : _json["bext"].items()) {
     const std::string shown = value.is_string() ? value.get<std::string>() : value.dump();
