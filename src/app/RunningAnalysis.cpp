@@ -86,13 +86,17 @@ void RunningAnalysis::collect() {
   _timerMeasured.start(kLookAgain);
 }
 
-// Where reading failed, what has been found stays. Where there is no thread it is done here.
+// Where reading failed, what has been found stays. Where there is no thread it is done here. When
+// all is known the last worker may still be on its way out: nobody waits for that.
 void RunningAnalysis::fetch(bool isLast) {
   const Errand::Work work = [this, isLast, analyzer = _analyzer]() -> Errand::Outcome {
     const double progress = analyzer->progress();
     auto known = isLast ? analyzer->wait() : nullptr;
     if (!known) known = analyzer->soFar();
-    return [this, known, progress, isLast] { take(known, progress, isLast); };
+    const bool isAll = known->isComplete();
+    return [this, known, done = isAll ? 1 : progress, isEnd = isLast || isAll] {
+      take(known, done, isEnd);
+    };
   };
   _fetched.start();
   const auto failed = [this, isLast](const std::string& /*why*/) {
