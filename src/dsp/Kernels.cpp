@@ -3,6 +3,7 @@
 
 #include "dsp/Kernels.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -41,8 +42,18 @@ float decodeAndDivide(float* frames, std::size_t count, float sideGain, float le
   return PlainKernels::decodeAndDivide(std::span(frames, count), sideGain, left, right);
 }
 
+float decodeDivideAndPack24(float* frames, std::uint8_t* bytes, std::size_t count, float sideGain,
+                            float left, float right) {
+  return PlainKernels::decodeDivideAndPack24(std::span(frames, count), sideGain, left, right,
+                                             std::as_writable_bytes(std::span(bytes, 3 * count)));
+}
+
 float peakMagnitude(const float* samples, std::size_t count, float peak) {
   return PlainKernels::peakMagnitude(std::span(samples, count), peak);
+}
+
+float decodedPeak(const float* frames, std::size_t count, float sideGain, float peak) {
+  return PlainKernels::decodedPeak(std::span(frames, count), sideGain, peak);
 }
 
 void raiseMaxima(const float* frames, std::size_t count, float& left, float& right) {
@@ -61,93 +72,103 @@ using FloatTag = hn::ScalableTag<float>;
 #endif
 using ByteTag = hn::Repartition<std::uint8_t, FloatTag>;
 using Int32Tag = hn::RebindToSigned<FloatTag>;
+using WordTag = hn::RebindToUnsigned<FloatTag>;
 
-// Four 24-bit samples are 12 bytes, so each 16-byte block of a vector reads or writes at a stride
-// of 12, and touches 4 bytes beyond what it is for.
-constexpr std::size_t kPackedBlock = 12;
+// Four 24-bit samples are 12 bytes: three words of a 16-byte block. A vector is read and written
+// whole, a quarter of which is beyond what it is for.
 constexpr std::size_t kBlock = 16;
+constexpr std::size_t kBlockWords = 4;
+constexpr std::size_t kPackedWords = 3;
 using BlockPattern = std::array<std::uint8_t, kBlock>;
+using WordPattern = std::array<std::int32_t, HWY_MAX_BYTES / 4>;
 
 // A shuffle of one block, repeated for every block of a vector.
-template <class D>
-HWY_INLINE hn::Vec<D> shuffle(D d, const BlockPattern& pattern) {
-  return hn::LoadDup128(d, pattern.data());
+HWY_INLINE hn::Vec<ByteTag> shuffle(const BlockPattern& pattern) {
+  return hn::LoadDup128(ByteTag(), pattern.data());
 }
 
-template <class D>
-HWY_INLINE hn::Vec<D> loadPacked(D d, const std::uint8_t* from) {
-  if constexpr (hn::MaxLanes(D()) <= kBlock) {
-    return hn::LoadU(d, from);
-  } else {
-    const hn::Half<D> half;
-    constexpr std::size_t kHalfPacked = hn::MaxLanes(D()) / 2 / kBlock * kPackedBlock;
-    return hn::Combine(d, loadPacked(half, from + kHalfPacked), loadPacked(half, from));
+// Which packed word each word of a vector's blocks comes from, and which word each packed one.
+constexpr WordPattern spreadWords() {
+  WordPattern pattern{};
+  for (std::size_t i = 0; i < pattern.size(); ++i) {
+    const std::size_t word = i / kBlockWords * kPackedWords + i % kBlockWords;
+    pattern[i] = static_cast<std::int32_t>(std::min(word, i));
   }
+  return pattern;
 }
-
-template <class D>
-HWY_INLINE void storePacked(D d, hn::Vec<D> value, std::uint8_t* to) {
-  if constexpr (hn::MaxLanes(D()) <= kBlock) {
-    hn::StoreU(value, d, to);
-  } else {
-    const hn::Half<D> half;
-    constexpr std::size_t kHalfPacked = hn::MaxLanes(D()) / 2 / kBlock * kPackedBlock;
-    storePacked(half, hn::LowerHalf(half, value), to);
-    storePacked(half, hn::UpperHalf(half, value), to + kHalfPacked);
+constexpr WordPattern gatheredWords() {
+  WordPattern pattern{};
+  for (std::size_t i = 0; i < pattern.size() / kBlockWords * kPackedWords; ++i) {
+    pattern[i] = static_cast<std::int32_t>(i / kPackedWords * kBlockWords + i % kPackedWords);
   }
+  return pattern;
 }
 
-// Samples that whole vectors may handle when each touches 4 bytes more than it owns.
+HWY_INLINE hn::Vec<ByteTag> moveWords(hn::Vec<ByteTag> bytes, const WordPattern& pattern) {
+  const WordTag words;
+  const auto moved =
+      hn::TableLookupLanes(hn::BitCast(words, bytes), hn::SetTableIndices(words, pattern.data()));
+  return hn::BitCast(ByteTag(), moved);
+}
+
+HWY_INLINE hn::Vec<ByteTag> loadPacked(const std::uint8_t* from) {
+  static constexpr WordPattern kPattern = spreadWords();
+  const auto packed = hn::LoadU(ByteTag(), from);
+  if constexpr (hn::MaxLanes(ByteTag()) <= kBlock) return packed;
+  return moveWords(packed, kPattern);
+}
+
+HWY_INLINE void storePacked(hn::Vec<ByteTag> value, std::uint8_t* to) {
+  static constexpr WordPattern kPattern = gatheredWords();
+  constexpr bool isBlock = hn::MaxLanes(ByteTag()) <= kBlock;
+  hn::StoreU(isBlock ? value : moveWords(value, kPattern), ByteTag(), to);
+}
+
+// Samples that whole vectors may handle when each touches a quarter more than it owns.
 HWY_INLINE std::size_t packedVectorEnd(std::size_t count, std::size_t lanes) {
-  constexpr std::size_t kOverrunSamples = 2;
-  if (count < lanes + kOverrunSamples) return 0;
-  return (count - kOverrunSamples) / lanes * lanes;
+  const std::size_t beyond = (lanes + kPackedWords - 1) / kPackedWords;
+  if (count < lanes + beyond) return 0;
+  return (count - beyond) / lanes * lanes;
 }
 
 HWY_ATTR void unpack24(const std::uint8_t* bytes, float* samples, std::size_t count) {
   const FloatTag df;
-  const ByteTag db;
-  const Int32Tag di;
   // Each sample goes to the top three bytes of a lane, that is 256 times its value: exact in a
   // float, as is the product with a power of two.
   static constexpr BlockPattern kPattern = {0x80, 0, 1, 2, 0x80, 3, 4,  5,
                                             0x80, 6, 7, 8, 0x80, 9, 10, 11};
-  const auto pattern = shuffle(db, kPattern);
+  const auto pattern = shuffle(kPattern);
   const auto scale = hn::Set(df, 4.656612873077393e-10F);  // 2^-31
   const std::size_t lanes = hn::Lanes(df);
   const std::size_t end = packedVectorEnd(count, lanes);
   for (std::size_t i = 0; i < end; i += lanes) {
-    const auto lifted = hn::TableLookupBytesOr0(loadPacked(db, bytes + 3 * i), pattern);
-    const auto value = hn::ConvertTo(df, hn::BitCast(di, lifted));
+    const auto lifted = hn::TableLookupBytesOr0(loadPacked(bytes + 3 * i), pattern);
+    const auto value = hn::ConvertTo(df, hn::BitCast(Int32Tag(), lifted));
     hn::StoreU(hn::Mul(value, scale), df, samples + i);
   }
   PlainKernels::unpack24(std::as_bytes(std::span(bytes + 3 * end, 3 * (count - end))),
                          std::span(samples + end, count - end));
 }
 
-HWY_ATTR void pack24(const float* samples, std::uint8_t* bytes, std::size_t count) {
+// What is not over -1 is the least value, what is not a number too.
+HWY_INLINE hn::Vec<ByteTag> packed(hn::Vec<FloatTag> samples) {
   const FloatTag df;
-  const ByteTag db;
-  const Int32Tag di;
   static constexpr BlockPattern kPattern = {0,  1,  2,  4,  5,    6,    8,    9,
                                             10, 12, 13, 14, 0x80, 0x80, 0x80, 0x80};
-  const auto pattern = shuffle(db, kPattern);
-  const auto one = hn::Set(df, 1.0F);
-  const auto minusOne = hn::Set(df, -1.0F);
-  const auto scale = hn::Set(df, 8388607.0F);
   const auto top = hn::Set(df, 8388607.0F);
-  const auto bottom = hn::Set(df, -8388608.0F);
-  const auto zero = hn::Zero(df);
+  const auto scaled = hn::Min(hn::Mul(samples, top), top);
+  const auto isInside = hn::Gt(samples, hn::Set(df, -1.0F));
+  const auto values = hn::IfThenElse(isInside, scaled, hn::Set(df, -8388608.0F));
+  const auto bytes = hn::BitCast(ByteTag(), hn::ConvertTo(Int32Tag(), values));
+  return hn::TableLookupBytesOr0(bytes, shuffle(kPattern));
+}
+
+HWY_ATTR void pack24(const float* samples, std::uint8_t* bytes, std::size_t count) {
+  const FloatTag df;
   const std::size_t lanes = hn::Lanes(df);
   const std::size_t end = packedVectorEnd(count, lanes);
   for (std::size_t i = 0; i < end; i += lanes) {
-    const auto x = hn::LoadU(df, samples + i);
-    const auto inside = hn::And(hn::Gt(x, minusOne), hn::Lt(x, one));
-    const auto clipped = hn::IfThenElse(hn::Gt(x, zero), top, bottom);
-    const auto scaled = hn::IfThenElse(inside, hn::Mul(x, scale), clipped);
-    const auto packed =
-        hn::TableLookupBytesOr0(hn::BitCast(db, hn::ConvertTo(di, scaled)), pattern);
-    storePacked(db, packed, bytes + 3 * i);
+    storePacked(packed(hn::LoadU(df, samples + i)), bytes + 3 * i);
   }
   PlainKernels::pack24(std::span(samples + end, count - end),
                        std::as_writable_bytes(std::span(bytes + 3 * end, 3 * (count - end))));
@@ -161,15 +182,22 @@ HWY_INLINE V decoded(V frame, V sideGain) {
   return hn::OddEven(hn::Sub(mid, side), hn::Add(mid, side));
 }
 
-template <class V, class M>
-HWY_INLINE V divided(V frame, V divisor, M isZero) {
-  return hn::IfThenElse(isZero, frame, hn::Div(frame, divisor));
+// What the elements of whole frames are divided by; 0 leaves an element as it is, as 1 does.
+HWY_INLINE hn::Vec<FloatTag> divisors(float left, float right) {
+  const FloatTag df;
+  const auto both = hn::OddEven(hn::Set(df, right), hn::Set(df, left));
+  return hn::IfThenElse(hn::Eq(both, hn::Zero(df)), hn::Set(df, 1.0F), both);
 }
 
-// Not Max: what a processor makes of NaN there differs.
+// The old one where the candidate is not a number or the other zero. Max is that on x86, in one
+// step; what it makes of them elsewhere differs.
 template <class V>
 HWY_INLINE V larger(V candidate, V old) {
+#if HWY_ARCH_X86 && HWY_TARGET != HWY_EMU128
+  return hn::Max(candidate, old);
+#else
   return hn::IfThenElse(hn::Gt(candidate, old), candidate, old);
+#endif
 }
 
 HWY_ATTR void decodeMidSide(float* frames, std::size_t count, float sideGain) {
@@ -185,13 +213,12 @@ HWY_ATTR void decodeMidSide(float* frames, std::size_t count, float sideGain) {
 
 HWY_ATTR float divide(float* frames, std::size_t count, float left, float right) {
   const FloatTag df;
-  const auto divisor = hn::OddEven(hn::Set(df, right), hn::Set(df, left));
-  const auto isZero = hn::Eq(divisor, hn::Zero(df));
+  const auto divisor = divisors(left, right);
   auto most = hn::Zero(df);
   const std::size_t lanes = hn::Lanes(df);
   std::size_t i = 0;
   for (; lanes > 1 && i + lanes <= count; i += lanes) {
-    const auto quotient = divided(hn::LoadU(df, frames + i), divisor, isZero);
+    const auto quotient = hn::Div(hn::LoadU(df, frames + i), divisor);
     most = larger(hn::Abs(quotient), most);
     hn::StoreU(quotient, df, frames + i);
   }
@@ -204,20 +231,40 @@ HWY_ATTR float decodeAndDivide(float* frames, std::size_t count, float sideGain,
                                float right) {
   const FloatTag df;
   const auto gain = hn::Set(df, sideGain);
-  const auto divisor = hn::OddEven(hn::Set(df, right), hn::Set(df, left));
-  const auto isZero = hn::Eq(divisor, hn::Zero(df));
+  const auto divisor = divisors(left, right);
   auto most = hn::Zero(df);
   const std::size_t lanes = hn::Lanes(df);
   std::size_t i = 0;
   for (; lanes > 1 && i + lanes <= count; i += lanes) {
-    const auto frame = decoded(hn::LoadU(df, frames + i), gain);
-    const auto quotient = divided(frame, divisor, isZero);
+    const auto quotient = hn::Div(decoded(hn::LoadU(df, frames + i), gain), divisor);
     most = larger(hn::Abs(quotient), most);
     hn::StoreU(quotient, df, frames + i);
   }
   const float peak = hn::GetLane(hn::MaxOfLanes(df, most));
   const std::span rest(frames + i, count - i);
   const float last = PlainKernels::decodeAndDivide(rest, sideGain, left, right);
+  return HWY_MAX(peak, last);
+}
+
+// A vector divides while the one before it is packed.
+HWY_ATTR float decodeDivideAndPack24(float* frames, std::uint8_t* bytes, std::size_t count,
+                                     float sideGain, float left, float right) {
+  const FloatTag df;
+  const auto gain = hn::Set(df, sideGain);
+  const auto divisor = divisors(left, right);
+  auto most = hn::Zero(df);
+  const std::size_t lanes = hn::Lanes(df);
+  const std::size_t end = lanes > 1 ? packedVectorEnd(count, lanes) : 0;
+  for (std::size_t i = 0; i < end; i += lanes) {
+    const auto quotient = hn::Div(decoded(hn::LoadU(df, frames + i), gain), divisor);
+    most = larger(hn::Abs(quotient), most);
+    hn::StoreU(quotient, df, frames + i);
+    storePacked(packed(quotient), bytes + 3 * i);
+  }
+  const float peak = hn::GetLane(hn::MaxOfLanes(df, most));
+  const float last = PlainKernels::decodeDivideAndPack24(
+      std::span(frames + end, count - end), sideGain, left, right,
+      std::as_writable_bytes(std::span(bytes + 3 * end, 3 * (count - end))));
   return HWY_MAX(peak, last);
 }
 
@@ -233,6 +280,19 @@ HWY_ATTR float peakMagnitude(const float* samples, std::size_t count, float peak
   }
   peak = hn::GetLane(hn::MaxOfLanes(df, larger(peak0, peak1)));
   return PlainKernels::peakMagnitude(std::span(samples + i, count - i), peak);
+}
+
+HWY_ATTR float decodedPeak(const float* frames, std::size_t count, float sideGain, float peak) {
+  const FloatTag df;
+  const auto gain = hn::Set(df, sideGain);
+  const std::size_t lanes = hn::Lanes(df);
+  auto most = hn::Set(df, peak);
+  std::size_t i = 0;
+  for (; lanes > 1 && i + lanes <= count; i += lanes) {
+    most = larger(hn::Abs(decoded(hn::LoadU(df, frames + i), gain)), most);
+  }
+  peak = hn::GetLane(hn::MaxOfLanes(df, most));
+  return PlainKernels::decodedPeak(std::span(frames + i, count - i), sideGain, peak);
 }
 
 // A zero may come from another lane than the first zero of the channel: then +0 and -0 are told
@@ -279,7 +339,9 @@ HWY_EXPORT(pack24);
 HWY_EXPORT(decodeMidSide);
 HWY_EXPORT(divide);
 HWY_EXPORT(decodeAndDivide);
+HWY_EXPORT(decodeDivideAndPack24);
 HWY_EXPORT(peakMagnitude);
+HWY_EXPORT(decodedPeak);
 HWY_EXPORT(raiseMaxima);
 
 const std::uint8_t* raw(std::span<const std::byte> bytes) {
@@ -315,8 +377,18 @@ float Kernels::decodeAndDivide(std::span<float> frames, float sideGain, float le
   return HWY_DYNAMIC_DISPATCH(decodeAndDivide)(frames.data(), frames.size(), sideGain, left, right);
 }
 
+float Kernels::decodeDivideAndPack24(std::span<float> frames, float sideGain, float left,
+                                     float right, std::span<std::byte> bytes) {
+  return HWY_DYNAMIC_DISPATCH(decodeDivideAndPack24)(frames.data(), raw(bytes), frames.size(),
+                                                     sideGain, left, right);
+}
+
 float Kernels::peakMagnitude(std::span<const float> samples, float peak) {
   return HWY_DYNAMIC_DISPATCH(peakMagnitude)(samples.data(), samples.size(), peak);
+}
+
+float Kernels::decodedPeak(std::span<const float> frames, float sideGain, float peak) {
+  return HWY_DYNAMIC_DISPATCH(decodedPeak)(frames.data(), frames.size(), sideGain, peak);
 }
 
 void Kernels::raiseMaxima(std::span<const float> frames, float& left, float& right) {

@@ -3,6 +3,7 @@
 
 #include "dsp/PlainKernels.h"
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 
@@ -68,10 +69,26 @@ float PlainKernels::decodeAndDivide(std::span<float> frames, float sideGain, flo
   return divide(frames, left, right);
 }
 
+float PlainKernels::decodeDivideAndPack24(std::span<float> frames, float sideGain, float left,
+                                          float right, std::span<std::byte> bytes) {
+  const float peak = decodeAndDivide(frames, sideGain, left, right);
+  pack24(frames, bytes);
+  return peak;
+}
+
 float PlainKernels::peakMagnitude(std::span<const float> samples, float peak) {
   for (const float sample : samples) {
     const float magnitude = std::fabs(sample);
     if (magnitude > peak) peak = magnitude;
+  }
+  return peak;
+}
+
+float PlainKernels::decodedPeak(std::span<const float> frames, float sideGain, float peak) {
+  for (std::size_t i = 0; i < frames.size(); i += 2) {
+    std::array<float, 2> frame{frames[i], frames[i + 1]};
+    decodeMidSide(frame, sideGain);
+    peak = peakMagnitude(frame, peak);
   }
   return peak;
 }

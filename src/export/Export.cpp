@@ -195,14 +195,24 @@ void Export::editAndWriteSample(BwfWriter& writer) {
   std::array<float, ExportBlocks::kFloats> block;
   while (const std::uint64_t count = fillBlock(source, block)) {
     const std::span<float> frames = std::span(block).first(2 * count);
-    const float peak = _reader->isBoMSFormat()
-                           ? Kernels::decodeAndDivide(frames, sideGain(), left, right)
-                           : Kernels::divide(frames, left, right);
+    const float peak = append(frames, left, right, writer);
     if (_isExport24Bit) _clipping.look(frames, peak);
-    write(frames, _isExport24Bit, writer);
     if (!writer.failure().empty()) fail(writer.failure());
     report(count);
   }
+}
+
+// Decodes and divides the frames, and returns the greatest magnitude.
+float Export::append(std::span<float> frames, float left, float right, BwfWriter& writer) const {
+  const bool isRaw = _reader->isBoMSFormat();
+  if (isRaw && _isExport24Bit) {
+    const auto bytes = writer.extend(static_cast<std::uint32_t>(3 * frames.size()));
+    return Kernels::decodeDivideAndPack24(frames, sideGain(), left, right, bytes);
+  }
+  const float peak = isRaw ? Kernels::decodeAndDivide(frames, sideGain(), left, right)
+                           : Kernels::divide(frames, left, right);
+  write(frames, _isExport24Bit, writer);
+  return peak;
 }
 
 Export::Attenuation Export::attenuation() {

@@ -155,6 +155,7 @@ class Export {
   float firstPass();
   [[nodiscard]] FrameRange range() const;
   [[nodiscard]] FrameStream stream() const;
+  float append(std::span<float> frames, float left, float right, BwfWriter& writer) const;
   std::uint64_t fillBlock(FrameStream& source, std::span<float> block);
   [[nodiscard]] float sideGain() const;
   void report(std::uint64_t framesDone);

@@ -80,8 +80,8 @@ bool PeakPass::takePart(FrameStream& stream, float& peak) {
     const std::span<float> frames = std::span(block).first(2 * wanted);
     if (stream.read(frames) != wanted) _hasFailed = true;
     if (_hasFailed) return false;
-    if (_reader.isBoMSFormat()) Kernels::decodeMidSide(frames, _sideGain);
-    peak = Kernels::peakMagnitude(frames, peak);
+    peak = _reader.isBoMSFormat() ? Kernels::decodedPeak(frames, _sideGain, peak)
+                                  : Kernels::peakMagnitude(frames, peak);
     at += wanted;
     _done += wanted;
   }

@@ -58,6 +58,25 @@ void expectDecodeAndDivideAsPlain(std::span<const float> frames, std::size_t off
   ASSERT_TRUE(buffer.guardsUntouched()) << frames.size() << " floats, offset " << offset;
 }
 
+void expectDecodeDivideAndPackAsPlain(std::span<const float> frames, std::size_t inOffset,
+                                      std::size_t outOffset, float left, float right) {
+  constexpr float kSideGain = 1.25F;
+  std::vector<float> wanted(frames.begin(), frames.end());
+  std::vector<std::byte> wantedBytes(3 * frames.size());
+  const float peak = PlainKernels::decodeAndDivide(wanted, kSideGain, left, right);
+  PlainKernels::pack24(wanted, wantedBytes);
+  GuardedBuffer<float> in(frames, inOffset);
+  GuardedBuffer<std::byte> out(wantedBytes.size(), outOffset);
+  ASSERT_EQ(Kernels::decodeDivideAndPack24(in.span(), kSideGain, left, right, out.span()), peak);
+  ASSERT_EQ(bitsOf(in.span()), bitsOf(wanted))
+      << frames.size() << " floats, offset " << inOffset << ", divisors " << left << ' ' << right;
+  const auto got = out.span();
+  ASSERT_EQ(std::vector<std::byte>(got.begin(), got.end()), wantedBytes)
+      << frames.size() << " floats, offset " << outOffset << ", divisors " << left << ' ' << right;
+  ASSERT_TRUE(in.guardsUntouched()) << frames.size() << " floats, offset " << inOffset;
+  ASSERT_TRUE(out.guardsUntouched()) << frames.size() << " floats, offset " << outOffset;
+}
+
 /// Beside a division a compiler may make a NaN that signals a quiet one.
 std::vector<float> withoutSignals(std::vector<float> samples) {
   for (float& sample : samples) {
@@ -108,6 +127,18 @@ void expectPeakAsPlain(std::span<const float> samples, std::size_t offset, float
   ASSERT_EQ(std::bit_cast<std::uint32_t>(Kernels::peakMagnitude(buffer.span(), peak)),
             std::bit_cast<std::uint32_t>(PlainKernels::peakMagnitude(samples, peak)))
       << samples.size() << " samples, offset " << offset << ", from " << peak;
+}
+
+void expectDecodedPeakAsPlain(std::span<const float> frames, std::size_t offset, float sideGain,
+                              float peak) {
+  std::vector<float> decoded(frames.begin(), frames.end());
+  PlainKernels::decodeMidSide(decoded, sideGain);
+  GuardedBuffer<float> buffer(frames, offset);
+  ASSERT_EQ(std::bit_cast<std::uint32_t>(Kernels::decodedPeak(buffer.span(), sideGain, peak)),
+            std::bit_cast<std::uint32_t>(PlainKernels::peakMagnitude(decoded, peak)))
+      << frames.size() << " floats, offset " << offset << ", gain " << sideGain << ", from "
+      << peak;
+  ASSERT_EQ(bitsOf(buffer.span()), bitsOf(frames));
 }
 
 void expectMaximaAsPlain(std::span<const float> frames, std::size_t offset, float left,
@@ -237,6 +268,21 @@ TEST_P(KernelsTest, DecodeAndDivideIsThePlainLoopForAnyCountAndMisalignment) {
   }
 }
 
+TEST_P(KernelsTest, DecodeDivideAndPack24IsThePlainLoopsForAnyCountAndMisalignment) {
+  SampleInputs inputs(1104);
+  for (std::size_t count = 0; count <= kCounts; count += 2) {
+    for (std::size_t offset = 0; offset < kOffsets; ++offset) {
+      const auto frames = framesForASum(inputs, count);
+      const float left = plainDivisor(inputs);
+      const float right = plainDivisor(inputs);
+      ASSERT_NO_FATAL_FAILURE(
+          expectDecodeDivideAndPackAsPlain(frames, 4 * offset, inputs.upTo(63), left, right));
+      ASSERT_NO_FATAL_FAILURE(
+          expectDecodeDivideAndPackAsPlain(frames, 4 * inputs.upTo(15), offset, left, right));
+    }
+  }
+}
+
 TEST_P(KernelsTest, DivideIsThePlainLoopForAnyCountAndMisalignment) {
   SampleInputs inputs(960);
   for (std::size_t count = 0; count <= kCounts; count += 2) {
@@ -267,6 +313,19 @@ TEST_P(KernelsTest, PeakMagnitudeFindsThePeakWhereverItIs) {
     ASSERT_EQ(Kernels::peakMagnitude(samples, 0.0F), 0.75F) << at;
     samples[at] = NAN;
     ASSERT_EQ(Kernels::peakMagnitude(samples, 0.0F), 0.125F) << at;
+  }
+}
+
+TEST_P(KernelsTest, DecodedPeakIsThatOfThePlainLoopsForAnyCountAndMisalignment) {
+  SampleInputs inputs(77);
+  for (std::size_t count = 0; count <= kCounts; count += 2) {
+    for (std::size_t offset = 0; offset < kOffsets; ++offset) {
+      const float gain = offset == 0 ? 0.0F : 2.0F * std::fabs(inputs.audio());
+      const bool isTame = inputs.upTo(1) == 0;
+      const auto frames = isTame ? inputs.audio(count) : inputs.any(count);
+      const float peak = inputs.upTo(1) == 0 ? 0.0F : std::fabs(inputs.anyNumber());
+      ASSERT_NO_FATAL_FAILURE(expectDecodedPeakAsPlain(frames, 4 * offset, gain, peak));
+    }
   }
 }
 
@@ -303,8 +362,10 @@ TEST_P(KernelsTest, LongBuffersAreAsThePlainLoops) {
   expectPackAsPlain(odd, 4, 1);
   expectDecodeAsPlain(even, 4, 1.5F);
   expectDecodeAndDivideAsPlain(framesForASum(inputs, 4098), 4, 1.5F, 0.3F, 7.0F);
+  expectDecodeDivideAndPackAsPlain(framesForASum(inputs, 4098), 4, 1, 0.3F, 7.0F);
   expectDivideAsPlain(even, 4, 0.3F, 7.0F);
   expectPeakAsPlain(odd, 4, 0.0F);
+  expectDecodedPeakAsPlain(even, 4, 1.5F, 0.0F);
   expectMaximaAsPlain(even, 4, -2, -2);
 }
 
@@ -330,6 +391,11 @@ TEST_P(KernelsTest, NothingOutsideTheBuffersIsReadOrWritten) {
       ASSERT_EQ(count == 0 ? 0.5F : samples.span()[count - 2], 0.5F);
       Kernels::decodeAndDivide(samples.span(), 1.0F, 0.5F, 2.0F);
       ASSERT_EQ(count == 0 ? 1.0F : samples.span()[count - 2], 1.0F);
+      std::fill(samples.span().begin(), samples.span().end(), 0.25F);
+      ASSERT_EQ(Kernels::decodedPeak(samples.span(), 1.0F, 0.0F), count == 0 ? 0.0F : 0.5F);
+      const float peak =
+          Kernels::decodeDivideAndPack24(samples.span(), 1.0F, 0.5F, 2.0F, bytes.span());
+      ASSERT_EQ(peak, count == 0 ? 0.0F : 1.0F);
     }
   }
 }
