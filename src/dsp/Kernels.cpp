@@ -19,15 +19,22 @@ HWY_BEFORE_NAMESPACE();
 namespace kernels::HWY_NAMESPACE {
 namespace {
 
+// So many samples of 24 bits, as the plain loops take them.
+HWY_INLINE std::span<const std::byte> packedBytes(const std::uint8_t* bytes, std::size_t samples) {
+  return std::as_bytes(std::span(bytes, 3 * samples));
+}
+HWY_INLINE std::span<std::byte> packedBytes(std::uint8_t* bytes, std::size_t samples) {
+  return std::as_writable_bytes(std::span(bytes, 3 * samples));
+}
+
 #if HWY_TARGET == HWY_SCALAR  // a processor without vectors that fit: the plain loops
 
 void unpack24(const std::uint8_t* bytes, float* samples, std::size_t count) {
-  PlainKernels::unpack24(std::as_bytes(std::span(bytes, 3 * count)), std::span(samples, count));
+  PlainKernels::unpack24(packedBytes(bytes, count), std::span(samples, count));
 }
 
 void pack24(const float* samples, std::uint8_t* bytes, std::size_t count) {
-  PlainKernels::pack24(std::span(samples, count),
-                       std::as_writable_bytes(std::span(bytes, 3 * count)));
+  PlainKernels::pack24(std::span(samples, count), packedBytes(bytes, count));
 }
 
 void decodeMidSide(float* frames, std::size_t count, float sideGain) {
@@ -42,18 +49,18 @@ float decodeAndDivide(float* frames, std::size_t count, float sideGain, float le
   return PlainKernels::decodeAndDivide(std::span(frames, count), sideGain, left, right);
 }
 
-float decodeDivideAndPack24(float* frames, std::uint8_t* bytes, std::size_t count, float sideGain,
-                            float left, float right) {
-  return PlainKernels::decodeDivideAndPack24(std::span(frames, count), sideGain, left, right,
-                                             std::as_writable_bytes(std::span(bytes, 3 * count)));
+float recode24(const std::uint8_t* from, std::uint8_t* to, std::size_t count, float sideGain,
+               float left, float right) {
+  return PlainKernels::recode24(packedBytes(from, count), sideGain, left, right,
+                                packedBytes(to, count));
 }
 
 float peakMagnitude(const float* samples, std::size_t count, float peak) {
   return PlainKernels::peakMagnitude(std::span(samples, count), peak);
 }
 
-float decodedPeak(const float* frames, std::size_t count, float sideGain, float peak) {
-  return PlainKernels::decodedPeak(std::span(frames, count), sideGain, peak);
+float decodedPeak24(const std::uint8_t* bytes, std::size_t count, float sideGain, float peak) {
+  return PlainKernels::decodedPeak24(packedBytes(bytes, count), sideGain, peak);
 }
 
 void raiseMaxima(const float* frames, std::size_t count, float& left, float& right) {
@@ -87,19 +94,13 @@ HWY_INLINE hn::Vec<ByteTag> shuffle(const BlockPattern& pattern) {
   return hn::LoadDup128(ByteTag(), pattern.data());
 }
 
-// Which packed word each word of a vector's blocks comes from, and which word each packed one.
-constexpr WordPattern spreadWords() {
+// Which word each one of a vector comes from, where pieces of so many words become pieces of
+// others.
+constexpr WordPattern wordsOf(std::size_t from, std::size_t to) {
   WordPattern pattern{};
   for (std::size_t i = 0; i < pattern.size(); ++i) {
-    const std::size_t word = i / kBlockWords * kPackedWords + i % kBlockWords;
-    pattern[i] = static_cast<std::int32_t>(std::min(word, i));
-  }
-  return pattern;
-}
-constexpr WordPattern gatheredWords() {
-  WordPattern pattern{};
-  for (std::size_t i = 0; i < pattern.size() / kBlockWords * kPackedWords; ++i) {
-    pattern[i] = static_cast<std::int32_t>(i / kPackedWords * kBlockWords + i % kPackedWords);
+    const std::size_t word = i / to * from + i % to;
+    pattern[i] = static_cast<std::int32_t>(std::min(word, pattern.size() - 1));
   }
   return pattern;
 }
@@ -112,14 +113,14 @@ HWY_INLINE hn::Vec<ByteTag> moveWords(hn::Vec<ByteTag> bytes, const WordPattern&
 }
 
 HWY_INLINE hn::Vec<ByteTag> loadPacked(const std::uint8_t* from) {
-  static constexpr WordPattern kPattern = spreadWords();
+  static constexpr WordPattern kPattern = wordsOf(kPackedWords, kBlockWords);
   const auto packed = hn::LoadU(ByteTag(), from);
   if constexpr (hn::MaxLanes(ByteTag()) <= kBlock) return packed;
   return moveWords(packed, kPattern);
 }
 
 HWY_INLINE void storePacked(hn::Vec<ByteTag> value, std::uint8_t* to) {
-  static constexpr WordPattern kPattern = gatheredWords();
+  static constexpr WordPattern kPattern = wordsOf(kBlockWords, kPackedWords);
   constexpr bool isBlock = hn::MaxLanes(ByteTag()) <= kBlock;
   hn::StoreU(isBlock ? value : moveWords(value, kPattern), ByteTag(), to);
 }
@@ -131,23 +132,26 @@ HWY_INLINE std::size_t packedVectorEnd(std::size_t count, std::size_t lanes) {
   return (count - beyond) / lanes * lanes;
 }
 
-HWY_ATTR void unpack24(const std::uint8_t* bytes, float* samples, std::size_t count) {
+// Each sample goes to the top three bytes of a lane, that is 256 times its value: exact in a float,
+// as is the product with a power of two.
+HWY_INLINE hn::Vec<FloatTag> unpacked(const std::uint8_t* bytes) {
   const FloatTag df;
-  // Each sample goes to the top three bytes of a lane, that is 256 times its value: exact in a
-  // float, as is the product with a power of two.
   static constexpr BlockPattern kPattern = {0x80, 0, 1, 2, 0x80, 3, 4,  5,
                                             0x80, 6, 7, 8, 0x80, 9, 10, 11};
-  const auto pattern = shuffle(kPattern);
-  const auto scale = hn::Set(df, 4.656612873077393e-10F);  // 2^-31
+  const auto lifted = hn::TableLookupBytesOr0(loadPacked(bytes), shuffle(kPattern));
+  const auto value = hn::ConvertTo(df, hn::BitCast(Int32Tag(), lifted));
+  return hn::Mul(value, hn::Set(df, 4.656612873077393e-10F));  // 2^-31
+}
+
+HWY_ATTR void unpack24(const std::uint8_t* bytes, float* samples, std::size_t count) {
+  const FloatTag df;
   const std::size_t lanes = hn::Lanes(df);
   const std::size_t end = packedVectorEnd(count, lanes);
   for (std::size_t i = 0; i < end; i += lanes) {
-    const auto lifted = hn::TableLookupBytesOr0(loadPacked(bytes + 3 * i), pattern);
-    const auto value = hn::ConvertTo(df, hn::BitCast(Int32Tag(), lifted));
-    hn::StoreU(hn::Mul(value, scale), df, samples + i);
+    hn::StoreU(unpacked(bytes + 3 * i), df, samples + i);
   }
-  PlainKernels::unpack24(std::as_bytes(std::span(bytes + 3 * end, 3 * (count - end))),
-                         std::span(samples + end, count - end));
+  const std::span rest(samples + end, count - end);
+  PlainKernels::unpack24(packedBytes(bytes + 3 * end, rest.size()), rest);
 }
 
 // What is not over -1 is the least value, what is not a number too.
@@ -170,8 +174,8 @@ HWY_ATTR void pack24(const float* samples, std::uint8_t* bytes, std::size_t coun
   for (std::size_t i = 0; i < end; i += lanes) {
     storePacked(packed(hn::LoadU(df, samples + i)), bytes + 3 * i);
   }
-  PlainKernels::pack24(std::span(samples + end, count - end),
-                       std::as_writable_bytes(std::span(bytes + 3 * end, 3 * (count - end))));
+  const std::span rest(samples + end, count - end);
+  PlainKernels::pack24(rest, packedBytes(bytes + 3 * end, rest.size()));
 }
 
 // The steps of the frame kernels, on whole frames that fill a vector.
@@ -246,9 +250,9 @@ HWY_ATTR float decodeAndDivide(float* frames, std::size_t count, float sideGain,
   return HWY_MAX(peak, last);
 }
 
-// A vector divides while the one before it is packed.
-HWY_ATTR float decodeDivideAndPack24(float* frames, std::uint8_t* bytes, std::size_t count,
-                                     float sideGain, float left, float right) {
+// One vector is divided while others are unpacked and packed.
+HWY_ATTR float recode24(const std::uint8_t* from, std::uint8_t* to, std::size_t count,
+                        float sideGain, float left, float right) {
   const FloatTag df;
   const auto gain = hn::Set(df, sideGain);
   const auto divisor = divisors(left, right);
@@ -256,15 +260,13 @@ HWY_ATTR float decodeDivideAndPack24(float* frames, std::uint8_t* bytes, std::si
   const std::size_t lanes = hn::Lanes(df);
   const std::size_t end = lanes > 1 ? packedVectorEnd(count, lanes) : 0;
   for (std::size_t i = 0; i < end; i += lanes) {
-    const auto quotient = hn::Div(decoded(hn::LoadU(df, frames + i), gain), divisor);
+    const auto quotient = hn::Div(decoded(unpacked(from + 3 * i), gain), divisor);
     most = larger(hn::Abs(quotient), most);
-    hn::StoreU(quotient, df, frames + i);
-    storePacked(packed(quotient), bytes + 3 * i);
+    storePacked(packed(quotient), to + 3 * i);
   }
   const float peak = hn::GetLane(hn::MaxOfLanes(df, most));
-  const float last = PlainKernels::decodeDivideAndPack24(
-      std::span(frames + end, count - end), sideGain, left, right,
-      std::as_writable_bytes(std::span(bytes + 3 * end, 3 * (count - end))));
+  const float last = PlainKernels::recode24(packedBytes(from + 3 * end, count - end), sideGain,
+                                            left, right, packedBytes(to + 3 * end, count - end));
   return HWY_MAX(peak, last);
 }
 
@@ -282,17 +284,18 @@ HWY_ATTR float peakMagnitude(const float* samples, std::size_t count, float peak
   return PlainKernels::peakMagnitude(std::span(samples + i, count - i), peak);
 }
 
-HWY_ATTR float decodedPeak(const float* frames, std::size_t count, float sideGain, float peak) {
+HWY_ATTR float decodedPeak24(const std::uint8_t* bytes, std::size_t count, float sideGain,
+                             float peak) {
   const FloatTag df;
   const auto gain = hn::Set(df, sideGain);
-  const std::size_t lanes = hn::Lanes(df);
   auto most = hn::Set(df, peak);
-  std::size_t i = 0;
-  for (; lanes > 1 && i + lanes <= count; i += lanes) {
-    most = larger(hn::Abs(decoded(hn::LoadU(df, frames + i), gain)), most);
+  const std::size_t lanes = hn::Lanes(df);
+  const std::size_t end = lanes > 1 ? packedVectorEnd(count, lanes) : 0;
+  for (std::size_t i = 0; i < end; i += lanes) {
+    most = larger(hn::Abs(decoded(unpacked(bytes + 3 * i), gain)), most);
   }
   peak = hn::GetLane(hn::MaxOfLanes(df, most));
-  return PlainKernels::decodedPeak(std::span(frames + i, count - i), sideGain, peak);
+  return PlainKernels::decodedPeak24(packedBytes(bytes + 3 * end, count - end), sideGain, peak);
 }
 
 // A zero may come from another lane than the first zero of the channel: then +0 and -0 are told
@@ -339,9 +342,9 @@ HWY_EXPORT(pack24);
 HWY_EXPORT(decodeMidSide);
 HWY_EXPORT(divide);
 HWY_EXPORT(decodeAndDivide);
-HWY_EXPORT(decodeDivideAndPack24);
+HWY_EXPORT(recode24);
 HWY_EXPORT(peakMagnitude);
-HWY_EXPORT(decodedPeak);
+HWY_EXPORT(decodedPeak24);
 HWY_EXPORT(raiseMaxima);
 
 const std::uint8_t* raw(std::span<const std::byte> bytes) {
@@ -377,18 +380,17 @@ float Kernels::decodeAndDivide(std::span<float> frames, float sideGain, float le
   return HWY_DYNAMIC_DISPATCH(decodeAndDivide)(frames.data(), frames.size(), sideGain, left, right);
 }
 
-float Kernels::decodeDivideAndPack24(std::span<float> frames, float sideGain, float left,
-                                     float right, std::span<std::byte> bytes) {
-  return HWY_DYNAMIC_DISPATCH(decodeDivideAndPack24)(frames.data(), raw(bytes), frames.size(),
-                                                     sideGain, left, right);
+float Kernels::recode24(std::span<const std::byte> from, float sideGain, float left, float right,
+                        std::span<std::byte> to) {
+  return HWY_DYNAMIC_DISPATCH(recode24)(raw(from), raw(to), from.size() / 3, sideGain, left, right);
 }
 
 float Kernels::peakMagnitude(std::span<const float> samples, float peak) {
   return HWY_DYNAMIC_DISPATCH(peakMagnitude)(samples.data(), samples.size(), peak);
 }
 
-float Kernels::decodedPeak(std::span<const float> frames, float sideGain, float peak) {
-  return HWY_DYNAMIC_DISPATCH(decodedPeak)(frames.data(), frames.size(), sideGain, peak);
+float Kernels::decodedPeak24(std::span<const std::byte> frames, float sideGain, float peak) {
+  return HWY_DYNAMIC_DISPATCH(decodedPeak24)(raw(frames), frames.size() / 3, sideGain, peak);
 }
 
 void Kernels::raiseMaxima(std::span<const float> frames, float& left, float& right) {

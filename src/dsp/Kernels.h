@@ -33,17 +33,17 @@ class Kernels {
   /// `decodeMidSide` and then `divide` in one go.
   static float decodeAndDivide(std::span<float> frames, float sideGain, float left, float right);
 
-  /// `decodeAndDivide`, and `pack24` of what it leaves in `frames`, in one go.
-  /// bytes.size() == 3 * frames.size().
-  static float decodeDivideAndPack24(std::span<float> frames, float sideGain, float left,
-                                     float right, std::span<std::byte> bytes);
+  /// `unpack24`, `decodeAndDivide` and `pack24` in one go, from `from` to `to`, which are as long;
+  /// whole frames.
+  static float recode24(std::span<const std::byte> from, float sideGain, float left, float right,
+                        std::span<std::byte> to);
 
   /// The largest of `peak` and every |sample|; samples that are not a number do not count.
   /// `peak` is 0 or more.
   static float peakMagnitude(std::span<const float> samples, float peak);
 
-  /// What `peakMagnitude` finds in what `decodeMidSide` would make of the frames.
-  static float decodedPeak(std::span<const float> frames, float sideGain, float peak);
+  /// What `peakMagnitude` finds in what `unpack24` and `decodeMidSide` make of whole frames.
+  static float decodedPeak24(std::span<const std::byte> frames, float sideGain, float peak);
 
   /// Raises `left` and `right` to the largest signed element of their channel; what is not a
   /// number does not count.

@@ -3,6 +3,7 @@
 
 #include "dsp/PlainKernels.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -11,6 +12,7 @@ namespace {
 
 constexpr float kFrom24Bit = 1.1920928955078125e-07F;  // 2^-23
 constexpr float kTo24Bit = 8388607.0F;                 // for both signs, on purpose
+constexpr std::size_t kFrame24 = 6;                    // bytes
 constexpr std::int32_t kMax24Bit = 8388607;
 constexpr std::int32_t kMin24Bit = -8388608;
 
@@ -69,10 +71,15 @@ float PlainKernels::decodeAndDivide(std::span<float> frames, float sideGain, flo
   return divide(frames, left, right);
 }
 
-float PlainKernels::decodeDivideAndPack24(std::span<float> frames, float sideGain, float left,
-                                          float right, std::span<std::byte> bytes) {
-  const float peak = decodeAndDivide(frames, sideGain, left, right);
-  pack24(frames, bytes);
+float PlainKernels::recode24(std::span<const std::byte> from, float sideGain, float left,
+                             float right, std::span<std::byte> to) {
+  float peak = 0;
+  std::array<float, 2> frame{};
+  for (std::size_t i = 0; i < from.size(); i += kFrame24) {
+    unpack24(from.subspan(i, kFrame24), frame);
+    peak = std::max(peak, decodeAndDivide(frame, sideGain, left, right));
+    pack24(frame, to.subspan(i, kFrame24));
+  }
   return peak;
 }
 
@@ -84,9 +91,10 @@ float PlainKernels::peakMagnitude(std::span<const float> samples, float peak) {
   return peak;
 }
 
-float PlainKernels::decodedPeak(std::span<const float> frames, float sideGain, float peak) {
-  for (std::size_t i = 0; i < frames.size(); i += 2) {
-    std::array<float, 2> frame{frames[i], frames[i + 1]};
+float PlainKernels::decodedPeak24(std::span<const std::byte> frames, float sideGain, float peak) {
+  std::array<float, 2> frame{};
+  for (std::size_t i = 0; i < frames.size(); i += kFrame24) {
+    unpack24(frames.subspan(i, kFrame24), frame);
     decodeMidSide(frame, sideGain);
     peak = peakMagnitude(frame, peak);
   }

@@ -14,10 +14,10 @@ class PlainKernels {
   static void decodeMidSide(std::span<float> frames, float sideGain);
   static float divide(std::span<float> frames, float left, float right);
   static float decodeAndDivide(std::span<float> frames, float sideGain, float left, float right);
-  static float decodeDivideAndPack24(std::span<float> frames, float sideGain, float left,
-                                     float right, std::span<std::byte> bytes);
+  static float recode24(std::span<const std::byte> from, float sideGain, float left, float right,
+                        std::span<std::byte> to);
   static float peakMagnitude(std::span<const float> samples, float peak);
-  static float decodedPeak(std::span<const float> frames, float sideGain, float peak);
+  static float decodedPeak24(std::span<const std::byte> frames, float sideGain, float peak);
   static void raiseMaxima(std::span<const float> frames, float& left, float& right);
 
   /// One signed 24-bit little-endian integer times 2^-23.

@@ -6,17 +6,11 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
-
-constexpr float kFullScale = 1.0F + 0x1p-23F;  // rounding gets there, as when a take is normalised
-
-}  // namespace
-
 void Clipping::look(std::span<const float> frames, float peak) {
-  for (std::size_t i = 0; peak > kFullScale && i < frames.size(); ++i) {
-    if (std::fabs(frames[i]) > kFullScale) add(_position + i / 2);
+  for (std::size_t i = 0; isOver(peak) && i < frames.size(); ++i) {
+    if (isOver(std::fabs(frames[i]))) add(_position + i / 2);
   }
-  if (peak > kFullScale) _peak = std::max(_peak, peak);
+  if (isOver(peak)) _peak = std::max(_peak, peak);
   _position += frames.size() / 2;
 }
 

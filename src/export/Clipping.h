@@ -21,6 +21,9 @@ class Clipping {
   /// Samples less than a tenth of a second apart share a place.
   explicit Clipping(std::uint32_t sampleRate = 0) : _gap(sampleRate / 10) {}
 
+  /// Whether a magnitude is over full scale.
+  static bool isOver(float magnitude) { return magnitude > kFullScale; }
+
   /// The next frames, interleaved pairs, and the largest of their magnitudes, as the decode tells
   /// it.
   void look(std::span<const float> frames, float peak);
@@ -37,6 +40,8 @@ class Clipping {
   [[nodiscard]] const std::vector<Place>& places() const { return _places; }
 
  private:
+  static constexpr float kFullScale = 1.0F + 0x1p-23F;  // rounding gets there, as at normalising
+
   void add(std::uint64_t frame);
 
   std::uint64_t _gap;

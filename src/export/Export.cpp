@@ -190,29 +190,48 @@ void Export::editAndWriteSample(BwfWriter& writer) {
   _normalizeGain.reset();
   _clipping = Clipping(_reader->header().SampleRate);
   const Attenuation attenuation = this->attenuation();
-  const float left = GainStage::factor(attenuation.left);
-  const float right = GainStage::factor(attenuation.right);
-  std::array<float, ExportBlocks::kFloats> block;
-  while (const std::uint64_t count = fillBlock(source, block)) {
-    const std::span<float> frames = std::span(block).first(2 * count);
-    const float peak = append(frames, left, right, writer);
-    if (_isExport24Bit) _clipping.look(frames, peak);
+  const Factors factors{sideGain(), GainStage::factor(attenuation.left),
+                        GainStage::factor(attenuation.right)};
+  const bool isRecoded = _isExport24Bit && _reader->isBoMSFormat() && source.isPair24();
+  while (mayGoOn(source)) {
+    const std::uint64_t count =
+        isRecoded ? recode(source, factors, writer) : edit(source, factors, writer);
+    if (count == 0) return failToRead(source);
     if (!writer.failure().empty()) fail(writer.failure());
     report(count);
   }
 }
 
-// Decodes and divides the frames, and returns the greatest magnitude.
-float Export::append(std::span<float> frames, float left, float right, BwfWriter& writer) const {
-  const bool isRaw = _reader->isBoMSFormat();
-  if (isRaw && _isExport24Bit) {
-    const auto bytes = writer.extend(static_cast<std::uint32_t>(3 * frames.size()));
-    return Kernels::decodeDivideAndPack24(frames, sideGain(), left, right, bytes);
+// Of a raw take of 24-bit integers into such integers there is no need of floats on the way, but
+// to look at what clips.
+std::uint64_t Export::recode(FrameStream& source, const Factors& factors, BwfWriter& writer) {
+  const auto packed = source.readPacked(ExportBlocks::kRecodedFrames);
+  if (packed.empty()) return 0;
+  const auto target = writer.extend(static_cast<std::uint32_t>(packed.size()));
+  const auto [side, left, right] = factors;
+  const float peak = Kernels::recode24(packed, side, left, right, target);
+  const std::size_t samples = packed.size() / 3;
+  if (!Clipping::isOver(peak)) {
+    _clipping.skip(samples / 2);
+    return samples / 2;
   }
-  const float peak = isRaw ? Kernels::decodeAndDivide(frames, sideGain(), left, right)
-                           : Kernels::divide(frames, left, right);
+  std::array<float, 2 * ExportBlocks::kRecodedFrames> floats;
+  const std::span<float> frames = std::span(floats).first(samples);
+  Kernels::unpack24(packed, frames);
+  _clipping.look(frames, Kernels::decodeAndDivide(frames, side, left, right));
+  return samples / 2;
+}
+
+std::uint64_t Export::edit(FrameStream& source, const Factors& factors, BwfWriter& writer) {
+  std::array<float, ExportBlocks::kFloats> block;
+  const std::uint64_t count = source.read(block);
+  const std::span<float> frames = std::span(block).first(2 * count);
+  const auto [side, left, right] = factors;
+  const float peak = _reader->isBoMSFormat() ? Kernels::decodeAndDivide(frames, side, left, right)
+                                             : Kernels::divide(frames, left, right);
+  if (_isExport24Bit) _clipping.look(frames, peak);
   write(frames, _isExport24Bit, writer);
-  return peak;
+  return count;
 }
 
 Export::Attenuation Export::attenuation() {
@@ -276,16 +295,15 @@ Export::Attenuation Export::towardsLoudness() {
   return {-*_loudnessGain->gain(), -*_loudnessGain->gain()};
 }
 
-// Returns frames; 0 at the end and when the export has to stop.
-std::uint64_t Export::fillBlock(FrameStream& source, std::span<float> block) {
+bool Export::mayGoOn(const FrameStream& source) {
   if (_cancel != nullptr && _cancel->load(std::memory_order_relaxed)) _wasCancelled = true;
-  if (stopped() || source.framesLeft() == 0) return 0;
-  const std::uint64_t count = source.read(block);
-  if (count > 0) return count;
+  return !stopped() && source.framesLeft() > 0;
+}
+
+void Export::failToRead(const FrameStream& source) {
   if (!source.failure().empty())
     fail(fmt::format("The source cannot be read: {}", source.failure()));
   _wasCancelled = source.failure().empty();
-  return 0;
 }
 
 float Export::sideGain() const {

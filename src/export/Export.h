@@ -143,6 +143,11 @@ class Export {
     double left;
     double right;
   };
+  struct Factors {
+    float side;
+    float left;  ///< what is divided by
+    float right;
+  };
 
   bool recognise();
   [[nodiscard]] std::string whyNotAtAll(const std::filesystem::path& path, bool is24bit) const;
@@ -155,8 +160,11 @@ class Export {
   float firstPass();
   [[nodiscard]] FrameRange range() const;
   [[nodiscard]] FrameStream stream() const;
-  float append(std::span<float> frames, float left, float right, BwfWriter& writer) const;
-  std::uint64_t fillBlock(FrameStream& source, std::span<float> block);
+  /// Frames; 0 where none could be read.
+  std::uint64_t recode(FrameStream& source, const Factors& factors, BwfWriter& writer);
+  std::uint64_t edit(FrameStream& source, const Factors& factors, BwfWriter& writer);
+  [[nodiscard]] bool mayGoOn(const FrameStream& source);
+  void failToRead(const FrameStream& source);
   [[nodiscard]] float sideGain() const;
   void report(std::uint64_t framesDone);
   bool fail(const std::string& reason);

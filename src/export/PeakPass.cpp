@@ -74,18 +74,31 @@ bool PeakPass::takePart(FrameStream& stream, float& peak) {
   if (begin >= _range.end) return false;
   const std::uint64_t end = std::min(begin + kPartFrames, _range.end);
   if (_range.end - stream.framesLeft() != begin) stream.seek(begin);
-  std::array<float, ExportBlocks::kFloats> block;
   for (std::uint64_t at = begin; at < end && !isStopped();) {
-    const std::uint64_t wanted = std::min<std::uint64_t>(end - at, ExportBlocks::kFloats / 2);
-    const std::span<float> frames = std::span(block).first(2 * wanted);
-    if (stream.read(frames) != wanted) _hasFailed = true;
+    const std::uint64_t count = lookAt(stream, end - at, peak);
+    if (count == 0) _hasFailed = true;
     if (_hasFailed) return false;
-    peak = _reader.isBoMSFormat() ? Kernels::decodedPeak(frames, _sideGain, peak)
-                                  : Kernels::peakMagnitude(frames, peak);
-    at += wanted;
-    _done += wanted;
+    at += count;
+    _done += count;
   }
   return true;
+}
+
+// So many frames at most; returns how many, and none where reading failed.
+std::uint64_t PeakPass::lookAt(FrameStream& stream, std::uint64_t most, float& peak) const {
+  if (_reader.isBoMSFormat() && stream.isPair24()) {
+    const auto packed =
+        stream.readPacked(std::min<std::uint64_t>(most, ExportBlocks::kRecodedFrames));
+    peak = Kernels::decodedPeak24(packed, _sideGain, peak);
+    return packed.size() / 6;
+  }
+  std::array<float, ExportBlocks::kFloats> block;
+  const std::uint64_t wanted = std::min<std::uint64_t>(most, ExportBlocks::kFloats / 2);
+  const std::uint64_t count = stream.read(std::span(block).first(2 * wanted));
+  const std::span<float> frames = std::span(block).first(2 * count);
+  if (_reader.isBoMSFormat()) Kernels::decodeMidSide(frames, _sideGain);
+  peak = Kernels::peakMagnitude(frames, peak);
+  return count;
 }
 
 // By the thread that runs alone: helpers are given nobody to tell.

@@ -42,6 +42,7 @@ class PeakPass {
   void search(const Report& report);
   void fail(const std::string& why);
   bool takePart(FrameStream& stream, float& peak);
+  std::uint64_t lookAt(FrameStream& stream, std::uint64_t most, float& peak) const;
   [[nodiscard]] bool isStopped() const;
   void tell(const Report& report);
 

@@ -26,6 +26,8 @@ class FrameDecoder {
 
   /// Bytes from one frame to the next; 0 with no channels or a width under 8 bits.
   [[nodiscard]] std::uint64_t frameBytes() const { return _frameBytes; }
+  /// Whether a frame is two signed 24-bit integers and nothing else.
+  [[nodiscard]] bool isPair24() const { return _numChannels == 2 && _sample == Sample::Signed24; }
   /// Bytes from the start of a frame to the end of the last sample that is read for it.
   [[nodiscard]] std::uint64_t reach() const { return _reach; }
 

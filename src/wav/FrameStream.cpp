@@ -37,13 +37,27 @@ std::uint64_t FrameStream::read(std::span<float> frames) {
     if (_heldFrames == 0 && !fetch()) return fail();
     const std::uint64_t count = std::min(wanted - done, _heldFrames);
     _decoder.decode(_held, frames.subspan(2 * done, 2 * count));
-    _held = _held.subspan(count * _decoder.frameBytes());
-    _heldFrames -= count;
-    _position += count * _decoder.frameBytes();
-    _framesLeft -= count;
+    pass(count);
     done += count;
   }
   return done;
+}
+
+std::span<const std::byte> FrameStream::readPacked(std::uint64_t frames) {
+  const std::uint64_t wanted = std::min(frames, _framesLeft);
+  if (wanted > 0 && _heldFrames == 0 && !fetch()) fail();
+  const std::uint64_t count = std::min(wanted, _heldFrames);
+  const auto packed = _held.first(static_cast<std::size_t>(count * _decoder.frameBytes()));
+  pass(count);
+  return packed;
+}
+
+void FrameStream::pass(std::uint64_t frames) {
+  const std::uint64_t bytes = frames * _decoder.frameBytes();
+  _held = _held.subspan(static_cast<std::size_t>(bytes));
+  _heldFrames -= frames;
+  _position += bytes;
+  _framesLeft -= frames;
 }
 
 // Later channels lie beyond their frame, but not beyond the end of the image.

@@ -37,11 +37,19 @@ class FrameStream {
   /// the end, and 0 there or on a failure.
   std::uint64_t read(std::span<float> frames);
 
+  /// Whether frames are two signed 24-bit integers, as `readPacked` passes them on.
+  [[nodiscard]] bool isPair24() const { return _decoder.isPair24(); }
+
+  /// The next frames of two signed 24-bit integers as they stand in the file: at most so many, and
+  /// fewer where a block ends; none at the end and on a failure. They stay until the next read.
+  std::span<const std::byte> readPacked(std::uint64_t frames);
+
   /// Why reading failed; empty when it did not.
   [[nodiscard]] const std::string& failure() const { return _failure; }
 
  private:
   bool fetch();
+  void pass(std::uint64_t frames);
   std::uint64_t readApart(std::span<float> frames);
   std::uint64_t fail();
 

@@ -93,6 +93,41 @@ TEST_F(FrameStreamTest, WhatIsReadAtOnceDoesNotMatter) {
   }
 }
 
+TEST_F(FrameStreamTest, PassesPackedFramesOnAsTheyStand) {
+  const Bytes file = longTake();
+  const auto reader = opened(_folder.file("take.wav", file));
+  const auto data = std::span(file).subspan(reader->header().dataChunkPosition, 6 * kFrames);
+  for (const std::uint64_t most : {1'000U, 40'000U, 41'000U, 1U << 20}) {
+    FrameStream stream(*reader);
+    EXPECT_TRUE(stream.isPair24());
+    std::vector<float> few(2 * 7);
+    EXPECT_EQ(stream.read(few), 7U) << "whatever was read before";
+    Bytes found(data.begin(), data.begin() + 6 * 7);
+    for (auto packed = stream.readPacked(most); !packed.empty(); packed = stream.readPacked(most)) {
+      ASSERT_EQ(packed.size() % 6, 0U);
+      ASSERT_LE(packed.size(), 6 * most);
+      found.insert(found.end(), packed.begin(), packed.end());
+    }
+    EXPECT_TRUE(std::ranges::equal(found, data)) << most;
+    EXPECT_EQ(stream.framesLeft(), 0U);
+    EXPECT_EQ(stream.failure(), "");
+  }
+}
+
+TEST_F(FrameStreamTest, PassesNothingPackedOnWhereReadingFails) {
+  const auto path = _folder.file("take.wav", longTake());
+  const auto reader = opened(path);
+  FrameStream stream(*reader);
+  std::filesystem::resize_file(path, 600'000);
+  std::size_t bytes = 0;
+  for (auto packed = stream.readPacked(10'000); !packed.empty(); packed = stream.readPacked(10'000))
+    bytes += packed.size();
+  EXPECT_GT(bytes, 0U);
+  EXPECT_LT(bytes, 600'000U) << "no part of a block";
+  EXPECT_GT(stream.framesLeft(), 0U);
+  EXPECT_EQ(stream.failure(), "The file became shorter");
+}
+
 TEST_F(FrameStreamTest, ReadsFromMemory) {
   const Bytes file = longTake();
   const auto reader = WaveFileReader::readFromData(file);
