@@ -10,5 +10,5 @@ struct ExportBlocks {
   /// From integers to integers: whole vectors of any width, and the six samples that they touch
   /// beyond what they are for.
   static constexpr std::size_t kRecodedFrames = 10883;
-  static constexpr std::size_t kReadBytes = 1 << 20;  ///< of the file
+  static constexpr std::size_t kReadBytes = 1 << 19;  ///< of the file
 };
