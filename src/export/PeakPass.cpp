@@ -17,7 +17,8 @@
 
 namespace {
 
-constexpr std::uint64_t kPartFrames = 163840;
+// Two blocks of a stream where samples have 24 bits: nothing is read that another part reads again.
+constexpr std::uint64_t kPartFrames = 2 * (ExportBlocks::kReadBytes / 6);
 
 }  // namespace
 
