@@ -87,7 +87,7 @@ constexpr std::size_t kBlock = 16;
 constexpr std::size_t kBlockWords = 4;
 constexpr std::size_t kPackedWords = 3;
 using BlockPattern = std::array<std::uint8_t, kBlock>;
-using WordPattern = std::array<std::int32_t, HWY_MAX_BYTES / 4>;
+using WordPattern = std::array<std::int32_t, hn::MaxLanes(WordTag())>;
 
 // A shuffle of one block, repeated for every block of a vector.
 HWY_INLINE hn::Vec<ByteTag> shuffle(const BlockPattern& pattern) {
@@ -114,15 +114,15 @@ HWY_INLINE hn::Vec<ByteTag> moveWords(hn::Vec<ByteTag> bytes, const WordPattern&
 
 HWY_INLINE hn::Vec<ByteTag> loadPacked(const std::uint8_t* from) {
   static constexpr WordPattern kPattern = wordsOf(kPackedWords, kBlockWords);
-  const auto packed = hn::LoadU(ByteTag(), from);
-  if constexpr (hn::MaxLanes(ByteTag()) <= kBlock) return packed;
-  return moveWords(packed, kPattern);
+  auto bytes = hn::LoadU(ByteTag(), from);
+  if constexpr (hn::MaxLanes(ByteTag()) > kBlock) bytes = moveWords(bytes, kPattern);
+  return bytes;
 }
 
-HWY_INLINE void storePacked(hn::Vec<ByteTag> value, std::uint8_t* to) {
+HWY_INLINE void storePacked(hn::Vec<ByteTag> bytes, std::uint8_t* to) {
   static constexpr WordPattern kPattern = wordsOf(kBlockWords, kPackedWords);
-  constexpr bool isBlock = hn::MaxLanes(ByteTag()) <= kBlock;
-  hn::StoreU(isBlock ? value : moveWords(value, kPattern), ByteTag(), to);
+  if constexpr (hn::MaxLanes(ByteTag()) > kBlock) bytes = moveWords(bytes, kPattern);
+  hn::StoreU(bytes, ByteTag(), to);
 }
 
 // Samples that whole vectors may handle when each touches a quarter more than it owns.

@@ -33,8 +33,8 @@ class Kernels {
   /// `decodeMidSide` and then `divide` in one go.
   static float decodeAndDivide(std::span<float> frames, float sideGain, float left, float right);
 
-  /// `unpack24`, `decodeAndDivide` and `pack24` in one go, from `from` to `to`, which are as long;
-  /// whole frames.
+  /// `unpack24`, `decodeAndDivide` and `pack24` in one go, of whole frames; `from` and `to` are as
+  /// long, and do not overlap. Returns what `decodeAndDivide` does.
   static float recode24(std::span<const std::byte> from, float sideGain, float left, float right,
                         std::span<std::byte> to);
 

@@ -16,7 +16,7 @@ constexpr std::string_view kDropped = "The file was dropped before it was saved"
 constexpr std::uint32_t kJunkSize = 28;
 constexpr std::uint32_t kFormatSize = 18;
 constexpr std::size_t kStreamBlock = 1 << 20;
-constexpr std::size_t kRoom = kStreamBlock + (1 << 16);  // for a block and what begins the next
+constexpr std::size_t kRoom = kStreamBlock + BwfWriter::kMostAtOnce;
 
 // The text's bytes when all of it is ASCII, else none.
 std::string_view ascii(std::string_view text) {

@@ -28,6 +28,8 @@
 /// throws; one thread at a time.
 class BwfWriter {
  public:
+  static constexpr std::size_t kMostAtOnce = 1 << 16;
+
   /// Writes every header. Channels and rate are the source's; with no source they are 0, as are
   /// the RIFF and WAVE identifiers.
   BwfWriter(const WaveFileReader* reader, const BextChunkInfo& bext, bool is24bit);
@@ -47,6 +49,7 @@ class BwfWriter {
   void Write(const void* bytes, std::uint32_t count);
   /// Appends room for this many sample bytes, for the caller to fill before the next call: `Write`
   /// without a copy.
+  /// More than `kMostAtOnce` make it move what it holds.
   std::span<std::byte> extend(std::uint32_t count);
   /// Appends a chunk of an even number of bytes after the samples, of which none may follow.
   void appendChunk(std::string_view identifier, std::span<const std::byte> bytes);

@@ -205,6 +205,7 @@ void Export::editAndWriteSample(BwfWriter& writer) {
 // Of a raw take of 24-bit integers into such integers there is no need of floats on the way, but
 // to look at what clips.
 std::uint64_t Export::recode(FrameStream& source, const Factors& factors, BwfWriter& writer) {
+  static_assert(6 * ExportBlocks::kRecodedFrames <= BwfWriter::kMostAtOnce);
   const auto packed = source.readPacked(ExportBlocks::kRecodedFrames);
   if (packed.empty()) return 0;
   const auto target = writer.extend(static_cast<std::uint32_t>(packed.size()));
@@ -225,6 +226,7 @@ std::uint64_t Export::recode(FrameStream& source, const Factors& factors, BwfWri
 std::uint64_t Export::edit(FrameStream& source, const Factors& factors, BwfWriter& writer) {
   std::array<float, ExportBlocks::kFloats> block;
   const std::uint64_t count = source.read(block);
+  if (count == 0) return 0;
   const std::span<float> frames = std::span(block).first(2 * count);
   const auto [side, left, right] = factors;
   const float peak = _reader->isBoMSFormat() ? Kernels::decodeAndDivide(frames, side, left, right)

@@ -169,6 +169,36 @@ TEST_F(ExportRangeTest, SearchFindsWhatAnExportCutsOff) {
   EXPECT_FALSE(ClipSearch::find(*job.reader(), analysis.get(), all, 90, 20, cancelled).has_value());
 }
 
+// Integers that stay integers, which are looked at block by block only where one of a block clips.
+TEST_F(ExportRangeTest, OfIntegersEveryClippedSampleIsFound) {
+  constexpr std::int32_t kLoud = 0x600000;  // 0.75; at 120 degrees Mid and Side are added
+  constexpr std::size_t kLast = 99'999;
+  for (const std::vector<std::size_t>& loud :
+       {std::vector<std::size_t>{0, 10'882, 10'883, 43'690, 87'380, 87'381, kLast},
+        std::vector<std::size_t>{50'000}}) {
+    std::vector<std::int32_t> samples(2 * (kLast + 1), 0x100000);
+    for (const std::size_t frame : loud) samples[2 * frame] = samples[2 * frame + 1] = kLoud;
+    Export job(_folder.file("in.wav", recording24(samples, true)));
+    job.setAngle(120);
+    for (const FrameRange& range : {FrameRange{0, kLast + 1}, FrameRange{10'883, 87'381}}) {
+      job.setRange(range);
+      ASSERT_TRUE(job.export2File(target(), true, false)) << job.failure();
+      const auto isInside = [&](std::size_t i) { return i >= range.first && i < range.end; };
+      EXPECT_EQ(job.clipping().samples(), std::ranges::count_if(loud, isInside));
+      EXPECT_EQ(job.clipping().peak(), 1.5F);
+      const std::atomic<bool> cancel{false};
+      const auto found = ClipSearch::find(*job.reader(), kNobodyKnows, range, 120, 0, cancel);
+      ASSERT_TRUE(found.has_value());
+      ASSERT_EQ(job.clipping().placeCount(), found->placeCount());
+      for (std::size_t i = 0; i < found->places().size(); ++i) {
+        EXPECT_EQ(job.clipping().places()[i].first, found->places()[i].first);
+        EXPECT_EQ(job.clipping().places()[i].last, found->places()[i].last);
+      }
+      EXPECT_EQ(found->places().front().first, *std::ranges::find_if(loud, isInside) - range.first);
+    }
+  }
+}
+
 TEST_F(ExportRangeTest, SearchLooksAtAStretchAlone) {
   Export job(source);
   const auto analysis = TakeAnalyzer(*job.reader()).wait();

@@ -17,7 +17,8 @@
 
 namespace {
 
-constexpr std::size_t kFrames = 500'000;  // several parts for each processor
+constexpr std::size_t kPart = 174'762;  // frames that a thread takes at once
+constexpr std::size_t kFrames = 4 * kPart + 1;
 
 class PeakPassTest : public ExportFixture {
  protected:
@@ -30,10 +31,33 @@ class PeakPassTest : public ExportFixture {
 
 TEST_F(PeakPassTest, FindsThePeakWhereverItIs) {
   std::vector<float> samples(2 * kFrames, 0.125F);
-  for (const std::size_t frame : {0U, 163839U, 163840U, 327680U, 499999U}) {
+  for (const std::size_t frame : {std::size_t{0}, kPart - 1, kPart, 2 * kPart, kFrames - 1}) {
     samples[2 * frame + 1] = -0.75F;
     EXPECT_EQ(PeakPass(*reader(samples, false), 1).run(nullptr, {}), 0.75F) << frame;
     samples[2 * frame + 1] = 0.125F;
+  }
+}
+
+TEST_F(PeakPassTest, OfIntegersIsThatOfTheDecodeWhereverItIs) {
+  std::vector<std::int32_t> samples(2 * kFrames, 0x1234);
+  const auto peakIn = [&](const FrameRange& range) {
+    const auto file = _folder.file("in.wav", recording24(samples, true));
+    std::string whyNot;
+    const auto source = WaveFileReader::openFile(file, whyNot);
+    source->setIsBoMSFormat(true);
+    return PeakPass(*source, 0.7F, range).run(nullptr, {});
+  };
+  for (const std::size_t frame :
+       {std::size_t{0}, kPart - 1, kPart, std::size_t{10'883}, kFrames - 1}) {
+    samples[2 * frame] = -0x400000;
+    samples[2 * frame + 1] = 0x300000;
+    std::vector<float> decoded{-0.5F, 0.375F};
+    PlainKernels::decodeMidSide(decoded, 0.7F);
+    const float wanted = PlainKernels::peakMagnitude(decoded, 0);
+    EXPECT_EQ(peakIn({0, kFrames}), wanted) << frame;
+    EXPECT_EQ(peakIn({frame, frame + 1}), wanted) << frame;
+    EXPECT_LT(*peakIn({frame + 1, kFrames}), 0.01F) << frame;
+    samples[2 * frame] = samples[2 * frame + 1] = 0x1234;
   }
 }
 
@@ -62,7 +86,8 @@ TEST_F(PeakPassTest, OfAStretchLooksAtNothingElse) {
     return found;
   };
   EXPECT_EQ(peak(), 0.125F);
-  for (const std::uint64_t frame : {range.first, std::uint64_t{263'838}, range.end - 1}) {
+  for (const std::uint64_t frame :
+       {range.first, range.first + kPart - 1, range.first + kPart, range.end - 1}) {
     samples[2 * frame] = -0.5F;
     EXPECT_EQ(peak(), 0.5F) << frame;
     samples[2 * frame] = 0.125F;
