@@ -4,8 +4,13 @@
 #include "app/ProgramOptions.h"
 
 #include <CLI/CLI.hpp>
+#include <chrono>
 #include <cstdio>
+#include <exception>
+#include <future>
 #include <string>
+#include <thread>
+#include <utility>
 #include <vector>
 
 #include "base/FileAddress.h"
@@ -15,14 +20,41 @@
 
 namespace {
 
+using namespace std::chrono_literals;
+
+// So long a medium may take to tell what is there. Then the window looks, which can wait.
+constexpr auto kAnswersWithin = 500ms;
+
 // Desktops hand addresses over. Changed into a path; what is wrong with it, or nothing.
 std::string problemOf(std::string& start) {
-  if (start.starts_with("file:")) {
-    const auto files = FileAddress::pathsIn(start);
-    if (files.empty()) return "Not a file on this machine: " + start;
-    start = files.front().native();
+  if (!start.starts_with("file:")) return {};
+  const auto files = FileAddress::pathsIn(start);
+  if (files.empty()) return "Not a file on this machine: " + start;
+  start = files.front().native();
+  return {};
+}
+
+// What is wrong with the first that is not there, or nothing.
+std::string firstProblem(const std::vector<std::string>& starts) {
+  for (const std::string& start : starts) {
+    if (std::string problem = CLI::ExistingPath(start); !problem.empty()) return problem;
   }
-  return CLI::ExistingPath(start);
+  return {};
+}
+
+// The same, asked on a thread of its own: none is known of a medium that does not answer.
+std::string problemKnownSoon(const std::vector<std::string>& starts) {
+  std::promise<std::string> found;
+  std::future<std::string> problem = found.get_future();
+  try {
+    std::thread([found = std::move(found), starts]() mutable {
+      found.set_value(firstProblem(starts));
+    }).detach();
+  } catch (const std::exception&) {  // no thread, or no memory for one
+    return {};
+  }
+  return problem.wait_for(kAnswersWithin) == std::future_status::ready ? problem.get()
+                                                                       : std::string();
 }
 
 std::vector<std::string> languages() {
@@ -39,12 +71,13 @@ ProgramOptions ProgramOptions::parse(int argc, const char* const* argv) {
   std::vector<std::string> starts;
   CLI::App program("Browses, plays and exports the recordings of the TARN J4.", "mixdeck");
   program.set_version_flag("--version", std::string("mixdeck ") + kFullVersion);
-  program
-      .add_option("FOLDER|FILE", starts,
-                  "Folder to show, or recording to show and play; of several the first, with "
-                  "those others selected that are in its folder")
-      ->type_name("")
-      ->transform(CLI::Validator(problemOf, ""));
+  const CLI::Option* places =
+      program
+          .add_option("FOLDER|FILE", starts,
+                      "Folder to show, or recording to show and play; of several the first, with "
+                      "those others selected that are in its folder")
+          ->type_name("")
+          ->transform(CLI::Validator(problemOf, ""));
   program.add_flag("--simulate-recorder", options.simulatesRecorder,
                    "Behave as if a recorder were connected");
   program
@@ -61,6 +94,8 @@ ProgramOptions ProgramOptions::parse(int argc, const char* const* argv) {
   }
   try {
     program.parse(argc, argv);
+    const std::string problem = problemKnownSoon(starts);
+    if (!problem.empty()) throw CLI::ValidationError(places->get_name(), problem);
     options.starts.assign(starts.begin(), starts.end());
   } catch (const CLI::ParseError& error) {
     options.status = program.exit(error) == 0 ? 0 : kUsage;

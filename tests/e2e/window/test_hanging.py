@@ -97,6 +97,19 @@ class HangingTest(SoundingCase):
         self.assertGreater(sum(self.medium.calls().values()), 0, "or nothing hung")
         self.assert_ends("idle")
 
+    def test_the_start(self):
+        """What the command line names is on the medium: the window is there all the same."""
+        take = self.take("R0001.WAV", noise(RATE, 24))
+        self.medium = HangingMedium(self.takes, self.desktop.folder / f"board-{self.id()}")
+        self.medium.hang(*KINDS)
+        self.addCleanup(self.medium.hang)
+        self.window = self.start(take, environment=self.medium.environment)
+        self.assert_answers("the start")
+        self.assertGreater(self.medium.calls()["stat"], 0, "or nothing hung")
+        self.medium.hang()
+        self.window.find("push button", "Pause")
+        self.assertEqual(self.selected(self.window), ["R0001.WAV"])
+
     def test_opening(self):
         self.begin(self.home)
         self.medium.hang("open")
