@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <fstream>
 #include <thread>
 
@@ -79,7 +80,12 @@ class TakeAnalyzerTest : public testing::Test {
     return Frames(2 * count * TakeLayout(rate, 1, true).framesPerUnit(), 0.25F);
   }
 
-  /// Units in the order in which they become known, while the medium gives one at a time. Without
+  /// What is known of it is more than its waveform.
+  static bool isMeasured(const TakeFindings::Unit& unit) {
+    return unit && !std::isnan(unit->blocks.front().first);
+  }
+
+  /// Units in the order in which they are measured, while the medium gives one at a time. Without
   /// the first: the worker may have been in it before it was told where to begin.
   std::vector<std::size_t> orderOf(const TakeAnalyzer& analyzer) {
     std::vector<std::size_t> order;
@@ -88,7 +94,7 @@ class TakeAnalyzerTest : public testing::Test {
       const auto soFar = analyzer.soFar();
       for (std::size_t unit = 1; unit < soFar->layout().units(); ++unit) {
         const bool isNew = std::ranges::find(order, unit) == order.end();
-        if (isNew && soFar->findings().units[unit]) order.push_back(unit);
+        if (isNew && isMeasured(soFar->findings().units[unit])) order.push_back(unit);
       }
     }
     return order;
@@ -218,6 +224,17 @@ TEST_F(TakeAnalyzerTest, TheWaveformOfALongTakeComesFirst) {
   ASSERT_NE(got, nullptr);
   expectSame(*got, *wanted);
   EXPECT_EQ(analyzer.progress(), 1.0);
+}
+
+TEST_F(TakeAnalyzerTest, AfterTheWaveformTheRestBeginsWhereSomeoneLooks) {
+  const auto reader = openFile();
+  SlowReads::give(_folder.path().native(), 0);
+  TakeAnalyzer analyzer(*reader, waveformFirst(kAnyMedium));
+  analyzer.lookAt(500000);
+  const std::vector<std::size_t> order = orderOf(analyzer);
+  ASSERT_EQ(order.size(), 3U);
+  EXPECT_EQ(order.front(), 2U) << "and not the one that was drawn last";
+  EXPECT_EQ(analyzer.soFar()->findings().unitsDrawn, 4U);
 }
 
 TEST_F(TakeAnalyzerTest, WhatIsDrawnFirstChangesNothingInTheEnd) {
@@ -351,6 +368,7 @@ TEST_F(TakeAnalyzerTest, ThereAreAsManyWorkersAsFitTheMemory) {
     const std::size_t count = ThreadCount::now() - before;
     EXPECT_GT(count, 1U) << rate;
     EXPECT_LE(count * memory, most) << rate;
+    EXPECT_TRUE((count + 1) * memory > most || count == kManyWorkers) << rate;
   }
   for (const auto& analyzer : all) analyzer->cancel();
   SlowReads::reset();
