@@ -26,6 +26,7 @@ namespace {
 constexpr std::int64_t kTimeGrain = 2;         // seconds, of FAT
 constexpr std::uint64_t kSaveEvery = 1 << 27;  // bytes of takes; each manifest waits for the disk
 constexpr const char* kCancelled = "Cancelled";
+constexpr const char* kHoldsFolder = "The card is never written to, but holds the folder";
 
 std::string hostName() {
   std::array<char, 256> name{};
@@ -36,11 +37,15 @@ std::string now() {
   return Manifest::timeText(std::time(nullptr));
 }
 
+// From the root on and without links; as it is, a path whose beginning is not there stays relative.
+fs::path realPath(const fs::path& path, std::error_code& error) {
+  const fs::path whole = fs::absolute(path, error);
+  return error ? whole : fs::weakly_canonical(whole, error);
+}
+
+// Of real paths.
 bool isInside(const fs::path& path, const fs::path& folder) {
-  std::error_code error;
-  const fs::path inner = fs::weakly_canonical(path, error);
-  const fs::path outer = fs::weakly_canonical(folder, error);
-  const fs::path way = inner.lexically_relative(outer);
+  const fs::path way = path.lexically_relative(folder);
   return !way.empty() && *way.begin() != "..";
 }
 
@@ -48,6 +53,12 @@ bool isInside(const fs::path& path, const fs::path& folder) {
 std::optional<struct stat> statusOf(const fs::path& path) {
   struct stat status {};
   return lstat(path.c_str(), &status) == 0 ? std::optional(status) : std::nullopt;
+}
+
+bool isSameFile(const fs::path& one, const fs::path& other) {
+  const auto first = statusOf(one);
+  const auto second = statusOf(other);
+  return first && second && first->st_dev == second->st_dev && first->st_ino == second->st_ino;
 }
 
 }  // namespace
@@ -61,7 +72,8 @@ std::string CardCopy::meet(Obstacle obstacle, std::string reason) {
 }
 
 std::string CardCopy::prepare() {
-  std::string whyNot = listCard();
+  std::string whyNot = findCard();
+  if (whyNot.empty()) whyNot = listCard();
   if (whyNot.empty()) whyNot = openFolder();
   if (whyNot.empty()) whyNot = whyNoRoom();
   if (!whyNot.empty()) return whyNot;
@@ -70,17 +82,25 @@ std::string CardCopy::prepare() {
   return "";
 }
 
-std::string CardCopy::listCard() {
+std::string CardCopy::unreadable(const std::string& reason) {
+  return meet(Obstacle::CardUnreadable, fmt::format("The card cannot be read: {}", reason));
+}
+
+std::string CardCopy::findCard() {
   std::error_code error;
-  const auto unreadable = [this](const std::string& reason) {
-    return meet(Obstacle::CardUnreadable, fmt::format("The card cannot be read: {}", reason));
-  };
   const bool isFolder = fs::is_directory(_card, error);
+  if (!error) _realCard = realPath(_card, error);
   if (error) return unreadable(error.message());
   if (!isFolder) return meet(Obstacle::CardUnreadable, "The card is no folder");
-  if (isInside(_destination, _card)) {
-    return meet(Obstacle::Inside, "The card is never written to, but holds the folder");
+  for (const fs::path& folder : {_destination, _destination / ManifestFolder::kName}) {
+    const bool isOnCard = isInside(realPath(folder, error), _realCard);
+    if (error) return cannotMake(error);
+    if (isOnCard) return meet(Obstacle::Inside, kHoldsFolder);
   }
+  return "";
+}
+
+std::string CardCopy::listCard() {
   FolderFiles listed =
       FolderFiles::of(_card, FolderFiles::Which::Takes, [this] { return goesOn(); });
   if (listed.isCutShort) return kCancelled;
@@ -91,12 +111,14 @@ std::string CardCopy::listCard() {
                        : unreadable(_gaps.front().reason);
 }
 
+std::string CardCopy::cannotMake(const std::error_code& error) {
+  return meet(Obstacle::FolderUnwritable,
+              fmt::format("The folder cannot be made: {}", error.message()));
+}
+
 std::string CardCopy::openFolder() {
   const std::error_code error = FolderSync::make(_destination);
-  if (error) {
-    return meet(Obstacle::FolderUnwritable,
-                fmt::format("The folder cannot be made: {}", error.message()));
-  }
+  if (error) return cannotMake(error);
   const std::string whoElse = lockFolder();
   if (!whoElse.empty()) return meet(Obstacle::FolderBusy, whoElse);
   _manifests = std::make_unique<ManifestFolder>(_destination);
@@ -154,8 +176,9 @@ bool CardCopy::run() {
 
 void CardCopy::handle(const CardTake& take) {
   const auto there = statusOf(targetOf(take));
-  if (!canBeXml(take.path.native())) {
-    tell(take, Outcome::Failed, "Its name is not UTF-8, and cannot stand in a manifest");
+  const std::string whyNot = whyNoPlace(take);
+  if (!whyNot.empty()) {
+    tell(take, Outcome::Failed, whyNot);
   } else if (!there) {
     copy(take);
   } else if (!S_ISREG(there->st_mode)) {
@@ -170,6 +193,18 @@ void CardCopy::handle(const CardTake& take) {
     compare(take);
   }
   skip(take);
+}
+
+// A link there may lead back to the card: nothing is written then, and what is there is no copy.
+std::string CardCopy::whyNoPlace(const CardTake& take) const {
+  if (!canBeXml(take.path.native())) {
+    return "Its name is not UTF-8, and cannot stand in a manifest";
+  }
+  std::error_code error;
+  const bool isOnCard = isInside(realPath(targetOf(take).parent_path(), error), _realCard);
+  if (error) return error.message();
+  if (isOnCard) return kHoldsFolder;
+  return isSameFile(_card / take.path, targetOf(take)) ? "The target is the source itself" : "";
 }
 
 // As a manifest has it, and untouched since.

@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -21,11 +22,13 @@
 
 /// Brings the takes of a card home into a folder, each verified, and writes a manifest of them.
 ///
-/// The card is only ever read. A take that is there already is kept: without a look at its content
-/// where a manifest says that it was verified and both have the length and the time of change that
-/// it states, else after its content has been compared. One that is there with another content is
-/// kept, too, and told. What was done by a break, a cancel or a failure stays done. One thread at a
-/// time, but for the cancel flag, which any thread may set; waits for the media.
+/// The card is only ever read: where the folder, or one in it, leads back into the card's folder,
+/// nothing is copied there. (Another folder of the same medium is not known to be the card's.) A
+/// take that is there already is kept: without a look at its content where a manifest says that it
+/// was verified and both have the length and the time of change that it states, else after its
+/// content has been compared. One that is there with another content is kept, too, and told. What
+/// was done by a break, a cancel or a failure stays done. One thread at a time, but for the cancel
+/// flag, which any thread may set; waits for the media.
 class CardCopy {
  public:
   enum class Outcome { Copied, Kept, Differs, Failed };
@@ -40,7 +43,7 @@ class CardCopy {
     CardUnreadable,  ///< or no folder
     CardEmpty,
     CardGone,
-    Inside,  ///< the destination is on the card
+    Inside,  ///< the destination is the card's folder, or in it, wherever links lead
     FolderUnwritable,
     FolderBusy,
     FolderFull,
@@ -93,11 +96,15 @@ class CardCopy {
 
  private:
   std::string meet(Obstacle obstacle, std::string reason);
+  std::string unreadable(const std::string& reason);
+  std::string cannotMake(const std::error_code& error);
+  std::string findCard();
   std::string listCard();
   std::string openFolder();
   std::string lockFolder();
   std::string whyNoRoom();
   void handle(const CardTake& take);
+  [[nodiscard]] std::string whyNoPlace(const CardTake& take) const;
   [[nodiscard]] bool isKnown(const CardTake& take) const;
   void compare(const CardTake& take);
   void copy(const CardTake& take);
@@ -118,6 +125,7 @@ class CardCopy {
   }
 
   std::filesystem::path _card;
+  std::filesystem::path _realCard;  ///< whole and without links; from `prepare` on
   std::filesystem::path _destination;
   std::function<void(const Progress&)> _tellProgress;
   std::function<void(const Result&)> _tellResult;

@@ -156,6 +156,28 @@ class CopyTest(CardCase):
         self.expect(2, "copy", "card")
         self.expect(2, "verify")
 
+    def test_a_folder_that_is_to_be_made_on_the_card_is_refused(self):
+        before = sorted(os.walk(self.path("card")))
+        for name in ("backup", os.path.join("x", "y")):
+            result = subprocess.run([CLI, "copy", ".", name], cwd=self.path("card"),
+                                    capture_output=True, text=True, timeout=120, check=False)
+            self.assertEqual((result.returncode, result.stdout, result.stderr),
+                             (1, "", f"mixdeck-cli: {name}: Fail to save. The card is never written "
+                                     "to, but holds the folder; choose another DEST\n"))
+        self.assertEqual(sorted(os.walk(self.path("card"))), before)
+
+    def test_a_folder_that_leads_back_to_the_card_is_no_copy(self):
+        self.add("DAY2/R0009.WAV", recording())
+        before = sorted(os.walk(self.path("card")))
+        os.mkdir(self.path("home"))
+        os.symlink(self.path("card", "DAY2"), self.path("home", "DAY2"))
+        result = self.expect(1, "copy", "card", "home",
+                             err="mixdeck-cli: DAY2/R0009.WAV: Not copied. The card is never "
+                                 "written to, but holds the folder\n")
+        self.assertEqual(result.stdout.splitlines()[-1],
+                         "3 of 4 takes copied, 0 there already, 1 not right")
+        self.assertEqual(sorted(os.walk(self.path("card"))), before)
+
     def test_a_folder_that_may_not_be_written_to_is_said_once(self):
         os.mkdir(self.path("locked"), 0o555)
         self.expect(1, "copy", "card", "locked", out="", preexec_fn=as_nobody,
