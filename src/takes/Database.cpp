@@ -6,6 +6,9 @@
 #include <fmt/format.h>
 #include <sqlite3.h>
 
+#include <charconv>
+#include <system_error>
+
 namespace {
 
 // Signs that mean something in an address.
@@ -33,12 +36,25 @@ int flagsOf(Database::Access access) {
   return SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
 }
 
+// What a look through all of it could not read is among its findings.
+int causeOf(std::string_view finding) {
+  constexpr std::string_view kNumber = "unable to get the page. error code=";
+  if (finding.find("failed to get page") != std::string_view::npos) return SQLITE_IOERR;
+  int cause = SQLITE_CORRUPT;
+  const auto at = finding.find(kNumber);
+  if (at == std::string_view::npos) return cause;
+  std::from_chars(finding.data() + at + kNumber.size(), finding.data() + finding.size(), cause);
+  return cause;
+}
+
 }  // namespace
 
 Database::Database(const std::filesystem::path& file, Access access,
                    std::chrono::milliseconds patience) {
   const std::string name = access == Access::Frozen ? asAddress(file) : file.native();
   note(sqlite3_open_v2(name.c_str(), &_connection, flagsOf(access), nullptr));
+  if (_connection == nullptr) return;  // no memory
+  sqlite3_extended_result_codes(_connection, 1);
   sqlite3_busy_timeout(_connection, static_cast<int>(patience.count()));
 }
 
@@ -70,21 +86,54 @@ bool Database::isReadOnly() const {
   return sqlite3_db_readonly(_connection, "main") == 1;
 }
 
-// A statement is refused where what it names is not there.
-bool Database::isDamaged() const {
-  return _code == SQLITE_CORRUPT || _code == SQLITE_NOTADB || _code == SQLITE_ERROR;
+bool Database::isWhole() {
+  const auto told = text("PRAGMA quick_check(1)");
+  if (told && *told != "ok") note(causeOf(*told));
+  return told == "ok";
 }
 
+// A statement is refused where what it names is not there. What the medium does not give is called
+// corrupt too.
+bool Database::isDamaged() const {
+  const bool isContent =
+      kind() == SQLITE_CORRUPT || kind() == SQLITE_NOTADB || kind() == SQLITE_ERROR;
+  return isContent && mediumError() == 0;
+}
+
+// Whoever only reads makes the list of what was written ahead, too, for which a full disk has no
+// room.
 bool Database::isOutOfReach() const {
-  return _code == SQLITE_CANTOPEN || _code == SQLITE_READONLY || _code == SQLITE_PERM;
+  return kind() == SQLITE_CANTOPEN || kind() == SQLITE_READONLY || kind() == SQLITE_PERM ||
+         kind() == SQLITE_FULL || _code == SQLITE_IOERR_SHMOPEN || _code == SQLITE_IOERR_SHMSIZE ||
+         _code == SQLITE_IOERR_SHMMAP;
 }
 
 bool Database::isBusy() const {
-  return _code == SQLITE_BUSY;
+  return kind() == SQLITE_BUSY;
 }
 
 std::string Database::failure() const {
-  return _code == SQLITE_OK ? std::string() : sqlite3_errstr(_code);
+  if (_code == SQLITE_OK) return {};
+  const int error = mediumError();
+  return error == 0 ? sqlite3_errstr(_code) : std::generic_category().message(error);
+}
+
+int Database::kind() const {
+  constexpr int kKind = 0xff;
+  return _code & kKind;
+}
+
+int Database::mediumError() const {
+  if (_connection == nullptr) return 0;
+  int error = 0;
+  sqlite3_file_control(_connection, "main", SQLITE_FCNTL_LAST_ERRNO, &error);
+  sqlite3_file* ahead = nullptr;
+  sqlite3_file_control(_connection, "main", SQLITE_FCNTL_JOURNAL_POINTER,
+                       static_cast<void*>(&ahead));
+  const bool isOpen = ahead != nullptr && ahead->pMethods != nullptr;
+  if (error != 0 || !isOpen || ahead->pMethods->xFileControl == nullptr) return error;
+  ahead->pMethods->xFileControl(ahead, SQLITE_FCNTL_LAST_ERRNO, &error);
+  return error;
 }
 
 void Database::leaveAlone() {

@@ -36,10 +36,14 @@ class Database {
   /// The first text that it gives.
   std::optional<std::string> text(const char* statement);
 
+  /// Looks through all of it; false where that fails, too.
+  bool isWhole();
   [[nodiscard]] bool isReadOnly() const;
-  /// Whether the last failure is one of what the file holds, and not of the medium or of others.
+  /// Whether the last failure is one of what the file holds, and not of the medium, of memory or of
+  /// others.
   [[nodiscard]] bool isDamaged() const;
-  /// Whether the last failure is that the file could not be opened, or written to.
+  /// Whether the last failure is that the file could not be opened, or written to, as on a full
+  /// disk.
   [[nodiscard]] bool isOutOfReach() const;
   /// Whether the last failure is that another program has it locked.
   [[nodiscard]] bool isBusy() const;
@@ -79,6 +83,9 @@ class Database {
 
  private:
   bool note(int code);
+  [[nodiscard]] int kind() const;
+  /// The system's number for what last went wrong with the medium; 0 for none.
+  [[nodiscard]] int mediumError() const;
 
   sqlite3* _connection = nullptr;
   int _code = 0;  ///< of what failed last

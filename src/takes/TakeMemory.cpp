@@ -175,11 +175,23 @@ TakeMemory::End TakeMemory::tryFor(std::chrono::milliseconds patience, const Wor
   const bool hasWaited = std::chrono::steady_clock::now() - began >= patience;
   _hasWaitedInVain = end == End::Failed && database.isBusy() && hasWaited;
   if (end != End::Failed || !database.isOutOfReach()) return end;
+  const std::string why = _failure;
   Database frozen(_file, Database::Access::Frozen, patience);
-  return useOpened(frozen, work);
+  const End last = useOpened(frozen, work);
+  if (last == End::Failed) _failure = why;  // more than that nothing is written to a frozen one
+  return last;
 }
 
 TakeMemory::End TakeMemory::useOpened(Database& database, const Work& work) {
+  const End end = look(database);
+  if (end != End::Done) return end;
+  const bool isOlder = database.number("PRAGMA user_version") < kVersion;
+  if (isOlder && !database.isReadOnly() && !bringUp(database)) return fail(database);
+  return work(database) ? End::Done : fail(database);
+}
+
+// Through all of it once: that takes longer than what is asked for.
+TakeMemory::End TakeMemory::look(Database& database) {
   const auto version = database.number("PRAGMA user_version");
   if (!version) return fail(database);
   if (*version < 0) return End::Damaged;
@@ -188,17 +200,9 @@ TakeMemory::End TakeMemory::useOpened(Database& database, const Work& work) {
     _trouble = Trouble::Newer;
     return End::Failed;
   }
-  if (!isWhole(database, *version)) return database.isBusy() ? fail(database) : End::Damaged;
-  if (*version < kVersion && !database.isReadOnly() && !bringUp(database)) return fail(database);
-  return work(database) ? End::Done : fail(database);
-}
-
-// Once: looking through all of it takes longer than what is asked for.
-bool TakeMemory::isWhole(Database& database, std::int64_t version) {
-  if (_isChecked) return true;
-  _isChecked = database.text("PRAGMA quick_check(1)") == "ok" &&
-               database.run(kProbes.at(static_cast<std::size_t>(version)));
-  return _isChecked;
+  _isChecked = _isChecked ||
+               (database.isWhole() && database.run(kProbes.at(static_cast<std::size_t>(*version))));
+  return _isChecked ? End::Done : fail(database);
 }
 
 // Another program may have been quicker.
@@ -221,10 +225,8 @@ bool TakeMemory::setAside() {
   _isChecked = false;
   {
     Database database(_file, Database::Access::Write, _patience);
-    const auto version = database.number("PRAGMA user_version");
-    const bool isKnown = version && *version >= 0 && *version <= kVersion;
-    if (isKnown && isWhole(database, *version)) return true;
-    if (database.isBusy()) return false;  // it is not known what it holds
+    const End end = look(database);
+    if (end != End::Damaged) return end == End::Done;
   }
   std::error_code error;
   fs::rename(_file, damagedPath(), error);

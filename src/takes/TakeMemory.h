@@ -22,9 +22,10 @@ class Database;
 /// The file is opened for each operation alone, so that nothing is lost with a program that ends,
 /// and several programs may use it at once. One that is damaged is set aside under the name with
 /// ".damaged" added, and a new one begun; one of a newer version is left as it is, and nothing is
-/// remembered. What cannot be read or written counts as not remembered. An operation waits for
-/// another program that has the file locked as long as its patience lasts; after one that waited in
-/// vain none waits until one has succeeded, so that many do not wait many times.
+/// remembered. What cannot be read or written counts as not remembered, and is left as it is too.
+/// An operation waits for another program that has the file locked as long as its patience lasts;
+/// after one that waited in vain none waits until one has succeeded, so that many do not wait many
+/// times.
 ///
 /// Nothing throws but where memory runs out. One thread at a time; each operation waits for the
 /// medium.
@@ -71,7 +72,7 @@ class TakeMemory {
   End tryOnce(const Work& work);
   End tryFor(std::chrono::milliseconds patience, const Work& work);
   End useOpened(Database& database, const Work& work);
-  bool isWhole(Database& database, std::int64_t version);
+  End look(Database& database);
   static bool bringUp(Database& database);
   bool setAside();
   End fail(const Database& database);
