@@ -48,10 +48,11 @@ void FileListModel::show(const std::vector<WavItem>& files) {
   forgetOthers();
 }
 
+// Where rows go one by one, a view's selection goes on to the next each time.
 void FileListModel::place(const std::vector<WavItem>& files) {
   const bool isByName = _order == Order::Name && _shownOrder == Order::Name;
   _shownOrder = _order;
-  if (!isByName) return replaceAll(ordered(files));
+  if (!isByName || files.empty()) return replaceAll(ordered(files));
   if (countMissing(_files, files) > kFewRows || countMissing(files, _files) > kFewRows) {
     return replaceAll(files);
   }

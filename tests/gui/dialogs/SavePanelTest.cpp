@@ -128,6 +128,21 @@ TEST_F(SavePanelTest, ReturnInTheListGoesIntoAFolder) {
   EXPECT_EQ(QString("R0001_Decode"), edit()->text());
 }
 
+// A view whose current row goes makes the next one current.
+TEST_F(SavePanelTest, TheNameStaysOnTheWayThroughFoldersOfTakes) {
+  std::filesystem::create_directory(path("inner"));
+  for (const char* const name : {"R0001.WAV", "R0002.WAV"}) take(name);
+  _panel->openFolder(_folder.path());
+  ASSERT_TRUE(waitUntil([this] { return rows().size() == 3; }));
+  list()->setFocus();
+  list()->selectRow(0);
+  QTest::keyClick(list(), Qt::Key_Return);
+  EXPECT_EQ(path("inner"), _panel->folder());
+  EXPECT_EQ(QString("R0001_Decode"), edit()->text());
+  ASSERT_TRUE(waitUntil([this] { return rows().empty(); }));
+  EXPECT_EQ(QString("R0001_Decode"), edit()->text());
+}
+
 TEST_F(SavePanelTest, GoesUpBackAndForward) {
   const auto way = [this](const char* name) { return _panel->findChild<QToolButton*>(name); };
   EXPECT_FALSE(way("backButton")->isEnabled());
