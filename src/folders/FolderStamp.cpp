@@ -43,7 +43,8 @@ FolderStamp::FolderStamp(const std::filesystem::path& folder) {
   struct stat status {};
   timespec now{};
   if (stat(folder.c_str(), &status) != 0 || clock_gettime(CLOCK_REALTIME, &now) != 0) return;
-  _isTelling = isOnFileSystemWithTimes(folder);
+  // FAT keeps no times of its topmost folder: they are 0 for ever.
+  _isTelling = status.st_mtim.tv_sec != 0 && isOnFileSystemWithTimes(folder);
   _device = status.st_dev;
   _inode = status.st_ino;
   _changed = nanoseconds(status.st_mtim);

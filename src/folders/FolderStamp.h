@@ -16,8 +16,9 @@ class FolderStamp {
   /// Whether the folder has no other entries than at `before`, as far as its times tell: nothing
   /// was made, removed or renamed in it. What an entry is a link to may have changed all the same.
   /// False where the times do not tell: when the last change lay 3 s or less before `before`, since
-  /// they are as coarse as two seconds on some media, and on file systems that are not known to
-  /// keep them. False too when its rights changed.
+  /// they are as coarse as two seconds on some media, on file systems that are not known to keep
+  /// them, and for a folder without a time, as the topmost one of FAT. False too when its rights
+  /// changed.
   [[nodiscard]] bool provesUnchangedSince(const FolderStamp& before) const;
 
   /// Whether a file system with this magic number keeps the time of each change in a folder. Those

@@ -185,6 +185,13 @@ TEST_F(Folder, IsTrustedToBeUnchangedLaterUntilSomethingHappens) {
   EXPECT_FALSE(helper.isCurrent()) << "put back, but not at the same moment";
 }
 
+// FAT has no room for the times of its topmost folder.
+TEST_F(Folder, IsNotTrustedToBeUnchangedWithoutATime) {
+  add("a.wav");
+  setChanged({0, 0});
+  EXPECT_FALSE(FolderHelper(folder.path()).isCurrent());
+}
+
 TEST_F(Folder, TimesAreTrustedOnlyWhereTheyAreKnownToBeKept) {
   constexpr std::uint32_t kCluster = 0x01161970;
   const std::vector<std::uint32_t> kept = {EXT4_SUPER_MAGIC, BTRFS_SUPER_MAGIC, MSDOS_SUPER_MAGIC};
