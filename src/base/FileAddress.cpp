@@ -3,8 +3,12 @@
 
 #include "base/FileAddress.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <climits>
 #include <cstddef>
 
 namespace {
@@ -28,11 +32,19 @@ std::string decoded(std::string_view text) {
   return bytes;
 }
 
-// Before the path a machine may be named: this one.
+bool isThisMachine(std::string_view name) {
+  std::array<char, HOST_NAME_MAX + 1> own{};
+  if (name.empty() || name == "localhost") return true;
+  return gethostname(own.data(), own.size()) == 0 && name == own.data();
+}
+
+// Before the path a machine may be named.
 std::string_view pathIn(std::string_view address) {
   if (!address.starts_with(kFile)) return {};
   const std::size_t slash = address.find('/', kFile.size());
-  return slash == std::string_view::npos ? std::string_view() : address.substr(slash);
+  if (slash == std::string_view::npos) return {};
+  const bool isHere = isThisMachine(address.substr(kFile.size(), slash - kFile.size()));
+  return isHere ? address.substr(slash) : std::string_view();
 }
 
 }  // namespace

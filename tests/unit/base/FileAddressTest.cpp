@@ -4,6 +4,11 @@
 #include "base/FileAddress.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <array>
+#include <climits>
+#include <string>
 
 namespace {
 
@@ -28,9 +33,17 @@ TEST(FileAddressTest, AListHasALineAFile) {
 TEST(FileAddressTest, OnlyFilesAreRead) {
   EXPECT_THAT(FileAddress::pathsIn("# a comment\r\nhttps://mixdeck.example/a\nfile:///b\n/c\n"),
               ElementsAre("/b"));
-  EXPECT_THAT(FileAddress::pathsIn("file://machine/b%20c"), ElementsAre("/b c"));
   EXPECT_THAT(FileAddress::pathsIn("file://"), IsEmpty());
   EXPECT_THAT(FileAddress::pathsIn(""), IsEmpty());
+}
+
+TEST(FileAddressTest, OnlyFilesOfThisMachineAreRead) {
+  std::array<char, HOST_NAME_MAX + 1> own{};
+  ASSERT_EQ(gethostname(own.data(), own.size()), 0);
+  const std::string name = own.data();
+  EXPECT_THAT(FileAddress::pathsIn("file://localhost/b%20c"), ElementsAre("/b c"));
+  EXPECT_THAT(FileAddress::pathsIn("file://" + name + "/b"), ElementsAre("/b"));
+  EXPECT_THAT(FileAddress::pathsIn("file://not-" + name + "/b\nfile://nas/c"), IsEmpty());
 }
 
 TEST(FileAddressTest, WhatIsNoCodeStandsForItself) {
