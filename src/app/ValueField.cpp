@@ -51,7 +51,8 @@ void ValueField::open() {
   auto* const field = new QLineEdit(_label.parentWidget());
   field->setAccessibleName(_name);
   field->setAlignment(Qt::AlignCenter);
-  const auto number = numberIn(_label.text());
+  _shown = _label.text();
+  const auto number = numberIn(_shown);
   field->setText(number ? NumberText::of(*number) : QString());
   const QSize size(kField.width(), std::max(kField.height(), field->sizeHint().height()));
   const QPoint half(size.width() / 2, size.height() / 2);
@@ -67,7 +68,7 @@ void ValueField::open() {
 
 bool ValueField::eventFilter(QObject* watched, QEvent* event) {
   if (watched != _field) return false;
-  if (isAbandoned(*event)) apply();
+  if (isAbandoned(*event)) abandon();
   if (event->type() != QEvent::KeyPress) return false;
   return keyPressed(static_cast<const QKeyEvent*>(event)->key());
 }
@@ -77,6 +78,11 @@ bool ValueField::keyPressed(int key) {
   if (isReturn) apply();
   if (key == Qt::Key_Escape) close();
   return isReturn || key == Qt::Key_Escape;
+}
+
+// By the wheel, a key or another take the value may have become newer than what is in the field.
+void ValueField::abandon() {
+  _label.text() == _shown ? apply() : close();
 }
 
 void ValueField::apply() {

@@ -11,8 +11,8 @@
 #include "controls/Adjustable.h"
 
 /// Lets a value be typed where a label shows it: a click on the label opens a field, Return or
-/// leaving the field sets the control, Escape does not. What is no number changes nothing.
-/// Interface thread.
+/// leaving the field sets the control, Escape does not. What is no number changes nothing, nor does
+/// leaving a field after something else has changed the value. Interface thread.
 class ValueField : public QObject {
   Q_OBJECT
 
@@ -33,6 +33,7 @@ class ValueField : public QObject {
 
  private:
   bool keyPressed(int key);
+  void abandon();
   void apply();
   void close();
 
@@ -40,4 +41,5 @@ class ValueField : public QObject {
   Adjustable& _control;
   QString _name;
   QPointer<QLineEdit> _field;  ///< while it is open
+  QString _shown;              ///< by the label when the field was opened
 };

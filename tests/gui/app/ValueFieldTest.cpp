@@ -101,6 +101,17 @@ TEST_F(Typed, LeavingTheFieldSetsTheValue) {
   EXPECT_EQ(player().gain(), 3);
 }
 
+TEST_F(Typed, LeavingTheFieldKeepsWhatTheWheelSetMeanwhile) {
+  openTake();
+  enter(stage().lblStereoValue, "90");
+  ASSERT_NE(type(stage().lblStereoValue, "60"), nullptr);
+  Hands::wheel(*stage().imgDevice, 120);
+  const auto turned = player().angle();
+  ASSERT_NE(turned, 90);
+  view().browser->tableFile->setFocus();
+  EXPECT_EQ(player().angle(), turned);
+}
+
 TEST_F(Typed, TheFieldsOwnMenuDoesNotCloseIt) {
   openTake();
   QLineEdit* const field = type(stage().lblGainValue, "3");
