@@ -94,7 +94,9 @@ FolderBrowser::Kind FolderBrowser::kindOf(const std::filesystem::path& path) {
   std::error_code error;
   const std::filesystem::file_status status = std::filesystem::status(path, error);
   if (std::filesystem::is_directory(status)) return Kind::Folder;
-  return std::filesystem::exists(status) ? Kind::Something : Kind::Nothing;
+  // Of what cannot be looked at, who opens it tells why.
+  const bool isGone = status.type() == std::filesystem::file_type::not_found;
+  return isGone ? Kind::Nothing : Kind::Something;
 }
 
 void FolderBrowser::openFolder(const std::filesystem::path& folder) {

@@ -260,6 +260,17 @@ TEST_F(Browser, RowsOfTheFolderBeforeGoWhereItTakesLong) {
   door->release();
 }
 
+// Whoever opens it tells why.
+TEST_F(Browser, ChoosesWhatCannotBeLookedAt) {
+  const auto path = takes.file("a.wav", {});
+  browser.openFolder(takes.path());
+  waitForListing();
+  std::filesystem::remove(path);
+  std::filesystem::create_symlink(path, path);  // nobody gets to the end of it
+  choose(0);
+  EXPECT_EQ(chosen.count(), 1);
+}
+
 TEST_F(Browser, ListsAgainWhereWhatIsChosenHasGone) {
   browser.openFolder(inner("Bells"));
   takes.file("Bells/a.wav", {});
