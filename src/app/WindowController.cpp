@@ -50,7 +50,7 @@ void WindowController::show() {
 void WindowController::raise(const QString& token) {
   // Where the toolkit looks for it.
   if (!token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
-  if (_view.isMinimized()) _view.showNormal();
+  _view.setWindowState(_view.windowState() & ~Qt::WindowMinimized);
   _view.raise();
   _view.activateWindow();
 }

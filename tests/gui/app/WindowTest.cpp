@@ -39,6 +39,16 @@ TEST_F(Window, StandsInTheMiddleOfItsScreen) {
   EXPECT_EQ(view().windowTitle(), "TARN J4 Mixdeck");
 }
 
+TEST_F(Window, ComesBackAsLargeAsItWas) {
+  window = std::make_unique<WindowController>();
+  view().showMaximized();
+  view().setWindowState(view().windowState() | Qt::WindowMinimized);
+  ASSERT_TRUE(view().isMinimized());
+  window->raise({});
+  EXPECT_FALSE(view().isMinimized());
+  EXPECT_TRUE(view().isMaximized());
+}
+
 TEST_F(Window, IsNeverLargerThanItsScreen) {
   constexpr int kTitle = 24;
   EXPECT_EQ(WindowController::startFrame({0, 0, 1920, 1080}, kTitle), QRect(435, 206, 1050, 668));
