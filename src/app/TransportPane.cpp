@@ -6,6 +6,7 @@
 #include "app/MainViewParts.h"
 #include "base/Placeholder.h"
 #include "controls/NumberText.h"
+#include "controls/PlainText.h"
 
 namespace {
 
@@ -64,7 +65,7 @@ void TransportPane::showOpening() {
 
 void TransportPane::showName() {
   _view.lblFileName->setText(_take.name());
-  _view.lblFileName->setToolTip(_take.name());
+  _view.lblFileName->setToolTip(PlainText::of(_take.name()));
 }
 
 void TransportPane::showTake() {

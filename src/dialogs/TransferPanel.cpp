@@ -15,6 +15,7 @@
 
 #include "controls/Appearance.h"
 #include "controls/Colors.h"
+#include "controls/PlainText.h"
 #include "dialogs/ExportFacts.h"
 #include "dialogs/PathText.h"
 #include "dialogs/TimeLeft.h"
@@ -165,7 +166,7 @@ QString TransferPanel::stateText(const TransferJob::Progress& progress) const {
 void TransferPanel::add(const std::vector<TransferJob::Line>& lines) {
   for (const TransferJob::Line& line : lines) {
     auto* const row = new QListWidgetItem(line.text, _list);
-    row->setToolTip(line.text);
+    row->setToolTip(PlainText::of(line.text));
     if (!line.isRight) row->setForeground(Colors::warning());
     row->setData(kFile, QByteArray::fromStdString(line.file.native()));
   }

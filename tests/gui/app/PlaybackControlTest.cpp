@@ -11,6 +11,7 @@
 #include "base/EB.h"
 #include "controls/Colors.h"
 #include "controls/J4SliderCell.h"
+#include "controls/PlainText.h"
 #include "dialogs/ExportVC.h"
 #include "support/WaveBytes.h"
 
@@ -76,6 +77,13 @@ TEST_F(Playback, ButtonsWithoutAFileDoNothing) {
   EB::FIRE(EB::kPlayFinish);
   expectIdle();
   EXPECT_EQ(shown<ExportVC>(), nullptr);
+}
+
+TEST_F(Playback, ANameThatLooksLikeMarkupIsShownAsItIs) {
+  take("<b>one<b>.WAV");
+  startOnTakes();
+  open("<b>one<b>.WAV");
+  EXPECT_EQ(view().player->lblFileName->toolTip(), PlainText::of("<b>one<b>.WAV"));
 }
 
 TEST_F(Playback, DoubleClickOpensAndPlays) {
