@@ -39,6 +39,20 @@ float mostOverEdge(const Truth& truth, const Truth& midSide, int width) {
   return line + (TestTake::peakOf(truth) + line) / 127.0F;
 }
 
+// An edge over `least`, which is the truth, and not far over `most`.
+void expectBetween(float got, float least, float most, float allowed) {
+  ASSERT_GE(got, least);
+  ASSERT_LE(got - most, allowed);
+}
+
+void expectBetween(const Waveform::Column& column, const Truth& least, const Truth& most,
+                   float allowed) {
+  expectBetween(column.greatestLeft, least.greatestLeft, most.greatestLeft, allowed);
+  expectBetween(-column.leastLeft, -least.leastLeft, -most.leastLeft, allowed);
+  expectBetween(column.greatestRight, least.greatestRight, most.greatestRight, allowed);
+  expectBetween(-column.leastRight, -least.leastRight, -most.leastRight, allowed);
+}
+
 void expectClose(const Waveform::Column& column, const Truth& truth, float allowed, int width) {
   expectClose(column.greatestLeft, truth.greatestLeft, allowed, width);
   expectClose(-column.leastLeft, -truth.leastLeft, allowed, width);
@@ -157,17 +171,28 @@ TEST(WaveformTest, ColumnsMergeBinsAndNeverSampleThem) {
   }
 }
 
-TEST(WaveformTest, AnyStretchAtAnyZoomHidesNothing) {
+// A column that begins or ends within a block reads as if all of the block belonged to it.
+TEST(WaveformTest, AnyStretchAtAnyZoomHidesNothingAndReadsNoHigherThanTheBlocksThatItTouches) {
+  constexpr int kWidth = 97;
   const Frames midSide = TestTake::wandering(kRate, 6, 5);
-  const Frames leftRight = TestTake::decoded(midSide, 97);
+  const Frames leftRight = TestTake::decoded(midSide, kWidth);
   const auto analysis = TestTake::analyse(midSide, kRate, true);
+  const std::uint64_t block = analysis->layout().blockFrames();
   for (std::uint64_t from = 0; from < 40000; from += 3571) {
     for (std::uint64_t length = 1; from + length <= 48000; length = 3 * length + 17) {
-      const Waveform waveform = analysis->waveform(97, 0, from, from + length, 13);
+      const Waveform waveform = analysis->waveform(kWidth, 0, from, from + length, 13);
       for (std::size_t i = 0; i < 13; ++i) {
         const std::uint64_t begin = waveform.columnStart(i);
         const std::uint64_t end = std::max(begin + 1, waveform.columnStart(i + 1));
-        expectClose(waveform.columns[i], TestTake::truthOf(leftRight, begin, end), 9.0F, 97);
+        const std::uint64_t first = begin / block * block;
+        const std::uint64_t last = (end + block - 1) / block * block;
+        const Truth most = TestTake::truthOf(leftRight, first, last);
+        const Truth source = TestTake::truthOf(midSide, first, last);
+        const Waveform::Column& column = waveform.columns[i];
+        ASSERT_NO_FATAL_FAILURE(expectBetween(column, TestTake::truthOf(leftRight, begin, end),
+                                              most, mostOverEdge(most, source, kWidth)));
+        const float peak = TestTake::peakOf(most) + mostOverPeak(most, source, kWidth);
+        ASSERT_LE(TestTake::peakOf(column), peak * (1 + 1.0F / 127));
       }
     }
   }
