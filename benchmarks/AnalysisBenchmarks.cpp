@@ -184,6 +184,17 @@ void figuresOfAnHour(benchmark::State& state) {
   }
 }
 
+// All of it but the ends, which lie within blocks.
+void figuresOfAStretch(benchmark::State& state) {
+  constexpr std::uint64_t kEnd = 777;
+  const auto analysis = hour();
+  const std::uint64_t to = analysis->layout().frames() - kEnd;
+  int width = 0;
+  for ([[maybe_unused]] auto iteration : state) {
+    benchmark::DoNotOptimize(analysis->at(width = (width + 1) % 151, 3, kEnd, to));
+  }
+}
+
 void waveformOfAnHour(benchmark::State& state) {
   const auto analysis = hour();
   int width = 0;
@@ -214,6 +225,9 @@ BENCHMARK_TEMPLATE(interpolate, PlainAnalysisKernels)->Name("interpolate/plain")
 BENCHMARK_TEMPLATE(weigh, AnalysisKernels)->Name("weigh/vector");
 BENCHMARK_TEMPLATE(weigh, PlainAnalysisKernels)->Name("weigh/plain");
 BENCHMARK(figuresOfAnHour)->Unit(benchmark::kMillisecond)->Name("figures of an hour");
+BENCHMARK(figuresOfAStretch)
+    ->Unit(benchmark::kMillisecond)
+    ->Name("figures of a stretch of an hour");
 BENCHMARK(waveformOfAnHour)->Unit(benchmark::kMillisecond)->Name("waveform of an hour");
 
 }  // namespace
