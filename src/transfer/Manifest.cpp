@@ -16,6 +16,7 @@
 namespace {
 
 constexpr std::string_view kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+constexpr std::string_view kFailed = "failed";
 
 std::optional<std::uint64_t> numberOf(const std::string& text) {
   std::uint64_t number = 0;
@@ -139,9 +140,12 @@ std::optional<Manifest> Manifest::fromXml(std::string_view document, std::string
       entry.size = numberOf(reader.attribute("size"));
       entry.modified = reader.attribute("lastmodificationdate");
     }
-    if (path == "hashes/hash/xxh128") {
-      entry.action = reader.attribute("action");
-      entry.hashedAt = reader.attribute("hashdate");
+    const bool isKnown = path == "hashes/hash/xxh128";
+    const std::string action = reader.attribute("action");
+    if (isKnown) entry.hashedAt = reader.attribute("hashdate");
+    // One of whatever kind that failed outweighs the others.
+    if (path.starts_with("hashes/hash/") && (isKnown || action == kFailed)) {
+      if (entry.action != kFailed) entry.action = action;
     }
   };
   const auto end = [&](std::string_view path, const std::string& text) {

@@ -16,7 +16,7 @@ struct Manifest {
     std::optional<std::uint64_t> size;  ///< bytes; none where it is not told
     std::string modified;               ///< when the file was last changed; may be empty
     std::string hash;      ///< small hexadecimal digits; empty where it has none of that kind
-    std::string action;    ///< "original", "verified" or "failed"
+    std::string action;    ///< "original", "verified", or "failed", which one of any kind may be
     std::string hashedAt;  ///< may be empty
   };
 

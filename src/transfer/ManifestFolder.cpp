@@ -133,6 +133,7 @@ void ManifestFolder::read(std::uint64_t number, const std::string& name) {
   }
   const bool isIntact = isAsItWas(number, name, c4::idOf(*text));
   for (const Manifest::Entry& entry : manifest->entries) {
+    if (entry.action == "failed") _failed.insert(entry.path);
     if (entry.action != "failed") add(entry, isIntact);
   }
 }
@@ -160,6 +161,7 @@ void ManifestFolder::add(const Manifest::Entry& entry, bool isIntact) {
   if (isKnown && !isIntact && !_doubtful.contains(entry.path)) return;
   if (isKnown && entry.hash.empty() && !known->second.hash.empty()) return;
   if (isIntact) _doubtful.erase(entry.path);
+  if (isIntact) _failed.erase(entry.path);
   if (!isIntact) _doubtful.insert(entry.path);
   _files.insert_or_assign(entry.path, entry);
 }

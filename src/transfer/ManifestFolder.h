@@ -32,10 +32,13 @@ class ManifestFolder {
   /// Why it is not known what there is, so that nothing can be saved; empty where it is known.
   [[nodiscard]] const std::string& whyNot() const { return _whyNot; }
   /// What each file last was, by its path from the folder on. An entry without a hash that is known
-  /// here does not take the place of one that has it.
+  /// here, or of a check that failed, does not take the place of one that has it.
   [[nodiscard]] const std::map<std::string, Manifest::Entry>& files() const { return _files; }
-  /// Whether what is said of the file comes from a generation that is as it was written.
-  [[nodiscard]] bool isTrusted(const std::string& path) const { return !_doubtful.contains(path); }
+  /// Whether what is said of the file comes from a generation that is as it was written, and none
+  /// since says that the file is not like that any more.
+  [[nodiscard]] bool isTrusted(const std::string& path) const {
+    return !_doubtful.contains(path) && !_failed.contains(path);
+  }
 
   /// Writes the manifest as a new generation; called again, in the place of what was written last.
   /// Whole or not at all, and on the disk. Empty, or why not.
@@ -63,6 +66,7 @@ class ManifestFolder {
   ManifestChain _chain;
   std::map<std::string, Manifest::Entry> _files;
   std::set<std::string> _doubtful;  ///< of these those that a changed generation tells of
+  std::set<std::string> _failed;    ///< those that were not right when they were last checked
   std::vector<std::string> _problems;
   std::vector<std::string> _notInChain;
   std::string _whyNot;

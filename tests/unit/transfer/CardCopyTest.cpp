@@ -65,6 +65,24 @@ TEST_F(CardCopyTest, WhatAChangedManifestSaysIsComparedAndTold) {
   EXPECT_THAT(job.problems(), ElementsAre(HasSubstr("it was changed after it was written")));
 }
 
+TEST_F(CardCopyTest, WhatAnotherProgramFoundChangedIsCompared) {
+  copy();
+  const auto time = fs::last_write_time(home() / "R0001.WAV");
+  std::fstream(home() / "R0001.WAV", std::ios::in | std::ios::out) << "another";
+  fs::last_write_time(home() / "R0001.WAV", time);
+  ManifestFolder manifests(home());
+  Manifest::Entry failed = manifests.files().at("R0001.WAV");
+  failed.action = "failed";
+  Manifest found;
+  found.createdAt = Manifest::timeText(0);
+  found.entries = {failed};
+  ASSERT_EQ(manifests.save(found) + manifests.finish(), "");
+  CardCopy job(card(), home());
+  EXPECT_FALSE(run(job));
+  EXPECT_THAT(_told, ElementsAre("DAY2/R0003.WAV kept", "R0001.WAV differs", "R0002.wav kept"));
+  EXPECT_THAT(job.problems(), ElementsAre());
+}
+
 TEST_F(CardCopyTest, WhatIsThereWithoutAManifestIsCompared) {
   copy();
   fs::remove_all(home() / "ascmhl");

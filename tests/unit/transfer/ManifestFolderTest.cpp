@@ -123,6 +123,35 @@ TEST_F(ManifestFolderTest, AChangedGenerationIsNotTrustedAndCountsLessThanAnothe
   EXPECT_TRUE(ManifestFolder(home()).isTrusted("b.WAV")) << "a later one is as it was";
 }
 
+// As of a program that verified, and found another content.
+TEST_F(ManifestFolderTest, WhatFailedIsNotTrustedUntilItIsVerifiedAgain) {
+  ASSERT_EQ(save(home(), of("a.WAV", "aa")), "");
+  Manifest failed = of("a.WAV", "bb");
+  failed.entries[0].action = "failed";
+  ASSERT_EQ(save(home(), failed), "");
+  EXPECT_EQ(ManifestFolder(home()).files().at("a.WAV").hash, "aa") << "which it should have";
+  EXPECT_FALSE(ManifestFolder(home()).isTrusted("a.WAV"));
+  ASSERT_EQ(save(home(), of("a.WAV", "cc")), "");
+  replaceIn(generations()[2], "cc", "dd");
+  EXPECT_EQ(ManifestFolder(home()).files().at("a.WAV").hash, "aa") << "a changed one counts less";
+  EXPECT_FALSE(ManifestFolder(home()).isTrusted("a.WAV"));
+  ASSERT_EQ(save(home(), of("a.WAV", "aa")), "");
+  EXPECT_TRUE(ManifestFolder(home()).isTrusted("a.WAV"));
+}
+
+TEST_F(ManifestFolderTest, WhatFailedByAnotherHashIsNotTrusted) {
+  ASSERT_EQ(save(home(), of("a.WAV", "aa")), "");
+  ASSERT_EQ(save(home(), of("b.WAV", "bb")), "");
+  ASSERT_EQ(save(home(), of("a.WAV", "cc")), "");
+  replaceIn(generations()[2], "<xxh128 action=\"original\"", "<md5 action=\"failed\"");
+  replaceIn(generations()[2], "</xxh128>", "</md5>");
+  fs::remove(home() / "ascmhl" / "ascmhl_chain.xml");  // so that it counts as it is
+  const ManifestFolder read(home());
+  EXPECT_EQ(read.files().at("a.WAV").hash, "aa");
+  EXPECT_FALSE(read.isTrusted("a.WAV"));
+  EXPECT_TRUE(read.isTrusted("b.WAV"));
+}
+
 // As of a program that knows other hashes.
 TEST_F(ManifestFolderTest, AGenerationWithoutAHashHidesNone) {
   ASSERT_EQ(save(home(), of("a.WAV", "aa")), "");
