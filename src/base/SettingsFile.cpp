@@ -18,6 +18,8 @@
 #include <thread>
 #include <utility>
 
+#include "base/DamagedFile.h"
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -148,7 +150,7 @@ std::optional<SettingsText::Values> SettingsFile::load() const {
 
 SettingsText::Values SettingsFile::loadOrSetAside() const {
   if (auto values = load()) return *std::move(values);
-  std::rename(_path.c_str(), with(_path, ".damaged").c_str());
+  DamagedFile::setAside(_path);
   return {};
 }
 

@@ -15,9 +15,8 @@
 /// It is replaced whole, through a temporary file beside it and a rename, so a kill or a power cut
 /// at any moment leaves the old one or the new one; a "settings.part-*" file that a kill leaves
 /// beside it goes with the next change. A change reads the file afresh under a lock, so several
-/// running programs keep each other's keys. A damaged, empty or unreadable file is set aside under
-/// the name with
-/// ".damaged" added and counts as absent. A lock that another program holds is not waited for any
+/// running programs keep each other's keys. A damaged, empty or unreadable file is set aside
+/// (`DamagedFile`) and counts as absent. A lock that another program holds is not waited for any
 /// longer than `Patience`: the change is then made without it.
 ///
 /// Nothing throws but where memory runs out. Any thread; each call stands for itself.

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <system_error>
 
+#include "base/DamagedFile.h"
 #include "dsp/GainStage.h"
 #include "dsp/SideGain.h"
 #include "takes/Database.h"
@@ -45,11 +46,6 @@ constexpr const char* kForgetOthers = "DELETE FROM exports WHERE target = ?1 AND
 constexpr const char* kExports =
     "SELECT source, target, width, gain, written FROM exports "
     "WHERE source = ?1 OR (source >= ?2 AND source < ?3)";
-
-fs::path with(const fs::path& path, const char* ending) {
-  fs::path result = path;
-  return result += ending;
-}
 
 std::int64_t now() {
   const auto since = std::chrono::system_clock::now().time_since_epoch();
@@ -87,7 +83,7 @@ fs::path TakeMemory::defaultPath() {
 }
 
 fs::path TakeMemory::damagedPath() const {
-  return with(_file, ".damaged");
+  return DamagedFile::placeOf(_file);
 }
 
 std::optional<RememberedSound> TakeMemory::find(const std::string& take) {
@@ -228,13 +224,7 @@ bool TakeMemory::setAside() {
     const End end = look(database);
     if (end != End::Damaged) return end == End::Done;
   }
-  std::error_code error;
-  fs::rename(_file, damagedPath(), error);
-  if (error) return false;
-  for (const char* const part : {"-wal", "-shm"}) {
-    std::error_code none;
-    fs::rename(with(_file, part), with(damagedPath(), part), none);
-  }
+  if (!DamagedFile::setAside(_file, {"-wal", "-shm"})) return false;
   _trouble = Trouble::SetAside;
   return true;
 }

@@ -114,6 +114,17 @@ TEST_F(SettingsFileTest, SetsADamagedFileAside) {
   }
 }
 
+TEST_F(SettingsFileTest, WhatWasSetAsideBeforeStays) {
+  for (const char* const damaged : {"first", "second", "third"}) {
+    folder.file("settings", bytesOf(damaged));
+    EXPECT_EQ(settings.get("a"), std::nullopt);
+  }
+  EXPECT_TRUE(settings.set("a", "1")) << "nothing is damaged now";
+  EXPECT_EQ(TemporaryFolder::read(folder.path() / "settings.damaged-2"), bytesOf("first"));
+  EXPECT_EQ(TemporaryFolder::read(folder.path() / "settings.damaged-3"), bytesOf("second"));
+  EXPECT_EQ(TemporaryFolder::read(folder.path() / "settings.damaged"), bytesOf("third"));
+}
+
 TEST_F(SettingsFileTest, SetsAsideWhatIsNoFileAtAll) {
   fs::create_directory(path);
   EXPECT_EQ(settings.get("a"), std::nullopt);

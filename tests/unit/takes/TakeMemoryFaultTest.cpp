@@ -77,6 +77,17 @@ TEST_F(DamagedMemory, ATableThatIsMissing) {
   expectSetAside();
 }
 
+TEST_F(DamagedMemory, OneThatWasSetAsideBeforeStays) {
+  remember(file, "a", 1);
+  change(file, "DROP TABLE takes");
+  const auto first = TemporaryFolder::read(file);
+  expectSetAside();
+  std::ofstream(file) << std::string(10'000, 'x');
+  expectSetAside();
+  const auto kept = TakeMemory(file).damagedPath().native() + "-2";
+  EXPECT_EQ(TemporaryFolder::read(kept), first);
+}
+
 TEST_F(DamagedMemory, WhoRemembersFirstSetsItAsideToo) {
   std::filesystem::create_directories(file.parent_path());
   std::ofstream(file) << std::string(10'000, 'x');
