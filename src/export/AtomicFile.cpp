@@ -245,7 +245,9 @@ bool AtomicFile::sync() {
 bool AtomicFile::setModified(const timespec& time) {
   const timespec accessed{0, UTIME_NOW};
   const std::array<timespec, 2> times{accessed, time};
-  return _failure.empty() && (futimens(_file, times.data()) == 0 || fail(errno));
+  if (!_failure.empty()) return false;
+  const bool isSet = futimens(_file, times.data()) == 0;
+  return isSet || errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS || fail(errno);
 }
 
 fs::path AtomicFile::readablePath() const {

@@ -54,7 +54,8 @@ class AtomicFile {
   void beginSync();
   /// Has all that was written by now on the disk.
   bool sync();
-  /// What time of change the file tells; the time of the last write, unless this says otherwise.
+  /// What time of change the file tells; the time of the last write, unless this says otherwise,
+  /// and where the file system lets nobody, or not us, set it.
   bool setModified(const timespec& time);
   /// Where the file can be read until it is committed, in this process alone.
   [[nodiscard]] std::filesystem::path readablePath() const;

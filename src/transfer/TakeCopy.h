@@ -19,7 +19,7 @@ struct CardTake {
 
 /// Copies one take. The copy gets its name only when it has been read back from its medium and is
 /// what was read from the card: nothing that bears a name is unverified. It tells the time of
-/// change of the take. One thread at a time; waits for the media.
+/// change of the take, where that can be set. One thread at a time; waits for the media.
 class TakeCopy {
  public:
   enum class End { Copied, NotRead, NotWritten, NotTheSame, Cancelled };

@@ -5,7 +5,11 @@
 #include <sys/syscall.h>
 
 #include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
 #include <string>
+#include <vector>
 
 #include "CardFixture.h"
 #include "support/Confinement.h"
@@ -53,6 +57,40 @@ TEST_F(CardCopyDiskTest, AnotherFailureEndsNothingButTheTake) {
   EXPECT_EQ(copyWhileWritesFail(EFBIG), "DAY2/R0003.WAV: " + reason + "\nR0001.WAV: " + reason +
                                             "\nR0002.wav: \n" +
                                             "The manifest cannot be written: " + reason);
+}
+
+// As on a share, or a disk of somebody else's, where all may write.
+TEST_F(CardCopyDiskTest, WhereTheTimeMayNotBeSetTakesComeHomeAndAreComparedLater) {
+  const auto made = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1000);
+  for (const char* const take : {"R0001.WAV", "R0002.wav", "DAY2/R0003.WAV"}) {
+    std::filesystem::last_write_time(card() / take, made);
+  }
+  const auto all = [this](const std::string& outcome) {
+    return _told == std::vector<std::string>{"DAY2/R0003.WAV " + outcome, "R0001.WAV " + outcome,
+                                             "R0002.wav " + outcome};
+  };
+  for (const int error : {EPERM, EOPNOTSUPP, ENOSYS}) {
+    std::filesystem::remove_all(home());
+    const int result = Confinement::run([&] {
+      if (!Confinement::failSystemCall(SYS_utimensat, error)) return 1;
+      if (!copy() || !all("copied")) return 2;
+      return copy() && all("kept") ? 0 : 3;
+    });
+    ASSERT_EQ(result, 0) << error;
+    EXPECT_NE(std::filesystem::last_write_time(home() / "R0001.WAV"), made) << "it was refused";
+    EXPECT_TRUE(isRight());
+    std::fstream(home() / "R0001.WAV", std::ios::in | std::ios::out) << "another";
+    EXPECT_FALSE(copy()) << "its time tells nothing";
+  }
+}
+
+TEST_F(CardCopyDiskTest, ATimeThatFailsToBeSetForAnotherReasonFails) {
+  const int result = Confinement::run([&] {
+    if (!Confinement::failSystemCall(SYS_utimensat, EIO)) return 1;
+    return copy() || _reasons[0] != std::generic_category().message(EIO) ? 2 : 0;
+  });
+  EXPECT_EQ(result, 0);
+  EXPECT_FALSE(std::filesystem::exists(home() / "R0001.WAV"));
 }
 
 }  // namespace
