@@ -280,6 +280,7 @@ void StageView::placeDial(int centre) {
   const int side = sideOf(*sliderStereo);
   const int middle = middleOf(*sliderStereo);
   placeCentred(*sliderStereo, centre, middle - side / 2, {side, side});
+  sliderStereo->setNewAngle(sliderStereo->angle());  // another size puts its thumb at 0
   placeCentred(*imgDevice, centre, middle - kDevice.height() / 2, kDevice);
   placeCost(centre, middle);
 }

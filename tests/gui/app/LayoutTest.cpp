@@ -416,6 +416,21 @@ TEST_F(Layout, TextOfTwiceTheSizeIsWholeAndInReach) {
   EXPECT_EQ(frame(stage().sliderStereo), QRect(370, 81, 352, 352)) << "as it was";
 }
 
+TEST_F(Layout, DialShowsItsAngleInEverySizeOfText) {
+  take("R0001.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  AngleViewer& dial = *stage().sliderStereo;
+  const int usual = dial.width();
+  dial.setNewAngle(90);
+  Appearance::setTextScale(*qApp, 2);
+  for (int i = 0; i < 4; ++i) QCoreApplication::processEvents();
+  ASSERT_GT(dial.width(), usual);
+  const QImage shown = dial.grab().toImage();
+  dial.setNewAngle(90);
+  EXPECT_TRUE(dial.grab().toImage() == shown) << "thumb and arc stand at 90 degrees";
+}
+
 TEST_F(Layout, TextsThatTakeTheSameRoomMoveNothing) {
   startOnTakes();
   QCoreApplication::processEvents();
