@@ -39,6 +39,11 @@ double& textScale() {
   return scale;
 }
 
+double& fontScale() {
+  static double scale = 1;
+  return scale;
+}
+
 using Named = std::pair<QLatin1String, QColor>;
 
 // A name comes before every name that it begins with.
@@ -93,7 +98,11 @@ void loadPointers() {
 
 void Appearance::apply(QApplication& application) {
   static const double kWanted = scaleOf(QApplication::font());
-  textScale() = kWanted;
+  apply(application, kWanted);
+}
+
+void Appearance::apply(QApplication& application, double desktopScale) {
+  fontScale() = textScale() = desktopScale;
   loadPointers();
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   QApplication::setPalette(palette());
@@ -109,7 +118,7 @@ double Appearance::scaleOf(const QFont& desktop) {
 }
 
 void Appearance::setTextScale(QApplication& application, double scale) {
-  const double wanted = std::clamp(scale, 1.0, kMostScale);
+  const double wanted = std::max(fontScale(), std::clamp(scale, 1.0, kMostScale));
   if (!(wanted != textScale())) return;
   textScale() = wanted;
   QApplication::setFont(font());

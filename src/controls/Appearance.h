@@ -17,8 +17,11 @@ class Appearance {
   /// Gives style, colours, font, style sheet and icon to the application; before its first window.
   /// The first time the font that is there is the desktop's.
   static void apply(QApplication& application);
+  /// The same where the desktop's font asks for text so many times as large as usual.
+  static void apply(QApplication& application, double desktopScale);
 
-  /// Text so many times as large as usual, from 1 to 3, in all windows, from now on.
+  /// Text so many times as large as usual, from 1 to 3, in all windows, from now on; larger where
+  /// the desktop's font asks for more.
   static void setTextScale(QApplication& application, double scale);
   /// What the font that a desktop gives to programs asks for: 1 where it is of a usual size.
   static double scaleOf(const QFont& desktop);

@@ -146,6 +146,23 @@ TEST(Appearance, TheUsersFamilyStaysBehindItsOwnInEverySize) {
   QApplication::setFont(before);
 }
 
+TEST(Appearance, TheLargerOfTheDesktopsTwoWishesForTextCounts) {
+  Appearance::apply(*qApp);  // what the desktop gives is known from here on
+  QFont large;
+  large.setPixelSize(22);
+  Appearance::apply(*qApp, Appearance::scaleOf(large));
+  const int wanted = Appearance::pixels(100);
+  EXPECT_EQ(wanted, 150);
+  Appearance::setTextScale(*qApp, 1);
+  EXPECT_EQ(Appearance::pixels(100), wanted) << "the font's wish stays";
+  Appearance::setTextScale(*qApp, 2);
+  EXPECT_EQ(Appearance::pixels(100), 200);
+  Appearance::setTextScale(*qApp, 1.25);
+  EXPECT_EQ(Appearance::pixels(100), wanted);
+  Appearance::apply(*qApp);
+  EXPECT_EQ(Appearance::pixels(100), 100);
+}
+
 TEST(Appearance, IsDark) {
   Appearance::apply(*qApp);
   EXPECT_EQ(Colors::AppBG(), QApplication::palette().color(QPalette::Window));
