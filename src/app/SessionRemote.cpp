@@ -21,6 +21,7 @@ SessionRemote::SessionRemote(TakeSession& take, FolderBrowser& browser, QObject*
     : RemotePlayer(parent), _take(take), _browser(browser) {
   _timerLook.setInterval(kLook);
   connect(&_timerLook, &QTimer::timeout, this, &SessionRemote::look);
+  connect(&take, &TakeSession::opening, this, [this] { _asked = _take.file(); });
   connect(&take, &TakeSession::opened, this, &SessionRemote::load);
   connect(&take, &TakeSession::closing, this, &SessionRemote::unload);
   connect(&take, &TakeSession::closed, this, &SessionRemote::unload);
@@ -116,7 +117,7 @@ void SessionRemote::setVolume(double volume) {
 std::optional<int> SessionRemote::neighbour(int step) const {
   const std::vector<WavItem>& files = _browser.model().files();
   const auto count = static_cast<int>(files.size());
-  const auto open = std::ranges::find(files, _take.file().native(), &WavItem::fullPath);
+  const auto open = std::ranges::find(files, _asked.native(), &WavItem::fullPath);
   if (open == files.end() && !_take.file().empty()) return std::nullopt;
   const bool isFound = open != files.end();
   if (!isFound && step < 0) return std::nullopt;

@@ -4,6 +4,7 @@
 
 #include <QTimer>
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <vector>
 
@@ -43,7 +44,8 @@ class SessionRemote : public RemotePlayer {
   void unload();
   void showState();
   void look();
-  /// The row of the take so many takes further in the list; of the first one where none is open.
+  /// The row of the take so many takes further in the list than the one that was opened last, or
+  /// was refused; of the first one where that is not there.
   [[nodiscard]] std::optional<int> neighbour(int step) const;
   void open(std::optional<int> row);
 
@@ -52,7 +54,8 @@ class SessionRemote : public RemotePlayer {
   std::optional<Take> _loaded;
   std::uint64_t _number = 0;
   double _rate = 0;
-  bool _isStopped = false;  ///< paused at the beginning, as somebody stopped it
-  double _heard = 0;        ///< seconds, at the last look
+  bool _isStopped = false;       ///< paused at the beginning, as somebody stopped it
+  double _heard = 0;             ///< seconds, at the last look
+  std::filesystem::path _asked;  ///< the file that was to be opened last
   QTimer _timerLook{this};
 };

@@ -21,6 +21,7 @@ TakeMessages::TakeMessages(QWidget& window, StatusLine& status, TakeSession& tak
 }
 
 void TakeMessages::forgetTake() {
+  if (_alert) _alert->close();
   _status.clear(StatusLine::Topic::Recording);
   _status.clear(StatusLine::Topic::Sound);
 }
@@ -41,7 +42,7 @@ void TakeMessages::tell(TakeSession::Failure failure, const QString& reason) {
   switch (failure) {
     case TakeSession::Failure::Unsupported:
       _status.say(Topic::Recording, tr("%1: %2").arg(_take.name(), why));
-      Alert::show(&_window, tr("File not supported."));
+      _alert = Alert::show(&_window, tr("File not supported."));
       break;
     case TakeSession::Failure::Reading:
       _status.say(

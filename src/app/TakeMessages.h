@@ -2,14 +2,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QMessageBox>
 #include <QObject>
+#include <QPointer>
 #include <QWidget>
 
 #include "app/StatusLine.h"
 #include "app/TakeSession.h"
 
-/// Tells people what went wrong with a take: an alert for a file that is not the recorder's, the
-/// quiet line for everything else, and for an opening that takes long. Interface thread.
+/// Tells people what went wrong with a take: an alert for a file that is not the recorder's, until
+/// another is opened, the quiet line for everything else, and for an opening that takes long.
+/// Interface thread.
 class TakeMessages : public QObject {
   Q_OBJECT
 
@@ -27,4 +30,5 @@ class TakeMessages : public QObject {
   QWidget& _window;
   StatusLine& _status;
   TakeSession& _take;
+  QPointer<QMessageBox> _alert;
 };
