@@ -1660,10 +1660,6 @@ MIT-Lizenz</translation>
         <translation>%1 wird gerettet …</translation>
     </message>
     <message>
-        <source>no thread can be had</source>
-        <translation>kein Thread verfügbar</translation>
-    </message>
-    <message>
         <source>%1 was not saved: %2.</source>
         <translation>%1 wurde nicht gespeichert: %2.</translation>
     </message>

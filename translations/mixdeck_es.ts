@@ -1660,10 +1660,6 @@ Licencia MIT</translation>
         <translation>Rescatando %1…</translation>
     </message>
     <message>
-        <source>no thread can be had</source>
-        <translation>no se puede obtener ningún hilo</translation>
-    </message>
-    <message>
         <source>%1 was not saved: %2.</source>
         <translation>%1 no se ha guardado: %2.</translation>
     </message>

@@ -1660,10 +1660,6 @@ Licence MIT</translation>
         <translation>Récupération de %1…</translation>
     </message>
     <message>
-        <source>no thread can be had</source>
-        <translation>aucun fil d’exécution n’est disponible</translation>
-    </message>
-    <message>
         <source>%1 was not saved: %2.</source>
         <translation>%1 n’a pas été enregistré&#xa0;: %2.</translation>
     </message>

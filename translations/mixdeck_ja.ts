@@ -1655,10 +1655,6 @@ MIT ライセンス</translation>
         <translation>%1 を復旧しています…</translation>
     </message>
     <message>
-        <source>no thread can be had</source>
-        <translation>スレッドを確保できません</translation>
-    </message>
-    <message>
         <source>%1 was not saved: %2.</source>
         <translation>%1 を保存できませんでした：%2。</translation>
     </message>

@@ -1655,10 +1655,6 @@ MIT 许可证</translation>
         <translation>正在挽救 %1…</translation>
     </message>
     <message>
-        <source>no thread can be had</source>
-        <translation>无法获得线程</translation>
-    </message>
-    <message>
         <source>%1 was not saved: %2.</source>
         <translation>%1 未能保存：%2。</translation>
     </message>

@@ -45,9 +45,12 @@ void DesktopPresence::appear(const QDBusConnection& bus) {
 void DesktopPresence::keepAwake(ViewController& window) {
   const ExportQueue& exports = window.exportQueue();
   const CardDesk& cards = window.cards();
-  const auto look = [this, &exports, &cards] {
-    _awake.setBusy(exports.isBusy() || cards.isBusy());
+  const RepairOffer& repair = window.repair();
+  const auto look = [this, &exports, &cards, &repair] {
+    _awake.setBusy(exports.isBusy() || cards.isBusy() || repair.isSalvaging());
   };
+  QObject::connect(&repair, &RepairOffer::began, &_awake, look);
+  QObject::connect(&repair, &RepairOffer::ended, &_awake, look);
   QObject::connect(&cards, &CardDesk::busyChanged, &_awake, look);
   QObject::connect(&exports, &ExportQueue::began, &_awake, look);
   QObject::connect(&exports, &ExportQueue::finished, &_awake, look);

@@ -4,6 +4,8 @@
 #include "app/EndQuestion.h"
 
 #include <QPushButton>
+#include <QStringList>
+#include <vector>
 
 #include "dialogs/Alert.h"
 
@@ -20,7 +22,7 @@ bool EndQuestion::mayEnd() {
 
 // A folder that is verified is only read: what its end breaks off can be had again.
 bool EndQuestion::isReasonToStay() const {
-  return _place.exports.isBusy() || _place.cards.isCopying();
+  return _place.exports.isBusy() || _place.cards.isCopying() || _place.repair.isSalvaging();
 }
 
 // One that still stands may tell of what has ended meanwhile.
@@ -39,13 +41,24 @@ void EndQuestion::ask() {
 }
 
 EndQuestion::Words EndQuestion::words() const {
-  Words exports = wordsForExports();
-  if (!_place.cards.isCopying()) return exports;
-  Words copy{
+  std::vector<Words> all;
+  if (_place.exports.isBusy()) all.push_back(wordsForExports());
+  if (_place.cards.isCopying()) all.push_back(wordsForCopy());
+  if (_place.repair.isSalvaging()) all.push_back(wordsForSalvage());
+  if (all.size() == 1) return all.front();
+  QStringList texts;
+  for (const Words& each : all) texts << each.text;
+  return {texts.join(u'\n'), tr("Keep working"), tr("Stop all and quit")};
+}
+
+EndQuestion::Words EndQuestion::wordsForCopy() const {
+  return {
       tr("Takes are still being copied. What is copied stays; the next copy goes on from there."),
       tr("Keep copying"), tr("Stop and quit")};
-  if (!_place.exports.isBusy()) return copy;
-  return {exports.text + u'\n' + copy.text, tr("Keep working"), tr("Stop all and quit")};
+}
+
+EndQuestion::Words EndQuestion::wordsForSalvage() const {
+  return {_place.repair.salvageText(), tr("Keep working"), tr("Stop and quit")};
 }
 
 EndQuestion::Words EndQuestion::wordsForExports() const {

@@ -9,11 +9,12 @@
 #include <QWidget>
 
 #include "app/CardDesk.h"
+#include "app/RepairOffer.h"
 #include "queue/ExportQueue.h"
 
-/// Asks before the window ends while something is under way that would be missing then: exports and
-/// a copy, once for all of them. A folder that is being verified is no reason to ask. Interface
-/// thread.
+/// Asks before the window ends while something is under way that would be missing then: exports, a
+/// copy and a salvage, once for all of them. A folder that is being verified is no reason to ask.
+/// Interface thread.
 class EndQuestion : public QObject {
   Q_OBJECT
 
@@ -23,13 +24,14 @@ class EndQuestion : public QObject {
     QWidget& window;
     ExportQueue& exports;
     CardDesk& cards;
+    RepairOffer& repair;
   };
 
   explicit EndQuestion(const Place& place, QObject* parent = nullptr);
 
-  /// True when the window may end; what is between card and disk is told to end then. While exports
-  /// or a copy are under way it asks, and answers false; when the user wants the end, the exports
-  /// are cancelled and `endRequested` follows.
+  /// True when the window may end; what is between card and disk is told to end then. While there
+  /// is such work it asks, and answers false; when the user wants the end, the exports are
+  /// cancelled and `endRequested` follows.
   bool mayEnd();
 
  signals:
@@ -45,6 +47,8 @@ class EndQuestion : public QObject {
   [[nodiscard]] bool isReasonToStay() const;
   [[nodiscard]] Words words() const;
   [[nodiscard]] Words wordsForExports() const;
+  [[nodiscard]] Words wordsForCopy() const;
+  [[nodiscard]] Words wordsForSalvage() const;
   void ask();
   void endAnyway();
 

@@ -49,15 +49,13 @@ RepairOffer::RepairOffer(const Place& place, QObject* parent)
   connect(&_take, &TakeSession::failed, this, [this](TakeSession::Failure failure) {
     if (failure == TakeSession::Failure::Unsupported) look(_take.file());
   });
+  connect(&_salvage, &TransferJob::ended, this,
+          [this](const TransferJob::End& how) { end(how.complaint); });
   connect(&_take, &TakeSession::opening, this, [this] {
     _look.drop();
     if (_question) _question->close();
     if (!_salvage.isUnderWay()) _status.clear(StatusLine::Topic::Repair);
   });
-}
-
-RepairOffer::~RepairOffer() {
-  *_cancel = true;
 }
 
 void RepairOffer::look(const std::filesystem::path& take) {
@@ -81,29 +79,33 @@ void RepairOffer::offer(const std::filesystem::path& take, const TakeDiagnosis& 
          "take itself stays as it is.")
           .arg(PathText::nameOf(take), NumberText::of(secondsOf(diagnosis), 1),
                PathText::nameOf(TakeRepair::nameFor(take))));
-  const auto* const salvages = question->addButton(tr("Salvage"), QMessageBox::ActionRole);
+  QPushButton* const salvages = question->addButton(tr("Salvage"), QMessageBox::ActionRole);
   QPushButton* const later = question->addButton(tr("Not now"), QMessageBox::ActionRole);
   question->setDefaultButton(later);
   question->setEscapeButton(later);
   connect(salvages, &QAbstractButton::clicked, this, [this, take] { salvage(take); });
+  salvages->setEnabled(!isSalvaging());
+  connect(this, &RepairOffer::ended, salvages, [salvages] { salvages->setEnabled(true); });
   question->open();
   _question = question;
 }
 
-// A second one waits until the first has ended: the offer comes again with the take.
-void RepairOffer::salvage(const std::filesystem::path& take) {
-  if (_salvage.isUnderWay()) return;
-  _status.say(StatusLine::Topic::Repair, tr("%1 is being salvaged…").arg(PathText::nameOf(take)));
-  const Errand::Failed tellEnd = [this, take](const std::string& failure) {
-    end(TakeRepair::nameFor(take), QString::fromStdString(failure));
-  };
-  const auto work = [take, tellEnd, cancel = _cancel]() -> Errand::Outcome {
-    return [tellEnd, failure = saved(take, *cancel)] { tellEnd(failure); };
-  };
-  if (!_salvage.begin(work, tellEnd)) end(TakeRepair::nameFor(take), tr("no thread can be had"));
+QString RepairOffer::salvageText() const {
+  return tr("%1 is being salvaged…").arg(PathText::nameOf(_salvaged));
 }
 
-void RepairOffer::end(const std::filesystem::path& target, const QString& failure) {
+void RepairOffer::salvage(const std::filesystem::path& take) {
+  if (isSalvaging()) return;
+  _salvaged = take;
+  _status.say(StatusLine::Topic::Repair, salvageText());
+  _salvage.begin([take](TransferJob::Desk& desk) {
+    return TransferJob::End{.complaint = QString::fromStdString(saved(take, desk.cancel()))};
+  });
+  emit began();
+}
+
+void RepairOffer::end(const QString& failure) {
+  const std::filesystem::path target = TakeRepair::nameFor(_salvaged);
   _status.clear(StatusLine::Topic::Repair);
   if (failure.isEmpty()) {
     _browser.wishFor(target);

@@ -92,7 +92,7 @@ struct WindowPanes {
   CardDesk cards{{view, *view.menu->actionCopyCard, *view.menu->actionVerifyFolder,
                   *view.player->lblStatus, browser},
                  &owner};
-  EndQuestion ending{{view, exports, cards}, &owner};
+  EndQuestion ending{{view, exports, cards, repair}, &owner};
   TakeInformant informant{view, take, measured, &owner};
   WindowCommands commands{{view, *view.menu, *view.player->btnExport, *view.player->lblStatus,
                            exports, desk, &measured},

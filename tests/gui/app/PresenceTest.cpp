@@ -4,7 +4,9 @@
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDBusVariant>
+#include <QMessageBox>
 #include <QTimer>
+#include <algorithm>
 
 #include "WindowFixture.h"
 #include "app/DesktopPresence.h"
@@ -90,6 +92,25 @@ TEST_F(Presence, ACopyKeepsTheMachineAwake) {
   press(shown<TransferPanel>(), "Copy");
   waitForPortal(1);
   waitFor([&] { return !cards.isBusy(); }, "the copy");
+  waitForPortal(2);
+  EXPECT_THAT(portal.told, testing::ElementsAre("Inhibit /org/freedesktop/portal/desktop",
+                                                "Close /org/freedesktop/portal/desktop/request/1"));
+}
+
+TEST_F(Presence, ASalvageKeepsTheMachineAwake) {
+  brokenTake("R0001.WAV");
+  appear();
+  waitForTake([this] { doubleClickRow("R0001.WAV"); });
+  QMessageBox* offer = nullptr;
+  const auto isOffered = [&] {
+    const auto boxes = view().findChildren<QMessageBox*>();
+    const auto asks = [](const QMessageBox* box) { return box->buttons().size() == 2; };
+    const auto found = std::ranges::find_if(boxes, asks);
+    offer = found == boxes.end() ? nullptr : *found;
+    return offer != nullptr;
+  };
+  waitFor(isOffered, "the offer");
+  press(offer, "Salvage");
   waitForPortal(2);
   EXPECT_THAT(portal.told, testing::ElementsAre("Inhibit /org/freedesktop/portal/desktop",
                                                 "Close /org/freedesktop/portal/desktop/request/1"));

@@ -4,6 +4,7 @@
 #include "app/RepairOffer.h"
 
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <algorithm>
@@ -49,13 +50,35 @@ class Repair : public WindowFixture {
     waitForTake([&] { doubleClickRow(name); });
     waitFor([&] { return !looked.empty(); }, "whether it broke off");
   }
+  /// One that takes seconds to salvage, and is being salvaged.
+  std::filesystem::path beginSalvage() {
+    auto path = brokenTake("R0001.WAV");
+    constexpr std::uintmax_t kLong = 100'000'000;  // of holes, which count as sound
+    std::filesystem::resize_file(path, kLong);
+    std::ofstream(path, std::ios::app) << std::string(12, 'x');
+    startOnTakes();
+    openAndLook("R0001.WAV");
+    controller().take().close();
+    const std::uintmax_t before = bytesRead();
+    SlowReads::limit(takes.path(), 8'000'000);
+    press(question(), "Salvage");
+    waitFor([&] { return bytesRead() > before + (1 << 20); }, "its beginning");
+    return path;
+  }
+  static QPushButton* buttonOf(const QMessageBox* box, const char* text) {
+    const QList<QPushButton*> all = box->findChildren<QPushButton*>();
+    const auto found = std::ranges::find(all, QString(text), &QPushButton::text);
+    return found == all.end() ? nullptr : *found;
+  }
+  void TearDown() override { SlowReads::reset(); }
   [[nodiscard]] QString said() const {
     return view().player->lblStatus->message(StatusLine::Topic::Repair);
   }
-  static QMessageBox* question() {
+  static QMessageBox* question() { return box("broke off"); }
+  static QMessageBox* box(const char* words) {
     for (QWidget* const widget : QApplication::topLevelWidgets()) {
       auto* const box = qobject_cast<QMessageBox*>(widget);
-      if (box != nullptr && box->informativeText().contains("broke off")) return box;
+      if (box != nullptr && box->informativeText().contains(words)) return box;
     }
     return nullptr;
   }
@@ -124,6 +147,47 @@ TEST_F(Repair, AnotherTakeTakesTheQuestionAway) {
   });
   waitFor([] { return question() == nullptr; }, "the end of the question");
   waitFor([&] { return !looked.empty(); }, "whether it broke off");
+}
+
+TEST_F(Repair, TheEndOfTheWindowAsksFirst) {
+  beginSalvage();
+  view().close();
+  EXPECT_TRUE(view().isVisible());
+  press(box("R0001.WAV is being salvaged"), "Keep working");
+  EXPECT_TRUE(view().isVisible());
+  EXPECT_TRUE(said().contains("is being salvaged"));
+  view().close();
+  press(box("R0001.WAV is being salvaged"), "Stop and quit");
+  EXPECT_FALSE(view().isVisible());
+  end();
+  EXPECT_THAT(takes.names(), testing::ElementsAre("R0001.WAV"));
+}
+
+// What it writes may have a name meanwhile, which nobody else would take away.
+TEST_F(Repair, TheEndWaitsUntilNothingOfASalvageRemains) {
+  const auto path = beginSalvage();
+  ASSERT_TRUE(isHeldOpen(path));
+  bool isHeldBehind = true;
+  QObject::connect(&offer(), &QObject::destroyed, [&] { isHeldBehind = isHeldOpen(path); });
+  end();
+  EXPECT_FALSE(isHeldBehind);
+  EXPECT_THAT(takes.names(), testing::ElementsAre("R0001.WAV"));
+}
+
+TEST_F(Repair, AnotherTakeCanBeSalvagedOnceTheFirstHasEnded) {
+  brokenTake("R0002.WAV");
+  beginSalvage();
+  openAndLook("R0002.WAV");
+  ASSERT_NE(question(), nullptr);
+  const QPushButton* const salvages = buttonOf(question(), "Salvage");
+  ASSERT_NE(salvages, nullptr);
+  EXPECT_FALSE(salvages->isEnabled());
+  EXPECT_TRUE(said().contains("R0001.WAV is being salvaged")) << "that is why";
+  SlowReads::reset();
+  waitFor([&] { return salvages->isEnabled(); }, "the end of the first");
+  press(question(), "Salvage");
+  waitFor([this] { return selected() == "R0002_Repaired.WAV"; }, "the second");
+  EXPECT_TRUE(std::filesystem::exists(takes.path() / "R0001_Repaired.WAV"));
 }
 
 // The zeros at its end, holes that take no room, are looked through from behind; the medium stands
