@@ -16,7 +16,7 @@ struct ExportPlan {
 
   /// One item for each source. The target is `output` where it is given, else
   /// "<name>_Decode.WAV" in `outputFolder`, or beside the source where that is empty too. An item
-  /// whose target is the target or the source of another one is refused.
+  /// whose target is the target or the source of another one is refused (`FileKey`).
   static std::vector<Item> make(const std::vector<std::filesystem::path>& sources,
                                 const std::filesystem::path& output,
                                 const std::filesystem::path& outputFolder);

@@ -11,6 +11,7 @@
 
 #include "export/AtomicFile.h"
 #include "export/Export.h"
+#include "export/FileKey.h"
 #include "export/ProcessorShare.h"
 #include "queue/MediumPace.h"
 
@@ -22,13 +23,6 @@ using Existing = BatchWish::Existing;
 using Fate = BatchPlan::Fate;
 using Item = BatchPlan::Item;
 
-// One text for one file, whatever the way to it.
-fs::path identity(const fs::path& path) {
-  std::error_code error;
-  const fs::path whole = fs::weakly_canonical(AtomicFile::resolveLinks(fs::absolute(path)), error);
-  return error ? path : whole;
-}
-
 bool isThere(const fs::path& path) {
   std::error_code error;
   return fs::exists(fs::symlink_status(path, error));
@@ -38,8 +32,8 @@ bool isThere(const fs::path& path) {
 class Planner {
  public:
   explicit Planner(const BatchWish& wish) : _wish(wish) {
-    for (const BatchTake& take : *wish.takes) _sources.insert(identity(take.file));
-    for (const fs::path& path : wish.awaited) _targets.emplace(identity(path), fs::path());
+    for (const BatchTake& take : *wish.takes) _sources.insert(FileKey::of(take.file));
+    for (const fs::path& path : wish.awaited) _targets.emplace(FileKey::of(path), fs::path());
   }
 
   Item itemOf(const BatchTake& take) {
@@ -54,7 +48,7 @@ class Planner {
     }
     settle(item);
     if (item.fate == Fate::Export) refuseWhatCannotBe(item);
-    if (item.fate == Fate::Export) _targets.emplace(identity(item.order.target), take.file);
+    if (item.fate == Fate::Export) _targets.emplace(FileKey::of(item.order.target), take.file);
     return item;
   }
 
@@ -67,7 +61,7 @@ class Planner {
   void settle(Item& item) const {
     item.order.target = targetOf(item.order.source);
     if (_wish.existing == Existing::Number) return number(item.order);
-    const fs::path target = identity(item.order.target);
+    const fs::path target = FileKey::of(item.order.target);
     const auto owner = _targets.find(target);
     if (owner != _targets.end()) {
       item.fate = Fate::HasSameName;
@@ -90,7 +84,7 @@ class Planner {
   }
 
   [[nodiscard]] bool isFree(const fs::path& target) const {
-    return !isThere(target) && !_targets.contains(identity(target));
+    return !isThere(target) && !_targets.contains(FileKey::of(target));
   }
 
   // The room is told of all together.

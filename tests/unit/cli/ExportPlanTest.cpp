@@ -74,6 +74,25 @@ TEST_F(ExportPlanTest, RefusesSourcesThatDifferInTheSuffixOnly) {
   EXPECT_NE(items.at(1).refusal, "");
 }
 
+// They are one file on a card.
+TEST_F(ExportPlanTest, RefusesTheSecondOfTwoTargetsThatDifferInTheCaseOfLetters) {
+  const Items items = ExportPlan::make({at("x/R1.WAV"), at("y/r1.WAV")}, "", at("out"));
+  EXPECT_EQ(items.at(0).refusal, "");
+  EXPECT_EQ(items.at(1).refusal, "It belongs to " + at("x/R1.WAV").native() + " in the same run");
+}
+
+TEST_F(ExportPlanTest, OtherFoldersAndOtherSignsAreOtherFiles) {
+  const Items items =
+      ExportPlan::make({at("x/a.wav"), at("X/a.wav"), at("x/a@.wav"), at("x/a`.wav")}, "", "");
+  for (const ExportPlan::Item& item : items) EXPECT_EQ(item.refusal, "") << item.source;
+}
+
+TEST_F(ExportPlanTest, RefusesATargetThatIsTheSourceOfAnotherButForTheCaseOfLetters) {
+  const Items items = ExportPlan::make({at("a.wav"), at("A_DECODE.WAV")}, "", "");
+  EXPECT_EQ(items.at(0).refusal,
+            "It belongs to " + at("A_DECODE.WAV").native() + " in the same run");
+}
+
 TEST_F(ExportPlanTest, RefusesATargetThatIsTheSourceOfAnother) {
   _folder.file("a.wav", {});
   _folder.file("a_Decode.WAV", {});

@@ -144,6 +144,20 @@ TEST_F(BatchPlanTest, TwoWithOneNameAreNotWrittenOverEachOther) {
   EXPECT_THAT(targets(plan(wish)), ElementsAre("a_Decode.WAV", "a_Decode_2.WAV"));
 }
 
+// They are one file on a card.
+TEST_F(BatchPlanTest, NorTwoWhoseNamesDifferInTheCaseOfLetters) {
+  std::filesystem::create_directory(path("out"));
+  BatchWish wish = this->wish({take("a.WAV"), take("Bells/A.WAV")}, Existing::Replace);
+  wish.folder = path("out");
+  const BatchPlan plan = this->plan(wish);
+  EXPECT_THAT(fates(plan), ElementsAre(Fate::Export, Fate::HasSameName));
+  EXPECT_EQ(path("a.WAV"), plan.items[1].other);
+  wish.existing = Existing::Number;
+  EXPECT_THAT(targets(this->plan(wish)), ElementsAre("a_Decode.WAV", "A_Decode_2.WAV"));
+  wish.awaited = {path("out/A_DECODE.WAV")};
+  EXPECT_THAT(targets(this->plan(wish)), ElementsAre("a_Decode_2.WAV", "A_Decode_3.WAV"));
+}
+
 TEST_F(BatchPlanTest, NorOverWhatIsStillToBeWritten) {
   BatchWish wish = this->wish({take("a.WAV")}, Existing::Number);
   wish.awaited = {path("a_Decode.WAV")};
