@@ -15,6 +15,7 @@
 #include "cli/Problem.h"
 #include "cli/Streams.h"
 #include "cli/TimeText.h"
+#include "export/FileKey.h"
 #include "wav/WaveImage.h"
 
 namespace fs = std::filesystem;
@@ -47,7 +48,7 @@ int RepairCommand::run() {
   return isAllDone && !Interrupt::requested() ? kDone : kFailed;
 }
 
-bool RepairCommand::repair(std::size_t index, ProgressLine& line) const {
+bool RepairCommand::repair(std::size_t index, ProgressLine& line) {
   const fs::path& take = _files[index];
   std::string reason;
   const std::shared_ptr<const WaveImage> image = WaveImage::fromFile(take, reason);
@@ -80,7 +81,7 @@ bool RepairCommand::isBroken(const fs::path& take, const TakeDiagnosis& diagnosi
   return diagnosis.state == TakeDiagnosis::State::Broken;
 }
 
-bool RepairCommand::salvage(std::size_t index, TakeRepair& repair, ProgressLine& line) const {
+bool RepairCommand::salvage(std::size_t index, TakeRepair& repair, ProgressLine& line) {
   const fs::path target = TakeRepair::nameFor(_files[index]);
   const std::string name = printable(_files[index].filename().native());
   const auto existing = _force ? AtomicFile::Existing::Replace : AtomicFile::Existing::Refuse;
@@ -89,6 +90,8 @@ bool RepairCommand::salvage(std::size_t index, TakeRepair& repair, ProgressLine&
   if (!_force && fs::exists(fs::symlink_status(target, error))) {
     refusal = "The file exists; --force replaces it";
   }
+  const auto [owner, isFirst] = _targets.emplace(FileKey::of(target), _files[index]);
+  if (!isFirst) refusal = fmt::format("It belongs to {} in the same run", owner->second.native());
   if (fs::equivalent(target, _files[index], error)) refusal = "The target is the source itself";
   repair.setCancelFlag(&Interrupt::requested());
   repair.setProgress([&](double done) { line.update(index, name, done); });

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -20,16 +21,18 @@ class RepairCommand : public Command {
   int run() override;
 
  private:
-  [[nodiscard]] bool repair(std::size_t index, ProgressLine& line) const;
+  [[nodiscard]] bool repair(std::size_t index, ProgressLine& line);
   /// Tells of one that is not.
   [[nodiscard]] bool isBroken(const std::filesystem::path& take, const TakeDiagnosis& diagnosis,
                               ProgressLine& line) const;
-  [[nodiscard]] bool salvage(std::size_t index, TakeRepair& repair, ProgressLine& line) const;
+  [[nodiscard]] bool salvage(std::size_t index, TakeRepair& repair, ProgressLine& line);
   [[nodiscard]] std::string reportOf(const std::filesystem::path& take,
                                      const TakeDiagnosis& diagnosis) const;
 
   FilesOption _list;
   std::vector<std::filesystem::path> _files;
+  /// What this run writes, by `FileKey`, and of which take.
+  std::map<std::filesystem::path, std::filesystem::path> _targets;
   bool _force = false;
   bool _isDryRun = false;
   bool _isQuiet = false;

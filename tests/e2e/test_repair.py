@@ -88,6 +88,22 @@ class RepairTest(Case):
         self.expect(0, "repair", "--force", "R0001.WAV", err="")
         self.assertEqual(self.read("R0001_Repaired.WAV"), whole())
 
+    def test_two_takes_with_one_new_file(self):
+        said = "Fail to save. It belongs to R0001.WAV in the same run\n"
+        for second in ("R0001.wav", "r0001.wav"):
+            self.file("R0001.WAV", broken())
+            self.file(second, broken(samples=SAMPLES[:600]))
+            name = second[:5] + "_Repaired.WAV"
+            for how in ("--force", "--dry-run", "--quiet"):
+                result = self.expect(1, "repair", how, "R0001.WAV", second,
+                                     err=f"mixdeck-cli: {name}: {said}")
+                self.assertNotIn(second, result.stdout)
+                if how != "--dry-run":
+                    self.assertEqual(self.read("R0001_Repaired.WAV"), whole())
+                    os.remove(self.path("R0001_Repaired.WAV"))
+                self.assertEqual(self.names(), sorted(["R0001.WAV", second]))
+            os.remove(self.path(second))
+
     def test_a_quiet_one_tells_only_what_goes_wrong(self):
         self.file("R0001.WAV", broken())
         self.file("R0002.WAV", recording())
