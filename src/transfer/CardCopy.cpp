@@ -287,23 +287,32 @@ void CardCopy::tell(const CardTake& take, Outcome outcome, const std::string& re
   if (_tellResult) _tellResult({take.path, outcome, reason});
 }
 
-// What a manifest calls verified has to be there after a power cut, too: names first.
+// What a manifest calls verified has to be there after a power cut, too: names first. What may be
+// lost is not told: the system tells of a failed sync once, so that no second one would help.
 void CardCopy::saveManifest() {
-  syncNames();
+  const std::error_code error = syncNames();
+  if (error) {
+    _manifest.entries.resize(_savedEntries);
+    return fallShort(error.message());
+  }
   fallShort(_manifests->save(_manifest));
   _savedEntries = _manifest.entries.size();
   _unsavedBytes = 0;
 }
 
 // Those of the takes since the last manifest, and of the folders that they are in.
-void CardCopy::syncNames() const {
+std::error_code CardCopy::syncNames() const {
   std::set<fs::path> folders;
   for (std::size_t i = _savedEntries; i < _manifest.entries.size(); ++i) {
     fs::path folder = _manifest.entries[i].path;
     do folder = folder.parent_path();
     while (folders.insert(folder).second && !folder.empty());
   }
-  for (const fs::path& folder : folders) FolderSync::of(_destination / folder);
+  for (const fs::path& folder : folders) {
+    const std::error_code error = FolderSync::of(_destination / folder);
+    if (error) return error;
+  }
+  return {};
 }
 
 void CardCopy::fallShort(const std::string& reason) {

@@ -114,7 +114,7 @@ class CardCopy {
   void record(const CardTake& take, const std::string& hash);
   void tell(const CardTake& take, Outcome outcome, const std::string& reason = {});
   void saveManifest();
-  void syncNames() const;
+  [[nodiscard]] std::error_code syncNames() const;
   void fallShort(const std::string& reason);
   void fail(Obstacle obstacle, const std::string& reason);
   bool goesOn();

@@ -6,15 +6,26 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <vector>
 
 namespace fs = std::filesystem;
 
-void FolderSync::of(const fs::path& folder) {
-  const int file = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (file < 0) return;
-  fsync(file);
+namespace {
+
+bool isUnknownToFileSystem(int error) {
+  return error == EINVAL || error == EBADF || error == EOPNOTSUPP || error == ENOSYS;
+}
+
+}  // namespace
+
+std::error_code FolderSync::of(const fs::path& folder) {
+  const char* const path = folder.empty() ? "." : folder.c_str();
+  const int file = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (file < 0) return {errno == EACCES ? 0 : errno, std::generic_category()};
+  const int error = fsync(file) == 0 || isUnknownToFileSystem(errno) ? 0 : errno;
   close(file);
+  return {error, std::generic_category()};
 }
 
 // The first of those that are there may have been made just before a break: its name, too.
@@ -28,6 +39,9 @@ std::error_code FolderSync::make(const fs::path& folder) {
   }
   fs::create_directories(folder, error);
   if (error) return error;
-  for (const fs::path& parent : parents) of(parent);
-  return error;
+  for (const fs::path& parent : parents) {
+    error = of(parent);
+    if (error && error != std::errc::read_only_file_system) return error;  // nothing was made there
+  }
+  return {};
 }

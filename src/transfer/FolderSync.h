@@ -8,8 +8,9 @@
 /// Folders whose names are still there after a power cut. Any thread; waits for the medium.
 class FolderSync {
  public:
-  /// Has the names in the folder on the disk. Some file systems know no such thing, and lose none.
-  static void of(const std::filesystem::path& folder);
+  /// Has the names in the folder on the disk; that of an empty path is the one that is worked in.
+  /// No error where the file system knows no such thing, or the folder may not be read.
+  static std::error_code of(const std::filesystem::path& folder);
   /// Makes the folder and what is missing above it, and has their names on the disk.
   static std::error_code make(const std::filesystem::path& folder);
 };

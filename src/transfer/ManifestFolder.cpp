@@ -181,9 +181,9 @@ std::string ManifestFolder::save(const Manifest& manifest) {
   _saved = name;
   _isChainWhole = false;
   _chain.links.back().c4 = c4::idOf(text);
-  FolderSync::of(_folder / kName);
-  FolderSync::of(_folder);
-  return "";
+  error = FolderSync::of(_folder / kName);
+  if (!error) error = FolderSync::of(_folder);
+  return error ? error.message() : "";
 }
 
 std::string ManifestFolder::newName(const Manifest& manifest) const {
@@ -194,8 +194,9 @@ std::string ManifestFolder::finish() {
   if (_isChainWhole || !_whyNot.empty()) return _isChainWhole ? "" : _whyNot;
   std::string reason = write(kChainName, _chain.toXml(), AtomicFile::Existing::Replace);
   _isChainWhole = reason.empty();
-  FolderSync::of(_folder / kName);
-  return reason;
+  if (!_isChainWhole) return reason;
+  const std::error_code error = FolderSync::of(_folder / kName);
+  return error ? error.message() : "";
 }
 
 std::string ManifestFolder::write(const std::string& name, const std::string& text,

@@ -9,10 +9,12 @@
 #include <array>
 #include <cstddef>
 #include <cstring>
+#include <system_error>
 #include <utility>
 #include <vector>
 
 #include "export/ChunkSizes.h"
+#include "transfer/FolderSync.h"
 #include "wav/ImageFields.h"
 #include "wav/LongSizes.h"
 #include "wav/RiffLayout.h"
@@ -98,7 +100,9 @@ bool TakeRepair::save(const std::filesystem::path& path, AtomicFile::Existing ex
                          copy(file, _diagnosis.dataAt, _diagnosis.keptBytes) &&
                          copy(file, _diagnosis.tailAt, _diagnosis.tailBytes) && file.sync() &&
                          file.commit();
-  return isWritten || _wasCancelled ? isWritten : fail(file.failure());
+  if (!isWritten) return !_wasCancelled && fail(file.failure());
+  const std::error_code error = FolderSync::of(AtomicFile::resolveLinks(path).parent_path());
+  return !error || fail(error.message());
 }
 
 bool TakeRepair::copy(AtomicFile& file, std::uint64_t from, std::uint64_t count) {

@@ -38,7 +38,8 @@ class TakeRepair {
   /// nothing stands against it.
   [[nodiscard]] std::string whyNot(const std::filesystem::path& path,
                                    AtomicFile::Existing existing) const;
-  /// Saves it whole or not at all, and on the disk. Waits for the medium.
+  /// Saves it whole or not at all, and on the disk. Where no more than the sync of its name fails,
+  /// the file is there, but a power cut may take it. Waits for the medium.
   bool save(const std::filesystem::path& path, AtomicFile::Existing existing);
 
   /// Why the last save failed; empty when it did not, or was cancelled.

@@ -187,6 +187,20 @@ class CopyTest(CardCase):
         os.chmod(self.path("home"), 0o555)
         self.expect(0, "copy", "--quiet", "card", "home", out="", err="", preexec_fn=as_nobody)
 
+    def test_the_folders_above_need_not_be_readable(self):
+        os.mkdir(self.path("outer"))
+        os.mkdir(self.path("outer", "home"))
+        os.chmod(self.path("outer", "home"), 0o777)
+        os.chmod(self.path("outer"), 0o711)
+        self.expect(0, "copy", "--quiet", "card", "outer/home", err="", preexec_fn=as_nobody)
+
+    def test_a_folder_that_may_be_written_to_and_not_read_will_do(self):
+        os.mkdir(self.path("home"))
+        os.chmod(self.path("home"), 0o333)
+        self.expect(0, "copy", "--quiet", "card", "home", err="", preexec_fn=as_nobody)
+        os.chmod(self.path("home"), 0o755)
+        self.expect(0, "verify", "home", out="3 right\n", err="")
+
     def test_manifests_that_cannot_be_read_are_not_written_over(self):
         self.expect(0, "copy", "--quiet", "card", "home")
         with open(self.path("home", "ascmhl", "ascmhl_chain.xml"), "w", encoding="utf-8") as file:

@@ -13,6 +13,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -33,6 +34,8 @@ struct Head {
 };
 
 int logFile = -1;  // a child writes on at the same offset
+int syncsToFail = 0;
+int syncError = 0;
 
 template <typename Function>
 Function real(const char* name) {
@@ -90,6 +93,14 @@ ssize_t noteWritten(int file, const void* bytes, ssize_t size, off_t offset) {
   note({.kind = Kind::Write, .file = number, .offset = static_cast<std::uint64_t>(offset)}, bytes,
        static_cast<std::size_t>(size));
   return size;
+}
+
+bool isSyncFailing(int file) {
+  struct stat status {};
+  if (syncsToFail == 0 || fstat(file, &status) != 0 || !S_ISDIR(status.st_mode)) return false;
+  --syncsToFail;
+  errno = syncError;
+  return true;
 }
 
 int noteSynced(int file, int result) {
@@ -173,7 +184,7 @@ ssize_t pwrite64(int file, const void* bytes, size_t size, off64_t offset) {
 
 int fsync(int file) {
   static const auto kReal = real<int (*)(int)>("fsync");
-  return noteSynced(file, kReal(file));
+  return isSyncFailing(file) ? -1 : noteSynced(file, kReal(file));
 }
 
 int fdatasync(int file) {
@@ -217,6 +228,11 @@ int unlink(const char* path) noexcept {
 void DiskLog::start() {
   logFile = memfd_create("disk-log", MFD_CLOEXEC);
   if (logFile < 0) std::abort();
+}
+
+void DiskLog::failFolderSyncs(int error, int times) {
+  syncError = error;
+  syncsToFail = times;
 }
 
 std::vector<DiskCall> DiskLog::stop() {

@@ -26,4 +26,6 @@ class DiskLog {
  public:
   static void start();
   static std::vector<DiskCall> stop();
+  /// The next syncs of folders fail, with or without a log.
+  static void failFolderSyncs(int error, int times);
 };

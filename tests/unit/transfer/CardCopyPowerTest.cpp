@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <string>
@@ -100,6 +101,51 @@ TEST_F(CardCopyPowerTest, TheNamesOfAllFoldersAreSyncedBeforeTheManifest) {
       return call.kind == DiskCall::Kind::Sync && call.file == number;
     });
     EXPECT_TRUE(isSynced) << folder;
+  }
+}
+
+// The system tells of such a failure once: a second sync says nothing of those names.
+TEST_F(CardCopyPowerTest, WhereNamesAreNotSyncedNoManifestTellsOfThem) {
+  put("card/DAY2/R0004.WAV", {});
+  fs::resize_file(card() / "DAY2/R0004.WAV", 1 << 27);  // a manifest is due in the middle
+  CardCopy job(card(), home());
+  ASSERT_EQ(job.prepare(), "");
+  DiskLog::failFolderSyncs(EIO, 1);
+  EXPECT_FALSE(job.run());
+  DiskLog::failFolderSyncs(0, 0);
+  EXPECT_EQ(job.failure(), "The manifest cannot be written: Input/output error");
+  EXPECT_EQ(job.obstacle(), CardCopy::Obstacle::ManifestUnwritable);
+  EXPECT_EQ(homeNames(), (std::vector<std::string>{"DAY2/R0003.WAV", "DAY2/R0004.WAV"}));
+  EXPECT_FALSE(ManifestFolder(home()).isThere());
+  EXPECT_TRUE(copy());
+  EXPECT_EQ(_told[0], "DAY2/R0003.WAV kept");
+  EXPECT_TRUE(isRight());
+}
+
+TEST_F(CardCopyPowerTest, AManifestWhoseNameIsNotSyncedIsToldAsNotWritten) {
+  fs::create_directories(home() / "ascmhl");
+  ManifestFolder manifests(home());
+  DiskLog::failFolderSyncs(EIO, 1);
+  EXPECT_EQ(manifests.save({}), "Input/output error");
+  EXPECT_EQ(manifests.save({}), "");
+  DiskLog::failFolderSyncs(EIO, 1);
+  EXPECT_EQ(manifests.finish(), "Input/output error");
+  DiskLog::failFolderSyncs(0, 0);
+}
+
+TEST_F(CardCopyPowerTest, AFolderWhoseNameIsNotSyncedIsNotCopiedInto) {
+  DiskLog::failFolderSyncs(EIO, 1);
+  EXPECT_EQ(CardCopy(card(), home()).prepare(), "The folder cannot be made: Input/output error");
+  DiskLog::failFolderSyncs(0, 0);
+}
+
+TEST_F(CardCopyPowerTest, AFileSystemThatSyncsNoFoldersIsGood) {
+  for (const int error : {EINVAL, EOPNOTSUPP}) {
+    fs::remove_all(home());
+    DiskLog::failFolderSyncs(error, 1000);
+    EXPECT_TRUE(copy()) << error;
+    DiskLog::failFolderSyncs(0, 0);
+    EXPECT_TRUE(isRight());
   }
 }
 

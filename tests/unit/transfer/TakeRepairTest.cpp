@@ -4,10 +4,12 @@
 #include "transfer/TakeRepair.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -140,6 +142,49 @@ TEST_F(TakeRepairTest, WhatIsSalvagedIsOnTheDiskBeforeItHasAName) {
   };
   ASSERT_NE(place(DiskCall::Kind::Name), calls.end());
   EXPECT_LT(place(DiskCall::Kind::Sync), place(DiskCall::Kind::Name));
+}
+
+TEST_F(TakeRepairTest, TheNameOfWhatIsSalvagedIsOnTheDisk) {
+  const fs::path take =
+      _folder.file("take.WAV", WaveBytes().format24().chunk("data", 0, loud(600)).get());
+  fs::create_directories(_folder.path() / "other");
+  const fs::path link = _folder.path() / "link.WAV";
+  fs::create_symlink("other/new.WAV", link);
+  for (const fs::path& path : {target(), link}) {
+    TakeRepair repair = repairOf(take);
+    DiskLog::start();
+    EXPECT_TRUE(repair.save(path, AtomicFile::Existing::Refuse));
+    const std::vector<DiskCall> calls = DiskLog::stop();
+    struct stat folder {};
+    ASSERT_EQ(stat(fs::canonical(path).parent_path().c_str(), &folder), 0);
+    const auto named = std::find_if(calls.begin(), calls.end(), [](const DiskCall& call) {
+      return call.kind == DiskCall::Kind::Name;
+    });
+    EXPECT_TRUE(std::any_of(named, calls.end(), [&folder](const DiskCall& call) {
+      return call.kind == DiskCall::Kind::Sync && call.file == folder.st_ino;
+    })) << path;
+  }
+}
+
+TEST_F(TakeRepairTest, ANameThatMayBeLostIsTold) {
+  const fs::path take =
+      _folder.file("take.WAV", WaveBytes().format24().chunk("data", 0, loud(600)).get());
+  TakeRepair repair = repairOf(take);
+  DiskLog::failFolderSyncs(EIO, 1);
+  EXPECT_FALSE(repair.save(target(), AtomicFile::Existing::Refuse));
+  DiskLog::failFolderSyncs(0, 0);
+  EXPECT_EQ(repair.failure(), "Input/output error");
+}
+
+TEST_F(TakeRepairTest, ATargetWithoutAFolderIsSavedHere) {
+  const fs::path take =
+      _folder.file("take.WAV", WaveBytes().format24().chunk("data", 0, loud(600)).get());
+  TakeRepair repair = repairOf(take);
+  const fs::path before = fs::current_path();
+  fs::current_path(_folder.path());
+  EXPECT_TRUE(repair.save("here.WAV", AtomicFile::Existing::Refuse)) << repair.failure();
+  fs::current_path(before);
+  EXPECT_TRUE(fs::exists(_folder.path() / "here.WAV"));
 }
 
 TEST_F(TakeRepairTest, RefusesWhatExistsAndForetellsIt) {
