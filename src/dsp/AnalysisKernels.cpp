@@ -124,10 +124,14 @@ HWY_INLINE void forEachVector(std::span<const float> frames, const Step& step) {
   if (i < frames.size()) step(hn::LoadU(df, frames.data() + frames.size() - lanes));
 }
 
-HWY_INLINE void raiseThree(std::span<const float> frames, const float* gains, float* extremes) {
-  Range a = emptyRange(gains[0]);
-  Range b = emptyRange(gains[1]);
-  Range c = emptyRange(gains[2]);
+// Of three gains from this one on; after the last one it is the last again.
+HWY_INLINE void raiseThree(std::span<const float> frames, std::span<const float> gains,
+                           std::size_t g, std::span<float> extremes) {
+  const std::size_t second = HWY_MIN(g + 1, gains.size() - 1);
+  const std::size_t third = HWY_MIN(g + 2, gains.size() - 1);
+  Range a = emptyRange(gains[g]);
+  Range b = emptyRange(gains[second]);
+  Range c = emptyRange(gains[third]);
   forEachVector(frames, [&](Floats frame) HWY_ATTR {
     const auto mid = hn::DupEven(frame);
     const auto side = hn::DupOdd(frame);
@@ -135,47 +139,52 @@ HWY_INLINE void raiseThree(std::span<const float> frames, const float* gains, fl
     widenDecoded(b, mid, side);
     widenDecoded(c, mid, side);
   });
-  store(a, {extremes, 4});
-  store(b, {extremes + 4, 4});
-  store(c, {extremes + 8, 4});
-}
-
-HWY_INLINE void raiseOne(std::span<const float> frames, float gain, float* extremes) {
-  Range range = emptyRange(gain);
-  forEachVector(frames, [&](Floats frame) HWY_ATTR {
-    widenDecoded(range, hn::DupEven(frame), hn::DupOdd(frame));
-  });
-  store(range, {extremes, 4});
+  store(a, extremes.subspan(4 * g, 4));
+  store(b, extremes.subspan(4 * second, 4));
+  store(c, extremes.subspan(4 * third, 4));
 }
 
 HWY_ATTR void raiseExtremes(std::span<const float> frames, std::span<const float> gains,
                             std::span<float> extremes) {
-  const FloatTag df;
-  const std::size_t lanes = hn::Lanes(df);
+  const std::size_t lanes = hn::Lanes(FloatTag());
   if (lanes < 2 || frames.size() < lanes) {
     return PlainAnalysisKernels::raiseExtremes(frames, gains, extremes);
   }
   Range channels = emptyRange(0.0F);
   forEachVector(frames, [&](Floats frame) HWY_ATTR { widen(channels, frame); });
   store(channels, extremes.first(4));
-  std::size_t g = 0;
-  for (; g + 3 <= gains.size(); g += 3) raiseThree(frames, &gains[g], &extremes[4 + 4 * g]);
-  for (; g < gains.size(); ++g) raiseOne(frames, gains[g], &extremes[4 + 4 * g]);
+  for (std::size_t g = 0; g < gains.size(); g += 3) {
+    raiseThree(frames, gains, g, extremes.subspan(4));
+  }
+}
+
+// What is let through at one of the gains; after the last one it is the last again.
+HWY_INLINE Range lineOf(const PeakGate& gate, std::size_t g) {
+  const FloatTag df;
+  const std::size_t i = HWY_MIN(g, gate.gains.size() - 1);
+  const auto most = hn::OddEven(hn::Set(df, gate.right[i]), hn::Set(df, gate.left[i]));
+  return {emptyRange(gate.gains[i]).gain, most, most};
+}
+
+HWY_INLINE auto isUnder(const Range& line, Floats mid, Floats side) {
+  return hn::Le(hn::Abs(hn::Add(mid, hn::Mul(side, line.gain))), line.most);
 }
 
 HWY_ATTR bool areUnder(std::span<const float> frames, const PeakGate& gate) {
-  const FloatTag df;
-  const std::size_t lanes = hn::Lanes(df);
+  const std::size_t lanes = hn::Lanes(FloatTag());
   if (lanes < 2 || frames.size() < lanes) return PlainAnalysisKernels::areUnder(frames, gate);
-  for (std::size_t g = 0; g < gate.gains.size(); ++g) {
-    const Range range = emptyRange(gate.gains[g]);
-    const auto line = hn::OddEven(hn::Set(df, gate.right[g]), hn::Set(df, gate.left[g]));
-    auto isUnder = hn::Eq(line, line);
+  for (std::size_t g = 0; g < gate.gains.size(); g += 3) {
+    const Range a = lineOf(gate, g);
+    const Range b = lineOf(gate, g + 1);
+    const Range c = lineOf(gate, g + 2);
+    auto areAll = hn::Eq(a.gain, a.gain);
     forEachVector(frames, [&](Floats frame) HWY_ATTR {
-      const auto decoded = hn::Add(hn::DupEven(frame), hn::Mul(hn::DupOdd(frame), range.gain));
-      isUnder = hn::And(isUnder, hn::Le(hn::Abs(decoded), line));
+      const auto mid = hn::DupEven(frame);
+      const auto side = hn::DupOdd(frame);
+      const auto areTwo = hn::And(isUnder(a, mid, side), isUnder(b, mid, side));
+      areAll = hn::And(areAll, hn::And(areTwo, isUnder(c, mid, side)));
     });
-    if (!hn::AllTrue(df, isUnder)) return false;
+    if (!hn::AllTrue(FloatTag(), areAll)) return false;
   }
   return true;
 }
