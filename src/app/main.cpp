@@ -16,6 +16,7 @@
 #include "app/WindowController.h"
 #include "base/FileAddress.h"
 #include "base/FreedMemory.h"
+#include "base/StandardStreams.h"
 #include "controls/Appearance.h"
 #include "controls/Language.h"
 #include "desktop/BusLink.h"
@@ -63,6 +64,7 @@ int run(QApplication& application, const ProgramOptions& options, const QString&
 }  // namespace
 
 int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape): there is nobody to tell
+  StandardStreams::reserve();
   const ProgramOptions options = ProgramOptions::parse(argc, argv);
   if (options.status) return *options.status;
   FreedMemory::goesBack();

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/ErrorReason.h"
+#include "base/StandardStreams.h"
 #include "base/Version.h"
 #include "cli/CopyCommand.h"
 #include "cli/DemoCommand.h"
@@ -131,6 +132,7 @@ Tool::Commands Tool::commands(std::unique_ptr<Command> play, std::unique_ptr<Com
 }
 
 int Tool::run(int argc, char** argv, const std::function<Commands()>& make) {
+  StandardStreams::reserve();
   Interrupt::install();
   try {
     const int status = runOneOf(make(), argc, argv);
