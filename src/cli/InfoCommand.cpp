@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/FileDescription.h"
+#include "cli/Interrupt.h"
 #include "cli/Problem.h"
 #include "cli/Streams.h"
 
@@ -20,6 +21,10 @@ CLI::App* InfoCommand::declare(CLI::App& program) {
 int InfoCommand::run() {
   int status = kDone;
   for (const std::filesystem::path& file : _files) {
+    if (Interrupt::requested()) {
+      Streams::err(std::string(kCancelled) + "\n");
+      return kFailed;
+    }
     const FileDescription description(file);
     // A name or text that is not UTF-8 is shown with replacement characters.
     constexpr auto kReplace = nlohmann::ordered_json::error_handler_t::replace;

@@ -8,6 +8,8 @@
 #include <cstdio>
 #include <system_error>
 
+#include "cli/Interrupt.h"
+
 namespace {
 
 std::atomic<int> firstError{0};
@@ -34,10 +36,11 @@ bool Streams::isReaderGone() {
   return firstError == EPIPE;
 }
 
-// Others may have printed as well.
+// Others may have printed as well. Whoever interrupts what is printed need not be told.
 std::string Streams::failure() {
   errno = 0;
   remember(std::fflush(stdout) == 0);
-  if (firstError == 0 || isReaderGone()) return {};
+  const bool isInterrupted = firstError == EINTR && Interrupt::requested();
+  if (firstError == 0 || isReaderGone() || isInterrupted) return {};
   return std::generic_category().message(firstError);
 }

@@ -9,6 +9,7 @@ import pty
 import re
 import signal
 import subprocess
+import threading
 import time
 import unittest
 
@@ -80,6 +81,21 @@ class InfoTest(Case):
                      "1 channels, 44100 Hz, 32-bit IEEE float, 00:00:00.250"):
             self.assertIn(part, text)
         self.assertNotIn(reason, text)
+
+    def test_an_interrupt_ends_it(self):
+        path = self.file("a.wav", recording())
+        names = f"{path}\n".encode() * 5000
+        process = subprocess.Popen([CLI, "info", "--json", "--files-from", "-"], stdin=subprocess.PIPE,
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        threading.Thread(target=lambda: (process.stdin.write(names), process.stdin.close())).start()
+        process.stdout.readline()  # the others do not fit into the pipe
+        process.send_signal(signal.SIGINT)
+        time.sleep(0.1)
+        rest, said = process.stdout.read(), process.stderr.read()
+        self.assertEqual((process.wait(), said), (1, b"mixdeck-cli: cancelled\n"))
+        self.assertLess(rest.count(b"\n"), 4999)
+        process.stdout.close()
+        process.stderr.close()
 
     def test_a_missing_file_is_said_once(self):
         self.expect(1, "info", "none.wav", out="",
