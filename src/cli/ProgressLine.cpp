@@ -51,8 +51,10 @@ bool ProgressLine::isDue() {
   return true;
 }
 
+// Beyond the last column nothing is drawn: of a line that goes on in the next row only that row
+// would be erased.
 void ProgressLine::draw(double done, const std::string& text) {
-  Streams::err(fmt::format("{}{:3.0f} %  {}", kEraseLine, 100.0 * done, text));
+  Streams::err(fmt::format("{}\x1b[?7l{:3.0f} %  {}\x1b[?7h", kEraseLine, 100.0 * done, text));
   std::fflush(stderr);
   _isShown = true;
 }

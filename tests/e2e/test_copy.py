@@ -224,7 +224,7 @@ class CopyTest(CardCase):
                                   os.environ, LD_PRELOAD=os.environ["SLOW_READS"],
                                   MIXDECK_SLOW_FOLDER=self.path("card"),
                                   MIXDECK_SLOW_RATE=str(2 << 20))).stdout
-        self.assertRegex(said, rb"\r\x1b\[K *\d+ %  3 of 4 takes  "
+        self.assertRegex(said, rb"\r\x1b\[K\x1b\[\?7l *\d+ %  3 of 4 takes  "
                                rb"[\d.]+ MB/s, 00:\d\d:\d\d left  R0009.WAV")
 
 

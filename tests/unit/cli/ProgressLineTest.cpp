@@ -23,6 +23,8 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 constexpr const char* kEraseLine = "\r\x1b[K";
+constexpr const char* kStayInRow = "\x1b[?7l";
+constexpr const char* kWrapAgain = "\x1b[?7h";
 
 /// What the work prints to standard error while that is a terminal.
 std::string onTerminal(const std::function<void()>& work) {
@@ -49,10 +51,15 @@ std::string onTerminal(const std::function<void()>& work) {
   return text;
 }
 
+/// A line from its beginning on.
+std::string begun(const char* text) {
+  return std::string(kEraseLine) + kStayInRow + text;
+}
+
 std::string drawn(int percent) {
   std::array<char, 64> line{};
-  std::snprintf(line.data(), line.size(), "%s%3d %%  0 of 1 done  a.wav", kEraseLine, percent);
-  return line.data();
+  std::snprintf(line.data(), line.size(), "%3d %%  0 of 1 done  a.wav", percent);
+  return begun(line.data()) + kWrapAgain;
 }
 
 std::string onFile(const std::function<void()>& work) {
@@ -84,7 +91,7 @@ TEST(ProgressLineTest, DrawsOneLineAndErasesIt) {
     ProgressLine line(4);
     line.update(2, "a.wav", 0.5);
   });
-  EXPECT_EQ(text, std::string(kEraseLine) + " 12 %  0 of 4 done  a.wav" + kEraseLine);
+  EXPECT_EQ(text, begun(" 12 %  0 of 4 done  a.wav") + kWrapAgain + kEraseLine);
 }
 
 TEST(ProgressLineTest, CountsFinishedJobs) {
@@ -113,9 +120,9 @@ TEST(ProgressLineTest, MoreThanWasForeseenIsAllOfIt) {
   const auto shown = [](std::uint64_t done, std::uint64_t total) {
     return onTerminal([=] { ProgressLine(1).show(done, total, [] { return "text"; }); });
   };
-  EXPECT_THAT(shown(3, 4), StartsWith(std::string(kEraseLine) + " 75 %  text"));
-  EXPECT_THAT(shown(5, 4), StartsWith(std::string(kEraseLine) + "100 %  text"));
-  EXPECT_THAT(shown(0, 0), StartsWith(std::string(kEraseLine) + "100 %  text"));
+  EXPECT_THAT(shown(3, 4), StartsWith(begun(" 75 %  text")));
+  EXPECT_THAT(shown(5, 4), StartsWith(begun("100 %  text")));
+  EXPECT_THAT(shown(0, 0), StartsWith(begun("100 %  text")));
 }
 
 TEST(ProgressLineTest, PutsMessagesInThePlaceOfTheLine) {
@@ -124,7 +131,7 @@ TEST(ProgressLineTest, PutsMessagesInThePlaceOfTheLine) {
     line.update(0, "a.wav", 0.25);
     line.message("trouble");
   });
-  EXPECT_THAT(text, StartsWith(std::string(kEraseLine) + " 25 %"));
+  EXPECT_THAT(text, StartsWith(begun(" 25 %")));
   EXPECT_THAT(text, EndsWith(std::string(kEraseLine) + "trouble\n"));
 }
 
