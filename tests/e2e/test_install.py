@@ -5,6 +5,7 @@
 import os
 import re
 import shlex
+import shutil
 import subprocess
 import unittest
 from pathlib import Path
@@ -13,6 +14,7 @@ from xml.etree import ElementTree
 from mixdeck import Case, recording
 
 BUILD = os.environ["MIXDECK_BUILD"]
+ROOT = Path(__file__).resolve().parents[2]
 ID = "example.mixdeck.mixdeck"
 WINDOW_AND_TOOL = {"bin/mixdeck", "bin/mixdeck-cli", "libexec/mixdeck/mixdeck-plot-png", "libexec/mixdeck/mixdeck-cli-live",
                    f"share/applications/{ID}.desktop", f"share/metainfo/{ID}.metainfo.xml",
@@ -108,6 +110,51 @@ class InstallTest(Case):
         self.assertRegex(newest, r"^\d+\.\d+\.\d+$")
         self.assertEqual(newest, cached("CMAKE_PROJECT_VERSION"))
         self.assertEqual(told, f"{newest}.{cached('MIXDECK_BUILD_NUMBER')}")
+
+
+class ScriptTest(Case):
+    """The scripts, in a folder of any name, among programs that only note how they were called."""
+
+    FOLDER = "mixdeck_0.1 of mine"
+
+    def setUp(self):
+        super().setUp()
+        self.home = Path(self.path(self.FOLDER))
+        self.programs, self.notes, self.own = (Path(self.path(name)) for name in ("bin", "notes", "tmp"))
+        for folder in (self.home / "packaging", self.programs, self.own):
+            folder.mkdir(parents=True)
+        self.give("apt-get", f'printf "%s\\n" "$@" >> "{self.notes}"')
+        self.give("sudo", 'exec "$@"')
+
+    def give(self, name, text, folder=None):
+        script = (folder or self.programs) / name
+        script.write_text(f"#!/bin/bash\n{text}\n")
+        script.chmod(0o755)
+
+    def call(self, script):
+        shutil.copy(ROOT / script, self.home / script)
+        path = f"{self.programs}:{os.environ['PATH']}"
+        done = subprocess.run([self.home / script], env=os.environ | {"PATH": path, "TMPDIR": str(self.own)},
+                              capture_output=True, text=True, check=False)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertEqual(list(self.own.iterdir()), [])
+        return done.stdout
+
+    def test_the_package_is_installed_from_a_folder_of_any_name(self):
+        names = ("mixdeck_0.1_amd64.deb", "mixdeck-recorder-sim_0.1_amd64.deb")
+        for name in names:
+            (self.home / name).touch()
+        self.give("make-deb", "\n".join(f'echo "{self.home}/{name}"' for name in names), self.home / "packaging")
+        self.assertIn(f"Installed: {names[0]}.", self.call("packaging/install-deb"))
+        words = self.notes.read_text().splitlines()
+        self.assertEqual([Path(word).name for word in words if word.endswith(".deb")], [names[0]])
+        self.assertIn("DPkg::Lock::Timeout=300", words)
+
+    def test_nothing_is_left_behind_by_a_start(self):
+        self.give("cmake", "")
+        for name, text in (("install-packages", ""), ("start", "echo started")):
+            self.give(name, text, self.home / "packaging")
+        self.assertEqual(self.call("run").splitlines()[-1], "started")
 
 
 if __name__ == "__main__":
