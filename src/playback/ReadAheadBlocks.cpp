@@ -110,16 +110,18 @@ void ReadAheadBlocks::keep(const AudioFile::Read& read) {
   _held += read.frames;
 }
 
+// Where loops have made blocks short, all of them may hold less than is wanted: nothing more comes
+// then before some of it is taken.
 void ReadAheadBlocks::announce() {
   _progress.notify_all();
-  if (_awaited == 0 || (_held < _awaited && !_isOver)) return;
+  if (_awaited == 0 || (_held < _awaited && hasRoom())) return;
   _awaited = 0;
   if (_arrived) _arrived->raise();
 }
 
 void ReadAheadBlocks::waitForFirst() {
   std::unique_lock lock(_mutex);
-  _progress.wait(lock, [this] { return _isOver || _held >= atMost(_firstFrames); });
+  _progress.wait(lock, [this] { return !hasRoom() || _held >= atMost(_firstFrames); });
 }
 
 AudioFile::Read ReadAheadBlocks::take(std::uint64_t first, std::uint32_t frames,
@@ -130,7 +132,7 @@ AudioFile::Read ReadAheadBlocks::take(std::uint64_t first, std::uint32_t frames,
   if (first != _position || _isToldOver) seek(first);
   const std::uint64_t inOrder = FrameLoop::untilTurn(_loop, first);
   frames = static_cast<std::uint32_t>(std::min<std::uint64_t>(frames, inOrder));
-  if (_held < atMost(frames) && !_isOver) {
+  if (_held < atMost(frames) && hasRoom()) {
     _awaited = atMost(frames);
     return {0, 0, true};
   }

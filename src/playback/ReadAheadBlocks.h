@@ -41,7 +41,7 @@ class ReadAheadBlocks : public std::enable_shared_from_this<ReadAheadBlocks> {
   /// Until half a second is at hand, or all there is.
   void waitForFirst();
   /// As `AudioFile::readFrames`, but late where fewer frames are at hand than asked for and more
-  /// are to come. After a failure that it has told, the file is read anew.
+  /// come before some of them are taken. After a failure that it has told, the file is read anew.
   AudioFile::Read take(std::uint64_t first, std::uint32_t frames, std::span<std::byte> to);
   /// In which order frames are taken from here on. What is at hand and comes next all the same
   /// stays at hand.

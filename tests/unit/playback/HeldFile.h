@@ -22,6 +22,11 @@ class HeldMedium {
     _changed.notify_all();
   }
   void release() { holdFrom(UINT64_MAX); }
+  /// A read gives no more than this at once.
+  void giveAtMost(std::uint32_t frames) {
+    const std::lock_guard lock(_mutex);
+    _most = frames;
+  }
   /// Until a read waits.
   void waitUntilHeld() {
     std::unique_lock lock(_mutex);
@@ -43,8 +48,9 @@ class HeldMedium {
     _files += files;
     _changed.notify_all();
   }
-  void pass(std::uint64_t first, std::uint32_t frames) {
+  std::uint32_t pass(std::uint64_t first, std::uint32_t frames) {
     std::unique_lock lock(_mutex);
+    frames = std::min(frames, _most);
     while (first + frames > _end) {
       ++_held;
       _changed.notify_all();
@@ -52,6 +58,7 @@ class HeldMedium {
       --_held;
     }
     _read += frames;
+    return frames;
   }
 
  private:
@@ -59,6 +66,7 @@ class HeldMedium {
   std::condition_variable _changed;
   std::uint64_t _end = UINT64_MAX;
   std::uint64_t _read = 0;
+  std::uint32_t _most = UINT32_MAX;
   int _held = 0;
   int _files = 0;
 };
@@ -78,8 +86,9 @@ class HeldFile : public AudioFile {
   [[nodiscard]] std::uint64_t frameCount() const override { return _file->frameCount(); }
   Read readFrames(std::uint64_t first, std::uint32_t frames, std::span<std::byte> to) override {
     const std::uint64_t left = frameCount() - std::min(first, frameCount());
-    _medium.pass(first, static_cast<std::uint32_t>(std::min<std::uint64_t>(frames, left)));
-    return _file->readFrames(first, frames, to);
+    const auto wanted = static_cast<std::uint32_t>(std::min<std::uint64_t>(frames, left));
+    const std::uint32_t given = _medium.pass(first, wanted);
+    return _file->readFrames(first, wanted > 0 ? given : frames, to);
   }
 
  private:

@@ -92,6 +92,19 @@ TEST_F(ReadAheadFileTest, ReadsNoFurtherThanItHolds) {
   EXPECT_EQ(medium.framesRead(), 3 * kRate + kBlock);
 }
 
+// All of the blocks hold less together then than is wanted at once.
+TEST_F(ReadAheadFileTest, GivesLessWhereABlockHasLittle) {
+  useFloatFile(100'000);
+  medium.giveAtMost(100);
+  const auto file = opened();
+  for (std::uint64_t at = 0; at < 100'000;) {
+    const std::uint32_t got = read(*file, at).frames;
+    ASSERT_GT(got, 0U) << at;
+    ASSERT_EQ(buffer, frames(at, at + got));
+    at += got;
+  }
+}
+
 TEST_F(ReadAheadFileTest, IsLateWhileTheMediumHangsAndTellsWhenItHasCome) {
   useFloatFile(48'000);
   medium.holdFrom(5 * kBlock);
