@@ -52,6 +52,7 @@ bool PulseConnection::connect() {
 
 void PulseConnection::run() {
   _loop = pa_mainloop_new();
+  if (_loop == nullptr || _wakeUp < 0) return loseWithoutALoop();
   pa_mainloop_api* const api = pa_mainloop_get_api(_loop);
   api->io_new(api, _wakeUp, PA_IO_EVENT_INPUT, emptyEvent, nullptr);
   if (!_stream.isFormatTaken()) {
@@ -67,6 +68,11 @@ void PulseConnection::run() {
     pa_context_unref(_context);
   }
   pa_mainloop_free(_loop);
+}
+
+void PulseConnection::loseWithoutALoop() {
+  _controls.lose("The sound output could not be started (too many open files).");
+  if (_loop != nullptr) pa_mainloop_free(_loop);
 }
 
 void PulseConnection::round() {

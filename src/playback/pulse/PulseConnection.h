@@ -36,6 +36,7 @@ class PulseConnection {
   void watch();
   [[nodiscard]] int timeoutMicroseconds() const;
   void lose(const std::string& why);
+  void loseWithoutALoop();
   [[nodiscard]] std::string because(const char* what) const;
 
   PulseControls& _controls;

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 #include <sys/syscall.h>
+#include <unistd.h>
 
 #include <QCoreApplication>
 #include <cerrno>
@@ -100,6 +102,40 @@ TEST_F(Application, WithoutAServerTheOutputIsLostSoon) {
   EXPECT_EQ(listener.lost, "No sound server was found (Connection refused).");
   EXPECT_EQ(output.framesPlayed(), 0.0);
   EXPECT_EQ(source.pulls, 0);
+}
+
+/// All the files that this program may have open are, until the end of it.
+class NoMoreFiles {
+ public:
+  NoMoreFiles() {
+    rlimit few{};
+    getrlimit(RLIMIT_NOFILE, &_before);
+    few = _before;
+    few.rlim_cur = 64;
+    setrlimit(RLIMIT_NOFILE, &few);
+    for (int file = dup(0); file >= 0; file = dup(0)) _files.push_back(file);
+  }
+  NoMoreFiles(const NoMoreFiles&) = delete;
+  NoMoreFiles& operator=(const NoMoreFiles&) = delete;
+  ~NoMoreFiles() {
+    for (const int file : _files) close(file);
+    setrlimit(RLIMIT_NOFILE, &_before);
+  }
+
+ private:
+  rlimit _before{};
+  std::vector<int> _files;
+};
+
+// The library would end the program.
+TEST_F(Application, WithTooManyOpenFilesTheOutputIsLost) {
+  LossListener listener;
+  PulseOutput output({48000, 2});
+  output.attach(nullptr, &listener);
+  const NoMoreFiles files;
+  output.start();
+  EXPECT_TRUE(EventLoop::runUntil([&] { return !listener.lost.empty(); }));
+  EXPECT_EQ(listener.lost, "The sound output could not be started (too many open files).");
 }
 
 /// Deletes the output that tells it of its loss, as a player does that is let go then.
