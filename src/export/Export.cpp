@@ -317,7 +317,8 @@ void Export::report(std::uint64_t framesDone) {
   _framesDone += framesDone;
   const bool isDue = before / kFramesPerReport != _framesDone / kFramesPerReport;
   if (_progress && (isDue || _framesDone == _framesToDo)) {
-    _progress(static_cast<double>(_framesDone) / static_cast<double>(_framesToDo));
+    const auto all = static_cast<double>(_framesToDo);
+    _progress(_framesToDo > 0 ? static_cast<double>(_framesDone) / all : 1.0);
   }
 }
 

@@ -64,6 +64,13 @@ TEST_F(ExportRunTest, TellsTheProgressOfASmallFileOnce) {
   EXPECT_THAT(progressOf(job, target(), false), ElementsAre(1.0));
 }
 
+TEST_F(ExportRunTest, ATakeOfNothingIsDoneAtOnce) {
+  Export job(_folder.file("in.wav", recording24({}, true)));
+  for (const bool normalize : {false, true}) {
+    for (const double done : progressOf(job, target(), normalize)) EXPECT_EQ(done, 1.0);
+  }
+}
+
 TEST_F(ExportRunTest, GivesTheSameFileAgain) {
   Export job(_folder.file("in.wav", manyFrames()));
   ByteBuilder first;
