@@ -40,6 +40,11 @@ bool isTemporaryName(std::string_view name) {
          name.starts_with(kLeftoverStart) && name.ends_with(kLeftoverEnd);
 }
 
+// Some file systems know no modes or times that can be set, or let only the owner set them.
+bool isNotForThisFile(int error) {
+  return error == EPERM || error == EOPNOTSUPP || error == ENOSYS;
+}
+
 // Gives an unnamed file a name. The /proc way needs no privilege.
 int nameFile(int file, const char* procPath, const char* name) {
   if (linkat(AT_FDCWD, procPath, AT_FDCWD, name, AT_SYMLINK_FOLLOW) == 0) return 0;
@@ -183,8 +188,8 @@ bool AtomicFile::createNamed() {
   _file = open(_temporary.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, kNewFileMode);
   if (_file < 0) return errno == EEXIST ? false : fail(errno);
   flock(_file, LOCK_EX | LOCK_NB);
-  struct stat status {};
-  if (fstat(_file, &status) == 0 && status.st_nlink > 0) return true;
+  struct stat status {};  // of the name: some file systems count no links
+  if (lstat(_temporary.c_str(), &status) == 0) return true;
   close(_file);
   _file = -1;
   return false;
@@ -209,7 +214,8 @@ bool AtomicFile::takeOverAttributes() {
   // group may be any of theirs.
   const bool isGiven = fchown(_file, status.st_uid, status.st_gid) == 0;
   if (!isGiven && fchown(_file, kNobodyElse, status.st_gid) != 0) errno = 0;
-  return fchmod(_file, status.st_mode & kModeBits) == 0 || errno == EPERM || fail(errno);
+  const bool isSet = fchmod(_file, status.st_mode & kModeBits) == 0;
+  return isSet || isNotForThisFile(errno) || fail(errno);
 }
 
 bool AtomicFile::hasRoomFor(std::uint64_t bytes) {
@@ -247,7 +253,7 @@ bool AtomicFile::setModified(const timespec& time) {
   const std::array<timespec, 2> times{accessed, time};
   if (!_failure.empty()) return false;
   const bool isSet = futimens(_file, times.data()) == 0;
-  return isSet || errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS || fail(errno);
+  return isSet || isNotForThisFile(errno) || fail(errno);
 }
 
 fs::path AtomicFile::readablePath() const {

@@ -17,18 +17,19 @@ std::string errorText(int error) {
   return std::generic_category().message(error);
 }
 
-// pread until all is there, the file ends or an error stops it (-1 with errno).
-ssize_t readFully(int file, std::span<std::byte> to, std::uint64_t offset) {
+// pread until all is there, the file ends or an error stops it (0 otherwise).
+std::size_t readFully(int file, std::span<std::byte> to, std::uint64_t offset, int& error) {
   std::size_t done = 0;
+  error = 0;
   while (done < to.size()) {
     const ssize_t got =
         pread(file, to.data() + done, to.size() - done, static_cast<off_t>(offset + done));
     if (got < 0 && errno == EINTR) continue;
-    if (got < 0) return -1;
-    if (got == 0) break;
+    if (got < 0) error = errno;
+    if (got <= 0) break;
     done += static_cast<std::size_t>(got);
   }
-  return static_cast<ssize_t>(done);
+  return done;
 }
 
 }  // namespace
@@ -50,6 +51,7 @@ std::shared_ptr<const FileBytes> FileBytes::open(const std::filesystem::path& pa
   constexpr std::int64_t kSecond = 1'000'000'000;
   file->_state = {status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
                   status.st_mtim.tv_sec * kSecond + status.st_mtim.tv_nsec};
+  file->_hasLinks = status.st_nlink > 0;
   posix_fadvise(descriptor, 0, 0, POSIX_FADV_SEQUENTIAL);
   return file;
 }
@@ -61,18 +63,15 @@ FileBytes::~FileBytes() {
 std::size_t FileBytes::readAt(std::uint64_t offset, std::span<std::byte> to) const {
   if (offset >= size()) return 0;
   const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(to.size(), size() - offset));
-  const ssize_t got = readFully(_file, to.first(count), offset);
-  if (got < 0) {
-    fail(errorText(errno));
-    return 0;
-  }
-  if (static_cast<std::size_t>(got) < count) fail("The file became shorter");
-  return static_cast<std::size_t>(got);
+  int error = 0;
+  const std::size_t got = readFully(_file, to.first(count), offset, error);
+  if (got < count) fail(error != 0 ? errorText(error) : "The file became shorter");
+  return got;
 }
 
 bool FileBytes::isDeleted() const {
   struct stat status {};
-  return fstat(_file, &status) == 0 && status.st_nlink == 0;
+  return _hasLinks && fstat(_file, &status) == 0 && status.st_nlink == 0;
 }
 
 std::string FileBytes::failure() const {

@@ -34,8 +34,8 @@ class FileBytes {
   /// reading failed, which `failure` then tells: that of a file that became shorter, too.
   [[nodiscard]] std::size_t readAt(std::uint64_t offset, std::span<std::byte> to) const;
 
-  /// Nothing in any folder leads to the file any more, though what it holds can still be read.
-  /// Waits for the medium.
+  /// Nothing in any folder leads to the file any more, though what it holds can still be read;
+  /// never where the file system counts no links. Waits for the medium.
   [[nodiscard]] bool isDeleted() const;
 
   /// Why reading failed the last time that it did; empty when it never did.
@@ -47,6 +47,7 @@ class FileBytes {
 
   int _file;
   FileState _state;
+  bool _hasLinks = false;     ///< or its file system counts none
   mutable std::mutex _mutex;  ///< guards `_failure`
   mutable std::string _failure;
 };

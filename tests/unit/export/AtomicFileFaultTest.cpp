@@ -206,6 +206,15 @@ TEST_F(AtomicFileFaultTest, ReplacesAFileThatMayNotBeGivenAway) {
   EXPECT_EQ(TemporaryFolder::read(_old), bytesOf("n"));
 }
 
+TEST_F(AtomicFileFaultTest, ReplacesAFileWhereThereAreNoModes) {
+  EXPECT_EQ(inChild([this] {
+              return Confinement::failSystemCall(SYS_fchmod, EOPNOTSUPP) &&
+                     isSame(save(_old, bytesOf("n")), "");
+            }),
+            0);
+  EXPECT_EQ(TemporaryFolder::read(_old), bytesOf("n"));
+}
+
 TEST_F(AtomicFileFaultTest, ReplacesAFileWhereNoProcessCanBeStarted) {
   EXPECT_EQ(inChild([this] {
               return Confinement::failSystemCall(SYS_clone, EAGAIN) &&

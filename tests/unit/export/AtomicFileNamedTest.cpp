@@ -22,6 +22,7 @@
 #include "support/ByteBuilder.h"
 #include "support/Confinement.h"
 #include "support/TemporaryFolder.h"
+#include "support/UncountedLinks.h"
 
 namespace fs = std::filesystem;
 
@@ -135,6 +136,16 @@ TEST_F(AtomicFileNamedTest, LeavesNothingWhenTheRenameFails) {
             0);
   EXPECT_EQ(TemporaryFolder::read(at("old")), bytesOf("old"));
   EXPECT_THAT(_folder.names(), ElementsAre("old"));
+}
+
+TEST_F(AtomicFileNamedTest, SavesWhereNoLinksAreCounted) {
+  EXPECT_EQ(withoutUnnamedFiles([this] {
+              const UncountedLinks links;
+              return save(at("new"), bytesOf("n"), kRefuse).empty();
+            }),
+            0);
+  EXPECT_EQ(TemporaryFolder::read(at("new")), bytesOf("n"));
+  EXPECT_THAT(_folder.names(), ElementsAre("new"));
 }
 
 TEST_F(AtomicFileNamedTest, LeavesNothingOnAFullDisk) {

@@ -6,12 +6,15 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
+#include <cerrno>
 
 namespace {
 
 std::atomic<std::uint64_t> readCount{0};
 std::atomic<std::uint64_t> byteCount{0};
+std::atomic<std::uint64_t> brokenFrom{UINT64_MAX};
 std::atomic<bool> isHanging{false};
 std::atomic<int> hangingReads{0};
 
@@ -19,6 +22,11 @@ std::atomic<int> hangingReads{0};
 
 void ReadMeter::reset() {
   readCount = byteCount = 0;
+  brokenFrom = UINT64_MAX;
+}
+
+void ReadMeter::breakFrom(std::uint64_t offset) {
+  brokenFrom = offset;
 }
 
 std::uint64_t ReadMeter::reads() {
@@ -48,7 +56,14 @@ extern "C" ssize_t pread64(int file, void* to, size_t count, off64_t offset) {
   hangingReads.notify_all();
   isHanging.wait(true);
   --hangingReads;
-  const ssize_t got = syscall(SYS_pread64, file, to, count, offset);
+  const std::uint64_t whole =
+      brokenFrom - std::min<std::uint64_t>(brokenFrom, static_cast<std::uint64_t>(offset));
+  if (count > 0 && whole == 0) {
+    errno = EIO;
+    return -1;
+  }
+  const std::size_t wanted = std::min<std::uint64_t>(count, whole);
+  const ssize_t got = syscall(SYS_pread64, file, to, wanted, offset);
   ++readCount;
   if (got > 0) byteCount += static_cast<std::uint64_t>(got);
   return got;

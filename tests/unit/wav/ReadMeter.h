@@ -15,6 +15,9 @@ class ReadMeter {
   /// From now on every read waits, before it reads, until `letGo`.
   static void hang();
   static void letGo();
+  /// From now on nothing from this offset on can be read, as in a sector that is worn; `reset`
+  /// mends it.
+  static void breakFrom(std::uint64_t offset);
   /// Waits until a read hangs.
   static void waitUntilHanging();
 };

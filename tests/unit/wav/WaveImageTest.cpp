@@ -14,7 +14,9 @@
 #include <vector>
 
 #include "ImageFile.h"
+#include "ReadMeter.h"
 #include "support/TemporaryFolder.h"
+#include "support/UncountedLinks.h"
 
 namespace {
 
@@ -152,6 +154,31 @@ TEST(WaveImageTest, AFileThatShrinksFailsWithWhatItHasLeft) {
   EXPECT_EQ(heldAt(*image, 0, bytes.size()), numberedBytes(left));
   EXPECT_EQ(readAt(*image, 3 * kMegabyte, 10).size(), 0U);
   EXPECT_EQ(readAt(*image, left - 10, 20).size(), 10U);
+}
+
+TEST(WaveImageTest, WhatLiesBeforeABadSectorIsRead) {
+  const TemporaryFolder folder;
+  const auto image = imageOf(folder.file("a.wav", numberedBytes(2 * kMegabyte)));
+  ReadMeter::breakFrom(kMegabyte + 4096);
+  EXPECT_EQ(readAt(*image, kMegabyte, 8192), numberedBytes(4096, kMegabyte));
+  EXPECT_EQ(image->failure(), "Input/output error");
+  EXPECT_FALSE(comesToHand(*image, 0, 2 * kMegabyte));
+  while (image->heldFrom(0) < kMegabyte + 4096) std::this_thread::yield();
+  EXPECT_EQ(image->heldFrom(0), kMegabyte + 4096);
+  ReadMeter::reset();
+}
+
+TEST(WaveImageTest, IsNoDeletedFileWhereNoLinksAreCounted) {
+  const TemporaryFolder folder;
+  const auto path = folder.file("a.wav", numberedBytes(1000));
+  const auto counted = imageOf(path);
+  {
+    const UncountedLinks links;
+    EXPECT_FALSE(imageOf(path)->isDeleted());
+  }
+  EXPECT_FALSE(counted->isDeleted());
+  fs::remove(path);
+  EXPECT_TRUE(counted->isDeleted());
 }
 
 TEST(WaveImageTest, AFileThatVanishesFromItsFolderIsStillRead) {
