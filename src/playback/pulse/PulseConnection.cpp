@@ -7,6 +7,9 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <system_error>
+
 namespace {
 
 using std::chrono::milliseconds;
@@ -71,7 +74,8 @@ void PulseConnection::run() {
 }
 
 void PulseConnection::loseWithoutALoop() {
-  _controls.lose("The sound output could not be started (too many open files).");
+  const std::string why = std::generic_category().message(EMFILE);
+  _controls.lose(fmt::format("The sound output could not be started ({}).", why));
   if (_loop != nullptr) pa_mainloop_free(_loop);
 }
 

@@ -66,6 +66,7 @@ class SecondTest(Case):
     def test_one_that_says_something_of_the_program_is_for_itself(self):
         first = self.first(self.takes)
         other = self.program("--simulate-recorder", self.takes)
+        wait_for(lambda: self.in_front() == str(other.process.pid), "the other in front")
         self.quit(other)
         self.assertEqual(len(first.windows()), 1)
 

@@ -135,7 +135,7 @@ TEST_F(Application, WithTooManyOpenFilesTheOutputIsLost) {
   const NoMoreFiles files;
   output.start();
   EXPECT_TRUE(EventLoop::runUntil([&] { return !listener.lost.empty(); }));
-  EXPECT_EQ(listener.lost, "The sound output could not be started (too many open files).");
+  EXPECT_EQ(listener.lost, "The sound output could not be started (Too many open files).");
 }
 
 /// Deletes the output that tells it of its loss, as a player does that is let go then.
