@@ -9,6 +9,7 @@
 
 #include <cerrno>
 #include <system_error>
+#include <utility>
 
 namespace {
 
@@ -28,8 +29,10 @@ void emptyEvent(pa_mainloop_api* /*api*/, pa_io_event* /*event*/, int file,
 
 }  // namespace
 
-PulseConnection::PulseConnection(PulseControls& controls)
-    : _controls(controls), _wakeUp(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), _stream(controls) {}
+PulseConnection::PulseConnection(std::shared_ptr<PulseControls> controls)
+    : _controls(std::move(controls)),
+      _wakeUp(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
+      _stream(*_controls) {}
 
 PulseConnection::~PulseConnection() {
   close(_wakeUp);
@@ -64,7 +67,7 @@ void PulseConnection::run() {
     lose(because("No sound server was found"));
   }
   _lastRound = Clock::now();
-  while (!_controls.isEnding.load()) round();
+  while (!_controls->isEnding.load()) round();
   _stream.disconnect();
   if (_context != nullptr) {
     pa_context_disconnect(_context);
@@ -75,7 +78,7 @@ void PulseConnection::run() {
 
 void PulseConnection::loseWithoutALoop() {
   const std::string why = std::generic_category().message(EMFILE);
-  _controls.lose(fmt::format("The sound output could not be started ({}).", why));
+  _controls->lose(fmt::format("The sound output could not be started ({}).", why));
   if (_loop != nullptr) pa_mainloop_free(_loop);
 }
 
@@ -127,5 +130,5 @@ void PulseConnection::lose(const std::string& why) {
   _stream.stopClock();
   _stream.disconnect();  // should the server come to itself again, it is to play nothing
   if (_context != nullptr) pa_context_disconnect(_context);
-  _controls.lose(why);
+  _controls->lose(why);
 }

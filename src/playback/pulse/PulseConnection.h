@@ -5,6 +5,7 @@
 #include <pulse/pulseaudio.h>
 
 #include <chrono>
+#include <memory>
 #include <string>
 
 #include "playback/pulse/PulseControls.h"
@@ -17,7 +18,7 @@
 /// lost; the thread then only waits for its end.
 class PulseConnection {
  public:
-  explicit PulseConnection(PulseControls& controls);
+  explicit PulseConnection(std::shared_ptr<PulseControls> controls);
   PulseConnection(const PulseConnection&) = delete;
   PulseConnection& operator=(const PulseConnection&) = delete;
   ~PulseConnection();
@@ -39,7 +40,7 @@ class PulseConnection {
   void loseWithoutALoop();
   [[nodiscard]] std::string because(const char* what) const;
 
-  PulseControls& _controls;
+  std::shared_ptr<PulseControls> _controls;  ///< outlives the stream
   int _wakeUp;
   pa_mainloop* _loop = nullptr;
   pa_context* _context = nullptr;

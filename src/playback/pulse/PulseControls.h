@@ -4,15 +4,16 @@
 
 #include <atomic>
 #include <cstdint>
-#include <functional>
 #include <string>
 
+#include "base/ThreadSignal.h"
 #include "playback/AudioOutput.h"
+#include "playback/Lent.h"
 #include "playback/PlayedClock.h"
 #include "playback/SourceSlot.h"
 
 /// What the two threads of a `PulseOutput` share. Every field is atomic, or written before an
-/// atomic one that tells of it.
+/// atomic one that tells of it. Lives as long as the longer of them uses it.
 struct PulseControls {
   static constexpr std::uint32_t kNoDrain = UINT32_MAX;
 
@@ -27,8 +28,14 @@ struct PulseControls {
     tellOwner();
   }
 
+  /// Has the owner look at the news, where there still is one. As `lose`.
+  void tellOwner() {
+    owner.use([](const ThreadSignal& signal) { signal.raise(); });
+  }
+
   AudioOutput::Format format;  ///< constant
   SourceSlot source;
+  Lent<const ThreadSignal> owner;
   PlayedClock clock;
 
   // Wishes of the owner.
@@ -46,6 +53,4 @@ struct PulseControls {
   std::atomic<std::uint64_t> underruns{0};
   std::atomic<bool> isLost{false};
   std::string why;  ///< written before `isLost`
-
-  std::function<void()> tellOwner;  ///< constant; any thread
 };

@@ -6,29 +6,48 @@
 #include <fmt/format.h>
 #include <pulse/version.h>
 
+#include <chrono>
 #include <exception>
 #include <string>
+#include <utility>
 
 #include "base/ErrorReason.h"
 #include "playback/pulse/PulseConnection.h"
 #include "playback/pulse/PulseControls.h"
+
+namespace {
+
+constexpr std::chrono::milliseconds kEndPatience{200};
+
+}  // namespace
 
 std::string PulseOutput::library() {
   return fmt::format("libpulse {}", pa_get_library_version());
 }
 
 PulseOutput::PulseOutput(const Format& format)
-    : _controls(std::make_unique<PulseControls>(format)),
-      _connection(std::make_unique<PulseConnection>(*_controls)),
+    : _controls(std::make_shared<PulseControls>(format)),
+      _connection(std::make_shared<PulseConnection>(_controls)),
       _signal([this] { deliver(); }) {
-  _controls->tellOwner = [this] { _signal.raise(); };
+  _controls->owner.set(&_signal);
 }
 
 PulseOutput::~PulseOutput() {
   _controls->source.set(nullptr);
+  _controls->owner.set(nullptr);
   _controls->isEnding.store(true);
   _connection->wake();
-  if (_thread.joinable()) _thread.join();
+  if (_thread.joinable()) leaveThread();
+}
+
+// The stream of the next output begins after this one's has ended, unless the library is waiting
+// for a file of the user's that hangs.
+void PulseOutput::leaveThread() {
+  if (_ended.wait_for(kEndPatience) == std::future_status::ready) {
+    _thread.join();
+  } else {
+    _thread.detach();
+  }
 }
 
 void PulseOutput::attach(AudioSource* source, AudioOutputListener* listener) {
@@ -41,10 +60,19 @@ void PulseOutput::start() {
   if (_controls->format.isNothing()) return tellNothingPlayed();
   if (_thread.joinable() || _controls->isLost.load()) return wake();
   try {
-    _thread = std::thread([this] { _connection->run(); });
+    startThread();
   } catch (const std::exception& error) {  // no thread, or no memory for one
     _controls->lose(fmt::format("The sound output could not be started ({}).", reasonOf(error)));
   }
+}
+
+void PulseOutput::startThread() {
+  std::promise<void> ended;
+  _ended = ended.get_future();
+  _thread = std::thread([connection = _connection, ended = std::move(ended)]() mutable {
+    connection->run();
+    ended.set_value();
+  });
 }
 
 void PulseOutput::pause() {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <future>
 #include <memory>
 #include <string>
 #include <thread>
@@ -19,6 +20,10 @@ class PulseConnection;
 /// be started, the output is lost. The owner's thread has a Qt event loop, through which the
 /// listener is told, and never waits: neither for a server that is not there nor for one that does
 /// not answer.
+///
+/// Its end waits for the thread's, and so for the sound's, but 200 ms at most: the library reads
+/// files of the user's, on a medium that may hang. A thread that is left behind uses nothing of the
+/// owner's any more, and ends by itself when the medium goes on.
 class PulseOutput : public AudioOutput {
  public:
   /// The library that leads to the server, with its version. Any thread.
@@ -41,12 +46,15 @@ class PulseOutput : public AudioOutput {
   void deliver();
   void deliverEnd();
   void tellNothingPlayed();
+  void startThread();
+  void leaveThread();
 
-  std::unique_ptr<PulseControls> _controls;
-  std::unique_ptr<PulseConnection> _connection;
+  std::shared_ptr<PulseControls> _controls;
+  std::shared_ptr<PulseConnection> _connection;  ///< shared with the thread, which may outlive this
   AudioOutputListener* _listener = nullptr;
   bool _isLossTold = false;
   std::shared_ptr<bool> _isAlive = std::make_shared<bool>(true);  ///< held weakly by `deliver`
   ThreadSignal _signal;
   std::thread _thread;
+  std::future<void> _ended;  ///< of the thread
 };

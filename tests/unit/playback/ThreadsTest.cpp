@@ -1,14 +1,19 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
 #include <cerrno>
+#include <filesystem>
+#include <memory>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "playback/SourceSlot.h"
@@ -160,6 +165,48 @@ TEST_F(Application, AReasonOutlivesTheOutputThatToldIt) {
   output->start();
   EXPECT_TRUE(EventLoop::runUntil([&] { return !listener.lost.empty(); }));
   EXPECT_EQ(listener.lost, "No sound server was found (Connection refused).");
+}
+
+/// A file that a reader waits at, as on a medium that hangs, until it is let go.
+class HangingFile {
+ public:
+  explicit HangingFile(std::filesystem::path path) : _path(std::move(path)) {
+    EXPECT_EQ(mkfifo(_path.c_str(), 0600), 0);
+  }
+  HangingFile(const HangingFile&) = delete;
+  HangingFile& operator=(const HangingFile&) = delete;
+  ~HangingFile() { letGo(); }
+
+  /// Whether somebody reads it by now, who goes on waiting.
+  bool isRead() {
+    if (_end < 0) _end = open(_path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+    return _end >= 0;
+  }
+  void letGo() {
+    if (_end >= 0) close(_end);
+    _end = -1;
+  }
+
+ private:
+  std::filesystem::path _path;
+  int _end = -1;
+};
+
+TEST_F(Application, AnOutputWhoseThreadHangsIsLetGoAndItsThreadEndsLater) {
+  const TemporaryFolder folder;
+  const EnvironmentVariable server("PULSE_SERVER", "unix:" + folder.path().native() + "/nobody");
+  const EnvironmentVariable settings("PULSE_CLIENTCONFIG", folder.path().native() + "/client.conf");
+  HangingFile file(folder.path() / "client.conf");
+  auto listener = std::make_unique<LossListener>();
+  auto output = std::make_unique<PulseOutput>(AudioOutput::Format{48000, 2});
+  output->attach(nullptr, listener.get());
+  output->start();
+  ASSERT_TRUE(EventLoop::runUntil([&] { return file.isRead(); }));
+  output.reset();  // or the test hangs: nobody else lets the file go
+  listener.reset();
+  const std::size_t leftBehind = ThreadCount::now();
+  file.letGo();  // there is no server, which nobody is to be told any more
+  EXPECT_TRUE(EventLoop::runUntil([&] { return ThreadCount::now() < leftBehind; }));
 }
 
 // The library would end the program, and so it does here where it is asked at all.
