@@ -58,8 +58,9 @@ void checkFile(const std::string& text, const std::optional<SettingsText::Values
   };
   require(file.get("UD_LAST_OPEN_FOLDER") == lastFolder(),
           "a damaged file counts as absent, a whole one as it is");
-  require(fs::exists(folder.damaged()) == !values, "a damaged file is set aside, no other");
+  require(!fs::exists(folder.damaged()), "a look changes nothing");
   require(file.set("key", text), "a value can be stored");
+  require(fs::exists(folder.damaged()) == !values, "a damaged file is set aside, no other");
   require(file.get("key") == text, "any bytes are kept");
 }
 

@@ -155,13 +155,8 @@ SettingsText::Values SettingsFile::loadOrSetAside() const {
 }
 
 std::optional<std::string> SettingsFile::get(const std::string& key) const {
-  std::error_code error;
-  if (!fs::exists(fs::symlink_status(_path, error))) return std::nullopt;
-  auto values = load();
-  if (!values) {
-    const FileLock lock(_path, _patience);
-    values = loadOrSetAside();
-  }
+  const auto values = load();
+  if (!values) return std::nullopt;
   const auto found = values->find(key);
   return found == values->end() ? std::nullopt : std::optional(found->second);
 }

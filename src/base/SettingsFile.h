@@ -15,9 +15,9 @@
 /// It is replaced whole, through a temporary file beside it and a rename, so a kill or a power cut
 /// at any moment leaves the old one or the new one; a "settings.part-*" file that a kill leaves
 /// beside it goes with the next change. A change reads the file afresh under a lock, so several
-/// running programs keep each other's keys. A damaged, empty or unreadable file is set aside
-/// (`DamagedFile`) and counts as absent. A lock that another program holds is not waited for any
-/// longer than `Patience`: the change is then made without it.
+/// running programs keep each other's keys. A damaged, empty or unreadable file counts as absent,
+/// and the next change sets it aside (`DamagedFile`). A lock that another program holds is not
+/// waited for any longer than `Patience`: the change is then made without it.
 ///
 /// Nothing throws but where memory runs out. Any thread; each call stands for itself.
 class SettingsFile {
@@ -34,6 +34,7 @@ class SettingsFile {
   /// "mixdeck/settings" under $XDG_CONFIG_HOME, else under ~/.config.
   static std::filesystem::path defaultPath();
 
+  /// Changes nothing and waits for no lock.
   [[nodiscard]] std::optional<std::string> get(const std::string& key) const;
   /// False where the file could not be written.
   [[nodiscard]] bool set(const std::string& key, const std::string& value) const;
