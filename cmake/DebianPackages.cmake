@@ -48,7 +48,7 @@ set(CPACK_DEBIAN_MIXDECK_PACKAGE_NAME mixdeck)
 # a plugin: it came with the library once.
 set(CPACK_DEBIAN_MIXDECK_PACKAGE_DEPENDS "qt6-svg-plugins | libqt6svg6 (<< 6.8)")
 # Where Inter is missing, the desktop's own font is taken.
-set(CPACK_DEBIAN_MIXDECK_PACKAGE_RECOMMENDS "fonts-inter, pipewire-pulse | pulseaudio, qt6-translations-l10n, qt6-wayland")
+set(CPACK_DEBIAN_MIXDECK_PACKAGE_RECOMMENDS "fonts-inter, pipewire-pulse | pulseaudio, qt6-translations-l10n, qt6-wayland, xdg-utils")
 set(CPACK_DEBIAN_MIXDECK_PACKAGE_SUGGESTS mixdeck-recorder-sim)
 set(CPACK_DEBIAN_MIXDECK_DESCRIPTION
     "companion of a handheld mid-side recorder

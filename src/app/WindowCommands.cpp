@@ -3,8 +3,6 @@
 
 #include "app/WindowCommands.h"
 
-#include <QDesktopServices>
-#include <QUrl>
 #include <utility>
 
 #include "app/ProgramDetails.h"
@@ -118,10 +116,11 @@ void WindowCommands::showKeys() {
   present(new HelpVC(_menu.keys(), &_window));
 }
 
-void WindowCommands::showHelp() const {
+void WindowCommands::showHelp() {
   const QString address = QLatin1String(kHelpAddress);
-  if (QDesktopServices::openUrl(QUrl(address))) return;
-  Alert::show(&_window, tr("No browser could be opened. Help is at %1").arg(address));
+  _opener.open(address, [this, address] {
+    Alert::show(&_window, tr("No browser could be opened. Help is at %1").arg(address));
+  });
 }
 
 void WindowCommands::showNoDevice() {

@@ -11,6 +11,7 @@
 #include "app/StatusLine.h"
 #include "app/TakeSession.h"
 #include "app/WindowMenu.h"
+#include "desktop/AddressOpener.h"
 #include "dialogs/ExportDesk.h"
 #include "queue/ExportQueue.h"
 
@@ -53,7 +54,7 @@ class WindowCommands : public QObject {
   /// Shows what keys and pointer do.
   void showKeys();
   /// Opens the help in the browser; where there is none, says where the help is.
-  void showHelp() const;
+  void showHelp();
   void showNoDevice();
   /// Asks how to export the take that is open.
   void askForExport();
@@ -85,6 +86,7 @@ class WindowCommands : public QObject {
   void present(DialogWindow* dialog) const;
   DialogWindow* introduce(bool fromMenu);
 
+  AddressOpener _opener;
   QWidget& _window;
   StatusLine& _status;
   ExportQueue& _exports;

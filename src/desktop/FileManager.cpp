@@ -6,7 +6,6 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QProcess>
 #include <QStringList>
 #include <utility>
 
@@ -24,11 +23,8 @@ QString addressOf(const std::filesystem::path& file) {
 }  // namespace
 
 FileManager::FileManager(QObject* parent, Opener opener)
-    : QObject(parent), _opener(std::move(opener)) {}
-
-// By the program for it, which looks at the folder in a process of its own.
-void FileManager::open(const QString& address) {
-  QProcess::startDetached(QStringLiteral("xdg-open"), {address});
+    : QObject(parent), _opener(std::move(opener)) {
+  if (!_opener) _opener = [this](const QString& address) { _desktop.open(address); };
 }
 
 void FileManager::show(const std::vector<std::filesystem::path>& files) {

@@ -10,6 +10,8 @@
 #include <optional>
 #include <vector>
 
+#include "desktop/AddressOpener.h"
+
 /// Has files shown in the desktop's file manager (`org.freedesktop.FileManager1`), where they are
 /// then selected. Where there is no session bus, or none that answers, their folder is opened by
 /// whatever opens folders. Nothing waits, and no file is touched here. Interface thread, which has
@@ -21,7 +23,8 @@ class FileManager : public QObject {
   /// Opens a folder by its address.
   using Opener = std::function<void(const QString& address)>;
 
-  explicit FileManager(QObject* parent = nullptr, Opener opener = open);
+  /// `opener` in place of an `AddressOpener`.
+  explicit FileManager(QObject* parent = nullptr, Opener opener = {});
 
   /// From now on it goes over this bus.
   void use(const QDBusConnection& bus) { _bus = bus; }
@@ -29,8 +32,7 @@ class FileManager : public QObject {
   void show(const std::vector<std::filesystem::path>& files);
 
  private:
-  static void open(const QString& address);
-
   std::optional<QDBusConnection> _bus;
+  AddressOpener _desktop;
   Opener _opener;
 };

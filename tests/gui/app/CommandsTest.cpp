@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include <QDesktopServices>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <filesystem>
+#include <fstream>
+#include <string>
 
 #include "TakeFixture.h"
 #include "app/WindowCommands.h"
@@ -14,7 +16,10 @@
 #include "dialogs/ExportVC.h"
 #include "dialogs/IntroductionVC.h"
 #include "dialogs/NodeviceVC.h"
+#include "support/EnvironmentVariable.h"
+#include "support/EventLoop.h"
 #include "support/OwnSettings.h"
+#include "support/TemporaryFolder.h"
 
 namespace {
 
@@ -112,30 +117,30 @@ TEST_F(Commands, MenuAsksForAFolderAndForTheEnd) {
   EXPECT_EQ(ends.count(), 1);
 }
 
-/// Takes the address in place of a browser.
-class Reader : public QObject {
-  Q_OBJECT
-
- public:
-  Reader() { QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "read"); }
-  ~Reader() override { QDesktopServices::unsetUrlHandler(QStringLiteral("https")); }
-  Q_INVOKABLE void read(const QUrl& address) { addresses.push_back(address.toString()); }
-
-  QStringList addresses;
-};
-
 TEST_F(Commands, HelpWithoutABrowserSaysWhereItIs) {
+  const TemporaryFolder nothing;
+  const EnvironmentVariable programs("PATH", nothing.path().native());
   menu.actionHelp->trigger();
+  EXPECT_EQ(dialog<QMessageBox>(), nullptr) << "nobody waits for folders of programs";
+  ASSERT_TRUE(EventLoop::runUntil([this] { return dialog<QMessageBox>() != nullptr; }));
   auto* const alert = dialog<QMessageBox>();
-  ASSERT_NE(alert, nullptr);
   EXPECT_THAT(alert->informativeText().toStdString(),
               testing::HasSubstr(WindowCommands::kHelpAddress));
 }
 
 TEST_F(Commands, HelpIsRead) {
-  Reader reader;
+  const TemporaryFolder programs;
+  const std::filesystem::path opener = programs.path() / "xdg-open";
+  const std::filesystem::path read = programs.path() / "read";
+  std::ofstream(opener) << "#!/bin/sh\necho \"$@\" > " << read << ".new\n"
+                        << "/bin/mv " << read << ".new " << read << "\n";
+  std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
+  const EnvironmentVariable path("PATH", programs.path().native());
   menu.actionHelp->trigger();
-  EXPECT_EQ(reader.addresses, QStringList{WindowCommands::kHelpAddress});
+  ASSERT_TRUE(EventLoop::runUntil([&] { return std::filesystem::exists(read); }));
+  std::string address;
+  std::getline(std::ifstream(read) >> std::ws, address);
+  EXPECT_EQ(address, WindowCommands::kHelpAddress);
 }
 
 TEST_F(Commands, ExportIsForATakeThatIsOpen) {
@@ -177,5 +182,3 @@ TEST_F(Commands, WhatWasExportedIsWishedFor) {
 }
 
 }  // namespace
-
-#include "CommandsTest.moc"
