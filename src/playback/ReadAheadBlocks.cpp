@@ -78,18 +78,36 @@ void ReadAheadBlocks::work(AudioFile& file) {
 // seek the worker fills none before it is back from here.
 void ReadAheadBlocks::fillNext(AudioFile& file, std::unique_lock<std::mutex>& lock) {
   const std::uint64_t seek = _seek;
+  const std::optional<FrameLoop> loop = _loop;
   const std::uint64_t first = _next;
-  const std::uint64_t inOrder = FrameLoop::untilTurn(_loop, first);
-  const auto frames = static_cast<std::uint32_t>(std::min<std::uint64_t>(_blockFrames, inOrder));
   const std::span<std::byte> to = block(_filled);
   lock.unlock();
-  const AudioFile::Read read = readOrEnd(file, first, frames, to);
-  std::string why = read.error != 0 ? file.failure() : std::string();
+  const Filled filled = readInOrder(file, first, loop, to);
+  std::string why = filled.error != 0 ? file.failure() : std::string();
   lock.lock();
   if (seek != _seek) return;
-  if (read.error != 0) _failure = std::move(why);
-  keep(read);
+  if (filled.error != 0) _failure = std::move(why);
+  keep(filled);
   announce();
+}
+
+// Over as many turns as a block holds: as much is at hand of a short loop as of anything else.
+ReadAheadBlocks::Filled ReadAheadBlocks::readInOrder(AudioFile& file, std::uint64_t first,
+                                                     const std::optional<FrameLoop>& loop,
+                                                     std::span<std::byte> to) const {
+  Filled filled{.next = first};
+  for (bool goesOn = true; goesOn && filled.error == 0 && filled.frames < _blockFrames;) {
+    const std::uint64_t inOrder = FrameLoop::untilTurn(loop, filled.next);
+    const auto frames =
+        static_cast<std::uint32_t>(std::min<std::uint64_t>(_blockFrames - filled.frames, inOrder));
+    const AudioFile::Read read =
+        readOrEnd(file, filled.next, frames, to.subspan(filled.frames * _frameBytes));
+    filled.next = FrameLoop::following(loop, filled.next, read.frames);
+    filled.frames += read.frames;
+    filled.error = read.error;
+    goesOn = read.frames == inOrder;
+  }
+  return filled;
 }
 
 // The file is asked what it has to say at its end as well, as whoever plays it would ask.
@@ -101,17 +119,17 @@ AudioFile::Read ReadAheadBlocks::readOrEnd(AudioFile& file, std::uint64_t first,
   return read;
 }
 
-void ReadAheadBlocks::keep(const AudioFile::Read& read) {
-  _error = read.error;
-  _next = FrameLoop::following(_loop, _next, read.frames);
-  _isOver = read.frames == 0 || _next >= _frameCount;
-  if (read.frames == 0) return;
-  _frames[_filled++ % _frames.size()] = read.frames;
-  _held += read.frames;
+void ReadAheadBlocks::keep(const Filled& filled) {
+  _error = filled.error;
+  _next = filled.next;
+  _isOver = filled.frames == 0 || _next >= _frameCount;
+  if (filled.frames == 0) return;
+  _frames[_filled++ % _frames.size()] = filled.frames;
+  _held += filled.frames;
 }
 
-// Where loops have made blocks short, all of them may hold less than is wanted: nothing more comes
-// then before some of it is taken.
+// Where reads or exchanged loops have made blocks short, all of them may hold less than is wanted:
+// nothing more comes then before some of it is taken.
 void ReadAheadBlocks::announce() {
   _progress.notify_all();
   if (_awaited == 0 || (_held < _awaited && hasRoom())) return;

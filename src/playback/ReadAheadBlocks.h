@@ -23,7 +23,8 @@ class ThreadSignal;
 ///
 /// Blocks belong to a seek: a frame that is not the next one begins another, and what the worker
 /// was reading for the one before is thrown away when it arrives. The first frame of a loop is the
-/// next one after its last, so the turn is at hand like everything else. Nobody waits for the
+/// next one after its last, so the turn is at hand like everything else, and
+/// of a loop that is shorter than what is ahead all its turns are. Nobody waits for the
 /// worker but who asks to (`waitForFirst`); it keeps the blocks alive by itself and closes the file
 /// after `end`. Nothing throws.
 ///
@@ -54,12 +55,22 @@ class ReadAheadBlocks : public std::enable_shared_from_this<ReadAheadBlocks> {
   void end();
 
  private:
+  /// What a block holds, and which frame comes after it.
+  struct Filled {
+    std::uint32_t frames = 0;
+    int error = 0;  ///< that came after them
+    std::uint64_t next = 0;
+  };
+
   ReadAheadBlocks(const AudioFormat& format, std::uint64_t frameCount);
   void work(AudioFile& file);
   void fillNext(AudioFile& file, std::unique_lock<std::mutex>& lock);
   [[nodiscard]] AudioFile::Read readOrEnd(AudioFile& file, std::uint64_t first,
                                           std::uint32_t frames, std::span<std::byte> to) const;
-  void keep(const AudioFile::Read& read);
+  [[nodiscard]] Filled readInOrder(AudioFile& file, std::uint64_t first,
+                                   const std::optional<FrameLoop>& loop,
+                                   std::span<std::byte> to) const;
+  void keep(const Filled& filled);
   AudioFile::Read readEnd(std::uint64_t first);
   void announce();
   void seek(std::uint64_t first);

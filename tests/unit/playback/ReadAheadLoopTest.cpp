@@ -38,6 +38,24 @@ TEST_F(ReadAheadLoopTest, TheTurnOfALoopIsAtHandBeforeItIsPlayed) {
   EXPECT_EQ(taken, wanted);
 }
 
+// Of a fifth of a block.
+TEST_F(ReadAheadLoopTest, OfAShortLoopNoLessIsAtHand) {
+  constexpr std::uint64_t kAll = 25 * std::uint64_t{kBlock};
+  useFloatFile(480'000);
+  const auto file = opened();
+  waitUntilRead(kAll);
+  file->setLoop(FrameLoop{10'000, 11'200});  // two blocks stay
+  constexpr std::uint64_t kTurns = kAll - 2 * std::uint64_t{kBlock};
+  ASSERT_TRUE(EventLoop::runUntil([&] { return medium.framesRead() >= kAll + kTurns; }));
+  medium.holdFrom(0);
+  EXPECT_EQ(read(*file, 0, 11'200).frames, 11'200U);
+  for (std::uint64_t turn = 0; turn < kTurns / 1200; ++turn) {
+    buffer.assign(std::size_t{1200} * format.bytesPerPacket, std::byte{0});
+    ASSERT_EQ(file->readFrames(10'000, 1200, buffer).frames, 1200U) << turn;
+    ASSERT_EQ(buffer, frames(10'000, 11'200)) << turn;
+  }
+}
+
 TEST_F(ReadAheadLoopTest, ALoopKeepsWhatIsAtHandAndComesNextAllTheSame) {
   useFloatFile(480'000);
   const auto file = opened();
