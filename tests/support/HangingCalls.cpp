@@ -52,7 +52,8 @@ int __ppoll_chk(pollfd* files, nfds_t count, const timespec* timeout, const sigs
 
 namespace {
 
-enum Kind : std::size_t { Open, Read, Write, Stat, Space, List, Rename, Sync, Lock, Close, kKinds };
+enum Kind { Open, Read, Write, Stat, Space, List, Rename, Sync, Lock, Close, Attribute };
+constexpr std::size_t kKinds = Attribute + 1;
 
 constexpr std::int64_t kHang = 30'000'000'000;  // ns
 constexpr std::int64_t kLook = 5'000'000;
@@ -376,5 +377,21 @@ CONTROLS(fcntl64)
 HANGS(Close, int, close, (int file), file, (file))
 HANGS(Close, int, closedir, (DIR * entries), dirfd(entries), (entries))
 HANGS(Close, int, fclose, (FILE * file), fileno(file), (file))
+
+HANGS(Attribute, int, futimens, (int file, const timespec times[2]), file, (file, times))
+HANGS_AT(Attribute, int, utimensat, (int at, const char* path, const timespec times[2], int flags),
+         at, path, (at, path, times, flags))
+HANGS(Attribute, int, chmod, (const char* path, mode_t mode), path, (path, mode))
+HANGS(Attribute, int, fchmod, (int file, mode_t mode), file, (file, mode))
+HANGS_AT(Attribute, int, fchmodat, (int at, const char* path, mode_t mode, int flags), at, path,
+         (at, path, mode, flags))
+HANGS(Attribute, int, chown, (const char* path, uid_t user, gid_t group), path, (path, user, group))
+HANGS(Attribute, int, fchown, (int file, uid_t user, gid_t group), file, (file, user, group))
+HANGS_AT(Attribute, int, fchownat, (int at, const char* path, uid_t user, gid_t group, int flags),
+         at, path, (at, path, user, group, flags))
+HANGS(Attribute, int, posix_fadvise, (int file, off_t at, off_t count, int advice), file,
+      (file, at, count, advice))
+HANGS(Attribute, int, posix_fadvise64, (int file, off64_t at, off64_t count, int advice), file,
+      (file, at, count, advice))
 }
 // NOLINTEND

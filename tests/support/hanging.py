@@ -8,11 +8,12 @@ import mmap
 import os
 import struct
 
-KINDS = ("open", "read", "write", "stat", "space", "list", "rename", "sync", "lock", "close")
+KINDS = ("open", "read", "write", "stat", "space", "list", "rename", "sync", "lock", "close",
+         "attribute")
 HANG = 30  # seconds
 WORD = struct.Struct("<I")
 ROUND = struct.Struct("<Q")
-ROUND_AT = 3 * WORD.size * len(KINDS)  # a multiple of eight
+ROUND_AT = -(-3 * WORD.size * len(KINDS) // ROUND.size) * ROUND.size  # a multiple of eight
 PATH_AT = ROUND_AT + ROUND.size
 PATH = 256
 

@@ -39,6 +39,14 @@ CALLS = (
     ("lock", "fcntl", "file, 6, lock"), ("lock", "fcntl", "file, 7, lock"),
     ("lock", "fcntl64", "file, 38, lock"),
     ("close", "close", "os.dup(file)"), ("close", "fclose", "stream"),
+    ("attribute", "futimens", "file, None"), ("attribute", "utimensat", "folder, b'file', None, 0"),
+    ("attribute", "utimensat", "file, None, None, 0"),
+    ("attribute", "chmod", "path, 0o600"), ("attribute", "fchmod", "file, 0o600"),
+    ("attribute", "fchmodat", "folder, b'file', 0o600, 0"), ("attribute", "chown", "path, -1, -1"),
+    ("attribute", "fchown", "file, -1, -1"),
+    ("attribute", "fchownat", "folder, b'file', -1, -1, 0"),
+    ("attribute", "posix_fadvise", "file, 0, 0, 0"),
+    ("attribute", "posix_fadvise64", "file, 0, 0, 0"),
 )
 PROGRAM = """
 import ctypes, os, struct, sys
