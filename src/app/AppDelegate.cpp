@@ -7,16 +7,19 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds kPatience(600);  // the whole end is to take less than a second
+constexpr std::chrono::milliseconds kSettingsPatience(600);
 
 }  // namespace
 
 AppDelegate::AppDelegate(QApplication& application) {
   QApplication::setQuitOnLastWindowClosed(applicationShouldTerminateAfterLastWindowClosed());
-  QObject::connect(&application, &QApplication::aboutToQuit, [] { applicationWillTerminate(); });
+  _connection = QObject::connect(&application, &QApplication::aboutToQuit,
+                                 [this] { applicationWillTerminate(); });
   applicationDidFinishLaunching();
 }
 
-void AppDelegate::applicationWillTerminate() {
-  Utility::finishStoring(kPatience);
+// Last, since they are being written all the while.
+AppDelegate::~AppDelegate() {
+  QObject::disconnect(_connection);
+  if (_end) Utility::finishStoring(EndPatience::atMost(kSettingsPatience));
 }

@@ -3,20 +3,33 @@
 #pragma once
 
 #include <QApplication>
+#include <optional>
 
-/// The application's own decisions. Nothing is done at the start; at the end settings that are on
-/// their way to the medium are waited for, a moment. Interface thread.
+#include "base/EndPatience.h"
+
+/// The application's own decisions. Nothing is done at the start. With the program's end the time
+/// begins that all have together who wait for something then; settings that are on their way to the
+/// medium are waited for last, a moment, with what is left of it. Outlives the window. Interface
+/// thread.
 class AppDelegate {
  public:
   /// Puts the decisions into effect.
   explicit AppDelegate(QApplication& application);
+  AppDelegate(const AppDelegate&) = delete;
+  AppDelegate& operator=(const AppDelegate&) = delete;
+  /// Waits for the settings where the end has begun.
+  ~AppDelegate();
 
   static void applicationDidFinishLaunching() {}
-  static void applicationWillTerminate();
+  void applicationWillTerminate() { _end.emplace(); }
   /// Closing the main window ends the program.
   static bool applicationShouldTerminateAfterLastWindowClosed() { return true; }
 
   // No program calls what follows; it belongs to the system's interface.
 
   static bool applicationSupportsSecureRestorableState() { return true; }
+
+ private:
+  QMetaObject::Connection _connection;
+  std::optional<EndPatience> _end;  ///< once it has begun
 };

@@ -3,9 +3,11 @@
 
 #include "app/TakeRecall.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <utility>
 
+#include "base/EndPatience.h"
 #include "base/Log.h"
 #include "base/Utility.h"
 #include "takes/TakeIdentity.h"
@@ -30,6 +32,8 @@ TakeRecall::TakeRecall(const Place& place, QObject* parent)
   connect(&_action, &QAction::toggled, this, &TakeRecall::switched);
   connect(&_take, &TakeSession::opened, this, &TakeRecall::begin);
   connect(&_take, &TakeSession::closing, this, &TakeRecall::end);
+  // It is written while others are waited for.
+  connect(qApp, &QCoreApplication::aboutToQuit, this, &TakeRecall::end);
   connect(&_take, &TakeSession::soundChanged, this, &TakeRecall::changed);
   connect(&_take, &TakeSession::loopChanged, this, &TakeRecall::changed);
   _timerRemember.setObjectName(QStringLiteral("timerRemember"));
@@ -39,7 +43,8 @@ TakeRecall::TakeRecall(const Place& place, QObject* parent)
 
 TakeRecall::~TakeRecall() {
   end();
-  if (!_keeper->flush(kPatience)) Log::line("What a take was heard with is not written yet");
+  if (!_keeper->flush(EndPatience::atMost(kPatience)))
+    Log::line("What a take was heard with is not written yet");
 }
 
 // On, unless somebody has turned it off.

@@ -6,6 +6,7 @@
 #include <exception>
 #include <utility>
 
+#include "base/EndPatience.h"
 #include "base/ErrorReason.h"
 #include "controls/Reason.h"
 
@@ -52,7 +53,7 @@ TransferJob::TransferJob(QObject* parent) : QObject(parent) {
 TransferJob::~TransferJob() {
   if (!isUnderWay()) return;
   cancel();
-  _desk->waitForEnd(_patience);
+  _desk->waitForEnd(EndPatience::atMost(_patience));
 }
 
 void TransferJob::begin(const Work& work) {

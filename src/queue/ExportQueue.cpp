@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/EndPatience.h"
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -24,7 +26,10 @@ ExportQueue::~ExportQueue() {
   for (const Running& running : _running) running.worker->cancel();
   const auto began = _clock();
   for (Running& running : _running) {
-    if (_patience) running.worker->setPatience(std::max(0ms, *_patience - (_clock() - began)));
+    if (_patience) {
+      const auto left = std::max(0ms, *_patience - (_clock() - began));
+      running.worker->setPatience(EndPatience::atMost(left));
+    }
     running.worker.reset();
   }
 }

@@ -14,6 +14,7 @@
 #include <set>
 #include <utility>
 
+#include "base/EndPatience.h"
 #include "base/Log.h"
 #include "midi/MIDIWireReader.h"
 #include "midi/QtMIDIClock.h"
@@ -77,7 +78,7 @@ AlsaMIDISystem::AlsaMIDISystem(Options options) : _options(std::move(options)) {
 AlsaMIDISystem::~AlsaMIDISystem() {
   _notifier.reset();
   if (_sequencer) _closing->begin(std::move(_sequencer));
-  if (_closing) _closing->wait(kEndPatience);
+  if (_closing) _closing->wait(EndPatience::atMost(kEndPatience));
 }
 
 void AlsaMIDISystem::start() {

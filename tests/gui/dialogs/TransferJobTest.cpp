@@ -10,6 +10,7 @@
 #include <memory>
 #include <thread>
 
+#include "base/EndPatience.h"
 #include "support/EventLoop.h"
 
 namespace {
@@ -50,6 +51,24 @@ TEST(TransferJobTest, ItsEndDoesNotWaitForAMediumThatHangs) {
   EXPECT_FALSE(*hasEnded);
   *mayGoOn = true;
   EXPECT_TRUE(EventLoop::runUntil([&] { return hasEnded->load(); })) << "it ends by itself";
+}
+
+TEST(TransferJobTest, ItsEndWaitsNoLongerThanThatOfTheProgram) {
+  const auto mayGoOn = std::make_shared<std::atomic<bool>>(false);
+  auto now = 0ms;
+  const EndPatience end([&now] { return now; });
+  const auto began = EndPatience::steady();
+  {
+    TransferJob job;
+    job.setPatience(20s);
+    job.begin([mayGoOn](TransferJob::Desk& /*desk*/) {
+      while (!*mayGoOn) std::this_thread::sleep_for(1ms);
+      return TransferJob::End();
+    });
+    now = EndPatience::kWhole;
+  }
+  EXPECT_LT(EndPatience::steady() - began, 10s);
+  *mayGoOn = true;
 }
 
 }  // namespace

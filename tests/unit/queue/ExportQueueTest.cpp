@@ -17,6 +17,7 @@
 #include <thread>
 #include <vector>
 
+#include "base/EndPatience.h"
 #include "support/CoreApplication.h"
 #include "support/EventLoop.h"
 #include "support/HeldWork.h"
@@ -328,6 +329,24 @@ TEST_F(ExportQueueTest, ItsEndHasOnePatienceForAllThatHang) {
   const auto began = ExportQueue::steady();
   passing.reset();
   EXPECT_LT(ExportQueue::steady() - began, kPatience * kMany / 2);
+  *mayEnd = true;
+}
+
+TEST_F(ExportQueueTest, ItsEndWaitsNoLongerThanThatOfTheProgram) {
+  const auto mayEnd = std::make_shared<std::atomic<bool>>(false);
+  const auto hang = [mayEnd](const ExportOrder& /*order*/, ExportWorker::Control& /*control*/) {
+    while (!*mayEnd) std::this_thread::sleep_for(1ms);
+    return ExportResult{End::Cancelled, {}};
+  };
+  auto hanging = std::make_unique<ExportQueue>(hang);
+  hanging->setPatience(20s);
+  hanging->add({.source = "in.wav", .target = "x"});
+  auto now = 0ms;
+  const EndPatience end([&now] { return now; });
+  now = EndPatience::kWhole;
+  const auto began = ExportQueue::steady();
+  hanging.reset();
+  EXPECT_LT(ExportQueue::steady() - began, 10s);
   *mayEnd = true;
 }
 

@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <string>
 
+#include "base/EndPatience.h"
 #include "recorder-sim/RawDeviceEnd.h"
 #include "recorder-sim/SequencerEnd.h"
 #include "support/Confinement.h"
@@ -166,6 +167,17 @@ TEST_F(AlsaRecoveryTest, TheEndOfTheProgramIsNotHeldUp) {
   system.reset();
   EXPECT_EQ(FakeAlsa::open(), 1) << "it has not been waited for";
   EXPECT_FALSE(wasHeldUpHere());
+}
+
+TEST_F(AlsaRecoveryTest, ItsEndWaitsNoLongerThanThatOfTheProgram) {
+  bool isAsked = false;
+  const EndPatience end([&isAsked] {
+    isAsked = true;
+    return EndPatience::kWhole;
+  });
+  isAsked = false;
+  system.reset();
+  EXPECT_TRUE(isAsked);
 }
 
 TEST_F(AlsaRecoveryTest, WithoutAThreadAClientIsClosedHere) {

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Mixdeck developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <chrono>
+#include <functional>
+
+/// What the end of the program has for waiting, all in all: it begins with the object. Whoever
+/// waits for something at that time asks here how long. One object at a time. Interface thread.
+class EndPatience {
+ public:
+  /// The time since some fixed moment.
+  using Clock = std::function<std::chrono::milliseconds()>;
+
+  /// So that the whole end takes less than a second.
+  static constexpr std::chrono::milliseconds kWhole{700};
+
+  explicit EndPatience(Clock clock = steady);
+  EndPatience(const EndPatience&) = delete;
+  EndPatience& operator=(const EndPatience&) = delete;
+  ~EndPatience();
+
+  /// A clock that only goes forward.
+  static std::chrono::milliseconds steady();
+
+  /// How long to wait for what would be waited for so long: no longer than what is left of the end.
+  /// As long as that where the end has not begun.
+  static std::chrono::milliseconds atMost(std::chrono::milliseconds own);
+
+ private:
+  [[nodiscard]] std::chrono::milliseconds left() const;
+
+  Clock _clock;
+  std::chrono::milliseconds _end;  ///< by the clock
+};
