@@ -22,6 +22,7 @@
 #include "desktop/BusLink.h"
 #include "desktop/OneWindow.h"
 #include "playback/system/SystemBackends.h"
+#include "wav/ClosingElsewhere.h"
 
 namespace {
 
@@ -70,6 +71,7 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape): there i
   FreedMemory::goesBack();
   const ProgramLog log(options.showsLog);
   const QString token = startToken();
+  const ClosingElsewhere closing;
   const auto application = makeApplication(argc, argv);
   QApplication::setApplicationName(QStringLiteral("mixdeck"));
   QGuiApplication::setDesktopFileName(QStringLiteral("example.mixdeck.mixdeck"));

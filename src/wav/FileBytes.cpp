@@ -11,6 +11,8 @@
 #include <cerrno>
 #include <system_error>
 
+#include "wav/ClosingElsewhere.h"
+
 namespace {
 
 std::string errorText(int error) {
@@ -57,7 +59,7 @@ std::shared_ptr<const FileBytes> FileBytes::open(const std::filesystem::path& pa
 }
 
 FileBytes::~FileBytes() {
-  if (_file >= 0) close(_file);
+  if (_file >= 0) ClosingElsewhere::close(_file);
 }
 
 std::size_t FileBytes::readAt(std::uint64_t offset, std::span<std::byte> to) const {

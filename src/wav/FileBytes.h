@@ -15,7 +15,7 @@
 /// A regular file that is open for reading, as long as it was when it was opened. Nothing throws.
 ///
 /// Threads: everything from any thread at any time; a read waits for the medium, and so may the
-/// end of the last owner, which closes the file.
+/// end of the last owner, which closes the file: on another thread with a `ClosingElsewhere`.
 class FileBytes {
  public:
   /// On failure none, with the reason in `whyNot`.
