@@ -11,6 +11,7 @@
 #include <string>
 #include <utility>
 
+#include "base/EndPatience.h"
 #include "base/ErrorReason.h"
 #include "playback/pulse/PulseConnection.h"
 #include "playback/pulse/PulseControls.h"
@@ -43,7 +44,7 @@ PulseOutput::~PulseOutput() {
 // The stream of the next output begins after this one's has ended, unless the library is waiting
 // for a file of the user's that hangs.
 void PulseOutput::leaveThread() {
-  if (_ended.wait_for(kEndPatience) == std::future_status::ready) {
+  if (_ended.wait_for(EndPatience::atMost(kEndPatience)) == std::future_status::ready) {
     _thread.join();
   } else {
     _thread.detach();

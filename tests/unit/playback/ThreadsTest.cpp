@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/EndPatience.h"
 #include "playback/SourceSlot.h"
 #include "playback/SpscRing.h"
 #include "playback/pulse/PulseOutput.h"
@@ -209,6 +210,20 @@ TEST_F(Application, AnOutputWhoseThreadHangsIsLetGoAndItsThreadEndsLater) {
   const std::size_t leftBehind = ThreadCount::now();
   file.letGo();  // there is no server, which nobody is to be told any more
   EXPECT_TRUE(EventLoop::runUntil([&] { return ThreadCount::now() < leftBehind; }));
+}
+
+TEST_F(Application, TheEndOfAnOutputWaitsNoLongerThanThatOfTheProgram) {
+  const EnvironmentVariable server("PULSE_SERVER", "unix:/nowhere");
+  bool isAsked = false;
+  const EndPatience end([&isAsked] {
+    isAsked = true;
+    return EndPatience::kWhole;
+  });
+  auto output = std::make_unique<PulseOutput>(AudioOutput::Format{48000, 2});
+  output->start();
+  isAsked = false;
+  output.reset();
+  EXPECT_TRUE(isAsked);
 }
 
 // The library would end the program, and so it does here where it is asked at all.
