@@ -28,7 +28,7 @@ class TakeRecall : public QObject {
   Q_OBJECT
 
  public:
-  /// What the end has for writing.
+  /// What the end has for writing, where `EndPatience` allows it.
   static constexpr std::chrono::milliseconds kPatience{300};
 
   /// What it works on; all of it outlives this.

@@ -6,7 +6,8 @@
 #include <functional>
 
 /// What the end of the program has for waiting, all in all: it begins with the object. Whoever
-/// waits for something at that time asks here how long. One object at a time. Interface thread.
+/// waits for something at that time asks here how long. One object at a time. Interface thread; in
+/// a program without such an object `atMost` from any.
 class EndPatience {
  public:
   /// The time since some fixed moment.

@@ -69,7 +69,7 @@ class TransferJob : public QObject {
   /// On the job's thread; ends soon after `cancel` becomes true.
   using Work = std::function<End(Desk& desk)>;
 
-  /// How long the job's end waits for the work to stop.
+  /// How long the job's end waits for the work to stop, where `EndPatience` allows it.
   static constexpr std::chrono::milliseconds kPatience{300};
 
   explicit TransferJob(QObject* parent = nullptr);

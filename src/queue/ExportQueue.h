@@ -52,8 +52,9 @@ class ExportQueue : public QObject {
   void setAtOnce(std::size_t count);
   [[nodiscard]] std::size_t atOnce() const { return _atOnce; }
 
-  /// How long the queue's end waits for all exports to stop; at first as long as it takes. One
-  /// whose medium hangs ends by itself later, or with the program.
+  /// How long the queue's end waits for all exports to stop, at the end of the program no longer
+  /// than `EndPatience` allows; at first as long as it takes. One whose medium hangs ends by itself
+  /// later, or with the program.
   void setPatience(std::chrono::milliseconds most) { _patience = most; }
 
   /// Whether anything runs or waits.

@@ -21,9 +21,10 @@ class PulseConnection;
 /// listener is told, and never waits: neither for a server that is not there nor for one that does
 /// not answer.
 ///
-/// Its end waits for the thread's, and so for the sound's, but 200 ms at most: the library reads
-/// files of the user's, on a medium that may hang. A thread that is left behind uses nothing of the
-/// owner's any more, and ends by itself when the medium goes on.
+/// Its end waits for the thread's, and so for the sound's, but 200 ms at most, less where
+/// `EndPatience` allows less: the library reads files of the user's, on a medium that may hang. A
+/// thread that is left behind uses nothing of the owner's any more, and ends by itself when the
+/// medium goes on.
 class PulseOutput : public AudioOutput {
  public:
   /// The library that leads to the server, with its version. Any thread.
