@@ -34,6 +34,7 @@ CLI::App* RepairCommand::declare(CLI::App& program) {
 int RepairCommand::run() {
   ProgressLine line(_files.size());
   if (_isQuiet) line.hide();
+  for (const fs::path& take : _files) _owners.emplace(FileKey::of(take), take);
   bool isAllDone = true;
   for (std::size_t i = 0; i < _files.size() && !Interrupt::requested(); ++i) {
     try {
@@ -90,7 +91,7 @@ bool RepairCommand::salvage(std::size_t index, TakeRepair& repair, ProgressLine&
   if (!_force && fs::exists(fs::symlink_status(target, error))) {
     refusal = "The file exists; --force replaces it";
   }
-  const auto [owner, isFirst] = _targets.emplace(FileKey::of(target), _files[index]);
+  const auto [owner, isFirst] = _owners.emplace(FileKey::of(target), _files[index]);
   if (!isFirst) refusal = fmt::format("It belongs to {} in the same run", owner->second.native());
   if (fs::equivalent(target, _files[index], error)) refusal = "The target is the source itself";
   repair.setCancelFlag(&Interrupt::requested());

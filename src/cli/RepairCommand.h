@@ -31,8 +31,8 @@ class RepairCommand : public Command {
 
   FilesOption _list;
   std::vector<std::filesystem::path> _files;
-  /// What this run writes, by `FileKey`, and of which take.
-  std::map<std::filesystem::path, std::filesystem::path> _targets;
+  /// What this run reads or writes, by `FileKey`, and of which take.
+  std::map<std::filesystem::path, std::filesystem::path> _owners;
   bool _force = false;
   bool _isDryRun = false;
   bool _isQuiet = false;

@@ -104,6 +104,15 @@ class RepairTest(Case):
                 self.assertEqual(self.names(), sorted(["R0001.WAV", second]))
             os.remove(self.path(second))
 
+    def test_no_recording_of_the_run_is_replaced(self):
+        self.file("R0001.WAV", broken())
+        other = broken(samples=SAMPLES[:600])
+        self.file("R0001_Repaired.WAV", other)
+        self.expect(1, "repair", "--force", "--quiet", "R0001.WAV", "R0001_Repaired.WAV", out="",
+                    err="mixdeck-cli: R0001_Repaired.WAV: Fail to save. It belongs to "
+                        "R0001_Repaired.WAV in the same run\n")
+        self.assertEqual(self.read("R0001_Repaired.WAV"), other)
+
     def test_a_quiet_one_tells_only_what_goes_wrong(self):
         self.file("R0001.WAV", broken())
         self.file("R0002.WAV", recording())
