@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 #include <fstream>
 #include <vector>
 
@@ -121,6 +122,20 @@ TEST_F(Recall, TheyComeBackAfterTheEndAndUnderAnotherName) {
   std::filesystem::rename(takes.path() / "A.WAV", takes.path() / "Bells.WAV");
   startOnTakes();
   openKnown("Bells.WAV");
+  expectSound(75, 9);
+}
+
+TEST_F(Recall, AtTheEndOfTheProgramItIsGivenToTheWriterBeforeAnybodyWaits) {
+  startOnTakes();
+  openKnown("A.WAV");
+  set(75, 9);
+  const auto* const later = recall().findChild<QTimer*>(QStringLiteral("timerRemember"));
+  ASSERT_TRUE(later->isActive());
+  QMetaObject::invokeMethod(qApp, "aboutToQuit");
+  EXPECT_FALSE(later->isActive());
+  end();
+  startOnTakes();
+  openKnown("A.WAV");
   expectSound(75, 9);
 }
 

@@ -214,6 +214,7 @@ TEST_F(Application, AnOutputWhoseThreadHangsIsLetGoAndItsThreadEndsLater) {
 
 TEST_F(Application, TheEndOfAnOutputWaitsNoLongerThanThatOfTheProgram) {
   const EnvironmentVariable server("PULSE_SERVER", "unix:/nowhere");
+  const std::size_t before = ThreadCount::now();
   bool isAsked = false;
   const EndPatience end([&isAsked] {
     isAsked = true;
@@ -224,6 +225,7 @@ TEST_F(Application, TheEndOfAnOutputWaitsNoLongerThanThatOfTheProgram) {
   isAsked = false;
   output.reset();
   EXPECT_TRUE(isAsked);
+  EXPECT_TRUE(EventLoop::runUntil([&] { return ThreadCount::now() <= before; }));
 }
 
 // The library would end the program, and so it does here where it is asked at all.
