@@ -18,6 +18,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "export/FolderSync.h"
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -286,12 +288,13 @@ bool AtomicFile::publishUnnamed() {
 // may still stand on the disk. So the old file is held until the new name is there.
 bool AtomicFile::replace() {
   const int old = open(_target.c_str(), O_PATH | O_CLOEXEC | O_NOFOLLOW);
-  const int folder = open(_folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   const bool isRenamed = rename(_temporary.c_str(), _target.c_str()) == 0 || fail(errno);
   if (isRenamed) _temporary.clear();
-  const bool isKept = isRenamed && (fsync(_file) == 0 || fail(errno));
-  if (isKept && folder >= 0) fsync(folder);  // some know no sync of folders
-  if (folder >= 0) close(folder);
+  bool isKept = isRenamed && (fsync(_file) == 0 || fail(errno));
+  if (isKept) {
+    const std::error_code error = FolderSync::of(_folder);
+    isKept = !error || fail(error.value());
+  }
   if (old >= 0) close(old);
   return isKept;
 }

@@ -59,7 +59,8 @@ class AtomicFile {
   bool setModified(const timespec& time);
   /// Where the file can be read until it is committed, in this process alone.
   [[nodiscard]] std::filesystem::path readablePath() const;
-  /// Publishes the file under the target's name. Nothing can be written after it.
+  /// Publishes the file under the target's name. Nothing can be written after it. Where it replaced
+  /// one and its disk then fails, it is there, but may be lost with the power: that is a failure.
   bool commit();
 
   /// Why an operation failed; empty as long as none did.

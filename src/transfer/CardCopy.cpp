@@ -16,7 +16,7 @@
 #include <set>
 #include <system_error>
 
-#include "transfer/FolderSync.h"
+#include "export/FolderSync.h"
 #include "transfer/XmlReader.h"
 
 namespace fs = std::filesystem;

@@ -14,8 +14,8 @@
 #include <system_error>
 #include <utility>
 
+#include "export/FolderSync.h"
 #include "transfer/C4Id.h"
-#include "transfer/FolderSync.h"
 #include "transfer/XmlReader.h"
 
 namespace fs = std::filesystem;

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "export/ChunkSizes.h"
-#include "transfer/FolderSync.h"
+#include "export/FolderSync.h"
 #include "wav/ImageFields.h"
 #include "wav/LongSizes.h"
 #include "wav/RiffLayout.h"

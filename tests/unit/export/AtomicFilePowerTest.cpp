@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <functional>
 #include <optional>
@@ -125,6 +126,25 @@ TEST_F(AtomicFilePowerTest, SyncsBeforeItReplacesWhatAppearedMeanwhile) {
     ASSERT_NE(at(DiskCall::Kind::Rename), calls.end());
     EXPECT_LT(at(DiskCall::Kind::Sync), at(DiskCall::Kind::Rename));
     EXPECT_EQ(TemporaryFolder::read(_target), _new);
+  }
+}
+
+TEST_F(AtomicFilePowerTest, ANewNameThatMayBeLostIsNoSuccess) {
+  DiskLog::failFolderSyncs(EIO, 1);
+  AtomicFile file(_target, AtomicFile::Existing::Replace);
+  EXPECT_TRUE(file.write(_new));
+  EXPECT_FALSE(file.commit());
+  DiskLog::failFolderSyncs(0, 0);
+  EXPECT_EQ(file.failure(), "Input/output error");
+  EXPECT_EQ(TemporaryFolder::read(_target), _new) << "whole all the same";
+}
+
+// As on some shares.
+TEST_F(AtomicFilePowerTest, AFolderThatKnowsNoSyncIsNoFailure) {
+  for (const int error : {EINVAL, EBADF, EOPNOTSUPP, ENOSYS}) {
+    DiskLog::failFolderSyncs(error, 1);
+    EXPECT_TRUE(save(_target)) << error;
+    DiskLog::failFolderSyncs(0, 0);
   }
 }
 

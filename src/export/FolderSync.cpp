@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Mixdeck developers
 // SPDX-License-Identifier: MIT
 
-#include "transfer/FolderSync.h"
+#include "export/FolderSync.h"
 
 #include <fcntl.h>
 #include <unistd.h>
