@@ -4,6 +4,7 @@
 test_hanging_exports.py does the same for exports.
 """
 
+import os
 import unittest
 
 from hanging_case import HangingCase, noise  # first: it knows where the others are
@@ -98,6 +99,23 @@ class HangingTest(HangingCase):
         self.assert_answers("remembering the folder")
         self.assert_ends("remembering the folder", kinds=kinds)
         self.assertGreater(sum(self.medium.calls().values()), 0, "or it was remembered already")
+
+    def test_the_help(self):
+        """Programs, as the one that opens it, may be in the home folder too."""
+        self.make_home()
+        programs = self.home / "bin"
+        programs.mkdir()
+        environment = {"PATH": f"{programs}:{os.environ['PATH']}"}
+        self.window = self.start(environment={**self.medium.environment, **environment})
+        self.wait_takes()
+        self.press("Menu")
+        help_item = self.window.find("menu item", "Online help")
+        self.medium.hang("stat")
+        before = self.medium.calls()["stat"]
+        help_item.act("Press")
+        self.window.wait(lambda: self.medium.calls()["stat"] > before, "a look for the program")
+        self.assert_answers("the help")
+        self.assert_ends("the help")
 
     def test_choosing_a_folder(self):
         self.begin()
