@@ -18,21 +18,22 @@ struct Task {
   bool isDone = false;
 };
 
-/// Tasks cross over in a list of their own; the event loop is only woken.
-class Receiver : public QObject {
+/// What crosses over. It goes by a lock of ours: the thread sanitizer does not see Qt's, by which
+/// the event comes that wakes the event loop, and the one who receives it.
+class Tasks {
  public:
-  void run(Task& task) {
-    std::unique_lock lock(_mutex);
-    _tasks.push_back(&task);
-    QCoreApplication::postEvent(this, new QEvent(QEvent::User));
-    _done.wait(lock, [&task] { return task.isDone; });
+  // Never destroyed, as the receiver.
+  static Tasks& get() {
+    static auto* const kOnly = new Tasks;
+    return *kOnly;
   }
 
- private:
-  // The event itself is not looked at: it came by a lock of Qt's, which the thread sanitizer does
-  // not see.
-  void customEvent(QEvent* /*event*/) override { runNext(); }
-
+  void run(Task& task, QObject& receiver) {
+    std::unique_lock lock(_mutex);
+    _tasks.push_back(&task);
+    QCoreApplication::postEvent(&receiver, new QEvent(QEvent::User));
+    _done.wait(lock, [&task] { return task.isDone; });
+  }
   void runNext() {
     std::unique_lock lock(_mutex);
     if (_tasks.empty()) return;
@@ -45,9 +46,15 @@ class Receiver : public QObject {
     _done.notify_all();
   }
 
+ private:
   std::mutex _mutex;  ///< guards the members below
   std::condition_variable _done;
   std::deque<Task*> _tasks;
+};
+
+/// Has nothing of its own, and does not look at the event.
+class Receiver : public QObject {
+  void customEvent(QEvent* /*event*/) override { Tasks::get().runNext(); }
 };
 
 // Never destroyed: a worker may still come when the statics are gone.
@@ -73,5 +80,5 @@ void MainThreadQueue::run(const std::function<void()>& task) {
     return;
   }
   Task waiting{&task};
-  receiver().run(waiting);
+  Tasks::get().run(waiting, receiver());
 }
