@@ -202,6 +202,25 @@ TEST_F(MemoryFault, AMediumThatCannotBeWrittenToIsReadAllTheSame) {
   std::filesystem::permissions(file.parent_path(), std::filesystem::perms(0755));
 }
 
+TEST_F(MemoryFault, ADamagedOneThatCannotBeSetAsideIsTold) {
+  remember(file, "a", 8);
+  std::ofstream(file, std::ios::trunc) << std::string(10'000, 'x');
+  const auto before = TemporaryFolder::read(file);
+  std::filesystem::permissions(folder.path(), std::filesystem::perms(0755));
+  std::filesystem::permissions(file.parent_path(), std::filesystem::perms(0555));
+  std::filesystem::permissions(file, std::filesystem::perms(0666));
+  const int status = Confinement::run([this] {
+    if (!Confinement::dropPrivileges()) return 2;
+    TakeMemory memory(file);
+    if (memory.remember("a", sound(1))) return 3;
+    if (memory.takeTrouble() != Trouble::OutOfReach) return 4;
+    return memory.failure() == file.native() + ": is damaged and cannot be set aside" ? 0 : 5;
+  });
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(TemporaryFolder::read(file), before);
+  std::filesystem::permissions(file.parent_path(), std::filesystem::perms(0755));
+}
+
 TEST_F(MemoryFault, WhileAnotherProgramHasItLockedItIsReadAndNotSetAside) {
   remember(file, "a", 1);
   sqlite3* other = nullptr;
