@@ -14,18 +14,13 @@ const EndPatience* current = nullptr;
 
 }  // namespace
 
-EndPatience::EndPatience(Clock clock) : _clock(std::move(clock)), _end(_clock() + kWhole) {
+EndPatience::EndPatience(SteadyTime::Clock clock)
+    : _clock(std::move(clock)), _end(_clock() + kWhole) {
   current = this;
 }
 
 EndPatience::~EndPatience() {
   current = nullptr;
-}
-
-std::chrono::milliseconds EndPatience::steady() {
-  using std::chrono::steady_clock;
-  return std::chrono::duration_cast<std::chrono::milliseconds>(
-      steady_clock::now().time_since_epoch());
 }
 
 std::chrono::milliseconds EndPatience::atMost(std::chrono::milliseconds own) {

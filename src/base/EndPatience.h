@@ -3,26 +3,21 @@
 #pragma once
 
 #include <chrono>
-#include <functional>
+
+#include "base/SteadyTime.h"
 
 /// What the end of the program has for waiting, all in all: it begins with the object. Whoever
 /// waits for something at that time asks here how long. One object at a time. Interface thread; in
 /// a program without such an object `atMost` from any.
 class EndPatience {
  public:
-  /// The time since some fixed moment.
-  using Clock = std::function<std::chrono::milliseconds()>;
-
   /// So that the whole end takes less than a second.
   static constexpr std::chrono::milliseconds kWhole{700};
 
-  explicit EndPatience(Clock clock = steady);
+  explicit EndPatience(SteadyTime::Clock clock = SteadyTime::now);
   EndPatience(const EndPatience&) = delete;
   EndPatience& operator=(const EndPatience&) = delete;
   ~EndPatience();
-
-  /// A clock that only goes forward.
-  static std::chrono::milliseconds steady();
 
   /// How long to wait for what would be waited for so long: no longer than what is left of the end.
   /// As long as that where the end has not begun.
@@ -31,6 +26,6 @@ class EndPatience {
  private:
   [[nodiscard]] std::chrono::milliseconds left() const;
 
-  Clock _clock;
+  SteadyTime::Clock _clock;
   std::chrono::milliseconds _end;  ///< by the clock
 };

@@ -14,7 +14,7 @@ constexpr int kRefresh = 40;  // ms
 
 }  // namespace
 
-BatchDesk::BatchDesk(ExportQueue& queue, QWidget& window, ExportQueue::Clock clock)
+BatchDesk::BatchDesk(ExportQueue& queue, QWidget& window, SteadyTime::Clock clock)
     : _queue(queue),
       _window(window),
       _clock(std::move(clock)),

@@ -13,6 +13,7 @@
 #include <memory>
 #include <vector>
 
+#include "base/SteadyTime.h"
 #include "dialogs/BatchDialog.h"
 #include "dialogs/QueueModel.h"
 #include "dialogs/QueuePanel.h"
@@ -28,7 +29,7 @@ class BatchDesk : public QObject {
 
  public:
   /// Everything is shown over `window`. Queue and window outlive this.
-  BatchDesk(ExportQueue& queue, QWidget& window, ExportQueue::Clock clock = ExportQueue::steady);
+  BatchDesk(ExportQueue& queue, QWidget& window, SteadyTime::Clock clock = SteadyTime::now);
 
   /// Asks how to export these takes at this gain and width, and hands the orders to the queue,
   /// behind what is in it.
@@ -55,7 +56,7 @@ class BatchDesk : public QObject {
 
   ExportQueue& _queue;
   QWidget& _window;
-  ExportQueue::Clock _clock;
+  SteadyTime::Clock _clock;
   std::chrono::milliseconds _began{0};
   std::size_t _failedBefore = 0;  ///< lines of what was over before
   std::size_t _most = std::numeric_limits<std::size_t>::max();

@@ -13,13 +13,13 @@
 #include <string>
 #include <utility>
 
+#include "base/SteadyTime.h"
 #include "controls/Appearance.h"
 #include "controls/Colors.h"
 #include "controls/PlainText.h"
 #include "dialogs/ExportFacts.h"
 #include "dialogs/PathText.h"
 #include "dialogs/TimeLeft.h"
-#include "queue/ExportQueue.h"
 
 namespace {
 
@@ -32,7 +32,7 @@ constexpr int kFile = Qt::UserRole;  // of a line, as bytes
 }  // namespace
 
 TransferPanel::TransferPanel(const Words& words, Maker make, QWidget* parent)
-    : DialogWindow(parent), _words(words), _make(std::move(make)), _clock(ExportQueue::steady) {
+    : DialogWindow(parent), _words(words), _make(std::move(make)), _clock(SteadyTime::now) {
   _form = new QFormLayout;
   _form->setHorizontalSpacing(24);
   _form->setVerticalSpacing(8);

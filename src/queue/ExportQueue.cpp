@@ -16,7 +16,7 @@ constexpr std::chrono::milliseconds kRefresh(40);
 
 }  // namespace
 
-ExportQueue::ExportQueue(ExportWorker::Work work, Clock clock)
+ExportQueue::ExportQueue(ExportWorker::Work work, SteadyTime::Clock clock)
     : _work(std::move(work)), _clock(std::move(clock)) {
   connect(&_timer, &QTimer::timeout, this, &ExportQueue::look);
 }
@@ -32,12 +32,6 @@ ExportQueue::~ExportQueue() {
     }
     running.worker.reset();
   }
-}
-
-std::chrono::milliseconds ExportQueue::steady() {
-  using std::chrono::steady_clock;
-  return std::chrono::duration_cast<std::chrono::milliseconds>(
-      steady_clock::now().time_since_epoch());
 }
 
 ExportQueue::Id ExportQueue::add(const ExportOrder& order) {

@@ -12,6 +12,7 @@
 #include <optional>
 #include <vector>
 
+#include "base/SteadyTime.h"
 #include "base/ThreadSignal.h"
 #include "queue/ExportOrder.h"
 #include "queue/ExportResult.h"
@@ -30,16 +31,12 @@ class ExportQueue : public QObject {
  public:
   /// Tells orders apart; never used twice in a queue.
   using Id = int;
-  /// The time since some fixed moment.
-  using Clock = std::function<std::chrono::milliseconds()>;
 
   /// `work` is called on the workers' threads, several times at once where that is wished.
-  explicit ExportQueue(ExportWorker::Work work = ExportWorker::carryOut, Clock clock = steady);
+  explicit ExportQueue(ExportWorker::Work work = ExportWorker::carryOut,
+                       SteadyTime::Clock clock = SteadyTime::now);
   /// Cancels everything and waits for what runs, as long as `setPatience` says.
   ~ExportQueue() override;
-
-  /// A clock that only goes forward.
-  static std::chrono::milliseconds steady();
 
   /// Tells `added`, and `began` where it is its turn, before it returns.
   Id add(const ExportOrder& order);
@@ -91,7 +88,7 @@ class ExportQueue : public QObject {
   void drop(Id id);
 
   ExportWorker::Work _work;
-  Clock _clock;
+  SteadyTime::Clock _clock;
   std::size_t _atOnce = 1;
   std::optional<std::chrono::milliseconds> _patience;
   Id _last = 0;

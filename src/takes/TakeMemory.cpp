@@ -155,13 +155,10 @@ std::vector<ExportNote> TakeMemory::exportsOf(const fs::path& place) {
 // A second time with a new file where the first one was damaged.
 bool TakeMemory::use(const Work& work) {
   End end = tryOnce(work);
-  if (end == End::Damaged) {
-    const bool isAside = setAside();
-    if (!isAside && _trouble == Trouble::None) {
-      _trouble = Trouble::OutOfReach;
-      _failure = fmt::format("{}: is damaged and cannot be set aside", _file.native());
-    }
-    if (isAside) end = tryOnce(work);
+  if (end == End::Damaged && setAside()) end = tryOnce(work);
+  if (end == End::Damaged && _trouble == Trouble::None) {
+    _trouble = Trouble::OutOfReach;
+    _failure = fmt::format("{}: is damaged and cannot be set aside", _file.native());
   }
   return end == End::Done;
 }

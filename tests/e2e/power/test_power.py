@@ -22,7 +22,8 @@ from collections import Counter
 from pathlib import Path
 
 HERE = Path(__file__).resolve().parent
-sys.path[:0] = [str(HERE.parent)]
+sys.path[:0] = [str(HERE.parent), str(HERE.parents[1] / "support")]
+from exported import DATE, LEFT, undated  # noqa: E402
 from file_systems import SYSTEMS  # noqa: E402
 from mixdeck import Case, recording  # noqa: E402
 from write_log import Disk, cuts, read_log  # noqa: E402
@@ -35,13 +36,7 @@ SEED = int(os.environ.get("MIXDECK_SEED", "1"))
 EXPORTS = 3
 ENDLESS = 1000  # exports of a guest that is killed
 CUTS_OF_A_KILL = 5
-DATE = slice(376, 394)  # of the export, in its extension record
-TEMPORARY = re.compile(r"\.mixdeck-[0-9a-f]{16}\.part")
 LOST = re.compile(r"FSCK\d{4}\.REC|FSCK\d+", re.IGNORECASE)  # what a repair makes of loose clusters
-
-
-def undated(content):
-    return content[:DATE.start] + content[DATE.stop:]
 
 
 class Log:
@@ -123,7 +118,7 @@ class PowerCase(Case):
         targets = [undated(content) for name, content in files if name == "x.WAV"]
         rest = [name for name, _ in files if name != "x.WAV"]
         for name in rest:
-            self.assertTrue(TEMPORARY.fullmatch(name) or LOST.fullmatch(name), rest)
+            self.assertTrue(LEFT.fullmatch(name) or LOST.fullmatch(name), rest)
         if not targets:
             return "gone"
         self.assertEqual(len(targets), 1)

@@ -16,6 +16,7 @@ from window import SoundingCase, noise  # first: it knows where the others are
 from hanging import HANG, KINDS, HangingMedium
 from sound import RATE
 
+SAVE_PANEL = "Saving checkboard..."
 FAR_BELOW = HANG / 3
 IS_STRICT = "MIXDECK_STRICT" in os.environ
 MOST_FOR_A_CLICK = 0.1 if IS_STRICT else FAR_BELOW
@@ -134,6 +135,20 @@ class HangingCase(SoundingCase):
         if dialog is not None:
             self.press_in(dialog, "Cancel")
         self.wait_no_dialog(name)
+
+    def ask_for_export(self):
+        self.press("Export")
+        self.dialog("Export")
+
+    def save(self, *kinds):
+        """From the export dialog to the panel for a place, and on with the proposed name, while calls
+        of these kinds hang."""
+        self.press_in(self.dialog("Export"), "Save")
+        panel = self.dialog(SAVE_PANEL)
+        field = next(item for item in panel.walk() if item.name == "Name")
+        self.window.wait(lambda: field.text, "the proposed name")
+        self.medium.hang(*kinds)
+        self.press_in(panel, "Save")
 
     def use_panel(self, show, name, typed, end):
         """Goes to folders and takes a name, none of which is answered; closes the panel meanwhile,

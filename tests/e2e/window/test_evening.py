@@ -11,7 +11,6 @@ import unittest
 from window import CLI, SoundingCase, noise  # first: it knows where the others are
 from sound import RATE
 
-DATE = slice(56 + 320, 56 + 338)  # of origination, in the broadcast extension
 ANSWER = "LOG GL RECV"  # a line a message from the recorder
 
 

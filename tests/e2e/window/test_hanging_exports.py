@@ -2,40 +2,21 @@
 # SPDX-License-Identifier: MIT
 """Exports from the window while the medium does not answer; see hanging_case.py."""
 
-import re
 import subprocess
 import unittest
 
-from hanging_case import HangingCase  # first: it knows where the others are
+from hanging_case import SAVE_PANEL, HangingCase  # first: it knows where the others are
+from exported import LEFT, undated
 from hanging import KINDS
 from window import CLI
 
-SAVE_PANEL = "Saving checkboard..."
-DATE = slice(56 + 320, 56 + 338)  # of origination, in the broadcast extension
 OLD = b"the old file" * 1000
-LEFT = re.compile(r"\.mixdeck-[0-9a-f]{16}\.part")
-
-
-def undated(content):
-    return content[:DATE.start] + content[DATE.stop:]
 
 
 class HangingExportsTest(HangingCase):
     def open_and_pause(self):
         self.open_and_hear()
         self.window.key("space")
-
-    def ask_for_export(self):
-        self.press("Export")
-        self.dialog("Export")
-
-    def save(self):
-        """From the export dialog to the panel for a place, and on with the proposed name."""
-        self.press_in(self.dialog("Export"), "Save")
-        panel = self.dialog(SAVE_PANEL)
-        field = next(item for item in panel.walk() if item.name == "Name")
-        self.window.wait(lambda: field.text, "the proposed name")
-        self.press_in(panel, "Save")
 
     def test_the_dialogs(self):
         self.begin()
@@ -97,8 +78,7 @@ class HangingExportsTest(HangingCase):
         self.begin()
         self.open_and_pause()
         self.ask_for_export()
-        self.medium.hang("write")
-        self.save()
+        self.save("write")
         self.wait_no_dialog(SAVE_PANEL)
         self.window.wait(lambda: self.medium.calls()["write"] > 0, "the export")
         self.assert_answers("exporting, write hanging")

@@ -9,24 +9,18 @@ MIXDECK_BATCH_KILLS how often in those (2).
 
 import os
 import random
-import re
 import subprocess
 import time
 import unittest
 
-from window import CLI, WINDOW, Case, noise
+from window import CLI, WINDOW, Case, noise  # first: it knows where the others are
+from exported import LEFT, undated
 
 KILLS = int(os.environ.get("MIXDECK_KILLS", "6"))
 BATCH_KILLS = int(os.environ.get("MIXDECK_BATCH_KILLS", "2"))
-DATE = slice(56 + 320, 56 + 338)  # of origination, in the broadcast extension
 OLD = b"the old file" * 1000
-LEFT = re.compile(r"\.mixdeck-[0-9a-f]{16}\.part")
 RATE = 3000000  # bytes a second: an export of the take lasts a good part of a second
 SPAN = 1.2
-
-
-def undated(content):
-    return content[:DATE.start] + content[DATE.stop:]
 
 
 class KilledTest(Case):

@@ -5,15 +5,8 @@
 import subprocess
 import unittest
 
-from window import CLI, Case, noise
-
-DATE = slice(56 + 320, 56 + 338)  # of origination, in the broadcast extension
-
-
-def undated(path):
-    content = bytearray(path.read_bytes())
-    content[DATE] = bytes(18)
-    return content
+from window import CLI, Case, noise  # first: it knows where the others are
+from exported import undated
 
 
 class SeveralTest(Case):
@@ -41,7 +34,8 @@ class SeveralTest(Case):
             wanted = self.home / "tool.wav"
             subprocess.run([CLI, "export", "--force", "--angle", "0", "--output", wanted,
                             self.takes / f"{name}.WAV"], check=True)
-            self.assertTrue(undated(self.takes / f"{name}_Decode.WAV") == undated(wanted), name)
+            made = self.takes / f"{name}_Decode.WAV"
+            self.assertTrue(undated(made.read_bytes()) == undated(wanted.read_bytes()), name)
         program.find("push button", "Close").click()
         program.wait_gone("dialog")
         self.wait_files(program, "R0001.WAV", "R0001_Decode.WAV", "R0002.WAV", "R0002_Decode.WAV",
