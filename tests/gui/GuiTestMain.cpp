@@ -12,6 +12,10 @@
 #include "base/FreedMemory.h"
 #include "controls/Language.h"
 
+#ifdef MIXDECK_THREAD_SANITIZED
+#include <sanitizer/tsan_interface.h>
+#endif
+
 namespace {
 
 /// Keeps widgets inside of windows from being painted, in the way a covered window's are not. The
@@ -27,15 +31,12 @@ class Covered : public QObject {
 
 }  // namespace
 
-#ifdef __clang__
-/// The toolkit counts who shares a text, in code that the thread sanitizer cannot look into: its
-/// freeing of one that a thread of ours had let go of would be a race. What the toolkit itself
-/// calls of the C library is therefore no access; what it calls of ours is.
-extern "C" const char* __tsan_default_suppressions();  // NOLINT(bugprone-reserved-identifier)
-const char* __tsan_default_suppressions() {            // NOLINT(bugprone-reserved-identifier)
-  return "called_from_lib:libQt6Core.so\n"
-         "called_from_lib:libQt6Gui.so\n"
-         "called_from_lib:libQt6Widgets.so\n";
+#ifdef MIXDECK_THREAD_SANITIZED
+/// The toolkit counts at the beginning of a text who shares it, also in code that the thread
+/// sanitizer cannot look into. Whoever frees it has seen what others did to the count.
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer's name
+extern "C" void __sanitizer_free_hook(const volatile void* block) {
+  __tsan_acquire(const_cast<void*>(block));
 }
 #endif
 
