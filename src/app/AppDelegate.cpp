@@ -11,7 +11,7 @@ constexpr std::chrono::milliseconds kSettingsPatience(600);
 
 }  // namespace
 
-AppDelegate::AppDelegate(QApplication& application) {
+AppDelegate::AppDelegate(QApplication& application, std::optional<EndPatience>& end) : _end(end) {
   QApplication::setQuitOnLastWindowClosed(applicationShouldTerminateAfterLastWindowClosed());
   _connection = QObject::connect(&application, &QApplication::aboutToQuit,
                                  [this] { applicationWillTerminate(); });

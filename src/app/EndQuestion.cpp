@@ -17,6 +17,7 @@ bool EndQuestion::mayEnd() {
     return false;
   }
   _place.cards.cancel();
+  _place.repair.cancel();
   return true;
 }
 

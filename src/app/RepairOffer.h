@@ -37,6 +37,8 @@ class RepairOffer : public QObject {
   /// Looks whether the take broke off, and offers to salvage it if so.
   void look(const std::filesystem::path& take);
   [[nodiscard]] bool isSalvaging() const { return _salvage.isUnderWay(); }
+  /// Tells what is being salvaged to end, and waits for nothing.
+  void cancel() { _salvage.cancel(); }
   /// What is being done, a sentence for people.
   [[nodiscard]] QString salvageText() const;
 

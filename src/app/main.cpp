@@ -14,6 +14,7 @@
 #include "app/ProgramLog.h"
 #include "app/ProgramOptions.h"
 #include "app/WindowController.h"
+#include "base/EndPatience.h"
 #include "base/FileAddress.h"
 #include "base/FreedMemory.h"
 #include "base/StandardStreams.h"
@@ -46,13 +47,14 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
 }
 
 int run(QApplication& application, const ProgramOptions& options, const QString& token) {
+  static std::optional<EndPatience> end;  // also of the statics that come after it
   BusLink bus;
   OneWindow one(bus);
   if (!options.isForItself() && one.isHandedOver({addressesOf(options.starts), token})) return 0;
   Language::use(QString::fromStdString(options.language));
   Appearance::apply(application);
   SystemBackends::choose();
-  const AppDelegate delegate(application);
+  const AppDelegate delegate(application, end);
   DeviceLink link(options.simulatesRecorder);
   WindowController window;
   window.viewController().open(options.starts);

@@ -34,7 +34,7 @@ CLI::App* RepairCommand::declare(CLI::App& program) {
 int RepairCommand::run() {
   ProgressLine line(_files.size());
   if (_isQuiet) line.hide();
-  for (const fs::path& take : _files) _owners.emplace(FileKey::of(take), take);
+  ownTakes();
   bool isAllDone = true;
   for (std::size_t i = 0; i < _files.size() && !Interrupt::requested(); ++i) {
     try {
@@ -47,6 +47,17 @@ int RepairCommand::run() {
   }
   if (Interrupt::requested()) line.message(kCancelled);
   return isAllDone && !Interrupt::requested() ? kDone : kFailed;
+}
+
+// One whose place cannot be told is complained of when its turn comes.
+void RepairCommand::ownTakes() {
+  for (const fs::path& take : _files) {
+    if (Interrupt::requested()) return;
+    try {
+      _owners.emplace(FileKey::of(take), take);
+    } catch (const fs::filesystem_error&) {
+    }
+  }
 }
 
 bool RepairCommand::repair(std::size_t index, ProgressLine& line) {

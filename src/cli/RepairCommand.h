@@ -21,6 +21,7 @@ class RepairCommand : public Command {
   int run() override;
 
  private:
+  void ownTakes();
   [[nodiscard]] bool repair(std::size_t index, ProgressLine& line);
   /// Tells of one that is not.
   [[nodiscard]] bool isBroken(const std::filesystem::path& take, const TakeDiagnosis& diagnosis,

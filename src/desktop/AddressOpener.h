@@ -12,7 +12,8 @@
 /// Interface thread, which has an event loop.
 class AddressOpener {
  public:
-  /// What follows, from the event loop, where that program could not be started.
+  /// What follows where that program could not be started: from the event loop, but from inside of
+  /// `open` where no thread can be had.
   using Failed = std::function<void()>;
 
   /// Of two at once only the later one fails aloud.

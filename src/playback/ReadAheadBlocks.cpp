@@ -27,13 +27,13 @@ std::uint32_t framesOfBlock(const AudioFormat& format) {
       std::max(1.0, std::min(format.sampleRate / kBlocksPerSecond, most)));
 }
 
-// One more than are ahead: the first is under way to whoever takes from it.
-std::size_t blocksAhead(const AudioFormat& format, std::uint64_t frameCount) {
+// One more than are ahead: the first is under way to whoever takes from it. As many for a short
+// file, whose turns are at hand when it is looped; memory that is not filled costs nothing.
+std::size_t blocksAhead(const AudioFormat& format) {
   const double frames = framesOfBlock(format);
   const double wanted = std::ceil(format.sampleRate * kAheadSeconds / frames) + 1;
   const double affordable = std::floor(kMostAheadBytes / (frames * format.bytesPerPacket));
-  const double needed = std::ceil(static_cast<double>(frameCount) / frames);
-  return static_cast<std::size_t>(std::min(std::max(2.0, std::min(wanted, affordable)), needed));
+  return static_cast<std::size_t>(std::max(2.0, std::min(wanted, affordable)));
 }
 
 }  // namespace
@@ -57,7 +57,7 @@ ReadAheadBlocks::ReadAheadBlocks(const AudioFormat& format, std::uint64_t frameC
       _frameCount(frameCount),
       _blockFrames(framesOfBlock(format)),
       _firstFrames(static_cast<std::uint64_t>(format.sampleRate * kFirstSeconds)),
-      _frames(blocksAhead(format, frameCount)) {
+      _frames(blocksAhead(format)) {
   _memory.reset(new std::byte[_frames.size() * _blockFrames * _frameBytes]);
 }
 
@@ -91,32 +91,26 @@ void ReadAheadBlocks::fillNext(AudioFile& file, std::unique_lock<std::mutex>& lo
   announce();
 }
 
-// Over as many turns as a block holds: as much is at hand of a short loop as of anything else.
+// Over as many turns as a block holds: as much is at hand of a short loop as of anything else. The
+// file is asked what it has to say at its end as well, as whoever plays it would ask.
 ReadAheadBlocks::Filled ReadAheadBlocks::readInOrder(AudioFile& file, std::uint64_t first,
                                                      const std::optional<FrameLoop>& loop,
                                                      std::span<std::byte> to) const {
   Filled filled{.next = first};
-  for (bool goesOn = true; goesOn && filled.error == 0 && filled.frames < _blockFrames;) {
+  for (bool goesOn = true; goesOn && filled.frames < _blockFrames;) {
     const std::uint64_t inOrder = FrameLoop::untilTurn(loop, filled.next);
     const auto frames =
         static_cast<std::uint32_t>(std::min<std::uint64_t>(_blockFrames - filled.frames, inOrder));
     const AudioFile::Read read =
-        readOrEnd(file, filled.next, frames, to.subspan(filled.frames * _frameBytes));
+        file.readFrames(filled.next, frames, to.subspan(filled.frames * _frameBytes));
     filled.next = FrameLoop::following(loop, filled.next, read.frames);
     filled.frames += read.frames;
-    filled.error = read.error;
     goesOn = read.frames == inOrder;
+    if (!goesOn) filled.error = read.error;
   }
+  const bool isLast = filled.frames > 0 && filled.next >= _frameCount;
+  if (isLast) filled.error = file.readFrames(_frameCount, 1, {}).error;
   return filled;
-}
-
-// The file is asked what it has to say at its end as well, as whoever plays it would ask.
-AudioFile::Read ReadAheadBlocks::readOrEnd(AudioFile& file, std::uint64_t first,
-                                           std::uint32_t frames, std::span<std::byte> to) const {
-  AudioFile::Read read = file.readFrames(first, frames, to);
-  const bool isLast = read.frames > 0 && first + read.frames >= _frameCount;
-  if (isLast) read.error = file.readFrames(_frameCount, 1, {}).error;
-  return read;
 }
 
 void ReadAheadBlocks::keep(const Filled& filled) {

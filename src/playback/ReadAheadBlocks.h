@@ -65,8 +65,6 @@ class ReadAheadBlocks : public std::enable_shared_from_this<ReadAheadBlocks> {
   ReadAheadBlocks(const AudioFormat& format, std::uint64_t frameCount);
   void work(AudioFile& file);
   void fillNext(AudioFile& file, std::unique_lock<std::mutex>& lock);
-  [[nodiscard]] AudioFile::Read readOrEnd(AudioFile& file, std::uint64_t first,
-                                          std::uint32_t frames, std::span<std::byte> to) const;
   [[nodiscard]] Filled readInOrder(AudioFile& file, std::uint64_t first,
                                    const std::optional<FrameLoop>& loop,
                                    std::span<std::byte> to) const;

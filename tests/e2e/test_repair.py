@@ -113,6 +113,16 @@ class RepairTest(Case):
                         "R0001_Repaired.WAV in the same run\n")
         self.assertEqual(self.read("R0001_Repaired.WAV"), other)
 
+    def test_a_name_that_leads_nowhere_keeps_no_other_from_being_salvaged(self):
+        self.file("R0001.WAV", broken())
+        os.mkdir(self.path("gone"))
+        done = subprocess.run(["sh", "-c", 'rmdir "$PWD" && exec "$@"', "sh", CLI, "repair", "--quiet",
+                               "R0002.WAV", self.path("R0001.WAV")], cwd=self.path("gone"),
+                              capture_output=True, text=True, check=False)
+        self.assertEqual(done.returncode, 1)
+        self.assertRegex(done.stderr, r"\Amixdeck-cli: R0002\.WAV: .+\n\Z")
+        self.assertEqual(self.read("R0001_Repaired.WAV"), whole())
+
     def test_a_quiet_one_tells_only_what_goes_wrong(self):
         self.file("R0001.WAV", broken())
         self.file("R0002.WAV", recording())

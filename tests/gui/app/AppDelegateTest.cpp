@@ -6,19 +6,27 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <optional>
 
 namespace {
 
 using namespace std::chrono_literals;
 
 TEST(AppDelegateTest, WithTheEndOfTheProgramTheTimeBeginsThatAllHave) {
-  {
-    AppDelegate delegate(*qApp);
-    EXPECT_EQ(EndPatience::atMost(10min), 10min);
-    delegate.applicationWillTerminate();
-    EXPECT_LE(EndPatience::atMost(10min), EndPatience::kWhole);
-  }
+  std::optional<EndPatience> end;
+  AppDelegate delegate(*qApp, end);
   EXPECT_EQ(EndPatience::atMost(10min), 10min);
+  delegate.applicationWillTerminate();
+  EXPECT_LE(EndPatience::atMost(10min), EndPatience::kWhole);
+}
+
+TEST(AppDelegateTest, WhatEndsAfterItHasNoTimeOfItsOwn) {
+  std::optional<EndPatience> end;
+  {
+    AppDelegate delegate(*qApp, end);
+    delegate.applicationWillTerminate();
+  }
+  EXPECT_LE(EndPatience::atMost(10min), EndPatience::kWhole);
 }
 
 }  // namespace

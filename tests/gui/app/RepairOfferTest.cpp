@@ -174,6 +174,15 @@ TEST_F(Repair, TheEndWaitsUntilNothingOfASalvageRemains) {
   EXPECT_THAT(takes.names(), testing::ElementsAre("R0001.WAV"));
 }
 
+// Before exports that hang are waited for, which may leave it no time of its own.
+TEST_F(Repair, WhoeverEndsTheWindowEndsASalvageAtOnce) {
+  beginSalvage();
+  view().close();
+  press(box("R0001.WAV is being salvaged"), "Stop and quit");
+  waitFor([this] { return !offer().isSalvaging(); }, "its end");
+  EXPECT_THAT(takes.names(), testing::ElementsAre("R0001.WAV"));
+}
+
 TEST_F(Repair, AnotherTakeCanBeSalvagedOnceTheFirstHasEnded) {
   brokenTake("R0002.WAV");
   beginSalvage();

@@ -56,6 +56,24 @@ TEST_F(ReadAheadLoopTest, OfAShortLoopNoLessIsAtHand) {
   }
 }
 
+// A block and a half long. What it would say at its end is for who comes there.
+TEST_F(ReadAheadLoopTest, OfAShortFileThatIsLoopedNoLessIsAtHand) {
+  constexpr std::uint64_t kFrames = 9'000;
+  useFloatFile(kFrames);
+  badFrame = kFrames;
+  const auto file = opened();
+  waitUntilRead(kFrames);
+  file->setLoop(FrameLoop{0, kFrames});
+  constexpr std::uint64_t kAll = kFrames + 23 * std::uint64_t{kBlock};
+  ASSERT_TRUE(EventLoop::runUntil([&] { return medium.framesRead() >= kAll; }));
+  medium.holdFrom(0);
+  for (std::uint64_t turn = 0; turn < kAll / kFrames; ++turn) {
+    buffer.assign(kFrames * format.bytesPerPacket, std::byte{0});
+    ASSERT_EQ(file->readFrames(0, kFrames, buffer).frames, kFrames) << turn;
+    ASSERT_EQ(buffer, frames(0, kFrames)) << turn;
+  }
+}
+
 TEST_F(ReadAheadLoopTest, ALoopKeepsWhatIsAtHandAndComesNextAllTheSame) {
   useFloatFile(480'000);
   const auto file = opened();

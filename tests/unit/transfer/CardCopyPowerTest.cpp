@@ -3,7 +3,7 @@
 //
 // What a disk may have forgotten when the power goes after a manifest was written.
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -130,6 +130,21 @@ TEST_F(CardCopyPowerTest, AManifestWhoseNameIsNotSyncedIsToldAsNotWritten) {
   EXPECT_EQ(manifests.save({}), "");
   DiskLog::failFolderSyncs(EIO, 1);
   EXPECT_EQ(manifests.finish(), "Input/output error");
+  DiskLog::failFolderSyncs(0, 0);
+}
+
+// The second one stands there when its folder cannot be synced.
+TEST_F(CardCopyPowerTest, AManifestThatMayBeLostIsNoneThatSomebodyChanged) {
+  fs::create_directories(home() / "ascmhl");
+  ManifestFolder manifests(home());
+  Manifest manifest;
+  EXPECT_EQ(manifests.save(manifest), "");
+  manifest.host = "another";
+  DiskLog::failFolderSyncs(EIO, 1);
+  EXPECT_EQ(manifests.save(manifest), "Input/output error");
+  EXPECT_EQ(manifests.finish(), "");
+  const ManifestFolder found(home());
+  EXPECT_THAT(found.problems(), testing::IsEmpty());
   DiskLog::failFolderSyncs(0, 0);
 }
 
