@@ -29,8 +29,8 @@ class EndQuestion : public QObject {
 
   explicit EndQuestion(const Place& place, QObject* parent = nullptr);
 
-  /// True when the window may end; what is between card and disk is told to end then. While there
-  /// is such work it asks, and answers false; when the user wants the end, the exports are
+  /// True when the window may end; a copy, a verify and a salvage are told to end then. While there
+  /// is work to ask about it asks, and answers false; when the user wants the end, the exports are
   /// cancelled and `endRequested` follows.
   bool mayEnd();
 

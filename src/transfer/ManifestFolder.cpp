@@ -176,16 +176,14 @@ std::string ManifestFolder::save(const Manifest& manifest) {
   const std::string text = manifest.toXml();
   std::string reason =
       write(name, text, isNew ? AtomicFile::Existing::Refuse : AtomicFile::Existing::Replace);
-  // It may stand there all the same, without being on the disk for sure: the chain knows it then.
-  if (!reason.empty() && !isNew && textOf(inside(name)) == text) {
-    _chain.links.back().c4 = c4::idOf(text);
-    _isChainWhole = false;
-  }
-  if (!reason.empty()) return reason;
+  // A replaced one may stand there all the same, without being on the disk for sure.
+  const bool isThere = reason.empty() || (!isNew && textOf(inside(name)) == text);
+  if (!isThere) return reason;
   if (isNew) _chain.links.push_back({++_last, name, {}});
   _saved = name;
   _isChainWhole = false;
   _chain.links.back().c4 = c4::idOf(text);
+  if (!reason.empty()) return reason;
   error = FolderSync::of(_folder / kName);
   if (!error) error = FolderSync::of(_folder);
   return error ? error.message() : "";

@@ -33,4 +33,10 @@ TEST(EndPatienceTest, WhatTakesNoTimeTakesNothingFromTheOthers) {
   EXPECT_EQ(EndPatience::atMost(300ms), 0ms) << "never less";
 }
 
+TEST(SteadyTimeTest, GoesForward) {
+  const auto before = SteadyTime::now();
+  EXPECT_TRUE(before > 0ms);
+  EXPECT_GE(SteadyTime::now(), before);
+}
+
 }  // namespace
