@@ -13,7 +13,6 @@
 #include <string>
 #include <utility>
 
-#include "base/SteadyTime.h"
 #include "controls/Appearance.h"
 #include "controls/Colors.h"
 #include "controls/PlainText.h"

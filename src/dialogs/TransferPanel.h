@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/SteadyTime.h"
 #include "dialogs/DialogWindow.h"
 #include "dialogs/FolderButton.h"
 #include "dialogs/TransferJob.h"
@@ -33,10 +34,9 @@ class TransferPanel : public DialogWindow {
   using Places = std::vector<std::filesystem::path>;
   /// The work with the folders that were chosen.
   using Maker = std::function<TransferJob::Work(const Places& places)>;
-  using Clock = std::function<std::chrono::milliseconds()>;
 
   TransferPanel(const Words& words, Maker make, QWidget* parent);
-  void setClock(Clock clock) { _clock = std::move(clock); }
+  void setClock(SteadyTime::Clock clock) { _clock = std::move(clock); }
 
   /// One more folder to be chosen; before the panel is shown.
   FolderButton& addPlace(const QString& caption);
@@ -71,7 +71,7 @@ class TransferPanel : public DialogWindow {
 
   Words _words;
   Maker _make;
-  Clock _clock;
+  SteadyTime::Clock _clock;
   std::chrono::milliseconds _began{0};
   QFormLayout* _form;
   std::vector<FolderButton*> _places;

@@ -156,8 +156,8 @@ std::vector<ExportNote> TakeMemory::exportsOf(const fs::path& place) {
 bool TakeMemory::use(const Work& work) {
   End end = tryOnce(work);
   if (end == End::Damaged && setAside()) end = tryOnce(work);
-  if (end == End::Damaged) {
-    if (_trouble == Trouble::None) _trouble = Trouble::OutOfReach;
+  if (end == End::Damaged && _trouble == Trouble::None) {
+    _trouble = Trouble::OutOfReach;
     _failure = fmt::format("{}: is damaged and cannot be set aside", _file.native());
   }
   return end == End::Done;

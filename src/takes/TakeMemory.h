@@ -22,9 +22,10 @@ class Database;
 /// The file is opened for each operation alone, so that nothing is lost with a program that ends,
 /// and several programs may use it at once. One that is damaged is set aside (`DamagedFile`), and a
 /// new one begun; one of a newer version is left as it is, and nothing is remembered. What cannot
-/// be read or written counts as not remembered, and is left as it is too. An operation waits for
-/// another program that has the file locked as long as its patience lasts; after one that waited in
-/// vain none waits until one has succeeded, so that many do not wait many times.
+/// be read or written, or set aside, counts as not remembered, and is left as it is too. An
+/// operation waits for another program that has the file locked as long as its patience lasts;
+/// after one that waited in vain none waits until one has succeeded, so that many do not wait many
+/// times.
 ///
 /// Nothing throws but where memory runs out. One thread at a time; each operation waits for the
 /// medium.
