@@ -105,12 +105,13 @@ bool isUnder(std::string_view path) {
 }
 
 void note(Board& all, Kind kind, std::string_view path) {
-  ++all.calls[kind];
-  if (!isMainThread()) return;
-  ++all.mainCalls[kind];
-  const std::size_t count = std::min(path.size(), kPath - 1);
-  std::memcpy(all.lastMain.data(), path.data(), count);
-  all.lastMain[count] = '\0';
+  if (isMainThread()) {
+    const std::size_t count = std::min(path.size(), kPath - 1);
+    std::memcpy(all.lastMain.data(), path.data(), count);
+    all.lastMain[count] = '\0';
+    ++all.mainCalls[kind];
+  }
+  ++all.calls[kind];  // last: who sees it sees the rest
 }
 
 void hang(Kind kind, std::string_view path) {
