@@ -8,6 +8,7 @@
 
 #include <charconv>
 #include <system_error>
+#include <thread>
 
 namespace {
 
@@ -50,7 +51,8 @@ int causeOf(std::string_view finding) {
 }  // namespace
 
 Database::Database(const std::filesystem::path& file, Access access,
-                   std::chrono::milliseconds patience) {
+                   std::chrono::milliseconds patience)
+    : _patience(patience) {
   const std::string name = access == Access::Frozen ? asAddress(file) : file.native();
   note(sqlite3_open_v2(name.c_str(), &_connection, flagsOf(access), nullptr));
   if (_connection == nullptr) return;  // no memory
@@ -70,6 +72,19 @@ bool Database::note(int code) {
 
 bool Database::run(const char* statements) {
   return note(sqlite3_exec(_connection, statements, nullptr, nullptr, nullptr));
+}
+
+// SQLite itself does not wait there for who is about to write.
+bool Database::writeAhead() {
+  constexpr auto kPoll = std::chrono::milliseconds(2);
+  const int before = _code;
+  const auto end = std::chrono::steady_clock::now() + _patience;
+  while (!run("PRAGMA journal_mode = WAL")) {
+    if (!isBusy() || std::chrono::steady_clock::now() >= end) return false;
+    std::this_thread::sleep_for(kPoll);
+  }
+  _code = before;
+  return true;
 }
 
 std::optional<std::int64_t> Database::number(const char* statement) {

@@ -31,6 +31,8 @@ class Database {
 
   /// Carries out statements that give nothing back.
   bool run(const char* statements);
+  /// From now on what is changed is written ahead, so that who reads need not wait for who writes.
+  bool writeAhead();
   /// The first figure that the statement gives.
   std::optional<std::int64_t> number(const char* statement);
   /// The first text that it gives.
@@ -87,6 +89,7 @@ class Database {
   /// The system's number for what last went wrong with the medium; 0 for none.
   [[nodiscard]] int mediumError() const;
 
+  std::chrono::milliseconds _patience;
   sqlite3* _connection = nullptr;
   int _code = 0;  ///< of what failed last
 };

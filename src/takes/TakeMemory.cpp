@@ -207,7 +207,7 @@ TakeMemory::End TakeMemory::look(Database& database) {
 
 // Another program may have been quicker.
 bool TakeMemory::bringUp(Database& database) {
-  if (!database.run("PRAGMA journal_mode = WAL; BEGIN IMMEDIATE")) return false;
+  if (!database.writeAhead() || !database.run("BEGIN IMMEDIATE")) return false;
   const auto from = database.number("PRAGMA user_version");
   if (!from || *from < 0) return false;
   for (auto step = static_cast<std::size_t>(*from); step < kSteps.size(); ++step) {

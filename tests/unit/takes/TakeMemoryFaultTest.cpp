@@ -236,6 +236,22 @@ TEST_F(MemoryFault, WhileAnotherProgramHasItLockedItIsReadAndNotSetAside) {
   EXPECT_EQ(gainOf(file, "a"), 3);
 }
 
+// SQLite waits for one that writes, but not where the layout of the file is changed.
+TEST_F(MemoryFault, WhileAnotherProgramBeginsItIsWaitedFor) {
+  std::filesystem::create_directories(file.parent_path());
+  sqlite3* other = nullptr;
+  ASSERT_EQ(sqlite3_open(file.c_str(), &other), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+  bool isRemembered = false;
+  std::thread waiting(
+      [&] { isRemembered = TakeMemory(file, std::chrono::minutes(1)).remember("a", sound(2)); });
+  std::this_thread::sleep_for(std::chrono::milliseconds(100));
+  sqlite3_close(other);
+  waiting.join();
+  EXPECT_TRUE(isRemembered);
+  EXPECT_EQ(gainOf(file, "a"), 2);
+}
+
 // Takes that are asked for one after the other wait once, not once each.
 TEST_F(MemoryFault, WhoHasWaitedInVainDoesNotWaitAgainUntilItIsFree) {
   remember(file, "a", 1);
