@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kLeastPixels = 6;
 
-QString text(const std::optional<double>& figure, const QString& unit) {
+QString figureText(const std::optional<double>& figure, const QString& unit) {
   if (!figure) return QStringLiteral("–");
   return NumberText::printed(NumberText::level(*figure)) + u' ' + unit;
 }
@@ -47,8 +47,8 @@ CostView::CostView(QWidget* parent) : QWidget(parent) {
 
 void CostView::showFigures(int width, const TakeFigures& figures, const QColor& peakColor) {
   tell(*lblWidth, tr("Width"), tr("%1°").arg(width));
-  tell(*lblLoudness, tr("Loudness"), text(figures.integratedLufs, QStringLiteral("LUFS")));
-  tell(*lblPeak, tr("True peak"), text(figures.truePeakDbtp, QStringLiteral("dBTP")));
+  tell(*lblLoudness, tr("Loudness"), figureText(figures.integratedLufs, QStringLiteral("LUFS")));
+  tell(*lblPeak, tr("True peak"), figureText(figures.truePeakDbtp, QStringLiteral("dBTP")));
   QPalette palette = lblPeak->palette();
   if (palette.color(QPalette::WindowText) != peakColor) {
     palette.setColor(QPalette::WindowText, peakColor);

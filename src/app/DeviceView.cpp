@@ -15,8 +15,8 @@
 namespace {
 
 // The room of each line and column with the usual font, which has some to spare.
-constexpr int kWidth = 286;
-constexpr int kInset = 16;
+constexpr int kDeviceWidth = 286;
+constexpr int kDeviceInset = 16;
 constexpr int kTop = 20;
 constexpr int kLine = 18;
 constexpr int kTallLine = 20;
@@ -26,7 +26,7 @@ constexpr QSize kPicture{51, 112};  // no wider than what is drawn in it
 constexpr int kBesidePicture = 19;
 constexpr QSize kDot{14, 10};  // with what is kept free over it and to its right
 
-QString look() {
+QString lookOfLink() {
   return QStringLiteral(
              "#viewDeviceBG { background: %1; border-radius: 2px; }"
              "#listBatteryCover, #listAutoPowOffCover { background: transparent;"
@@ -71,15 +71,15 @@ DeviceView::DeviceView(QWidget* parent) : QWidget(parent) {
   dress();
   setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
   auto* const all = new QVBoxLayout(this);
-  all->setContentsMargins(kInset, kTop, kInset, kInset);
+  all->setContentsMargins(kDeviceInset, kTop, kDeviceInset, kDeviceInset);
   all->setSpacing(12);
-  all->addStrut(kWidth);
+  all->addStrut(kDeviceWidth);
   all->addLayout(makeState());
   all->addLayout(makeSettings());
 }
 
 void DeviceView::dress() {
-  const QString now = look();
+  const QString now = lookOfLink();
   if (now != styleSheet()) setStyleSheet(now);
 }
 

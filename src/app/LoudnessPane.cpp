@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int kHeadRefresh = 100;  // ms, a block of the analysis
+constexpr int kFiguresRefresh = 100;  // ms, a block of the analysis
 
 FigureLine::Look lookOf(const std::optional<double>& truePeak) {
   if (!truePeak || *truePeak <= LoudnessPane::kNear) return FigureLine::Look::Strong;
@@ -35,7 +35,7 @@ LoudnessPane::LoudnessPane(PlayerView& view, TakeSession& take, MeasuredTake& me
 
 void LoudnessPane::showState() {
   if (_take.state() == TakeSession::State::Playing) {
-    _timerLoudness.start(kHeadRefresh);
+    _timerLoudness.start(kFiguresRefresh);
   } else {
     _timerLoudness.stop();
   }

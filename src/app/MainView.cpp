@@ -17,7 +17,7 @@
 namespace {
 
 constexpr int kOuter = 16;
-constexpr int kGap = 12;
+constexpr int kPaneGap = 12;
 constexpr int kTogglePixels = 12;
 
 // What the list has in a window of the usual size, and at most.
@@ -31,7 +31,7 @@ class Columns : public QHBoxLayout {
   using QHBoxLayout::QHBoxLayout;
 
   void setGeometry(const QRect& rect) override {
-    const int room = rect.width() - 2 * kOuter - kGap;
+    const int room = rect.width() - 2 * kOuter - kPaneGap;
     const int list = std::clamp(kUsualList + (room - kUsualRoom) / 3, kUsualList, kMostList);
     setStretch(0, list);
     setStretch(1, std::max(1, room - list));
@@ -78,7 +78,7 @@ QString lookOfParts() {
       .arg(Appearance::pixels(kTogglePixels));
 }
 
-QAccessibleInterface* makeInterface(MainView& view) {
+QAccessibleInterface* makeViewInterface(MainView& view) {
   return new WindowAccessible(view);
 }
 
@@ -86,17 +86,17 @@ QAccessibleInterface* makeInterface(MainView& view) {
 
 MainView::MainView(QWidget* parent) : QWidget(parent) {
   PopupAccessible::install();  // before the pop-ups, which are the toolkit's
-  AccessibleFactory::install<MainView, makeInterface>();
+  AccessibleFactory::install<MainView, makeViewInterface>();
   dress();
   auto* const left = new QVBoxLayout;
-  left->setSpacing(kGap);
+  left->setSpacing(kPaneGap);
   browser = new BrowserView(this);
   left->addWidget(browser, 1);
   device = new DeviceView(this);
   left->addWidget(device);
   auto* const all = new Columns(this);
   all->setContentsMargins(kOuter, kOuter, kOuter, kOuter);
-  all->setSpacing(kGap);
+  all->setSpacing(kPaneGap);
   all->addLayout(left);
   player = new PlayerView(this);
   all->addWidget(player);

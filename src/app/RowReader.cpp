@@ -48,7 +48,7 @@ void readFile(const std::string& path, RowReader::Known& known) {
   known.isRawMidSide = Recognition(*reader).isRawMidSide();
 }
 
-QString describe(const ExportNote& note, bool isRaw) {
+QString describeExport(const ExportNote& note, bool isRaw) {
   QStringList parts;
   if (isRaw && note.width) parts << RowReader::tr("width %1°").arg(static_cast<int>(*note.width));
   if (note.gain) parts << RowReader::tr("gain %1 dB").arg(NumberText::of(*note.gain));
@@ -86,7 +86,7 @@ void lookForExports(const fs::path& take, RowReader::Known& known, const Notes& 
     const FileTime now = FileTime::of(note.target);
     if (!now.isThere) continue;
     note.written = now.modified / FileTime::kSecond;
-    lines << describe(note, known.isRawMidSide);
+    lines << describeExport(note, known.isRawMidSide);
   }
   known.facts.isExported = !lines.isEmpty();
   known.facts.exportNote = lines.join(u'\n');

@@ -15,8 +15,6 @@
 namespace {
 
 constexpr int kSettled = 1000;  // ms without a change
-constexpr const char* kOn = "on";
-constexpr const char* kOff = "off";
 
 }  // namespace
 
@@ -49,11 +47,11 @@ TakeRecall::~TakeRecall() {
 
 // On, unless somebody has turned it off.
 void TakeRecall::readSetting() {
-  _action.setChecked(Utility::getStringValue(Utility::kRememberTakes) != kOff);
+  _action.setChecked(Utility::getStringValue(Utility::kRememberTakes) != Utility::kOff);
 }
 
 void TakeRecall::switched(bool isOn) {
-  Utility::store(Utility::kRememberTakes, isOn ? kOn : kOff);
+  Utility::store(Utility::kRememberTakes, isOn ? Utility::kOn : Utility::kOff);
   _errand.giveUp();
   _look.giveUp();
   _timerRemember.stop();

@@ -17,8 +17,6 @@
 namespace {
 
 // As the setting is stored; anything else is off.
-constexpr const char* kOn = "on";
-constexpr const char* kOff = "off";
 
 }  // namespace
 
@@ -55,8 +53,9 @@ void WindowCommands::connectMenu() {
   connect(_menu.actionClearPeaks, &QAction::triggered, this, &WindowCommands::clearPeaksRequested);
   connect(_menu.actionMetersByRule, &QAction::toggled, this,
           &WindowCommands::metersByRuleRequested);
-  connect(_menu.actionMetersByRule, &QAction::toggled, this,
-          [](bool isOn) { Utility::store(Utility::kMetersByRule, isOn ? kOn : kOff); });
+  connect(_menu.actionMetersByRule, &QAction::toggled, this, [](bool isOn) {
+    Utility::store(Utility::kMetersByRule, isOn ? Utility::kOn : Utility::kOff);
+  });
   connect(_menu.actionPlay, &QAction::triggered, this, &WindowCommands::playRequested);
   connect(_menu.actionKeys, &QAction::triggered, this, &WindowCommands::showKeys);
   connect(_menu.actionIntroduction, &QAction::triggered, this, &WindowCommands::showIntroduction);
@@ -76,7 +75,8 @@ void WindowCommands::readVersion() {
 }
 
 void WindowCommands::readSettings() {
-  _menu.actionMetersByRule->setChecked(Utility::getStringValue(Utility::kMetersByRule) == kOn);
+  _menu.actionMetersByRule->setChecked(Utility::getStringValue(Utility::kMetersByRule) ==
+                                       Utility::kOn);
 }
 
 void WindowCommands::present(DialogWindow* dialog) const {

@@ -14,9 +14,12 @@ class Utility {
   static constexpr std::string_view kLastOpenFolder = "UD_LAST_OPEN_FOLDER";
   /// The version ("0.1.0.1") whose introduction the user does not want to see again.
   static constexpr std::string_view kDoNotShowAgain = "UD_DO_NOT_SHOW_AGAIN";
-  /// "on" where meters follow the recorder's rule.
+  /// What a switch is stored as.
+  static constexpr std::string_view kOn = "on";
+  static constexpr std::string_view kOff = "off";
+  /// `kOn` where meters follow the recorder's rule.
   static constexpr std::string_view kMetersByRule = "UD_METERS_BY_RULE";
-  /// "off" where width, gain and loop of takes are not remembered.
+  /// `kOff` where width, gain and loop of takes are not remembered.
   static constexpr std::string_view kRememberTakes = "UD_REMEMBER_TAKES";
   /// "recorded" or "duration" where the list is in this order, else it is by name.
   static constexpr std::string_view kListOrder = "UD_LIST_ORDER";

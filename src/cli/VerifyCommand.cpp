@@ -52,7 +52,7 @@ std::string summaryOf(const std::array<std::size_t, kWords.size()>& counts) {
 }
 
 // What to do about it.
-std::string_view advice(FolderCheck::Obstacle obstacle) {
+std::string_view adviceOn(FolderCheck::Obstacle obstacle) {
   switch (obstacle) {
     case FolderCheck::Obstacle::Copying:
       return "verify again at its end";
@@ -79,7 +79,7 @@ CLI::App* VerifyCommand::declare(CLI::App& program) {
 std::string VerifyCommand::problemOf(const FolderCheck& check) const {
   if (check.obstacle() == FolderCheck::Obstacle::Cancelled) return kCancelled;
   return problemLine(_folder, kFailToOpen,
-                     fmt::format("{}; {}", check.whyNot(), advice(check.obstacle())));
+                     fmt::format("{}; {}", check.whyNot(), adviceOn(check.obstacle())));
 }
 
 int VerifyCommand::run() {

@@ -14,7 +14,7 @@
 namespace {
 
 constexpr double kThickness = 4.0;
-constexpr double kBarRadius = 2.0;
+constexpr double kTrackRadius = 2.0;
 constexpr double kKnobMargins = 8.0;
 constexpr double kKnobScale = 0.85;
 constexpr double kKnobDrop = -2.0;
@@ -106,8 +106,8 @@ void J4SliderCell::drawVertical(QPainter& painter, const QRectF& track) const {
 void J4SliderCell::drawBar(QPainter& painter, const QRectF& track, bool isVertical) const {
   const auto fill = [&](const QRectF& bar, const QColor& color) {
     painter.setBrush(color);
-    painter.drawRoundedRect(sharpened(bar, painter.deviceTransform(), isVertical), kBarRadius,
-                            kBarRadius);
+    painter.drawRoundedRect(sharpened(bar, painter.deviceTransform(), isVertical), kTrackRadius,
+                            kTrackRadius);
   };
   painter.setPen(Qt::NoPen);
   fill(background(track, isVertical), AngleViewer::GrayBackgroundColor());

@@ -18,7 +18,7 @@ namespace {
 constexpr double kScopeRadius = 4;
 constexpr double kFadeTime = 0.12;  // seconds after which a point has a third of its light
 constexpr double kLetter = 16;      // of its box, at least
-constexpr double kEdge = 10;        // from there to its middle, at least
+constexpr double kRim = 10;         // from there to its middle, at least
 constexpr double kInner = 0.05;     // of the side: the lines keep clear of the middle
 constexpr double kDiagonal = 0.36;  // how far out lines reach
 constexpr double kStraight = 0.38;
@@ -125,7 +125,7 @@ void StereoScope::drawLetters(QPainter& painter) const {
   painter.setFont(Appearance::small(font()));
   const double side = std::min(width(), height());
   const double box = std::max<double>(kLetter, painter.fontMetrics().height());
-  const double edge = std::max(kEdge, box / 2);
+  const double edge = std::max(kRim, box / 2);
   const auto draw = [&](QPointF at, const QColor& color, const QString& text) {
     painter.setPen(color);
     painter.drawText(QRectF(at - QPointF(box, box) / 2, QSizeF(box, box)), Qt::AlignCenter, text);

@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr double kHeight = 15;  // at least
-constexpr int kMarkGap = 70;    // between marks at least
+constexpr double kRulerHeight = 15;  // at least
+constexpr int kMarkGap = 70;         // between marks at least
 constexpr double kMark = 4;
 constexpr double kBeside = 4;  // from the left edge of a mark to its time
 constexpr double kApart = 10;  // between two times
@@ -38,7 +38,7 @@ bool isFree(const QRectF& place, std::span<const QRectF> covered) {
 
 void WaveformRuler::setFont(const QFont& font) {
   _small = Appearance::small(font);
-  _height = std::max<double>(kHeight, QFontMetrics(_small).height());
+  _height = std::max<double>(kRulerHeight, QFontMetrics(_small).height());
   _leastGap = Appearance::lineWidth(kMarkGap, font);
   _asked = {};
 }

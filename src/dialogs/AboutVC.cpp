@@ -14,7 +14,7 @@
 namespace {
 
 constexpr QSize kLogo(110, 85);
-constexpr int kWidth = 360;
+constexpr int kAboutWidth = 360;
 
 }  // namespace
 
@@ -49,7 +49,7 @@ AboutVC::AboutVC(QWidget* parent) : DialogWindow(parent) {
   column->insertSpacing(7, 10);
   column->addSpacing(6);
   column->addWidget(_copy, 0, Qt::AlignHCenter);
-  setMinimumWidth(Appearance::lineWidth(kWidth, font()));
+  setMinimumWidth(Appearance::lineWidth(kAboutWidth, font()));
 }
 
 void AboutVC::viewWillAppear() {

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int kRefresh = 40;  // ms
+constexpr int kQueueRefresh = 40;  // ms
 
 }  // namespace
 
@@ -97,7 +97,7 @@ void BatchDesk::cancel(const std::vector<int>& ids) {
 
 // Each look at the panel goes through all lines, and many of them may end at once.
 void BatchDesk::refreshSoon() {
-  if (!_soon.isActive()) _soon.start(kRefresh);
+  if (!_soon.isActive()) _soon.start(kQueueRefresh);
 }
 
 void BatchDesk::refresh() {

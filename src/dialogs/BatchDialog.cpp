@@ -21,12 +21,11 @@
 
 namespace {
 
-constexpr int kTextWidth = 360;
-constexpr int kMargin = 28;
+constexpr int kHintWidth = 360;
 constexpr int kRefusedLines = 5;
 
 // Why a take is not exported.
-QString reasonOf(const BatchPlan::Item& item) {
+QString itemReason(const BatchPlan::Item& item) {
   switch (item.fate) {
     case BatchPlan::Fate::Exists:
       return BatchDialog::tr("%1 exists").arg(PathText::nameOf(item.order.target));
@@ -64,7 +63,7 @@ void BatchDialog::initWindowUI() {
 
 void BatchDialog::layOut() {
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(kMargin, 24, kMargin, 20);
+  column->setContentsMargins(kMargins);
   column->setSpacing(8);
   const int count = static_cast<int>(_takes.files.size());
   column->addWidget(label(
@@ -88,7 +87,7 @@ void BatchDialog::layOut() {
   column->addWidget(_warning);
   column->addSpacing(8);
   column->addLayout(buttons());
-  setMinimumWidth(Appearance::lineWidth(kTextWidth, font()) + 2 * kMargin);
+  setMinimumWidth(Appearance::lineWidth(kHintWidth, font()) + kMarginsAcross);
 }
 
 QLayout* BatchDialog::facts() {
@@ -238,7 +237,7 @@ void BatchDialog::showRefused() {
 }
 
 void BatchDialog::addRefused(const BatchPlan::Item& item) {
-  const QString line = tr("%1: %2").arg(PathText::nameOf(item.order.source), reasonOf(item));
+  const QString line = tr("%1: %2").arg(PathText::nameOf(item.order.source), itemReason(item));
   auto* const row = new QListWidgetItem(line, _refused);
   row->setToolTip(PlainText::of(line));
 }

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 #include <QLabel>
+#include <QMargins>
 #include <QRect>
 #include <QString>
 
@@ -24,6 +25,12 @@ class DialogWindow : public QDialog {
   void bringUp();
 
  protected:
+  /// Around what the dialog holds.
+  static constexpr QMargins kMargins{28, 24, 28, 20};
+  static constexpr int kMarginsAcross = kMargins.left() + kMargins.right();
+  /// Of a bar that shows how far it is.
+  static constexpr int kSteps = 1000;
+
   /// Runs each time the dialog is about to be shown, laid out but not yet on the screen.
   virtual void viewWillAppear() { initWindowUI(); }
   /// Gives the window its looks and its place.

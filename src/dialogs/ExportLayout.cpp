@@ -11,14 +11,13 @@
 
 namespace {
 
-constexpr int kMargin = 28;
 constexpr int kUnderWarning = 8;  // more than what stands between other lines
 
 }  // namespace
 
 void ExportVC::layOut() {
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(kMargin, 24, kMargin, 20);
+  column->setContentsMargins(kMargins);
   column->setSpacing(8);
   _name = label({}, "title");
   column->addWidget(_name);
@@ -37,7 +36,7 @@ void ExportVC::layOut() {
   _warning->setContentsMargins(0, 0, 0, kUnderWarning);
   column->addWidget(_warning);
   column->addLayout(buttons());
-  setMinimumWidth(Appearance::lineWidth(kTextWidth, font()) + 2 * kMargin);
+  setMinimumWidth(Appearance::lineWidth(kTextWidth, font()) + kMarginsAcross);
 }
 
 QLayout* ExportVC::facts() {

@@ -10,9 +10,7 @@
 
 namespace {
 
-constexpr int kSteps = 1000;
-constexpr int kWidth = 320;  // of the lines
-constexpr int kMargins = 2 * 28;
+constexpr int kLineWidth = 320;  // of the lines
 
 }  // namespace
 
@@ -31,21 +29,21 @@ ExportProgress::ExportProgress(const QString& source, const QString& target, QWi
   last->addWidget(_state, 1);
   last->addWidget(_cancel);
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(28, 24, 28, 20);
+  column->setContentsMargins(kMargins);
   column->setSpacing(8);
   column->addWidget(nameLine(tr("Exporting %1").arg(source), "heading"));
   column->addWidget(nameLine(tr("to %1").arg(target), "dim"));
   column->addSpacing(4);
   column->addWidget(_bar);
   column->addLayout(last);
-  setMinimumWidth(Appearance::lineWidth(kWidth, font()) + kMargins);
+  setMinimumWidth(Appearance::lineWidth(kLineWidth, font()) + kMarginsAcross);
   update(0, {});
   comeQuietly();
 }
 
 QLabel* ExportProgress::nameLine(const QString& text, const char* role) {
   QLabel* const line = label({}, role);
-  showName(*line, text, Appearance::lineWidth(kWidth, font()));
+  showName(*line, text, Appearance::lineWidth(kLineWidth, font()));
   return line;
 }
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int kTextWidth = 180;
+constexpr int kFolderWidth = 180;
 
 }  // namespace
 
@@ -25,7 +25,7 @@ void FolderButton::setFolder(const std::filesystem::path& folder) {
   _folder = folder;
   const QString path = PathText::textOf(folder);
   const QString name = folder.has_filename() ? PathText::textOf(folder.filename()) : path;
-  const int width = Appearance::lineWidth(kTextWidth, font());
+  const int width = Appearance::lineWidth(kFolderWidth, font());
   // One alone would underline the letter after it.
   setText(
       fontMetrics().elidedText(name, Qt::ElideMiddle, width).replace(u'&', QLatin1String("&&")));

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr QSize kPicture(54, 120);
+constexpr QSize kRecorderPicture(54, 120);
 constexpr int kNoteWidth = 260;
 
 }  // namespace
@@ -21,7 +21,7 @@ NodeviceVC::NodeviceVC(QWidget* parent) : DialogWindow(parent) {
   setAttribute(Qt::WA_DeleteOnClose);
   auto* const picture = new QLabel(this);
   picture->setPixmap(
-      Artwork::icon(QStringLiteral("device_j4")).pixmap(kPicture, devicePixelRatioF()));
+      Artwork::icon(QStringLiteral("device_j4")).pixmap(kRecorderPicture, devicePixelRatioF()));
   picture->setAccessibleName(tr("The recorder"));
   auto* const ok = new QPushButton(tr("OK"), this);
   ok->setProperty("primary", true);

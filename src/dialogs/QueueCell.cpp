@@ -14,8 +14,8 @@
 namespace {
 
 constexpr int kSide = 10;
-constexpr int kGap = 16;    // between name and state
-constexpr int kMargin = 9;  // over and under the text
+constexpr int kGap = 16;        // between name and state
+constexpr int kCellMargin = 9;  // over and under the text
 constexpr int kBar = 3;
 constexpr double kRadius = 3.0;
 
@@ -81,5 +81,5 @@ void QueueCell::paint(QPainter* painter, const QStyleOptionViewItem& option,
 }
 
 QSize QueueCell::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& /*index*/) const {
-  return {0, option.fontMetrics.height() + 2 * kMargin};
+  return {0, option.fontMetrics.height() + 2 * kCellMargin};
 }

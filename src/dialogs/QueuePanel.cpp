@@ -17,9 +17,8 @@ namespace {
 
 using State = QueueModel::State;
 
-constexpr int kSteps = 1000;
-constexpr int kWidth = 460;
-constexpr int kListHeight = 260;
+constexpr int kPanelWidth = 460;
+constexpr int kPanelHeight = 260;
 
 bool isUnderWay(const QueueModel::Line& line) {
   return line.state == State::Waiting || line.state == State::Running;
@@ -38,7 +37,7 @@ QueuePanel::QueuePanel(QueueModel& model, QWidget* parent) : DialogWindow(parent
   _bar->setAccessibleName(tr("Progress of all"));
   makeList();
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(28, 24, 28, 20);
+  column->setContentsMargins(kMargins);
   column->setSpacing(8);
   column->addWidget(_summary);
   column->addWidget(_bar);
@@ -46,7 +45,7 @@ QueuePanel::QueuePanel(QueueModel& model, QWidget* parent) : DialogWindow(parent
   column->addWidget(_list, 1);
   column->addSpacing(8);
   column->addLayout(buttons());
-  setMinimumWidth(Appearance::lineWidth(kWidth, font()));
+  setMinimumWidth(Appearance::lineWidth(kPanelWidth, font()));
   refresh({});
 }
 
@@ -59,7 +58,7 @@ void QueuePanel::makeList() {
   _list->setFrameShape(QFrame::NoFrame);
   _list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   _list->setAccessibleName(tr("Exports"));
-  _list->setMinimumHeight(kListHeight);
+  _list->setMinimumHeight(kPanelHeight);
   _list->setModel(&_model);
   connect(_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &QueuePanel::showButtons);

@@ -23,7 +23,7 @@ namespace {
 using Line = TakeFacts::Line;
 
 constexpr QSize kTreeSize(520, 420);
-constexpr int kNameWidth = 190;
+constexpr int kFieldWidth = 190;
 constexpr int kLook = 100;  // ms
 
 // As the tool prints them.
@@ -75,7 +75,7 @@ void TakeInformation::layOut() {
   _tree->setFrameShape(QFrame::NoFrame);
   _tree->setAccessibleName(tr("Information"));
   _tree->setMinimumSize(kTreeSize);
-  _tree->header()->resizeSection(0, Appearance::lineWidth(kNameWidth, font()));
+  _tree->header()->resizeSection(0, Appearance::lineWidth(kFieldWidth, font()));
   auto* const copy = new QPushButton(tr("Copy"), this);
   auto* const close = new QPushButton(tr("Close"), this);
   copy->setAutoDefault(false);
@@ -87,7 +87,7 @@ void TakeInformation::layOut() {
   row->addStretch();
   row->addWidget(close);
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(28, 24, 28, 20);
+  column->setContentsMargins(kMargins);
   column->setSpacing(12);
   column->addWidget(name);
   column->addWidget(_tree, 1);

@@ -22,9 +22,7 @@
 
 namespace {
 
-constexpr int kSteps = 1000;
 constexpr int kWidth = 400;
-constexpr int kMargin = 28;
 constexpr int kListHeight = 200;
 constexpr int kFile = Qt::UserRole;  // of a line, as bytes
 
@@ -37,7 +35,7 @@ TransferPanel::TransferPanel(const Words& words, Maker make, QWidget* parent)
   _form->setVerticalSpacing(8);
   makeReport(words.lines);
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(kMargin, 24, kMargin, 20);
+  column->setContentsMargins(kMargins);
   column->setSpacing(8);
   column->addLayout(_form);
   column->addSpacing(4);
@@ -47,7 +45,7 @@ TransferPanel::TransferPanel(const Words& words, Maker make, QWidget* parent)
   }
   column->addSpacing(8);
   column->addLayout(buttons(words.begin));
-  setMinimumWidth(Appearance::lineWidth(kWidth, font()) + 2 * kMargin);
+  setMinimumWidth(Appearance::lineWidth(kWidth, font()) + kMarginsAcross);
   showStage(Stage::Choosing);
   connect(&_job, &TransferJob::progressed, this, &TransferPanel::showProgress);
   connect(&_job, &TransferJob::told, this, &TransferPanel::add);

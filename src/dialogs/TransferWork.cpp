@@ -22,7 +22,7 @@ using Desk = TransferJob::Desk;
 using End = TransferJob::End;
 using State = FolderCheck::State;
 
-QString sentence(const std::string& reason) {
+QString asSentence(const std::string& reason) {
   return reason.empty() ? QString() : Reason::text(reason) + u'.';
 }
 
@@ -68,7 +68,7 @@ class Copying {
   End run() {
     const std::string whyNot = _job.prepare();
     if (_job.wasCancelled()) return cancelled();
-    if (!whyNot.empty()) return {.complaint = sentence(whyNot)};
+    if (!whyNot.empty()) return {.complaint = asSentence(whyNot)};
     tellGaps(_job.gaps(), _card, _desk);
     tellProblems(_job.problems(), _desk);
     const bool isAllThere = _job.run();
@@ -80,10 +80,10 @@ class Copying {
     const bool isThere =
         result.outcome == CardCopy::Outcome::Copied || result.outcome == CardCopy::Outcome::Kept;
     _there += isThere ? 1 : 0;
-    _desk.add({textOf(result), isThere, isThere ? _folder / result.take : fs::path()});
+    _desk.add({lineOf(result), isThere, isThere ? _folder / result.take : fs::path()});
   }
 
-  static QString textOf(const CardCopy::Result& result) {
+  static QString lineOf(const CardCopy::Result& result) {
     const QString name = PathText::textOf(result.take);
     const QString reason = Reason::text(result.reason);
     switch (result.outcome) {
@@ -105,7 +105,7 @@ class Copying {
   }
 
   [[nodiscard]] QString complaint() const {
-    QStringList sentences{sentence(_job.failure())};
+    QStringList sentences{asSentence(_job.failure())};
     if (_job.wasCancelled()) sentences << TransferWork::tr("Cancelled.");
     sentences.removeAll(QString());
     if (!sentences.empty()) {
@@ -122,7 +122,7 @@ class Copying {
   int _there = 0;
 };
 
-QString textOf(const FolderCheck::Finding& finding) {
+QString lineOf(const FolderCheck::Finding& finding) {
   const QString name = PathText::textOf(finding.path);
   const QString detail = Reason::text(finding.detail);
   switch (finding.state) {
@@ -158,7 +158,7 @@ QString complaintOf(const FolderCheck& check, const Desk& desk) {
 End verified(const fs::path& folder, Desk& desk) {
   FolderCheck check(folder, [&desk] { return !desk.cancel(); });
   if (check.obstacle() == FolderCheck::Obstacle::Cancelled) return cancelled();
-  if (!check.whyNot().empty()) return {.complaint = sentence(check.whyNot())};
+  if (!check.whyNot().empty()) return {.complaint = asSentence(check.whyNot())};
   tellProblems(check.problems(), desk);
   tellGaps(check.gaps(), folder, desk);
   TransferJob::Progress progress{.total = check.bytes()};
@@ -166,7 +166,7 @@ End verified(const fs::path& folder, Desk& desk) {
   const auto tell = [&](const FolderCheck::Finding& finding) {
     const bool isRight = finding.state == State::Right;
     ++counts.at(isRight ? 1 : 0);
-    if (!isRight) desk.add({textOf(finding), false, fileOf(finding, folder)});
+    if (!isRight) desk.add({lineOf(finding), false, fileOf(finding, folder)});
   };
   const auto step = [&](std::uint64_t bytes) {
     progress.done += bytes;

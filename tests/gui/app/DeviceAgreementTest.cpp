@@ -70,7 +70,7 @@ class DeviceAgreement : public WindowFixture, public testing::WithParamInterface
   }
 };
 
-std::string nameOf(const testing::TestParamInfo<const char*>& script) {
+std::string scriptName(const testing::TestParamInfo<const char*>& script) {
   constexpr std::array kNames{"Whole", "Stopped", "Late"};
   return kNames.at(script.index);
 }
@@ -78,7 +78,7 @@ std::string nameOf(const testing::TestParamInfo<const char*>& script) {
 INSTANTIATE_TEST_SUITE_P(OfHandshakes, DeviceAgreement,
                          testing::Values("report@3,unplug@4", "silent@start,report@6,unplug@6.5",
                                          "slow@card,unplug@7"),
-                         nameOf);
+                         scriptName);
 
 TEST_P(DeviceAgreement, HoldsOverAScript) {
   constexpr double kLongest = 8;

@@ -21,7 +21,7 @@
 
 namespace {
 
-QAccessibleInterface& of(QObject& object) {
+QAccessibleInterface& interfaceOf(QObject& object) {
   QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&object);
   if (interface == nullptr) qFatal("a control has no accessible interface");
   return *interface;
@@ -80,7 +80,7 @@ TEST(ClipLamp, IsLitOverFullScaleAndIsAButton) {
   EXPECT_TRUE(lamp.isLit());
   EXPECT_EQ(lamp.figure(), "+3.5");
   EXPECT_EQ(Hands::colorAt(Hands::picture(lamp, 1), middle).name(), Colors::over().name());
-  EXPECT_EQ(of(lamp).role(), QAccessible::Button);
+  EXPECT_EQ(interfaceOf(lamp).role(), QAccessible::Button);
   const QSignalSpy clicks(&lamp, &ClipLamp::clicked);
   QTest::mouseClick(&lamp, Qt::LeftButton);
   lamp.setFocus();
@@ -97,12 +97,12 @@ TEST(ClipLamp, FigureIsAButtonOfItsOwnThatClearsToo) {
   lamp.setPeak(peak);
   const QList<QAbstractButton*> inside = lamp.findChildren<QAbstractButton*>();
   ASSERT_EQ(inside.size(), 1);
-  QAccessibleInterface& figure = of(*inside.first());
+  QAccessibleInterface& figure = interfaceOf(*inside.first());
   EXPECT_EQ(figure.role(), QAccessible::Button);
   EXPECT_EQ(figure.text(QAccessible::Name), "Peak left");
   EXPECT_EQ(figure.text(QAccessible::Description), "-6.0 dBFS");
-  EXPECT_EQ(of(lamp).text(QAccessible::Name), "Clip left");
-  EXPECT_EQ(of(lamp).text(QAccessible::Description), "not over full scale");
+  EXPECT_EQ(interfaceOf(lamp).text(QAccessible::Name), "Clip left");
+  EXPECT_EQ(interfaceOf(lamp).text(QAccessible::Description), "not over full scale");
   const QSignalSpy clicks(&lamp, &ClipLamp::clicked);
   QTest::mouseClick(inside.first(), Qt::LeftButton);
   EXPECT_EQ(clicks.count(), 1);
@@ -144,7 +144,7 @@ TEST(ScopePoints, AddFadeAndGoDark) {
 TEST(StereoScope, PaintsAPointForAFrame) {
   StereoScope scope;
   Hands::show(scope, {144, 144});
-  EXPECT_EQ(of(scope).text(QAccessible::Name), "Stereo scope");
+  EXPECT_EQ(interfaceOf(scope).text(QAccessible::Name), "Stereo scope");
   const std::vector<float> frames(2000, 0.25F);
   scope.advance(frames, 0.03);
   const QImage picture = Hands::picture(scope, 1);
@@ -184,16 +184,16 @@ TEST(StereoScope, LettersStandOutOfThePoints) {
 TEST(CorrelationBar, MarksItsValue) {
   CorrelationBar bar;
   Hands::show(bar, {144, 30});
-  EXPECT_EQ(of(bar).text(QAccessible::Name), "Correlation");
-  EXPECT_EQ(of(bar).text(QAccessible::Value), "–");
+  EXPECT_EQ(interfaceOf(bar).text(QAccessible::Name), "Correlation");
+  EXPECT_EQ(interfaceOf(bar).text(QAccessible::Value), "–");
   bar.setValue(0.534);
-  EXPECT_EQ(of(bar).text(QAccessible::Value), "+0.53");
+  EXPECT_EQ(interfaceOf(bar).text(QAccessible::Value), "+0.53");
   const QImage picture = Hands::picture(bar, 1);
   EXPECT_EQ(Hands::colorAt(picture, {bar.xOf(0.534), 6}).name(), Colors::WHITE().name());
   EXPECT_EQ(Hands::colorAt(picture, {bar.xOf(0.3), 6}).name(), Colors::accent().name());
   EXPECT_EQ(Hands::colorAt(picture, {bar.xOf(-0.3), 6}).name(), Colors::ControlColor().name());
   bar.setValue(-3);
-  EXPECT_EQ(of(bar).text(QAccessible::Value), "-1.00");
+  EXPECT_EQ(interfaceOf(bar).text(QAccessible::Value), "-1.00");
   EXPECT_EQ(CorrelationBar::text(-0.001), "0.00");
   EXPECT_NEAR(bar.xOf(-1) + bar.xOf(1), 144, 1e-9);
 }
@@ -202,15 +202,16 @@ TEST(FigureLine, IsReadWithItsUnitAndAPlainMinus) {
   FigureLine line("Momentary", "LUFS");
   line.setAccessibleName("Momentary loudness");
   Hands::show(line, {144, 18});
-  EXPECT_EQ(of(line).text(QAccessible::Name), "Momentary loudness");
-  EXPECT_EQ(of(line).textInterface()->text(0, -1), "–");
-  EXPECT_TRUE(std::isnan(of(line).valueInterface()->currentValue().toDouble()));
+  EXPECT_EQ(interfaceOf(line).text(QAccessible::Name), "Momentary loudness");
+  EXPECT_EQ(interfaceOf(line).textInterface()->text(0, -1), "–");
+  EXPECT_TRUE(std::isnan(interfaceOf(line).valueInterface()->currentValue().toDouble()));
   line.setFigure(-23.06);
   EXPECT_EQ(line.shownText(), "−23.1");
-  EXPECT_EQ(of(line).text(QAccessible::Value), "-23.1 LUFS");
-  EXPECT_EQ(of(line).textInterface()->text(0, of(line).textInterface()->characterCount()),
+  EXPECT_EQ(interfaceOf(line).text(QAccessible::Value), "-23.1 LUFS");
+  EXPECT_EQ(interfaceOf(line).textInterface()->text(
+                0, interfaceOf(line).textInterface()->characterCount()),
             "-23.1 LUFS");
-  EXPECT_EQ(of(line).valueInterface()->currentValue().toDouble(), -23.06);
+  EXPECT_EQ(interfaceOf(line).valueInterface()->currentValue().toDouble(), -23.06);
   line.setNote("43 %");
   EXPECT_EQ(line.figureText(), "-23.1 LUFS, 43 %");
   line.setFigure(-0.04);

@@ -14,7 +14,7 @@
 
 namespace {
 
-struct Heard : GainTickTitleDelegate {
+struct HeardTitle : GainTickTitleDelegate {
   void GainTickTitle(class GainTickTitle* scale, const QString& clickAt) override {
     from = scale;
     texts << clickAt;
@@ -38,7 +38,7 @@ struct GainTickTitleTest : testing::Test {
     return frame(index).y() + frame(index).height() / 2.0;
   }
 
-  std::shared_ptr<Heard> heard = std::make_shared<Heard>();
+  std::shared_ptr<HeardTitle> heard = std::make_shared<HeardTitle>();
   ::GainTickTitle scale;
 };
 

@@ -59,16 +59,16 @@ bool repaints(QWidget& control, const Action& action) {
 }
 
 /// What the control looks like on the screen, put together of what was painted by and by.
-QImage shown(QWidget& control) {
+QImage pictureOf(QWidget& control) {
   return static_cast<const QImage*>(control.backingStore()->paintDevice())->copy();
 }
 
 /// Whether painting all of it would change nothing.
 bool isWhole(QWidget& control) {
   flush(control);
-  const QImage parts = shown(control);
+  const QImage parts = pictureOf(control);
   control.repaint();
-  return parts == shown(control);
+  return parts == pictureOf(control);
 }
 
 template <class Control>
