@@ -110,7 +110,9 @@ bool Confinement::becomeMemberOf(unsigned group) {
 }
 
 bool Confinement::limitFileSize(std::uint64_t bytes) {
-  const rlimit limit{bytes, bytes};
+  rlimit limit{};
+  if (getrlimit(RLIMIT_FSIZE, &limit) != 0) return false;
+  limit.rlim_cur = std::min<rlim_t>(bytes, limit.rlim_max);
   return std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && setrlimit(RLIMIT_FSIZE, &limit) == 0;
 }
 

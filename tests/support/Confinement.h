@@ -18,7 +18,8 @@ class Confinement {
   static bool dropPrivileges();
   /// Root becomes a user who owns nothing and is in this group beside their own.
   static bool becomeMemberOf(unsigned group);
-  /// No file may grow past `bytes`; a write past it is an error, not a signal.
+  /// No file may grow past `bytes`, until more are allowed; a write past it is an error, not a
+  /// signal.
   static bool limitFileSize(std::uint64_t bytes);
   /// A memory file system of this size on `folder`, seen by the child alone.
   static bool mountSmallDisk(const std::filesystem::path& folder, std::uint64_t bytes);
