@@ -7,7 +7,7 @@ import struct
 import subprocess
 import unittest
 
-from mixdeck import FIRST_SAMPLE, PLAIN, RAW, Case, bext, chunk, fmt, pack24, wave
+from mixdeck import FIRST_SAMPLE, PLAIN, RAW, Case, bext, chunk, fmt, pack24, unpack24, wave
 
 SAMPLES = pack24([1000, -1000] * 48000)
 LABEL = b"labl" + struct.pack("<II", 10, 1) + b"River\0"
@@ -90,6 +90,20 @@ class MetadataTest(Case):
         said = subprocess.run(["sndfile-info", "--cuepoints", self.path("R0001_Decode.WAV")],
                               capture_output=True, text=True, check=False).stdout
         self.assertIn("24000", said)
+
+    def test_an_audio_editor(self):
+        content = self.export("--keep-metadata")
+        first = unpack24(content[content.index(b"data") + 8:][:6])
+        self.file("ask.scm", b"""
+(define heard (open-sound "R0001_Decode.WAV"))
+(define (value channel) (inexact->exact (round (* 8388608 (sample 0 heard channel)))))
+(display (list (framples heard) (srate heard) (channels heard) (value 0) (value 1) (comment heard)))
+(exit 0)
+""")
+        said = subprocess.run(["snd", "-noinit", "-l", self.path("ask.scm")], stdin=subprocess.DEVNULL,
+                              cwd=self.folder, capture_output=True, text=True, check=True, timeout=60).stdout
+        self.assertIn(f"(48000 48000 2 {first[0]} {first[1]} ", said)
+        self.assertIn("By dawn", said)
 
 
 if __name__ == "__main__":
