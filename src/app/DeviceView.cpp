@@ -26,7 +26,7 @@ constexpr QSize kPicture{51, 112};  // no wider than what is drawn in it
 constexpr int kBesidePicture = 19;
 constexpr QSize kDot{14, 10};  // with what is kept free over it and to its right
 
-QString lookOfLink() {
+QString lookOfDevice() {
   return QStringLiteral(
              "#viewDeviceBG { background: %1; border-radius: 2px; }"
              "#listBatteryCover, #listAutoPowOffCover { background: transparent;"
@@ -79,7 +79,7 @@ DeviceView::DeviceView(QWidget* parent) : QWidget(parent) {
 }
 
 void DeviceView::dress() {
-  const QString now = lookOfLink();
+  const QString now = lookOfDevice();
   if (now != styleSheet()) setStyleSheet(now);
 }
 

@@ -14,12 +14,6 @@
 #include "dialogs/IntroductionVC.h"
 #include "dialogs/NodeviceVC.h"
 
-namespace {
-
-// As the setting is stored; anything else is off.
-
-}  // namespace
-
 WindowCommands::WindowCommands(const Place& place, TakeSession& take, FolderBrowser& browser,
                                QObject* parent)
     : QObject(parent),

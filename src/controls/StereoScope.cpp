@@ -125,7 +125,7 @@ void StereoScope::drawLetters(QPainter& painter) const {
   painter.setFont(Appearance::small(font()));
   const double side = std::min(width(), height());
   const double box = std::max<double>(kLetter, painter.fontMetrics().height());
-  const double edge = std::max(kRim, box / 2);
+  const double rim = std::max(kRim, box / 2);
   const auto draw = [&](QPointF at, const QColor& color, const QString& text) {
     painter.setPen(color);
     painter.drawText(QRectF(at - QPointF(box, box) / 2, QSizeF(box, box)), Qt::AlignCenter, text);
@@ -138,8 +138,8 @@ void StereoScope::drawLetters(QPainter& painter) const {
     }
     draw({x, y}, isEnabled() ? Colors::dimText() : Colors::line(), text);
   };
-  letter(edge, edge, tr("L", "left channel"));
-  letter(side - edge, edge, tr("R", "right channel"));
-  letter(side / 2, edge, tr("M", "mid"));
-  letter(side - edge, side / 2, tr("S", "side"));
+  letter(rim, rim, tr("L", "left channel"));
+  letter(side - rim, rim, tr("R", "right channel"));
+  letter(side / 2, rim, tr("M", "mid"));
+  letter(side - rim, side / 2, tr("S", "side"));
 }

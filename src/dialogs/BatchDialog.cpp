@@ -21,7 +21,7 @@
 
 namespace {
 
-constexpr int kHintWidth = 360;
+constexpr int kBatchWidth = 360;
 constexpr int kRefusedLines = 5;
 
 // Why a take is not exported.
@@ -87,7 +87,7 @@ void BatchDialog::layOut() {
   column->addWidget(_warning);
   column->addSpacing(8);
   column->addLayout(buttons());
-  setMinimumWidth(Appearance::lineWidth(kHintWidth, font()) + kMarginsAcross);
+  setMinimumWidth(Appearance::lineWidth(kBatchWidth, font()) + kMarginsAcross);
 }
 
 QLayout* BatchDialog::facts() {

@@ -18,7 +18,7 @@ namespace {
 using State = QueueModel::State;
 
 constexpr int kPanelWidth = 460;
-constexpr int kPanelHeight = 260;
+constexpr int kQueueHeight = 260;
 
 bool isUnderWay(const QueueModel::Line& line) {
   return line.state == State::Waiting || line.state == State::Running;
@@ -58,7 +58,7 @@ void QueuePanel::makeList() {
   _list->setFrameShape(QFrame::NoFrame);
   _list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   _list->setAccessibleName(tr("Exports"));
-  _list->setMinimumHeight(kPanelHeight);
+  _list->setMinimumHeight(kQueueHeight);
   _list->setModel(&_model);
   connect(_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &QueuePanel::showButtons);

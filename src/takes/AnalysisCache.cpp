@@ -30,7 +30,7 @@ constexpr std::string_view kEnding = ".analysis";
 constexpr std::uint64_t kLeastAtOnce = 4;  // one alone must not drive out all others
 constexpr std::size_t kTimeBytes = sizeof(std::int64_t);
 
-std::span<const std::byte> bytesOfNumber(const std::int64_t& value) {
+std::span<const std::byte> readableBytesOf(const std::int64_t& value) {
   return std::as_bytes(std::span(&value, 1));
 }
 
@@ -113,7 +113,7 @@ bool AnalysisCache::keep(const Key& key, const TakeAnalysis& analysis) const {
   fs::create_directories(_folder, error);
   AtomicFile file(fileOf(key), AtomicFile::Existing::Replace);
   const auto toFile = [&file](std::span<const std::byte> bytes) { return file.write(bytes); };
-  const bool isKept = file.write(bytesOfNumber(key.file.modified)) &&
+  const bool isKept = file.write(readableBytesOf(key.file.modified)) &&
                       AnalysisBytes::write(analysis, toFile) && file.commit();
   if (isKept) makeRoom();
   return isKept;

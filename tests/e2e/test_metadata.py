@@ -101,7 +101,7 @@ class MetadataTest(Case):
 (exit 0)
 """)
         said = subprocess.run(["snd", "-noinit", "-l", self.path("ask.scm")], stdin=subprocess.DEVNULL,
-                              cwd=self.folder, capture_output=True, text=True, check=True, timeout=60).stdout
+                              cwd=self.folder, capture_output=True, text=True, check=True).stdout
         self.assertIn(f"(48000 48000 2 {first[0]} {first[1]} ", said)
         self.assertIn("By dawn", said)
 

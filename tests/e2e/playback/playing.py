@@ -112,12 +112,16 @@ def heard(samples):
 CYCLE = 256 if KIND == "pipewire" else RATE * 3600
 
 
-def is_in_order(numbers):
-    """Frames that carry their number were heard one after the other. PipeWire leaves out whole cycles
-    of a multiple of 256 frames when the machine is too busy for it; no buffer of the player's is
-    one, and nothing may be heard twice."""
+def disorder(numbers):
+    """Where frames that carry their number were not heard one after the other, and how many are missing there:
+    nowhere. PipeWire leaves out whole cycles of a multiple of 256 frames when the machine is too busy for
+    it, in one channel or both; no buffer of the player's is one, and nothing may be heard twice."""
+    numbers = numpy.asarray(numbers)
+    if KIND == "pipewire":
+        numbers = numbers[numbers != 0]  # which none of them has: the other channel sounded
     missing = numpy.diff(numbers).astype(int) - 1
-    return bool((missing >= 0).all() and (missing % CYCLE == 0).all())
+    wrong = numpy.flatnonzero((missing < 0) | (missing % CYCLE != 0))
+    return [(int(numbers[at]), int(missing[at])) for at in wrong]
 
 
 class Case(unittest.TestCase):

@@ -10,8 +10,8 @@ import time
 import unittest
 
 import numpy
-from playing import (CLI, CYCLE, KIND, PATIENCE, RATE, Case, Player, SoundServer, expected, heard,
-                     is_in_order, noise, problems, wait_for)
+from playing import (CLI, CYCLE, KIND, PATIENCE, RATE, Case, Player, SoundServer, disorder, expected,
+                     heard, noise, problems, wait_for)
 
 
 def has_socket(process):
@@ -120,7 +120,7 @@ class GoingServerTest(Case):
             self.assertEqual(player.wait(), 0)
             recorder.wait_silence()
         after = heard(recorder.stop().samples())[:, 0] * 2 ** 23
-        self.assertTrue(is_in_order(after), "in one piece")
+        self.assertEqual(disorder(after), [], "in one piece")
         self.assertEqual(after[-1], count, "to the end")
         # From where the time line stood.
         self.assertGreater(len(before), 0)
@@ -287,9 +287,9 @@ class GoingServerTest(Case):
         def numbers_of(frames):
             return [numbers[frame.tobytes()] for frame in frames.astype(numpy.float32)]
 
-        self.assertTrue(is_in_order(numbers_of(before)), "at the first sink")
+        self.assertEqual(disorder(numbers_of(before)), [], "at the first sink")
         last = numbers_of(heard(other.stop().samples())[-100:])
-        self.assertTrue(is_in_order([*last, len(begin)]), f"to the end, {len(begin)}: {last}")
+        self.assertEqual(disorder([*last, len(begin)]), [], f"to the end, {len(begin)}: {last}")
 
 
 if __name__ == "__main__":

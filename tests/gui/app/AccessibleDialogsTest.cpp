@@ -30,10 +30,6 @@ QAccessibleInterface& of(QObject& object) {
   return *found;
 }
 
-QString nameOf(const QAccessibleInterface& item) {
-  return item.text(QAccessible::Name);
-}
-
 void pressIt(QAccessibleInterface& item) {
   item.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
 }
@@ -84,7 +80,7 @@ TEST_F(AccessibleDialogs, MenuOfARowIsAPartOfTheWindow) {
 TEST_F(AccessibleDialogs, AnEntryOfTheMenuOfARowThatIsPressedIsDone) {
   QWidget* const menu = rowMenu(1);
   QAccessibleInterface& copy = *of(*menu).child(4);
-  EXPECT_EQ(nameOf(copy), "Copy path");
+  EXPECT_EQ(AccessibleWalk::nameOf(copy), "Copy path");
   pressIt(copy);
   EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), takes.path() / "R0001.WAV");
   EXPECT_EQ(shown<QMenu>(), nullptr);
@@ -95,8 +91,8 @@ TEST_F(AccessibleDialogs, AnExportOfTheQueueTellsHowFarItIsAndIsShownInItsFolder
   auto& panel = *qobject_cast<QueuePanel*>(dialog.get());
   QAccessibleInterface& list = of(*panel.findChild<QListView*>());
   EXPECT_EQ(list.role(), Role::List);
-  EXPECT_EQ(nameOf(list), "Exports");
-  EXPECT_EQ(nameOf(*list.child(1)), "R0001.WAV");
+  EXPECT_EQ(AccessibleWalk::nameOf(list), "Exports");
+  EXPECT_EQ(AccessibleWalk::nameOf(*list.child(1)), "R0001.WAV");
   EXPECT_EQ(list.child(1)->text(QAccessible::Description), "25 % · About 9 s left");
   const QSignalSpy wishes(&panel, &QueuePanel::showInFolderRequested);
   pressIt(*list.child(0));
@@ -109,9 +105,9 @@ TEST_F(AccessibleDialogs, AnExportOfTheQueueTellsHowFarItIsAndIsShownInItsFolder
 TEST_F(AccessibleDialogs, InformationIsReadByItsRows) {
   const auto dialog = opened(information(takes.path() / "R0001.WAV"));
   QAccessibleInterface& tree = of(*dialog->findChild<QTreeWidget*>());
-  EXPECT_EQ(nameOf(tree), "Information");
+  EXPECT_EQ(AccessibleWalk::nameOf(tree), "Information");
   QStringList names;
-  for (int i = 0; i < tree.childCount(); ++i) names << nameOf(*tree.child(i));
+  for (int i = 0; i < tree.childCount(); ++i) names << AccessibleWalk::nameOf(*tree.child(i));
   const qsizetype peak = names.indexOf("True peak");
   ASSERT_GE(peak, 0) << names.join(u'\n').toStdString();
   EXPECT_TRUE(names[peak + 1].contains("dBTP")) << names[peak + 1].toStdString();
@@ -123,7 +119,7 @@ TEST_F(AccessibleDialogs, QuestionWhetherToSalvageIsReadAndAnswered) {
   const Found found = AccessibleWalk::through(*dialog);
   EXPECT_EQ(found.count.at(Role::Button), 2);
   EXPECT_TRUE(found.named.contains({Role::Button, "Salvage"}));
-  EXPECT_TRUE(nameOf(of(*dialog)).startsWith("TARN J4 Mixdeck"));
+  EXPECT_TRUE(AccessibleWalk::nameOf(of(*dialog)).startsWith("TARN J4 Mixdeck"));
 }
 
 }  // namespace

@@ -32,10 +32,6 @@ namespace {
 using Found = AccessibleWalk::Found;
 using Role = AccessibleWalk::Role;
 
-QString labelOf(const QAccessibleInterface& item) {
-  return item.text(QAccessible::Name);
-}
-
 using testing::IsEmpty;
 
 class AccessibleTree : public WindowFixture {
@@ -113,7 +109,7 @@ TEST_F(AccessibleTree, AValueThatIsPressedIsTyped) {
            {stage().lblStereoValue, "0°", "96°"}, {stage().lblGainValue, "+6 dB", "-7 dB"}}) {
     QAccessibleInterface& text = *at(value);
     EXPECT_EQ(text.role(), Role::StaticText);
-    EXPECT_EQ(labelOf(text), QString::fromUtf8(name));
+    EXPECT_EQ(AccessibleWalk::nameOf(text), QString::fromUtf8(name));
     EXPECT_EQ(text.text(QAccessible::Description), "Click to type a value");
     ASSERT_TRUE(canBePressed(value)) << name;
     text.actionInterface()->doAction(press);
@@ -123,7 +119,7 @@ TEST_F(AccessibleTree, AValueThatIsPressedIsTyped) {
     QTest::keyClicks(field, QString::fromUtf8(typed));
     QTest::keyClick(field, Qt::Key_Return);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(labelOf(text), QString::fromUtf8(typed));
+    EXPECT_EQ(AccessibleWalk::nameOf(text), QString::fromUtf8(typed));
   }
   EXPECT_EQ(player().angle(), 96);
   EXPECT_EQ(player().gain(), -7);
@@ -141,14 +137,15 @@ TEST_F(AccessibleTree, OfTheMenuIsWholeUpAndDown) {
 
 TEST_F(AccessibleTree, EntriesOfTheMenuHaveTheirKeysApart) {
   QAccessibleInterface& play = *QAccessible::queryAccessibleInterface(view().menu->actionPlay);
-  EXPECT_EQ(labelOf(play), "Play or pause");
+  EXPECT_EQ(AccessibleWalk::nameOf(play), "Play or pause");
   EXPECT_EQ(play.text(QAccessible::Accelerator), "Space");
   EXPECT_EQ(play.parent()->role(), Role::PopupMenu);
-  EXPECT_EQ(labelOf(*play.parent()), "Playing");
-  EXPECT_EQ(labelOf(*play.parent()->parent()), "Playing") << "the entry that opens it";
+  EXPECT_EQ(AccessibleWalk::nameOf(*play.parent()), "Playing");
+  EXPECT_EQ(AccessibleWalk::nameOf(*play.parent()->parent()), "Playing")
+      << "the entry that opens it";
   EXPECT_EQ(play.parent()->parent()->parent(), QAccessible::queryAccessibleInterface(view().menu));
   QAccessibleInterface& save = *QAccessible::queryAccessibleInterface(view().menu->actionExport);
-  EXPECT_EQ(labelOf(save), "Export…");
+  EXPECT_EQ(AccessibleWalk::nameOf(save), "Export…");
   EXPECT_EQ(save.actionInterface()->keyBindingsForAction(QAccessibleActionInterface::pressAction()),
             QStringList("Ctrl+E"));
 }
@@ -165,7 +162,7 @@ TEST_F(AccessibleTree, ARowThatIsPressedIsOpened) {
   QAccessibleInterface& list = *QAccessible::queryAccessibleInterface(view().browser->tableFile);
   ASSERT_EQ(list.childCount(), 3);
   QAccessibleInterface& row = *list.child(1);
-  EXPECT_EQ(labelOf(row), "R0001.WAV");
+  EXPECT_EQ(AccessibleWalk::nameOf(row), "R0001.WAV");
   EXPECT_TRUE(row.text(QAccessible::Description).startsWith("Recording"));
   waitForTake([&] { row.actionInterface()->doAction(QAccessibleActionInterface::pressAction()); });
   EXPECT_EQ(state(), PLAY_STATE_PLAY);
@@ -177,10 +174,10 @@ TEST_F(AccessibleTree, ARowThatIsPressedIsOpened) {
 TEST_F(AccessibleTree, ARowStaysTheSameWhereItMoves) {
   QAccessibleInterface& list = *QAccessible::queryAccessibleInterface(view().browser->tableFile);
   QAccessibleInterface* const row = list.child(2);
-  EXPECT_EQ(labelOf(*row), "R0002.WAV");
+  EXPECT_EQ(AccessibleWalk::nameOf(*row), "R0002.WAV");
   take("R0000.WAV");
   refresh();
-  EXPECT_EQ(labelOf(*row), "R0002.WAV");
+  EXPECT_EQ(AccessibleWalk::nameOf(*row), "R0002.WAV");
   EXPECT_EQ(list.child(3), row);
   EXPECT_EQ(list.indexOfChild(row), 3);
   std::filesystem::remove(takes.path() / "R0002.WAV");

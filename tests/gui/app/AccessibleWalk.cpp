@@ -9,10 +9,6 @@ namespace {
 
 using Role = QAccessible::Role;
 
-QString heardAs(const QAccessibleInterface& item) {
-  return item.text(QAccessible::Name);
-}
-
 // Holds others, and is nothing that one uses or reads.
 bool holdsOnly(const QAccessibleInterface& item) {
   static const std::set<Role> kRoles = {Role::Client,   Role::Pane,      Role::Grouping,
@@ -42,9 +38,13 @@ bool hasValue(Role role) {
 
 }  // namespace
 
+QString AccessibleWalk::nameOf(const QAccessibleInterface& item) {
+  return item.text(QAccessible::Name);
+}
+
 AccessibleWalk::Found AccessibleWalk::through(QAccessibleInterface& root) {
   AccessibleWalk walk;
-  walk.look(root, heardAs(root));
+  walk.look(root, nameOf(root));
   return walk._found;
 }
 
@@ -61,9 +61,9 @@ void AccessibleWalk::look(QAccessibleInterface& item, const QString& way) {
       wrong(place, "is no child");
       continue;
     }
-    if (child->parent() != &item) wrong(place + heardAs(*child), "has another parent");
-    if (item.indexOfChild(child) != i) wrong(place + heardAs(*child), "is at another place");
-    if (!child->state().invisible) look(*child, place + u' ' + heardAs(*child));
+    if (child->parent() != &item) wrong(place + nameOf(*child), "has another parent");
+    if (item.indexOfChild(child) != i) wrong(place + nameOf(*child), "is at another place");
+    if (!child->state().invisible) look(*child, place + u' ' + nameOf(*child));
   }
 }
 
@@ -72,7 +72,7 @@ void AccessibleWalk::judge(QAccessibleInterface& item, const QString& way) {
   ++_found.count[role];
   if (holdsOnly(item)) return judgeHolder(item, way);
   if (role == Role::StaticText) return judgeText(item, way);
-  const QString name = heardAs(item);
+  const QString name = nameOf(item);
   if (name.trimmed().isEmpty()) wrong(way, "has no name");
   if (name.contains(u'\t') || name.contains(u'&')) wrong(way, "has a key in its name");
   if (role == Role::NoRole || role == Role::Client) wrong(way, "has no role");
@@ -86,7 +86,7 @@ void AccessibleWalk::judgeHolder(QAccessibleInterface& item, const QString& way)
   const bool isUsed = widget != nullptr && widget->focusPolicy() != Qt::NoFocus;
   if (isUsed || item.valueInterface() != nullptr) wrong(way, "is used and only a holder");
   const bool isEmpty = item.childCount() == 0;
-  if (isEmpty && heardAs(item).isEmpty() && !isDecoration(widget)) wrong(way, "is nothing");
+  if (isEmpty && nameOf(item).isEmpty() && !isDecoration(widget)) wrong(way, "is nothing");
 }
 
 // Whose meaning stands beside it in words, or which belongs to the toolkit.
@@ -100,12 +100,12 @@ bool AccessibleWalk::isDecoration(const QWidget* widget) {
 void AccessibleWalk::judgeText(QAccessibleInterface& item, const QString& way) {
   const auto* const label = qobject_cast<const QLabel*>(item.object());
   const bool isSilent = label != nullptr && label->text().isEmpty() && label->pixmap().isNull();
-  if (!isSilent && heardAs(item).trimmed().isEmpty()) wrong(way, "says nothing");
+  if (!isSilent && nameOf(item).trimmed().isEmpty()) wrong(way, "says nothing");
 }
 
 void AccessibleWalk::judgeUse(QAccessibleInterface& item, const QString& way) {
   const Role role = item.role();
-  if (!_found.named.insert({role, heardAs(item)}).second && isUnique(role)) {
+  if (!_found.named.insert({role, nameOf(item)}).second && isUnique(role)) {
     wrong(way, "has the name of another");
   }
   QAccessibleValueInterface* const value = item.valueInterface();

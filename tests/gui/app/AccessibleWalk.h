@@ -24,6 +24,7 @@ class AccessibleWalk {
     std::set<std::pair<Role, QString>> named;
   };
 
+  static QString nameOf(const QAccessibleInterface& item);
   static Found through(QAccessibleInterface& root);
   static Found through(QWidget& window);
 

@@ -236,7 +236,7 @@ TEST_F(MemoryFault, WhileAnotherProgramHasItLockedItIsReadAndNotSetAside) {
   EXPECT_EQ(gainOf(file, "a"), 3);
 }
 
-// SQLite waits for one that writes, but not where the layout of the file is changed.
+// SQLite waits for one that writes, but not where the way of writing is changed.
 TEST_F(MemoryFault, WhileAnotherProgramBeginsItIsWaitedFor) {
   std::filesystem::create_directories(file.parent_path());
   sqlite3* other = nullptr;

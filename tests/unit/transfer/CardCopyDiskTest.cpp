@@ -26,6 +26,7 @@ class CardCopyDiskTest : public CardFixture {
     return before.prepare().empty() && Confinement::limitFileSize(1) && !before.run() &&
            Confinement::limitFileSize(RLIM_INFINITY);
   }
+
   /// What became of it while writing fails so, as one line.
   std::string copyWhileWritesFail(int error) {
     std::string text;
