@@ -1526,8 +1526,8 @@ MIT-Lizenz</translation>
         <translation>Er hat kein Manifest (%1)</translation>
     </message>
     <message>
-        <source>The takes need %1 bytes, and %2 are free</source>
-        <translation>Die Takes brauchen %1 Byte, frei sind %2</translation>
+        <source>The takes and their manifest need %1 bytes, and %2 are free</source>
+        <translation>Die Takes und ihr Manifest brauchen %1 Byte, frei sind %2</translation>
     </message>
     <message>
         <source>Its name is not UTF-8, and cannot stand in a manifest</source>

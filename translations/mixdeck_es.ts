@@ -1526,8 +1526,8 @@ Licencia MIT</translation>
         <translation>No tiene manifiesto (%1)</translation>
     </message>
     <message>
-        <source>The takes need %1 bytes, and %2 are free</source>
-        <translation>Las tomas necesitan %1 bytes y hay %2 libres</translation>
+        <source>The takes and their manifest need %1 bytes, and %2 are free</source>
+        <translation>Las tomas y su manifiesto necesitan %1 bytes y hay %2 libres</translation>
     </message>
     <message>
         <source>Its name is not UTF-8, and cannot stand in a manifest</source>

@@ -1526,8 +1526,8 @@ Licence MIT</translation>
         <translation>Il n’a pas de manifeste (%1)</translation>
     </message>
     <message>
-        <source>The takes need %1 bytes, and %2 are free</source>
-        <translation>Les prises demandent %1 octets, et %2 sont libres</translation>
+        <source>The takes and their manifest need %1 bytes, and %2 are free</source>
+        <translation>Les prises et leur manifeste demandent %1 octets, et %2 sont libres</translation>
     </message>
     <message>
         <source>Its name is not UTF-8, and cannot stand in a manifest</source>

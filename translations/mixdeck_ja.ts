@@ -1521,8 +1521,8 @@ MIT ライセンス</translation>
         <translation>マニフェストがありません（%1）</translation>
     </message>
     <message>
-        <source>The takes need %1 bytes, and %2 are free</source>
-        <translation>テイクには %1 バイト必要ですが、空きは %2 です</translation>
+        <source>The takes and their manifest need %1 bytes, and %2 are free</source>
+        <translation>テイクとそのマニフェストには %1 バイト必要ですが、空きは %2 です</translation>
     </message>
     <message>
         <source>Its name is not UTF-8, and cannot stand in a manifest</source>

@@ -1521,8 +1521,8 @@ MIT 许可证</translation>
         <translation>没有清单（%1）</translation>
     </message>
     <message>
-        <source>The takes need %1 bytes, and %2 are free</source>
-        <translation>录音需要 %1 字节，可用 %2 字节</translation>
+        <source>The takes and their manifest need %1 bytes, and %2 are free</source>
+        <translation>录音及其清单需要 %1 字节，可用 %2 字节</translation>
     </message>
     <message>
         <source>Its name is not UTF-8, and cannot stand in a manifest</source>

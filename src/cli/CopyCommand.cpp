@@ -112,7 +112,7 @@ bool CopyCommand::copy(ProgressLine& line) const {
   job.setCancelFlag(&Interrupt::requested());
   const std::string reason = job.prepare();
   if (!reason.empty()) {
-    line.message(job.wasCancelled() ? kCancelled : problemOf(job, reason));
+    line.message(job.wasCancelled() ? kCancelled : problemOf(job.obstacle(), reason));
     return false;
   }
   for (const FolderFiles::Gap& gap : job.gaps()) {
@@ -137,16 +137,19 @@ bool CopyCommand::copy(ProgressLine& line) const {
     });
   });
   const bool isAllThere = job.run();
-  if (!job.failure().empty()) line.message(problemOf(job, job.failure()));
+  if (!job.failure().empty()) line.message(problemOf(job.obstacle(), job.failure()));
+  if (!job.manifestFailure().empty()) {
+    line.message(problemOf(Obstacle::ManifestUnwritable, job.manifestFailure()));
+  }
   if (job.wasCancelled()) line.message(kCancelled);
   if (!_isQuiet) line.print(counts.text(job.takes().size()) + "\n");
   return isAllThere;
 }
 
-std::string CopyCommand::problemOf(const CardCopy& job, const std::string& reason) const {
-  const bool isCards = isOfCard(job.obstacle());
+std::string CopyCommand::problemOf(Obstacle obstacle, const std::string& reason) const {
+  const bool isCards = isOfCard(obstacle);
   return problemLine(isCards ? _card : _destination, isCards ? kFailToOpen : kFailToSave,
-                     fmt::format("{}; {}", reason, advice(job.obstacle())));
+                     fmt::format("{}; {}", reason, advice(obstacle)));
 }
 
 void CopyCommand::tell(const CardCopy::Result& result, ProgressLine& line) const {

@@ -18,7 +18,7 @@ class CopyCommand : public Command {
  private:
   [[nodiscard]] bool copy(ProgressLine& line) const;
   void tell(const CardCopy::Result& result, ProgressLine& line) const;
-  [[nodiscard]] std::string problemOf(const CardCopy& job, const std::string& reason) const;
+  [[nodiscard]] std::string problemOf(CardCopy::Obstacle obstacle, const std::string& reason) const;
 
   std::filesystem::path _card;
   std::filesystem::path _destination;

@@ -66,7 +66,7 @@ constexpr std::array kKnown = {
     QT_TRANSLATE_NOOP("Reason", "The manifest cannot be read: %1"),
     QT_TRANSLATE_NOOP("Reason", "The manifest cannot be written: %1"),
     QT_TRANSLATE_NOOP("Reason", "It has no manifest (%1)"),
-    QT_TRANSLATE_NOOP("Reason", "The takes need %1 bytes, and %2 are free"),
+    QT_TRANSLATE_NOOP("Reason", "The takes and their manifest need %1 bytes, and %2 are free"),
     QT_TRANSLATE_NOOP("Reason", "Its name is not UTF-8, and cannot stand in a manifest"),
     QT_TRANSLATE_NOOP("Reason", "What is there is no file"),
     QT_TRANSLATE_NOOP("Reason", "The take has %1 bytes, the file that is there %2"),

@@ -105,7 +105,7 @@ class Copying {
   }
 
   [[nodiscard]] QString complaint() const {
-    QStringList sentences{asSentence(_job.failure())};
+    QStringList sentences{asSentence(_job.failure()), asSentence(_job.manifestFailure())};
     if (_job.wasCancelled()) sentences << TransferWork::tr("Cancelled.");
     sentences.removeAll(QString());
     if (!sentences.empty()) {

@@ -25,6 +25,8 @@ namespace {
 
 constexpr std::int64_t kTimeGrain = 2;         // seconds, of FAT
 constexpr std::uint64_t kSaveEvery = 1 << 27;  // bytes of takes; each manifest waits for the disk
+constexpr std::uint64_t kBesideManifest = 1 << 16;  // bytes: the chain, and ends of blocks
+constexpr std::size_t kHashDigits = 32;
 constexpr const char* kCancelled = "Cancelled";
 constexpr const char* kHoldsFolder = "The card is never written to, but holds the folder";
 
@@ -53,6 +55,11 @@ bool isInside(const fs::path& path, const fs::path& folder) {
 std::optional<struct stat> statusOf(const fs::path& path) {
   struct stat status {};
   return lstat(path.c_str(), &status) == 0 ? std::optional(status) : std::nullopt;
+}
+
+Manifest::Entry entryOf(const CardTake& take, const std::string& hash, const std::string& action) {
+  const std::string modified = Manifest::timeText(take.modified.tv_sec);
+  return {take.path.native(), take.size, modified, hash, action, now()};
 }
 
 bool isSameFile(const fs::path& one, const fs::path& other) {
@@ -146,6 +153,7 @@ std::string CardCopy::whyNoRoom() {
     if (!goesOn()) return kCancelled;
     if (!statusOf(targetOf(take))) wanted += take.size;
   }
+  if (wanted > 0) wanted += manifestRoom();
   if (wanted > 0 && faccessat(AT_FDCWD, _destination.c_str(), W_OK | X_OK, AT_EACCESS) != 0) {
     const std::string reason = std::generic_category().message(errno);
     return meet(Obstacle::FolderUnwritable,
@@ -156,7 +164,17 @@ std::string CardCopy::whyNoRoom() {
   // Some file systems do not tell.
   if (error || space.capacity == 0 || wanted <= space.available) return "";
   return meet(Obstacle::FolderFull,
-              fmt::format("The takes need {} bytes, and {} are free", wanted, space.available));
+              fmt::format("The takes and their manifest need {} bytes, and {} are free", wanted,
+                          space.available));
+}
+
+// In bytes, with some to spare. A manifest that is written anew is there twice for a moment.
+std::uint64_t CardCopy::manifestRoom() const {
+  Manifest whole = _manifest;
+  for (const CardTake& take : _takes) {
+    whole.entries.push_back(entryOf(take, std::string(kHashDigits, '0'), "original"));
+  }
+  return 2 * whole.toXml().size() + kBesideManifest;
 }
 
 bool CardCopy::run() {
@@ -276,9 +294,7 @@ void CardCopy::tellProgress() const {
 void CardCopy::record(const CardTake& take, const std::string& hash) {
   const auto known = _manifests->files().find(take.path.native());
   const bool isAgain = known != _manifests->files().end() && known->second.hash == hash;
-  _manifest.entries.push_back({take.path.native(), take.size,
-                               Manifest::timeText(take.modified.tv_sec), hash,
-                               isAgain ? "verified" : "original", now()});
+  _manifest.entries.push_back(entryOf(take, hash, isAgain ? "verified" : "original"));
   _unsavedBytes += take.size;
 }
 
@@ -315,10 +331,12 @@ std::error_code CardCopy::syncNames() const {
   return {};
 }
 
+// Told once, and also where something else had ended the copy: what was copied is in no manifest.
 void CardCopy::fallShort(const std::string& reason) {
-  if (!reason.empty() && _failure.empty()) {
-    fail(Obstacle::ManifestUnwritable, fmt::format("The manifest cannot be written: {}", reason));
-  }
+  if (reason.empty() || _obstacle == Obstacle::ManifestUnwritable) return;
+  const std::string told = fmt::format("The manifest cannot be written: {}", reason);
+  if (_failure.empty()) return fail(Obstacle::ManifestUnwritable, told);
+  if (_manifestFailure.empty()) _manifestFailure = told;
 }
 
 MediumStep CardCopy::step() {

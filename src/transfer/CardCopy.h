@@ -75,7 +75,8 @@ class CardCopy {
   /// Lists the card and makes the destination. Empty when the copy can begin, else why not: the
   /// card cannot be read, holds no takes, or holds the destination, another copy or a check is at
   /// work there, the manifests there cannot be read, or takes that are not there yet cannot be
-  /// written: there is no right to, or not enough room. Not empty either where it was cancelled.
+  /// written: there is no right to, or not enough room for them and their manifest. Not empty
+  /// either where it was cancelled.
   std::string prepare();
   /// Whether the whole card could be listed, and every take is there and verified in the end. After
   /// `prepare`.
@@ -84,6 +85,9 @@ class CardCopy {
   [[nodiscard]] bool wasCancelled() const { return _wasCancelled; }
   /// What ended the whole copy, or kept the manifest from being written; empty when nothing did.
   [[nodiscard]] const std::string& failure() const { return _failure; }
+  /// Why the manifest lacks takes that were copied, where something else had ended the copy before;
+  /// else empty.
+  [[nodiscard]] const std::string& manifestFailure() const { return _manifestFailure; }
   /// What of both is meant by the reason of `prepare`, and by `failure`.
   [[nodiscard]] Obstacle obstacle() const { return _obstacle; }
   /// What of the card could not be listed. After `prepare`.
@@ -103,6 +107,7 @@ class CardCopy {
   std::string openFolder();
   std::string lockFolder();
   std::string whyNoRoom();
+  [[nodiscard]] std::uint64_t manifestRoom() const;
   void handle(const CardTake& take);
   [[nodiscard]] std::string whyNoPlace(const CardTake& take) const;
   [[nodiscard]] bool isKnown(const CardTake& take) const;
@@ -145,4 +150,5 @@ class CardCopy {
   bool _wasCancelled = false;
   Obstacle _obstacle = Obstacle::None;
   std::string _failure;
+  std::string _manifestFailure;
 };

@@ -333,7 +333,8 @@ class InterruptedTest(CardCase):
                 pass
         return False
 
-    def test_a_card_that_is_pulled_out(self):
+    def pull_the_card_out(self, first=lambda: None):
+        """What a copy says when the card is gone, after `first`, in the middle of its fourth take."""
         # Each of the long takes is read for 4 s; it is gone as soon as the first of them is begun.
         environment = dict(os.environ, LD_PRELOAD=os.environ["SLOW_READS"],
                            MIXDECK_SLOW_FOLDER=self.path("card"), MIXDECK_SLOW_RATE=str(2 << 20),
@@ -342,9 +343,27 @@ class InterruptedTest(CardCase):
             while not self.is_reading(process, "R0004.WAV"):
                 self.assertIsNone(process.poll())
                 time.sleep(0.001)
+            first()
             shutil.rmtree(self.path("card"))
             said, errors = process.communicate(timeout=300)
         self.assertEqual(process.returncode, 1)
+        return said, errors
+
+    def test_where_the_manifest_cannot_be_written_either_both_are_told(self):
+        def take_its_place():
+            os.rename(self.path("home", "ascmhl"), self.path("elsewhere"))
+            self.file("home/ascmhl", b"")
+        said, errors = self.pull_the_card_out(take_its_place)
+        self.assertEqual(said.splitlines()[-1], "3 of 7 takes copied, 0 there already, 1 not right, "
+                                                "3 not reached")
+        self.assertEqual(errors, "mixdeck-cli: R0004.WAV: Not copied. Input/output error\n"
+                                 "mixdeck-cli: card: Fail to open. The card is gone; plug it in and "
+                                 "copy again: what is there stays\n"
+                                 "mixdeck-cli: home: Fail to save. The manifest cannot be written: "
+                                 "Not a directory; copy again once it can be: what is there stays\n")
+
+    def test_a_card_that_is_pulled_out(self):
+        said, errors = self.pull_the_card_out()
         self.assertEqual(errors, "mixdeck-cli: R0004.WAV: Not copied. Input/output error\n"
                                  "mixdeck-cli: card: Fail to open. The card is gone; plug it in and "
                                  "copy again: what is there stays\n")
@@ -371,8 +390,8 @@ class InterruptedTest(CardCase):
     def test_no_room_is_known_beforehand(self):
         os.truncate(self.path("card", "R0007.WAV"), 1 << 43)
         self.assertRegex(self.expect(1, "copy", "card", "home", out="").stderr,
-                         r"^mixdeck-cli: home: Fail to save. The takes need \d+ bytes, and \d+ are "
-                         r"free; make room there, or choose another DEST\n$")
+                         r"^mixdeck-cli: home: Fail to save. The takes and their manifest need \d+ "
+                         r"bytes, and \d+ are free; make room there, or choose another DEST\n$")
         self.assertEqual(self.at_home(), {})
 
 

@@ -170,6 +170,24 @@ TEST_F(TransferPanelTest, ACardThatIsPulledOutEndsTheCopyClearly) {
   expectNothingCut(*_panel);
 }
 
+TEST_F(TransferPanelTest, ThatTheManifestCannotBeWrittenEitherIsTold) {
+  put("card/0.WAV", 1000);
+  SlowReads::give(path("card"), 1'500'000);
+  openCopy();
+  begin();
+  EXPECT_TRUE(waitUntil([this] { return lines().size() == 1; }));
+  std::filesystem::rename(path("home/ascmhl"), path("elsewhere"));
+  put("home/ascmhl", 0);
+  std::filesystem::remove_all(path("card"));
+  SlowReads::pullOut();
+  waitForEnd();
+  EXPECT_EQ(text("summary"), "1 of 3 takes are there and verified");
+  EXPECT_EQ(text("complaint"),
+            "The card is gone. The manifest cannot be written: Not a directory. What was copied "
+            "stays; the next copy goes on from there.");
+  expectNothingCut(*_panel);
+}
+
 TEST_F(TransferPanelTest, ACopyThatIsCancelledSaysHowItGoesOn) {
   SlowReads::give(path("card"), 1'500'000);
   openCopy();

@@ -7,6 +7,8 @@
 
 #include <cerrno>
 #include <chrono>
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -48,6 +50,74 @@ class CardCopyDiskTest : public CardFixture {
     return std::filesystem::read_symlink(said);
   }
 };
+
+/// Copies in a child, onto a disk of its own.
+class CardCopySmallDiskTest : public CardFixture {
+ protected:
+  static constexpr std::uint64_t kPage = 4096;
+  static constexpr std::uint64_t kTakes = kLong + 1000;
+
+  CardCopySmallDiskTest() { std::filesystem::create_directories(home()); }
+
+  /// What the work gets onto a disk of this size.
+  template <class Work>
+  std::string onDiskOf(std::uint64_t bytes, const Work& work) const {
+    const std::filesystem::path said = _folder.file("said", {});
+    const int result = Confinement::run([&] {
+      if (!Confinement::mountSmallDisk(home(), bytes)) return 1;
+      return std::ofstream(said) << work() << std::flush ? 0 : 2;
+    });
+    EXPECT_EQ(result, 0);
+    std::string text;
+    for (const std::byte byte : TemporaryFolder::read(said)) text += static_cast<char>(byte);
+    return text;
+  }
+  /// What a copy tells, while another program writes so much once the first take is there.
+  std::string copyBesideAnother(std::size_t bytes) {
+    return onDiskOf(kTakes + (1 << 20), [&] {
+      CardCopy job(card(), home());
+      job.setProgress([&](const CardCopy::Progress& progress) {
+        const std::filesystem::path other = home() / "other";
+        if (progress.takesDone == 0 || std::filesystem::exists(other)) return;
+        std::ofstream(other) << std::string(bytes, 'x') << std::flush;
+      });
+      run(job);
+      std::string text;
+      for (const std::string& told : _told) text += told + "\n";
+      text += job.failure() + "\n" + job.manifestFailure() + "\n";
+      return text + (ManifestFolder(home()).isThere() ? "with" : "without") + " a manifest";
+    });
+  }
+};
+
+TEST_F(CardCopySmallDiskTest, WhereNotEvenTheManifestHasRoomBothAreTold) {
+  EXPECT_EQ(copyBesideAnother(kLong + (2 << 20)),
+            "DAY2/R0003.WAV copied\nR0001.WAV failed\nNo space left on device\n"
+            "The manifest cannot be written: No space left on device\nwithout a manifest");
+}
+
+TEST_F(CardCopySmallDiskTest, WhereATakeHasNoRoomTheManifestOfTheOthersMay) {
+  EXPECT_EQ(copyBesideAnother(2 << 20),
+            "DAY2/R0003.WAV copied\nR0001.WAV failed\nNo space left on device\n\nwith a manifest");
+}
+
+TEST_F(CardCopySmallDiskTest, WhatMayBeginHasRoomForTheManifestToo) {
+  bool mayBegin = false;
+  std::uint64_t pages = kTakes / kPage;
+  for (; !mayBegin && pages < kTakes / kPage + 64; ++pages) {
+    const std::string what = onDiskOf(pages * kPage, [&] {
+      CardCopy job(card(), home());
+      if (!job.prepare().empty()) {
+        return job.obstacle() == CardCopy::Obstacle::FolderFull ? "refused" : "another reason";
+      }
+      return job.run() && isRight() ? "right" : "not right";
+    });
+    mayBegin = what != "refused";
+    EXPECT_EQ(what, mayBegin ? "right" : "refused") << pages;
+  }
+  EXPECT_TRUE(mayBegin);
+  EXPECT_GT(pages, kTakes / kPage + 4);
+}
 
 TEST_F(CardCopyDiskTest, AFullDiskEndsTheCopy) {
   for (const int error : {ENOSPC, EDQUOT}) {
