@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """What fish completes for a program."""
 
+FOLDERS = "(__fish_complete_directories (commandline -ct))"
 RECORDINGS = ("(__fish_complete_path (commandline -ct) | "
               "string match -ri -- '^[^\\t]*(?:\\.wav|/)(?:\\t.*)?$')")
 
@@ -21,7 +22,7 @@ def condition(words):
 
 def value_words(value):
     return {"choice": f" -x -a {quoted(' '.join(value.choices))}", "files": " -r -F",
-            "folders": " -x -a '(__fish_complete_directories (commandline -ct))'",
+            "folders": f" -x -a {quoted(FOLDERS)}",
             "recordings": f" -x -a {quoted(RECORDINGS)}", "anything": " -x"}[value.kind]
 
 
@@ -41,6 +42,8 @@ def operand_lines(words):
             yield f"{condition(words)} -a {quoted(' '.join(place.value.choices))}"
         elif place.value.kind == "recordings":
             yield f"{condition(words)} -a {quoted(RECORDINGS)}"
+        elif place.value.kind == "folders":
+            yield f"{condition(words)} -a {quoted(FOLDERS)}"
         elif place.value.kind == "files":
             yield f"{condition(words)} -F"
 

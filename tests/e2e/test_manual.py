@@ -79,6 +79,9 @@ class ShellTest(Case):
              ("mixdeck-cli export --output-dir o", "mixdeck-cli export --output-dir out/"),
              ("mixdeck-cli export take.WAV o", "mixdeck-cli export take.WAV out/"),
              ("mixdeck-cli info n", "mixdeck-cli info notes.txt"),
+             ("mixdeck-cli copy o", "mixdeck-cli copy out/"),
+             ("mixdeck-cli copy card/ o", "mixdeck-cli copy card/ out/"),
+             ("mixdeck-cli verify o", "mixdeck-cli verify out/"),
              ("mixdeck-cli device moni", "mixdeck-cli device monitor"),
              ("mixdeck-cli device --js", "mixdeck-cli device --json"),
              ("mixdeck-cli levels --met", "mixdeck-cli levels --meter-rule"),
@@ -87,7 +90,7 @@ class ShellTest(Case):
              ("mixdeck-recorder-sim --rep", "mixdeck-recorder-sim --report-every"))
     # What is no recording is not offered where one is wanted, nor a file for a folder.
     NOTHING = ("mixdeck-cli export n", "mixdeck-cli export --output-dir t", "mixdeck-cli play n",
-               "mixdeck-cli export --forx", "mixdeck n")
+               "mixdeck-cli export --forx", "mixdeck n", "mixdeck-cli copy t", "mixdeck-cli verify t")
 
     def setUp(self):
         super().setUp()
