@@ -17,6 +17,7 @@ import xml.etree.ElementTree as ElementTree
 from mixdeck import CLI, Case, as_nobody, recording, without_unnamed_files
 
 HERE = os.path.dirname(os.path.abspath(__file__))
+KILLS = int(os.environ.get("MIXDECK_KILLS", "30"))  # in the middle of a copy
 SPACE = "{urn:ASC:MHL:v2.0}"
 CHAIN = "{urn:ASC:MHL:DIRECTORY:v2.0}"
 DIGITS = "123456789ABCDEFGHJKLMNPQRSTUVWXYZabcdefghijkmnopqrstuvwxyz"
@@ -306,22 +307,42 @@ class InterruptedTest(CardCase):
         self.assertIn("R0001.WAV", self.at_home())
         self.expect(0, "verify", "home", out=f"{len(self.at_home())} right\n", err="")
 
+    def kill_a_copy(self, delay):
+        """Returns whether that was in its middle, and whether it was over."""
+        shutil.rmtree(self.path("home"), ignore_errors=True)
+        with self.start() as process:
+            time.sleep(delay)
+            process.kill()
+            said, errors = process.communicate(timeout=60)
+        self.assertEqual(errors, "")
+        self.assertIn(process.returncode, (0, -signal.SIGKILL))
+        has_begun = os.path.isdir(self.path("home"))
+        if has_begun:
+            self.check_what_is_there()
+        for name in re.findall(r"^(.*): copied and verified$", said, re.MULTILINE):
+            self.assertIn(name, self.at_home())
+        is_over = os.path.exists(self.path("home", "ascmhl", "ascmhl_chain.xml"))
+        self.assertTrue(is_over or process.returncode != 0)
+        return has_begun and not is_over, is_over
+
     def test_a_kill_at_any_moment(self):
         chance = random.Random(5)
         began = time.monotonic()
         self.expect(0, "copy", "--quiet", "card", "home")
-        whole = time.monotonic() - began
-        for _ in range(int(os.environ.get("MIXDECK_KILLS", "30"))):
-            subprocess.run(["rm", "-rf", self.path("home")], check=True)
-            with self.start() as process:
-                time.sleep(chance.random() * whole)
-                process.kill()
-                process.communicate()
-            if os.path.isdir(self.path("home")):
-                self.check_what_is_there()
+        span = time.monotonic() - began
+        killed, some = 0, 0
+        for _ in range(4 * KILLS):
+            if killed == KILLS:
+                break
+            is_middle, is_over = self.kill_a_copy(chance.random() * span)
+            span *= 0.97 if is_over else 1.01  # keeps to the speed of a machine that is shared
+            killed += is_middle
+            some += is_middle and 0 < len(self.at_home()) < len(self.takes)
             self.expect(0, "copy", "--quiet", "card", "home", err="")
             self.assertEqual(self.at_home(), self.takes)
             self.expect(0, "verify", "home", out="7 right\n", err="")
+        self.assertEqual(killed, KILLS)
+        print(f"{killed} kills in the middle of a copy: {some} times some takes were there")
 
     def is_reading(self, process, name):
         folder = f"/proc/{process.pid}/fd"

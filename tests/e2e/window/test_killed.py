@@ -4,11 +4,12 @@
 of its settings.
 
 MIXDECK_KILLS is how often it is killed, all kinds but several exports together (6),
-MIXDECK_BATCH_KILLS how often in those (2).
+MIXDECK_BATCH_KILLS how often in those (2). A kill after the last export was there does not count.
 """
 
 import os
 import random
+import signal
 import subprocess
 import time
 import unittest
@@ -19,15 +20,14 @@ from exported import LEFT, undated
 KILLS = int(os.environ.get("MIXDECK_KILLS", "6"))
 BATCH_KILLS = int(os.environ.get("MIXDECK_BATCH_KILLS", "2"))
 OLD = b"the old file" * 1000
-RATE = 3000000  # bytes a second: an export of the take lasts a good part of a second
-SPAN = 1.2
+RATE = 3000000  # bytes a second: what is to be exported is read for half a second or more
 
 
 class KilledTest(Case):
     def setUp(self):
         super().setUp()
         self.chance = random.Random(1)
-        self.take("R0001.WAV", noise(300000, 24))
+        self.size = self.take("R0001.WAV", noise(300000, 24)).stat().st_size
         self.target = self.takes / "out.WAV"
         tool = self.home / "tool.wav"
         subprocess.run([CLI, "export", "--angle", "75", "--output", tool, self.takes / "R0001.WAV"], check=True)
@@ -59,11 +59,30 @@ class KilledTest(Case):
         button.act("Press")
         return program
 
-    def kill_an_export(self, before):
-        program = self.exporting()
-        time.sleep(self.chance.random() * SPAN)
+    def kill(self, program, delay):
+        time.sleep(delay)
+        self.assertIsNone(program.process.poll())
         program.process.kill()
         program.process.wait()
+        self.assertEqual(program.process.returncode, -signal.SIGKILL)
+
+    def kill_often(self, kill, count, size):
+        """Has `kill`, which returns whether the last export was there, kill so many runs before it was, at moments over
+        the time in which so many bytes are exported."""
+        span, killed, over = size / RATE, 0, 0
+        while killed < count:
+            if kill(self.chance.random() * span):
+                over += 1
+                span *= 0.9
+            else:
+                killed += 1
+                span *= 1.02  # what is written takes time, too
+            self.assertLessEqual(over, 3 * count)
+        return f"{killed} kills in the middle, {over} more after the end"
+
+    def kill_an_export(self, before, delay):
+        program = self.exporting()
+        self.kill(program, delay)
         content = self.target.read_bytes() if self.target.exists() else None
         is_new = content is not None and undated(content) == self.new
         if not is_new:
@@ -75,20 +94,16 @@ class KilledTest(Case):
         return is_new
 
     def test_an_export(self):
-        count = KILLS // 3
-        new = 0
-        for _ in range(count):
+        def kill(delay):
             self.target.unlink(missing_ok=True)
-            new += self.kill_an_export(None)
-        print(f"{count} kills in an export: the new file {new} times")
+            return self.kill_an_export(None, delay)
+        print("an export:", self.kill_often(kill, KILLS // 3, self.size))
 
     def test_a_replacement(self):
-        count = KILLS // 3
-        new = 0
-        for _ in range(count):
+        def kill(delay):
             self.target.write_bytes(OLD)
-            new += self.kill_an_export(OLD)
-        print(f"{count} kills in a replacement: the new file {new} times")
+            return self.kill_an_export(OLD, delay)
+        print("a replacement:", self.kill_often(kill, KILLS // 3, self.size))
         subprocess.run([CLI, "export", "--force", "--output", self.target,
                         self.takes / "R0001.WAV"], check=True)
         self.assertEqual(sorted(path.name for path in self.takes.iterdir()),
@@ -128,22 +143,23 @@ class KilledTest(Case):
     def test_several_at_once(self):
         wanted = self.make_takes()
         sources = {path.name: path.read_bytes() for path in self.takes.iterdir()}
-        some = 0
-        for attempt in range(BATCH_KILLS):
-            old = OLD if attempt % 2 else None
+        times = []  # how many of them were there
+
+        def kill(delay):
+            old = OLD if len(times) % 2 else None
             for name in wanted:
                 (self.takes / name).unlink(missing_ok=True)
                 if old:
                     (self.takes / name).write_bytes(old)
-            program = self.exporting_several(sources, bool(old))
-            time.sleep(self.chance.random() * SPAN)
-            program.process.kill()
-            program.process.wait()
-            some += self.check_several(wanted, sources, old)
-        print(f"{BATCH_KILLS} kills in several exports: {some} times some were there")
+            self.kill(self.exporting_several(sources, bool(old)), delay)
+            times.append(self.check_several(wanted, sources, old))
+            return times[-1] == len(wanted)
+        said = self.kill_often(kill, BATCH_KILLS, sum(map(len, sources.values())))
+        some = sum(0 < new < len(wanted) for new in times)
+        print(f"several exports: {said}, {some} times some were there and some were not")
 
     def check_several(self, wanted, sources, old):
-        """Whether some exports are there and some are not; each is whole or what it was."""
+        """How many exports are there; each is whole or what it was."""
         there = {path.name: path.read_bytes() for path in self.takes.iterdir()}
         for name, content in sources.items():
             self.assertTrue(there.pop(name) == content, name)
@@ -157,7 +173,7 @@ class KilledTest(Case):
         self.assertLessEqual(len(there), 4 if old else 0)
         for name in there:
             self.assertRegex(name, LEFT)
-        return 0 < new < len(wanted)
+        return new
 
     # ---- settings: the window stores the folder that it shows ----
 
