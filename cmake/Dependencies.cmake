@@ -13,6 +13,7 @@ pkg_check_modules(ALSA REQUIRED IMPORTED_TARGET alsa)
 pkg_check_modules(XXHASH REQUIRED IMPORTED_TARGET libxxhash)
 pkg_check_modules(SQLITE REQUIRED IMPORTED_TARGET sqlite3)
 pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)
+pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Svg Widgets)
 
 # A newer Qt warns of what the oldest one that we build with has nothing else for.

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "app/MainViewParts.h"
+#include "app/WindowSight.h"
 
 namespace {
 
@@ -68,7 +68,7 @@ void LoudnessPane::showProgress() {
 }
 
 void LoudnessPane::tick() {
-  if (MainViewParts::isSeen(_view)) refreshHead();
+  if (WindowSight::isSeen(_view)) refreshHead();
 }
 
 void LoudnessPane::refreshHead() {

@@ -5,7 +5,6 @@
 
 #include <QEvent>
 #include <QPalette>
-#include <QWindow>
 
 #include "controls/Artwork.h"
 #include "controls/Colors.h"
@@ -78,9 +77,4 @@ void MainViewParts::setAlpha(QLabel& caption, double alpha) {
       dynamic_cast<Fading*>(caption.findChild<QObject*>(kFading, Qt::FindDirectChildrenOnly));
   if (fading == nullptr) fading = new Fading(caption);
   fading->setAlpha(alpha);
-}
-
-bool MainViewParts::isSeen(const QWidget& widget) {
-  const QWindow* const window = widget.window()->windowHandle();
-  return window == nullptr || window->isExposed();
 }

@@ -34,8 +34,6 @@ class MainViewParts {
   static void setFace(QAbstractButton& button, const QString& artwork, const QString& name);
   /// Text colour of a caption at this opacity, 0 to 1.
   static void setAlpha(QLabel& caption, double alpha);
-  /// False in a window of which nothing is on the screen, such as one that is minimised.
-  [[nodiscard]] static bool isSeen(const QWidget& widget);
 
  private:
   static void style(QLabel& label, const char* role, const QString& text);

@@ -3,7 +3,10 @@
 
 #include "app/ScopePane.h"
 
-#include "app/MainViewParts.h"
+#include <QScreen>
+
+#include "app/WindowSight.h"
+#include "base/SteadyTime.h"
 #include "controls/NumberText.h"
 
 namespace {
@@ -16,6 +19,7 @@ ScopePane::ScopePane(StageView& view, TakeSession& take, QObject* parent)
     : QObject(parent), _view(view), _take(take) {
   _timerScope.setObjectName(QStringLiteral("timerScope"));
   _timerScope.setTimerType(Qt::PreciseTimer);
+  _timerScope.setSingleShot(true);
   connect(&_timerScope, &QTimer::timeout, this, &ScopePane::tick);
   connect(&_take, &TakeSession::opened, this, &ScopePane::begin);
   connect(&_take, &TakeSession::closing, this, &ScopePane::drop);
@@ -49,29 +53,43 @@ void ScopePane::darken() {
 void ScopePane::showState() {
   if (_take.state() != TakeSession::State::Playing) return rest();
   advance();
-  _timerScope.start(static_cast<int>(_interval * kMsPerSecond));
+  _pace.begin(SteadyTime::now());
+  wait();
+}
+
+void ScopePane::wait() {
+  _timerScope.start(_pace.next(SteadyTime::now(), interval()));
+}
+
+// Asked anew for each picture: the window may have come to another screen.
+double ScopePane::interval() const {
+  if (_isCalm) return kCalmInterval;
+  const QScreen* const screen = _view.screen();
+  return PicturePace::interval(screen == nullptr ? 0 : screen->refreshRate());
 }
 
 void ScopePane::reduceMotion(bool isReduced) {
-  _interval = isReduced ? kCalmInterval : kInterval;
+  _isCalm = isReduced;
   if (_timerScope.isActive()) showState();
 }
 
 void ScopePane::tick() {
-  MainViewParts::isSeen(_view) ? advance() : darken();
+  WindowSight::isSeen(_view) ? advance() : darken();
+  wait();
 }
 
 void ScopePane::advance() {
   if (!_heard) return;
-  const double to = _take.playedTime() + _interval / 2;
+  const double step = interval();
+  const double to = _take.playedTime() + step / 2;
   const double since = to - _shownTo;
-  const double least = isCalm() ? _interval : 0;  // a picture by itself is not cut short by a pause
-  const bool goesOn = since > least && since < kMostLate * _interval;
-  const double from = goesOn ? _shownTo : to - _interval;
+  const double least = _isCalm ? step : 0;  // a picture by itself is not cut short by a pause
+  const bool goesOn = since > least && since < kMostLate * step;
+  const double from = goesOn ? _shownTo : to - step;
   const HeardSound sound = _take.heardSound();
   const auto frames = _heard->read(from, to, sound).value_or(std::span<const float>());
   _shownTo = _heard->heardAt(from, to, sound);
-  if (isCalm()) _view.field->scope->clear();
+  if (_isCalm) _view.field->scope->clear();
   _view.field->scope->advance(frames, to - from);
   _correlation.add(frames, to - from);
   showCorrelation(_correlation.value());

@@ -9,10 +9,11 @@
 
 #include "app/HeardCorrelation.h"
 #include "app/HeardFrames.h"
+#include "app/PicturePace.h"
 #include "app/StageView.h"
 #include "app/TakeSession.h"
 
-/// Shows where the sound stands between the channels, thirty times a second while a take plays:
+/// Shows where the sound stands between the channels, at the pace of the screen while a take plays:
 /// each frame within the half of a picture from when it is heard. With reduced motion, four times a
 /// second what was heard since, without a trace of what came before. Dark while nobody sees the
 /// window. Interface thread.
@@ -20,8 +21,7 @@ class ScopePane : public QObject {
   Q_OBJECT
 
  public:
-  /// Seconds from one picture to the next.
-  static constexpr double kInterval = 1.0 / 30.0;
+  /// Seconds from one picture to the next, with reduced motion.
   static constexpr double kCalmInterval = 0.25;
 
   /// Both outlive the pane.
@@ -37,8 +37,10 @@ class ScopePane : public QObject {
   void tick();
   void darken();
   void showState();
-  [[nodiscard]] bool isCalm() const { return _interval == kCalmInterval; }
   void rest();
+  void wait();
+  /// Seconds from one picture to the next.
+  [[nodiscard]] double interval() const;
   void showCorrelation(std::optional<double> value);
 
   StageView& _view;
@@ -47,6 +49,7 @@ class ScopePane : public QObject {
   HeardCorrelation _correlation;
   std::optional<int> _hundredths;  ///< of the correlation, that are shown
   double _shownTo = 0;             ///< seconds
-  double _interval = kInterval;
+  bool _isCalm = false;
+  PicturePace _pace;
   QTimer _timerScope{this};
 };

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/MainViewParts.h"
+#include "app/WindowSight.h"
 
 namespace {
 
@@ -69,7 +69,7 @@ double WaveformPane::playHead() const {
 }
 
 void WaveformPane::tick() {
-  if (MainViewParts::isSeen(_view)) refresh();
+  if (WindowSight::isSeen(_view)) refresh();
 }
 
 void WaveformPane::refresh() {

@@ -8,6 +8,7 @@
 
 #include "app/MainView.h"
 #include "app/ViewController.h"
+#include "app/WindowSight.h"
 
 /// The one window: its title, ground, size and place, and its end. Interface thread.
 class WindowController : public QObject {
@@ -42,6 +43,7 @@ class WindowController : public QObject {
 
  private:
   MainView _view;
+  WindowSight _sight{_view};
   std::unique_ptr<ViewController> _viewController;
   bool _hasAppeared = false;
 };

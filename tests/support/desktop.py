@@ -113,6 +113,7 @@ class Desktop:
                 stderr=log, env=self.environment | {SERVICE: str(self.folder)},
                 pass_fds=[] if keep is None else [keep])
         self.processes.append(process)
+        return process
 
     def _signal_services(self, number):
         """The bus starts services of its own; they carry its mark."""

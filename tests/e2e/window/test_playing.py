@@ -103,6 +103,20 @@ class PlayingTest(SoundingCase):
         self.wait_stopped(program)
         program.wait(lambda: all(meter.value == -48 for meter in meters), "the levels' fall")
 
+    def test_pictures_rest_behind_another_window(self):
+        self.take("R0001.WAV", noise(RATE * 60, 24))
+        program = self.start()
+        self.open(program, "R0001.WAV")
+        correlation = program.find("label", "Correlation")
+        program.wait(lambda: "." in correlation.text, "the sound in the picture")
+        cover = self.desktop.spawn("display", "-backdrop", "-size", "64x64", "xc:gray")
+        program.wait(lambda: "." not in correlation.text, "rest")
+        position = program.find("slider", "Position")
+        before = position.value
+        program.wait(lambda: position.value > before, "the take, which plays on")
+        cover.terminate()
+        program.wait(lambda: "." in correlation.text, "the pictures once more")
+
     def test_mute(self):
         self.take("R0001.WAV", noise(RATE * 20, 24))
         program = self.start()

@@ -13,6 +13,7 @@
 #include "TakeFixture.h"
 #include "app/HeardCorrelation.h"
 #include "app/LoudnessPane.h"
+#include "app/PicturePace.h"
 #include "app/ScopePane.h"
 #include "app/TransportPane.h"
 #include "app/WaveformPane.h"
@@ -98,7 +99,7 @@ TEST_F(Scope, ReducedMotionShowsEachQuarterOfASecondByItself) {
       [](int i) { return std::pair(i < static_cast<int>(kRate) ? 0.5 * tone(i) : 0.0, 0.0); });
   load(0, 2);
   pane->reduceMotion(true);
-  EXPECT_EQ(pane->findChild<QTimer*>("timerScope")->interval(), 250);
+  EXPECT_NEAR(pane->findChild<QTimer*>("timerScope")->interval(), 250, 40);
   session->seek(0.05);
   pane->advance();
   EXPECT_FALSE(field.scope->isDark());
@@ -108,7 +109,43 @@ TEST_F(Scope, ReducedMotionShowsEachQuarterOfASecondByItself) {
   const int side = field.scope->points().side();
   for (int y = 0; y < side / 2 - 4; ++y) EXPECT_EQ(field.scope->points().lightAt(side / 2, y), 0);
   pane->reduceMotion(false);
-  EXPECT_EQ(pane->findChild<QTimer*>("timerScope")->interval(), 33);
+  EXPECT_NEAR(pane->findChild<QTimer*>("timerScope")->interval(), 17, 17) << "of 60 refreshes, two";
+}
+
+TEST(PicturePace, APictureStaysForWholeRefreshes) {
+  EXPECT_DOUBLE_EQ(PicturePace::interval(60), 1 / 30.0);
+  EXPECT_DOUBLE_EQ(PicturePace::interval(59.94), 2 / 59.94);
+  EXPECT_DOUBLE_EQ(PicturePace::interval(50), 1 / 50.0);
+  EXPECT_DOUBLE_EQ(PicturePace::interval(75), 2 / 75.0);
+  EXPECT_DOUBLE_EQ(PicturePace::interval(144), 4 / 144.0);
+  EXPECT_DOUBLE_EQ(PicturePace::interval(240), 8 / 240.0);
+  EXPECT_DOUBLE_EQ(PicturePace::interval(24), 1 / 24.0) << "there are no more";
+  for (const double unknown : {0.0, -1.0, std::nan(""), HUGE_VAL}) {
+    EXPECT_DOUBLE_EQ(PicturePace::interval(unknown), 1 / 30.0);
+  }
+}
+
+// A timer counts whole milliseconds, and is late.
+TEST(PicturePace, WhatATimerIsOffByDoesNotAddUp) {
+  constexpr double kStep = 2 / 59.94;
+  constexpr PicturePace::Milliseconds kBegin(1'000'000);
+  PicturePace pace;
+  pace.begin(kBegin);
+  PicturePace::Milliseconds now = kBegin;
+  for (int picture = 1; picture <= 1000; ++picture) {
+    now += pace.next(now, kStep);
+    EXPECT_NEAR(static_cast<double>((now - kBegin).count()), 1000 * kStep * picture, 0.6);
+    now += PicturePace::Milliseconds(picture % 5);
+  }
+}
+
+TEST(PicturePace, PicturesThatNobodyWasThereForAreLeftOut) {
+  using namespace std::chrono_literals;
+  PicturePace pace;
+  pace.begin(1000ms);
+  EXPECT_EQ(pace.next(1000ms, 0.05), 50ms);
+  EXPECT_EQ(pace.next(1420ms, 0.05), 30ms);
+  EXPECT_EQ(pace.next(1450ms, 0.05), 50ms);
 }
 
 // One loud frame at two seconds: looked for from before to after, thirty pictures a second. The
