@@ -50,7 +50,9 @@ void declare(CLI::App& program, RecorderOptions& options) {
   program.footer(kFooter);
 }
 
-int run(const RecorderOptions& options) {
+// The toolkit sets the locale, in which 1.5 may be no number: the options are read before.
+int run(int argc, char** argv, const RecorderOptions& options) {
+  const QCoreApplication application(argc, argv);
   RecorderProgram recorder(options);
   const std::string problem = recorder.start();
   if (problem.empty()) return QCoreApplication::exec();
@@ -73,14 +75,13 @@ int runProgram(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return program.exit(error) == 0 ? 0 : kUsage;
   }
-  return run(options);
+  return run(argc, argv, options);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   try {
-    const QCoreApplication application(argc, argv);
     return runProgram(argc, argv);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "mixdeck-recorder-sim: %s\n", error.what());
