@@ -24,8 +24,8 @@
 #include <string>
 #include <vector>
 
+#include "QueuedExports.h"
 #include "ShownWindow.h"
-#include "queue/ExportQueue.h"
 #include "queue/MediumPace.h"
 
 namespace {
@@ -82,28 +82,6 @@ void makeAnew(const fs::path& folder) {
   fs::create_directories(folder);
 }
 
-/// Milliseconds until all are written; less than none where one was not.
-double exportAll(ExportQueue& queue, const std::vector<fs::path>& takes, const fs::path& target) {
-  std::size_t failed = 0;
-  const QObject here;
-  QObject::connect(&queue, &ExportQueue::finished, &here,
-                   [&](int, const ExportOrder&, const ExportResult& result) {
-                     if (result.end != ExportResult::End::Written) ++failed;
-                   });
-  QElapsedTimer watch;
-  watch.start();
-  for (const fs::path& take : takes) {
-    queue.add({.source = take,
-               .target = target / (take.stem().string() + "_Decode.WAV"),
-               .angle = 90,
-               .isOfBatch = true});
-  }
-  while (queue.isBusy()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  const double took = ShownWindow::milliseconds(watch);
-  if (failed > 0) fmt::print(stderr, "{} exports failed\n", failed);
-  return failed > 0 ? -1 : took;
-}
-
 /// Whether every export of every run was written.
 bool exportOften(ExportQueue& queue, const std::vector<fs::path>& takes, const fs::path& target,
                  int runs) {
@@ -117,7 +95,7 @@ bool exportOften(ExportQueue& queue, const std::vector<fs::path>& takes, const f
   for (int run = 0; run < runs; ++run) {
     makeAnew(own);
     forgetMostHeld();
-    const double took = exportAll(queue, takes, own);
+    const double took = QueuedExports::timed(queue, takes, own);
     fmt::print("exported {:.1f} {}\n", took, mostHeldKiB());
     isAllWritten = isAllWritten && took >= 0;
   }
