@@ -75,9 +75,9 @@ class SmallDiskTest(Case):
                                               "a.wav", "b.wav")
         self.assertEqual(status, 1)
         self.assertIn(self.reason, errors)
-        self.assertLessEqual(len(left), 1)
-        for size in left.values():
-            self.assertEqual(size, 748 + 600000)
+        # Room for one is set aside before it is written; a limit on sizes, where none can be mounted, is
+        # for each by itself.
+        self.assertEqual(list(left.values()), [748 + 600000] if self.mount else [])
 
     def test_a_batch_goes_on_after_what_does_not_fit(self):
         sizes = {"a": 100000, "b": 200000, "c": 40000, "d": 200000, "e": 20000}
@@ -91,11 +91,8 @@ class SmallDiskTest(Case):
             for name in ("b", "d"):  # 1.2 MB each never fit; the others do beside each other
                 self.assertIn(f"mixdeck-cli: out/{name}_Decode.WAV: Fail to save. {self.reason}\n",
                               errors)
-            for name, size in left.items():
-                self.assertEqual(size, 748 + 6 * sizes[name[0]], "whole or not there")
-            if jobs == "1":
-                self.assertEqual(sorted(left), [f"{name}_Decode.WAV" for name in "ace"])
-            self.assertEqual(len(left) + errors.count("Fail to save"), len(sizes))
+            self.assertEqual(left, {f"{name}_Decode.WAV": 748 + 6 * sizes[name] for name in "ace"})
+            self.assertEqual(errors.count("Fail to save"), 2)
             for name in os.listdir(self.path("out")):  # where no disk can be mounted
                 os.remove(self.path("out", name))
 
