@@ -51,7 +51,13 @@ void weigh(const KWeighting& weighting, const Stretches& frames, WeighingLanes& 
 
 namespace hn = hwy::HWY_NAMESPACE;
 
+// Where the width of a vector is known at run time only, its bound would be taken for it where
+// left and right are told apart.
+#if HWY_HAVE_SCALABLE
+using FloatTag = hn::FixedTag<float, 4>;
+#else
 using FloatTag = hn::ScalableTag<float>;
+#endif
 using Floats = hn::Vec<FloatTag>;
 
 HWY_ATTR bool areFinite(std::span<const float> samples) {
