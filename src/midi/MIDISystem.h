@@ -49,9 +49,9 @@ class MIDISystemClient {
 /// The platform's MIDI, as little of it as the link needs.
 ///
 /// Everything is called, and calls back, on the interface thread. Nothing waits, except that a back
-/// end may wait a moment at its end. A call about an object
-/// that is not there (any more) does nothing. A system without MIDI has no endpoints and
-/// makes no ports; it is not an error to ask.
+/// end may wait a moment at its end, and longer where no thread can be had for what waits. A call
+/// about an object that is not there (any more) does nothing. A system without MIDI has no
+/// endpoints and makes no ports; it is not an error to ask.
 ///
 /// What arrives keeps to three rules, which the back end sees to: real-time messages are left out,
 /// since they may stand in the middle of a SysEx message; a byte packet holds nothing else beside

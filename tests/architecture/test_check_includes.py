@@ -139,6 +139,13 @@ class Qt(IncludeCheck):
         self.write("dsp/CMakeLists.txt", library("dsp", "Qt6::Core"))
         self.expect("dsp does without Qt")
 
+    def test_where_a_folder_inside_of_one_without_has_it(self):
+        self.write("cli/CMakeLists.txt", library("cli", "mixdeck::low"))
+        self.write("cli/live/CMakeLists.txt", library("live", "mixdeck::cli Qt6::Core"))
+        self.expect_none()
+        self.write("low/CMakeLists.txt", library("low", "Qt6::Core"))
+        self.expect("cli does without Qt")
+
 
 class StandIns(IncludeCheck):
     def setUp(self):

@@ -33,7 +33,8 @@ struct AlsaPayload;
 /// Interface thread only: the sequencer's descriptor is in the event loop of the thread that calls
 /// `create`, which needs a QCoreApplication. Nothing waits for the kernel, which plays out what a
 /// driver was still given: where that may be, the whole client is left to a thread that ends it,
-/// and there is a new one. The end waits a tenth of a second for such threads. It must not be
+/// and there is a new one. Only where no thread can be had is it ended here, for which the kernel
+/// may take ten seconds. The end waits a tenth of a second for such threads. It must not be
 /// destroyed while it calls. Set-up changes are reported when they have settled, some 150 ms after
 /// the last of a burst.
 class AlsaMIDISystem final : public MIDISystem {
