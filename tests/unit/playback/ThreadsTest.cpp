@@ -314,7 +314,7 @@ TEST_F(Application, AnOutputThatWasNeverStartedStartsNothingAndTellsNothing) {
     output.pause();
     output.flush();
     output.drain();
-    EXPECT_EQ(ThreadCount::now(), before);
+    EXPECT_LE(ThreadCount::now(), before) << "those of tests before this one may have ended";
     QCoreApplication::processEvents();
   }
   EXPECT_TRUE(listener.lost.empty());

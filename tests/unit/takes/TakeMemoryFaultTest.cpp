@@ -256,7 +256,7 @@ TEST_F(MemoryFault, WhileAnotherProgramBeginsItIsWaitedFor) {
 TEST_F(MemoryFault, WhoHasWaitedInVainDoesNotWaitAgainUntilItIsFree) {
   remember(file, "a", 1);
   constexpr int kAsked = 50;
-  constexpr std::chrono::milliseconds kPatience(100);
+  constexpr std::chrono::milliseconds kPatience(500);
   using Clock = std::chrono::steady_clock;
   TakeMemory memory(file, kPatience);
   auto lock = std::make_unique<const LockedMemory>(file);

@@ -6,11 +6,11 @@
 #include <gmock/gmock.h>
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <filesystem>
 #include <fstream>
 
 #include "midi/alsa/DeviceNodeWatch.h"
+#include "support/EventLoop.h"
 #include "support/SteppedMIDIClock.h"
 #include "support/TemporaryFolder.h"
 
@@ -36,13 +36,8 @@ class AlsaAbsenceTest : public testing::Test {
     return system;
   }
   /// Lets the event loop run until the observer has been told so often.
-  [[nodiscard]] bool isToldWithin5s(int times) const {
-    QElapsedTimer timer;
-    timer.start();
-    while (observed < times && timer.elapsed() < 5000) {
-      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
-    }
-    return observed == times;
+  [[nodiscard]] bool isTold(int times) const {
+    return EventLoop::runUntil([&] { return observed >= times; }) && observed == times;
   }
 
   int argc = 1;
@@ -75,7 +70,7 @@ TEST_F(AlsaAbsenceTest, WithoutASequencerNothingIsThereAndNothingFails) {
   system->flushOutput(2);
   fs::create_directory(node.parent_path());
   std::ofstream(node) << "no device";
-  EXPECT_TRUE(isToldWithin5s(1));
+  EXPECT_TRUE(isTold(1));
   EXPECT_EQ(told.changes, 0) << "another attempt that fails is no news for a client";
   system->dispose(client);
 }
@@ -84,11 +79,11 @@ TEST_F(AlsaAbsenceTest, IsTriedAgainWhenTheNodeAppears) {
   fs::create_directory(node.parent_path());
   const auto system = create();
   std::ofstream(node) << "no device";
-  EXPECT_TRUE(isToldWithin5s(1));
+  EXPECT_TRUE(isTold(1));
   EXPECT_EQ(system->unavailableReason(),
             "The ALSA sequencer cannot be used (" + node.string() + ": No such device).");
   fs::remove(node);
-  EXPECT_TRUE(isToldWithin5s(2));
+  EXPECT_TRUE(isTold(2));
 }
 
 TEST_F(AlsaAbsenceTest, IsTriedAgainWhenItsFolderAppears) {
@@ -97,7 +92,7 @@ TEST_F(AlsaAbsenceTest, IsTriedAgainWhenItsFolderAppears) {
   QCoreApplication::processEvents();
   EXPECT_EQ(observed, 0) << "nothing is different yet";
   std::ofstream(node) << "no device";
-  EXPECT_TRUE(isToldWithin5s(1));
+  EXPECT_TRUE(isTold(1));
 }
 
 TEST_F(AlsaAbsenceTest, AFileBesideItIsNoReasonToTryAgain) {
