@@ -4,7 +4,6 @@
 #include "app/ImageView.h"
 
 #include <QAccessibleWidget>
-#include <QEvent>
 #include <QPainter>
 
 #include "controls/AccessibleFactory.h"
@@ -30,9 +29,4 @@ void ImageView::setImage(const QIcon& image) {
 void ImageView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   _image.paint(&painter, rect(), Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
-}
-
-void ImageView::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::EnabledChange) update();
-  QWidget::changeEvent(event);
 }

@@ -18,7 +18,6 @@ class ImageView : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void changeEvent(QEvent* event) override;
 
  private:
   QIcon _image;

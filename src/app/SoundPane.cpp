@@ -118,7 +118,6 @@ void SoundPane::setPlayable(bool isPlayable) {
 
 void SoundPane::setStereo(bool isRawMidSide) {
   _stage.sliderStereo->setEnable(isRawMidSide);
-  _stage.sliderStereo->update();
   _stage.imgDevice->setEnabled(isRawMidSide);
   MainViewParts::setAlpha(*_stage.lblStereo, isRawMidSide ? 1.0 : kDimmed);
 }

@@ -141,6 +141,7 @@ class AngleViewer : public QWidget, public Adjustable {
   void drawText(QPainter& painter, const QRectF& rect);
   void placeTitle(AngleInfo& title, QSizeF size, QPointF centre) const;
   void stopAt(double end, const Path& arc, QPointF place);
+  void endDrag();
   void point(const QMouseEvent& event);
   void setPointed(std::optional<int> degree);
   void setPointer(std::optional<QPointF> place);

@@ -116,7 +116,8 @@ QRectF AngleViewer::thumbSquare() const {
 
 // The release goes to the dialog, or nowhere.
 bool AngleViewer::event(QEvent* event) {
-  if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::Hide) _allow2Drag = false;
+  const bool isEnd = event->type() == QEvent::WindowBlocked || event->type() == QEvent::Hide;
+  if (isEnd) endDrag();
   return QWidget::event(event);
 }
 
@@ -139,6 +140,11 @@ void AngleViewer::mouseMoveEvent(QMouseEvent* event) {
   point(*event);
 }
 
+// The thumb may lie beside the pointer.
+void AngleViewer::endDrag() {
+  if (std::exchange(_allow2Drag, false)) update();
+}
+
 void AngleViewer::point(const QMouseEvent& event) {
   std::optional<double> angle;
   if (_enable) angle = _allow2Drag ? _angle : angleAt(upward(event));
@@ -157,7 +163,7 @@ void AngleViewer::mouseReleaseEvent(QMouseEvent* event) {
   if (!_enable) return;
   if (!_didTouchAngleTitle && !_userDidDrag && _clicks.count() == 1) detectClick(upward(*event));
   _userDidDrag = false;
-  if (std::exchange(_allow2Drag, false)) update();  // the thumb may lie beside the pointer
+  endDrag();
   point(*event);
 }
 

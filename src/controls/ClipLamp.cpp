@@ -83,10 +83,7 @@ void ClipLamp::resizeEvent(QResizeEvent* event) {
 }
 
 bool ClipLamp::event(QEvent* event) {
-  const QEvent::Type type = event->type();
-  const bool changesLook = type == QEvent::HoverEnter || type == QEvent::HoverLeave;
-  if (changesLook) update();
-  if (type == QEvent::FontChange) updateGeometry();
+  if (event->type() == QEvent::FontChange) updateGeometry();
   return QAbstractButton::event(event);
 }
 

@@ -94,7 +94,6 @@ QSize FigureLine::sizeHint() const {
 }
 
 void FigureLine::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::EnabledChange) update();
   if (event->type() == QEvent::FontChange) updateGeometry();
   QWidget::changeEvent(event);
 }

@@ -51,7 +51,6 @@ void StereoScope::resizeEvent(QResizeEvent* event) {
 }
 
 void StereoScope::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::EnabledChange) update();
   if (event->type() == QEvent::PaletteChange) _points.setColor(Colors::safe());
   _ground = {};
   QWidget::changeEvent(event);

@@ -98,7 +98,6 @@ class WaveformViewer : public QWidget, public Adjustable {
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
-  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   /// Asks for columns where the stretch is another than it was.

@@ -39,7 +39,6 @@ void WaveformViewer::changeEvent(QEvent* event) {
   if (event->type() == QEvent::EnabledChange) {
     _isHeld = false;
     _marks.letGo();
-    update();
   }
   if (event->type() == QEvent::FontChange) _ruler.setFont(font());
   if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) drawPictures();
@@ -173,9 +172,4 @@ void WaveformViewer::keyPressEvent(QKeyEvent* event) {
 void WaveformViewer::focusInEvent(QFocusEvent* event) {
   _focus.gained(event->reason());
   QWidget::focusInEvent(event);
-}
-
-void WaveformViewer::focusOutEvent(QFocusEvent* event) {
-  update();
-  QWidget::focusOutEvent(event);
 }

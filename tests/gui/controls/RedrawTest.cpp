@@ -7,6 +7,8 @@
 
 #include <QApplication>
 #include <QBackingStore>
+#include <QListWidget>
+#include <QPushButton>
 #include <QTest>
 #include <cmath>
 #include <memory>
@@ -14,6 +16,7 @@
 #include <vector>
 
 #include "Hands.h"
+#include "Repaints.h"
 #include "controls/AngleViewer.h"
 #include "controls/ClipLamp.h"
 #include "controls/CorrelationBar.h"
@@ -21,6 +24,7 @@
 #include "controls/GainTickTitle.h"
 #include "controls/J4GainSlider.h"
 #include "controls/J4SliderCell.h"
+#include "controls/KeyRings.h"
 #include "controls/LevelMeter.h"
 #include "controls/PathViewer.h"
 #include "controls/StereoScope.h"
@@ -28,34 +32,9 @@
 
 namespace {
 
-class PaintCounter : public QObject {
- public:
-  explicit PaintCounter(QWidget& control) { control.installEventFilter(this); }
-  [[nodiscard]] int count() const { return _count; }
-
- protected:
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() == QEvent::Paint) ++_count;
-    return false;
-  }
-
- private:
-  int _count = 0;
-};
-
-/// Paints at once what a control has asked for.
-void flush(QWidget& control) {
-  QEvent request(QEvent::UpdateRequest);
-  QApplication::sendEvent(control.window(), &request);
-}
-
 template <class Action>
 bool repaints(QWidget& control, const Action& action) {
-  flush(control);
-  const PaintCounter paints(control);
-  action();
-  flush(control);
-  return paints.count() > 0;
+  return !Repaints::of(control, action).isEmpty();
 }
 
 /// What the control looks like on the screen, put together of what was painted by and by.
@@ -65,7 +44,7 @@ QImage pictureOf(QWidget& control) {
 
 /// Whether painting all of it would change nothing.
 bool isWhole(QWidget& control) {
-  flush(control);
+  Repaints::flush(control);
   const QImage parts = pictureOf(control);
   control.repaint();
   return parts == pictureOf(control);
@@ -138,6 +117,22 @@ TEST_F(RedrawOfDial, ForWhatAWidthCosts) {
   EXPECT_FALSE(repaints([this] { Hands::hover(control, {40, 200}); })) << "pointing shows nothing";
 }
 
+// While it is held it is marked wherever the pointer is.
+TEST_F(RedrawOfDial, ForAThumbThatIsLetGoBesideIt) {
+  const QPointF thumb(200, 40);  // at no angle
+  const QPointF beside(200, 120);
+  Hands::press(control, thumb);
+  Hands::move(control, beside);
+  EXPECT_TRUE(repaints([&] { Hands::release(control, beside); }));
+  EXPECT_FALSE(repaints([&] { Hands::hover(control, beside); }));
+  Hands::press(control, thumb);
+  Hands::move(control, beside);
+  EXPECT_TRUE(repaints([this] {
+    QEvent dialog(QEvent::WindowBlocked);
+    QApplication::sendEvent(&control, &dialog);
+  }));
+}
+
 TEST_F(RedrawOfDial, NotForAnAngleThatIsOnlyStored) {
   EXPECT_FALSE(repaints([this] { control.setAngle(50.0); }));
 }
@@ -176,7 +171,22 @@ TEST_F(RedrawOfSlider, ForItsCell) {
   EXPECT_TRUE(repaints([this] { control.cell()->setSliderEnabled(true); }));
   EXPECT_TRUE(repaints([this] { control.cell()->setIsVertical(true); }));
   EXPECT_TRUE(repaints([this] { control.setCell(std::make_shared<J4SliderCell>()); }));
+  J4GainSlider other;
+  EXPECT_TRUE(repaints([&] { other.setCell(control.cell()); })) << "it has gone";
+  EXPECT_EQ(nullptr, control.cell());
+  control.setCell(std::make_shared<J4SliderCell>());
   EXPECT_TRUE(repaints([this] { control.setCell(nullptr); }));
+}
+
+// While it is held it is marked wherever the pointer is.
+TEST_F(RedrawOfSlider, ForAReleaseBesideTheKnob) {
+  control.cell()->setIsVertical(true);
+  const QPointF knob = control.knobRect().center();
+  const QPointF beside = knob + QPointF(40, 0);
+  Hands::press(control, knob);
+  Hands::move(control, beside);
+  EXPECT_TRUE(repaints([&] { Hands::release(control, beside); }));
+  EXPECT_FALSE(repaints([&] { Hands::hover(control, beside); }));
 }
 
 struct RedrawOfScale : Redraw<GainTickTitle> {
@@ -255,6 +265,16 @@ TEST_F(RedrawOfWaveform, ForMarks) {
   EXPECT_FALSE(control.marks().has_value());
 }
 
+TEST_F(RedrawOfWaveform, ForADragThatADialogEnds) {
+  Hands::press(control, {100, 5});
+  Hands::move(control, {200, 5});
+  EXPECT_TRUE(repaints([this] {
+    QEvent dialog(QEvent::WindowBlocked);
+    QApplication::sendEvent(&control, &dialog);
+  })) << "nobody has taken the marks";
+  EXPECT_FALSE(control.marks().has_value());
+}
+
 TEST_F(RedrawOfWaveform, ForThePointerAndTheFocusRing) {
   EXPECT_TRUE(repaints([this] { Hands::move(control, {100, 30}); }));
   EXPECT_FALSE(repaints([this] { Hands::move(control, {100, 40}); })) << "the same time";
@@ -263,6 +283,9 @@ TEST_F(RedrawOfWaveform, ForThePointerAndTheFocusRing) {
     QApplication::sendEvent(&control, &leave);
   }));
   EXPECT_TRUE(repaints([this] { QTest::keyClick(&control, Qt::Key_Home); }));
+  control.setFocus();
+  ASSERT_TRUE(control.hasFocus());
+  EXPECT_TRUE(repaints([this] { control.clearFocus(); }));
 }
 
 TEST_F(RedrawOfMeter, ForAHoldThatMovesByAPixel) {
@@ -286,6 +309,7 @@ TEST_F(RedrawOfLamp, ForAFigureAndForItsLight) {
   control.setPeak(peak);
   peak.add(1.00001);
   EXPECT_TRUE(repaints([&] { control.setPeak(peak); })) << "lit";
+  EXPECT_TRUE(repaints([this] { control.setEnabled(false); }));
 }
 
 struct RedrawOfScope : Redraw<StereoScope> {
@@ -299,6 +323,7 @@ TEST_F(RedrawOfScope, ForPointsAndWhileTheyFade) {
   EXPECT_TRUE(repaints([this] { control.advance({}, 0.03); }));
   EXPECT_TRUE(repaints([this] { control.clear(); }));
   EXPECT_FALSE(repaints([this] { control.clear(); }));
+  EXPECT_TRUE(repaints([this] { control.setEnabled(false); }));
 }
 
 struct RedrawOfCorrelation : Redraw<CorrelationBar> {
@@ -331,6 +356,36 @@ TEST(RedrawOfFigure, ForAnotherTenthNoteOrLook) {
   EXPECT_FALSE(repaints(line, [&] { line.setNote("43 %"); }));
   EXPECT_TRUE(repaints(line, [&] { line.setLook(FigureLine::Look::Over); }));
   EXPECT_TRUE(repaints(line, [&] { line.setFigure(std::nullopt); }));
+  EXPECT_TRUE(repaints(line, [&] { line.setEnabled(false); }));
+}
+
+/// Keys that nothing but the rings is for.
+struct RedrawOfRings : testing::Test {
+  RedrawOfRings() {
+    KeyRings::install(*qApp);
+    window.setStyleSheet("QPushButton[keys=true] { border: 2px solid blue; }");
+    list.addItem("R0001.WAV");
+    button.move(0, 100);
+    Hands::show(window, {300, 200});
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+  }
+  /// Of one that has the keyboard by a click.
+  static bool isPaintedForTheFirstKey(QWidget& widget, QWidget& painted) {
+    QTest::mouseClick(&painted, Qt::LeftButton);
+    const bool comes = repaints(painted, [&] { QTest::keyClick(&widget, Qt::Key_F5); });
+    const bool stays = !repaints(painted, [&] { QTest::keyClick(&widget, Qt::Key_F5); });
+    return comes && stays;
+  }
+
+  QWidget window;
+  QListWidget list{&window};
+  QPushButton button{&window};
+};
+
+TEST_F(RedrawOfRings, ForAKey) {
+  EXPECT_TRUE(isPaintedForTheFirstKey(button, button));
+  EXPECT_TRUE(isPaintedForTheFirstKey(list, *list.viewport()));
 }
 
 }  // namespace
