@@ -25,7 +25,7 @@ class DialogWindow : public QDialog {
   void bringUp();
 
  protected:
-  /// Around what the dialog holds.
+  /// Around what most dialogs hold.
   static constexpr QMargins kMargins{28, 24, 28, 20};
   static constexpr int kMarginsAcross = kMargins.left() + kMargins.right();
   /// Of a bar that shows how far it is.

@@ -38,7 +38,7 @@ class TakeMemory {
     None,
     SetAside,   ///< the file was damaged
     Newer,      ///< the file is of a version to come
-    OutOfReach  ///< it could not be read or written: `failure` tells why
+    OutOfReach  ///< it could not be read, written or set aside: `failure` tells why
   };
 
   explicit TakeMemory(std::filesystem::path file = defaultPath(),

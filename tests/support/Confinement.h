@@ -7,7 +7,8 @@
 #include <functional>
 
 /// A forked child in a world that is smaller or more broken than the test's own. The operations
-/// below `run` are for the work inside the child: what they take away does not come back.
+/// below `run` are for the work inside the child: what they take away does not come back,
+/// unless it says so.
 class Confinement {
  public:
   /// Forks, runs `work` in the child and returns its result (0 to 255), or 1000 plus the signal

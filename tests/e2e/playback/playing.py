@@ -118,7 +118,7 @@ def disorder(numbers):
     it, in one channel or both; no buffer of the player's is one, and nothing may be heard twice."""
     numbers = numpy.asarray(numbers)
     if KIND == "pipewire":
-        numbers = numbers[numbers != 0]  # which none of them has: the other channel sounded
+        numbers = numbers[numbers != 0]  # the other channel sounded; 0 at most the first has
     missing = numpy.diff(numbers).astype(int) - 1
     wrong = numpy.flatnonzero((missing < 0) | (missing % CYCLE != 0))
     return [(int(numbers[at]), int(missing[at])) for at in wrong]
