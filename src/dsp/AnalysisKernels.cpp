@@ -51,14 +51,16 @@ void weigh(const KWeighting& weighting, const Stretches& frames, WeighingLanes& 
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-// Where the width of a vector is known at run time only, its bound would be taken for it where
-// left and right are told apart.
+// Where the width of a vector is known at run time only, its bound would be taken for it below.
 #if HWY_HAVE_SCALABLE
 using FloatTag = hn::FixedTag<float, 4>;
+using DoubleTag = hn::FixedTag<double, 2>;
 #else
 using FloatTag = hn::ScalableTag<float>;
+using DoubleTag = hn::FixedTag<double, HWY_MIN(HWY_MAX_BYTES / sizeof(double), 4)>;
 #endif
 using Floats = hn::Vec<FloatTag>;
+using Doubles = hn::Vec<DoubleTag>;
 
 HWY_ATTR bool areFinite(std::span<const float> samples) {
   const FloatTag df;
@@ -257,12 +259,6 @@ HWY_ATTR void interpolate(std::span<const float> frames, std::span<const float> 
   PlainAnalysisKernels::interpolate(frames.subspan(i), taps, out.subspan(i));
 }
 
-#if HWY_HAVE_SCALABLE
-using DoubleTag = hn::FixedTag<double, 2>;
-#else
-using DoubleTag = hn::FixedTag<double, HWY_MIN(HWY_MAX_BYTES / sizeof(double), 4)>;
-#endif
-using Doubles = hn::Vec<DoubleTag>;
 constexpr std::size_t kDoubles = hn::MaxLanes(DoubleTag());
 constexpr std::size_t kVectors = WeighingLanes::kWidth / kDoubles;
 
@@ -396,10 +392,8 @@ void AnalysisKernels::interpolate(std::span<const float> frames, std::span<const
   HWY_DYNAMIC_DISPATCH(interpolate)(frames, taps, out);
 }
 
-void AnalysisKernels::weigh(
-    const KWeighting& weighting,
-    const std::array<std::span<const float>, WeighingLanes::kStretches>& frames,
-    WeighingLanes& lanes) {
+void AnalysisKernels::weigh(const KWeighting& weighting, const HWY_NAMESPACE::Stretches& frames,
+                            WeighingLanes& lanes) {
   HWY_DYNAMIC_DISPATCH(weigh)(weighting, frames, lanes);
 }
 
