@@ -7,7 +7,7 @@ usage: check_docs.py ROOT
 Every link of a page (*.md) has a target here, every anchor a heading, every picture a file; every page
 of docs/ is reached from the README; every path and every class that a page names in backticks is one
 of the sources; every figure in a table of docs/comparisons.md stands on the measured page that its section
-leads to. Nothing is looked up on the network. Prints what is wrong; status 1 if anything is.
+leads to, and every row there ends with the program of benchmarks/ that repeats it. Nothing is looked up on the network. Prints what is wrong; status 1 if anything is.
 """
 
 import re
@@ -120,6 +120,16 @@ def figure_faults(root):
                 yield f"docs/comparisons.md: {figure} does not stand in {', '.join(measured)}"
 
 
+def repeat_faults(root):
+    """Rows of comparisons that do not say how to have them again."""
+    page = root / "docs/comparisons.md"
+    text = page.read_text("utf-8") if page.exists() else ""
+    for table in re.findall(r"(?:^\|.*\n?)+", text, re.MULTILINE):
+        for row in table.splitlines()[2:]:  # behind the heading and its line
+            if not re.search(r"\| *`benchmarks/[\w-]+`[^|]*\| *$", row):
+                yield f"docs/comparisons.md: no program of benchmarks/ ends the row {row}"
+
+
 def check(root):
     found = list(files(root))
     pages = {path: Page(path) for path in found if path.suffix == ".md"}
@@ -130,7 +140,7 @@ def check(root):
                    for fault in (*link_faults(page, pages), *name_faults(page, root, words))]
     faults += [f"{path.relative_to(root)}: nothing leads there from README.md"
                for path in sorted(unreached(root, pages))]
-    faults += figure_faults(root)
+    faults += [*figure_faults(root), *repeat_faults(root)]
     return faults, len(pages)
 
 

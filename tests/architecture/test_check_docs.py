@@ -31,6 +31,13 @@ class DocsCheck(unittest.TestCase):
         with open(self.root / "docs/a.md", "a", encoding="utf-8") as page:
             page.write(text + "\n")
 
+    def compare(self, end):
+        """A page of one row with this end, which another page leads to."""
+        self.write("benchmarks/b", "")
+        self.write("docs/comparisons.md", "# C\n## One\n[m](measured/m.md)\n"
+                   f"| | time | beside | again with |\n|---|---|---|---|\n| cp | 44 ms | {end} |\n")
+        self.write("docs/a.md", "# What `it` is, and why\n[c](comparisons.md)\n")
+
     def assert_fault(self, part):
         faults, _ = check(self.root)
         self.assertEqual(len(faults), 1, faults)
@@ -72,12 +79,18 @@ class DocsCheck(unittest.TestCase):
 
     def test_a_figure_that_nobody_measured(self):
         self.write("docs/measured/m.md", "# M\n| cp | 44 | 1.41 |\n")
-        row = "# C\n## One\n[m](measured/m.md)\n| cp | 44 ms | {} |\n"
-        self.say("[c](comparisons.md)")
-        self.write("docs/comparisons.md", row.format("1.41"))
+        self.compare("1.41 | `benchmarks/b`")
         self.assertEqual(check(self.root), ([], 4))
-        self.write("docs/comparisons.md", row.format("1.4"))
+        self.compare("1.4 | `benchmarks/b`")
         self.assert_fault("1.4 does not stand in measured/m.md")
+
+    def test_a_figure_that_nobody_can_repeat(self):
+        self.write("docs/measured/m.md", "# M\n| cp | 44 | 1.41 |\n")
+        for end in ("1.41", "1.41 | `docs/a.md`", "`benchmarks/b` | 1.41"):
+            self.compare(end)
+            self.assert_fault("no program of benchmarks/ ends the row | cp | 44 ms |")
+        self.compare("1.41 | `benchmarks/gone`")
+        self.assert_fault("`benchmarks/gone` is not there")
 
 
 if __name__ == "__main__":
