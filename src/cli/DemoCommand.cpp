@@ -10,6 +10,7 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <vector>
 
@@ -43,6 +44,7 @@ constexpr std::array kRecordings{
     Recording{"R0003.WAV", "Mixdeck demo: the same walk as plain left and right", true, false},
 };
 
+constexpr std::string_view kElsewhere = "name another folder with --output-dir";
 constexpr std::size_t kFloatsAtOnce = 9600;
 
 // What the recorder's header has in common with an export's: two channels and the rate.
@@ -127,7 +129,7 @@ bool DemoCommand::isAllThere() const {
 int DemoCommand::run() {
   const std::string reason = isAllThere() ? "" : OutputFolder::make(_folder);
   if (!reason.empty()) {
-    Streams::err(problemLine(_folder, kFailToSave, reason + "; --output-dir names another") + "\n");
+    Streams::err(targetProblem(_folder, reason, kElsewhere) + "\n");
     return kFailed;
   }
   std::error_code error;
@@ -142,7 +144,7 @@ int DemoCommand::run() {
     if (whyNot.empty()) {
       tell(fmt::format("{}: {}\n", printable(path.native()), recording.description));
     } else {
-      Streams::err(problemLine(path, kFailToSave, whyNot) + "\n");
+      Streams::err(targetProblem(path, whyNot, kElsewhere) + "\n");
       status = kFailed;
     }
   }

@@ -3,6 +3,8 @@
 
 #include "cli/ExportCommand.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <exception>
 #include <system_error>
@@ -17,6 +19,7 @@
 #include "cli/OutputFolder.h"
 #include "cli/Printable.h"
 #include "cli/Problem.h"
+#include "cli/ProblemAdvice.h"
 #include "cli/Streams.h"
 #include "cli/WidthOption.h"
 
@@ -118,7 +121,7 @@ bool ExportCommand::prepareFolder() const {
   if (_outputFolder.empty()) return true;
   const std::string reason =
       _isDryRun ? OutputFolder::whyNot(_outputFolder) : OutputFolder::make(_outputFolder);
-  if (!reason.empty()) Streams::err(problemLine(_outputFolder, kFailToSave, reason) + "\n");
+  if (!reason.empty()) Streams::err(targetProblem(_outputFolder, reason, elsewhere()) + "\n");
   return reason.empty();
 }
 
@@ -160,7 +163,7 @@ ExportCommand::End ExportCommand::exportItem(const ExportPlan::Item& item, std::
     return End::Done;
   }
   if (job.wasCancelled()) return End::Cancelled;
-  line.message(problemLine(item.target, kFailToSave, job.failure()));
+  line.message(targetProblem(item.target, job.failure(), elsewhere()));
   return End::Failed;
 }
 
@@ -168,9 +171,14 @@ std::string ExportCommand::refusal(const ExportPlan::Item& item, const Export& j
   std::error_code error;
   if (!job.IsFileValid()) return sourceProblem(job);
   if (job.isSource(item.target)) {
-    return problemLine(item.target, kFailToOpen, "The target is the source itself");
+    return problemLine(item.target, kFailToOpen,
+                       ProblemAdvice::onSaving("The target is the source itself", elsewhere()));
   }
-  if (!item.refusal.empty()) return problemLine(item.target, kFailToSave, item.refusal);
+  if (!item.refusal.empty()) {
+    return problemLine(
+        item.target, kFailToSave,
+        fmt::format("{}; export {} by itself, with --output", item.refusal, item.source.native()));
+  }
   if (!_force && fs::exists(fs::symlink_status(item.target, error))) {
     return problemLine(item.target, kFailToSave, "The file exists; --force replaces it");
   }
@@ -181,7 +189,12 @@ std::string ExportCommand::refusal(const ExportPlan::Item& item, const Export& j
   std::string reason = job.whyNot(target, is24bit());
   if (reason.empty()) return "";
   if (!is24bit() && job.whyNot(target, true).empty()) reason += "; --format 24 fits";
-  return problemLine(item.target, kFailToSave, reason);
+  return targetProblem(item.target, reason, elsewhere());
+}
+
+std::string_view ExportCommand::elsewhere() const {
+  return _output.empty() ? "name another folder with --output-dir"
+                         : "name another place with --output";
 }
 
 void ExportCommand::warn(const Export& job, ProgressLine& line) const {

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "cli/Command.h"
@@ -38,6 +39,8 @@ class ExportCommand : public Command {
                                ProgressLine& line) const;
   /// Empty where nothing stands against it, else the line that says what does.
   [[nodiscard]] std::string refusal(const ExportPlan::Item& item, const Export& job) const;
+  /// How another place for the output is chosen.
+  [[nodiscard]] std::string_view elsewhere() const;
   void warn(const Export& job, ProgressLine& line) const;
   [[nodiscard]] TakeLevel levelOf(const Export& job, ProgressLine& line) const;
   void prepare(Export& job, const TakeLevel& level) const;

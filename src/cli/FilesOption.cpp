@@ -14,6 +14,7 @@
 #include "cli/Interrupt.h"
 #include "cli/NotEmpty.h"
 #include "cli/Problem.h"
+#include "cli/ProblemAdvice.h"
 #include "cli/Streams.h"
 
 namespace {
@@ -68,7 +69,9 @@ std::string FilesOption::readList() const {
   const bool isInput = _list == "-";
   const std::string failure = isInput ? readAll(STDIN_FILENO, text) : openAndRead(_list, text);
   if (failure.empty()) return text;
-  Streams::err(problemLine(isInput ? "standard input" : _list, kFailToOpen, failure) + "\n");
+  Streams::err(problemLine(isInput ? "standard input" : _list, kFailToOpen,
+                           ProblemAdvice::onOpening(failure)) +
+               "\n");
   throw CLI::RuntimeError(Command::kFailed);
 }
 

@@ -159,7 +159,8 @@ bool MeasureCommand::plot(const Export& job, const TakeAnalysis& analysis,
   const std::string title = printable(job.getFilePath().filename().native());
   const MeasurePlot picture(title, analysis, waveform, width, _gain);
   const std::string failure = savePlot(picture.svg());
-  if (!failure.empty()) line.message(problemLine(_plot, kFailToSave, failure));
+  if (!failure.empty())
+    line.message(targetProblem(_plot, failure, "name another place with --plot"));
   return failure.empty();
 }
 

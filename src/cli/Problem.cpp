@@ -9,6 +9,7 @@
 
 #include "cli/Emphasis.h"
 #include "cli/Printable.h"
+#include "cli/ProblemAdvice.h"
 
 std::string problemLine(const std::filesystem::path& path, std::string_view text,
                         std::string_view reason) {
@@ -20,7 +21,10 @@ std::string problemLine(const std::filesystem::path& path, std::string_view text
 std::string sourceProblem(const std::filesystem::path& path, std::string_view text,
                           std::string_view reason) {
   std::error_code error;
-  if (!std::filesystem::is_directory(path, error)) return problemLine(path, text, reason);
+  if (text == kFileNotSupported) return problemLine(path, text, ProblemAdvice::onKind(reason));
+  if (!std::filesystem::is_directory(path, error)) {
+    return problemLine(path, text, ProblemAdvice::onOpening(reason));
+  }
   const std::string inside = (path / "*.WAV").native();
   return problemLine(path, text, fmt::format("{}; name recordings, as {}", reason, inside));
 }
@@ -28,4 +32,9 @@ std::string sourceProblem(const std::filesystem::path& path, std::string_view te
 std::string sourceProblem(const Export& job) {
   return sourceProblem(job.getFilePath(), job.reader() ? kFileNotSupported : kFailToOpen,
                        job.failure());
+}
+
+std::string targetProblem(const std::filesystem::path& path, std::string_view reason,
+                          std::string_view elsewhere) {
+  return problemLine(path, kFailToSave, ProblemAdvice::onSaving(reason, elsewhere));
 }

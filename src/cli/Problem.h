@@ -22,8 +22,14 @@ inline constexpr const char* kCancelled = "mixdeck-cli: cancelled";
 std::string problemLine(const std::filesystem::path& path, std::string_view text,
                         std::string_view reason);
 
-/// The same of a recording: where it is a folder, with the way to name those in it.
+/// The same of a recording, with what to do about it; where it is a folder, with the way to name
+/// those in it.
 std::string sourceProblem(const std::filesystem::path& path, std::string_view text,
                           std::string_view reason);
 /// The same of a job whose file is not valid: whether it cannot be read, or is not supported.
 std::string sourceProblem(const Export& job);
+
+/// The same of a file that cannot be saved, with what to do about it; `elsewhere` says how another
+/// place is chosen, as "name another folder with --output-dir".
+std::string targetProblem(const std::filesystem::path& path, std::string_view reason,
+                          std::string_view elsewhere);

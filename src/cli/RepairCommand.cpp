@@ -103,13 +103,17 @@ bool RepairCommand::salvage(std::size_t index, TakeRepair& repair, ProgressLine&
     refusal = "The file exists; --force replaces it";
   }
   const auto [owner, isFirst] = _owners.emplace(FileKey::of(target), _files[index]);
-  if (!isFirst) refusal = fmt::format("It belongs to {} in the same run", owner->second.native());
+  if (!isFirst) {
+    refusal = fmt::format("It belongs to {} in the same run; rename {}, and repair it by itself",
+                          owner->second.native(), _files[index].native());
+  }
   if (fs::equivalent(target, _files[index], error)) refusal = "The target is the source itself";
   repair.setCancelFlag(&Interrupt::requested());
   repair.setProgress([&](double done) { line.update(index, name, done); });
   if (refusal.empty() && (_isDryRun || repair.save(target, existing))) return true;
   if (refusal.empty() && repair.wasCancelled()) return false;
-  line.message(problemLine(target, kFailToSave, refusal.empty() ? repair.failure() : refusal));
+  line.message(targetProblem(target, refusal.empty() ? repair.failure() : refusal,
+                             "copy the take to another folder first"));
   return false;
 }
 

@@ -13,6 +13,7 @@ import unittest
 from mixdeck import CLI, Case, as_nobody, pack24, recording, without_threads
 
 MIB = 1 << 20
+FOLDER = "name another folder with --output-dir"
 
 
 def limit(size):
@@ -33,7 +34,8 @@ class SmallDiskTest(Case):
         super().setUp()
         os.mkdir(self.path("out"))
         self.mount = can_mount()
-        self.reason = "No space left on device" if self.mount else "File too large"
+        self.reason = (f"No space left on device; make room there, or {FOLDER}" if self.mount else
+                       f"File too large; {FOLDER}")
 
     def run_small(self, *arguments):
         """Runs the program with "out" on the small disk; returns status, errors and what "out"
@@ -109,7 +111,7 @@ class SizeLimitTest(Case):
         self.file("a.wav", recording([1000, 500] * 200000))
         self.file("a_Decode.WAV", b"old")
         self.expect(1, "export", "--force", "a.wav", out="", preexec_fn=limit(MIB),
-                    err="mixdeck-cli: a_Decode.WAV: Fail to save. File too large\n")
+                    err=f"mixdeck-cli: a_Decode.WAV: Fail to save. File too large; {FOLDER}\n")
         self.assertEqual(self.read("a_Decode.WAV"), b"old")
         self.assertEqual(self.names(), ["a.wav", "a_Decode.WAV"])
 
@@ -285,7 +287,7 @@ class SourceTest(Case):
             _, errors = process.communicate(timeout=120)
         self.assertEqual(process.returncode, 1)
         self.assertEqual(errors, "mixdeck-cli: out/long_Decode.WAV: Fail to save. "
-                                 "No such file or directory\n")
+                                 "No such file or directory; make its folder first\n")
         self.assertEqual(self.names(), ["long.wav"])
 
     def test_a_target_that_appears_meanwhile_is_not_replaced(self):

@@ -94,7 +94,7 @@ class FfmpegSourceTest(Case):
         self.make("a.wav", "pcm_s24le", PLAIN)
         result = self.expect(1, "export", "a.wav", out="")
         self.assertEqual(result.stderr, "mixdeck-cli: a.wav: File not supported. Not a WAVE file: "
-                                        "no data chunk\n")
+                                        "no data chunk; name a recording as the TARN J4 wrote it\n")
 
     def set_tag(self, name, tag):
         content = self.read(name)

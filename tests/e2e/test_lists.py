@@ -65,9 +65,9 @@ class ListTest(Case):
 
     def test_a_list_that_cannot_be_read(self):
         self.expect(1, "info", "--files-from", "none", out="", err="mixdeck-cli: none: Fail to open. "
-                    "No such file or directory\n")
+                    "No such file or directory; check its name, and that its card or disk is there\n")
         self.expect(1, "info", "--files-from", ".", out="",
-                    err="mixdeck-cli: .: Fail to open. Is a directory\n")
+                    err="mixdeck-cli: .: Fail to open. Is a directory; name a file\n")
 
     def test_a_list_without_end(self):
         result = self.expect(1, "info", "--files-from", "/dev/zero", out="")

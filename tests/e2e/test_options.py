@@ -304,13 +304,15 @@ class ExportTest(Case):
     def test_dry_run_refuses_where_it_cannot_write(self):
         self.file("file", b"")
         os.mkdir(self.path("folder"))
-        for target, reason in {"none/x.wav": "No such file or directory",
-                               "file/x.wav": "Not a directory", "folder": "Is a directory"}.items():
+        for target, reason in {"none/x.wav": "No such file or directory; make its folder first",
+                               "file/x.wav": "Not a directory; name another place with --output",
+                               "folder": "Is a directory; name a file in it"}.items():
             self.expect(1, "export", "--dry-run", "--force", "--output", target, "a.wav", out="",
                         err=f"mixdeck-cli: {target}: Fail to save. {reason}\n")
         os.mkdir(self.path("locked"), 0o555)
         self.expect(1, "export", "--dry-run", "--output", "locked/x.wav", "a.wav", out="",
-                    err="mixdeck-cli: locked/x.wav: Fail to save. Permission denied\n",
+                    err="mixdeck-cli: locked/x.wav: Fail to save. Permission denied; name another place with "
+                        "--output\n",
                     preexec_fn=as_nobody)
         self.assertEqual(self.names(), ["a.wav", "file", "folder", "locked"])
 
@@ -320,7 +322,8 @@ class ExportTest(Case):
         self.assertEqual(self.names(), ["a.wav"])
         self.file("file", b"")
         self.expect(1, "export", "--dry-run", "--output-dir", "file/er", "a.wav", out="",
-                    err="mixdeck-cli: file/er: Fail to save. Not a directory\n")
+                    err="mixdeck-cli: file/er: Fail to save. Not a directory; name another folder with "
+                        "--output-dir\n")
 
     def test_names_are_shown_not_obeyed(self):
         self.file("a\x1b[2J.wav", self.read("a.wav"))

@@ -156,7 +156,11 @@ class PlotTest(Case):
     def test_a_picture_that_cannot_be_written(self):
         self.file("a.wav", recording(tone(0.2, -20)))
         result = self.expect(1, "measure", "--plot", "no/p.svg", "a.wav", out="")
-        self.assertIn("no/p.svg: Fail to save. ", result.stderr)
+        self.assertEqual(result.stderr, "mixdeck-cli: no/p.svg: Fail to save. No such file or directory; make "
+                                        "its folder first\n")
+        result = self.expect(1, "measure", "--plot", "a.wav/p.svg", "a.wav", out="")
+        self.assertEqual(result.stderr, "mixdeck-cli: a.wav/p.svg: Fail to save. Not a directory; name another "
+                                        "place with --plot\n")
 
     def test_wrong_usage(self):
         self.file("a.wav", recording(tone(0.2, -20)))

@@ -8,6 +8,11 @@ import unittest
 from mixdeck import Case, NOBODY, as_nobody, bext, chunk, fmt, recording, wave
 
 
+KIND = "name a recording as the TARN J4 wrote it"
+FOLDER = "name another folder with --output-dir"
+PLACE = "name another place with --output"
+
+
 class RefusalTest(Case):
     def setUp(self):
         super().setUp()
@@ -32,22 +37,25 @@ class RefusalTest(Case):
                 "other.wav": "Not a recording of the TARN J4: its originator is \"Someone\"",
                 "short.wav": "The broadcast extension has 601 bytes, fewer than 602",
                 }.items():
-            self.refused(f"{name}: File not supported. {reason}", name)
+            self.refused(f"{name}: File not supported. {reason}; {KIND}", name)
 
     def test_sources_that_cannot_be_read(self):
-        for name, reason in {"missing.wav": "No such file or directory",
+        for name, reason in {"missing.wav": "No such file or directory; check its name, and that its card or "
+                                            "disk is there",
+                             "a.wav/b.wav": "Not a directory; check the folders in its name",
                              ".": "Is a directory; name recordings, as ./*.WAV",
-                             "/dev/null": "Not a regular file"}.items():
+                             "/dev/null": "Not a regular file; save what it gives as a file first"}.items():
             self.refused(f"{name}: Fail to open. {reason}", name)
 
     def test_a_source_that_may_not_be_read(self):
         os.chmod(self.path("a.wav"), 0)
         self.expect(1, "export", "a.wav", out="", preexec_fn=as_nobody,
-                    err="mixdeck-cli: a.wav: Fail to open. Permission denied\n")
+                    err="mixdeck-cli: a.wav: Fail to open. Permission denied; its owner can let you read it, "
+                        "with chmod\n")
 
     def test_a_pipe_as_source_does_not_hang(self):
         os.mkfifo(self.path("pipe"))
-        self.refused("pipe: Fail to open. Not a regular file", "pipe")
+        self.refused("pipe: Fail to open. Not a regular file; save what it gives as a file first", "pipe")
 
     def test_an_existing_target(self):
         self.file("a_Decode.WAV", b"old")
@@ -70,10 +78,13 @@ class RefusalTest(Case):
         for target in ("a.wav", "./a.wav", self.path("a.wav"), "link.wav", "hard.wav",
                        "sub/../a.wav"):
             for force in ([], ["--force"]):
-                self.refused(f"{target}: Fail to open. The target is the source itself", *force,
+                self.refused(f"{target}: Fail to open. The target is the source itself; {PLACE}", *force,
                              "--output", target, "a.wav")
-        self.refused("a.wav: Fail to open. The target is the source itself", "--force", "--output",
-                     "a.wav", "link.wav")
+        self.refused(f"a.wav: Fail to open. The target is the source itself; {PLACE}", "--force",
+                     "--output", "a.wav", "link.wav")
+        os.symlink("a.wav", self.path("a_Decode.WAV"))
+        self.refused(f"a_Decode.WAV: Fail to open. The target is the source itself; {FOLDER}", "--force",
+                     "a.wav")
         self.assertTrue(os.path.islink(self.path("link.wav")))
         self.assertTrue(os.path.samefile(self.path("a.wav"), self.path("hard.wav")))
 
@@ -82,12 +93,12 @@ class RefusalTest(Case):
         os.mkfifo(self.path("pipe"))
         self.file("file", b"")
         for target, reason in {
-                "folder": "Is a directory",
-                "none/x.wav": "No such file or directory",
-                "file/x.wav": "Not a directory",
-                "n" * 300: "File name too long",
-                "pipe": "Not a regular file",
-                "/dev/full": "Not a regular file"}.items():
+                "folder": "Is a directory; name a file in it",
+                "none/x.wav": "No such file or directory; make its folder first",
+                "file/x.wav": f"Not a directory; {PLACE}",
+                "n" * 300: "File name too long; choose a shorter name",
+                "pipe": "Not a regular file; choose another name",
+                "/dev/full": "Not a regular file; choose another name"}.items():
             self.refused(f"{target}: Fail to save. {reason}", "--force", "--output", target,
                          "a.wav")
         self.assertEqual(self.names(), ["a.wav", "file", "folder", "pipe"])
@@ -96,17 +107,17 @@ class RefusalTest(Case):
     def test_an_output_folder_that_cannot_be_made_is_said_once(self):
         self.file("file", b"")
         self.file("b.wav", self.source)
-        self.refused("file: Fail to save. Not a directory", "--output-dir", "file", "a.wav",
+        self.refused(f"file: Fail to save. Not a directory; {FOLDER}", "--output-dir", "file", "a.wav",
                      "b.wav")
-        self.refused("file/sub: Fail to save. Not a directory", "--output-dir", "file/sub", "a.wav",
-                     "b.wav")
+        self.refused(f"file/sub: Fail to save. Not a directory; {FOLDER}", "--output-dir", "file/sub",
+                     "a.wav", "b.wav")
         self.assertEqual(self.names(), ["a.wav", "b.wav", "file"])
 
     def test_a_read_only_folder(self):
         os.mkdir(self.path("locked"), 0o555)
-        self.refused("locked: Fail to save. Permission denied", "--output-dir", "locked", "a.wav",
+        self.refused(f"locked: Fail to save. Permission denied; {FOLDER}", "--output-dir", "locked", "a.wav",
                      "a.wav", preexec_fn=as_nobody)
-        self.refused("locked/x.wav: Fail to save. Permission denied", "--output", "locked/x.wav",
+        self.refused(f"locked/x.wav: Fail to save. Permission denied; {PLACE}", "--output", "locked/x.wav",
                      "a.wav", preexec_fn=as_nobody)
         self.assertEqual(os.listdir(self.path("locked")), [])
 
@@ -115,7 +126,7 @@ class RefusalTest(Case):
         os.chmod(target, 0o444)
         if os.geteuid() == 0:
             os.chown(self.folder, NOBODY, NOBODY)
-        self.refused("old.wav: Fail to save. Permission denied", "--force", "--output", "old.wav",
+        self.refused(f"old.wav: Fail to save. Permission denied; {PLACE}", "--force", "--output", "old.wav",
                      "a.wav", preexec_fn=as_nobody)
         self.assertEqual(self.read("old.wav"), b"old")
         self.assertEqual(self.names(), ["a.wav", "old.wav"])
@@ -135,8 +146,9 @@ class RefusalTest(Case):
             result = self.expect(1, "export", "--force", "--jobs", jobs, "a.wav", "b.wav",
                                  "missing.wav", "c.wav")
             self.assertEqual(sorted(result.stderr.splitlines()), [
-                "mixdeck-cli: b.wav: File not supported. Not a WAVE file: shorter than 48 bytes",
-                "mixdeck-cli: missing.wav: Fail to open. No such file or directory"])
+                f"mixdeck-cli: b.wav: File not supported. Not a WAVE file: shorter than 48 bytes; {KIND}",
+                "mixdeck-cli: missing.wav: Fail to open. No such file or directory; check its name, and that "
+                "its card or disk is there"])
             self.assertEqual(self.names(), ["a.wav", "a_Decode.WAV", "b.wav", "c.wav",
                                             "c_Decode.WAV"])
             os.remove(self.path("a_Decode.WAV"))
@@ -146,8 +158,8 @@ class RefusalTest(Case):
         os.mkdir(self.path("x"))
         os.mkdir(self.path("out"))
         self.file("x/a.wav", recording([1, 2]))
-        self.refused("out/a_Decode.WAV: Fail to save. It belongs to a.wav in the same run",
-                     "--force", "--quiet", "--output-dir", "out", "a.wav", "x/a.wav")
+        self.refused("out/a_Decode.WAV: Fail to save. It belongs to a.wav in the same run; export x/a.wav "
+                     "by itself, with --output", "--force", "--quiet", "--output-dir", "out", "a.wav", "x/a.wav")
         self.assertEqual(os.listdir(self.path("out")), ["a_Decode.WAV"])
         self.assertEqual(os.path.getsize(self.path("out/a_Decode.WAV")), 748 + 12)
 
@@ -155,15 +167,15 @@ class RefusalTest(Case):
         self.file("a_Decode.WAV", recording([7, 8]))
         result = self.expect(1, "export", "--force", "a.wav", "a_Decode.WAV")
         self.assertEqual(result.stderr, "mixdeck-cli: a_Decode.WAV: Fail to save. It belongs to "
-                                        "a_Decode.WAV in the same run\n")
+                                        "a_Decode.WAV in the same run; export a.wav by itself, with --output\n")
         self.assertEqual(self.read("a_Decode.WAV"), recording([7, 8]))
         self.assertIn("a_Decode_Decode.WAV", self.names())
 
     def test_control_characters_are_shown_not_obeyed(self):
         name = "a\x1b[2J\n.wav"
         self.file(name, b"")
-        self.refused("a\\x1b[2J\\n.wav: File not supported. Not a WAVE file: shorter than 48 bytes",
-                     name)
+        self.refused("a\\x1b[2J\\n.wav: File not supported. Not a WAVE file: shorter than 48 bytes; "
+                     f"{KIND}", name)
 
     def test_names_that_are_no_text(self):
         name = os.fsdecode(b"\xff\xfe.wav")

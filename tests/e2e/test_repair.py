@@ -71,7 +71,7 @@ class RepairTest(Case):
         self.file("R0001.WAV", broken())
         result = self.expect(1, "repair", "missing.WAV", "text.WAV", "zeros.WAV", "R0001.WAV",
                              err="mixdeck-cli: missing.WAV: Fail to open. No such file or "
-                                 "directory\n"
+                                 "directory; check its name, and that its card or disk is there\n"
                                  "mixdeck-cli: text.WAV: Nothing to salvage: it does not begin as a "
                                  "WAVE file\n"
                                  "mixdeck-cli: zeros.WAV: Nothing to salvage: no sound was written "
@@ -89,14 +89,14 @@ class RepairTest(Case):
         self.assertEqual(self.read("R0001_Repaired.WAV"), whole())
 
     def test_two_takes_with_one_new_file(self):
-        said = "Fail to save. It belongs to R0001.WAV in the same run\n"
+        said = "Fail to save. It belongs to R0001.WAV in the same run; rename {}, and repair it by itself\n"
         for second in ("R0001.wav", "r0001.wav"):
             self.file("R0001.WAV", broken())
             self.file(second, broken(samples=SAMPLES[:600]))
             name = second[:5] + "_Repaired.WAV"
             for how in ("--force", "--dry-run", "--quiet"):
                 result = self.expect(1, "repair", how, "R0001.WAV", second,
-                                     err=f"mixdeck-cli: {name}: {said}")
+                                     err=f"mixdeck-cli: {name}: {said.format(second)}")
                 self.assertNotIn(second, result.stdout)
                 if how != "--dry-run":
                     self.assertEqual(self.read("R0001_Repaired.WAV"), whole())
@@ -110,7 +110,7 @@ class RepairTest(Case):
         self.file("R0001_Repaired.WAV", other)
         self.expect(1, "repair", "--force", "--quiet", "R0001.WAV", "R0001_Repaired.WAV", out="",
                     err="mixdeck-cli: R0001_Repaired.WAV: Fail to save. It belongs to "
-                        "R0001_Repaired.WAV in the same run\n")
+                        "R0001_Repaired.WAV in the same run; rename R0001.WAV, and repair it by itself\n")
         self.assertEqual(self.read("R0001_Repaired.WAV"), other)
 
     def test_a_name_that_leads_nowhere_keeps_no_other_from_being_salvaged(self):

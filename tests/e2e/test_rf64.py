@@ -52,7 +52,7 @@ class Rf64Test(Case):
 
     def test_it_is_said_before_the_work(self):
         target = self.path("short.WAV")
-        failure = f"mixdeck-cli: {target}: Fail to save. File too large\n"
+        failure = f"mixdeck-cli: {target}: Fail to save. File too large; name another place with --output\n"
         for quiet, before in (((), self.before.replace(str(self.target), str(target))), (("--quiet",), "")):
             self.expect(1, "export", *quiet, "--format", "float32", "--output", target, self.source, out="",
                         err=before + failure, preexec_fn=self.no_large_files)

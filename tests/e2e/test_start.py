@@ -29,7 +29,8 @@ class StartTest(Case):
             self.assertIn(option, self.expect(0, word, "--help", err="").stdout)
             self.assertIn(word, self.expect(0, "--help", err="").stdout)
         self.expect(1, "play", "--angle", "90", "--", "-none.wav", out="",
-                    err="mixdeck-cli: -none.wav: Fail to open. No such file or directory\n")
+                    err="mixdeck-cli: -none.wav: Fail to open. No such file or directory; check its name, and that its "
+                        "card or disk is there\n")
         self.assertIn("Did you mean watch?", self.expect(2, "device", "wathc").stderr)
 
 

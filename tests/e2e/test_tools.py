@@ -50,7 +50,8 @@ class InfoTest(Case):
         self.file("a.wav", recording())
         self.file("b.wav", b"no sound")
         lines = self.expect(1, "info", "--json", "a.wav", "b.wav", err="mixdeck-cli: b.wav: File not "
-                            "supported. Not a WAVE file: shorter than 48 bytes\n").stdout
+                            "supported. Not a WAVE file: shorter than 48 bytes; name a recording as the TARN "
+                            "J4 wrote it\n").stdout
         objects = [json.loads(line) for line in lines.splitlines()]
         self.assertEqual([one["path"] for one in objects], ["a.wav", "b.wav"])
         self.assertEqual([one["valid"] for one in objects], [True, False])
@@ -60,7 +61,8 @@ class InfoTest(Case):
     def test_a_file_that_cannot_be_read(self):
         self.file("b.wav", recording())
         result = self.expect(1, "info", "--json", "missing.wav", "b.wav",
-                             err="mixdeck-cli: missing.wav: Fail to open. No such file or directory\n")
+                             err="mixdeck-cli: missing.wav: Fail to open. No such file or directory; check its "
+                                 "name, and that its card or disk is there\n")
         objects = [json.loads(line) for line in result.stdout.splitlines()]
         self.assertEqual([list(one) for one in objects], [KEYS, KEYS])
         self.assertEqual([one["valid"] for one in objects], [False, True])
@@ -76,7 +78,8 @@ class InfoTest(Case):
         self.file("b.wav", wave(fmt(3, 1, 44100, 32), chunk("data", bytes(44100))))
         reason = "No broadcast extension (bext chunk)"
         text = self.expect(1, "info", "b.wav",
-                           err=f"mixdeck-cli: b.wav: File not supported. {reason}\n").stdout
+                           err=f"mixdeck-cli: b.wav: File not supported. {reason}; name a recording as the "
+                               "TARN J4 wrote it\n").stdout
         for part in ("of the recorder: no", "raw M/S: no",
                      "1 channels, 44100 Hz, 32-bit IEEE float, 00:00:00.250"):
             self.assertIn(part, text)
@@ -99,7 +102,8 @@ class InfoTest(Case):
 
     def test_a_missing_file_is_said_once(self):
         self.expect(1, "info", "none.wav", out="",
-                    err="mixdeck-cli: none.wav: Fail to open. No such file or directory\n")
+                    err="mixdeck-cli: none.wav: Fail to open. No such file or directory; check its name, and "
+                        "that its card or disk is there\n")
 
     def test_that_a_take_is_cut_short_is_told_once(self):
         self.file("a.wav", recording()[:-3])
@@ -218,9 +222,11 @@ class LevelsTest(Case):
     def test_refusals(self):
         self.file("c.wav", b"no sound")
         self.expect(1, "levels", "--from", "0", "--to", "1", "c.wav", out="", err="mixdeck-cli: "
-                    "c.wav: File not supported. Not a WAVE file: shorter than 48 bytes\n")
+                    "c.wav: File not supported. Not a WAVE file: shorter than 48 bytes; name a recording as the "
+                    "TARN J4 wrote it\n")
         self.expect(1, "levels", "--from", "0", "--to", "1", "d.wav", out="", err="mixdeck-cli: "
-                    "d.wav: Fail to open. No such file or directory\n")
+                    "d.wav: Fail to open. No such file or directory; check its name, and that its card or disk "
+                    "is there\n")
 
 
 class MeterRuleTest(Case):
@@ -307,14 +313,14 @@ class DemoTest(Case):
     def test_a_folder_that_cannot_be_made(self):
         self.file("file", b"")
         result = self.expect(1, "demo", "--output-dir", "file/sub", out="")
-        self.assertEqual(result.stderr, "mixdeck-cli: file/sub: Fail to save. Not a directory; "
-                                        "--output-dir names another\n")
+        self.assertEqual(result.stderr, "mixdeck-cli: file/sub: Fail to save. Not a directory; name "
+                                        "another folder with --output-dir\n")
 
     def test_a_folder_that_may_not_be_written(self):
         os.mkdir(self.path("locked"), 0o555)
         self.expect(1, "demo", "--output-dir", "locked", out="", preexec_fn=as_nobody,
-                    err="mixdeck-cli: locked: Fail to save. Permission denied; --output-dir names "
-                        "another\n")
+                    err="mixdeck-cli: locked: Fail to save. Permission denied; name another "
+                        "folder with --output-dir\n")
         for name in self.names_made:
             self.file(f"locked/{name}", b"")
         self.expect(0, "demo", "--quiet", "--output-dir", "locked", out="", err="",
@@ -389,7 +395,8 @@ class ProgressTest(Case):
         self.big_recording("long.wav", 600)
         status, shown = self.run_on_terminal("--jobs", "2", "long.wav", "bad.wav")
         self.assertEqual(status, 1)
-        line = "mixdeck-cli: bad.wav: File not supported. Not a WAVE file: shorter than 48 bytes"
+        line = ("mixdeck-cli: bad.wav: File not supported. Not a WAVE file: shorter than 48 bytes; name a "
+                "recording as the TARN J4 wrote it")
         plain = re.sub(r"\x1b\[[0-9;]*m", "", shown)  # what failed has a colour
         self.assertRegex(plain, r"(^|\x1b\[K)" + re.escape(line) + "\r\n")
 
