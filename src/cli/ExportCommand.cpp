@@ -31,6 +31,11 @@ constexpr unsigned kMostJobs = 256;
 constexpr double kLeastLoudness = -70;  // the gate
 constexpr double kLeastTruePeak = -60;
 
+std::string leftOutText(const KeptMetadata::LeftOut& chunk) {
+  return fmt::format("Its \"{}\" chunk of {} bytes is not taken over, as it passes {} MiB",
+                     chunk.identifier, chunk.bytes, KeptMetadata::kMostBytes >> 20);
+}
+
 }  // namespace
 
 CLI::App* ExportCommand::declare(CLI::App& program) {
@@ -202,6 +207,9 @@ void ExportCommand::warn(const Export& job, ProgressLine& line) const {
   if (!audio.empty()) line.message(problemLine(job.getFilePath(), kWarning, audio));
   const std::string width = WidthOption::warning(_angle, *job.reader());
   if (!width.empty()) line.message(problemLine(job.getFilePath(), kWarning, width));
+  for (const KeptMetadata::LeftOut& chunk : job.leftOut()) {
+    line.message(problemLine(job.getFilePath(), kWarning, leftOutText(chunk)));
+  }
 }
 
 TakeLevel ExportCommand::levelOf(const Export& job, ProgressLine& line) const {

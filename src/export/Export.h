@@ -10,6 +10,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "export/AtomicFile.h"
 #include "export/BwfWriter.h"
@@ -83,6 +84,10 @@ class Export {
   /// Whether the export takes over when the source was recorded, how it came to be, and its
   /// markers; see `KeptMetadata`. It does not, unless this says otherwise. Waits for the medium.
   void setKeepMetadata(bool on);
+  /// Of these what is too large to be taken over; nothing before `setKeepMetadata`.
+  [[nodiscard]] const std::vector<KeptMetadata::LeftOut>& leftOut() const {
+    return _kept.leftOut();
+  }
   /// Bytes that an export grows by that takes them over. Waits for the medium.
   [[nodiscard]] std::uint64_t keptBytes();
 

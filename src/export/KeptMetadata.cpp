@@ -95,7 +95,12 @@ KeptMetadata::KeptMetadata(const WaveFileReader& source, std::span<const std::ui
   for (const ChunkInfo& chunk : source.chunks()) {
     const bool isKept = std::find(kIdentifiers.begin(), kIdentifiers.end(), identifierOf(chunk)) !=
                         kIdentifiers.end();
-    if (isKept && chunk.chunkSize <= kMostBytes) takeChunk(source, chunk, range);
+    if (!isKept) continue;
+    if (chunk.chunkSize <= kMostBytes) {
+      takeChunk(source, chunk, range);
+    } else {
+      _leftOut.push_back({identifierOf(chunk), chunk.chunkSize});
+    }
   }
 }
 

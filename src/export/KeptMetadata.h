@@ -27,6 +27,12 @@ class KeptMetadata {
     std::vector<std::byte> bytes;  ///< an even number
   };
 
+  /// A chunk that passes what is kept.
+  struct LeftOut {
+    std::string identifier;
+    std::uint64_t bytes;
+  };
+
   /// Nothing.
   KeptMetadata() = default;
   /// Of a source whose broadcast extension is `bext`; nothing of that where it has fewer than 602
@@ -40,6 +46,7 @@ class KeptMetadata {
   /// "?".
   void putInto(BextChunkInfo& info) const;
   [[nodiscard]] const std::vector<Chunk>& chunks() const { return _chunks; }
+  [[nodiscard]] const std::vector<LeftOut>& leftOut() const { return _leftOut; }
   /// Whether a chunk could not be read as a whole.
   [[nodiscard]] bool isCutShort() const { return _isCutShort; }
   /// Bytes of the chunks with their headers.
@@ -54,5 +61,6 @@ class KeptMetadata {
   std::string _history;
   std::int64_t _timeReference = 0;
   std::vector<Chunk> _chunks;
+  std::vector<LeftOut> _leftOut;
   bool _isCutShort = false;
 };

@@ -15,10 +15,10 @@ MARKS = struct.pack("<III4sIII", 1, 1, 24000, b"data", 0, 0, 24000)
 NAME = b"INFOINAM" + struct.pack("<I", 8) + b"By dawn\0"
 
 
-def take(history=RAW + " "):
+def take(history=RAW + " ", more=()):
     return wave(fmt(), bext(history=history), chunk("data", SAMPLES), chunk("cue ", MARKS),
                 chunk("LIST", b"adtl" + LABEL), chunk("LIST", NAME),
-                chunk("iXML", b"<BWFXML><PROJECT>River</PROJECT></BWFXML>"))
+                chunk("iXML", b"<BWFXML><PROJECT>River</PROJECT></BWFXML>"), *more)
 
 
 class MetadataTest(Case):
@@ -60,6 +60,19 @@ class MetadataTest(Case):
         bext_ = self.info(self.path("R0001_Decode_Decode.WAV"))["bext"]
         self.assertEqual(bext_["TimeReference"], 99)
         self.assertEqual(bext_["CodingHistory"].count("\r\n"), 2)
+
+    def test_what_is_too_large_to_be_kept_is_told(self):
+        most = 16 << 20
+        self.file("R0001.WAV", take(more=[chunk("iXML", bytes(most)), chunk("LIST", bytes(most + 2))]))
+        told = (f'mixdeck-cli: R0001.WAV: Warning: Its "LIST" chunk of {most + 2} bytes is not taken over, as it '
+                "passes 16 MiB\n")
+        for words in ((), ("--dry-run",)):
+            self.expect(0, "export", "--force", "--quiet", *words, "R0001.WAV", out="", err="")
+            self.expect(0, "export", "--force", "--quiet", "--keep-metadata", *words, "R0001.WAV", out="",
+                        err=told)
+        kept = self.info(self.path("R0001_Decode.WAV"))["chunks"][4:]
+        self.assertEqual([(part["id"], part["size"]) for part in kept[-2:]], [("iXML", 42), ("iXML", most)])
+        self.assertEqual(len(kept), 5)
 
     def test_ffprobe(self):
         self.export("--keep-metadata")
