@@ -11,6 +11,7 @@ import json
 import math
 import os
 import shutil
+import socket
 import struct
 import subprocess
 import tempfile
@@ -143,6 +144,17 @@ def without_unnamed_files():
              (0x20, 0, 0, 32), (0x45, 0, 1, unnamed),  # with that flag?
              (0x06, 0, 0, 0x00050000 | 95), (0x06, 0, 0, 0x7FFF0000)]  # EOPNOTSUPP, or go on
     install_filter(steps)
+
+
+def without_internet():
+    """For a child: from now on whoever asks for a socket of the internet, or for what goes over the wire, is
+    ended by SIGSYS."""
+    number = {"x86_64": 41, "aarch64": 198}[os.uname().machine]
+    families = (socket.AF_INET, socket.AF_INET6, socket.AF_PACKET)
+    steps = [(0x20, 0, 0, 0), (0x15, 0, 1 + len(families), number),  # is it socket?
+             (0x20, 0, 0, 16)]  # of which family?
+    steps += [(0x15, len(families) - i, 0, family) for i, family in enumerate(families)]
+    install_filter([*steps, (0x06, 0, 0, 0x7FFF0000), (0x06, 0, 0, 0x80000000)])  # go on, or the end
 
 
 class Case(unittest.TestCase):
