@@ -11,6 +11,7 @@ import subprocess
 import sys
 import time
 from dataclasses import dataclass
+from pathlib import Path
 
 from onlooker import Ear, LeftOut, Screen, most_held, started
 
@@ -19,7 +20,14 @@ QUIET = 4.0       # that a picture stands still once it is whole
 LISTEN = 10.0     # that a program plays before it is asked how much memory it has held
 MIB = 1 << 20
 
+# Without the versions it takes them for those of a release long ago, and puts a page in front that
+# catches the key.
 EDITOR_SETTINGS = """NewPrefsInitialized=1
+PrefsVersion=1.1.1r1
+[Version]
+Major=3
+Minor=2
+Micro=4
 [Locale]
 Language=en
 [GUI]
@@ -71,8 +79,13 @@ class Beside:
             return Opened(sound, None, most_held(process))
 
     def edit(self, key, *command):
-        """A program that shows what it is started with, and plays it after a key."""
-        with Ear(self.server) as ear, started(self.fresh(), *command) as (process, begun):
+        """The editor, which shows what it is started with, and plays it after a key."""
+        environment = self.fresh()
+        # A home of its own: what it leaves when it is ended it would offer to save first.
+        home = Path(environment["XDG_CACHE_HOME"])
+        prepare_editor(home)
+        environment |= {"HOME": str(home), "XDG_CONFIG_HOME": str(home), "XDG_DATA_HOME": str(home)}
+        with Ear(self.server) as ear, started(environment, *command) as (process, begun):
             whole = self.screen.still_since(QUIET, PATIENCE) - begun
             pressed = time.monotonic()
             self.screen.run("xdotool", "key", key)
@@ -120,7 +133,6 @@ def measure(works, runs):
 def beside(runs, server, environment, home, window, start_to_waveform, take):
     """What `measure` returns. `start_to_waveform` is told an environment and returns seconds from
     the start of the program until it has painted all of the waveform."""
-    prepare_editor(home)
     with Screen() as screen:
         place = Beside(screen, server, environment, home)
 
