@@ -80,12 +80,22 @@ std::vector<ExportNote> candidates(const fs::path& take, const Notes& noted) {
   return notes;
 }
 
+// Whether nobody has written it since it was noted. On FAT the clock of files counts by two
+// seconds, which a new file may show only after a while; and what was noted by a former version is
+// when it heard of the export, a moment later.
+bool isAsNoted(const ExportNote& note, std::int64_t modified) {
+  constexpr std::int64_t kCoarsest = 2;
+  return modified <= note.written && modified >= note.written - kCoarsest;
+}
+
 void lookForExports(const fs::path& take, RowReader::Known& known, const Notes& noted) {
   QStringList lines;
   for (ExportNote& note : candidates(take, noted)) {
     const FileTime now = FileTime::of(note.target);
     if (!now.isThere) continue;
-    note.written = now.modified / FileTime::kSecond;
+    const std::int64_t modified = now.modified / FileTime::kSecond;
+    if (!isAsNoted(note, modified)) note = {note.source, note.target, {}, {}, 0};
+    note.written = modified;
     lines << describeExport(note, known.isRawMidSide);
   }
   known.facts.isExported = !lines.isEmpty();
@@ -114,6 +124,7 @@ RowReader::RowReader(FolderBrowser& browser, ExportQueue& exports,
           [this](int /*id*/, const ExportOrder& order, const ExportResult& result) {
             note(order, result);
           });
+  connect(&_remembers, &QAction::toggled, this, &RowReader::beginAnew);
 }
 
 // A pass through the rows is gone on with, and followed by another one, where other rows come
@@ -167,10 +178,11 @@ std::vector<RowReader::Row> RowReader::next() const {
 // For a tenth of a second, so that a slow medium shows what it has told by then.
 void RowReader::readSome() {
   if (_next == _paths.size()) return _isBehind ? beginAnew() : void(emit finished());
-  const auto work = [this, folder = _folder, rows = next(), keeper = _keeper]() -> Errand::Outcome {
+  const auto keeper = _remembers.isChecked() ? _keeper : nullptr;
+  const auto work = [this, folder = _folder, rows = next(), keeper]() -> Errand::Outcome {
     std::vector<Row> some;
     const auto end = std::chrono::steady_clock::now() + kAtOnce;
-    const Notes noted = notesIn(folder, *keeper);
+    const Notes noted = keeper ? notesIn(folder, *keeper) : Notes();
     for (const Row& row : rows) {
       some.push_back({row.path, look(row.path, row.known, noted)});
       if (std::chrono::steady_clock::now() >= end) break;
@@ -187,6 +199,7 @@ void RowReader::take(const std::vector<Row>& some) {
     facts.insert_or_assign(row.path, row.known.facts);
   }
   _next += some.size();
+  emit someRead();
   _browser.addFacts(facts);
   readSome();
 }
@@ -197,9 +210,8 @@ void RowReader::note(const ExportOrder& order, const ExportResult& result) {
   if (result.end != ExportResult::End::Written) return;
   const bool hasGain = !order.isNormalized && !order.loudness;
   const auto gain = hasGain ? std::optional(order.gain) : std::nullopt;
-  const std::int64_t now = QDateTime::currentSecsSinceEpoch();
   if (_remembers.isChecked())
-    _keeper->noteExport({order.source, order.target, order.angle, gain, now});
+    _keeper->noteExport({order.source, order.target, order.angle, gain, result.modified});
   const bool replaces = order.existing == AtomicFile::Existing::Replace && !order.isOfBatch;
   replaces ? begin() : readAgain(order.source.native());
 }

@@ -21,7 +21,8 @@
 /// Finds out what the list tells of each recording beside its name: its duration, when it was
 /// recorded, and whether an export of it is there. On a thread of its own, some rows at a time; a
 /// file whose size and time of change are as they were is not read again. Notes what is exported,
-/// and looks at that row again. Interface thread, which has an event loop.
+/// and looks at that row again. While nothing is to be remembered exports are known by their names
+/// alone, and what was noted is not read. Interface thread, which has an event loop.
 class RowReader : public QObject {
   Q_OBJECT
 
@@ -33,12 +34,14 @@ class RowReader : public QObject {
     bool isRawMidSide = false;
     RowFacts facts;
   };
-  /// Exports are noted with their width and gain while `remembers` is checked. What is handed in
-  /// outlives it.
+  /// Exports are noted with their width and gain, and notes are read, while `remembers` is checked.
+  /// What is handed in outlives it.
   RowReader(FolderBrowser& browser, ExportQueue& exports, std::shared_ptr<TakeKeeper> keeper,
             const QAction& remembers, QObject* parent = nullptr);
 
  signals:
+  /// Some rows are known, for which what is remembered was asked where it may be.
+  void someRead();
   /// All rows are known.
   void finished();
 

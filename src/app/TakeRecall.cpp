@@ -56,10 +56,15 @@ void TakeRecall::switched(bool isOn) {
   _look.giveUp();
   _timerRemember.stop();
   _identity.clear();
-  if (!isOn) _status.clear(StatusLine::Topic::Memory);
+  if (!isOn) forgetTrouble();
   if (!isOn || !_take.isOpen()) return;
   begin();
   _first.reset();  // what is heard is what somebody wants
+}
+
+void TakeRecall::forgetTrouble() {
+  _status.clear(StatusLine::Topic::Memory);
+  _staysForNext = false;
 }
 
 void TakeRecall::begin() {
@@ -72,8 +77,8 @@ void TakeRecall::begin() {
   _errand.begin([this, apart, keeper = _keeper]() -> Errand::Outcome {
     const std::string take = TakeIdentity::of(*apart);
     const auto sound = take.empty() ? std::nullopt : keeper->find(take);
-    return [this, take, sound, trouble = keeper->takeTrouble()] {
-      tell(trouble);
+    return [this, take, sound] {
+      tellOrClear();
       arrive(take, sound);
     };
   });
@@ -113,10 +118,18 @@ BatchTake::Recall TakeRecall::ofTakes() {
 void TakeRecall::lookForTrouble() {
   _look.begin([this, keeper = _keeper]() -> Errand::Outcome {
     static_cast<void>(keeper->find({}));
-    return [this, trouble = keeper->takeTrouble()] {
-      if (trouble != TakeMemory::Trouble::None && !_told.contains(trouble)) tell(trouble);
-    };
+    return [this] { tellTrouble(); };
   });
+}
+
+// It stays while the take plays that is opened next: who opens one at once has not read it yet.
+void TakeRecall::tellTrouble() {
+  if (_action.isChecked() && tell(_keeper->takeTrouble())) _staysForNext = true;
+}
+
+void TakeRecall::tellOrClear() {
+  const bool stays = std::exchange(_staysForNext, false);
+  if (!tell(_keeper->takeTrouble()) && !stays) _status.clear(StatusLine::Topic::Memory);
 }
 
 void TakeRecall::changed() {
@@ -147,11 +160,9 @@ RememberedSound TakeRecall::heard() const {
 }
 
 // Each once: it does not go by itself.
-void TakeRecall::tell(TakeMemory::Trouble trouble) {
+bool TakeRecall::tell(TakeMemory::Trouble trouble) {
   using Trouble = TakeMemory::Trouble;
-  if (trouble == Trouble::None || !_told.insert(trouble).second) {
-    return _status.clear(StatusLine::Topic::Memory);
-  }
+  if (trouble == Trouble::None || !_told.insert(trouble).second) return false;
   if (trouble == Trouble::SetAside) {
     const auto aside = TakeMemory().damagedPath();
     _status.say(StatusLine::Topic::Memory,
@@ -167,4 +178,5 @@ void TakeRecall::tell(TakeMemory::Trouble trouble) {
   if (trouble == Trouble::OutOfReach) {
     _status.say(StatusLine::Topic::Memory, tr("What takes were heard with cannot be remembered."));
   }
+  return true;
 }

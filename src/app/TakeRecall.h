@@ -47,6 +47,9 @@ class TakeRecall : public QObject {
   /// take that is open that is what it is heard with now. That nothing can be known is told.
   [[nodiscard]] BatchTake::Recall ofTakes();
 
+  /// Tells what went wrong where somebody else asked what is remembered; each trouble once.
+  void tellTrouble();
+
  signals:
   /// It is known which take is open, and what was remembered of it has been set.
   void recalled();
@@ -61,7 +64,9 @@ class TakeRecall : public QObject {
   void remember();
   void end();
   void lookForTrouble();
-  void tell(TakeMemory::Trouble trouble);
+  void tellOrClear();
+  void forgetTrouble();
+  bool tell(TakeMemory::Trouble trouble);
   [[nodiscard]] RememberedSound heard() const;
 
   QAction& _action;
@@ -75,5 +80,6 @@ class TakeRecall : public QObject {
   std::optional<RememberedSound> _first;  ///< as it was when the take was opened
   std::optional<RememberedSound> _known;  ///< as it is remembered
   std::set<TakeMemory::Trouble> _told;
+  bool _staysForNext = false;  ///< what is told, while the take plays that is opened next
   QTimer _timerRemember{this};
 };

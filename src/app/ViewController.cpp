@@ -60,6 +60,7 @@ void ViewController::connectRows() {
   connect(&rows, &RowMenu::exportRequested, &_panes.selected, &SelectedExport::askFor);
   connect(&rows, &RowMenu::informationRequested, &_panes.informant, &TakeInformant::show);
   connect(&rows, &RowMenu::showRequested, this, &ViewController::showFilesRequested);
+  connect(&_panes.rows, &RowReader::someRead, &_panes.recall, &TakeRecall::tellTrouble);
   connect(&_panes.batch, &BatchDesk::showInFolderRequested, this,
           &ViewController::showFilesRequested);
 }

@@ -16,4 +16,7 @@ struct ExportResult {
 
   End end = End::Failed;
   std::string failure;  ///< why, in words for people, no full stop; empty when written or cancelled
+  /// When the file that was written was changed last, as it tells it itself; seconds since 1970, 0
+  /// of another end, or where it has gone already.
+  std::int64_t modified = 0;
 };

@@ -3,6 +3,9 @@
 
 #include "queue/ExportWorker.h"
 
+#include <sys/stat.h>
+
+#include <cstdint>
 #include <exception>
 #include <thread>
 #include <utility>
@@ -31,6 +34,11 @@ void prepare(Export& job, const ExportOrder& order, ExportWorker::Control& contr
   job.setKeepMetadata(order.keepsMetadata);
   job.setCancelFlag(&control.isCancelled);
   job.setProgress([&control](double done) { control.done = done; });
+}
+
+std::int64_t modifiedOf(const std::filesystem::path& file) {
+  struct stat status {};
+  return stat(file.c_str(), &status) == 0 ? std::int64_t{status.st_mtim.tv_sec} : 0;
 }
 
 ExportResult guarded(const ExportWorker::Work& work, const ExportOrder& order,
@@ -82,7 +90,9 @@ ExportResult ExportWorker::carryOut(const ExportOrder& order, Control& control) 
   if (!job.IsFileValid()) return {End::Failed, job.failure()};
   logOptions(order);
   prepare(job, order, control);
-  if (job.export2File(order.target, order.is24bit, order.isNormalized)) return {End::Written, {}};
+  if (job.export2File(order.target, order.is24bit, order.isNormalized)) {
+    return {End::Written, {}, modifiedOf(order.target)};
+  }
   if (job.wasCancelled()) return {End::Cancelled, {}};
   return {End::Failed, job.failure()};
 }

@@ -12,7 +12,7 @@ struct ExportNote {
   std::filesystem::path target;
   std::optional<double> width;  ///< degrees; none where it is not known
   std::optional<double> gain;   ///< dB; none where it was found by the export, or is not known
-  std::int64_t written = 0;     ///< seconds since 1970
+  std::int64_t written = 0;     ///< the target's own time of change then; seconds since 1970
 
   bool operator==(const ExportNote&) const = default;
 };

@@ -4,6 +4,7 @@
 #include "takes/TakeKeeper.h"
 
 #include <algorithm>
+#include <atomic>
 #include <condition_variable>
 #include <exception>
 #include <mutex>
@@ -39,21 +40,36 @@ class TakeKeeper::Desk {
   std::optional<RememberedSound> find(const std::string& take);
   std::vector<ExportNote> exportsOf(const std::filesystem::path& place);
   bool flush(std::chrono::milliseconds most, const std::shared_ptr<Desk>& self);
-  TakeMemory::Trouble takeTrouble();
+  TakeMemory::Trouble takeTrouble() { return _trouble.exchange(TakeMemory::Trouble::None); }
 
  private:
   using Given = std::shared_ptr<const Entry>;
+
+  /// The memory, which nobody else uses meanwhile. What went wrong is kept, whatever ends it.
+  class Use {
+   public:
+    explicit Use(Desk& desk) : _desk(desk), _lock(desk._using) {}
+    Use(const Use&) = delete;
+    Use& operator=(const Use&) = delete;
+    ~Use() { _desk.keep(_desk._memory.takeTrouble()); }
+    TakeMemory* operator->() { return &_desk._memory; }
+
+   private:
+    Desk& _desk;
+    std::lock_guard<std::mutex> _lock;
+  };
 
   void start(const std::shared_ptr<Desk>& self);
   void work();
   Given next();
   void write(const Entry& entry);
+  void keep(TakeMemory::Trouble trouble);
   std::optional<RememberedSound> pending(const std::string& take);
   std::vector<ExportNote> pendingExports();
 
-  std::mutex _using;                                         ///< held while the memory is used
-  TakeMemory _memory;                                        ///< of whoever holds that
-  TakeMemory::Trouble _trouble = TakeMemory::Trouble::None;  ///< that too; the desk's own
+  std::mutex _using;   ///< held while the memory is used
+  TakeMemory _memory;  ///< of whoever holds that
+  std::atomic<TakeMemory::Trouble> _trouble{TakeMemory::Trouble::None};
   std::mutex _mutex;  ///< guards all that follows; never held while the medium is waited for
   std::condition_variable _wanted;
   std::condition_variable _written;
@@ -90,15 +106,26 @@ void TakeKeeper::Desk::work() {
 
 // What there is no memory for is not remembered.
 void TakeKeeper::Desk::write(const Entry& entry) {
-  const std::lock_guard lock(_using);
   try {
+    Use memory(*this);
     if (entry.take.empty()) {
-      _memory.noteExport(entry.note);
+      memory->noteExport(entry.note);
     } else {
-      _memory.remember(entry.take, entry.sound);
+      memory->remember(entry.take, entry.sound);
     }
   } catch (const std::exception&) {
-    _trouble = TakeMemory::Trouble::OutOfReach;
+    keep(TakeMemory::Trouble::OutOfReach);
+  }
+}
+
+// That a file was set aside happens once, and goes before what would be told the next time too.
+void TakeKeeper::Desk::keep(TakeMemory::Trouble trouble) {
+  using Trouble = TakeMemory::Trouble;
+  if (trouble == Trouble::SetAside) {
+    _trouble = trouble;
+  } else {
+    auto none = Trouble::None;
+    _trouble.compare_exchange_strong(none, trouble);
   }
 }
 
@@ -132,8 +159,7 @@ std::optional<RememberedSound> TakeKeeper::Desk::pending(const std::string& take
 std::optional<RememberedSound> TakeKeeper::Desk::find(const std::string& take) {
   auto sound = pending(take);
   if (sound) return sound;
-  const std::lock_guard lock(_using);
-  return _memory.find(take);
+  return Use(*this)->find(take);
 }
 
 std::vector<ExportNote> TakeKeeper::Desk::pendingExports() {
@@ -151,11 +177,9 @@ std::vector<ExportNote> TakeKeeper::Desk::pendingExports() {
 // What is pending first: it may be written by the time that the memory is asked.
 std::vector<ExportNote> TakeKeeper::Desk::exportsOf(const std::filesystem::path& place) {
   std::vector<ExportNote> found = pendingExports();
-  {
-    const std::lock_guard lock(_using);
-    for (const ExportNote& note : _memory.exportsOf(place)) {
-      if (!isAmong(found, note)) found.push_back(note);
-    }
+  const auto written = Use(*this)->exportsOf(place);
+  for (const ExportNote& note : written) {
+    if (!isAmong(found, note)) found.push_back(note);
   }
   std::erase_if(found, [&](const ExportNote& note) { return !isAt(place, note.source); });
   return found;
@@ -165,11 +189,6 @@ bool TakeKeeper::Desk::flush(std::chrono::milliseconds most, const std::shared_p
   std::unique_lock lock(_mutex);
   if (!_isStarted && !_waiting.empty()) start(self);
   return _written.wait_for(lock, most, [this] { return _waiting.empty() && !_underWay; });
-}
-
-TakeMemory::Trouble TakeKeeper::Desk::takeTrouble() {
-  const std::lock_guard lock(_using);
-  return std::max(_memory.takeTrouble(), std::exchange(_trouble, TakeMemory::Trouble::None));
 }
 
 TakeKeeper::TakeKeeper(const std::filesystem::path& file) : _desk(std::make_shared<Desk>(file)) {}

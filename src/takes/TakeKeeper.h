@@ -37,7 +37,8 @@ class TakeKeeper {
   /// Until all is written or given up, but no longer than this; false where something still waits,
   /// as all does where no thread can be had: the next flush tries again.
   bool flush(std::chrono::milliseconds most);
-  /// The greatest trouble since this was asked last. May wait for the medium.
+  /// The first trouble since this was asked last; that a damaged file was set aside goes before
+  /// every other. Returns at once.
   TakeMemory::Trouble takeTrouble();
 
  private:

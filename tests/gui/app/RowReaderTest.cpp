@@ -8,10 +8,13 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <chrono>
+#include <fstream>
 
 #include "WindowFixture.h"
 #include "base/Utility.h"
+#include "support/FirstMemory.h"
 #include "support/SlowReads.h"
+#include "takes/TakeMemory.h"
 
 namespace {
 
@@ -54,6 +57,35 @@ class Rows : public WindowFixture {
     constexpr std::ptrdiff_t kDate = 64;  // behind originator and reference
     std::ranges::transform(date, found + kDate, [](char c) { return std::byte(c); });
     takes.file(name, bytes);
+  }
+  /// Exports the take to there, as with `order`, and waits until the list tells it.
+  void exportTo(const std::filesystem::path& source, const std::filesystem::path& target) {
+    controller().exportQueue().add(order(source, target));
+    const std::string name = source.filename();
+    waitFor([&] { return isExported(name); }, "the export");
+  }
+  /// Lists one row more, and waits until all rows are known again.
+  void readAgain() {
+    const QSignalSpy passes(&reader(), &RowReader::finished);
+    file("another" + std::to_string(rows().size()) + ".wav");
+    refresh();
+    waitFor([&] { return !passes.empty(); }, "the end of the pass");
+  }
+  [[nodiscard]] bool tells(const std::string& name, const std::string& part) const {
+    return tip(name).find(part) != std::string::npos;
+  }
+  /// Lists the takes while nothing is to be remembered; the memory stays as it is, to the byte, and
+  /// alone in its folder.
+  void expectMemoryUntouched() {
+    const auto memory = TakeMemory::defaultPath();
+    const auto before = TemporaryFolder::read(memory);
+    startOnTakes();
+    waitForDuration("R0001.WAV", "00:10");
+    end();
+    EXPECT_TRUE(TemporaryFolder::read(memory) == before);
+    for (const auto& entry : std::filesystem::directory_iterator(memory.parent_path())) {
+      EXPECT_EQ(entry.path(), memory);
+    }
   }
   static ExportOrder order(const std::filesystem::path& source,
                            const std::filesystem::path& target) {
@@ -180,6 +212,67 @@ TEST_F(Rows, StandInTheOrderThatTheMenuSays) {
   EXPECT_TRUE(view().menu->actionByRecorded->isChecked());
   view().menu->actionByName->trigger();
   EXPECT_THAT(rows(), ElementsAre("Zoo", "0broken.wav", "A.WAV", "B.WAV", "C.WAV", "D.WAV"));
+}
+
+TEST_F(Rows, WithTheSwitchOffAMemoryOfTheFirstVersionIsLeftAsItIs) {
+  Utility::store(Utility::kRememberTakes, "off");
+  take("R0001.WAV");
+  makeFirst(TakeMemory::defaultPath());
+  expectMemoryUntouched();
+}
+
+TEST_F(Rows, WithTheSwitchOffADamagedMemoryIsLeftAsItIs) {
+  Utility::store(Utility::kRememberTakes, "off");
+  take("R0001.WAV");
+  std::filesystem::create_directories(TakeMemory::defaultPath().parent_path());
+  std::ofstream(TakeMemory::defaultPath()) << std::string(10'000, 'x');
+  expectMemoryUntouched();
+}
+
+TEST_F(Rows, WithTheSwitchOffExportsAreKnownByTheirNamesAlone) {
+  const auto source = take("R0001.WAV");
+  const auto other = take("R0002.WAV");
+  const TemporaryFolder elsewhere;
+  startOnTakes();
+  waitForDuration("R0002.WAV", "00:10");
+  exportTo(source, elsewhere.path() / "Bells.wav");
+  exportTo(other, takes.path() / "R0002_Decode.WAV");
+  EXPECT_TRUE(tells("R0002.WAV", "width 90°")) << tip("R0002.WAV");
+  view().menu->actionRemember->setChecked(false);
+  waitFor([this] { return !isExported("R0001.WAV"); }, "that nothing is known of it");
+  waitFor([this] { return !tells("R0002.WAV", "width"); }, "that no more is known");
+  EXPECT_TRUE(tells("R0002.WAV", "R0002_Decode.WAV")) << tip("R0002.WAV");
+  readAgain();
+  EXPECT_FALSE(isExported("R0001.WAV"));
+  view().menu->actionRemember->setChecked(true);
+  waitFor([this] { return tells("R0001.WAV", "Bells.wav: width 90°"); }, "that it is read again");
+  waitFor([this] { return tells("R0002.WAV", "width 90°"); }, "that of the other one, too");
+}
+
+TEST_F(Rows, WidthAndGainAreNotToldOfAnExportThatWasWrittenAnew) {
+  const auto source = take("R0001.WAV");
+  const auto target = takes.path() / "Bells.wav";
+  startOnTakes();
+  waitForDuration("R0001.WAV", "00:10");
+  exportTo(source, target);
+  const auto asWritten = std::filesystem::last_write_time(target);
+  const auto tellsWidthAfter = [&](std::chrono::seconds later) {
+    std::filesystem::last_write_time(target, asWritten + later);
+    readAgain();
+    EXPECT_TRUE(tells("R0001.WAV", "Exported as Bells.wav")) << tip("R0001.WAV");
+    EXPECT_EQ(tells("R0001.WAV", "width 90°"), tells("R0001.WAV", "gain -6 dB"));
+    return tells("R0001.WAV", "width 90°");
+  };
+  using std::chrono::seconds;
+  EXPECT_TRUE(tellsWidthAfter(seconds(0)));
+  EXPECT_FALSE(tellsWidthAfter(seconds(1)));
+  EXPECT_FALSE(tellsWidthAfter(seconds(3600)));
+  EXPECT_TRUE(tellsWidthAfter(seconds(-2))) << "as FAT keeps it";
+  EXPECT_FALSE(tellsWidthAfter(seconds(-3))) << "as one from before, brought back";
+  std::filesystem::last_write_time(target, asWritten);
+  end();
+  startOnTakes();
+  waitFor([this] { return tells("R0001.WAV", "width 90°"); }, "the width, after a new start");
 }
 
 }  // namespace

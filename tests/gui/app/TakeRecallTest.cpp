@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "WindowFixture.h"
+#include "app/RowReader.h"
 #include "base/Utility.h"
 #include "dialogs/BatchDialog.h"
 #include "support/LockedMemory.h"
@@ -81,6 +82,15 @@ class Recall : public WindowFixture {
     controller().exportQueue().cancelAll();
     waitFor([this] { return !controller().exportQueue().isBusy(); }, "the end");
     return orders;
+  }
+  /// Starts on a memory that is not one.
+  void startOnDamage() {
+    std::filesystem::create_directories(TakeMemory::defaultPath().parent_path());
+    std::ofstream(TakeMemory::defaultPath()) << std::string(10'000, 'x');
+    startOnTakes();
+  }
+  void waitForMessage() {
+    waitFor([this] { return !said().isEmpty(); }, "what is the matter");
   }
   /// Has something remembered, and ends.
   void rememberSomething() {
@@ -232,9 +242,7 @@ TEST_F(Recall, TakesThatAreExportedTogetherMayBeAsEachWasHeardLast) {
 }
 
 TEST_F(Recall, ADamagedMemoryIsToldAndANewOneBegun) {
-  std::filesystem::create_directories(TakeMemory::defaultPath().parent_path());
-  std::ofstream(TakeMemory::defaultPath()) << std::string(10'000, 'x');
-  startOnTakes();
+  startOnDamage();
   openKnown("A.WAV");
   EXPECT_TRUE(said().contains("takes.db.damaged")) << said().toStdString();
   set(75, 9);
@@ -243,6 +251,40 @@ TEST_F(Recall, ADamagedMemoryIsToldAndANewOneBegun) {
   set(30, 0);
   openKnown("A.WAV");
   expectSound(75, 9);
+}
+
+TEST_F(Recall, ADamagedMemoryIsToldWhereNothingIsOpened) {
+  startOnDamage();
+  waitForMessage();
+  EXPECT_TRUE(said().contains("takes.db.damaged")) << said().toStdString();
+  openKnown("A.WAV");
+  EXPECT_TRUE(said().contains("takes.db.damaged")) << "it stays while the first take is open";
+  openKnown("B.WAV");
+  EXPECT_EQ(said(), "") << "told once";
+}
+
+TEST_F(Recall, AMemoryOfANewerVersionIsToldOnceHoweverOftenItIsAsked) {
+  rememberSomething();
+  makeNewer(TakeMemory::defaultPath());
+  startOnTakes();
+  waitForMessage();
+  EXPECT_TRUE(said().contains("newer version")) << said().toStdString();
+  openKnown("A.WAV");
+  openKnown("B.WAV");
+  EXPECT_EQ(said(), "");
+  const QSignalSpy passes(controller().findChild<RowReader*>(), &RowReader::finished);
+  take("C.WAV");
+  refresh();
+  waitFor([&] { return !passes.empty(); }, "the end of the pass");
+  EXPECT_EQ(said(), "");
+}
+
+TEST_F(Recall, AMemoryThatIsLockedIsToldWhereNothingIsOpened) {
+  rememberSomething();
+  const LockedMemory locked(TakeMemory::defaultPath());
+  startOnTakes();
+  waitForMessage();
+  EXPECT_EQ(said(), "What takes were heard with cannot be remembered.");
 }
 
 TEST_F(Recall, AMemoryOfANewerVersionIsToldAndTheTakePlays) {
@@ -279,7 +321,7 @@ TEST_F(Recall, AMemoryThatIsLockedIsToldAndTakesAreExportedTogether) {
   startOnTakes();
   const BatchDialog& dialog = askForAll();
   EXPECT_FALSE(rememberedOf(dialog).isVisible());
-  waitFor([this] { return !said().isEmpty(); }, "what is the matter");
+  waitForMessage();
   EXPECT_EQ(said(), "What takes were heard with cannot be remembered.");
   QTest::mouseClick(&beginOf(dialog), Qt::LeftButton);
   waitFor([this] { return !controller().exportQueue().isBusy(); }, "the end");

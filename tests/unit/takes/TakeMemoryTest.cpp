@@ -6,19 +6,12 @@
 #include <gmock/gmock.h>
 
 #include "support/EnvironmentVariable.h"
+#include "support/FirstMemory.h"
 #include "unit/takes/MemoryFixture.h"
 
 namespace {
 
 using Memory = MemoryFixture;
-
-// The layout of the first version, as it was given out.
-constexpr const char* kFirst =
-    "CREATE TABLE takes (identity TEXT PRIMARY KEY NOT NULL, width REAL, gain INTEGER NOT NULL, "
-    "loop_first INTEGER, loop_end INTEGER, used INTEGER NOT NULL) WITHOUT ROWID;"
-    "INSERT INTO takes VALUES ('a', 90.5, -6, 48000, 96000, 1700000000);"
-    "INSERT INTO takes VALUES ('b', NULL, 3, NULL, NULL, 1700000001);"
-    "PRAGMA user_version = 1";
 
 TEST_F(Memory, ATakeComesBackAsItWas) {
   const RememberedSound whole{90.25, -36, FrameRange{0, 5'000'000'000}};
@@ -53,8 +46,7 @@ TEST_F(Memory, ItIsWrittenAheadAndOneFileAfterwards) {
 }
 
 TEST_F(Memory, AFileOfTheFirstVersionIsReadAndGoesOn) {
-  std::filesystem::create_directories(file.parent_path());
-  change(file, kFirst);
+  makeFirst(file);
   TakeMemory memory(file);
   EXPECT_EQ(memory.find("a"), (RememberedSound{90.5, -6, FrameRange{48'000, 96'000}}));
   EXPECT_EQ(memory.find("b"), (RememberedSound{std::nullopt, 3, std::nullopt}));
@@ -104,8 +96,7 @@ TEST_F(Memory, AnExportThatIsReplacedByThatOfAnotherTakeIsForgotten) {
 }
 
 TEST_F(Memory, AFileOfTheFirstVersionGetsRoomForExports) {
-  std::filesystem::create_directories(file.parent_path());
-  change(file, kFirst);
+  makeFirst(file);
   TakeMemory memory(file);
   EXPECT_TRUE(memory.exportsOf("/a").empty());
   EXPECT_TRUE(memory.noteExport({"/a", "/b", {}, {}, 1}));
