@@ -104,10 +104,10 @@ double WindowPictures::percentOfACore(double seconds) {
   return 100 * (processMilliseconds() - before) / ShownWindow::milliseconds(watch);
 }
 
-void WindowPictures::letFieldRest(bool isResting) {
-  for (const char* const name : {"timerScope", "timerLevel"}) {
+void WindowPictures::rest(std::initializer_list<const char*> timers, bool areResting) {
+  for (const char* const name : timers) {
     auto& timer = *_window.controller().findChild<QTimer*>(QString::fromLatin1(name));
-    isResting ? timer.stop() : timer.start();
+    areResting ? timer.stop() : timer.start();
   }
 }
 
@@ -123,13 +123,17 @@ WindowPictures::Playing WindowPictures::play(double seconds) {
   const int before = _scopes;
   playing.all = percentOfACore(seconds);
   playing.pictures = (_scopes - before) / seconds;
-  letFieldRest(true);
+  rest({"timerScope", "timerLevel"}, true);
   playing.without = percentOfACore(seconds);
-  letFieldRest(false);
+  rest({"timerScope", "timerLevel"}, false);
   minimise(true);
   const int seen = _scopes;
   playing.minimised = percentOfACore(seconds);
   if (_scopes != seen) playing.minimised = std::numeric_limits<double>::quiet_NaN();
+  // The meters go on, for the peaks.
+  rest({"timerScope", "timerWaveform", "timerLoudness"}, true);
+  playing.blind = percentOfACore(seconds);
+  rest({"timerScope", "timerWaveform", "timerLoudness"}, false);
   minimise(false);
   return playing;
 }

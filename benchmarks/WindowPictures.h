@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QObject>
+#include <initializer_list>
 #include <vector>
 
 #include "ShownWindow.h"
@@ -32,6 +33,7 @@ class WindowPictures : public QObject {
     double without = 0;  ///< the same while scope and meters rest
     double minimised =
         0;                ///< while the window is minimised; not a number where it was painted then
+    double blind = 0;     ///< the same while no timer of a picture but that of the meters runs
     double pictures = 0;  ///< of the scope, a second
   };
   /// While the take plays, each for so many seconds.
@@ -44,7 +46,7 @@ class WindowPictures : public QObject {
   enum class Known { Nothing, Part, Drawn, Whole };
 
   [[nodiscard]] Known known();
-  void letFieldRest(bool isResting);
+  void rest(std::initializer_list<const char*> timers, bool areResting);
   void minimise(bool isMinimised);
   static double percentOfACore(double seconds);
 
