@@ -7,11 +7,11 @@
 #include <cmath>
 
 #include "controls/LevelMeterScale.h"
+#include "wav/FrameDecoder.h"
 
 namespace {
 
-constexpr int kLevelRefresh = 33;  // ms
-constexpr float kNoSample = -2.0F;
+constexpr int kLevelRefresh = 33;    // ms
 constexpr double kLevelZero = 48.0;  // dB below full scale at level 0
 constexpr double kLatest = 0.5;      // seconds that a timer may be late
 constexpr double kBeyond = 1e6;      // silence is minus infinity, which no integer holds
@@ -139,7 +139,7 @@ void LevelFeed::updateByRule(double time, double interval) {
   const double attenuation = -static_cast<double>(_take.gain());
   reader.getSampleLevelMeterFrom(time, time + interval, left, right, attenuation,
                                  std::trunc(_take.angle()));
-  if (left == kNoSample) return;
+  if (left == FrameDecoder::kNoSample) return;
   _view.lvlLeft->setLevel(meterLevel(static_cast<double>(left)));
   _view.lvlRight->setLevel(meterLevel(static_cast<double>(right)));
 }

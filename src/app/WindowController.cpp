@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QStyle>
 
+#include "base/Version.h"
 #include "controls/Colors.h"
 
 WindowController::WindowController() : _viewController(std::make_unique<ViewController>(_view)) {
@@ -37,7 +38,7 @@ void WindowController::windowDidLoad() {
   palette.setColor(QPalette::Window, Colors::AppBG());
   _view.setPalette(palette);
   _view.setAutoFillBackground(true);
-  _view.setWindowTitle(QStringLiteral("TARN J4 Mixdeck"));
+  _view.setWindowTitle(QLatin1String(kProduct));
   const QScreen* const screen = _view.screen();
   const QRect visible = screen == nullptr ? QRect() : screen->availableGeometry();
   _view.setGeometry(startFrame(visible, _view.style()->pixelMetric(QStyle::PM_TitleBarHeight)));

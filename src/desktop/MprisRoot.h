@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include "base/Version.h"
+
 /// `org.mpris.MediaPlayer2`: what the program is. Interface thread.
 class MprisRoot : public QDBusAbstractAdaptor {
   Q_OBJECT
@@ -24,7 +26,7 @@ class MprisRoot : public QDBusAbstractAdaptor {
   [[nodiscard]] static bool canQuit() { return true; }
   [[nodiscard]] static bool canRaise() { return true; }
   [[nodiscard]] static bool hasTrackList() { return false; }
-  [[nodiscard]] static QString identity() { return QStringLiteral("TARN J4 Mixdeck"); }
+  [[nodiscard]] static QString identity() { return QLatin1String(kProduct); }
   /// The desktop entry without its end.
   [[nodiscard]] static QString desktopEntry() { return QStringLiteral("example.mixdeck.mixdeck"); }
   [[nodiscard]] static QStringList supportedUriSchemes() { return {QStringLiteral("file")}; }

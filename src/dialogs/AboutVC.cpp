@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "base/Version.h"
 #include "controls/Appearance.h"
 #include "controls/Artwork.h"
 
@@ -35,7 +36,7 @@ AboutVC::AboutVC(QWidget* parent) : DialogWindow(parent) {
   column->setSpacing(6);
   const std::array<QLabel*, 6> lines = {
       logo,
-      label(QStringLiteral("TARN J4 Mixdeck"), "title"),
+      label(QLatin1String(kProduct), "title"),
       _version,
       label(tr("Desktop companion of the TARN J4 recorder")),
       label(tr("Copyright 2026 The Mixdeck developers\nMIT license"), "dim"),
@@ -63,7 +64,8 @@ void AboutVC::setDetails(const QStringList& lines) {
 
 // In no language: who reads a report may know another one.
 QString AboutVC::report() const {
-  return QStringLiteral("TARN J4 Mixdeck %1\n%2\n").arg(_versionString, _details->text());
+  return QStringLiteral("%1 %2\n%3\n")
+      .arg(QLatin1String(kProduct), _versionString, _details->text());
 }
 
 // The button tells that it has, for as long as the dialog is there.

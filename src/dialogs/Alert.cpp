@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <algorithm>
 
+#include "base/Version.h"
 #include "controls/Appearance.h"
 
 namespace {
@@ -43,7 +44,7 @@ void fit(QLabel& text) {
 QMessageBox* Alert::question(QWidget* parent, const QString& informativeText) {
   auto* const box = new QMessageBox(parent);
   box->setAttribute(Qt::WA_DeleteOnClose);
-  box->setWindowTitle(QStringLiteral("TARN J4 Mixdeck"));
+  box->setWindowTitle(QLatin1String(kProduct));
   box->setIcon(QMessageBox::NoIcon);
   box->setText(QString());
   box->setInformativeText(informativeText);

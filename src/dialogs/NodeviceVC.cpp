@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "base/Version.h"
 #include "controls/Appearance.h"
 #include "controls/Artwork.h"
 
@@ -49,5 +50,5 @@ void NodeviceVC::btnOK_Click() {
 }
 
 void NodeviceVC::initWindowUI() {
-  DialogWindow::initWindowUI(QStringLiteral("TARN J4 Mixdeck"));
+  DialogWindow::initWindowUI(QLatin1String(kProduct));
 }

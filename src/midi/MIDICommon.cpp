@@ -10,12 +10,12 @@
 
 #include "base/Log.h"
 #include "base/MainThreadQueue.h"
+#include "midi/MIDIReceiveBuffer.h"
 #include "midi/WorkerPool.h"
 
 namespace {
 
 constexpr std::int64_t kPayload = 6;
-constexpr std::uint8_t kSysExStart = 0xF0;
 
 enum Status : std::uint8_t { Complete = 0, Start = 1, Continue = 2, End = 3 };
 
@@ -34,7 +34,7 @@ std::uint32_t bigEndian(const std::uint8_t* bytes) {
 
 std::optional<std::vector<GLPacket>> MIDICommon::convertByteToPacket(const std::uint8_t* bytes,
                                                                      std::int64_t size) {
-  if (size < 1 || bytes[0] != kSysExStart) return std::nullopt;
+  if (size < 1 || bytes[0] != MIDIReceiveBuffer::kSysExStart) return std::nullopt;
   const std::int64_t payload = size - 2;
   const auto count = static_cast<std::int64_t>(std::ceil(static_cast<float>(payload) / 6.0F));
   std::vector<GLPacket> packets;
@@ -49,7 +49,7 @@ std::optional<std::vector<GLPacket>> MIDICommon::convertByteToPacket(const std::
 GLPacket MIDICommon::createPackage(std::uint8_t group, std::uint8_t status, int realByteCount,
                                    const std::uint8_t* realData) {
   std::array<std::uint8_t, 8> bytes{};
-  bytes[0] = static_cast<std::uint8_t>(0x30 | group);
+  bytes[0] = static_cast<std::uint8_t>(kSysExType << 4 | group);
   bytes[1] = static_cast<std::uint8_t>(status << 4 | realByteCount);
   std::copy_n(realData, realByteCount, bytes.begin() + 2);
   return {{bigEndian(bytes.data()), bigEndian(bytes.data() + 4)}, 2};

@@ -13,6 +13,11 @@
 /// and two ways to run work on another thread. All of it may be called on any thread.
 class MIDICommon {
  public:
+  /// Types of messages that are used here.
+  static constexpr std::uint8_t kSystemType = 1;
+  static constexpr std::uint8_t kChannelType = 2;  ///< MIDI 1.0
+  static constexpr std::uint8_t kSysExType = 3;    ///< of 7 bits
+
   /// The packets of one SysEx message of `size` bytes from F0 to F7, all in group 0. None where the
   /// first byte is not F0. The last byte is left out whatever it is; F0 F7 has no packets.
   static std::optional<std::vector<GLPacket>> convertByteToPacket(const std::uint8_t* bytes,

@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr std::uint8_t kSysExType = 3;
 constexpr std::size_t kMostWords = 3;
 
 enum SysExStatus : std::uint8_t { Complete = 0, Start = 1, Continue = 2, End = 3 };
@@ -23,7 +22,7 @@ std::uint32_t lengthOf(std::uint8_t status) {
   const auto masked = static_cast<std::uint8_t>(status | 0x80);
   if (masked < 0xC0) return 3;
   if (masked < 0xE0) return 2;
-  if (masked < 0xF0 || masked == 0xF2) return 3;
+  if (masked < MIDIReceiveBuffer::kSysExStart || masked == 0xF2) return 3;
   return masked == 0xF1 || masked == 0xF3 ? 2 : 1;
 }
 
@@ -54,7 +53,7 @@ std::uint8_t MIDIEventAssembler::midi2ToMidi1DefaultTranslation(std::uint32_t wo
 bool MIDIEventAssembler::convetMessageInfo(MIDIReceiveBuffer& buffer,
                                            std::span<const std::uint32_t> message) {
   const std::uint8_t type = midi2ToMidi1DefaultTranslation(message[0]);
-  if (message.size() == 2 && type == kSysExType) return processSysEx(buffer, message);
+  if (message.size() == 2 && type == MIDICommon::kSysExType) return processSysEx(buffer, message);
   if (message.size() == 1 && type != 0) return processMessage1(buffer, message[0]);
   return false;
 }

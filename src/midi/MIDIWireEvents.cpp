@@ -10,17 +10,15 @@
 
 namespace {
 
-constexpr std::uint32_t kSystemType = 1;
-constexpr std::uint32_t kChannelType = 2;
-
 bool isShortMessage(std::span<const std::uint8_t> piece) {
   return piece[0] >= 0x80 && piece[0] != MIDIReceiveBuffer::kSysExStart &&
          piece[0] != MIDIReceiveBuffer::kSysExEnd;
 }
 
 MIDIWireEvents::Words shortMessage(std::span<const std::uint8_t> piece) {
-  std::uint32_t word = (piece[0] < MIDIReceiveBuffer::kSysExStart ? kChannelType : kSystemType)
-                       << 28;
+  const bool isChannels = piece[0] < MIDIReceiveBuffer::kSysExStart;
+  std::uint32_t word = isChannels ? MIDICommon::kChannelType : MIDICommon::kSystemType;
+  word <<= 28;
   for (std::size_t i = 0; i < piece.size(); ++i) word |= std::uint32_t{piece[i]} << (16 - 8 * i);
   return {word};
 }
@@ -64,7 +62,7 @@ void MIDIWireEvents::finishPacket(bool isEnd) {
 }
 
 std::vector<std::uint8_t> MIDIWireEvents::bytesOf(std::span<const std::uint32_t> words) {
-  if (words.size() != 2 || MIDICommon::messageType(words[0]) != 3) return {};
+  if (words.size() != 2 || MIDICommon::messageType(words[0]) != MIDICommon::kSysExType) return {};
   const std::uint8_t status = MIDICommon::messageStatus(words[0]);
   std::vector<std::uint8_t> bytes;
   if (status <= 1) bytes.push_back(MIDIReceiveBuffer::kSysExStart);

@@ -5,14 +5,16 @@
 
 #include <algorithm>
 
+#include "midi/MIDIReceiveBuffer.h"
+
 namespace {
 
 using View = RecorderProtocol::View;
 using Request = RecorderProtocol::Request;
 using Reply = RecorderProtocol::Reply;
 
-constexpr std::uint8_t kStart = 0xF0;
-constexpr std::uint8_t kEnd = 0xF7;
+constexpr std::uint8_t kStart = MIDIReceiveBuffer::kSysExStart;
+constexpr std::uint8_t kEnd = MIDIReceiveBuffer::kSysExEnd;
 constexpr std::size_t kAcknowledgement = 6;  // bytes
 
 /// A request between F0 and its values, and how many values follow.

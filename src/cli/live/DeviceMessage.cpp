@@ -12,6 +12,7 @@
 
 #include "cli/Printable.h"
 #include "midi/DeviceText.h"
+#include "midi/MIDIReceiveBuffer.h"
 #include "midi/SDCardReport.h"
 
 namespace {
@@ -21,6 +22,8 @@ using View = RecorderProtocol::View;
 using Request = RecorderProtocol::Request;
 using Reply = RecorderProtocol::Reply;
 
+constexpr std::uint8_t kSysExStart = MIDIReceiveBuffer::kSysExStart;
+constexpr std::uint8_t kSysExEnd = MIDIReceiveBuffer::kSysExEnd;
 constexpr const char* kBattery = "battery_type";
 constexpr const char* kAutoPowerOff = "auto_power_off";
 
@@ -35,7 +38,7 @@ std::string date(const MIDICalendarTime& time) {
 
 /// A whole SysEx message without its F7, as replies are known by; none of any other message.
 std::optional<View> opened(View bytes) {
-  if (bytes.size() < 2 || bytes.front() != 0xF0 || bytes.back() != 0xF7) return std::nullopt;
+  if (bytes.size() < 2 || bytes.front() != kSysExStart || bytes.back() != kSysExEnd) return {};
   return bytes.first(bytes.size() - 1);
 }
 
@@ -128,7 +131,8 @@ DeviceMessage DeviceMessage::acknowledgement(View message, std::uint8_t code) {
 }
 
 DeviceMessage DeviceMessage::unknown(View bytes) {
-  const bool isSysEx = !bytes.empty() && (bytes.front() == 0xF0 || bytes.back() == 0xF7);
+  const bool isSysEx =
+      !bytes.empty() && (bytes.front() == kSysExStart || bytes.back() == kSysExEnd);
   return DeviceMessage(isSysEx ? "unknown message" : "other MIDI message");
 }
 

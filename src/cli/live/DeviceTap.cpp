@@ -6,15 +6,13 @@
 #include <utility>
 
 #include "midi/MIDICommon.h"
+#include "midi/MIDIReceiveBuffer.h"
 #include "midi/MIDIWireEvents.h"
 
 namespace {
 
-constexpr std::uint8_t kSysExStart = 0xF0;
-constexpr std::uint8_t kSysExEnd = 0xF7;
-constexpr std::uint8_t kSysExType = 3;
-constexpr std::uint8_t kSystemType = 1;
-constexpr std::uint8_t kChannelType = 2;
+constexpr std::uint8_t kSysExStart = MIDIReceiveBuffer::kSysExStart;
+constexpr std::uint8_t kSysExEnd = MIDIReceiveBuffer::kSysExEnd;
 
 DeviceTap::Bytes shortMessage(std::uint32_t word) {
   const auto byte = [word](int shift) { return static_cast<std::uint8_t>(word >> shift); };
@@ -49,9 +47,10 @@ std::vector<DeviceTap::Bytes> DeviceTap::Joiner::feed(const MIDIEventPacket& pac
   const auto words = packet.words;
   if (words.empty()) return {};
   const std::uint8_t type = MIDICommon::messageType(words[0]);
-  if (type == kSysExType) return feed(MIDIWireEvents::bytesOf(words));
+  if (type == MIDICommon::kSysExType) return feed(MIDIWireEvents::bytesOf(words));
   std::vector<Bytes> messages;
-  if (type == kSystemType || type == kChannelType) messages.push_back(shortMessage(words[0]));
+  const bool isShort = type == MIDICommon::kSystemType || type == MIDICommon::kChannelType;
+  if (isShort) messages.push_back(shortMessage(words[0]));
   std::erase(messages, Bytes());
   return messages;
 }

@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "midi/MIDIReceiveBuffer.h"
+
 namespace {
 
 constexpr std::size_t kLongestShortMessage = 32;
@@ -22,8 +24,8 @@ AlsaEvent::Announcement announcementOf(snd_seq_event_type_t type) {
 
 /// Whole, and no SysEx message or part of one.
 bool isShortMessage(const std::vector<std::uint8_t>& bytes) {
-  return !bytes.empty() && bytes[0] >= 0x80 && bytes[0] != 0xF0 && bytes[0] != 0xF7 &&
-         bytes.size() <= 3;
+  return !bytes.empty() && bytes[0] >= 0x80 && bytes[0] != MIDIReceiveBuffer::kSysExStart &&
+         bytes[0] != MIDIReceiveBuffer::kSysExEnd && bytes.size() <= 3;
 }
 
 /// Carries pieces of a MIDI 1.0 byte stream.

@@ -11,6 +11,8 @@
 #include <system_error>
 #include <utility>
 
+#include "base/Version.h"
+
 namespace {
 
 using std::chrono::milliseconds;
@@ -45,11 +47,10 @@ void PulseConnection::wake() const {
 // No server is started from here: that could take long, and desktops start theirs by themselves.
 bool PulseConnection::connect() {
   pa_proplist* const properties = pa_proplist_new();
-  pa_proplist_sets(properties, PA_PROP_APPLICATION_NAME, "TARN J4 Mixdeck");
+  pa_proplist_sets(properties, PA_PROP_APPLICATION_NAME, kProduct);
   pa_proplist_sets(properties, PA_PROP_APPLICATION_ID, "mixdeck");
   pa_proplist_sets(properties, PA_PROP_APPLICATION_ICON_NAME, "mixdeck");
-  _context =
-      pa_context_new_with_proplist(pa_mainloop_get_api(_loop), "TARN J4 Mixdeck", properties);
+  _context = pa_context_new_with_proplist(pa_mainloop_get_api(_loop), kProduct, properties);
   pa_proplist_free(properties);
   _stream.noteLife();
   return _context != nullptr &&
