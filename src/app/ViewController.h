@@ -5,16 +5,16 @@
 #include <QObject>
 #include <filesystem>
 #include <memory>
-#include <optional>
-#include <utility>
 #include <vector>
 
 #include "app/WindowPanes.h"
+#include "app/WindowWiring.h"
 #include "base/NotificationCenter.h"
 #include "midi/MIDIManagerDelegate.h"
 
-/// The system's names for all that happens in the window. It does nothing itself: each name hands
-/// on to the pane whose concern it is.
+/// The system's names for all that happens in the window. Each hands on to the class whose concern
+/// it is; what is left here is what the system's names do to several at once, and that the
+/// program's events and the recorder's link are told to it.
 ///
 /// The view outlives it. After the constructor the owner calls `viewDidLoad` once and, when the
 /// view is on the screen, `viewDidAppear` once. Interface thread.
@@ -30,12 +30,12 @@ class ViewController : public QObject, public MIDIManagerDelegate {
   void viewDidLoad();
   /// Opens the folder of the last time, or what `setStart` says; introduces the program where that
   /// is due.
-  void viewDidAppear();
+  void viewDidAppear() { _panes.start.appear(); }
   /// A folder to begin with, or a recording to begin with in its folder.
-  void setStart(const std::filesystem::path& path) { _starts = {path}; }
+  void setStart(const std::filesystem::path& path) { _panes.start.set({path}); }
   /// Opens the first of these, a folder or a recording, and selects with a recording those others
   /// that are in its folder.
-  void open(const std::vector<std::filesystem::path>& files);
+  void open(const std::vector<std::filesystem::path>& files) { _panes.start.open(files); }
   bool mayEnd() { return _panes.ending.mayEnd(); }
   void notify(const Notification& event);
 
@@ -116,16 +116,9 @@ class ViewController : public QObject, public MIDIManagerDelegate {
   void listed();
 
  private:
-  void initUI();
-  void connectRows();
   void initMIDI();
-  void openChosen(const WavItem& item);
-  void markLoaded();
-  void begin(const std::vector<std::filesystem::path>& files);
 
   MainView& _view;
   WindowPanes _panes;
-  std::vector<std::filesystem::path> _starts;
-  bool _hasAppeared = false;
-  std::optional<WavItem> _waiting;  ///< chosen behind the introduction
+  WindowWiring _wiring{_panes};
 };

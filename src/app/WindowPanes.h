@@ -35,13 +35,14 @@
 #include "app/WidthPane.h"
 #include "app/WindowCommands.h"
 #include "app/WindowDrop.h"
+#include "app/WindowStart.h"
 #include "dialogs/BatchDesk.h"
 #include "dialogs/ExportDesk.h"
 #include "queue/ExportQueue.h"
 
 /// What works behind the window, put together: the take and the folder, and the panes that show
-/// them, in the order in which they are told of things. A further pane is a line here. Interface
-/// thread.
+/// them, in the order in which they are told of things. A further pane is a line here; what it asks
+/// of others is one in `WindowWiring`. Interface thread.
 struct WindowPanes {
   /// What an export that is cancelled by the end of the window has for its own.
   static constexpr std::chrono::milliseconds kExportPatience{300};
@@ -99,5 +100,6 @@ struct WindowPanes {
                           take,
                           browser,
                           &owner};
+  WindowStart start{browser, commands, take, &owner};
   Announcements announcements{*view.announcer, {device, desk, *view.player->lblStatus}, &owner};
 };
