@@ -3,6 +3,7 @@
 
 #include "app/MeasuredTake.h"
 
+#include <algorithm>
 #include <utility>
 
 MeasuredTake::MeasuredTake(TakeSession& take, QObject* parent,
@@ -34,16 +35,27 @@ Waveform MeasuredTake::waveform(std::uint64_t from, std::uint64_t to, std::size_
   return analysis() ? analysis()->waveform(shownWidth(), gain(), from, to, columns) : Waveform();
 }
 
+bool MeasuredTake::isWaveformComplete() const {
+  const auto& shown = _take.solo() == Solo::Side ? _recorded.analysis() : _decoded.analysis();
+  return shown && shown->isComplete();
+}
+
+// Mid, which is not heard, may clip.
+void MeasuredTake::showRightOnBoth(Waveform& waveform) {
+  for (Waveform::Column& column : waveform.columns) {
+    column.leastLeft = column.leastRight;
+    column.greatestLeft = column.greatestRight;
+    column.mayClip = std::max(column.greatestRight, -column.leastRight) > 1;
+  }
+}
+
 // Which is the right one of the channels.
 Waveform MeasuredTake::sideWaveform(std::uint64_t from, std::uint64_t to,
                                     std::size_t columns) const {
   const auto& known = _recorded.analysis();
   if (!known) return {};
   Waveform wave = known->waveform(shownWidth(), gain(), from, to, columns);
-  for (Waveform::Column& column : wave.columns) {
-    column.leastLeft = column.leastRight;
-    column.greatestLeft = column.greatestRight;
-  }
+  showRightOnBoth(wave);
   return wave;
 }
 

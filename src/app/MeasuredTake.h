@@ -37,6 +37,10 @@ class MeasuredTake : public QObject {
   /// Frames [from, to) as they are heard, at the width and gain, or Mid or Side alone; see
   /// `TakeAnalysis::waveform`. No columns where nothing is known.
   [[nodiscard]] Waveform waveform(std::uint64_t from, std::uint64_t to, std::size_t columns) const;
+  /// Whether all that `waveform` shows now is measured.
+  [[nodiscard]] bool isWaveformComplete() const;
+  /// Makes a waveform of the channels as they are one of Side alone.
+  static void showRightOnBoth(Waveform& waveform);
   /// In whole degrees and dB, as the session has them.
   [[nodiscard]] int width() const;
   /// The width at which both sides are what is heard; of Side alone there is none.

@@ -102,11 +102,12 @@ bool WaveformPane::isCloserThanMeasured(const View& view) const {
 }
 
 Waveform WaveformPane::waveformOf(const View& view) {
-  if (_take.solo() != Solo::Side && isCloserThanMeasured(view)) {
-    const auto closeUp = _reading.closeUp(view.from, view.to, view.columns);
-    if (closeUp) return closeUp->at(_measured.shownWidth(), _measured.gain());
-  }
-  return _measured.waveform(view.from, view.to, view.columns);
+  const auto closeUp =
+      isCloserThanMeasured(view) ? _reading.closeUp(view.from, view.to, view.columns) : nullptr;
+  if (!closeUp) return _measured.waveform(view.from, view.to, view.columns);
+  Waveform wave = closeUp->at(_measured.shownWidth(), _measured.gain());
+  if (_take.solo() == Solo::Side) MeasuredTake::showRightOnBoth(wave);
+  return wave;
 }
 
 void WaveformPane::draw() {
@@ -115,8 +116,7 @@ void WaveformPane::draw() {
   const Waveform wave = waveformOf(inView());
   show(wave);
   // What is still being measured changes before the medium has told the truth about it.
-  const bool isSide = _take.solo() == Solo::Side;  // which is not decoded
-  if (isSide || !_measured.isComplete()) return _reading.cancelTruth();
+  if (!_measured.isWaveformComplete()) return _reading.cancelTruth();
   _reading.settle(wave, _measured.shownWidth(), _measured.gain());
 }
 

@@ -23,10 +23,10 @@ class WaveformReading : public QObject {
   explicit WaveformReading(TakeSession& take, QObject* parent = nullptr);
 
   /// Of this stretch of the open take, ending with it at the latest; null while it is being read.
-  /// The one that was read last is kept.
+  /// The one that was read last is kept. While Side is heard alone, of the channels as they are.
   std::shared_ptr<const CloseUp> closeUp(std::uint64_t from, std::uint64_t to, std::size_t columns);
-  /// Reads the columns that seem to clip again; gives up what was asked before, and does nothing
-  /// where none seems to.
+  /// Reads the columns that seem to clip again, as what is heard now; gives up what was asked
+  /// before, and does nothing where none seems to.
   void settle(const Waveform& waveform, int width, double gain);
   void cancelTruth() { _truthErrand.cancel(); }
 
@@ -41,15 +41,18 @@ class WaveformReading : public QObject {
     std::uint64_t from = 0;
     std::uint64_t to = 0;
     std::size_t columns = 0;
+    bool isSide = false;
 
     friend bool operator==(const Stretch&, const Stretch&) = default;
   };
 
   void drop();
+  [[nodiscard]] std::shared_ptr<const WaveFileReader> reader(bool isSide) const;
 
   TakeSession& _take;
   std::shared_ptr<const CloseUp> _closeUp;
-  Stretch _asked;  ///< while the errand is under way
+  bool _isOfSide = false;  ///< the close-up
+  Stretch _asked;          ///< while the errand is under way
   LatestErrand _closeUpErrand;
   LatestErrand _truthErrand;
 };

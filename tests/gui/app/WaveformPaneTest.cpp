@@ -207,6 +207,54 @@ TEST_F(Waves, AreRedOnlyWhereTheyClip) {
 }
 
 // Each time that the greatest column crosses full scale its truth is asked for, or is not any more.
+TEST_F(Waves, ZoomedInOnSideAreTrueColumnByColumn) {
+  openClicks();
+  measureAll();
+  session->setAngle(120);
+  for (int i = 0; i < 60; ++i) viewer().zoom(0.7, viewer().xOf(7));
+  ASSERT_TRUE(EventLoop::runUntil([this] { return isSilentSomewhere(); }));
+  const auto isSettledAt = [this](double left) {
+    const auto& columns = viewer().columns().columns;
+    const bool isThere = std::ranges::any_of(columns, [left](const auto& column) {
+      return column.left >= static_cast<float>(left) &&
+             column.left < static_cast<float>(left) * 1.06F;
+    });
+    return isThere && isSilentSomewhere();
+  };
+  session->setSolo(Solo::Side);
+  ASSERT_TRUE(EventLoop::runUntil([&] { return isSettledAt(0.25); }));
+  expectClicksWhereTheyAre(0.25);
+  EXPECT_TRUE(std::ranges::all_of(viewer().columns().columns, [](const auto& column) {
+    return column.left == column.right;
+  })) << "on both sides";
+  session->setSolo(Solo::Mid);
+  ASSERT_TRUE(EventLoop::runUntil([&] { return isSettledAt(0.5); }));
+  expectClicksWhereTheyAre(0.5);
+  session->setSolo(Solo::None);
+  expectClicksWhereTheyAre(0.75);
+}
+
+// The bound of a peak that just does not clip does, as does Mid, which is not heard.
+TEST_F(Waves, OfSideAreRedOnlyWhereItClips) {
+  std::vector<std::int32_t> samples(2 * std::size_t{kFrames}, 0x7FFFFF);
+  const double most = std::pow(10.0, -6 / 20.0) * 0x800000;  // at 6 dB
+  for (std::size_t i = 1; i < samples.size(); i += 2)
+    samples[i] = static_cast<std::int32_t>(most) - 9;
+  const auto data = WaveBytes::samples24(samples);
+  openFile("near.WAV",
+           takes.file("near.WAV", WaveBytes().recorderBext(true).format24().data(data).get()));
+  Hands::show(view, {688, 636});
+  measureAll();
+  session->setSolo(Solo::Side);
+  ASSERT_TRUE(EventLoop::runUntil([this] { return measured->isWaveformComplete(); }));
+  EXPECT_FALSE(isRedSomewhere());
+  session->setGain(6);
+  EXPECT_TRUE(isRedSomewhere()) << "a bound over full scale";
+  EXPECT_TRUE(EventLoop::runUntil([this] { return !isRedSomewhere(); })) << "it was read again";
+  session->setGain(7);
+  EXPECT_TRUE(EventLoop::runUntil([this] { return isRedSomewhere(); }));
+}
+
 TEST_F(Waves, CrossingFullScaleOnACardThatHangsTakesOneThread) {
   openRamp();
   measureAll();
