@@ -90,9 +90,9 @@ bool ClipLamp::event(QEvent* event) {
 void ClipLamp::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
+  painter.setPen(QPen(_isLit ? Colors::over() : Colors::lampEdge(), 1));
   painter.setBrush(_isLit ? Colors::over() : Colors::overDark());
-  painter.drawRoundedRect(lamp(), kLampRadius, kLampRadius);
+  painter.drawRoundedRect(lamp().adjusted(0.5, 0.5, -0.5, -0.5), kLampRadius, kLampRadius);
   painter.setFont(figureFont());
   const bool isNone = _figure == QStringLiteral("–");
   const QColor plain = isNone || !isEnabled() ? Colors::dimText() : Colors::WHITE();

@@ -35,12 +35,16 @@ class Colors {
   static QColor warning() { return either({0xE8, 0xB3, 0x4B}, {0xFF, 0xD0, 0x6B}); }
   /// The ring on what has the keyboard: 3:1 or more against white and against the backgrounds.
   static QColor focusRing() { return {0x3D, 0x8B, 0xFD}; }
-  /// A waveform before and after it was played; 3:1 or more against the ground under it.
+  /// A waveform before and after it was played; 3:1 or more against the ground under it, inside of
+  /// a loop too.
   static QColor waveAhead() { return either({0x6E, 0x73, 0x7B}, {0x9A, 0xA0, 0xA8}); }
   static QColor wavePlayed() { return either({0xC8, 0xCD, 0xD4}, {0xFF, 0xFF, 0xFF}); }
   /// What is over full scale, and what will be when it is played.
   static QColor over() { return either({0xE5, 0x48, 0x4D}, {0xFF, 0x6B, 0x70}); }
-  static QColor overAhead() { return either({0xB8, 0x3C, 0x42}, {0xE5, 0x48, 0x4D}); }
+  static QColor overAhead() { return either({0xC4, 0x46, 0x4C}, {0xE5, 0x48, 0x4D}); }
+  /// The edge of what would hardly be seen without: a lamp that is not lit, an empty bar.
+  static QColor lampEdge() { return either({0xA8, 0x66, 0x6C}, {0xC8, 0x84, 0x8A}); }
+  static QColor barEdge() { return either({0x7A, 0x80, 0x8A}, {0x9A, 0xA0, 0xA8}); }
   /// A lamp that is not lit, and a figure that is over: bright enough for a text.
   static QColor overDark() { return either({0x4A, 0x28, 0x2C}, {0x5A, 0x30, 0x34}); }
   static QColor overText() { return either({0xF2, 0x7A, 0x7E}, {0xFF, 0xA8, 0xAB}); }

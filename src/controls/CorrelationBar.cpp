@@ -70,9 +70,11 @@ QSize CorrelationBar::sizeHint() const {
 void CorrelationBar::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
+  painter.setPen(QPen(Colors::barEdge(), 1));
   painter.setBrush(Colors::ControlColor());
-  painter.drawRoundedRect(QRectF(0, kBarTop, width(), kBarHeight), kBarRadius, kBarRadius);
+  const QRectF track(0.5, kBarTop + 0.5, width() - 1, kBarHeight - 1);
+  painter.drawRoundedRect(track, kBarRadius, kBarRadius);
+  painter.setPen(Qt::NoPen);
   if (_value) {
     const double from = std::min(xOf(0), xOf(*_value));
     const double to = std::max(xOf(0), xOf(*_value));

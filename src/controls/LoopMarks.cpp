@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int kVeil = 0x2C;  // of 0xFF: the waveform stays what is seen
+constexpr int kVeil = 0x1C;  // of 0xFF: the waveform stays what is seen
 constexpr double kFlag = 11;
 constexpr double kLine = 2;
 

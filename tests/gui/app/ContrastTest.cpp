@@ -24,7 +24,11 @@
 #include "WindowFixture.h"
 #include "controls/Announcer.h"
 #include "controls/Appearance.h"
+#include "controls/Colors.h"
 #include "controls/FigureLine.h"
+#include "controls/Upward.h"
+#include "folders/FileListCell.h"
+#include "folders/FileListModel.h"
 
 namespace {
 
@@ -140,6 +144,117 @@ class Contrast : public WindowFixture {
                       part.height() * scale);
     return greatestContrast(_window.copy(area.toAlignedRect() & _window.rect()));
   }
+  /// Of each text in a part of a widget that is not far from another.
+  [[nodiscard]] double ofTexts(const QWidget& widget, const QRect& part) const {
+    return leastContrast(pictureOf(widget, part));
+  }
+  [[nodiscard]] QImage pictureOf(const QWidget& widget, const QRect& part) const {
+    const double scale = _window.devicePixelRatio();
+    const QRectF area(QPointF(widget.mapTo(&view(), part.topLeft())) * scale,
+                      QSizeF(part.size()) * scale);
+    QImage picture = _window.copy(area.toAlignedRect() & _window.rect());
+    picture.setDevicePixelRatio(1);
+    return picture;
+  }
+  void rest() {
+    if (controller().take().state() == TakeSession::State::Playing) controller().btnPlay_Click();
+    waitFor([this] { return stage().field->scope->isDark(); }, "its rest");
+    view().browser->tableFile->selectRow(0);
+    QCursor::setPos(view().mapToGlobal(QPoint(2, 2)));
+    look();
+  }
+  void expectText(double least, const QWidget& widget, const QRectF& place,
+                  const char* what) const {
+    const QRect part = place.toAlignedRect();
+    ASSERT_TRUE(widget.rect().intersects(part)) << what;
+    EXPECT_GE(of(widget, part), least) << what;
+  }
+  void expectScales(double least) const {
+    /// Where labels were drawn is told to inheritors only.
+    struct Dial : AngleViewer {
+      static const std::vector<AngleInfo>& labelsOf(const AngleViewer& dial) {
+        return (dial.*&Dial::angleTextList)();
+      }
+    };
+    const AngleViewer& dial = *stage().sliderStereo;
+    EXPECT_EQ(Dial::labelsOf(dial).size(), 6U);
+    for (const AngleInfo& label : Dial::labelsOf(dial)) {
+      expectText(least, dial, Upward::rect(label.frame(), dial.height()), qPrintable(label.text()));
+    }
+    for (const GainTickTitle* const scale : {stage().tickOfGain, stage().tickOfLevel}) {
+      EXPECT_GE(scale->textRectList().size(), 7U);
+      for (const TickTextInfo& label : scale->textRectList()) {
+        expectText(least, *scale, Upward::rect(label.frame(), scale->height()),
+                   qPrintable(label.text()));
+      }
+    }
+  }
+  void expectField(double least) const {
+    const StereoScope& scope = *stage().field->scope;
+    const int box = std::max(16, QFontMetrics(Appearance::small(scope.font())).height());
+    const int far = scope.width() - box - 2;
+    const int middle = (scope.width() - box) / 2;
+    expectText(least, scope, QRect(2, 2, box, box), "L");
+    expectText(least, scope, QRect(middle, 2, box, box), "M");
+    expectText(least, scope, QRect(far, 2, box, box), "R");
+    expectText(least, scope, QRect(far, middle, box, box), "S");
+    const CorrelationBar& bar = *stage().field->correlation;
+    const int third = bar.width() / 3;
+    for (const int place : {0, 1, 2}) {
+      expectText(least, bar, QRect(place * third, 14, third, bar.height() - 14), "correlation");
+    }
+    for (const ClipLamp* const lamp : {stage().clipLeft, stage().clipRight}) {
+      expectText(least, *lamp, QRectF(0, 0, lamp->width(), lamp->lamp().top() - 2), "peak");
+    }
+  }
+  void expectPaintedTexts(double least) {
+    expectScales(least);
+    expectField(least);
+    const WaveformViewer& wave = *view().player->waveform;
+    const QRect ruler(6, 2, wave.width() - 12, static_cast<int>(wave.ruler()) - 3);
+    EXPECT_GE(ofTexts(wave, ruler), least) << "times of the ruler";
+    const FileList& list = *view().browser->tableFile;
+    const auto duration = [&](int row) {
+      return list.model()->index(row, 0).data(FileListModel::kDurationRole).toString();
+    };
+    const int rows = list.model()->rowCount();
+    ASSERT_GE(rows, 2);
+    waitFor([&] { return !duration(rows - 2).isEmpty() && !duration(rows - 1).isEmpty(); },
+            "the durations");
+    look();
+    for (int row = 0; row < rows; ++row) {
+      const QRect place = list.visualRect(list.model()->index(row, 0));
+      EXPECT_GE(ofTexts(*list.viewport(), FileListCell::lblFileName(place).adjusted(0, 4, -4, -4)),
+                least)
+          << "row " << row;
+    }
+  }
+  void expectDarkLampsAndBar(double least) {
+    stage().clipLeft->setPeak(PeakHold());
+    look();
+    const ClipLamp& lamp = *stage().clipLeft;
+    EXPECT_GE(of(lamp, lamp.lamp().toRect().adjusted(-6, -2, 6, 1)), least) << "lamp";
+    const CorrelationBar& bar = *stage().field->correlation;
+    ASSERT_FALSE(bar.value().has_value());
+    EXPECT_GE(of(bar, QRect(0, -6, bar.width(), 20)), least) << "bar";
+  }
+  /// Left is over full scale, Right is not and leaves some of the ground.
+  void expectWaveInLoop(const QColor& over, const QColor& plain) {
+    look();
+    const WaveformViewer& wave = *view().player->waveform;
+    const QRectF body = wave.body();
+    const auto at = [&](double y) {
+      const QPointF place(wave.xOf(3.0), y);
+      const QPointF onWindow = place + QPointF(wave.mapTo(&view(), QPoint(0, 0)));
+      return _window.pixel((onWindow * _window.devicePixelRatio()).toPoint());
+    };
+    const QRgb ground = at(body.bottom() - 2);
+    EXPECT_NE(ground, Colors::AppBG().rgb()) << "a veil";
+    EXPECT_EQ(at(body.top() + 4), over.rgb());
+    EXPECT_EQ(at(body.center().y() + 4), plain.rgb());
+    EXPECT_GE(contrast(over.rgb(), ground), kControl);
+    EXPECT_GE(contrast(plain.rgb(), ground), kControl);
+  }
   /// In the middle of the line inside the arc, beside its ground a little farther in.
   [[nodiscard]] double ofCostAt(double angle) const {
     const double t = (angle + 90.0) * std::numbers::pi / 180.0;
@@ -231,6 +346,42 @@ TEST_F(Contrast, OfLoopSoloAndWhatAWidthCosts) {
   }
   EXPECT_GE(ofCostAt(0.4), kControl);
   EXPECT_GE(ofCostAt(140), kControl);
+}
+
+// While the take rests nothing else is drawn where they stand.
+TEST_F(Contrast, OfTextsThatControlsPaintIsThatOfText) {
+  rest();
+  expectPaintedTexts(kText);
+  Appearance::setHighContrast(*qApp, true);
+  look();
+  expectPaintedTexts(kHighText);
+}
+
+TEST_F(Contrast, OfALampThatIsNotLitAndAnEmptyBarIsThatOfControls) {
+  rest();
+  expectDarkLampsAndBar(kControl);
+  Appearance::setHighContrast(*qApp, true);
+  look();
+  expectDarkLampsAndBar(kText);
+}
+
+TEST_F(Contrast, OfAWaveformInsideALoopIsThatOfControls) {
+  stage().sliderStereo->setNewAngle(120);
+  setGain(6);
+  controller().take().setLoop(FrameLoop{96'000, 192'000});
+  rest();
+  const auto isRed = [this] {
+    const auto& columns = view().player->waveform->columns().columns;
+    return !columns.empty() && columns[columns.size() / 3].left > 1;
+  };
+  waitFor(isRed, "what is over full scale");
+  expectWaveInLoop(Colors::overAhead(), Colors::waveAhead());
+  view().player->waveform->adjust(9, AdjustCause::Key);
+  expectWaveInLoop(Colors::over(), Colors::wavePlayed());
+  Appearance::setHighContrast(*qApp, true);
+  expectWaveInLoop(Colors::over(), Colors::wavePlayed());
+  view().player->waveform->adjust(0, AdjustCause::Key);
+  expectWaveInLoop(Colors::overAhead(), Colors::waveAhead());
 }
 
 // At once, in a window that is there.
