@@ -8,6 +8,7 @@
 #include <QSignalBlocker>
 
 #include "app/MainViewParts.h"
+#include "controls/NumberText.h"
 #include "dsp/GainStage.h"
 #include "dsp/SideGain.h"
 
@@ -171,7 +172,7 @@ void SoundPane::showVolume(float volume) {
 }
 
 void SoundPane::sliderGainValueChanged(J4GainSlider* slider) {
-  _stage.lblGainValue->setText(slider->valueText());
+  _stage.lblGainValue->setText(NumberText::printed(slider->valueText()));
   _take.setGain(slider->integerValue());
 }
 

@@ -132,7 +132,7 @@ void StageView::makeField() {
   field = new FieldView(this);
   lblImage = caption<QLabel>("heading", tr("Image"));
   lblImage->setBuddy(field);
-  lblImageValue = caption<TabularLabel>("dim");
+  lblImageValue = caption<ValueLabel>("dim");
 }
 
 void StageView::makeGain() {

@@ -38,7 +38,7 @@ class StageView : public QWidget {
   ValueLabel* lblStereoValue = nullptr;
   FieldView* field = nullptr;
   QLabel* lblImage = nullptr;
-  TabularLabel* lblImageValue = nullptr;
+  ValueLabel* lblImageValue = nullptr;
   GainTickTitle* tickOfGain = nullptr;
   J4GainSlider* sliderGain = nullptr;
   QLabel* lblGain = nullptr;

@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 
 #include "controls/AccessibleFactory.h"
+#include "controls/NumberText.h"
 
 namespace {
 
@@ -16,7 +17,8 @@ class ValueLabelAccessible : public QAccessibleWidget {
       : QAccessibleWidget(&label, QAccessible::StaticText), _label(label) {}
 
   [[nodiscard]] QString text(QAccessible::Text kind) const override {
-    return kind == QAccessible::Name ? _label.text() : QAccessibleWidget::text(kind);
+    if (kind != QAccessible::Name) return QAccessibleWidget::text(kind);
+    return NumberText::plain(_label.text());
   }
   [[nodiscard]] QStringList actionNames() const override {
     QStringList names = QAccessibleWidget::actionNames();

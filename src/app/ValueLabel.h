@@ -7,8 +7,9 @@
 
 #include "app/TabularLabel.h"
 
-/// A value that may be typed where it stands. To assistive software it is a text that can be
-/// pressed, as a hand does, while there is something to type. Interface thread.
+/// A value that may be typed where it stands. To assistive software it is a text, with plain minus
+/// signs, that can be pressed, as a hand does, while there is something to type. It tells of no
+/// change where it has an accessible name, which nobody is told. Interface thread.
 class ValueLabel : public TabularLabel {
   Q_OBJECT
 

@@ -5,9 +5,12 @@
 #include <QEvent>
 #include <QPainter>
 #include <cmath>
+#include <optional>
 
+#include "controls/AccessibleFactory.h"
 #include "controls/Appearance.h"
 #include "controls/Colors.h"
+#include "controls/FigureAccessible.h"
 #include "controls/NumberText.h"
 
 namespace {
@@ -19,16 +22,56 @@ constexpr double kGap = 4;
 
 }  // namespace
 
-class ClipLamp::FigureButton : public QAbstractButton {
+class ClipLamp::FigureButton : public QAbstractButton, public ReadableFigure {
  public:
-  using QAbstractButton::QAbstractButton;
+  explicit FigureButton(ClipLamp& lamp) : QAbstractButton(&lamp), _lamp(lamp) {}
+
+  [[nodiscard]] QString figureText() const override {
+    return figure() ? _lamp._figure + QStringLiteral(" dBFS") : _lamp._figure;
+  }
+  [[nodiscard]] std::optional<double> figure() const override {
+    return std::isfinite(_lamp._tenths) ? std::optional(_lamp._tenths) : std::nullopt;
+  }
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {}
+
+ private:
+  const ClipLamp& _lamp;
 };
 
+namespace {
+
+/// A figure that can be pressed.
+class PeakAccessible : public FigureAccessible {
+ public:
+  PeakAccessible(QAbstractButton& button, const ReadableFigure& figure)
+      : FigureAccessible(button, figure, QAccessible::Button), _button(button) {}
+
+  [[nodiscard]] QStringList actionNames() const override {
+    QStringList names = FigureAccessible::actionNames();
+    if (_button.isEnabled()) names.prepend(pressAction());
+    return names;
+  }
+  void doAction(const QString& name) override {
+    name == pressAction() ? _button.click() : FigureAccessible::doAction(name);
+  }
+
+ private:
+  QAbstractButton& _button;
+};
+
+// Other buttons are the toolkit's.
+QAccessibleInterface* makeReadablePeak(QAbstractButton& button) {
+  const auto* const figure = dynamic_cast<const ReadableFigure*>(&button);
+  return figure != nullptr ? new PeakAccessible(button, *figure) : nullptr;
+}
+
+}  // namespace
+
 ClipLamp::ClipLamp(QWidget* parent)
-    : QAbstractButton(parent), _figureButton(new FigureButton(this)) {
+    : QAbstractButton(parent), _figureButton(new FigureButton(*this)) {
+  AccessibleFactory::install<QAbstractButton, makeReadablePeak>();
   setFocusPolicy(Qt::TabFocus);
   setCursor(Qt::PointingHandCursor);
   _figureButton->setFocusPolicy(Qt::NoFocus);
@@ -42,8 +85,7 @@ void ClipLamp::setNames(const QString& figure, const QString& lamp) {
 }
 
 void ClipLamp::describe() {
-  const bool isNone = _figure == QStringLiteral("–");
-  _figureButton->setAccessibleDescription(isNone ? _figure : _figure + QStringLiteral(" dBFS"));
+  _figureButton->setAccessibleDescription(_figureButton->figureText());
   setAccessibleDescription(_isLit ? tr("over full scale") : tr("not over full scale"));
 }
 

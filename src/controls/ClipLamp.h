@@ -11,7 +11,7 @@
 /// What stands over a level meter: the greatest level since it was cleared, as a figure, and under
 /// it a lamp that is red once full scale was passed. It is a button: a click or a key clears both,
 /// as far as its owner does so. For assistive software figure and lamp are a button each, that do
-/// the same. Interface thread.
+/// the same; that of the figure has it as its value. Interface thread.
 class ClipLamp : public QAbstractButton {
   Q_OBJECT
 
@@ -48,6 +48,6 @@ class ClipLamp : public QAbstractButton {
   QString _printed;  ///< the same with the minus sign that is printed
   double _tenths = std::numeric_limits<double>::quiet_NaN();  ///< that the figure tells
   bool _isLit = false;
-  QAbstractButton* _figureButton;
+  FigureButton* _figureButton;
   KeyboardFocus _focus;
 };

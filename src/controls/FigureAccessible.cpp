@@ -5,8 +5,9 @@
 #include <QWidget>
 #include <limits>
 
-FigureAccessible::FigureAccessible(QWidget& widget, const ReadableFigure& figure)
-    : QAccessibleWidget(&widget, QAccessible::StaticText), _figure(figure) {}
+FigureAccessible::FigureAccessible(QWidget& widget, const ReadableFigure& figure,
+                                   QAccessible::Role role)
+    : QAccessibleWidget(&widget, role), _figure(figure) {}
 
 void* FigureAccessible::interface_cast(QAccessible::InterfaceType type) {
   if (type == QAccessible::ValueInterface) return static_cast<QAccessibleValueInterface*>(this);

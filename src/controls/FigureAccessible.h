@@ -14,7 +14,8 @@ class FigureAccessible : public QAccessibleWidget,
                          public QAccessibleTextInterface {
  public:
   /// `figure` is of the widget itself.
-  FigureAccessible(QWidget& widget, const ReadableFigure& figure);
+  FigureAccessible(QWidget& widget, const ReadableFigure& figure,
+                   QAccessible::Role role = QAccessible::StaticText);
 
   void* interface_cast(QAccessible::InterfaceType type) override;
   [[nodiscard]] QString text(QAccessible::Text kind) const override;

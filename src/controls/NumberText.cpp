@@ -32,12 +32,14 @@ QString NumberText::printed(QString text) {
   return text;
 }
 
+QString NumberText::plain(QString text) {
+  return text.replace(u'−', u'-');
+}
+
 std::optional<double> NumberText::typed(const QString& text) {
-  QString plain = text.trimmed();
-  plain.replace(QLocale().decimalPoint(), QStringLiteral("."))
-      .replace(u',', u'.')
-      .replace(u'−', u'-');
+  QString digits = plain(text.trimmed());
+  digits.replace(QLocale().decimalPoint(), QStringLiteral(".")).replace(u',', u'.');
   bool isNumber = false;
-  const double number = plain.toDouble(&isNumber);
+  const double number = digits.toDouble(&isNumber);
   return isNumber ? std::optional(number) : std::nullopt;
 }

@@ -20,6 +20,8 @@ class NumberText {
   /// With the minus sign that is printed before every number in it. What assistive software reads
   /// keeps the plain one.
   static QString printed(QString text);
+  /// The inverse: what has been printed, with plain minus signs.
+  static QString plain(QString text);
   /// With either minus sign, and with the point, the comma, or the decimal sign of `QLocale()`.
   /// None where it is no number.
   static std::optional<double> typed(const QString& text);

@@ -92,6 +92,22 @@ TEST_F(AccessibleTree, OfAFieldThatIsTypedInIsWhole) {
   EXPECT_EQ(found.count.at(Role::EditableText), 1);
 }
 
+TEST_F(AccessibleTree, OneThingAloneIsCalledCorrelationAndItsCaptionIsItsFigure) {
+  std::vector<QWidget*> called;
+  for (QWidget* const widget : view().findChildren<QWidget*>()) {
+    QAccessibleInterface* const item = QAccessible::queryAccessibleInterface(widget);
+    if (item != nullptr && AccessibleWalk::nameOf(*item) == "Correlation") called.push_back(widget);
+  }
+  EXPECT_THAT(called, testing::ElementsAre(stage().field->correlation));
+  QAccessibleInterface& caption = *QAccessible::queryAccessibleInterface(stage().lblImageValue);
+  EXPECT_EQ(caption.role(), Role::StaticText);
+  EXPECT_EQ(AccessibleWalk::nameOf(caption), QStringLiteral("–"));
+  stage().lblImageValue->setText(QStringLiteral("−0.53"));
+  EXPECT_EQ(AccessibleWalk::nameOf(caption), "-0.53");
+  EXPECT_FALSE(
+      caption.actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()));
+}
+
 // A text as it was: what reads the window finds the value as before.
 TEST_F(AccessibleTree, AValueThatIsPressedIsTyped) {
   const QString press = QAccessibleActionInterface::pressAction();

@@ -183,7 +183,7 @@ TEST_F(Sound, ControlsAreWhatTheSessionHas) {
   stage.sliderGain->setValue(-8.0);
   pane->sliderGainValueChanged(stage.sliderGain);
   EXPECT_EQ(session->gain(), -8);
-  EXPECT_EQ(stage.lblGainValue->text(), "-8 dB");
+  EXPECT_EQ(stage.lblGainValue->text(), "−8 dB");
   pane->GainTickTitle(stage.tickOfGain, "+24");
   EXPECT_EQ(session->gain(), 24);
   pane->GainTickTitle(stage.tickOfLevel, "+6");

@@ -425,7 +425,7 @@ TEST_F(Playback, GainLabelsJumpWhileAFileIsLoaded) {
     EXPECT_EQ(stage().sliderGain->value(), gain);
     EXPECT_EQ(player().gain(), gain);
   }
-  EXPECT_EQ(stage().lblGainValue->text(), "-36 dB");
+  EXPECT_EQ(stage().lblGainValue->text(), "−36 dB");
   controller().GainTickTitle(stage().tickOfLevel, "+6");
   EXPECT_EQ(stage().sliderGain->value(), -36.0) << "another scale";
 }

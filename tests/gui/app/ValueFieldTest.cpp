@@ -57,7 +57,7 @@ TEST_F(Typed, ValuesAreSet) {
   EXPECT_EQ(stage().lblStereoValue->text(), "96°");
   enter(stage().lblGainValue, "-7 dB");
   EXPECT_EQ(player().gain(), -7);
-  EXPECT_EQ(stage().lblGainValue->text(), "-7 dB");
+  EXPECT_EQ(stage().lblGainValue->text(), "−7 dB");
   EXPECT_EQ(controller().take().state(), TakeSession::State::Playing) << "Return opened nothing";
 }
 

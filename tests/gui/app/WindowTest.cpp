@@ -186,10 +186,11 @@ TEST_F(Window, PeaksAndClipLampsTellTheirNamesAndValuesToAssistiveSoftware) {
       {"Peak right", "+3.5 dBFS", "Clip right", "over full scale"}};
   ClipLamp* lamp = stage().clipLeft;
   for (const auto& [peak, value, clip, state] : sides) {
-    const auto* const figure = lamp->findChild<QAbstractButton*>();
+    auto* const figure = lamp->findChild<QAbstractButton*>();
     ASSERT_NE(figure, nullptr);
     EXPECT_EQ(figure->accessibleName(), peak);
     EXPECT_EQ(figure->accessibleDescription(), value);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(figure)->text(QAccessible::Value), value);
     auto* const interface = QAccessible::queryAccessibleInterface(lamp);
     EXPECT_EQ(interface->text(QAccessible::Name), clip);
     EXPECT_EQ(interface->text(QAccessible::Description), state);

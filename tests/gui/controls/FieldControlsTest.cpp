@@ -101,6 +101,9 @@ TEST(ClipLamp, FigureIsAButtonOfItsOwnThatClearsToo) {
   EXPECT_EQ(figure.role(), QAccessible::Button);
   EXPECT_EQ(figure.text(QAccessible::Name), "Peak left");
   EXPECT_EQ(figure.text(QAccessible::Description), "-6.0 dBFS");
+  EXPECT_EQ(figure.text(QAccessible::Value), "-6.0 dBFS");
+  ASSERT_NE(figure.valueInterface(), nullptr);
+  EXPECT_EQ(figure.valueInterface()->currentValue().toDouble(), -6.0);
   EXPECT_EQ(interfaceOf(lamp).text(QAccessible::Name), "Clip left");
   EXPECT_EQ(interfaceOf(lamp).text(QAccessible::Description), "not over full scale");
   const QSignalSpy clicks(&lamp, &ClipLamp::clicked);
@@ -110,6 +113,9 @@ TEST(ClipLamp, FigureIsAButtonOfItsOwnThatClearsToo) {
   constexpr int kPatience = 60'000;  // ms; the button shows a press for a moment first
   EXPECT_TRUE(QTest::qWaitFor([&clicks] { return clicks.count() == 2; }, kPatience));
   EXPECT_LT(inside.first()->geometry().bottom(), lamp.lamp().top()) << "the lamp is below it";
+  lamp.setPeak(PeakHold());
+  EXPECT_EQ(figure.text(QAccessible::Value), "–");
+  EXPECT_TRUE(std::isnan(figure.valueInterface()->currentValue().toDouble()));
 }
 
 TEST(ScopePoints, StandWhereTheSoundIs) {

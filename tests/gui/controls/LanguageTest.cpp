@@ -109,6 +109,7 @@ TEST(NumberText, IsPrintedWithAMinusSign) {
   EXPECT_EQ(NumberText::printed("-23.1 LUFS, -0.5").toStdString(), "−23.1 LUFS, −0.5");
   EXPECT_EQ(NumberText::printed("True-Peak 3-").toStdString(), "True-Peak 3-");
   EXPECT_EQ(NumberText::printed("").toStdString(), "");
+  EXPECT_EQ(NumberText::plain("−23.1 LUFS, −0.5").toStdString(), "-23.1 LUFS, -0.5");
 }
 
 TEST_F(LanguageTest, EitherDecimalSignCanBeTypedInEveryLanguage) {
