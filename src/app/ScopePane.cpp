@@ -12,15 +12,27 @@
 namespace {
 
 constexpr double kMostLate = 6;  // intervals; after more the picture begins anew
+constexpr int kHundredths = 100;
+
+QString captionOf(std::optional<double> correlation) {
+  return NumberText::printed(CorrelationBar::text(correlation));
+}
+
+// Made once: with music each picture has another one.
+std::vector<QString> captions() {
+  std::vector<QString> made;
+  for (int i = -kHundredths; i <= kHundredths; ++i) {
+    made.push_back(captionOf(static_cast<double>(i) / kHundredths));
+  }
+  return made;
+}
 
 }  // namespace
 
 ScopePane::ScopePane(StageView& view, TakeSession& take, QObject* parent)
-    : QObject(parent), _view(view), _take(take) {
+    : QObject(parent), _view(view), _take(take), _captions(captions()) {
   _timerScope.setObjectName(QStringLiteral("timerScope"));
-  _timerScope.setTimerType(Qt::PreciseTimer);
-  _timerScope.setSingleShot(true);
-  connect(&_timerScope, &QTimer::timeout, this, &ScopePane::tick);
+  connect(&_timerScope, &PictureTimer::timeout, this, &ScopePane::tick);
   connect(&_take, &TakeSession::opened, this, &ScopePane::begin);
   connect(&_take, &TakeSession::closing, this, &ScopePane::drop);
   connect(&_take, &TakeSession::stateChanged, this, &ScopePane::showState);
@@ -101,5 +113,6 @@ void ScopePane::showCorrelation(std::optional<double> value) {
   const bool isShown = hundredths == _hundredths && !_view.lblImageValue->text().isEmpty();
   if (isShown) return;
   _hundredths = hundredths;
-  _view.lblImageValue->setText(NumberText::printed(CorrelationBar::text(value)));
+  const auto place = static_cast<std::size_t>(hundredths.value_or(0) + kHundredths);
+  _view.lblImageValue->setText(hundredths ? _captions[place] : captionOf(std::nullopt));
 }

@@ -3,13 +3,14 @@
 #pragma once
 
 #include <QObject>
-#include <QTimer>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "app/HeardCorrelation.h"
 #include "app/HeardFrames.h"
 #include "app/PicturePace.h"
+#include "app/PictureTimer.h"
 #include "app/StageView.h"
 #include "app/TakeSession.h"
 
@@ -48,8 +49,9 @@ class ScopePane : public QObject {
   std::unique_ptr<HeardFrames> _heard;  ///< null without a take
   HeardCorrelation _correlation;
   std::optional<int> _hundredths;  ///< of the correlation, that are shown
+  std::vector<QString> _captions;  ///< for each hundredth from -1 on
   double _shownTo = 0;             ///< seconds
   bool _isCalm = false;
   PicturePace _pace;
-  QTimer _timerScope{this};
+  PictureTimer _timerScope{this};
 };

@@ -27,8 +27,9 @@ double widthOf(QChar letter, const QFontMetricsF& metrics, double digit) {
 double TabularLabel::textWidth() const {
   const QFontMetricsF metrics(font());
   const double digit = digitWidth(metrics);
+  const QString all = text();  // a changeable one would be copied to be gone through
   double width = 0.0;
-  for (const QChar letter : text()) width += widthOf(letter, metrics, digit);
+  for (const QChar letter : all) width += widthOf(letter, metrics, digit);
   return width;
 }
 
@@ -46,10 +47,11 @@ void TabularLabel::paintEvent(QPaintEvent* /*event*/) {
   if (alignment().testFlag(Qt::AlignRight)) x = rest;
   if (alignment().testFlag(Qt::AlignHCenter)) x = rest / 2.0;
   const double base = std::round((height() - metrics.height()) / 2.0 + metrics.ascent());
-  for (const QChar letter : text()) {
+  const QString all = text();
+  for (const QChar& letter : all) {
     const double width = widthOf(letter, metrics, digit);
     const double inset = (width - metrics.horizontalAdvance(letter)) / 2.0;
-    painter.drawText(QPointF(x + inset, base), QString(letter));
+    painter.drawText(QPointF(x + inset, base), QString::fromRawData(&letter, 1));
     x += width;
   }
 }

@@ -3,17 +3,21 @@
 //
 // Scope, correlation and loudness of the open take, without a window.
 
+#include <QSignalSpy>
 #include <QTest>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <concepts>
 #include <numbers>
 #include <set>
+#include <thread>
 
 #include "TakeFixture.h"
 #include "app/HeardCorrelation.h"
 #include "app/LoudnessPane.h"
 #include "app/PicturePace.h"
+#include "app/PictureTimer.h"
 #include "app/ScopePane.h"
 #include "app/TransportPane.h"
 #include "app/WaveformPane.h"
@@ -63,6 +67,11 @@ class Scope : public FieldFixture {
     pane.reset();
     FieldFixture::TearDown();
   }
+  [[nodiscard]] const PictureTimer& timer() const {
+    return *pane->findChild<PictureTimer*>("timerScope");
+  }
+  /// Milliseconds to the next picture.
+  [[nodiscard]] double wait() const { return static_cast<double>(timer().interval().count()); }
 };
 
 TEST_F(Scope, IsDarkUnlessSomethingIsHeard) {
@@ -76,9 +85,9 @@ TEST_F(Scope, IsDarkUnlessSomethingIsHeard) {
   session->play();
   EXPECT_TRUE(field.scope->isDark());
   EXPECT_EQ(view.stage->lblImageValue->text(), "–");
-  EXPECT_FALSE(pane->findChild<QTimer*>("timerScope")->isActive());
+  EXPECT_FALSE(timer().isActive());
   session->play();
-  EXPECT_TRUE(pane->findChild<QTimer*>("timerScope")->isActive());
+  EXPECT_TRUE(timer().isActive());
   session->close();
   EXPECT_TRUE(field.scope->isDark());
   pane->advance();
@@ -99,7 +108,7 @@ TEST_F(Scope, ReducedMotionShowsEachQuarterOfASecondByItself) {
       [](int i) { return std::pair(i < static_cast<int>(kRate) ? 0.5 * tone(i) : 0.0, 0.0); });
   load(0, 2);
   pane->reduceMotion(true);
-  EXPECT_NEAR(pane->findChild<QTimer*>("timerScope")->interval(), 250, 40);
+  EXPECT_NEAR(wait(), 250, 40);
   session->seek(0.05);
   pane->advance();
   EXPECT_FALSE(field.scope->isDark());
@@ -109,7 +118,7 @@ TEST_F(Scope, ReducedMotionShowsEachQuarterOfASecondByItself) {
   const int side = field.scope->points().side();
   for (int y = 0; y < side / 2 - 4; ++y) EXPECT_EQ(field.scope->points().lightAt(side / 2, y), 0);
   pane->reduceMotion(false);
-  EXPECT_NEAR(pane->findChild<QTimer*>("timerScope")->interval(), 17, 17) << "of 60 refreshes, two";
+  EXPECT_NEAR(wait(), 17, 17) << "of 60 refreshes, two";
 }
 
 TEST(PicturePace, APictureStaysForWholeRefreshes) {
@@ -146,6 +155,29 @@ TEST(PicturePace, PicturesThatNobodyWasThereForAreLeftOut) {
   EXPECT_EQ(pace.next(1000ms, 0.05), 50ms);
   EXPECT_EQ(pace.next(1420ms, 0.05), 30ms);
   EXPECT_EQ(pace.next(1450ms, 0.05), 50ms);
+}
+
+TEST(PictureTimer, TellsOnceForEachStart) {
+  using namespace std::chrono_literals;
+  PictureTimer timer;
+  const QSignalSpy told(&timer, &PictureTimer::timeout);
+  const auto begin = std::chrono::steady_clock::now();
+  timer.start(20ms);
+  EXPECT_TRUE(timer.isActive());
+  ASSERT_TRUE(EventLoop::runUntil([&] { return told.count() > 0; }));
+  EXPECT_GE(std::chrono::steady_clock::now() - begin, 20ms);
+  EXPECT_FALSE(timer.isActive());
+  timer.start(1ms);
+  std::this_thread::sleep_for(5ms);
+  timer.start(30ms);
+  EXPECT_EQ(timer.interval(), 30ms);
+  QCoreApplication::processEvents();
+  ASSERT_TRUE(EventLoop::runUntil([&] { return told.count() > 1; }));
+  timer.start(1ms);
+  std::this_thread::sleep_for(5ms);
+  timer.stop();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(told.count(), 2) << "neither from before nor once more";
 }
 
 // One loud frame at two seconds: looked for from before to after, thirty pictures a second. The

@@ -13,6 +13,7 @@
 
 #include "WindowFixture.h"
 #include "app/DesktopPresence.h"
+#include "app/PictureTimer.h"
 #include "base/FileAddress.h"
 #include "support/EnvironmentVariable.h"
 #include "support/InhibitPortal.h"
@@ -131,13 +132,13 @@ TEST_F(Presence, TheDesktopsWishForLessMotionReachesTheScope) {
   take("R0001.WAV");
   appear();
   open("R0001.WAV");
-  const auto* const timer = controller().findChild<QTimer*>("timerScope");
+  const auto* const timer = controller().findChild<PictureTimer*>("timerScope");
   ASSERT_NE(timer, nullptr);
-  EXPECT_LT(timer->interval(), 50);
+  EXPECT_LT(timer->interval().count(), 50);
   animate(false);
-  waitFor([&] { return timer->interval() > 200; }, "fewer pictures");
+  waitFor([&] { return timer->interval().count() > 200; }, "fewer pictures");
   animate(true);
-  waitFor([&] { return timer->interval() < 50; }, "all of them");
+  waitFor([&] { return timer->interval().count() < 50; }, "all of them");
 }
 
 // Minimised or hidden: pictures that nobody sees cost nothing; the peaks are kept all the same.
