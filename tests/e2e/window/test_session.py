@@ -3,11 +3,9 @@
 """From the card to a take that is known again, through accessibility: takes come home, are verified,
 the one that broke off is salvaged, and a width comes back with its take."""
 
-import os
-import subprocess
 import unittest
 
-from window import CLI, Case, noise
+from window import Case, noise
 
 NAMES = ("R0001.WAV", "R0002.WAV", "R0003.WAV")
 
@@ -31,35 +29,9 @@ class SessionTest(Case):
         return content
 
     @staticmethod
-    def choose(program, item):
-        program.find("push button", "Menu").act("Press")
-        program.find("menu item", item).act("Press")
-
-    @staticmethod
-    def give(program, place, folder):
-        """Names a folder where the panel asks for one."""
-        button = program.find("push button", place)
-        button.act("Press")
-        program.find("text", "Name").text = str(folder)
-        program.find("push button", "Choose").act("Press")
-        program.wait(lambda: button.description == str(folder), f"the folder of {place}")
-
-    @staticmethod
     def close(program, dialog):
         program.find("push button", "Close").act("Press")
         program.wait_gone("dialog", dialog)
-
-    def known_width(self, name):
-        """What the tool knows of how it was heard last."""
-        home = os.environ | {"HOME": str(self.home)}
-        done = subprocess.run([CLI, "export", "--remembered", "--dry-run", self.takes / name], env=home,
-                              capture_output=True, text=True, check=True)
-        return done.stdout
-
-    def open_known(self, program, name):
-        program.find("list item", name).act("Press")
-        program.wait_label(name)
-        program.wait(lambda: program.find("push button", "Export").has("enabled"), "the take")
 
     def test_from_the_card_to_a_take_that_is_known_again(self):
         program = self.start()
@@ -109,7 +81,7 @@ class SessionTest(Case):
             self.open_known(program, name)
             dial.value = width
             program.wait_label(f"{width}°")
-            program.wait(lambda: f"width {width}," in self.known_width(name), f"what is known of {name}")
+            program.wait(lambda: f"width {width}," in self.remembered(name), f"what is known of {name}")
         self.open_known(program, "R0001.WAV")
         program.wait_label("75°")
         self.assertEqual(dial.value, 75)

@@ -108,6 +108,34 @@ class Case(unittest.TestCase):
         """Opens an entry of the list with a double click."""
         program.find("list item", name).double_click()
 
+    @staticmethod
+    def choose(program, item):
+        """An entry of the menu, as assistive software does."""
+        program.find("push button", "Menu").act("Press")
+        program.find("menu item", item).act("Press")
+
+    def open_known(self, program, name):
+        """Opens a take, and returns when it is there."""
+        program.find("list item", name).act("Press")
+        program.wait_label(name)
+        program.wait(lambda: program.find("push button", "Export").has("enabled"), "the take")
+
+    @staticmethod
+    def give(program, place, folder):
+        """Names a folder where a button asks for one."""
+        button = program.find("push button", place)
+        button.act("Press")
+        program.find("text", "Name").text = str(folder)
+        program.find("push button", "Choose").act("Press")
+        program.wait(lambda: button.description == str(folder), f"the folder of {place}")
+
+    def remembered(self, name):
+        """What the tool tells of how a take was heard last."""
+        done = subprocess.run([CLI, "export", "--remembered", "--dry-run", self.takes / name],
+                              env=os.environ | {"HOME": str(self.home)}, capture_output=True, text=True,
+                              check=True)
+        return done.stdout
+
     def quit(self, program):
         """Closes the window as a window manager does, and expects a clean end."""
         program.key("alt+F4")
