@@ -478,7 +478,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Cancel export and quit</source>
-        <translation>Annuler l’exportation et quitter</translation>
+        <translation>Annuler et quitter</translation>
     </message>
     <message numerus="yes">
         <source>%n exports are still running or waiting. Ending now cancels them.</source>
@@ -489,7 +489,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Cancel exports and quit</source>
-        <translation>Annuler les exportations et quitter</translation>
+        <translation>Annuler et quitter</translation>
     </message>
 </context>
 <context>

@@ -122,7 +122,7 @@ QLayout* BatchChoices::places() {
 
 QLayout* BatchChoices::existing() {
   auto* const caption = new QLabel(tr("Where an export exists"), this);
-  _existing = new QComboBox(this);
+  _existing = new ChoiceField(this);
   _existing->setObjectName(QStringLiteral("existing"));
   _existing->addItem(tr("Skip the take"));
   _existing->addItem(tr("Replace it"));

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
 #include <QLayout>
 #include <QRadioButton>
@@ -11,6 +10,7 @@
 #include <filesystem>
 #include <optional>
 
+#include "dialogs/ChoiceField.h"
 #include "dialogs/FolderButton.h"
 #include "dialogs/LoudnessField.h"
 #include "queue/BatchPlan.h"
@@ -60,5 +60,5 @@ class BatchChoices : public QWidget {
   QRadioButton* _beside;
   QRadioButton* _into;
   FolderButton* _folder;
-  QComboBox* _existing;
+  ChoiceField* _existing;
 };

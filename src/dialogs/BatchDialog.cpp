@@ -3,10 +3,13 @@
 
 #include "dialogs/BatchDialog.h"
 
+#include <QFontMetrics>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QScrollBar>
 #include <QStringList>
 #include <QVBoxLayout>
+#include <QtMath>
 #include <algorithm>
 #include <utility>
 
@@ -23,6 +26,7 @@ namespace {
 
 constexpr int kBatchWidth = 360;
 constexpr int kRefusedLines = 5;
+constexpr int kRefusedMargin = 4;  // beside the text of a row, at most
 
 // Why a take is not exported.
 QString itemReason(const BatchPlan::Item& item) {
@@ -78,6 +82,7 @@ void BatchDialog::layOut() {
   _refused = new QListWidget(this);
   _refused->setAccessibleName(tr("Takes that will not be exported"));
   _refused->setTextElideMode(Qt::ElideMiddle);
+  _refused->setWordWrap(true);
   _refused->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   _refusedTitle->hide();
   _refused->hide();
@@ -233,7 +238,22 @@ void BatchDialog::showRefused() {
   _refusedTitle->setHidden(count == 0);
   _refused->setHidden(count == 0);
   const int line = count == 0 ? 0 : _refused->sizeHintForRow(0);
-  _refused->setFixedHeight(std::min(count, kRefusedLines) * line + 2 * _refused->frameWidth());
+  _refused->setFixedHeight(std::min(refusedLines(), kRefusedLines) * line +
+                           2 * _refused->frameWidth());
+}
+
+// Wrapped as in the narrowest dialog, beside a scroll bar.
+int BatchDialog::refusedLines() const {
+  const int beside = _refused->verticalScrollBar()->sizeHint().width() +
+                     2 * (_refused->frameWidth() + kRefusedMargin);
+  const QRect most(0, 0, Appearance::lineWidth(kBatchWidth, font()) - beside, QWIDGETSIZE_MAX);
+  const QFontMetrics metrics = _refused->fontMetrics();
+  int lines = 0;
+  for (int row = 0; row < _refused->count(); ++row) {
+    const QRect text = metrics.boundingRect(most, Qt::TextWordWrap, _refused->item(row)->text());
+    lines += qCeil(static_cast<double>(text.height()) / metrics.lineSpacing());
+  }
+  return lines;
 }
 
 void BatchDialog::addRefused(const BatchPlan::Item& item) {

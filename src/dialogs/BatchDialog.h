@@ -51,6 +51,7 @@ class BatchDialog : public DialogWindow {
   void tell();
   void showFacts();
   void showRefused();
+  [[nodiscard]] int refusedLines() const;
   void addRefused(const BatchPlan::Item& item);
   [[nodiscard]] QString widthText() const;
   [[nodiscard]] QString gainText() const;

@@ -4,11 +4,21 @@
 #include "dialogs/DialogWindow.h"
 
 #include <QLayout>
+#include <QScreen>
+#include <QScrollArea>
 #include <QShowEvent>
+#include <QStyle>
+#include <QVBoxLayout>
 
 #include "controls/Colors.h"
 #include "controls/NumberText.h"
 #include "controls/PlainText.h"
+
+namespace {
+
+constexpr int kTitle = 40;  // over a window, at most
+
+}  // namespace
 
 DialogWindow::DialogWindow(QWidget* parent) : QDialog(parent) {
   setWindowFlag(Qt::WindowMaximizeButtonHint, false);
@@ -32,11 +42,36 @@ void DialogWindow::initWindowUI(const QString& title) {
   move(_parentFrame.topLeft() + QPoint(spare.width() / 2, spare.height() / 2));
 }
 
+QSize DialogWindow::mostSize() const {
+  return screen()->availableSize() - QSize(0, kTitle);
+}
+
 void DialogWindow::fixSize() {
-  const QSize wanted = sizeHint().expandedTo(minimumSize());
-  const int height = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(wanted.width())
-                                                   : wanted.height();
-  setFixedSize(wanted.width(), height);
+  QLayout& content = _content == nullptr ? *layout() : *_content->layout();
+  content.activate();
+  QSize wanted = content.totalSizeHint().expandedTo(minimumSize() - _bars);
+  if (content.hasHeightForWidth()) wanted.setHeight(content.totalHeightForWidth(wanted.width()));
+  const QSize most = mostSize();
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  _bars = QSize(wanted.height() > most.height() ? bar : 0, wanted.width() > most.width() ? bar : 0);
+  if (!_bars.isNull() && _content == nullptr) scrollContent();
+  setFixedSize((wanted + _bars).boundedTo(most));
+}
+
+// The layout takes all that it holds with it; the order of the keyboard stays.
+void DialogWindow::scrollContent() {
+  QWidget* const focus = focusWidget();
+  _content = new QWidget;
+  _content->setLayout(layout());
+  auto* const area = new QScrollArea(this);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidgetResizable(true);
+  area->setWidget(_content);
+  auto* const frame = new QVBoxLayout(this);
+  frame->setContentsMargins(0, 0, 0, 0);
+  frame->addWidget(area);
+  if (focus != nullptr) focus->setFocus();
 }
 
 QLabel* DialogWindow::label(const QString& text, const char* role) {

@@ -6,11 +6,12 @@
 #include <QLabel>
 #include <QMargins>
 #include <QRect>
+#include <QSize>
 #include <QString>
 
 /// What all dialogs of the window have in common: a title, the window's background, a fixed size
-/// without a button that enlarges it, and a place in the middle of the main window. Interface
-/// thread.
+/// without a button that enlarges it, no larger than the screen, and a place in the middle of the
+/// main window. Interface thread.
 class DialogWindow : public QDialog {
   Q_OBJECT
 
@@ -44,11 +45,18 @@ class DialogWindow : public QDialog {
   static void showName(QLabel& label, const QString& name, int width);
   /// Shows a figure with the minus sign that is printed; assistive software has a plain one.
   static void showFigure(QLabel& label, const QString& text);
-  /// Fits the window's size to what it holds.
+  /// Fits the window's size to what it holds; what is larger than the screen is scrolled from then
+  /// on.
   void fixSize();
+  /// What the screen leaves to a window.
+  [[nodiscard]] QSize mostSize() const;
 
   void showEvent(QShowEvent* event) override;
 
  private:
+  void scrollContent();
+
   QRect _parentFrame;
+  QWidget* _content = nullptr;  ///< what is scrolled; null where nothing is
+  QSize _bars{0, 0};            ///< what the window is larger by for that
 };

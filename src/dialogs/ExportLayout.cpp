@@ -30,6 +30,7 @@ void ExportVC::layOut() {
   _note->hide();
   column->addWidget(_note);
   _clipping = label({}, "warning");
+  _clipping->setObjectName(QStringLiteral("clipping"));
   _clipping->setContentsMargins(0, 0, 0, kUnderWarning);
   column->addWidget(_clipping);
   _warning = label({}, "warning");

@@ -37,10 +37,10 @@ std::vector<HelpVC::Line> pointerLines() {
 HelpVC::HelpVC(const std::vector<Line>& keys, QWidget* parent) : DialogWindow(parent) {
   setAttribute(Qt::WA_DeleteOnClose);
   // Side by side, not line beside line: a line that wraps on one side is none of the other's.
-  auto* const sides = new QHBoxLayout;
-  sides->setSpacing(kBetweenSides);
-  sides->addLayout(page(tr("Keys"), keys, kKeysWidth));
-  sides->addLayout(page(tr("Pointer"), pointerLines(), kPointerWidth));
+  _sides = new QHBoxLayout;
+  _sides->setSpacing(kBetweenSides);
+  _sides->addLayout(page(tr("Keys"), keys, kKeysWidth));
+  _sides->addLayout(page(tr("Pointer"), pointerLines(), kPointerWidth));
   auto* const ok = new QPushButton(tr("OK"), this);
   ok->setProperty("primary", true);
   ok->setDefault(true);
@@ -48,7 +48,7 @@ HelpVC::HelpVC(const std::vector<Line>& keys, QWidget* parent) : DialogWindow(pa
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(32, 24, 32, 20);
   column->setSpacing(12);
-  column->addLayout(sides);
+  column->addLayout(_sides);
   column->addWidget(ok, 0, Qt::AlignRight);
   ok->setFocus();
 }
@@ -64,6 +64,7 @@ QLayout* HelpVC::page(const QString& heading, const std::vector<Line>& lines, in
     key->setWordWrap(false);
     QLabel* const what = label(line.what, "dim");
     what->setFixedWidth(Appearance::lineWidth(width, font()));
+    key->setBuddy(what);
     grid->addWidget(key, row, 0, Qt::AlignTop);
     grid->addWidget(what, row++, 1, Qt::AlignTop);
   }
@@ -71,6 +72,8 @@ QLayout* HelpVC::page(const QString& heading, const std::vector<Line>& lines, in
   return grid;
 }
 
+// One under the other where the screen is too narrow for both.
 void HelpVC::initWindowUI() {
+  if (sizeHint().width() > mostSize().width()) _sides->setDirection(QBoxLayout::TopToBottom);
   DialogWindow::initWindowUI(tr("Keys and pointer"));
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QBoxLayout>
 #include <QLayout>
 #include <QString>
 #include <vector>
@@ -28,4 +29,6 @@ class HelpVC : public DialogWindow {
 
  private:
   QLayout* page(const QString& heading, const std::vector<Line>& lines, int width);
+
+  QBoxLayout* _sides;
 };

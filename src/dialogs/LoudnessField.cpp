@@ -11,7 +11,7 @@ constexpr double kLeastLufs = -70;
 
 }  // namespace
 
-LoudnessField::LoudnessField(QWidget* parent) : QComboBox(parent) {
+LoudnessField::LoudnessField(QWidget* parent) : ChoiceField(parent) {
   setAccessibleName(tr("Loudness to aim at"));
   setEditable(true);
   setInsertPolicy(NoInsert);

@@ -2,12 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QComboBox>
 #include <optional>
+
+#include "dialogs/ChoiceField.h"
 
 /// A loudness to bring takes to: one of the usual ones, or a number from -70 to 0, typed with or
 /// without the unit. Interface thread.
-class LoudnessField : public QComboBox {
+class LoudnessField : public ChoiceField {
   Q_OBJECT
 
  public:

@@ -23,7 +23,7 @@
 namespace {
 
 constexpr int kWidth = 400;
-constexpr int kListHeight = 200;
+constexpr int kListLines = 12;       // without what is between them
 constexpr int kFile = Qt::UserRole;  // of a line, as bytes
 
 }  // namespace
@@ -70,7 +70,7 @@ void TransferPanel::makeReport(const QString& name) {
   _list->setWordWrap(true);
   _list->setSpacing(2);
   _list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  _list->setFixedHeight(kListHeight);
+  _list->setFixedHeight(kListLines * _list->fontMetrics().lineSpacing());
 }
 
 QLayout* TransferPanel::buttons(const QString& begin) {
@@ -99,6 +99,7 @@ FolderButton& TransferPanel::addPlace(const QString& caption) {
   auto* const button = new FolderButton(caption, this);
   QLabel* const name = label(caption, "dim");
   name->setMinimumHeight(button->sizeHint().height());  // on one line with the button's text
+  name->setBuddy(button);
   _form->addRow(name, button);
   connect(button, &FolderButton::chosen, this, &TransferPanel::showChoice);
   _places.push_back(button);
@@ -146,6 +147,7 @@ void TransferPanel::showProgress(const TransferJob::Progress& progress) {
     _summary->setText(tr("%1 of %2 takes").arg(progress.filesDone).arg(progress.files));
   }
   if (_cancel->isEnabled()) _state->setText(stateText(progress));
+  fixSize();
 }
 
 // By the bytes that took time: what was there already says nothing of the rest.
@@ -192,7 +194,6 @@ void TransferPanel::showStage(Stage stage) {
   _begin->setVisible(stage == Stage::Choosing);
   _cancel->setText(isDone ? tr("Close") : tr("Cancel"));
   _cancel->setEnabled(true);
-  layout()->activate();
   fixSize();
 }
 
@@ -200,6 +201,7 @@ void TransferPanel::cancel() {
   _job.cancel();
   _cancel->setEnabled(false);
   _state->setText(tr("Cancelling"));
+  fixSize();
 }
 
 // Of what is selected, or else of all.

@@ -5,6 +5,9 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMessageBox>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <type_traits>
 
@@ -99,6 +102,37 @@ TEST_F(InformationTest, ALargerFontGetsLargerDialogsNotMoreLines) {
   EXPECT_EQ(linesIn<NodeviceVC>(13), linesIn<NodeviceVC>(26));
   EXPECT_EQ(linesIn<IntroductionVC>(13), linesIn<IntroductionVC>(26));
   EXPECT_EQ(linesIn<HelpVC>(13), linesIn<HelpVC>(26));
+}
+
+// With a title over it.
+TEST_F(InformationTest, WhatIsLargerThanTheScreenIsScrolled) {
+  QFont font = Appearance::font();
+  font.setPixelSize(40);
+  QApplication::setFont(font);
+  const auto help = make<HelpVC>();
+  help->open();
+  QApplication::processEvents();
+  const QSize screen = help->screen()->availableSize();
+  EXPECT_LE(help->width(), screen.width());
+  EXPECT_LT(help->height(), screen.height());
+  const QSize size = help->size();
+  help->hide();
+  help->show();
+  EXPECT_EQ(help->size(), size) << "it does not grow";
+  auto* const area = help->findChild<QScrollArea*>();
+  ASSERT_NE(area, nullptr);
+  EXPECT_GT(area->verticalScrollBar()->maximum(), 0);
+  EXPECT_EQ(area->widget()->size(), area->widget()->size().expandedTo(area->widget()->sizeHint()));
+  auto* const ok = button(*help, "OK");
+  EXPECT_EQ(help->focusWidget(), ok);
+  QTest::keyClick(ok, Qt::Key_PageDown);
+  EXPECT_GT(area->verticalScrollBar()->value(), 0) << "by the keyboard, too";
+  area->ensureWidgetVisible(ok);
+  QApplication::processEvents();
+  EXPECT_EQ(ok->visibleRegion().boundingRect(), ok->rect());
+  click(*help, "OK");
+  EXPECT_TRUE(waitUntil([&] { return help.isNull(); }));
+  QApplication::setFont(Appearance::font());
 }
 
 // However many lines what stands on the other side takes.
