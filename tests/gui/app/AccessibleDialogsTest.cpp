@@ -4,15 +4,24 @@
 // What assistive software finds in every dialog, menu of a row and question, and what it can do
 // there.
 
+#include <QAbstractSpinBox>
 #include <QAccessible>
+#include <QBoxLayout>
 #include <QClipboard>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGridLayout>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListView>
 #include <QMenu>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTreeWidget>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "AccessibleWalk.h"
 #include "EveryDialog.h"
@@ -32,6 +41,76 @@ QAccessibleInterface& of(QObject& object) {
 
 void pressIt(QAccessibleInterface& item) {
   item.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+}
+
+using Beside = std::pair<const QWidget*, const QWidget*>;
+
+QWidget* widgetOf(const QLayoutItem* item) {
+  return item == nullptr ? nullptr : item->widget();
+}
+
+bool isField(const QWidget* widget) {
+  return qobject_cast<const QComboBox*>(widget) != nullptr ||
+         qobject_cast<const QLineEdit*>(widget) != nullptr ||
+         qobject_cast<const QAbstractSpinBox*>(widget) != nullptr;
+}
+
+/// What stands beside, or under, what may be its caption.
+std::vector<Beside> pairsIn(const QLayout& layout) {
+  std::vector<Beside> all;
+  if (const auto* const form = qobject_cast<const QFormLayout*>(&layout)) {
+    for (int row = 0; row < form->rowCount(); ++row) {
+      all.emplace_back(widgetOf(form->itemAt(row, QFormLayout::LabelRole)),
+                       widgetOf(form->itemAt(row, QFormLayout::FieldRole)));
+    }
+  } else if (const auto* const grid = qobject_cast<const QGridLayout*>(&layout)) {
+    for (int row = 0; row < grid->rowCount(); ++row) {
+      const QLayoutItem* const first = grid->itemAtPosition(row, 0);
+      const QLayoutItem* const second = grid->itemAtPosition(row, 1);
+      if (first != second) all.emplace_back(widgetOf(first), widgetOf(second));
+    }
+  } else {
+    for (int i = 1; i < layout.count(); ++i) {
+      const QWidget* const field = widgetOf(layout.itemAt(i));
+      if (isField(field)) all.emplace_back(widgetOf(layout.itemAt(i - 1)), field);
+    }
+  }
+  return all;
+}
+
+/// The captions that do not know what they are beside.
+QStringList unrelated(const QWidget& dialog) {
+  QStringList all;
+  for (const auto* const layout : dialog.findChildren<QLayout*>()) {
+    for (const auto& [first, field] : pairsIn(*layout)) {
+      const auto* const caption = qobject_cast<const QLabel*>(first);
+      if (caption == nullptr || caption->text().isEmpty() || field == nullptr) continue;
+      if (caption->buddy() != field) all << caption->text();
+    }
+  }
+  return all;
+}
+
+TEST(Captions, AreKnownByWhatTheyAreBeside) {
+  QWidget form;
+  auto* const rows = new QFormLayout(&form);
+  auto* const caption = new QLabel(QStringLiteral("Card"));
+  auto* const button = new QPushButton;
+  rows->addRow(caption, button);
+  EXPECT_EQ(unrelated(form), QStringList("Card"));
+  caption->setBuddy(button);
+  EXPECT_EQ(unrelated(form), QStringList());
+  QWidget row;
+  auto* const line = new QHBoxLayout(&row);
+  line->addWidget(new QLabel(QStringLiteral("Where an export exists")));
+  line->addWidget(new QComboBox);
+  EXPECT_EQ(unrelated(row).size(), 1);
+  QWidget lines;
+  auto* const grid = new QGridLayout(&lines);
+  grid->addWidget(new QLabel(QStringLiteral("Keys")), 0, 0, 1, 2);
+  grid->addWidget(new QLabel(QStringLiteral("Ctrl+E")), 1, 0);
+  grid->addWidget(new QLabel(QStringLiteral("Export")), 1, 1);
+  EXPECT_EQ(unrelated(lines), QStringList("Ctrl+E"));
 }
 
 class AccessibleDialogs : public EveryDialog {
@@ -62,6 +141,15 @@ TEST_F(AccessibleDialogs, EachIsWhole) {
     EXPECT_THAT(found.wrong, IsEmpty()) << dialog.metaObject()->className();
     EXPECT_GE(found.count.size(), 2U) << dialog.metaObject()->className();
   });
+}
+
+TEST_F(AccessibleDialogs, EveryCaptionAndWhatItIsBesideKnowEachOther) {
+  int pairs = 0;
+  forEachDialog([&](QWidget& dialog) {
+    EXPECT_EQ(unrelated(dialog).join(u'\n').toStdString(), "") << dialog.metaObject()->className();
+    pairs += captionsOf(dialog);
+  });
+  EXPECT_GT(pairs, 50);
 }
 
 TEST_F(AccessibleDialogs, FactsOfSeveralTakesAndTheirCaptionsKnowEachOther) {

@@ -4,9 +4,14 @@
 #include "CutTexts.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QStyle>
+#include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
 #include <QTreeView>
 #include <algorithm>
@@ -50,12 +55,27 @@ QString lackOf(const QLabel& label) {
   return lack(label.text(), label.size(), label.sizeHint());
 }
 
+// Where the style writes the text: within its padding, beside an indicator.
+QSize roomIn(const QAbstractButton& button) {
+  if (qobject_cast<const ElidedButton*>(&button) != nullptr) return button.size();
+  QStyle::SubElement part = QStyle::SE_PushButtonContents;
+  if (qobject_cast<const QCheckBox*>(&button) != nullptr) {
+    part = QStyle::SE_CheckBoxContents;
+  } else if (qobject_cast<const QRadioButton*>(&button) != nullptr) {
+    part = QStyle::SE_RadioButtonContents;
+  } else if (qobject_cast<const QPushButton*>(&button) == nullptr) {
+    constexpr int kFrame = 2;  // of a tool button
+    return button.size() - QSize(2 * kFrame, 0);
+  }
+  QStyleOptionButton option;
+  option.initFrom(&button);
+  return button.style()->subElementRect(part, &option, &button).size();
+}
+
 QString lackOf(const QAbstractButton& button) {
   if (button.text().isEmpty()) return {};
-  const int text = button.fontMetrics().horizontalAdvance(button.text().remove(u'&'));
-  const bool isBare = qobject_cast<const ElidedButton*>(&button) != nullptr;
-  const int frame = isBare ? 0 : 4;
-  return lack(button.text(), button.size(), {text + frame, button.fontMetrics().height()});
+  const QSize text = button.fontMetrics().size(Qt::TextShowMnemonic, button.text());
+  return lack(button.text(), roomIn(button), text);
 }
 
 QString lackOf(const QComboBox& popup) {
@@ -97,6 +117,24 @@ QString lackOf(const QTreeView& tree) {
   return lackIn(tree, {});
 }
 
+// Of each row all that it says, in as many lines as it has; a list that is not scrolled sideways
+// has rows that are wider than itself.
+QString lackOf(const QListWidget& list) {
+  const int margin = list.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &list) + 1;
+  const int flags = list.wordWrap() ? int{Qt::TextWordWrap} : 0;
+  for (int row = 0; row < list.count(); ++row) {
+    const QString text = list.item(row)->text();
+    const QRect place = list.visualItemRect(list.item(row));
+    const int width = std::min(place.right() + 1, list.viewport()->width()) - place.left();
+    const QSize room(width - 2 * margin, place.height());
+    const QRect most(0, 0, room.width(), QWIDGETSIZE_MAX);
+    const QString lacks =
+        lack(text, room, list.fontMetrics().boundingRect(most, flags, text).size());
+    if (!lacks.isEmpty()) return lacks;
+  }
+  return {};
+}
+
 QString lackOf(const FigureLine& line) {
   return lack(line.accessibleName(), line.size(), line.sizeHint());
 }
@@ -118,5 +156,6 @@ QStringList CutTexts::in(const QWidget& window) {
   add<QComboBox>(all, window);
   add<FigureLine>(all, window);
   add<QTreeView>(all, window);
+  add<QListWidget>(all, window);
   return all;
 }

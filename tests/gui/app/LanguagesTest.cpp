@@ -2,12 +2,17 @@
 // SPDX-License-Identifier: MIT
 
 #include <QAbstractItemView>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QListView>
+#include <QListWidget>
 #include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QScrollArea>
 #include <QTest>
 #include <QToolButton>
@@ -20,6 +25,7 @@
 #include "EveryDialog.h"
 #include "controls/Appearance.h"
 #include "controls/Language.h"
+#include "dialogs/DialogWindow.h"
 #include "dialogs/QueueModel.h"
 
 namespace {
@@ -38,6 +44,7 @@ class AnyLanguage : public EveryDialog {
  protected:
   ~AnyLanguage() override {
     end();
+    Appearance::setTextScale(*qApp, 1);
     Language::use(QStringLiteral("en"));
   }
 };
@@ -46,13 +53,26 @@ class Languages : public AnyLanguage, public testing::WithParamInterface<const c
  protected:
   Languages() { Language::use(QLatin1String(GetParam())); }
 
-  void expectNothingCut(QWidget& shown) {
+  static void expectNothingCut(QWidget& shown, QSize most = {1280, 720}) {
     EXPECT_FALSE(shown.grab().isNull());
     EXPECT_EQ(CutTexts::in(shown).join(u'\n').toStdString(), "")
         << shown.metaObject()->className() << " " << shown.windowTitle().toStdString();
-    const QSize most(1280, 720);
-    EXPECT_EQ(shown.size().boundedTo(most), shown.size()) << shown.metaObject()->className();
+    const QSize room = isScrolled(shown) ? shown.screen()->availableSize() : most;
+    EXPECT_EQ(shown.size().boundedTo(room), shown.size())
+        << shown.metaObject()->className() << " " << shown.width() << " x " << shown.height();
   }
+  /// A dialog that is larger than the screen of these tests, which is a small one.
+  static bool isScrolled(const QWidget& shown) {
+    return qobject_cast<const DialogWindow*>(&shown) != nullptr &&
+           shown.findChild<QScrollArea*>() != nullptr;
+  }
+  void enlargeText() {
+    view().resize(kCommonScreen);
+    Appearance::setTextScale(*qApp, 2);
+    settle();
+  }
+
+  static constexpr QSize kCommonScreen{1440, 860};
 };
 
 TEST_P(Languages, NothingIsCutInTheWindow) {
@@ -73,7 +93,22 @@ TEST_P(Languages, UsualWindowIsNotScrolled) {
 
 TEST_P(Languages, NothingIsCutInADialog) {
   startWithAll();
-  forEachDialog([this](QWidget& dialog) { expectNothingCut(dialog); });
+  forEachDialog([](QWidget& dialog) { expectNothingCut(dialog); });
+}
+
+TEST_P(Languages, NothingIsCutInTheWindowInTextOfTwiceTheSize) {
+  startWithAll();
+  enlargeText();
+  expectNothingCut(view(), kCommonScreen);
+  pullOut();
+  settle();
+  expectNothingCut(view(), kCommonScreen);
+}
+
+TEST_P(Languages, NothingIsCutInADialogInTextOfTwiceTheSize) {
+  startWithAll();
+  enlargeText();
+  forEachDialog([](QWidget& dialog) { expectNothingCut(dialog, kCommonScreen); });
 }
 
 // The name of a take is shortened to make room for it, as far as there is room; why one failed may
@@ -217,6 +252,50 @@ TEST(CutTexts, TellsWhatIsCut) {
   label->setText(
       QStringLiteral("Stereobreite Stereobreite Stereobreite Stereobreite Stereobreite"));
   EXPECT_EQ(CutTexts::in(window).size(), 1) << "there are more lines than it has room for";
+}
+
+// By what the style sheet has around its text: a text and no more fits none of them.
+TEST(CutTexts, TellsWhatIsCutInAButton) {
+  Appearance::apply(*qApp);
+  QWidget window;
+  const QString text = QStringLiteral("Stereobreite");
+  const std::vector<QAbstractButton*> all = {new QPushButton(text, &window),
+                                             new QCheckBox(text, &window),
+                                             new QRadioButton(text, &window)};
+  window.show();
+  for (QAbstractButton* const button : all) button->resize(button->sizeHint());
+  EXPECT_EQ(CutTexts::in(window).join(u'\n').toStdString(), "");
+  for (QAbstractButton* const button : all) {
+    const QSize whole = button->sizeHint();
+    const int bare = button->fontMetrics().horizontalAdvance(text) + 4;
+    for (const int width : {bare, whole.width() - 6}) {
+      button->resize(width, whole.height());
+      EXPECT_EQ(CutTexts::in(window).size(), 1)
+          << button->metaObject()->className() << " " << width << " of " << whole.width();
+    }
+    button->resize(whole);
+  }
+}
+
+TEST(CutTexts, TellsWhatIsCutInARowOfAList) {
+  Appearance::apply(*qApp);
+  QWidget window;
+  QListWidget list(&window);
+  list.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  list.addItem(QStringLiteral("R0001.WAV: copied"));
+  list.addItem(QStringLiteral("R0002.WAV: was not copied, since there is no room for it any more"));
+  const int width = list.sizeHintForColumn(0) + 40;
+  list.resize(width, 200);
+  window.resize(width, 200);
+  window.show();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(CutTexts::in(window).join(u'\n').toStdString(), "");
+  list.resize(width / 2, 200);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(CutTexts::in(window).size(), 1) << "it ends in dots";
+  list.setWordWrap(true);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(CutTexts::in(window).join(u'\n').toStdString(), "") << "it has two lines";
 }
 
 TEST(Unasked, IsWhatHasWordsWithoutAMark) {
