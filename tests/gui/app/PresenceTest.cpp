@@ -7,14 +7,17 @@
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDBusVariant>
+#include <QImage>
 #include <QMessageBox>
 #include <QTimer>
+#include <QVariant>
 #include <algorithm>
 
 #include "WindowFixture.h"
 #include "app/DesktopPresence.h"
 #include "app/PictureTimer.h"
 #include "base/FileAddress.h"
+#include "controls/Appearance.h"
 #include "support/EnvironmentVariable.h"
 #include "support/InhibitPortal.h"
 #include "support/PrivateBus.h"
@@ -29,6 +32,8 @@ class Presence : public WindowFixture {
   ~Presence() override {
     presence.reset();
     end();
+    Appearance::setTextScale(*qApp, 1);
+    Appearance::setHighContrast(*qApp, false);
   }
   void appear() {
     ASSERT_TRUE(portal.appear(*bus.desktop));
@@ -41,13 +46,12 @@ class Presence : public WindowFixture {
     waitFor([&] { return portal.told.size() >= count; }, "the portal");
   }
   /// The desktop tells of another setting.
-  void animate(bool isAnimated) const {
+  void tell(const char* group, const char* key, const QVariant& value) const {
     QDBusMessage signal = QDBusMessage::createSignal(
         InhibitPortal::root(), QStringLiteral("org.freedesktop.portal.Settings"),
         QStringLiteral("SettingChanged"));
-    signal.setArguments({QStringLiteral("org.gnome.desktop.interface"),
-                         QStringLiteral("enable-animations"),
-                         QVariant::fromValue(QDBusVariant(isAnimated))});
+    signal.setArguments(
+        {QLatin1String(group), QLatin1String(key), QVariant::fromValue(QDBusVariant(value))});
     ASSERT_TRUE(bus.desktop->send(signal));
   }
   static void tellSight(WId window, std::uint8_t state) {
@@ -57,6 +61,15 @@ class Presence : public WindowFixture {
     event.state = state;
     qintptr result = 0;
     QAbstractEventDispatcher::instance()->filterNativeEvent("xcb_generic_event_t", &event, &result);
+  }
+  void animate(bool isAnimated) const {
+    tell("org.gnome.desktop.interface", "enable-animations", isAnimated);
+  }
+  void scaleText(double scale) const {
+    tell("org.gnome.desktop.interface", "text-scaling-factor", scale);
+  }
+  void raiseContrast(bool isHigh) const {
+    tell("org.freedesktop.appearance", "contrast", isHigh ? 1U : 0U);
   }
   void ask(const std::vector<std::filesystem::path>& files) const {
     QStringList addresses;
@@ -139,6 +152,28 @@ TEST_F(Presence, TheDesktopsWishForLessMotionReachesTheScope) {
   waitFor([&] { return timer->interval().count() > 200; }, "fewer pictures");
   animate(true);
   waitFor([&] { return timer->interval().count() < 50; }, "all of them");
+}
+
+TEST_F(Presence, TheDesktopsSizeOfTextReachesTheWindow) {
+  appear();
+  const QWidget& caption = *stage().lblGain;
+  const int usual = caption.font().pixelSize();
+  scaleText(2);
+  waitFor([&] { return caption.font().pixelSize() == 2 * usual; }, "larger text");
+  EXPECT_GE(caption.height(), caption.fontMetrics().height());
+  scaleText(1);
+  waitFor([&] { return caption.font().pixelSize() == usual; }, "the usual text");
+}
+
+TEST_F(Presence, TheDesktopsWishForMoreContrastReachesTheWindow) {
+  appear();
+  const auto ground = [this] { return view().grab().toImage().pixel(2, 2); };
+  const QRgb usual = ground();
+  ASSERT_NE(usual, qRgb(0, 0, 0));
+  raiseContrast(true);
+  waitFor([&] { return ground() == qRgb(0, 0, 0); }, "more contrast");
+  raiseContrast(false);
+  waitFor([&] { return ground() == usual; }, "the usual one");
 }
 
 // Minimised or hidden: pictures that nobody sees cost nothing; the peaks are kept all the same.
