@@ -63,10 +63,26 @@ void FolderBrowser::begin(const std::filesystem::path& start,
   files.insert(files.end(), others.begin(), others.end());
   lookAt(path, [this, path, files](Kind kind) {
     if (kind == Kind::Folder) return openFolder(path);
-    openFolder(path.parent_path());
-    wishFor(files);
-    emit takeChosen({false, lastComponent(path), FolderHelper::kFileIcon, path});
+    chooseInFolder(path, files);
   });
+}
+
+void FolderBrowser::chooseInFolder(const std::filesystem::path& path,
+                                   const std::vector<std::filesystem::path>& files) {
+  openFolder(path.parent_path());
+  wishFor(files);
+  emit takeChosen({false, lastComponent(path), FolderHelper::kFileIcon, path});
+}
+
+void FolderBrowser::beginWithFile(const std::filesystem::path& file,
+                                  const std::function<void(Named what)>& told) {
+  const std::filesystem::path path = tidy(file);
+  lookAt(path, [this, path, told](Kind kind) {
+    if (kind != Kind::Something) return told(Named::NoFile);
+    chooseInFolder(path, {path});
+    told(Named::Chosen);
+  });
+  if (_look.isUnderWay()) _told = told;
 }
 
 // Where no thread can be had it is taken to be there: who opens it tells what is wrong.
@@ -75,6 +91,7 @@ void FolderBrowser::lookAt(const std::filesystem::path& path, const Then& then) 
   _lookedAt = path;
   const bool hasBegun = _look.begin([this, path, then] {
     return [this, then, kind = kindOf(path)] {
+      _told = {};  // `then` tells
       lookNoMore();
       then(kind);
     };
@@ -87,6 +104,7 @@ void FolderBrowser::lookNoMore() {
   _look.giveUp();
   _isClimbing = false;
   _timerLooking.stop();
+  if (const auto told = std::exchange(_told, {})) told(Named::GivenUp);
   emit lookedFor();
 }
 

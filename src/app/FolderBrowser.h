@@ -36,6 +36,13 @@ class FolderBrowser : public QObject {
   /// last time, or the Desktop.
   void begin(const std::filesystem::path& start,
              const std::vector<std::filesystem::path>& others = {});
+  /// What came of a file that somebody named.
+  enum class Named { Chosen, NoFile, GivenUp };
+  /// Chooses this recording in its folder, as `begin` does, but leaves everything as it is where
+  /// there is no such file. `told` is called once: from the event loop, or from inside of this
+  /// where no thread can be had.
+  void beginWithFile(const std::filesystem::path& file,
+                     const std::function<void(Named what)>& told);
   void openFolder(const std::filesystem::path& folder);
   /// Lists again, in the background.
   void refresh();
@@ -95,6 +102,8 @@ class FolderBrowser : public QObject {
     QString first;
   };
 
+  void chooseInFolder(const std::filesystem::path& path,
+                      const std::vector<std::filesystem::path>& files);
   void lookAt(const std::filesystem::path& path, const Then& then);
   static Kind kindOf(const std::filesystem::path& path);
   void showAnswer(const FolderLister::Answer& answer);
@@ -113,6 +122,7 @@ class FolderBrowser : public QObject {
   FolderLister _lister;
   std::optional<Wish> _wish;
   Errand _look;
+  std::function<void(Named what)> _told;  ///< who waits for the look; may be nobody
   std::filesystem::path _lookedAt;
   bool _isClimbing = false;  ///< the look is for `goUp`
   QTimer _timerLooking{this};

@@ -15,6 +15,17 @@ std::int64_t microseconds(double seconds) {
   return std::llround(seconds * kMicroseconds);
 }
 
+RemotePlayer::Opened openedAs(FolderBrowser::Named what) {
+  switch (what) {
+    case FolderBrowser::Named::Chosen:
+      return RemotePlayer::Opened::Begun;
+    case FolderBrowser::Named::NoFile:
+      return RemotePlayer::Opened::NoFile;
+    default:
+      return RemotePlayer::Opened::GivenUp;
+  }
+}
+
 }  // namespace
 
 SessionRemote::SessionRemote(TakeSession& take, FolderBrowser& browser, QObject* parent)
@@ -126,6 +137,10 @@ std::optional<int> SessionRemote::neighbour(int step) const {
   return row >= 0 && row < count ? std::optional(row) : std::nullopt;
 }
 
-void SessionRemote::open(std::optional<int> row) {
+void SessionRemote::choose(std::optional<int> row) {
   if (row) _browser.choose(*row);
+}
+
+void SessionRemote::open(const std::filesystem::path& file, const Told& told) {
+  _browser.beginWithFile(file, [told](FolderBrowser::Named what) { told(openedAs(what)); });
 }

@@ -34,10 +34,11 @@ class SessionRemote : public RemotePlayer {
   void play() override;
   void pause() override;
   void stop() override;
-  void next() override { open(neighbour(1)); }
-  void previous() override { open(neighbour(-1)); }
+  void next() override { choose(neighbour(1)); }
+  void previous() override { choose(neighbour(-1)); }
   void goTo(std::int64_t position) override;
   void setVolume(double volume) override;
+  void open(const std::filesystem::path& file, const Told& told) override;
 
  private:
   void load();
@@ -47,7 +48,7 @@ class SessionRemote : public RemotePlayer {
   /// The row of the take so many takes further in the list than the one that was opened last, or
   /// was refused; of the first one where that is not there.
   [[nodiscard]] std::optional<int> neighbour(int step) const;
-  void open(std::optional<int> row);
+  void choose(std::optional<int> row);
 
   TakeSession& _take;
   FolderBrowser& _browser;

@@ -3,7 +3,31 @@
 
 #include "desktop/MprisPlayer.h"
 
+#include <QDBusError>
+#include <QPointer>
 #include <algorithm>
+
+#include "base/FileAddress.h"
+
+namespace {
+
+constexpr const char* kGone = "org.freedesktop.DBus.Error.FileNotFound";
+
+QDBusMessage answerTo(const QDBusMessage& question, const QString& address,
+                      RemotePlayer::Opened what) {
+  switch (what) {
+    case RemotePlayer::Opened::Begun:
+      return question.createReply();
+    case RemotePlayer::Opened::NoFile:
+      return question.createErrorReply(QLatin1String(kGone),
+                                       QStringLiteral("There is no such file: ") + address);
+    default:
+      return question.createErrorReply(QDBusError::Failed,
+                                       QStringLiteral("Something else was asked for meanwhile"));
+  }
+}
+
+}  // namespace
 
 QString MprisPlayer::playbackStatus() const {
   switch (_player.status()) {
@@ -64,4 +88,20 @@ void MprisPlayer::SetPosition(const QDBusObjectPath& track, qlonglong position) 
   const auto take = _player.take();
   const bool isMeant = take && track == this->track();
   if (isMeant && position >= 0 && position <= take->length) _player.goTo(position);
+}
+
+void MprisPlayer::OpenUri(const QString& address, const QDBusMessage& message) {
+  message.setDelayedReply(true);
+  const auto files = FileAddress::pathsIn(address.toStdString());
+  if (files.size() != 1) {
+    const QString why = QStringLiteral("Not a file on this machine: ") + address;
+    return answer(message.createErrorReply(QDBusError::InvalidArgs, why));
+  }
+  _player.open(files.front(), [self = QPointer(this), message, address](RemotePlayer::Opened what) {
+    if (self) self->answer(answerTo(message, address, what));
+  });
+}
+
+void MprisPlayer::answer(const QDBusMessage& answer) const {
+  if (_bus) _bus->send(answer);
 }

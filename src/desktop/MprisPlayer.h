@@ -3,9 +3,12 @@
 #pragma once
 
 #include <QDBusAbstractAdaptor>
+#include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QString>
 #include <QVariantMap>
+#include <optional>
 
 #include "desktop/RemotePlayer.h"
 
@@ -31,6 +34,8 @@ class MprisPlayer : public QDBusAbstractAdaptor {
   /// The player outlives it.
   MprisPlayer(RemotePlayer& player, QObject* parent)
       : QDBusAbstractAdaptor(parent), _player(player) {}
+  /// What is answered later goes over this bus.
+  void answerOver(const QDBusConnection& bus) { _bus = bus; }
 
   [[nodiscard]] QString playbackStatus() const;
   [[nodiscard]] static double rate() { return 1.0; }
@@ -60,6 +65,8 @@ class MprisPlayer : public QDBusAbstractAdaptor {
   void Seek(qlonglong offset);
   /// Nothing where another take has come meanwhile, or outside of it.
   void SetPosition(const QDBusObjectPath& track, qlonglong position);
+  /// A file of this machine that is there; anything else is an error and changes nothing.
+  void OpenUri(const QString& address, const QDBusMessage& message);
   // NOLINTEND(readability-identifier-naming)
 
  signals:
@@ -68,6 +75,8 @@ class MprisPlayer : public QDBusAbstractAdaptor {
 
  private:
   [[nodiscard]] QDBusObjectPath track() const;
+  void answer(const QDBusMessage& answer) const;
 
   RemotePlayer& _player;
+  std::optional<QDBusConnection> _bus;
 };

@@ -28,6 +28,7 @@ MprisService::MprisService(RemotePlayer& player, QObject* parent)
 
 void MprisService::appear(const QDBusConnection& bus) {
   _bus.emplace(bus);
+  _interface->answerOver(bus);
   if (!_bus->registerObject(QLatin1String(kPlayerPath), &_object)) return;
   _told = _interface->told();
   connect(&_player, &RemotePlayer::changed, this, &MprisService::tellChanges);

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QUrl>
 #include <cstdint>
+#include <filesystem>
+#include <functional>
 #include <optional>
 
 /// What a desktop controls from afar; whoever plays implements it. It knows no bus. Times are in
@@ -26,6 +28,10 @@ class RemotePlayer : public QObject {
 
     friend bool operator==(const Take&, const Take&) = default;
   };
+
+  /// What came of a file that was to be opened; `GivenUp` for another one meanwhile.
+  enum class Opened { Begun, NoFile, GivenUp };
+  using Told = std::function<void(Opened what)>;
 
   using QObject::QObject;
 
@@ -48,6 +54,9 @@ class RemotePlayer : public QObject {
   virtual void previous() = 0;
   virtual void goTo(std::int64_t position) = 0;
   virtual void setVolume(double volume) = 0;
+  /// Opens this file, which then plays. Nothing waits for the medium: `told` is called once it is
+  /// known whether it is there, or from inside of this; never once this has gone.
+  virtual void open(const std::filesystem::path& file, const Told& told) = 0;
 
  signals:
   /// Anything of the above but the position may be another one.

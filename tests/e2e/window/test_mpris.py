@@ -213,6 +213,30 @@ class MprisTest(SoundingCase):
         slider.value = 0.5
         remote.wait_told("Volume", 0.5)
 
+    def test_an_address_is_opened(self):
+        inner = self.home / "a folder ü"
+        inner.mkdir()
+        remote = self.open_first()
+        first = remote.get("Metadata")["mpris:trackid"]
+        address = self.take("R0003.WAV", folder=inner).as_uri()
+        for wrong in ("http://mixdeck.example/R0001.WAV", "R0002.WAV", str(self.takes / "R0002.WAV")):
+            with self.assertRaisesRegex(GLib.Error, "InvalidArgs.*Not a file on this machine"):
+                remote.do("OpenUri", "(s)", wrong)
+        for gone in (self.takes / "R0009.WAV", inner):
+            with self.assertRaisesRegex(GLib.Error, "FileNotFound"):
+                remote.do("OpenUri", "(s)", gone.as_uri())
+        self.assertEqual(remote.get("Metadata")["mpris:trackid"], first)
+        self.assertEqual(self.files(self.program_), ["R0001.WAV", "R0002.WAV"])
+        remote.do("OpenUri", "(s)", address)
+        self.wait_files(self.program_, "R0003.WAV")
+        self.program_.wait(lambda: remote.get("Metadata").get("xesam:url") == address, "the take")
+        told = self.desktop.run("playerctl", "--player=mixdeck", "open", "http://mixdeck.example/x")
+        self.assertIn("Not a file on this machine", told)
+        self.assertEqual(remote.get("Metadata")["xesam:url"], address)
+        self.desktop.run("playerctl", "--player=mixdeck", "open", str(self.takes / "R0002.WAV"))
+        self.wait_files(self.program_, "R0001.WAV", "R0002.WAV")
+        self.program_.wait(lambda: "R0002" in self.title(remote), "the take")
+
     def test_playerctl(self):
         remote = self.open_first()
         self.desktop.run("playerctl", "--player=mixdeck", "pause")

@@ -4,8 +4,10 @@
 #include <xcb/xcb.h>
 
 #include <QAbstractEventDispatcher>
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
+#include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 #include <QImage>
 #include <QMessageBox>
@@ -79,6 +81,28 @@ class Presence : public WindowFixture {
         QStringLiteral("org.freedesktop.Application"), QStringLiteral("Open"));
     message.setArguments({addresses, QVariantMap()});
     ASSERT_TRUE(bus.desktop->send(message));
+  }
+
+  /// As a desktop has the player open it: the name of the error, empty for none.
+  std::string openUri(const QString& address) {
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        QStringLiteral("org.mpris.MediaPlayer2.mixdeck"), QStringLiteral("/org/mpris/MediaPlayer2"),
+        QStringLiteral("org.mpris.MediaPlayer2.Player"), QStringLiteral("OpenUri"));
+    message.setArguments({address});
+    bool isAnswered = false;
+    std::string error;
+    QDBusPendingCallWatcher watcher(bus.desktop->asyncCall(message));
+    QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, [&] {
+      isAnswered = true;
+      error = watcher.error().name().toStdString();
+    });
+    waitFor([&] { return isAnswered; }, "the answer");
+    return error;
+  }
+  /// The player has its name on the bus.
+  [[nodiscard]] bool isPlayerThere() const {
+    return bus.desktop->interface()->isServiceRegistered(
+        QStringLiteral("org.mpris.MediaPlayer2.mixdeck"));
   }
 
   PrivateBus bus;
@@ -218,6 +242,38 @@ TEST_F(Presence, FilesThatOthersHandOverAreOpened) {
   waitForTake([&] { ask({inner / "R0003.WAV", takes.path() / "R0001.WAV"}); });
   EXPECT_EQ(controller().take().file(), inner / "R0003.WAV");
   EXPECT_EQ(controller().urlOfFileList(), inner);
+}
+
+TEST_F(Presence, AnAddressThatThePlayerIsToOpenIsOpened) {
+  take("R0001.WAV");
+  const auto inner = folder("a folder");
+  appear();
+  std::filesystem::copy(take("R0002.WAV"), inner / "R0003.WAV");
+  waitFor([this] { return isPlayerThere(); }, "the player");
+  const QString address = QString::fromStdString(FileAddress::of(inner / "R0003.WAV"));
+  waitForTake([&] { EXPECT_EQ(openUri(address), ""); });
+  EXPECT_EQ(controller().take().file(), inner / "R0003.WAV");
+  EXPECT_EQ(controller().urlOfFileList(), inner);
+}
+
+TEST_F(Presence, AnAddressThatIsNoFileIsAnErrorAndChangesNothing) {
+  const auto path = take("R0001.WAV");
+  appear();
+  open("R0001.WAV");
+  waitFor([this] { return isPlayerThere(); }, "the player");
+  const auto number = controller().remote().take()->number;
+  const QString address = QString::fromStdString(FileAddress::of(path));
+  for (const QString& wrong :
+       {QStringLiteral("http://mixdeck.example/R0001.WAV"), QString::fromStdString(path.native()),
+        QStringLiteral("file://elsewhere/R0001.WAV"), address + "\n" + address, QString()}) {
+    EXPECT_EQ(openUri(wrong), "org.freedesktop.DBus.Error.InvalidArgs") << wrong.toStdString();
+  }
+  for (const auto& gone : {takes.path() / "R0009.WAV", takes.path()}) {
+    EXPECT_EQ(openUri(QString::fromStdString(FileAddress::of(gone))),
+              "org.freedesktop.DBus.Error.FileNotFound");
+  }
+  EXPECT_EQ(controller().remote().take()->number, number);
+  EXPECT_EQ(controller().urlOfFileList(), takes.path());
 }
 
 TEST_F(Presence, OfSeveralFilesThoseBesideTheFirstAreSelectedWithIt) {

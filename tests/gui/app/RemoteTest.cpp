@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <algorithm>
+#include <optional>
+#include <vector>
 
 #include "WindowFixture.h"
 
@@ -22,7 +24,55 @@ class Remote : public WindowFixture {
       return widget->isVisible() && qobject_cast<const QMessageBox*>(widget) != nullptr;
     });
   }
+  using Opened = RemotePlayer::Opened;
+  /// What came of it.
+  Opened opened(const std::filesystem::path& file) {
+    std::optional<Opened> told;
+    remote().open(file, [&told](Opened what) { told = what; });
+    waitFor([&] { return told.has_value(); }, "the answer");
+    return *told;
+  }
 };
+
+TEST_F(Remote, AFileIsOpenedAndItsFolderShown) {
+  take("R0001.WAV");
+  const auto inner = folder("a folder");
+  std::filesystem::copy(take("R0002.WAV"), inner / "R0003.WAV");
+  startOnTakes();
+  open("R0001.WAV");
+  waitForTake([&] { EXPECT_EQ(opened(inner / "R0003.WAV"), Opened::Begun); });
+  EXPECT_EQ(controller().take().file(), inner / "R0003.WAV");
+  EXPECT_EQ(remote().status(), RemotePlayer::Status::Playing);
+  waitFor([this] { return selected() == "R0003.WAV"; }, "its row");
+}
+
+TEST_F(Remote, WhatIsNoFileChangesNothing) {
+  take("R0001.WAV");
+  const auto inner = folder("a folder");
+  startOnTakes();
+  open("R0001.WAV");
+  const auto number = remote().take()->number;
+  for (const auto& file : {inner, takes.path() / "R0009.WAV", inner / "gone" / "R0001.WAV"}) {
+    EXPECT_EQ(opened(file), Opened::NoFile) << file;
+    EXPECT_EQ(remote().take()->number, number) << "it is not even opened once more";
+    EXPECT_EQ(controller().urlOfFileList(), takes.path());
+    EXPECT_EQ(alerts(), 0);
+  }
+}
+
+TEST_F(Remote, AFileIsGivenUpForWhatIsAskedForMeanwhile) {
+  take("R0001.WAV");
+  const auto inner = folder("a folder");
+  startOnTakes();
+  std::vector<Opened> told;
+  const auto note = [&told](Opened what) { told.push_back(what); };
+  remote().open(takes.path() / "gone.WAV", note);
+  waitForTake([&] { remote().open(takes.path() / "R0001.WAV", note); });
+  EXPECT_THAT(told, testing::ElementsAre(Opened::GivenUp, Opened::Begun));
+  remote().open(takes.path() / "R0001.WAV", note);
+  controller().openFolder(inner);
+  EXPECT_THAT(told, testing::ElementsAre(Opened::GivenUp, Opened::Begun, Opened::GivenUp));
+}
 
 TEST_F(Remote, NextAndPreviousPassWhatIsNoRecording) {
   take("R0001.WAV");
