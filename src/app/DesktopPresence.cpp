@@ -42,15 +42,13 @@ void DesktopPresence::appear(const QDBusConnection& bus) {
   _awake.begin(bus);
 }
 
+// For nothing else: whatever is read or salvaged can be had again.
 void DesktopPresence::keepAwake(ViewController& window) {
   const ExportQueue& exports = window.exportQueue();
   const CardDesk& cards = window.cards();
-  const RepairOffer& repair = window.repair();
-  const auto look = [this, &exports, &cards, &repair] {
-    _awake.setBusy(exports.isBusy() || cards.isBusy() || repair.isSalvaging());
+  const auto look = [this, &exports, &cards] {
+    _awake.setBusy(exports.isBusy() || cards.isCopying());
   };
-  QObject::connect(&repair, &RepairOffer::began, &_awake, look);
-  QObject::connect(&repair, &RepairOffer::ended, &_awake, look);
   QObject::connect(&cards, &CardDesk::busyChanged, &_awake, look);
   QObject::connect(&exports, &ExportQueue::began, &_awake, look);
   QObject::connect(&exports, &ExportQueue::finished, &_awake, look);

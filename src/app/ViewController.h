@@ -104,7 +104,6 @@ class ViewController : public QObject, public MIDIManagerDelegate {
   [[nodiscard]] ExportQueue& exportQueue() { return _panes.exports; }
   /// What is done between cards and disk.
   [[nodiscard]] CardDesk& cards() { return _panes.cards; }
-  [[nodiscard]] const RepairOffer& repair() const { return _panes.repair; }
   [[nodiscard]] const QString& versionString() const { return _panes.commands.versionString(); }
   [[nodiscard]] bool isMuteVolume() const { return _panes.sound.isMuted(); }
 

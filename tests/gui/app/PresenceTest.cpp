@@ -146,8 +146,9 @@ TEST_F(Presence, ACopyKeepsTheMachineAwake) {
                                                 "Close /org/freedesktop/portal/desktop/request/1"));
 }
 
-TEST_F(Presence, ASalvageKeepsTheMachineAwake) {
+TEST_F(Presence, NeitherASalvageNorAVerifyKeepsTheMachineAwake) {
   brokenTake("R0001.WAV");
+  const auto source = take("R0002.WAV");
   appear();
   waitForTake([this] { doubleClickRow("R0001.WAV"); });
   QMessageBox* offer = nullptr;
@@ -160,6 +161,15 @@ TEST_F(Presence, ASalvageKeepsTheMachineAwake) {
   };
   waitFor(isOffered, "the offer");
   press(offer, "Salvage");
+  waitFor([this] { return selected() == "R0001_Repaired.WAV"; }, "the new file");
+  CardDesk& cards = controller().cards();
+  view().menu->actionVerifyFolder->trigger();
+  press(shown<TransferPanel>(), "Verify");
+  ASSERT_TRUE(cards.isBusy());
+  waitFor([&] { return !cards.isBusy(); }, "the end of the verify");
+  EXPECT_THAT(portal.told, testing::IsEmpty());
+  // What was asked before is heard before.
+  controller().exportQueue().add({.source = source, .target = takes.path() / "one.WAV"});
   waitForPortal(2);
   EXPECT_THAT(portal.told, testing::ElementsAre("Inhibit /org/freedesktop/portal/desktop",
                                                 "Close /org/freedesktop/portal/desktop/request/1"));
