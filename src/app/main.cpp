@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <QApplication>
+#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -46,11 +47,21 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
   return std::make_unique<QApplication>(argc, argv);
 }
 
+// Whether another window sees to it, which keeps its own language.
+bool isHandedOver(OneWindow& one, const ProgramOptions& options, const QString& token) {
+  if (options.isForItself()) return false;
+  if (!one.isHandedOver({addressesOf(options.starts), token})) return false;
+  if (!options.language.empty()) {
+    std::fputs("mixdeck: the window that is open keeps its language\n", stderr);
+  }
+  return true;
+}
+
 int run(QApplication& application, const ProgramOptions& options, const QString& token) {
   static std::optional<EndPatience> end;  // also of the statics that come after it
   BusLink bus;
   OneWindow one(bus);
-  if (!options.isForItself() && one.isHandedOver({addressesOf(options.starts), token})) return 0;
+  if (isHandedOver(one, options, token)) return 0;
   Language::use(QString::fromStdString(options.language));
   Appearance::apply(application);
   SystemBackends::choose();

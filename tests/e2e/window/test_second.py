@@ -24,7 +24,8 @@ class SecondTest(Case):
         """Another start, to its end; its status."""
         own = {"HOME": str(self.home)} | self.sound() | environment
         done = subprocess.run([WINDOW, *map(str, arguments)], env=self.desktop.environment | own,
-                              stderr=subprocess.PIPE, timeout=60, cwd=self.home)
+                              stderr=subprocess.PIPE, text=True, timeout=60, cwd=self.home)
+        self.said = done.stderr
         return done.returncode
 
     def in_front(self):
@@ -62,6 +63,14 @@ class SecondTest(Case):
         wait_for(lambda: self.in_front() == str(other.process.pid), "the other in front")
         self.assertEqual(self.second(), 0)
         wait_for(lambda: self.in_front() == str(first.process.pid), "the first in front")
+
+    def test_a_language_is_not_handed_over_and_that_is_said(self):
+        first = self.first(self.takes)
+        self.assertEqual(self.second("--language", "fr"), 0)
+        self.assertEqual(self.said, "mixdeck: the window that is open keeps its language\n")
+        self.assertEqual(self.second(), 0)
+        self.assertEqual(self.said, "")
+        self.assertEqual(len(first.windows()), 1)
 
     def test_one_that_says_something_of_the_program_is_for_itself(self):
         first = self.first(self.takes)
