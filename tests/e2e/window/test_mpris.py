@@ -47,10 +47,10 @@ class Remote:
         return self.ask("Get", interface=PROPERTIES,
                         arguments=GLib.Variant("(ss)", (interface, name)))[0]
 
-    def set_volume(self, volume):
-        value = GLib.Variant("d", volume)
+    def set(self, name, number):
+        value = GLib.Variant("d", number)
         self.ask("Set", interface=PROPERTIES,
-                 arguments=GLib.Variant("(ssv)", (PLAYER, "Volume", value)))
+                 arguments=GLib.Variant("(ssv)", (PLAYER, name, value)))
 
     def do(self, method, signature=None, *values, interface=PLAYER):
         arguments = GLib.Variant(signature, values) if signature else None
@@ -93,6 +93,9 @@ class MprisTest(SoundingCase):
         remote.wait_told("PlaybackStatus", "Playing")
         return remote
 
+    def playerctl(self, *words):
+        return self.desktop.run("playerctl", "--player=mixdeck", *words).strip()
+
     def title(self, remote):
         return remote.get("Metadata").get("xesam:title", "")
 
@@ -114,7 +117,12 @@ class MprisTest(SoundingCase):
         remote = self.remote()
         self.assertEqual(remote.get("Identity", ROOT), "TARN J4 Mixdeck")
         self.assertEqual(remote.get("DesktopEntry", ROOT), "example.mixdeck.mixdeck")
+        self.assertEqual(remote.get("SupportedUriSchemes", ROOT), ["file"])
         self.assertIn("audio/x-wav", remote.get("SupportedMimeTypes", ROOT))
+        for name, value in (("CanQuit", True), ("CanRaise", True), ("HasTrackList", False)):
+            self.assertEqual(remote.get(name, ROOT), value, name)
+        for name in ("Rate", "MinimumRate", "MaximumRate"):
+            self.assertEqual(remote.get(name), 1, name)
 
     def test_metadata_and_capabilities_are_told(self):
         remote = self.open_first()
@@ -123,8 +131,15 @@ class MprisTest(SoundingCase):
         self.assertEqual(metadata["xesam:url"], (self.takes / "R0001.WAV").as_uri())
         self.assertTrue(GLib.Variant.is_object_path(metadata["mpris:trackid"]))
         self.assertNotEqual(metadata["mpris:trackid"], NO_TRACK)
-        for name in ("CanPlay", "CanPause", "CanSeek"):
+        can = ("CanPlay", "CanPause", "CanSeek")
+        for name in can:
             remote.wait_told(name, True)
+        (self.takes / "X1.WAV").write_bytes(b"x")  # no recording
+        remote.do("OpenUri", "(s)", (self.takes / "X1.WAV").as_uri())
+        for name in can:
+            remote.wait_told(name, False)
+        remote.wait_told("PlaybackStatus", "Stopped")
+        remote.wait_told("Metadata", {"mpris:trackid": NO_TRACK})
 
     def test_play_pause_and_stop(self):
         remote = self.open_first()
@@ -136,6 +151,11 @@ class MprisTest(SoundingCase):
         remote.wait_told("PlaybackStatus", "Playing")
         remote.do("Play")
         self.assertEqual(remote.get("PlaybackStatus"), "Playing")
+        remote.set("Rate", 2)  # there is one rate
+        self.assertEqual(remote.get("PlaybackStatus"), "Playing")
+        remote.set("Rate", 0)
+        remote.wait_told("PlaybackStatus", "Paused")
+        self.assertEqual(remote.get("Rate"), 1)
         remote.do("Stop")
         remote.wait_told("PlaybackStatus", "Stopped")
         self.assertLess(remote.get("Position"), SECOND // 1000)
@@ -169,6 +189,27 @@ class MprisTest(SoundingCase):
         self.assertAlmostEqual(remote.wait_jump(), 20 * SECOND, delta=1000)
         remote.do("Seek", "(x)", -100 * SECOND)
         self.assertAlmostEqual(remote.wait_jump(), 0, delta=1000)
+
+    def test_jumps_of_the_window_and_the_end_are_told(self):
+        remote = self.open_first()
+        program = self.program_
+        remote.do("Pause")
+        remote.wait_told("PlaybackStatus", "Paused")
+        place = remote.get("Position")
+        program.key("Right")
+        self.assertAlmostEqual(remote.wait_jump(), place + SECOND, delta=SECOND // 2)
+        program.find("slider", "Waveform").click(x=0.5)
+        self.assertAlmostEqual(remote.wait_jump(), 30 * SECOND, delta=SECOND)
+        program.find("slider", "Position").click(x=0.25)
+        self.assertAlmostEqual(remote.wait_jump(), 15 * SECOND, delta=2 * SECOND)
+        remote.hear()
+        self.assertEqual(remote.jumps, [], "one jump, one signal")
+        track = remote.get("Metadata")["mpris:trackid"]
+        remote.do("SetPosition", "(ox)", track, 60 * SECOND - 1)
+        self.assertAlmostEqual(remote.wait_jump(), 60 * SECOND, delta=1000)
+        remote.do("Play")
+        self.assertEqual(remote.wait_jump(), 0)  # the end leads back to the beginning
+        remote.wait_told("PlaybackStatus", "Stopped")
 
     def test_jumps_that_are_not_meant(self):
         remote = self.open_first()
@@ -205,10 +246,10 @@ class MprisTest(SoundingCase):
         remote = self.open_first()
         slider = self.program_.find("slider", "Volume")
         self.assertAlmostEqual(remote.get("Volume"), 0.5)
-        remote.set_volume(0.25)
+        remote.set("Volume", 0.25)
         remote.wait_told("Volume", 0.25)
         self.program_.wait(lambda: abs(slider.value - 0.25) < 0.01, "the slider")
-        remote.set_volume(7)
+        remote.set("Volume", 7)
         remote.wait_told("Volume", 1.0)
         slider.value = 0.5
         remote.wait_told("Volume", 0.5)
@@ -230,27 +271,51 @@ class MprisTest(SoundingCase):
         remote.do("OpenUri", "(s)", address)
         self.wait_files(self.program_, "R0003.WAV")
         self.program_.wait(lambda: remote.get("Metadata").get("xesam:url") == address, "the take")
-        told = self.desktop.run("playerctl", "--player=mixdeck", "open", "http://mixdeck.example/x")
+        told = self.playerctl("open", "http://mixdeck.example/x")
         self.assertIn("Not a file on this machine", told)
         self.assertEqual(remote.get("Metadata")["xesam:url"], address)
-        self.desktop.run("playerctl", "--player=mixdeck", "open", str(self.takes / "R0002.WAV"))
+        self.playerctl("open", str(self.takes / "R0002.WAV"))
         self.wait_files(self.program_, "R0001.WAV", "R0002.WAV")
         self.program_.wait(lambda: "R0002" in self.title(remote), "the take")
 
     def test_playerctl(self):
         remote = self.open_first()
-        self.desktop.run("playerctl", "--player=mixdeck", "pause")
+        self.playerctl("pause")
         remote.wait_told("PlaybackStatus", "Paused")
-        self.assertEqual(self.desktop.run("playerctl", "--player=mixdeck", "status"), "Paused\n")
-        length = self.desktop.run("playerctl", "--player=mixdeck", "metadata", "mpris:length")
-        self.assertEqual(length, f"{60 * SECOND}\n")
+        self.assertEqual(self.playerctl("status"), "Paused")
+        self.assertEqual(self.playerctl("metadata", "mpris:length"), str(60 * SECOND))
+        self.playerctl("position", "30")
+        self.assertAlmostEqual(remote.wait_jump(), 30 * SECOND, delta=1000)
+        self.playerctl("position", "10-")
+        self.assertAlmostEqual(remote.wait_jump(), 20 * SECOND, delta=1000)
+        self.assertAlmostEqual(float(self.playerctl("position")), 20, delta=0.001)
+        self.playerctl("volume", "0.25")
+        remote.wait_told("Volume", 0.25)
+        self.assertEqual(float(self.playerctl("volume")), 0.25)
+        self.playerctl("play")
+        remote.wait_told("PlaybackStatus", "Playing")
+        self.playerctl("stop")
+        remote.wait_told("PlaybackStatus", "Stopped")
+        self.playerctl("next")
+        remote.wait_told("CanGoNext", False)
+        self.assertIn("R0002", self.playerctl("metadata", "xesam:title"))
+        self.playerctl("previous")
+        remote.wait_told("CanGoPrevious", False)
+        self.assertIn("R0001", self.playerctl("metadata", "xesam:title"))
 
-    def test_two_windows_have_two_names(self):
-        self.start()
+    def in_front(self):
+        """The process whose window is active."""
+        return self.desktop.run("xdotool", "getactivewindow", "getwindowpid").strip()
+
+    def test_two_windows_have_two_names_and_are_raised_by_them(self):
+        first = self.start()
         remote = self.remote()
-        self.start()
+        second = self.start()
         wait_for(lambda: any(name.startswith(f"{NAME}.instance") for name in remote.names()),
                  "the other's name")
+        wait_for(lambda: self.in_front() == str(second.process.pid), "the second in front")
+        remote.do("Raise", interface=ROOT)
+        wait_for(lambda: self.in_front() == str(first.process.pid), "the first in front")
 
     def test_quit(self):
         program = self.start()
