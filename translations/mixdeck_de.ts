@@ -86,6 +86,21 @@ MIT-Lizenz</translation>
         <source>%1 is exported.</source>
         <translation>%1 ist exportiert.</translation>
     </message>
+    <message>
+        <source>%1 of %2 takes are exported.</source>
+        <translation>%1 von %2 Takes sind exportiert.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n takes are exported.</source>
+        <translation>
+            <numerusform>%n Take ist exportiert.</numerusform>
+            <numerusform>%n Takes sind exportiert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 is salvaged into %2.</source>
+        <translation>%1 ist nach %2 gerettet.</translation>
+    </message>
 </context>
 <context>
     <name>BatchChoices</name>
@@ -2160,6 +2175,18 @@ MIT-Lizenz</translation>
     <message>
         <source>Cancelling</source>
         <translation>Wird abgebrochen</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1: %2.</translation>
+    </message>
+    <message>
+        <source>%1: %2. %3</source>
+        <translation>%1: %2. %3</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,16 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>Announcements</name>
+    <message numerus="yes">
+        <source>%n takes are exported.</source>
+        <translation>
+            <numerusform>%n take is exported.</numerusform>
+            <numerusform>%n takes are exported.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>BatchDesk</name>
     <message numerus="yes">
         <source>%n takes were not exported.</source>

@@ -86,6 +86,21 @@ Licencia MIT</translation>
         <source>%1 is exported.</source>
         <translation>%1 se ha exportado.</translation>
     </message>
+    <message>
+        <source>%1 of %2 takes are exported.</source>
+        <translation>%1 de %2 tomas exportadas.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n takes are exported.</source>
+        <translation>
+            <numerusform>%n toma exportada.</numerusform>
+            <numerusform>%n tomas exportadas.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 is salvaged into %2.</source>
+        <translation>%1 se ha rescatado en %2.</translation>
+    </message>
 </context>
 <context>
     <name>BatchChoices</name>
@@ -2160,6 +2175,18 @@ Licencia MIT</translation>
     <message>
         <source>Cancelling</source>
         <translation>Cancelando</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1: %2.</translation>
+    </message>
+    <message>
+        <source>%1: %2. %3</source>
+        <translation>%1: %2. %3</translation>
     </message>
 </context>
 <context>

@@ -86,6 +86,21 @@ Licence MIT</translation>
         <source>%1 is exported.</source>
         <translation>%1 est exporté.</translation>
     </message>
+    <message>
+        <source>%1 of %2 takes are exported.</source>
+        <translation>%1 prises sur %2 sont exportées.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n takes are exported.</source>
+        <translation>
+            <numerusform>%n prise est exportée.</numerusform>
+            <numerusform>%n prises sont exportées.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 is salvaged into %2.</source>
+        <translation>%1 est récupérée dans %2.</translation>
+    </message>
 </context>
 <context>
     <name>BatchChoices</name>
@@ -2160,6 +2175,18 @@ Licence MIT</translation>
     <message>
         <source>Cancelling</source>
         <translation>Annulation en cours</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1 : %2.</translation>
+    </message>
+    <message>
+        <source>%1: %2. %3</source>
+        <translation>%1 : %2. %3</translation>
     </message>
 </context>
 <context>

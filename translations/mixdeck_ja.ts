@@ -86,6 +86,20 @@ MIT ライセンス</translation>
         <source>%1 is exported.</source>
         <translation>%1 を書き出しました。</translation>
     </message>
+    <message>
+        <source>%1 of %2 takes are exported.</source>
+        <translation>テイク %2 件中 %1 件を書き出しました。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n takes are exported.</source>
+        <translation>
+            <numerusform>%n 件のテイクを書き出しました。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 is salvaged into %2.</source>
+        <translation>%1 を %2 に復旧しました。</translation>
+    </message>
 </context>
 <context>
     <name>BatchChoices</name>
@@ -2154,6 +2168,18 @@ MIT ライセンス</translation>
     <message>
         <source>Cancelling</source>
         <translation>キャンセルしています</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1：%2。</translation>
+    </message>
+    <message>
+        <source>%1: %2. %3</source>
+        <translation>%1：%2。%3</translation>
     </message>
 </context>
 <context>

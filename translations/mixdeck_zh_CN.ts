@@ -86,6 +86,20 @@ MIT 许可证</translation>
         <source>%1 is exported.</source>
         <translation>%1 已导出。</translation>
     </message>
+    <message>
+        <source>%1 of %2 takes are exported.</source>
+        <translation>%2 条录音中有 %1 条已导出。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n takes are exported.</source>
+        <translation>
+            <numerusform>%n 条录音已导出。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 is salvaged into %2.</source>
+        <translation>%1 已挽救到 %2。</translation>
+    </message>
 </context>
 <context>
     <name>BatchChoices</name>
@@ -2154,6 +2168,18 @@ MIT 许可证</translation>
     <message>
         <source>Cancelling</source>
         <translation>正在取消</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1：%2。</translation>
+    </message>
+    <message>
+        <source>%1: %2. %3</source>
+        <translation>%1：%2。%3</translation>
     </message>
 </context>
 <context>

@@ -8,14 +8,36 @@
 #include "dialogs/PathText.h"
 
 Announcements::Announcements(Announcer& announcer, const Sources& sources, QObject* parent)
-    : QObject(parent) {
-  connect(&sources.device, &DevicePane::connectionChanged, this, [&announcer](bool isConnected) {
-    announcer.announce(isConnected ? tr("The recorder is connected.")
-                                   : tr("The recorder is no longer connected."));
+    : QObject(parent), _announcer(announcer) {
+  connect(&sources.device, &DevicePane::connectionChanged, this, [this](bool isConnected) {
+    _announcer.announce(isConnected ? tr("The recorder is connected.")
+                                    : tr("The recorder is no longer connected."));
   });
-  connect(&sources.desk, &ExportDesk::exported, this,
-          [&announcer](const std::filesystem::path& path) {
-            announcer.announce(tr("%1 is exported.").arg(PathText::nameOf(path)));
-          });
+  followExports(sources);
+  followRepair(sources.repair);
+  connect(&sources.cards, &CardDesk::ended, &announcer, &Announcer::announce);
   connect(&sources.status, &StatusLine::said, &announcer, &Announcer::announce);
+}
+
+// A batch of which all was cancelled needs no word, as a single export does not.
+void Announcements::followExports(const Sources& sources) {
+  connect(&sources.desk, &ExportDesk::exported, this, [this](const std::filesystem::path& path) {
+    _announcer.announce(tr("%1 is exported.").arg(PathText::nameOf(path)));
+  });
+  connect(&sources.batch, &BatchDesk::ended, this, [this](int written, int failed) {
+    if (failed > 0) {
+      _announcer.announce(tr("%1 of %2 takes are exported.").arg(written).arg(written + failed));
+    } else if (written > 0) {
+      _announcer.announce(tr("%n takes are exported.", nullptr, written));
+    }
+  });
+}
+
+void Announcements::followRepair(const RepairOffer& repair) {
+  connect(
+      &repair, &RepairOffer::salvaged, this,
+      [this](const std::filesystem::path& take, const std::filesystem::path& target) {
+        _announcer.announce(
+            tr("%1 is salvaged into %2.").arg(PathText::nameOf(take), PathText::nameOf(target)));
+      });
 }

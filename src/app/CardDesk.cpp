@@ -100,6 +100,7 @@ void CardDesk::verifyFolder() {
 void CardDesk::present(TransferPanel& panel) {
   connect(&panel, &TransferPanel::begun, this, &CardDesk::busyChanged);
   connect(&panel, &TransferPanel::ended, this, &CardDesk::busyChanged);
+  connect(&panel, &TransferPanel::ended, this, &CardDesk::ended);
   connect(&panel, &TransferPanel::ended, &_place.browser, &FolderBrowser::refresh);
   connect(&panel, &TransferPanel::showInFolderRequested, this, &CardDesk::showInFolderRequested);
   panel.setParentFrame(_place.window.window()->frameGeometry());

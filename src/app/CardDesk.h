@@ -50,6 +50,8 @@ class CardDesk : public QObject {
 
  signals:
   void busyChanged();
+  /// A copy or a verify has ended, and what came of it, in short.
+  void ended(const QString& inShort);
   void showInFolderRequested(const std::vector<std::filesystem::path>& files);
   /// It is known which card there is.
   void looked();

@@ -24,17 +24,21 @@ double secondsOf(const TakeDiagnosis& diagnosis) {
   return static_cast<double>(frames) / diagnosis.sampleRate;
 }
 
-// Why it was not saved; empty where it was, or was given up.
-std::string saved(const std::filesystem::path& take, const std::atomic<bool>& cancel) {
+TransferJob::End failed(const std::string& why) {
+  return {.complaint = QString::fromStdString(why)};
+}
+
+// Neither right nor a complaint where it was given up.
+TransferJob::End saved(const std::filesystem::path& take, const std::atomic<bool>& cancel) {
   std::string whyNot;
   const std::shared_ptr<const WaveImage> image = WaveImage::fromFile(take, whyNot);
-  if (!image) return whyNot;
+  if (!image) return failed(whyNot);
   const TakeDiagnosis diagnosis = TakeDiagnosis::of(*image, &cancel);
-  if (diagnosis.state != TakeDiagnosis::State::Broken) return image->failure();
+  if (diagnosis.state != TakeDiagnosis::State::Broken) return failed(image->failure());
   TakeRepair repair(image, diagnosis);
   repair.setCancelFlag(&cancel);
-  repair.save(TakeRepair::nameFor(take), AtomicFile::Existing::Refuse);
-  return repair.failure();
+  const bool isSaved = repair.save(TakeRepair::nameFor(take), AtomicFile::Existing::Refuse);
+  return {.isRight = isSaved, .complaint = QString::fromStdString(repair.failure())};
 }
 
 }  // namespace
@@ -49,8 +53,7 @@ RepairOffer::RepairOffer(const Place& place, QObject* parent)
   connect(&_take, &TakeSession::failed, this, [this](TakeSession::Failure failure) {
     if (failure == TakeSession::Failure::Unsupported) look(_take.file());
   });
-  connect(&_salvage, &TransferJob::ended, this,
-          [this](const TransferJob::End& how) { end(how.complaint); });
+  connect(&_salvage, &TransferJob::ended, this, [this](const TransferJob::End& how) { end(how); });
   connect(&_take, &TakeSession::opening, this, [this] {
     _look.drop();
     if (_question) _question->close();
@@ -98,22 +101,22 @@ void RepairOffer::salvage(const std::filesystem::path& take) {
   if (isSalvaging()) return;
   _salvaged = take;
   _status.say(StatusLine::Topic::Repair, salvageText());
-  _salvage.begin([take](TransferJob::Desk& desk) {
-    return TransferJob::End{.complaint = QString::fromStdString(saved(take, desk.cancel()))};
-  });
+  _salvage.begin([take](TransferJob::Desk& desk) { return saved(take, desk.cancel()); });
   emit began();
 }
 
-void RepairOffer::end(const QString& failure) {
+void RepairOffer::end(const TransferJob::End& how) {
   const std::filesystem::path target = TakeRepair::nameFor(_salvaged);
   _status.clear(StatusLine::Topic::Repair);
-  if (failure.isEmpty()) {
+  if (how.complaint.isEmpty()) {
     _browser.wishFor(target);
     _browser.refresh();
   } else {
-    _status.say(StatusLine::Topic::Repair,
-                tr("%1 was not saved: %2.").arg(PathText::nameOf(target), Reason::text(failure)));
+    _status.say(
+        StatusLine::Topic::Repair,
+        tr("%1 was not saved: %2.").arg(PathText::nameOf(target), Reason::text(how.complaint)));
     Alert::show(&_window, tr("Fail to save."));
   }
+  if (how.isRight) emit salvaged(_salvaged, target);
   emit ended();
 }

@@ -46,13 +46,15 @@ class RepairOffer : public QObject {
   /// It is known whether there is something to offer, or cannot be.
   void looked();
   void began();
+  /// This take has been saved into a file of its own.
+  void salvaged(const std::filesystem::path& take, const std::filesystem::path& target);
   /// Saving has ended, well or not.
   void ended();
 
  private:
   void offer(const std::filesystem::path& take, const TakeDiagnosis& diagnosis);
   void salvage(const std::filesystem::path& take);
-  void end(const QString& failure);
+  void end(const TransferJob::End& how);
 
   QWidget& _window;
   StatusLine& _status;

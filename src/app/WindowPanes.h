@@ -101,5 +101,6 @@ struct WindowPanes {
                           browser,
                           &owner};
   WindowStart start{browser, commands, take, &owner};
-  Announcements announcements{*view.announcer, {device, desk, *view.player->lblStatus}, &owner};
+  Announcements announcements{
+      *view.announcer, {device, desk, batch, cards, repair, *view.player->lblStatus}, &owner};
 };

@@ -46,6 +46,7 @@ void BatchDesk::order(const std::vector<ExportOrder>& orders, unsigned atOnce) {
   _queue.setAtOnce(std::min({before, _most, std::size_t{atOnce}}));
   if (!_model.isBusy()) {
     _began = _clock();
+    _writtenBefore = _model.count(QueueModel::State::Written);
     _failedBefore = _model.count(QueueModel::State::Failed);
   }
   for (const ExportOrder& order : orders) _queue.add(order);
@@ -76,8 +77,8 @@ void BatchDesk::finish(int id, const ExportOrder& order, const ExportResult& res
 
 void BatchDesk::end() {
   refresh();
-  const std::size_t failures = _model.count(QueueModel::State::Failed) - _failedBefore;
-  const auto count = static_cast<int>(failures);
+  const auto written = static_cast<int>(_model.count(QueueModel::State::Written) - _writtenBefore);
+  const auto count = static_cast<int>(_model.count(QueueModel::State::Failed) - _failedBefore);
   if (count > 0) {
     _panel->show();
     emit failed(count == 1 ? tr("One take was not exported.")
@@ -85,6 +86,7 @@ void BatchDesk::end() {
   } else if (!_panel->isVisible()) {
     _model.clear();
   }
+  emit ended(written, count);
 }
 
 void BatchDesk::cancel(const std::vector<int>& ids) {

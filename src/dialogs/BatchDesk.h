@@ -23,7 +23,8 @@
 /// the panel with the queue.
 ///
 /// With each export that is written "EB_RELOAD_FILE_LIST" is fired. When the last order has ended
-/// and some failed, the panel is shown again and `failed` comes. Interface thread.
+/// and some failed, the panel is shown again and `failed` comes; then, or else, `ended`. Interface
+/// thread.
 class BatchDesk : public QObject {
   Q_OBJECT
 
@@ -43,6 +44,9 @@ class BatchDesk : public QObject {
  signals:
   /// Some were not exported; `why` is a sentence for the window's quiet line.
   void failed(const QString& why);
+  /// Nothing of a batch runs or waits any more. Both count since something was ordered where
+  /// nothing was under way; what was cancelled is neither.
+  void ended(int written, int failed);
   void showInFolderRequested(const std::vector<std::filesystem::path>& files);
 
  private:
@@ -58,7 +62,8 @@ class BatchDesk : public QObject {
   QWidget& _window;
   SteadyTime::Clock _clock;
   std::chrono::milliseconds _began{0};
-  std::size_t _failedBefore = 0;  ///< lines of what was over before
+  std::size_t _writtenBefore = 0;  ///< lines of what was over before
+  std::size_t _failedBefore = 0;
   std::size_t _most = std::numeric_limits<std::size_t>::max();
   QueueModel _model;
   std::unique_ptr<QueuePanel> _panel;

@@ -178,7 +178,14 @@ void TransferPanel::finish(const TransferJob::End& end) {
   _complaint->setText(end.complaint);
   showStage(end.summary.isEmpty() ? Stage::Choosing : Stage::Done);
   if (!isVisible()) show();
-  emit ended();
+  emit ended(inShort(end));
+}
+
+// A summary has no full stop, a complaint is sentences.
+QString TransferPanel::inShort(const TransferJob::End& end) const {
+  if (end.summary.isEmpty()) return tr("%1: %2").arg(_words.title, end.complaint);
+  if (end.complaint.isEmpty()) return tr("%1: %2.").arg(_words.title, end.summary);
+  return tr("%1: %2. %3").arg(_words.title, end.summary, end.complaint);
 }
 
 void TransferPanel::showStage(Stage stage) {

@@ -46,7 +46,8 @@ class TransferPanel : public DialogWindow {
 
  signals:
   void begun();
-  void ended();
+  /// What came of it, in short.
+  void ended(const QString& inShort);
   void showInFolderRequested(const std::vector<std::filesystem::path>& files);
 
  protected:
@@ -67,6 +68,7 @@ class TransferPanel : public DialogWindow {
   [[nodiscard]] QString stateText(const TransferJob::Progress& progress) const;
   void add(const std::vector<TransferJob::Line>& lines);
   void finish(const TransferJob::End& end);
+  [[nodiscard]] QString inShort(const TransferJob::End& end) const;
   void showInFolder();
 
   Words _words;

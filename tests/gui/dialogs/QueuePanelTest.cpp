@@ -27,6 +27,9 @@ class QueuePanelTest : public DialogFixture {
     _batch->setMost(1);
     QObject::connect(_batch.get(), &BatchDesk::failed,
                      [this](const QString& why) { _failures.push_back(why.toStdString()); });
+    QObject::connect(_batch.get(), &BatchDesk::ended, [this](int written, int failed) {
+      _ends.push_back({written, failed});
+    });
   }
   ~QueuePanelTest() override {
     _queue->cancelAll();
@@ -79,6 +82,7 @@ class QueuePanelTest : public DialogFixture {
   std::unique_ptr<BatchDesk> _batch;
   QPointer<QueuePanel> _panel;
   std::vector<std::string> _failures;
+  std::vector<std::pair<int, int>> _ends;  ///< how many were written, and failed
 };
 
 TEST_F(QueuePanelTest, HasALineATakeWithItsProgressAndWhatCameOfIt) {
@@ -130,6 +134,7 @@ TEST_F(QueuePanelTest, AllAreCancelled) {
   click(*_panel, "Cancel all");
   waitForEnd();
   EXPECT_THAT(lines(), ElementsAre("a.WAV: Cancelled", "b.WAV: Cancelled", "c.WAV: Cancelled"));
+  EXPECT_THAT(_ends, ElementsAre(std::pair(0, 0)));
   EXPECT_THAT(_folder.names(), ElementsAre("a.WAV", "b.WAV", "c.WAV"));
   click(*_panel, "Close");
   EXPECT_FALSE(_panel->isVisible());
@@ -191,6 +196,7 @@ TEST_F(QueuePanelTest, WhatFailedBeforeIsNotToldOnceMore) {
   waitForEnd();
   EXPECT_EQ(summary(), "2 of 3 exported, 1 failed");
   EXPECT_EQ(_failures.size(), 1U);
+  EXPECT_THAT(_ends, ElementsAre(std::pair(1, 1), std::pair(1, 0)));
 }
 
 TEST_F(QueuePanelTest, AFolderThatGoesFailsTheRest) {
