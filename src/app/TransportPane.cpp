@@ -3,6 +3,8 @@
 
 #include "app/TransportPane.h"
 
+#include <cmath>
+
 #include "app/MainViewParts.h"
 #include "base/Placeholder.h"
 #include "controls/NumberText.h"
@@ -12,6 +14,7 @@ namespace {
 
 constexpr int kTimeRefresh = 200;     // ms
 constexpr double kIdleOpacity = 0.5;  // of what belongs to a take, without one
+constexpr double kOwnJump = 0.001;    // s: the player jumps to a frame, the slider between two
 
 // "Raw M/S · 24-bit · 48 kHz"
 QString describe(const WaveFileReader& reader) {
@@ -42,6 +45,11 @@ TransportPane::TransportPane(PlayerView& view, TakeSession& take, QObject* paren
   connect(&_take, &TakeSession::opened, this, &TransportPane::showTake);
   connect(&_take, &TakeSession::closed, this, &TransportPane::showIdle);
   connect(&_take, &TakeSession::stateChanged, this, &TransportPane::showState);
+  // Another one's than the slider's: during a pause no timer looks.
+  connect(&_take, &TakeSession::jumped, this, [this] {
+    const double off = std::abs(_view.sliderTime->value() - _take.position()) * _take.duration();
+    if (_take.state() == TakeSession::State::Paused && off > kOwnJump) refresh();
+  });
   showIdle();
 }
 

@@ -28,6 +28,7 @@ WaveformPane::WaveformPane(PlayerView& view, TakeSession& take, MeasuredTake& me
   connect(&_take, &TakeSession::opening, this, &WaveformPane::showIdle);
   connect(&_take, &TakeSession::closed, this, &WaveformPane::showIdle);
   connect(&_take, &TakeSession::stateChanged, this, &WaveformPane::showState);
+  connect(&_take, &TakeSession::jumped, this, &WaveformPane::refresh);
   connect(&_take, &TakeSession::soundChanged, this, &WaveformPane::draw);
   connect(&_measured, &MeasuredTake::measured, this, &WaveformPane::draw);
   connect(&_reading, &WaveformReading::closeUpRead, this, &WaveformPane::draw);

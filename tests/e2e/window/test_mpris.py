@@ -189,6 +189,15 @@ class MprisTest(SoundingCase):
         self.assertAlmostEqual(remote.wait_jump(), 20 * SECOND, delta=1000)
         remote.do("Seek", "(x)", -100 * SECOND)
         self.assertAlmostEqual(remote.wait_jump(), 0, delta=1000)
+        # The window shows them, also during a pause, and goes on from there.
+        self.playerctl("position", "30")
+        remote.wait_jump()
+        self.program_.wait_label("00:00:30")
+        for name in ("Position", "Waveform"):
+            slider = self.program_.find("slider", name)
+            self.program_.wait(lambda: abs(slider.value - 30) < 0.1, name)
+        self.program_.key("Right")
+        self.assertAlmostEqual(remote.wait_jump(), 31 * SECOND, delta=SECOND // 10)
 
     def test_jumps_of_the_window_and_the_end_are_told(self):
         remote = self.open_first()
