@@ -9,6 +9,7 @@
 #include <limits>
 
 #include "app/MeasuredTake.h"
+#include "app/PictureTimer.h"
 
 namespace {
 
@@ -106,8 +107,13 @@ double WindowPictures::percentOfACore(double seconds) {
 
 void WindowPictures::rest(std::initializer_list<const char*> timers, bool areResting) {
   for (const char* const name : timers) {
-    auto& timer = *_window.controller().findChild<QTimer*>(QString::fromLatin1(name));
-    areResting ? timer.stop() : timer.start();
+    const QObject& owner = _window.controller();
+    if (auto* const timer = owner.findChild<QTimer*>(QString::fromLatin1(name))) {
+      areResting ? timer->stop() : timer->start();
+      continue;
+    }
+    auto& timer = *owner.findChild<PictureTimer*>(QString::fromLatin1(name));
+    areResting ? timer.stop() : timer.start(timer.interval());
   }
 }
 
