@@ -26,7 +26,7 @@ void PicturePace::begin(Milliseconds now) {
 }
 
 PicturePace::Milliseconds PicturePace::next(Milliseconds now, double interval) {
-  const double time = static_cast<double>(now.count());
+  const auto time = static_cast<double>(now.count());
   const double step = interval * kMilliseconds;
   _due += step * std::max(1.0, std::ceil((time - _due) / step));
   return Milliseconds(std::max(1LL, std::llround(_due - time)));

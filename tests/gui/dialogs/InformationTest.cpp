@@ -9,6 +9,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
+#include <optional>
 #include <type_traits>
 
 #include "DialogFixture.h"
@@ -61,9 +62,10 @@ class InformationTest : public DialogFixture {
     expectInTheMiddle(dialog, frame);
     expectNothingCut(dialog);
   }
-  /// In a font of this many pixels, the lines that each wrapped text of the dialog takes.
+  /// In a font of this many pixels, the lines that each wrapped text of the dialog takes; none
+  /// where it does not fit the screen.
   template <typename Dialog>
-  std::vector<int> linesIn(int pixels) {
+  std::optional<std::vector<int>> linesIn(int pixels) {
     QFont font = Appearance::font();
     font.setPixelSize(pixels);
     QApplication::setFont(font);
@@ -75,9 +77,19 @@ class InformationTest : public DialogFixture {
       if (!label->text().isEmpty())
         lines.push_back(label->height() / label->fontMetrics().lineSpacing());
     }
+    const bool isScrolled = dialog->template findChild<QScrollArea*>() != nullptr;
     dialog->close();
     QApplication::setFont(Appearance::font());
-    return lines;
+    return isScrolled ? std::nullopt : std::optional(lines);
+  }
+  template <typename Dialog>
+  void expectSameLinesInALargerFont() {
+    const auto lines = linesIn<Dialog>(26);
+    if (lines) {
+      EXPECT_EQ(linesIn<Dialog>(13), lines);
+    } else {
+      EXPECT_GT(qGuiApp->devicePixelRatio(), 1) << "a screen of 800 x 800 has room for it";
+    }
   }
   static bool isGone(const QPointer<IntroductionVC>& dialog) {
     return waitUntil([&] { return dialog.isNull(); });
@@ -98,10 +110,10 @@ TEST_F(InformationTest, AllLookTheSameInTheMiddleOfTheWindow) {
 }
 
 TEST_F(InformationTest, ALargerFontGetsLargerDialogsNotMoreLines) {
-  EXPECT_EQ(linesIn<AboutVC>(13), linesIn<AboutVC>(26));
-  EXPECT_EQ(linesIn<NodeviceVC>(13), linesIn<NodeviceVC>(26));
-  EXPECT_EQ(linesIn<IntroductionVC>(13), linesIn<IntroductionVC>(26));
-  EXPECT_EQ(linesIn<HelpVC>(13), linesIn<HelpVC>(26));
+  expectSameLinesInALargerFont<AboutVC>();
+  expectSameLinesInALargerFont<NodeviceVC>();
+  expectSameLinesInALargerFont<IntroductionVC>();
+  expectSameLinesInALargerFont<HelpVC>();
 }
 
 // With a title over it.
