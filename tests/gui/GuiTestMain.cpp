@@ -7,7 +7,10 @@
 #include <QEvent>
 #include <QFont>
 #include <QObject>
+#include <QTemporaryFile>
 #include <QWidget>
+#include <algorithm>
+#include <cmath>
 
 #include "base/FreedMemory.h"
 #include "controls/Language.h"
@@ -29,6 +32,20 @@ class Covered : public QObject {
   }
 };
 
+/// What the offscreen platform reads: a screen that holds 800 x 800 of the toolkit's pixels at
+/// every scale factor, as whoever enlarges everything has a screen for it.
+void writeScreen(QTemporaryFile& file) {
+  const double scale = std::max(1.0, qEnvironmentVariable("QT_SCALE_FACTOR").toDouble());
+  const int side = static_cast<int>(std::lround(800 * scale));
+  file.open();
+  file.write(
+      QStringLiteral(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": %1, "height": %1,
+                             "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})")
+          .arg(side)
+          .toUtf8());
+  file.close();
+}
+
 }  // namespace
 
 #ifdef MIXDECK_THREAD_SANITIZED
@@ -42,7 +59,9 @@ extern "C" void __sanitizer_free_hook(const volatile void* block) {
 
 int main(int argc, char** argv) {
   FreedMemory::goesBack();  // as in the program
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QTemporaryFile screen;
+  writeScreen(screen);
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screen.fileName().toUtf8());
   testing::InitGoogleMock(&argc, argv);
   QApplication application(argc, argv);
   Covered covered;
