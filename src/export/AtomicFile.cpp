@@ -184,14 +184,16 @@ bool AtomicFile::openNamed() {
 }
 
 // The lock tells others that the file is in use. One of them may have taken it for a leftover
-// before it was locked: then it has no name any more, and another attempt is made.
+// before it was locked: then it has the lock, or there is no name any more, and another attempt is
+// made. Where files cannot be locked nobody takes any away.
 bool AtomicFile::createNamed() {
   _temporary = temporaryName(_folder);
   _file = open(_temporary.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, kNewFileMode);
   if (_file < 0) return errno == EEXIST ? false : fail(errno);
-  flock(_file, LOCK_EX | LOCK_NB);
+  const bool isTaken = flock(_file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
   struct stat status {};  // of the name: some file systems count no links
-  if (lstat(_temporary.c_str(), &status) == 0) return true;
+  if (!isTaken && lstat(_temporary.c_str(), &status) == 0) return true;
+  if (isTaken) unlink(_temporary.c_str());
   close(_file);
   _file = -1;
   return false;

@@ -186,6 +186,27 @@ TEST_F(AtomicFileFaultTest, LeavesNothingWhenTheRenameFails) {
   expectOldAlone();
 }
 
+// Whoever locks a file before its maker does will take its name away.
+TEST_F(AtomicFileFaultTest, WritesNoFileThatAnotherHasTakenForALeftover) {
+  EXPECT_EQ(inChild([this] {
+              return Confinement::refuseUnnamedFiles() &&
+                     Confinement::failSystemCall(SYS_flock, EWOULDBLOCK) &&
+                     isSame(save(at("new"), bytesOf("n")), "File exists");
+            }),
+            0);
+  expectOldAlone();
+}
+
+TEST_F(AtomicFileFaultTest, SavesWhereFilesCannotBeLocked) {
+  EXPECT_EQ(inChild([this] {
+              return Confinement::refuseUnnamedFiles() &&
+                     Confinement::failSystemCall(SYS_flock, ENOLCK) &&
+                     isSame(save(at("new"), bytesOf("n")), "");
+            }),
+            0);
+  EXPECT_EQ(TemporaryFolder::read(at("new")), bytesOf("n"));
+}
+
 TEST_F(AtomicFileFaultTest, LeavesNothingWhenTheNamingFails) {
   EXPECT_EQ(inChild([this] {
               return Confinement::failSystemCall(SYS_linkat, EIO) &&
