@@ -14,6 +14,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <limits>
+#include <mutex>
 #include <random>
 #include <string_view>
 #include <system_error>
@@ -228,10 +229,18 @@ bool AtomicFile::hasRoomFor(std::uint64_t bytes) {
 }
 
 // Only where files can be unnamed: such file systems set room aside without writing to it, and what
-// is not filled goes with the file. FAT would be left with lost clusters by a power cut.
+// is not filled goes with the file. FAT would be left with lost clusters by a power cut. What two
+// have of a full disk before both are refused would be enough for one: whoever is refused tries
+// again while nobody else does.
 void AtomicFile::expect(std::uint64_t bytes) {
+  static std::mutex oneAtATime;
   if (_file < 0 || !_temporary.empty()) return;
-  static_cast<void>(fallocate(_file, FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(bytes)));
+  const auto setAside = [&] {
+    return fallocate(_file, FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(bytes)) == 0;
+  };
+  if (setAside() || errno != ENOSPC) return;
+  const std::lock_guard lock(oneAtATime);
+  setAside();
 }
 
 bool AtomicFile::write(std::span<const std::byte> bytes) {
