@@ -6,7 +6,8 @@
 usage: check_translations.py ROOT LUPDATE
 Copies the texts of translations/, brings the copies up to the sources, and complains of texts that
 are new there, gone, or without translation; of placeholders that differ from the English ones; of a
-key of a menu that a translation lacks; and of reasons that are told in English below the window
+key of a menu that a translation lacks; of texts for menus and shops of programs that one of the
+languages lacks; and of reasons that are told in English below the window
 which `Reason` does not know. Prints what is wrong; status 1 if anything is.
 """
 
@@ -21,6 +22,7 @@ from pathlib import Path
 
 PLACEHOLDER = re.compile(r"%L?(?:\d+|n)")
 KEY = re.compile(r"&[^&\s]")
+XML_LANGUAGE = "{http://www.w3.org/XML/1998/namespace}lang"
 REASONED = ("wav", "analysis", "export", "transfer", "queue", "playback", "folders", "midi")
 # What a reason is told by, or returned as, where these libraries are written.
 TELLS = re.compile(r"\b(?:return|fail|lose|because|failToOpen|errorText|whyNot|refuse|setReason|_failure|Failed"
@@ -110,6 +112,28 @@ def unknown_reasons(root):
     return [f"{path}: “{said}” is not among the reasons of Reason.cpp" for path, said in found]
 
 
+def of_the_desktop(root):
+    """The texts that menus and shops of programs show, each with its languages: the first of them in
+    English, which has no mark."""
+    entry, = (root / "resources").glob("*.desktop")
+    for name in ("GenericName", "Comment", "Keywords"):
+        found = re.findall(rf"^{name}(?:\[(\w+)\])?=.+", entry.read_text("utf-8"), re.MULTILINE)
+        yield f"{entry.name}: {name}", found
+    page, = (root / "resources").glob("*.metainfo.xml")
+    for parent in ElementTree.parse(page).getroot().iter():
+        texts = [each for each in parent if each.tag in ("summary", "caption", "p", "li")]
+        begins = [i for i, each in enumerate(texts) if XML_LANGUAGE not in each.attrib]
+        for first, next_one in zip(begins, [*begins[1:], None]):
+            yield (f"{page.name}: “{texts[first].text.strip()}”",
+                   [each.get(XML_LANGUAGE, "") for each in texts[first:next_one]])
+
+
+def unspoken(root, languages):
+    wanted = sorted(["", *languages])
+    return [f"{text} is not told once in each language" for text, found in of_the_desktop(root)
+            if sorted(found) != wanted]
+
+
 def main():
     root, lupdate = Path(sys.argv[1]), sys.argv[2]
     with tempfile.TemporaryDirectory() as folder:
@@ -118,6 +142,7 @@ def main():
                  for fault in faults_of(root / "translations" / path.name, path)]
     known = list(reasons(root))
     found += unknown_reasons(root)
+    found += unspoken(root, {path.stem.removeprefix("mixdeck_") for path in texts} - {"en"})
     if len(texts) < 6 or len(known) < 20:
         found.append(f"only {len(texts)} languages and {len(known)} reasons were found")
     print("\n".join(found) if found else f"{len(texts)} languages and {len(known)} reasons are whole")
