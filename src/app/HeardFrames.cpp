@@ -74,16 +74,32 @@ std::optional<std::span<const float>> HeardFrames::read(double from, double to,
     count += readFrames(sound.loop->first, wanted.turned, count);
   }
   const std::span<float> frames = std::span(_frames).first(2 * count);
-  decode(frames, sound);
+  const std::size_t inOrder = std::min<std::size_t>(count, wanted.count);
+  decode(wanted.first, frames.first(2 * inOrder), sound);
+  if (count > inOrder) decode(sound.loop->first, frames.subspan(2 * inOrder), sound);
   return frames;
 }
 
-void HeardFrames::decode(std::span<float> frames, const HeardSound& sound) const {
-  const float divisor = GainStage::factor(-sound.gain);
-  if (_reader->isBoMSFormat() && sound.solo == Solo::None) {
-    Kernels::decodeAndDivide(frames, SideGain::factor(sound.width), divisor, divisor);
+// What is set may have been turned since a part of them was filled.
+void HeardFrames::decode(std::uint64_t first, std::span<float> frames,
+                         const HeardSound& sound) const {
+  const PlayedSettings::Settings set{sound.width, std::lround(sound.gain), sound.solo};
+  while (!frames.empty()) {
+    const PlayedSettings::Piece piece = sound.played.at(first);
+    const std::size_t count = std::min<std::uint64_t>(frames.size() / 2, piece.end - first);
+    decodePiece(frames.first(2 * count), piece.settings.value_or(set));
+    frames = frames.subspan(2 * count);
+    first += count;
+  }
+}
+
+void HeardFrames::decodePiece(std::span<float> frames,
+                              const PlayedSettings::Settings& settings) const {
+  const float divisor = GainStage::factor(-static_cast<double>(settings.gain));
+  if (_reader->isBoMSFormat() && settings.solo == Solo::None) {
+    Kernels::decodeAndDivide(frames, SideGain::factor(settings.angle), divisor, divisor);
   } else {
-    if (_reader->isBoMSFormat()) SoloStage::apply(frames, sound.solo);
+    if (_reader->isBoMSFormat()) SoloStage::apply(frames, settings.solo);
     Kernels::divide(frames, divisor, divisor);
   }
 }

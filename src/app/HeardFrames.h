@@ -10,9 +10,10 @@
 #include "app/HeardSound.h"
 #include "wav/WaveFileReader.h"
 
-/// The frames of a take at a time, as they are heard: decoded at a width, with a gain, past the
-/// turn of a loop those of its beginning. From what is at hand, never waiting for the medium; no
-/// allocation once the longest stretch has been asked for. One thread.
+/// The frames of a take at a time, as they are heard: decoded at the width and with the gain that
+/// they were filled with for that, past the turn of a loop those of its beginning. From what is at
+/// hand, never waiting for the medium; no allocation once the longest stretch has been asked for.
+/// One thread.
 class HeardFrames {
  public:
   /// Of a valid file.
@@ -43,7 +44,8 @@ class HeardFrames {
   [[nodiscard]] double secondsAt(std::uint64_t frame) const;
   bool followFrames(std::uint64_t first, std::uint64_t count);
   std::size_t readFrames(std::uint64_t first, std::uint64_t count, std::size_t at);
-  void decode(std::span<float> frames, const HeardSound& sound) const;
+  void decode(std::uint64_t first, std::span<float> frames, const HeardSound& sound) const;
+  void decodePiece(std::span<float> frames, const PlayedSettings::Settings& settings) const;
 
   std::unique_ptr<WaveFileReader> _reader;
   std::vector<float> _frames;

@@ -147,7 +147,8 @@ void TakeSession::setSolo(Solo solo) {
 }
 
 HeardSound TakeSession::heardSound() const {
-  return {WaveFileReader::wholeAngle(_angle), static_cast<double>(_gain), _solo, _loop};
+  return {WaveFileReader::wholeAngle(_angle), static_cast<double>(_gain), _solo, _loop,
+          _player ? _player->played() : PlayedSettings()};
 }
 
 std::optional<FrameLoop> TakeSession::fitted(const FrameLoop& loop) const {

@@ -110,6 +110,12 @@ void WavePlayer::setPosition(double position) {
   if (wasPlaying) setState(PLAY_STATE_PLAY);
 }
 
+// Those that wait for their turn are filled anew by it where they are no longer in order.
+void WavePlayer::setLoop(const std::optional<FrameLoop>& loop) {
+  _loop = loop;
+  _player->setLoop(loop);
+}
+
 void WavePlayer::setVolume(double volume) {
   if (!(volume >= 0.0 && volume <= 1.0)) return;
   _volume = volume;

@@ -11,6 +11,7 @@
 #include "dsp/AdjustInfo.h"
 #include "dsp/SoloStage.h"
 #include "playback/AQPlayer.h"
+#include "playback/PlayedSettings.h"
 #include "wav/WavArray.h"
 #include "wav/WaveFileReader.h"
 
@@ -62,7 +63,7 @@ class WavePlayer {
   /// Goes to a fraction of the file. 1.0 ends it.
   void setPosition(double position);
   /// See `AQPlayer`.
-  void setLoop(const std::optional<FrameLoop>& loop) { _player->setLoop(loop); }
+  void setLoop(const std::optional<FrameLoop>& loop);
   /// Linear; ignored outside 0.0 to 1.0.
   void setVolume(double volume);
   void cleanUp();
@@ -94,6 +95,9 @@ class WavePlayer {
   /// What of a raw take is heard. Read by the next buffer; a change fades over 20 ms.
   [[nodiscard]] Solo solo() const { return _solo; }
   void setSolo(Solo solo) { _solo = solo; }
+
+  /// What was set when the frames were filled that are heard now, and those that are heard next.
+  [[nodiscard]] const PlayedSettings& played() const { return _played; }
 
   /// The reader of the same file; only its header and its Mid/Side flag are read.
   [[nodiscard]] const std::shared_ptr<const WaveFileReader>& reader() const { return _reader; }
@@ -149,6 +153,8 @@ class WavePlayer {
   std::int64_t _angle = 0;
   Solo _solo = Solo::None;
   Solo _soloBefore = Solo::None;  ///< of the buffer before
+  std::optional<FrameLoop> _loop;
+  PlayedSettings _played;
   std::shared_ptr<const WaveFileReader> _reader;
   std::weak_ptr<WavePlayerDelegate> _delegate;
   std::shared_ptr<WavePlayer*> _self;  ///< callbacks hold it weakly

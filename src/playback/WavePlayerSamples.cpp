@@ -112,8 +112,10 @@ void WavePlayer::processFrames(std::span<float> frames) {
 }
 
 void WavePlayer::processSampleBuffer(AudioQueueBuffer& buffer, const AudioFormat& info,
-                                     std::int64_t /*curPackage*/) {
+                                     std::int64_t curPackage) {
   if (buffer.data == nullptr) return;
+  _played.add(static_cast<std::uint64_t>(curPackage), buffer.packetDescriptionCount, _loop,
+              {_angle, _gain, _solo});
   if (info.bitsPerChannel == 24) {
     prepareFloatBuffer(buffer);
     convertByte24bit2Float(buffer);

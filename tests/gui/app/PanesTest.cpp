@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QMessageBox>
 #include <QTest>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -272,6 +273,11 @@ class Feed : public TakeFixture {
     feed.reset();
     TakeFixture::TearDown();
   }
+  /// What is set is heard from now on, not only once the buffers have been played that are full.
+  void fillAnew() {
+    session->seek(0);
+    while (!session->job()->reader()->follow(0, 0.5)) std::this_thread::yield();
+  }
   void setLevels(std::int64_t level) {
     view.lvlLeft->setLevel(level);
     view.lvlRight->setLevel(level);
@@ -285,8 +291,35 @@ TEST_F(Feed, MeasuresWhatIsAboutToBeHeard) {
   EXPECT_EQ(view.lvlLeft->level(), 42);
   EXPECT_EQ(view.lvlRight->level(), 36);
   session->setGain(6);
+  fillAnew();
   feed->update(LevelFeed::kInterval);
   EXPECT_EQ(view.lvlLeft->level(), 48);
+}
+
+// Buffers that are full are played as they were filled, up to 0.3 s later.
+TEST_F(Feed, ATurnCountsFromWhenItIsHeard) {
+  openAndLoad("a.WAV", false);
+  play(40);
+  session->setGain(7);
+  std::vector<std::pair<double, std::int64_t>> shown;
+  while (session->playedTime() < 0.6) {
+    feed->update(LevelFeed::kInterval);
+    shown.emplace_back(session->playedTime(), view.lvlLeft->level());
+    play(20);
+  }
+  const std::vector<float>& heard = output->played();
+  const auto louder =
+      std::ranges::find_if(heard, [&](float sample) { return sample > 1.01F * heard[0]; });
+  ASSERT_NE(louder, heard.end());
+  const double turned = static_cast<double>((louder - heard.begin()) / 2) / kRate;
+  EXPECT_GT(turned, 0.2) << "it is heard that late";
+  constexpr double kGlide = 0.02;
+  for (const auto& [time, level] : shown) {
+    const bool isAfter = time > turned + kGlide;
+    const bool isBefore = time + LevelFeed::kInterval < turned;
+    EXPECT_TRUE((level == 42 && !isAfter) || (level == 49 && !isBefore)) << level << " at " << time;
+  }
+  EXPECT_EQ(view.clipLeft->figure(), "+1.0");
 }
 
 TEST_F(Feed, MeasuresWithTheWidth) {
@@ -295,6 +328,7 @@ TEST_F(Feed, MeasuresWithTheWidth) {
   const auto mono = view.lvlLeft->level();
   EXPECT_EQ(view.lvlRight->level(), mono);
   session->setAngle(150.0);
+  fillAnew();
   feed->update(LevelFeed::kInterval);
   EXPECT_NE(view.lvlLeft->level(), view.lvlRight->level());
 }
@@ -333,11 +367,13 @@ TEST_F(Feed, ShowsWhatIsHeardAloneByTheRecordersRuleToo) {
   session->setAngle(120.0);
   feed->setByRecordersRule(true);
   session->setSolo(Solo::Side);
+  fillAnew();
   feed->update(LevelFeed::kInterval);
   EXPECT_EQ(view.lvlLeft->level(), 36) << "Side is 0.25";
   EXPECT_EQ(view.lvlRight->level(), 36);
   EXPECT_EQ(view.clipLeft->figure(), "–");
   session->setSolo(Solo::None);
+  fillAnew();
   feed->update(LevelFeed::kInterval);
   EXPECT_EQ(view.lvlLeft->level(), 46) << "0.75 is 2.5 dB under full scale";
 }
@@ -358,10 +394,12 @@ TEST_F(Feed, KeepsPeaksUntilTheyAreCleared) {
   EXPECT_EQ(view.clipRight->figure(), "-12.0");
   EXPECT_NEAR(view.lvlLeft->hold(), 48 - 6.02, 0.01);
   session->setGain(7);
+  fillAnew();
   feed->update(LevelFeed::kInterval);
   EXPECT_TRUE(view.clipLeft->isLit());
   EXPECT_FALSE(view.clipRight->isLit());
   session->setGain(-20);
+  fillAnew();
   feed->update(LevelFeed::kInterval);
   EXPECT_EQ(view.clipLeft->figure(), "+1.0") << "held";
   session->play();
@@ -371,6 +409,7 @@ TEST_F(Feed, KeepsPeaksUntilTheyAreCleared) {
   EXPECT_EQ(view.clipLeft->figure(), "–");
   EXPECT_EQ(view.lvlLeft->hold(), 0);
   session->setGain(7);
+  fillAnew();
   feed->update(LevelFeed::kInterval);
   EXPECT_TRUE(view.clipLeft->isLit());
   session->setGain(-20);

@@ -82,6 +82,7 @@ TEST_F(SoloTest, IsWhatMetersAndWaveformShow) {
   openTake();
   waitFor([this] { return view().player->waveform->columns().columns.size() > 10; }, "a picture");
   press(Qt::Key_S);
+  play(400);
   updateMeters();
   EXPECT_EQ(stage().lvlLeft->level(), 36) << "0.25 is -12 dB";
   EXPECT_EQ(stage().lvlRight->level(), 36);
