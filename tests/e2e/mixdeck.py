@@ -146,6 +146,15 @@ def without_unnamed_files():
     install_filter(steps)
 
 
+def with_mounts():
+    """What to put before the words of a program that may mount something that it alone sees; None where no
+    program may."""
+    words = ["unshare", "--mount", *([] if os.geteuid() == 0 else ["--map-root-user"])]
+    done = subprocess.run([*words, "mount", "-t", "tmpfs", "none", "/mnt"], capture_output=True,
+                          check=False)
+    return words if done.returncode == 0 else None
+
+
 def without_internet():
     """For a child: from now on whoever asks for a socket of the internet, or for what goes over the wire, is
     ended by SIGSYS."""

@@ -64,6 +64,21 @@ class CardCase(Case):
                     found[os.path.relpath(path, self.path(folder))] = file.read()
         return found
 
+    def is_reading(self, process, name):
+        folder = f"/proc/{process.pid}/fd"
+        try:
+            return any(self.is_file(os.path.join(folder, number), self.path("card", name))
+                       for number in os.listdir(folder))
+        except PermissionError:  # while it becomes a program that sees another disk
+            return False
+
+    @staticmethod
+    def is_file(opened, path):
+        try:
+            return os.path.samefile(opened, path)
+        except FileNotFoundError:
+            return False
+
     def generations(self):
         folder = self.path("home", "ascmhl")
         return sorted(os.path.join(folder, name) for name in os.listdir(folder)
@@ -343,16 +358,6 @@ class InterruptedTest(CardCase):
             self.expect(0, "verify", "home", out="7 right\n", err="")
         self.assertEqual(killed, KILLS)
         print(f"{killed} kills in the middle of a copy: {some} times some takes were there")
-
-    def is_reading(self, process, name):
-        folder = f"/proc/{process.pid}/fd"
-        for number in os.listdir(folder):
-            try:
-                if os.readlink(os.path.join(folder, number)) == self.path("card", name):
-                    return True
-            except FileNotFoundError:
-                pass
-        return False
 
     def pull_the_card_out(self, first=lambda: None):
         """What a copy says when the card is gone, after `first`, in the middle of its fourth take."""

@@ -10,7 +10,7 @@ import subprocess
 import time
 import unittest
 
-from mixdeck import CLI, Case, as_nobody, pack24, recording, without_threads
+from mixdeck import CLI, Case, as_nobody, pack24, recording, with_mounts, without_threads
 
 MIB = 1 << 20
 FOLDER = "name another folder with --output-dir"
@@ -20,20 +20,13 @@ def limit(size):
     return lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (size, size))
 
 
-def can_mount():
-    words = ["unshare", "--mount", *([] if os.geteuid() == 0 else ["--map-root-user"])]
-    done = subprocess.run([*words, "mount", "-t", "tmpfs", "none", "/mnt"], capture_output=True,
-                          check=False)
-    return words if done.returncode == 0 else None
-
-
 class SmallDiskTest(Case):
     """On a disk of 1 MiB; where none can be mounted, under a limit on file sizes."""
 
     def setUp(self):
         super().setUp()
         os.mkdir(self.path("out"))
-        self.mount = can_mount()
+        self.mount = with_mounts()
         self.reason = (f"No space left on device; make room there, or {FOLDER}" if self.mount else
                        f"File too large; {FOLDER}")
 

@@ -12,6 +12,7 @@ from mixdeck import FIRST_SAMPLE, PLAIN, RAW, Case, bext, chunk, fmt, pack24, un
 SAMPLES = pack24([1000, -1000] * 48000)
 LABEL = b"labl" + struct.pack("<II", 10, 1) + b"River\0"
 MARKS = struct.pack("<III4sIII", 1, 1, 24000, b"data", 0, 0, 24000)
+HISTORY = RAW.replace("MSRAW=ON", "MSRAW=DECODED") + "\r\n" + PLAIN  # of an export that keeps it
 NAME = b"INFOINAM" + struct.pack("<I", 8) + b"By dawn\0"
 
 
@@ -46,8 +47,7 @@ class MetadataTest(Case):
         bext_ = info["bext"]
         self.assertEqual((bext_["OriginationDate"], bext_["OriginationTime"],
                           bext_["TimeReference"]), ("2026-05-04", "03:02:01", 99))
-        self.assertEqual(bext_["CodingHistory"],
-                         RAW.replace("MSRAW=ON", "MSRAW=DECODED") + "\r\n" + PLAIN)
+        self.assertEqual(bext_["CodingHistory"], HISTORY)
 
     def test_the_size_is_told_beforehand(self):
         size = len(self.export("--keep-metadata"))
@@ -77,22 +77,27 @@ class MetadataTest(Case):
     def test_ffprobe(self):
         self.export("--keep-metadata")
         said = json.loads(subprocess.run(
-            ["ffprobe", "-v", "error", "-of", "json", "-show_format", "-show_streams",
+            ["ffprobe", "-v", "error", "-of", "json", "-show_format", "-show_streams", "-show_chapters",
              self.path("R0001_Decode.WAV")], capture_output=True, text=True, check=True).stdout)
         tags = said["format"]["tags"]
         self.assertEqual((tags["date"], tags["creation_time"], tags["time_reference"]),
                          ("2026-05-04", "03:02:01", "99"))
-        self.assertIn("MSRAW=DECODED", tags["coding_history"])
+        self.assertEqual(tags["coding_history"], HISTORY)
         self.assertEqual(tags["title"], "By dawn")
         self.assertEqual(said["streams"][0]["duration_ts"], 48000)
+        (mark,) = said["chapters"]
+        self.assertEqual((float(mark["start_time"]), mark["tags"]["title"]), (0.5, "River"))
 
     def test_mediainfo(self):
         self.export("--keep-metadata")
         said = subprocess.run(["mediainfo", "--Output=JSON", self.path("R0001_Decode.WAV")],
                               capture_output=True, text=True, check=True).stdout
-        general = json.loads(said)["media"]["track"][0]
+        general, sound = json.loads(said)["media"]["track"]
         self.assertIn("2026-05-04 03:02:01", general["Encoded_Date"])
         self.assertEqual(general["Title"], "By dawn")
+        self.assertEqual(general["Encoded_Library_Settings"].split(" / "), HISTORY.split("\r\n"))
+        self.assertAlmostEqual(float(sound["Delay"]), 99 / 48000, places=3)
+        self.assertIn("bext", sound["Delay_Source"])
 
     def test_libsndfile(self):
         self.export("--keep-metadata")
@@ -100,9 +105,14 @@ class MetadataTest(Case):
                               capture_output=True, text=True, check=True).stdout
         self.assertIn("2026-05-04", said)
         self.assertIn("03:02:01", said)
-        said = subprocess.run(["sndfile-info", "--cuepoints", self.path("R0001_Decode.WAV")],
-                              capture_output=True, text=True, check=False).stdout
-        self.assertIn("24000", said)
+        self.assertIn(HISTORY.replace("\r\n", "\n"), said)
+        said = subprocess.run(["sndfile-info", self.path("R0001_Decode.WAV")],
+                              capture_output=True, text=True, check=True).stdout
+        self.assertRegex(said, r"Cue ID : +1 +Pos : 24000 .* Offset : 24000\n")
+        self.assertIn("labl : 1 : River\n", said)
+        said = subprocess.run(["sndfile-info", "--broadcast", self.path("R0001_Decode.WAV")],
+                              capture_output=True, text=True, check=True).stdout
+        self.assertRegex(said, r"Time ref +: 0x0*63 \(0\.002063 seconds\)\n")
 
     def test_an_audio_editor(self):
         content = self.export("--keep-metadata")

@@ -108,6 +108,12 @@ int noteSynced(int file, int result) {
   return result;
 }
 
+int noteAdvised(int file, off_t offset, off_t size, int advice, int result) {
+  const bool isDrop = advice == POSIX_FADV_DONTNEED && offset == 0 && size == 0;
+  if (logFile >= 0 && isDrop && result == 0) note({.kind = Kind::Drop, .file = fileOf(file)});
+  return result;
+}
+
 int noteRenamed(const char* from, const char* to, int result) {
   if (logFile >= 0 && result == 0)
     note({.kind = Kind::Rename, .name = lastPart(from), .newName = lastPart(to)});
@@ -190,6 +196,15 @@ int fsync(int file) {
 int fdatasync(int file) {
   static const auto kReal = real<int (*)(int)>("fdatasync");
   return noteSynced(file, kReal(file));
+}
+
+int posix_fadvise(int file, off_t offset, off_t size, int advice) noexcept {
+  static const auto kReal = real<int (*)(int, off_t, off_t, int)>("posix_fadvise");
+  return noteAdvised(file, offset, size, advice, kReal(file, offset, size, advice));
+}
+
+int posix_fadvise64(int file, off64_t offset, off64_t size, int advice) noexcept {
+  return posix_fadvise(file, offset, size, advice);
 }
 
 int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept {

@@ -7,10 +7,12 @@
 #include <string>
 #include <vector>
 
-/// One call that changes what a disk holds, or what it may forget. Files are known by their inode,
-/// names stand without their folder.
+/// One call that changes what a disk holds, what it may forget, or what is read from it. Files are
+/// known by their inode, names stand without their folder.
 struct DiskCall {
-  enum class Kind : std::uint32_t { Open, Close, Write, Sync, Name, Rename, Remove };
+  /// Drop: the system is asked to forget what it holds of the whole file, so that it is read from
+  /// the disk; of what was not synced it forgets nothing.
+  enum class Kind : std::uint32_t { Open, Close, Write, Sync, Drop, Name, Rename, Remove };
 
   Kind kind = Kind::Open;
   std::uint64_t file = 0;
