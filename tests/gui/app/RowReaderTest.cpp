@@ -12,6 +12,7 @@
 
 #include "WindowFixture.h"
 #include "base/Utility.h"
+#include "export/Export.h"
 #include "support/FirstMemory.h"
 #include "support/SlowReads.h"
 #include "takes/TakeMemory.h"
@@ -155,6 +156,30 @@ TEST_F(Rows, AnExportElsewhereIsNotedWithItsWidthGainAndDate) {
   startOnTakes();
   waitFor([this] { return isExported("R0001.WAV"); }, "the export, after a new start");
   EXPECT_NE(tip("R0001.WAV").find("width 90°"), std::string::npos);
+}
+
+// Mid 0.5 and Side 0.25 throughout: 0.75 to the left at width 120, 2.50 dB below full scale.
+TEST_F(Rows, TheGainThatAnExportFoundIsNotedToo) {
+  const auto source = take("R0001.WAV", 48'000);
+  startOnTakes();
+  waitForDuration("R0001.WAV", "00:01");
+  ExportOrder normalized = order(source, takes.path() / "Full.wav");
+  normalized.angle = 120;
+  normalized.isNormalized = true;
+  controller().exportQueue().add(normalized);
+  waitFor([this] { return tells("R0001.WAV", "Full.wav: width 120°, gain 2.5 dB"); }, "its gain");
+  ExportOrder aimed = order(source, takes.path() / "Loud.wav");
+  aimed.loudness = LoudnessTarget{-23, -1};
+  Export job(source);
+  job.setAngle(aimed.angle);
+  job.setLoudness(aimed.loudness);
+  const TemporaryFolder elsewhere;
+  job.setDirPath(elsewhere.path());
+  ASSERT_TRUE(job.export2File(elsewhere.path() / "other.wav", true, false));
+  const QString gain = QString::number(*job.loudnessGain()->gain(), 'f', 2);
+  const std::string told = "Loud.wav: width 90°, gain " + gain.toStdString() + " dB";
+  controller().exportQueue().add(aimed);
+  waitFor([&] { return tells("R0001.WAV", told); }, told.c_str());
 }
 
 TEST_F(Rows, ThatComeWhileOthersAreReadAreReadToo) {
