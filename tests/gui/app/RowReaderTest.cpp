@@ -7,6 +7,8 @@
 #include <QLocale>
 #include <QSignalSpy>
 #include <QTest>
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <fstream>
 
@@ -57,6 +59,16 @@ class Rows : public WindowFixture {
                                    [](std::byte a, char b) { return a == std::byte(b); });
     constexpr std::ptrdiff_t kDate = 64;  // behind originator and reference
     std::ranges::transform(date, found + kDate, [](char c) { return std::byte(c); });
+    takes.file(name, bytes);
+  }
+  /// Halves the sample rate that the take states, so that it takes twice as long.
+  void makeSlower(const std::string& name) const {
+    auto bytes = TemporaryFolder::read(takes.path() / name);
+    constexpr std::array kRate{std::byte{0x80}, std::byte{0xBB}, std::byte{0}, std::byte{0}};
+    const auto rate = std::search(bytes.begin(), bytes.end(), kRate.begin(), kRate.end());
+    ASSERT_NE(rate, bytes.end());
+    rate[0] = std::byte{0xC0};  // 24000
+    rate[1] = std::byte{0x5D};
     takes.file(name, bytes);
   }
   /// Exports the take to there, as with `order`, and waits until the list tells it.
@@ -120,6 +132,30 @@ TEST_F(Rows, AFileThatHasChangedIsReadAgain) {
   refresh();
   waitForDuration("R0001.WAV", "00:05");
   waitForDuration("R0002.WAV", "00:01");
+}
+
+TEST_F(Rows, AFileOfTheSameSizeAndTimeIsNotReadAgain) {
+  const auto path = take("R0001.WAV", 48'000 * 2);
+  const auto asWritten = std::filesystem::last_write_time(path);
+  startOnTakes();
+  waitForDuration("R0001.WAV", "00:02");
+  makeSlower("R0001.WAV");
+  std::filesystem::last_write_time(path, asWritten);
+  readAgain();
+  EXPECT_EQ(duration("R0001.WAV"), "00:02");
+}
+
+TEST_F(Rows, OneOfTheSameSizeAndAnotherTimeIs) {
+  const auto path = take("R0001.WAV", 48'000 * 2);
+  const auto asWritten = std::filesystem::last_write_time(path);
+  startOnTakes();
+  waitForDuration("R0001.WAV", "00:02");
+  const auto size = std::filesystem::file_size(path);
+  makeSlower("R0001.WAV");
+  std::filesystem::last_write_time(path, asWritten - std::chrono::milliseconds(10));
+  EXPECT_EQ(std::filesystem::file_size(path), size);
+  readAgain();
+  EXPECT_EQ(duration("R0001.WAV"), "00:04") << "also where it is an earlier one";
 }
 
 TEST_F(Rows, AnExportBesideItIsKnownByItsName) {
