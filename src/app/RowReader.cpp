@@ -7,6 +7,7 @@
 #include <QLocale>
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <ctime>
 #include <filesystem>
 #include <map>
@@ -60,10 +61,17 @@ QDateTime localTime(std::int64_t written) {
           QTime(local.tm_hour, local.tm_min, std::min(local.tm_sec, 59)), Qt::UTC};
 }
 
+// A gain that was found has many digits: two decimals of them, as the tool tells it.
+QString gainText(double decibels) {
+  constexpr int kHundredths = 100;
+  const double rounded = std::round(decibels * kHundredths) / kHundredths;
+  return NumberText::of(rounded == 0 ? 0 : rounded);
+}
+
 QString describeExport(const ExportNote& note, bool isRaw) {
   QStringList parts;
   if (isRaw && note.width) parts << RowReader::tr("width %1°").arg(static_cast<int>(*note.width));
-  if (note.gain) parts << RowReader::tr("gain %1 dB").arg(NumberText::of(*note.gain));
+  if (note.gain) parts << RowReader::tr("gain %1 dB").arg(gainText(*note.gain));
   parts << QLocale().toString(localTime(note.written), QLocale::ShortFormat);
   const QString name = PathText::nameOf(note.target);
   return RowReader::tr("Exported as %1: %2").arg(name, parts.join(QStringLiteral(", ")));
@@ -219,10 +227,8 @@ void RowReader::take(const std::vector<Row>& some) {
 // replaced may have been an export of another take.
 void RowReader::note(const ExportOrder& order, const ExportResult& result) {
   if (result.end != ExportResult::End::Written) return;
-  const bool hasGain = !order.isNormalized && !order.loudness;
-  const auto gain = hasGain ? std::optional(order.gain) : std::nullopt;
   if (_remembers.isChecked())
-    _keeper->noteExport({order.source, order.target, order.angle, gain, result.modified});
+    _keeper->noteExport({order.source, order.target, order.angle, result.gain, result.modified});
   const bool replaces = order.existing == AtomicFile::Existing::Replace && !order.isOfBatch;
   replaces ? begin() : readAgain(order.source.native());
 }

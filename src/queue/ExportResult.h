@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 /// What became of an order.
@@ -19,4 +20,7 @@ struct ExportResult {
   /// When the file that was written was changed last, as it tells it itself; seconds since 1970, 0
   /// of another end, or where it has gone already.
   std::int64_t modified = 0;
+  /// In dB, positive is louder: the one that was ordered, or that was found towards full scale or a
+  /// loudness. None of another end, and of a silent take at full scale.
+  std::optional<double> gain = std::nullopt;
 };

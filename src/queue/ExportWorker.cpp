@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -34,6 +35,11 @@ void prepare(Export& job, const ExportOrder& order, ExportWorker::Control& contr
   job.setKeepMetadata(order.keepsMetadata);
   job.setCancelFlag(&control.isCancelled);
   job.setProgress([&control](double done) { control.done = done; });
+}
+
+std::optional<double> gainOf(const Export& job, const ExportOrder& order) {
+  if (job.loudnessGain()) return job.loudnessGain()->gain();
+  return order.isNormalized ? job.normalizeGain() : job.gain();
 }
 
 std::int64_t modifiedOf(const std::filesystem::path& file) {
@@ -91,7 +97,7 @@ ExportResult ExportWorker::carryOut(const ExportOrder& order, Control& control) 
   logOptions(order);
   prepare(job, order, control);
   if (job.export2File(order.target, order.is24bit, order.isNormalized)) {
-    return {End::Written, {}, modifiedOf(order.target)};
+    return {End::Written, {}, modifiedOf(order.target), gainOf(job, order)};
   }
   if (job.wasCancelled()) return {End::Cancelled, {}};
   return {End::Failed, job.failure()};

@@ -11,7 +11,7 @@ struct ExportNote {
   std::filesystem::path source;
   std::filesystem::path target;
   std::optional<double> width;  ///< degrees; none where it is not known
-  std::optional<double> gain;   ///< dB; none where it was found by the export, or is not known
+  std::optional<double> gain;   ///< dB, as set or as found; none where it is not known
   std::int64_t written = 0;     ///< the target's own time of change then; seconds since 1970
 
   bool operator==(const ExportNote&) const = default;

@@ -7,11 +7,14 @@
 #include <QLocale>
 #include <QSignalSpy>
 #include <QTest>
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <fstream>
 
 #include "WindowFixture.h"
 #include "base/Utility.h"
+#include "export/Export.h"
 #include "support/FirstMemory.h"
 #include "support/SlowReads.h"
 #include "takes/TakeMemory.h"
@@ -56,6 +59,16 @@ class Rows : public WindowFixture {
                                    [](std::byte a, char b) { return a == std::byte(b); });
     constexpr std::ptrdiff_t kDate = 64;  // behind originator and reference
     std::ranges::transform(date, found + kDate, [](char c) { return std::byte(c); });
+    takes.file(name, bytes);
+  }
+  /// Halves the sample rate that the take states, so that it takes twice as long.
+  void makeSlower(const std::string& name) const {
+    auto bytes = TemporaryFolder::read(takes.path() / name);
+    constexpr std::array kRate{std::byte{0x80}, std::byte{0xBB}, std::byte{0}, std::byte{0}};
+    const auto rate = std::search(bytes.begin(), bytes.end(), kRate.begin(), kRate.end());
+    ASSERT_NE(rate, bytes.end());
+    rate[0] = std::byte{0xC0};  // 24000
+    rate[1] = std::byte{0x5D};
     takes.file(name, bytes);
   }
   /// Exports the take to there, as with `order`, and waits until the list tells it.
@@ -121,6 +134,30 @@ TEST_F(Rows, AFileThatHasChangedIsReadAgain) {
   waitForDuration("R0002.WAV", "00:01");
 }
 
+TEST_F(Rows, AFileOfTheSameSizeAndTimeIsNotReadAgain) {
+  const auto path = take("R0001.WAV", 48'000 * 2);
+  const auto asWritten = std::filesystem::last_write_time(path);
+  startOnTakes();
+  waitForDuration("R0001.WAV", "00:02");
+  makeSlower("R0001.WAV");
+  std::filesystem::last_write_time(path, asWritten);
+  readAgain();
+  EXPECT_EQ(duration("R0001.WAV"), "00:02");
+}
+
+TEST_F(Rows, OneOfTheSameSizeAndAnotherTimeIs) {
+  const auto path = take("R0001.WAV", 48'000 * 2);
+  const auto asWritten = std::filesystem::last_write_time(path);
+  startOnTakes();
+  waitForDuration("R0001.WAV", "00:02");
+  const auto size = std::filesystem::file_size(path);
+  makeSlower("R0001.WAV");
+  std::filesystem::last_write_time(path, asWritten - std::chrono::milliseconds(10));
+  EXPECT_EQ(std::filesystem::file_size(path), size);
+  readAgain();
+  EXPECT_EQ(duration("R0001.WAV"), "00:04") << "also where it is an earlier one";
+}
+
 TEST_F(Rows, AnExportBesideItIsKnownByItsName) {
   take("R0001.WAV");
   take("R0002.WAV");
@@ -155,6 +192,30 @@ TEST_F(Rows, AnExportElsewhereIsNotedWithItsWidthGainAndDate) {
   startOnTakes();
   waitFor([this] { return isExported("R0001.WAV"); }, "the export, after a new start");
   EXPECT_NE(tip("R0001.WAV").find("width 90°"), std::string::npos);
+}
+
+// Mid 0.5 and Side 0.25 throughout: 0.75 to the left at width 120, 2.50 dB below full scale.
+TEST_F(Rows, TheGainThatAnExportFoundIsNotedToo) {
+  const auto source = take("R0001.WAV", 48'000);
+  startOnTakes();
+  waitForDuration("R0001.WAV", "00:01");
+  ExportOrder normalized = order(source, takes.path() / "Full.wav");
+  normalized.angle = 120;
+  normalized.isNormalized = true;
+  controller().exportQueue().add(normalized);
+  waitFor([this] { return tells("R0001.WAV", "Full.wav: width 120°, gain 2.5 dB"); }, "its gain");
+  ExportOrder aimed = order(source, takes.path() / "Loud.wav");
+  aimed.loudness = LoudnessTarget{-23, -1};
+  Export job(source);
+  job.setAngle(aimed.angle);
+  job.setLoudness(aimed.loudness);
+  const TemporaryFolder elsewhere;
+  job.setDirPath(elsewhere.path());
+  ASSERT_TRUE(job.export2File(elsewhere.path() / "other.wav", true, false));
+  const QString gain = QString::number(*job.loudnessGain()->gain(), 'f', 2);
+  const std::string told = "Loud.wav: width 90°, gain " + gain.toStdString() + " dB";
+  controller().exportQueue().add(aimed);
+  waitFor([&] { return tells("R0001.WAV", told); }, told.c_str());
 }
 
 TEST_F(Rows, ThatComeWhileOthersAreReadAreReadToo) {

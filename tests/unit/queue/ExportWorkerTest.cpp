@@ -12,6 +12,7 @@
 #include <chrono>
 #include <latch>
 #include <memory>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -35,8 +36,10 @@ class ExportWorkerTest : public testing::Test {
   ExportOrder order(const std::filesystem::path& source) const {
     return {.source = source, .target = _folder.path() / "out.WAV", .gain = -3, .angle = 90};
   }
-  std::filesystem::path shortTake() const {
-    std::vector<std::int32_t> samples(2 * 4000);
+  std::filesystem::path shortTake() const { return take(4000); }
+  std::filesystem::path longEnoughForALoudness() const { return take(48'000); }
+  std::filesystem::path take(std::size_t frames) const {
+    std::vector<std::int32_t> samples(2 * frames);
     for (std::size_t i = 0; i < samples.size(); ++i) {
       samples[i] = static_cast<std::int32_t>((i * 7919) % 4'000'000) - 2'000'000;
     }
@@ -52,6 +55,13 @@ class ExportWorkerTest : public testing::Test {
     EXPECT_EQ(End::Written, worker.result().end);
     EXPECT_EQ("", worker.result().failure);
     EXPECT_EQ(1.0, worker.done());
+  }
+  /// Of what was exported by this order.
+  static std::optional<double> gainOf(const ExportOrder& order) {
+    const ExportWorker worker(order);
+    waitFor(worker);
+    EXPECT_EQ(End::Written, worker.result().end);
+    return worker.result().gain;
   }
   static void waitForBegin(const ExportWorker& worker) {
     while (worker.done() == 0.0 && !worker.isFinished()) std::this_thread::yield();
@@ -81,6 +91,33 @@ TEST_F(ExportWorkerTest, WritesWhatAJobWithTheSameSettingsWrites) {
       EXPECT_EQ(samplesOf("wanted.WAV"), samplesOf("out.WAV"));
     }
   }
+}
+
+TEST_F(ExportWorkerTest, TellsTheGainAsOrderedOrAsFound) {
+  ExportOrder order = this->order(longEnoughForALoudness());
+  order.existing = AtomicFile::Existing::Replace;
+  EXPECT_EQ(gainOf(order), -3);
+  order.isNormalized = true;
+  Export job(order.source);
+  job.setAngle(order.angle);
+  ASSERT_TRUE(job.export2File(order.target, true, true));
+  ASSERT_TRUE(job.normalizeGain());
+  EXPECT_EQ(gainOf(order), job.normalizeGain());
+  order.isNormalized = false;
+  order.loudness = LoudnessTarget{};
+  job.setLoudness(order.loudness);
+  ASSERT_TRUE(job.export2File(_folder.path() / "other.WAV", true, false));
+  ASSERT_TRUE(job.loudnessGain()->gain());
+  EXPECT_NE(job.loudnessGain()->gain(), job.normalizeGain());
+  EXPECT_EQ(gainOf(order), job.loudnessGain()->gain());
+}
+
+TEST_F(ExportWorkerTest, KnowsNoGainOfASilentTakeAtFullScale) {
+  const std::vector<std::int32_t> silence(2 * 4000);
+  ExportOrder order = this->order(_folder.file(
+      "in.wav", WaveBytes().format24().recorderBext().data(WaveBytes::samples24(silence)).get()));
+  order.isNormalized = true;
+  EXPECT_EQ(gainOf(order), std::nullopt);
 }
 
 TEST_F(ExportWorkerTest, AThreadThatIsRefusedIsAFailureWithAReason) {
