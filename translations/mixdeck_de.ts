@@ -97,10 +97,6 @@ MIT-Lizenz</translation>
             <numerusform>%n Takes sind exportiert.</numerusform>
         </translation>
     </message>
-    <message>
-        <source>%1 is salvaged into %2.</source>
-        <translation>%1 ist nach %2 gerettet.</translation>
-    </message>
 </context>
 <context>
     <name>BatchChoices</name>
@@ -1620,6 +1616,50 @@ MIT-Lizenz</translation>
         <source>There is not enough memory</source>
         <translation>Nicht genug Speicher</translation>
     </message>
+    <message>
+        <source>the data chunk states %1 bytes, the file holds %2</source>
+        <translation>der Daten-Chunk nennt %1 Byte, die Datei hat %2</translation>
+    </message>
+    <message>
+        <source>1 byte of half a frame at the end</source>
+        <translation>1 Byte eines halben Frames am Ende</translation>
+    </message>
+    <message>
+        <source>%1 bytes of half a frame at the end</source>
+        <translation>%1 Byte eines halben Frames am Ende</translation>
+    </message>
+    <message>
+        <source>%1 zero bytes at the end, where no sound was written</source>
+        <translation>%1 Null-Bytes am Ende, wo kein Ton geschrieben wurde</translation>
+    </message>
+    <message>
+        <source>the file states %1 bytes, and has %2</source>
+        <translation>die Datei nennt %1 Byte und hat %2</translation>
+    </message>
+    <message>
+        <source>%1 zero bytes after the end of the take</source>
+        <translation>%1 Null-Bytes nach dem Ende des Takes</translation>
+    </message>
+    <message>
+        <source>it does not begin as a WAVE file</source>
+        <translation>der Anfang ist nicht der einer WAVE-Datei</translation>
+    </message>
+    <message>
+        <source>its format has no frames</source>
+        <translation>das Format hat keine Frames</translation>
+    </message>
+    <message>
+        <source>there is no format chunk before the sound</source>
+        <translation>vor dem Ton ist kein Format-Chunk</translation>
+    </message>
+    <message>
+        <source>no sound is found in it (data chunk)</source>
+        <translation>darin ist kein Ton zu finden (Daten-Chunk)</translation>
+    </message>
+    <message>
+        <source>no sound was written to it</source>
+        <translation>es wurde kein Ton hineingeschrieben</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1681,6 +1721,14 @@ MIT-Lizenz</translation>
     <message>
         <source>Fail to save.</source>
         <translation>Speichern fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>What was found:</source>
+        <translation>Gefunden wurde:</translation>
+    </message>
+    <message>
+        <source>%1 is salvaged into %2.</source>
+        <translation>%1 ist nach %2 gerettet.</translation>
     </message>
 </context>
 <context>

@@ -97,10 +97,6 @@ Licencia MIT</translation>
             <numerusform>%n tomas exportadas.</numerusform>
         </translation>
     </message>
-    <message>
-        <source>%1 is salvaged into %2.</source>
-        <translation>%1 se ha rescatado en %2.</translation>
-    </message>
 </context>
 <context>
     <name>BatchChoices</name>
@@ -1620,6 +1616,50 @@ Licencia MIT</translation>
         <source>There is not enough memory</source>
         <translation>No hay suficiente memoria</translation>
     </message>
+    <message>
+        <source>the data chunk states %1 bytes, the file holds %2</source>
+        <translation>el chunk de datos indica %1 bytes, el archivo tiene %2</translation>
+    </message>
+    <message>
+        <source>1 byte of half a frame at the end</source>
+        <translation>1 byte de una trama incompleta al final</translation>
+    </message>
+    <message>
+        <source>%1 bytes of half a frame at the end</source>
+        <translation>%1 bytes de una trama incompleta al final</translation>
+    </message>
+    <message>
+        <source>%1 zero bytes at the end, where no sound was written</source>
+        <translation>%1 bytes a cero al final, donde no se escribió sonido</translation>
+    </message>
+    <message>
+        <source>the file states %1 bytes, and has %2</source>
+        <translation>el archivo indica %1 bytes y tiene %2</translation>
+    </message>
+    <message>
+        <source>%1 zero bytes after the end of the take</source>
+        <translation>%1 bytes a cero tras el final de la toma</translation>
+    </message>
+    <message>
+        <source>it does not begin as a WAVE file</source>
+        <translation>no empieza como un archivo WAVE</translation>
+    </message>
+    <message>
+        <source>its format has no frames</source>
+        <translation>su formato no tiene tramas</translation>
+    </message>
+    <message>
+        <source>there is no format chunk before the sound</source>
+        <translation>no hay chunk de formato antes del sonido</translation>
+    </message>
+    <message>
+        <source>no sound is found in it (data chunk)</source>
+        <translation>no se encuentra sonido en él (chunk de datos)</translation>
+    </message>
+    <message>
+        <source>no sound was written to it</source>
+        <translation>no se escribió sonido en él</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1681,6 +1721,14 @@ Licencia MIT</translation>
     <message>
         <source>Fail to save.</source>
         <translation>Error al guardar.</translation>
+    </message>
+    <message>
+        <source>What was found:</source>
+        <translation>Lo que se ha encontrado:</translation>
+    </message>
+    <message>
+        <source>%1 is salvaged into %2.</source>
+        <translation>%1 se ha rescatado en %2.</translation>
     </message>
 </context>
 <context>

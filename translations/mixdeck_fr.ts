@@ -97,10 +97,6 @@ Licence MIT</translation>
             <numerusform>%n prises sont exportées.</numerusform>
         </translation>
     </message>
-    <message>
-        <source>%1 is salvaged into %2.</source>
-        <translation>%1 est récupérée dans %2.</translation>
-    </message>
 </context>
 <context>
     <name>BatchChoices</name>
@@ -1620,6 +1616,50 @@ Licence MIT</translation>
         <source>There is not enough memory</source>
         <translation>La mémoire est insuffisante</translation>
     </message>
+    <message>
+        <source>the data chunk states %1 bytes, the file holds %2</source>
+        <translation>le chunk de données annonce %1 octets, le fichier en contient %2</translation>
+    </message>
+    <message>
+        <source>1 byte of half a frame at the end</source>
+        <translation>1 octet d’une trame incomplète à la fin</translation>
+    </message>
+    <message>
+        <source>%1 bytes of half a frame at the end</source>
+        <translation>%1 octets d’une trame incomplète à la fin</translation>
+    </message>
+    <message>
+        <source>%1 zero bytes at the end, where no sound was written</source>
+        <translation>%1 octets nuls à la fin, où aucun son n’a été écrit</translation>
+    </message>
+    <message>
+        <source>the file states %1 bytes, and has %2</source>
+        <translation>le fichier annonce %1 octets et en contient %2</translation>
+    </message>
+    <message>
+        <source>%1 zero bytes after the end of the take</source>
+        <translation>%1 octets nuls après la fin de la prise</translation>
+    </message>
+    <message>
+        <source>it does not begin as a WAVE file</source>
+        <translation>le début n’est pas celui d’un fichier WAVE</translation>
+    </message>
+    <message>
+        <source>its format has no frames</source>
+        <translation>son format n’a pas de trames</translation>
+    </message>
+    <message>
+        <source>there is no format chunk before the sound</source>
+        <translation>il n’y a pas de chunk de format avant le son</translation>
+    </message>
+    <message>
+        <source>no sound is found in it (data chunk)</source>
+        <translation>aucun son n’y est trouvé (chunk de données)</translation>
+    </message>
+    <message>
+        <source>no sound was written to it</source>
+        <translation>aucun son n’y a été écrit</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1681,6 +1721,14 @@ Licence MIT</translation>
     <message>
         <source>Fail to save.</source>
         <translation>Échec de l’enregistrement.</translation>
+    </message>
+    <message>
+        <source>What was found:</source>
+        <translation>Ce qui a été trouvé&#xa0;:</translation>
+    </message>
+    <message>
+        <source>%1 is salvaged into %2.</source>
+        <translation>%1 est récupérée dans %2.</translation>
     </message>
 </context>
 <context>
@@ -2178,15 +2226,15 @@ Licence MIT</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation>%1 : %2</translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1: %2.</source>
-        <translation>%1 : %2.</translation>
+        <translation>%1&#xa0;: %2.</translation>
     </message>
     <message>
         <source>%1: %2. %3</source>
-        <translation>%1 : %2. %3</translation>
+        <translation>%1&#xa0;: %2. %3</translation>
     </message>
 </context>
 <context>

@@ -96,10 +96,6 @@ MIT ライセンス</translation>
             <numerusform>%n 件のテイクを書き出しました。</numerusform>
         </translation>
     </message>
-    <message>
-        <source>%1 is salvaged into %2.</source>
-        <translation>%1 を %2 に復旧しました。</translation>
-    </message>
 </context>
 <context>
     <name>BatchChoices</name>
@@ -1614,6 +1610,50 @@ MIT ライセンス</translation>
         <source>There is not enough memory</source>
         <translation>メモリが足りません</translation>
     </message>
+    <message>
+        <source>the data chunk states %1 bytes, the file holds %2</source>
+        <translation>データチャンクは %1 バイトと示し、ファイルは %2 バイトです</translation>
+    </message>
+    <message>
+        <source>1 byte of half a frame at the end</source>
+        <translation>末尾に途中で切れたフレームの 1 バイトがあります</translation>
+    </message>
+    <message>
+        <source>%1 bytes of half a frame at the end</source>
+        <translation>末尾に途中で切れたフレームの %1 バイトがあります</translation>
+    </message>
+    <message>
+        <source>%1 zero bytes at the end, where no sound was written</source>
+        <translation>末尾に音が書き込まれていないゼロが %1 バイトあります</translation>
+    </message>
+    <message>
+        <source>the file states %1 bytes, and has %2</source>
+        <translation>ファイルは %1 バイトと示し、実際は %2 バイトです</translation>
+    </message>
+    <message>
+        <source>%1 zero bytes after the end of the take</source>
+        <translation>テイクの終わりの後にゼロが %1 バイトあります</translation>
+    </message>
+    <message>
+        <source>it does not begin as a WAVE file</source>
+        <translation>先頭が WAVE ファイルではありません</translation>
+    </message>
+    <message>
+        <source>its format has no frames</source>
+        <translation>フォーマットにフレームがありません</translation>
+    </message>
+    <message>
+        <source>there is no format chunk before the sound</source>
+        <translation>音の前にフォーマットチャンクがありません</translation>
+    </message>
+    <message>
+        <source>no sound is found in it (data chunk)</source>
+        <translation>音が見つかりません（データチャンク）</translation>
+    </message>
+    <message>
+        <source>no sound was written to it</source>
+        <translation>音が書き込まれていません</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1675,6 +1715,14 @@ MIT ライセンス</translation>
     <message>
         <source>Fail to save.</source>
         <translation>保存できませんでした。</translation>
+    </message>
+    <message>
+        <source>What was found:</source>
+        <translation>見つかった問題：</translation>
+    </message>
+    <message>
+        <source>%1 is salvaged into %2.</source>
+        <translation>%1 を %2 に復旧しました。</translation>
     </message>
 </context>
 <context>

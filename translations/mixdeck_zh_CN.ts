@@ -96,10 +96,6 @@ MIT 许可证</translation>
             <numerusform>%n 条录音已导出。</numerusform>
         </translation>
     </message>
-    <message>
-        <source>%1 is salvaged into %2.</source>
-        <translation>%1 已挽救到 %2。</translation>
-    </message>
 </context>
 <context>
     <name>BatchChoices</name>
@@ -1614,6 +1610,50 @@ MIT 许可证</translation>
         <source>There is not enough memory</source>
         <translation>内存不足</translation>
     </message>
+    <message>
+        <source>the data chunk states %1 bytes, the file holds %2</source>
+        <translation>数据块声明 %1 字节，文件有 %2 字节</translation>
+    </message>
+    <message>
+        <source>1 byte of half a frame at the end</source>
+        <translation>末尾有半帧，共 1 字节</translation>
+    </message>
+    <message>
+        <source>%1 bytes of half a frame at the end</source>
+        <translation>末尾有半帧，共 %1 字节</translation>
+    </message>
+    <message>
+        <source>%1 zero bytes at the end, where no sound was written</source>
+        <translation>末尾有 %1 个零字节，那里没有写入声音</translation>
+    </message>
+    <message>
+        <source>the file states %1 bytes, and has %2</source>
+        <translation>文件声明 %1 字节，实际有 %2 字节</translation>
+    </message>
+    <message>
+        <source>%1 zero bytes after the end of the take</source>
+        <translation>录音结束之后有 %1 个零字节</translation>
+    </message>
+    <message>
+        <source>it does not begin as a WAVE file</source>
+        <translation>开头不是 WAVE 文件</translation>
+    </message>
+    <message>
+        <source>its format has no frames</source>
+        <translation>其格式没有帧</translation>
+    </message>
+    <message>
+        <source>there is no format chunk before the sound</source>
+        <translation>声音之前没有格式块</translation>
+    </message>
+    <message>
+        <source>no sound is found in it (data chunk)</source>
+        <translation>其中找不到声音（数据块）</translation>
+    </message>
+    <message>
+        <source>no sound was written to it</source>
+        <translation>其中没有写入声音</translation>
+    </message>
 </context>
 <context>
     <name>RecorderSettings</name>
@@ -1675,6 +1715,14 @@ MIT 许可证</translation>
     <message>
         <source>Fail to save.</source>
         <translation>保存失败。</translation>
+    </message>
+    <message>
+        <source>What was found:</source>
+        <translation>发现的问题：</translation>
+    </message>
+    <message>
+        <source>%1 is salvaged into %2.</source>
+        <translation>%1 已挽救到 %2。</translation>
     </message>
 </context>
 <context>

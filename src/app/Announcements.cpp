@@ -14,7 +14,6 @@ Announcements::Announcements(Announcer& announcer, const Sources& sources, QObje
                                     : tr("The recorder is no longer connected."));
   });
   followExports(sources);
-  followRepair(sources.repair);
   connect(&sources.cards, &CardDesk::ended, &announcer, &Announcer::announce);
   connect(&sources.status, &StatusLine::said, &announcer, &Announcer::announce);
 }
@@ -31,13 +30,4 @@ void Announcements::followExports(const Sources& sources) {
       _announcer.announce(tr("%n takes are exported.", nullptr, written));
     }
   });
-}
-
-void Announcements::followRepair(const RepairOffer& repair) {
-  connect(
-      &repair, &RepairOffer::salvaged, this,
-      [this](const std::filesystem::path& take, const std::filesystem::path& target) {
-        _announcer.announce(
-            tr("%1 is salvaged into %2.").arg(PathText::nameOf(take), PathText::nameOf(target)));
-      });
 }

@@ -6,15 +6,14 @@
 
 #include "app/CardDesk.h"
 #include "app/DevicePane.h"
-#include "app/RepairOffer.h"
 #include "app/StatusLine.h"
 #include "controls/Announcer.h"
 #include "dialogs/BatchDesk.h"
 #include "dialogs/ExportDesk.h"
 
 /// What the window says by itself, for who does not see it: that a recorder came or went, that an
-/// export is written, what came of a batch, a copy and a verify, that a take is salvaged, and
-/// whatever the status line says, which is why exports and salvages failed. Interface thread.
+/// export is written, what came of a batch, a copy and a verify, and whatever the status line says,
+/// which is what came of a salvage and why exports failed. Interface thread.
 class Announcements : public QObject {
   Q_OBJECT
 
@@ -24,7 +23,6 @@ class Announcements : public QObject {
     const ExportDesk& desk;
     const BatchDesk& batch;
     const CardDesk& cards;
-    const RepairOffer& repair;
     const StatusLine& status;
   };
 
@@ -33,7 +31,6 @@ class Announcements : public QObject {
 
  private:
   void followExports(const Sources& sources);
-  void followRepair(const RepairOffer& repair);
 
   Announcer& _announcer;
 };

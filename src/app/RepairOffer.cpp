@@ -18,10 +18,21 @@
 
 namespace {
 
-double secondsOf(const TakeDiagnosis& diagnosis) {
-  if (diagnosis.frameBytes == 0 || diagnosis.sampleRate == 0) return 0;
+// Seconds, cut to tenths: the list and the player cut theirs, and would tell another length.
+QString lengthText(const TakeDiagnosis& diagnosis) {
+  if (diagnosis.frameBytes == 0 || diagnosis.sampleRate == 0) return NumberText::of(0, 1);
   const std::uint64_t frames = diagnosis.keptBytes / diagnosis.frameBytes;
-  return static_cast<double>(frames) / diagnosis.sampleRate;
+  const std::uint64_t tenths = 10 * frames / diagnosis.sampleRate;
+  return NumberText::of(static_cast<double>(tenths) / 10, 1);
+}
+
+// A line for each thing that was found.
+QString findingsText(const TakeDiagnosis& diagnosis) {
+  QStringList lines(RepairOffer::tr("What was found:"));
+  for (const std::string& finding : diagnosis.findings) {
+    lines << QStringLiteral("• ") + Reason::text(finding);
+  }
+  return lines.join(u'\n');
 }
 
 TransferJob::End failed(const std::string& why) {
@@ -34,7 +45,8 @@ TransferJob::End saved(const std::filesystem::path& take, const std::atomic<bool
   const std::shared_ptr<const WaveImage> image = WaveImage::fromFile(take, whyNot);
   if (!image) return failed(whyNot);
   const TakeDiagnosis diagnosis = TakeDiagnosis::of(*image, &cancel);
-  if (diagnosis.state != TakeDiagnosis::State::Broken) return failed(image->failure());
+  if (!image->failure().empty()) return failed(image->failure());
+  if (diagnosis.state != TakeDiagnosis::State::Broken) return failed(diagnosis.whyHopeless);
   TakeRepair repair(image, diagnosis);
   repair.setCancelFlag(&cancel);
   const bool isSaved = repair.save(TakeRepair::nameFor(take), AtomicFile::Existing::Refuse);
@@ -76,12 +88,13 @@ void RepairOffer::look(const std::filesystem::path& take) {
 }
 
 void RepairOffer::offer(const std::filesystem::path& take, const TakeDiagnosis& diagnosis) {
-  QMessageBox* const question = Alert::question(
-      &_window,
+  const QString offer =
       tr("The recording of %1 broke off. %2 s of sound can be salvaged into %3, beside it. The "
          "take itself stays as it is.")
-          .arg(PathText::nameOf(take), NumberText::of(secondsOf(diagnosis), 1),
-               PathText::nameOf(TakeRepair::nameFor(take))));
+          .arg(PathText::nameOf(take), lengthText(diagnosis),
+               PathText::nameOf(TakeRepair::nameFor(take)));
+  QMessageBox* const question =
+      Alert::question(&_window, offer + QStringLiteral("\n\n") + findingsText(diagnosis));
   QPushButton* const salvages = question->addButton(tr("Salvage"), QMessageBox::ActionRole);
   QPushButton* const later = question->addButton(tr("Not now"), QMessageBox::ActionRole);
   question->setDefaultButton(later);
@@ -117,6 +130,10 @@ void RepairOffer::end(const TransferJob::End& how) {
         tr("%1 was not saved: %2.").arg(PathText::nameOf(target), Reason::text(how.complaint)));
     Alert::show(&_window, tr("Fail to save."));
   }
-  if (how.isRight) emit salvaged(_salvaged, target);
+  if (how.isRight) {
+    _status.say(
+        StatusLine::Topic::Repair,
+        tr("%1 is salvaged into %2.").arg(PathText::nameOf(_salvaged), PathText::nameOf(target)));
+  }
   emit ended();
 }

@@ -17,9 +17,10 @@ class QMessageBox;
 struct TakeDiagnosis;
 
 /// Offers to salvage a take whose recording broke off, once it was opened or refused: into a new
-/// file beside it, which is then selected. The take itself is only read. Looked at and salvaged on
-/// a thread of its own, one take at a time; what is being salvaged ends with this, as a
-/// `TransferJob` does. Interface thread, which has an event loop.
+/// file beside it, which is then selected, and told by the status line until the next take is
+/// opened. The take itself is only read. Looked at and salvaged on a thread of its own, one take at
+/// a time; what is being salvaged ends with this, as a `TransferJob` does. Interface thread, which
+/// has an event loop.
 class RepairOffer : public QObject {
   Q_OBJECT
 
@@ -46,8 +47,6 @@ class RepairOffer : public QObject {
   /// It is known whether there is something to offer, or cannot be.
   void looked();
   void began();
-  /// This take has been saved into a file of its own.
-  void salvaged(const std::filesystem::path& take, const std::filesystem::path& target);
   /// Saving has ended, well or not.
   void ended();
 

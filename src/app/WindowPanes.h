@@ -102,5 +102,5 @@ struct WindowPanes {
                           &owner};
   WindowStart start{browser, commands, take, &owner};
   Announcements announcements{
-      *view.announcer, {device, desk, batch, cards, repair, *view.player->lblStatus}, &owner};
+      *view.announcer, {device, desk, batch, cards, *view.player->lblStatus}, &owner};
 };

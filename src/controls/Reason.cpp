@@ -49,8 +49,19 @@ constexpr std::array kKnown = {
     QT_TRANSLATE_NOOP("Reason", "The file has been saved already"),
     QT_TRANSLATE_NOOP("Reason", "The file was written for another place"),
     QT_TRANSLATE_NOOP("Reason", "Markers and descriptions of the recording cannot be read"),
-    // Of salvaging.
+    // Of salvaging: what is found, and why nothing can be had.
     QT_TRANSLATE_NOOP("Reason", "The take cannot be read: %1"),
+    QT_TRANSLATE_NOOP("Reason", "the data chunk states %1 bytes, the file holds %2"),
+    QT_TRANSLATE_NOOP("Reason", "1 byte of half a frame at the end"),
+    QT_TRANSLATE_NOOP("Reason", "%1 bytes of half a frame at the end"),
+    QT_TRANSLATE_NOOP("Reason", "%1 zero bytes at the end, where no sound was written"),
+    QT_TRANSLATE_NOOP("Reason", "the file states %1 bytes, and has %2"),
+    QT_TRANSLATE_NOOP("Reason", "%1 zero bytes after the end of the take"),
+    QT_TRANSLATE_NOOP("Reason", "it does not begin as a WAVE file"),
+    QT_TRANSLATE_NOOP("Reason", "its format has no frames"),
+    QT_TRANSLATE_NOOP("Reason", "there is no format chunk before the sound"),
+    QT_TRANSLATE_NOOP("Reason", "no sound is found in it (data chunk)"),
+    QT_TRANSLATE_NOOP("Reason", "no sound was written to it"),
     // Of cards, copies and manifests.
     QT_TRANSLATE_NOOP("Reason", "The card cannot be read: %1"),
     QT_TRANSLATE_NOOP("Reason", "The card is no folder"),

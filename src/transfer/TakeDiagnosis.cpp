@@ -136,7 +136,8 @@ class Search {
     if (!isKnown) tell("the data chunk states {} bytes, the file holds {}", _stated, _held);
     _found.keptBytes = isKnown ? bytes : withoutZeros(bytes);
     const std::uint64_t left = _found.keptBytes % _found.frameBytes;
-    if (left > 0) tell("{} byte{} of half a frame at the end", left, left == 1 ? "" : "s");
+    if (left == 1) tell("1 byte of half a frame at the end");
+    if (left > 1) tell("{} bytes of half a frame at the end", left);
     _found.keptBytes -= left;
     if (isKnown) _found.tailAt = _found.dataAt + bytes;
   }

@@ -26,7 +26,7 @@ struct TakeDiagnosis {
 
   State state = State::Hopeless;
   std::string whyHopeless;            ///< a phrase for people; empty unless hopeless
-  std::vector<std::string> findings;  ///< sentences for people, in the order of the file
+  std::vector<std::string> findings;  ///< phrases for people, in the order of the file
   bool isCancelled = false;
 
   std::uint64_t dataAt = 0;      ///< of the first sample byte; the chunks before it end there

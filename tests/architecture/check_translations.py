@@ -26,8 +26,7 @@ XML_LANGUAGE = "{http://www.w3.org/XML/1998/namespace}lang"
 REASONED = ("wav", "analysis", "export", "transfer", "queue", "playback", "folders", "midi")
 # What a reason is told by, or returned as, where these libraries are written.
 TELLS = re.compile(r"\b(?:return|fail|lose|because|failToOpen|errorText|whyNot|refuse|setReason|_failure|Failed"
-                   r"|note|tell|told)\b")
-OF_THE_TOOL = {"TakeDiagnosis.cpp"}  # what the window does not show
+                   r"|note|tell|told|whyHopeless)\b")
 SENTENCE = re.compile(r'"((?:[^"\\]|\\.)*[a-z] [a-z](?:[^"\\]|\\.)*)"')
 
 
@@ -86,7 +85,7 @@ def reasons(root):
     """What is told in English below the window, as `Reason` has it."""
     for place in REASONED:
         for path in sorted((root / "src" / place).rglob("*.cpp")):
-            if path.parent.name == "memory" or path.name in OF_THE_TOOL:  # the former for tests
+            if path.parent.name == "memory":  # for tests
                 continue
             for line in whole_lines(path):
                 if not TELLS.search(line) or "Log::" in line:

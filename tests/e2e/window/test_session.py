@@ -65,9 +65,13 @@ class SessionTest(Case):
 
     def salvage(self, program):
         program.find("list item", "R0003.WAV").act("Press")
-        program.find("push button", "Salvage").act("Press")
+        salvages = program.find("push button", "Salvage")
+        self.assertTrue(any("the data chunk states 0 bytes, the file holds 288000" in text
+                            for text in program.labels()), "what was found")
+        salvages.act("Press")
         self.wait_files(program, "ascmhl", *NAMES, "R0003_Repaired.WAV")
         program.wait(lambda: self.selected(program) == ["R0003_Repaired.WAV"], "the selection")
+        program.wait_label("R0003.WAV is salvaged into R0003_Repaired.WAV.")
         repaired = (self.takes / "R0003_Repaired.WAV").read_bytes()
         self.assertTrue(self.without_sizes(repaired) == (self.card / "R0003.WAV").read_bytes(),
                         "the sizes alone are others")

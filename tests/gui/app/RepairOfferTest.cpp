@@ -13,8 +13,10 @@
 #include <fstream>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include "WindowFixture.h"
+#include "controls/Language.h"
 #include "support/SlowReads.h"
 
 namespace {
@@ -70,7 +72,10 @@ class Repair : public WindowFixture {
     const auto found = std::ranges::find(all, QString(text), &QPushButton::text);
     return found == all.end() ? nullptr : *found;
   }
-  void TearDown() override { SlowReads::reset(); }
+  void TearDown() override {
+    SlowReads::reset();
+    Language::use(QStringLiteral("en"));
+  }
   [[nodiscard]] QString said() const {
     return view().player->lblStatus->message(StatusLine::Topic::Repair);
   }
@@ -95,9 +100,69 @@ TEST_F(Repair, ABrokenTakeIsSalvagedAndSelected) {
   press(question(), "Salvage");
   waitFor([this] { return selected() == "R0001_Repaired.WAV"; }, "the new file");
   EXPECT_EQ(TemporaryFolder::read(path), before) << "the take is only read";
+  EXPECT_EQ(said(), "R0001.WAV is salvaged into R0001_Repaired.WAV.");
   openAndLook("R0001_Repaired.WAV");
+  EXPECT_EQ(said(), "") << "it was about the take before";
   EXPECT_NEAR(controller().take().duration(), 10, 0.1);
   EXPECT_EQ(question(), nullptr) << "it is sound";
+}
+
+TEST_F(Repair, TheQuestionTellsWhatWasFound) {
+  const auto path = brokenTake("R0001.WAV");
+  const auto size = std::filesystem::file_size(path);
+  std::ofstream(path, std::ios::app) << 'x';
+  startOnTakes();
+  openAndLook("R0001.WAV");
+  ASSERT_NE(question(), nullptr);
+  const std::string found = question()->informativeText().section("\n\n", 1).toStdString();
+  constexpr std::uintmax_t kSound = 480'000 * 6 + 1;
+  EXPECT_EQ(found,
+            "What was found:\n• the data chunk states 0 bytes, the file holds " +
+                std::to_string(kSound) +
+                "\n• 1 byte of half a frame at the end\n• the file states 0 bytes, and has " +
+                std::to_string(size + 1));
+}
+
+TEST_F(Repair, WhatWasFoundIsToldInTheLanguageOfTheWindow) {
+  Language::use(QStringLiteral("de"));
+  brokenTake("R0001.WAV");
+  startOnTakes();
+  openAndLook("R0001.WAV");
+  const QMessageBox* const german = box("ist abgebrochen");
+  ASSERT_NE(german, nullptr);
+  const QString text = german->informativeText();
+  EXPECT_TRUE(text.contains("• der Daten-Chunk nennt 0 Byte, die Datei hat 2880000"))
+      << text.toStdString();
+}
+
+// 9.98 s, which would be 10.0 s if it were rounded.
+TEST_F(Repair, TheLengthIsCutAsThatInTheList) {
+  const auto path = brokenTake("R0001.WAV");
+  std::filesystem::resize_file(path, std::filesystem::file_size(path) - 960 * 6);
+  startOnTakes();
+  openAndLook("R0001.WAV");
+  ASSERT_NE(question(), nullptr);
+  EXPECT_TRUE(question()->informativeText().contains(" 9.9 s of sound"));
+  press(question(), "Salvage");
+  const auto length = [this] {
+    const int row = rowOf("R0001_Repaired.WAV");
+    const auto* const model = view().browser->tableFile->model();
+    return row < 0 ? QString() : model->index(row, 0).data(FileListModel::kDurationRole).toString();
+  };
+  waitFor([&] { return !length().isEmpty(); }, "the length of the new file");
+  EXPECT_EQ(length(), "00:09");
+}
+
+TEST_F(Repair, WhatCannotBeSalvagedAnyMoreIsTold) {
+  brokenTake("R0001.WAV");
+  startOnTakes();
+  openAndLook("R0001.WAV");
+  ASSERT_NE(question(), nullptr);
+  takes.file("R0001.WAV", std::vector<std::byte>(1000));
+  const QSignalSpy ended(&offer(), &RepairOffer::ended);
+  press(question(), "Salvage");
+  waitFor([&] { return !ended.empty(); }, "the end");
+  EXPECT_EQ(said(), "R0001_Repaired.WAV was not saved: it does not begin as a WAVE file.");
 }
 
 TEST_F(Repair, NotNowWritesNothing) {

@@ -133,6 +133,10 @@ TEST_F(LanguageTest, ReasonsAreToldInTheLanguageOfTheWindow) {
             "Die Broadcast-Erweiterung hat 12 Byte, weniger als 602");
   EXPECT_EQ(Reason::text(std::string("The take cannot be read: Input/output error")),
             "Der Take ist nicht lesbar: Ein-/Ausgabefehler");
+  EXPECT_EQ(Reason::text(std::string("1 byte of half a frame at the end")),
+            "1 Byte eines halben Frames am Ende");
+  EXPECT_EQ(Reason::text(std::string("3 bytes of half a frame at the end")),
+            "3 Byte eines halben Frames am Ende");
   EXPECT_EQ(Reason::text(std::string("4 channels of 16-bit samples with format tag 1 do not decode "
                                      "to useful sound; the recorder writes 2 channels, 24-bit "
                                      "integer or 32-bit float (tag 3)")),
