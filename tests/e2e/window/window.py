@@ -72,10 +72,11 @@ class Case(unittest.TestCase):
         """The environment that leads to a sound server: none."""
         return {"PULSE_SERVER": f"unix:{self.home}/no-server"}
 
-    def program(self, *arguments, environment=None, log=("--log",)):
-        """The program, its window on the desktop; it ends with the test."""
+    def program(self, *arguments, environment=None, log=("--log",), around=()):
+        """The program, its window on the desktop; it ends with the test. `around` becomes it."""
         own = {"HOME": str(self.home)} | self.sound()
-        program = Program(self.desktop, WINDOW, *log, *arguments, environment=own | (environment or {}))
+        program = Program(self.desktop, *around, WINDOW, *log, *arguments,
+                          environment=own | (environment or {}))
         program.start()
         self.addCleanup(program.stop)
         self.assertEqual(program.windows()[0].name, TITLE)
