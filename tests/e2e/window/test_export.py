@@ -7,7 +7,9 @@ import subprocess
 import unittest
 
 from window import CLI, Case, noise  # first: it knows where the others are
-from exported import undated
+from exported import DATE, undated
+
+SOURCE_DATE = slice(340, 358)  # of origination, in what is recorded here
 
 
 class ExportTest(Case):
@@ -95,6 +97,25 @@ class ExportTest(Case):
         wanted = self.by_tool("--angle", 120, "--normalize", "--format", "float32")
         program.wait(lambda: (self.takes / "out.WAV").stat().st_size == len(wanted), "the export")
         self.assert_same(self.takes / "out.WAV", wanted)
+
+    def test_recording_time_and_markers_are_kept_where_that_is_wanted(self):
+        source = self.take("R0001.WAV").read_bytes()
+        when = source[SOURCE_DATE]
+        self.assertEqual(when, b"2026-05-0403:02:01")
+        program = self.loaded()
+        for name, is_kept in (("dated", False), ("kept", True)):
+            self.open_dialog(program)
+            keeps = program.find("check box", "Keep recording time and markers")
+            self.assertFalse(keeps.has("checked"), "off each time")
+            if is_kept:
+                keeps.act("Toggle")
+                program.wait(lambda: keeps.has("checked"), "the switch")
+            self.save(program, name)
+            program.wait_gone("dialog")
+            path = self.takes / f"{name}.WAV"
+            program.wait(path.exists, name)
+            self.assertEqual(path.read_bytes()[DATE] == when, is_kept, name)
+            self.assert_same(path, self.by_tool("--angle", 0, *(["--keep-metadata"] if is_kept else [])))
 
     def test_the_source_stays(self):
         path = self.take("R0001.WAV")

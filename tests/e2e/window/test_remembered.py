@@ -5,9 +5,12 @@ with the switch off, and what is told where the file of it cannot be used."""
 
 import hashlib
 import sqlite3
+import subprocess
 import unittest
 
-from window import Case, noise
+from window import CLI, Case, noise
+
+SECOND = 48000 * 6  # of samples, in bytes
 
 
 class RememberedTest(Case):
@@ -64,6 +67,44 @@ class RememberedTest(Case):
         program.key("Escape")
         program.wait_gone("menu item")
         self.expect_nothing_written(program, 0, 0)
+
+    def test_a_loop_comes_back_to_the_frame(self):
+        path = self.take("R0003.WAV", noise(4 * 48000, 24, seed=3))
+        program = self.start()
+        self.open_known(program, "R0003.WAV")
+        self.mark(program, 1, 3)
+        self.quit(program)
+        program = self.again()
+        self.open_known(program, "R0003.WAV")
+        program.wait(lambda: program.find("check box", "Loop").has("checked"), "the loop")
+        self.export_selection(program)
+        self.wait_files(program, "R0001.WAV", "R0002.WAV", "R0003.WAV", "R0003_Decode_A-B.WAV")
+        whole = self.home / "tool.wav"
+        subprocess.run([CLI, "export", "--quiet", "--angle", "0", "--output", whole, path], check=True)
+        samples = whole.read_bytes()[-4 * SECOND:]
+        made = (self.takes / "R0003_Decode_A-B.WAV").read_bytes()
+        self.assertEqual(len(made), whole.stat().st_size - 2 * SECOND)
+        self.assertTrue(made[-2 * SECOND:] == samples[SECOND:3 * SECOND], "the second and third second")
+
+    @staticmethod
+    def mark(program, *places):
+        """A and B, at these seconds."""
+        loop = program.find("check box", "Loop")
+        for place in places:
+            program.find("slider", "Position").value = place
+            program.wait_label(f"00:00:0{place}")
+            loop.act("Toggle")
+        program.wait(lambda: loop.has("checked"), "the loop")
+
+    @staticmethod
+    def export_selection(program):
+        program.find("push button", "Export").act("Press")
+        program.find("dialog", "Export")
+        program.find("check box", "Selection only").act("Toggle")
+        program.find("push button", "Save").act("Press")
+        panel = program.find("dialog", "Saving checkboard...")
+        next(item for item in panel.walk() if item.name == "Save").act("Press")
+        program.wait_gone("dialog")
 
     def expect_nothing_written(self, program, width, gain):
         """With the switch off: width and gain stay from take to take, whatever was known of them. The end
