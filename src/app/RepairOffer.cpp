@@ -22,7 +22,8 @@ namespace {
 QString lengthText(const TakeDiagnosis& diagnosis) {
   if (diagnosis.frameBytes == 0 || diagnosis.sampleRate == 0) return NumberText::of(0, 1);
   const std::uint64_t frames = diagnosis.keptBytes / diagnosis.frameBytes;
-  return NumberText::of(static_cast<double>(10 * frames / diagnosis.sampleRate) / 10, 1);
+  const std::uint64_t tenths = 10 * frames / diagnosis.sampleRate;
+  return NumberText::of(static_cast<double>(tenths) / 10, 1);
 }
 
 // A line for each thing that was found.
