@@ -17,7 +17,6 @@ namespace {
 
 constexpr double kDegreesPerRadian = 57.29577951308232;
 constexpr double kFullTurn = 360.0;
-constexpr int kGrey = 88;
 constexpr double kTitleReach = 10.0;
 constexpr double kArcReach = 16.0;  // of the pointer, to both sides of the arc
 
@@ -34,21 +33,24 @@ AngleViewer::AngleViewer(QWidget* parent) : QWidget(parent) {
 }
 
 QColor AngleViewer::GrayBackgroundColor() {
-  static const QColor kColor(kGrey, kGrey, kGrey);
-  return kColor;
+  return Colors::track();
 }
 
 void AngleViewer::initUI() {
   _angle = 0.0;
-  _grayCircleColor = GrayBackgroundColor();
-  _disableColor = GrayBackgroundColor();
-  _disableTextColor = Colors::disabledText();
+  takeColors();
   _allow2Drag = false;
   _angleTextList = {{tr("MONO"), 0.0, {25, -20}},  {tr("30°"), 30.0, {-3, -14}},
                     {tr("60°"), 60.0, {-5, -5}},   {tr("90°"), 90.0, {-5, 0}},
                     {tr("120°"), 120.0, {-5, 10}}, {tr("150°"), 150.0, {5, 18}}};
   measureTitles();
   setMouseTracking(true);
+}
+
+void AngleViewer::takeColors() {
+  _grayCircleColor = GrayBackgroundColor();
+  _disableColor = GrayBackgroundColor();
+  _disableTextColor = Colors::disabledText();
 }
 
 void AngleViewer::setCosts(std::vector<CostRing::Cost> costs) {

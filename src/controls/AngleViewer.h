@@ -46,7 +46,8 @@ class AngleViewer : public QWidget, public Adjustable {
 
   explicit AngleViewer(QWidget* parent = nullptr);
 
-  /// The one grey of arcs, tracks and disabled knobs: 88/255 in each component.
+  /// The one grey of arcs, tracks and disabled knobs: 88/255 in each component, lighter where
+  /// the desktop wants more contrast.
   static QColor GrayBackgroundColor();
 
   [[nodiscard]] double angle() const { return _angle; }
@@ -134,6 +135,7 @@ class AngleViewer : public QWidget, public Adjustable {
   using Path = std::shared_ptr<const QPainterPath>;
 
   void initUI();
+  void takeColors();
   void layoutGeometry();
   void measureTitles();
   void drawArcs(QPainter& painter) const;

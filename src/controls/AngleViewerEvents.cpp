@@ -36,7 +36,7 @@ void AngleViewer::resizeEvent(QResizeEvent* event) {
 
 void AngleViewer::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange) measureTitles();
-  if (event->type() == QEvent::PaletteChange) _disableTextColor = Colors::disabledText();
+  if (event->type() == QEvent::PaletteChange) takeColors();
   QWidget::changeEvent(event);
 }
 

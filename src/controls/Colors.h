@@ -21,6 +21,12 @@ class Colors {
   static QColor accent() { return either({0x8F, 0xA3, 0xB8}, {0xB9, 0xD3, 0xF2}); }
   /// Edges of menus and fields, handles of scroll bars.
   static QColor line() { return either({0x3F, 0x43, 0x4A}, {0xA0, 0xA6, 0xAE}); }
+  /// What guides the eye and tells nothing: lines under the scope, the middle of a waveform. Where
+  /// it is to be 3:1, half of it is so too, as of a line between two pixels.
+  static QColor guide() { return either({0x2D, 0x30, 0x36}, {0xC0, 0xC6, 0xCE}); }
+  /// What is left of a track or an arc, and a knob that cannot be moved. The usual one is given;
+  /// the other is 4.5:1 to its ground, and 3:1 to the white part beside it.
+  static QColor track() { return either({0x58, 0x58, 0x58}, {0x7C, 0x7C, 0x7C}); }
   /// Behind the chosen entry of a list or menu.
   static QColor selection() { return either({0x3A, 0x3F, 0x47}, {0x12, 0x4A, 0x8C}); }
   /// The same where several entries of a list are chosen.

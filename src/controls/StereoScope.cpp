@@ -106,7 +106,7 @@ void StereoScope::drawGround(QPainter& painter) const {
   painter.drawRoundedRect(rect(), kScopeRadius, kScopeRadius);
   const double side = std::min(width(), height());
   const QPointF middle(side / 2, side / 2);
-  painter.setPen(QPen(Colors::ControlColor(), 1));
+  painter.setPen(QPen(Colors::guide(), 1));
   const auto line = [&](double x, double y) {
     painter.drawLine(middle + QPointF(x, y) * kInner * side, middle + QPointF(x, y) * side);
   };

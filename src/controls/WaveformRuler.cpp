@@ -65,13 +65,17 @@ void WaveformRuler::draw(QPainter& painter, const TimeWindow& stretch, const QRe
   painter.setFont(_small);
   const QFontMetricsF metrics(_small);
   const double perPixel = (stretch.to() - stretch.from()) / std::max(1.0, body.width());
-  const double least = gap(stretch, perPixel) * perPixel;
-  for (const TimeRuler::Mark& mark : _times.shown(stretch.from(), stretch.to(), least)) {
+  const double least = gap(stretch, perPixel);
+  double end = -least;  // of the time before
+  for (const TimeRuler::Mark& mark : _times.shown(stretch.from(), stretch.to(), least * perPixel)) {
     const double x = std::round(body.left() + stretch.placeOf(mark.seconds));
     painter.fillRect(QRectF(x, _height - kMark - 8, 1, kMark + 4), Colors::line());
     const double wide = std::ceil(metrics.horizontalAdvance(mark.label));
     const QRectF place = placeOf(wide, x, body.right() + kBeyond);
     if (place.left() < body.left() - kBeyond || !isFree(place, covered)) continue;
+    // The last one, left of its mark, is as far from the one before as any two others at least.
+    if (place.left() < x && place.left() - end < least - wide) continue;
+    end = place.right();
     painter.setPen(Colors::dimText());
     painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, mark.label);
   }

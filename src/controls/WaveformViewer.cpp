@@ -217,7 +217,7 @@ void WaveformViewer::drawRuler(QPainter& painter) {
 void WaveformViewer::drawWave(QPainter& painter) const {
   const QRectF place = body();
   const double middle = place.top() + std::floor(place.height() / 2);
-  painter.fillRect(QRectF(place.left(), middle, place.width(), 1), Colors::ControlColor());
+  painter.fillRect(QRectF(place.left(), middle, place.width(), 1), Colors::guide());
   if (_ahead.isNull() || !(_columns.to > _columns.from)) return;
   const double left = xOf(_columns.from);
   const QRectF whole(left, place.top(), xOf(_columns.to) - left, place.height());

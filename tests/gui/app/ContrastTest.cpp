@@ -255,18 +255,123 @@ class Contrast : public WindowFixture {
     EXPECT_GE(contrast(over.rgb(), ground), kControl);
     EXPECT_GE(contrast(plain.rgb(), ground), kControl);
   }
-  /// In the middle of the line inside the arc, beside its ground a little farther in.
-  [[nodiscard]] double ofCostAt(double angle) const {
+  /// So far inside of the arc.
+  [[nodiscard]] QRgb colorInDial(double angle, double inset) const {
     const double t = (angle + 90.0) * std::numbers::pi / 180.0;
     const AngleViewer& dial = *stage().sliderStereo;
-    const auto at = [&](double inset) {
-      const double radius = AngleViewer::radiusOf(dial.width()) - inset;
-      const QPointF place(dial.width() / 2.0 + radius * std::cos(t),
-                          dial.height() / 2.0 - radius * std::sin(t));
-      const QPointF onWindow = place + QPointF(dial.mapTo(&view(), QPoint(0, 0)));
-      return _window.pixel((onWindow * _window.devicePixelRatio()).toPoint());
+    const double radius = AngleViewer::radiusOf(dial.width()) - inset;
+    const QPointF place(dial.width() / 2.0 + radius * std::cos(t),
+                        dial.height() / 2.0 - radius * std::sin(t));
+    const QPointF onWindow = place + QPointF(dial.mapTo(&view(), QPoint(0, 0)));
+    return _window.pixel((onWindow * _window.devicePixelRatio()).toPoint());
+  }
+  /// In the middle of the line inside the arc, beside its ground a little farther in.
+  [[nodiscard]] double ofCostAt(double angle) const {
+    return contrast(colorInDial(angle, CostRing::kInset), groundOfDial(angle));
+  }
+  [[nodiscard]] QRgb groundOfDial(double angle) const {
+    return colorInDial(angle, CostRing::kInset + 6);
+  }
+  /// What a slider or the dial consists of, each by a pixel of its own.
+  struct Parts {
+    std::string of;
+    QRgb rest;  ///< of the track or the arc, where the value is not
+    QRgb filled;
+    QRgb knob;
+    QRgb ground;
+  };
+  [[nodiscard]] Parts partsOf(const Slider& slider) const {
+    const bool isVertical = slider.cell()->isVertical();
+    const QRectF track = slider.cell()->backgroundOf(slider.barRect());
+    const auto at = [&](double share, double aside) {
+      const QPointF level(track.left() + share * track.width(), track.center().y() + aside);
+      const QPointF upright(track.center().x() + aside, track.bottom() - share * track.height());
+      return colorAt(slider, isVertical ? upright : level);
     };
-    return contrast(at(CostRing::kInset), at(CostRing::kInset + 6));
+    const double value = slider.fraction();
+    const QPointF knob = slider.cell()->circleOf(slider.knobRect()).center();
+    return {slider.accessibleName().toStdString(), at((1 + value) / 2, 0), at(value / 2, 0),
+            colorAt(slider, knob), at((1 + value) / 2, 8)};
+  }
+  [[nodiscard]] Parts partsOfDial(double angle) const {
+    return {"dial", colorInDial(angle + 40, 0), colorInDial(angle - 40, 0), colorInDial(angle, 0),
+            groundOfDial(angle + 40)};
+  }
+  /// Those that are in use, about half way.
+  std::vector<Parts> halfWay() {
+    stage().sliderStereo->setNewAngle(75);
+    setGain(-6);
+    view().player->waveform->adjust(5, AdjustCause::Key);
+    view().player->sliderVolume->adjust(0.5, AdjustCause::Key);
+    look();
+    return {partsOf(*view().player->sliderTime), partsOf(*view().player->sliderVolume),
+            partsOf(*stage().sliderGain), partsOfDial(75)};
+  }
+  /// The color of a place, and what differs most from a ground a little above, below or beside it.
+  [[nodiscard]] QRgb colorAt(const QWidget& widget, QPointF place) const {
+    const QPointF onWindow = place + QPointF(widget.mapTo(&view(), QPoint(0, 0)));
+    const QPointF pixel = onWindow * _window.devicePixelRatio();
+    return _window.pixel(static_cast<int>(pixel.x()), static_cast<int>(pixel.y()));
+  }
+  /// The best of a line of a pixel's width that runs through a place, across `across`.
+  [[nodiscard]] double ofLineAt(const QWidget& widget, QPointF place, QPointF across) const {
+    const QRgb ground = colorAt(widget, place + 4 * across);
+    double best = 1;
+    for (int i = 0; i < 49; ++i) {
+      const double by = (i % 7 - 3) / 2.5;
+      const double on = (i / 7 - 3) / 2.5;  // a picture at a broken scale leaves a pixel out
+      const QPointF near = place + by * across + on * QPointF(-across.y(), across.x());
+      best = std::max(best, contrast(colorAt(widget, near), ground));
+    }
+    return best;
+  }
+  /// The least of the lines for Left, Right, Mid and Side, each at five of its places.
+  [[nodiscard]] double ofGraticule() const {
+    const StereoScope& scope = *stage().field->scope;
+    const double half = scope.width() / 2.0;
+    double least = HUGE_VAL;
+    for (int eighth = 0; eighth < 8; ++eighth) {
+      const double t = eighth * std::numbers::pi / 4;
+      const QPointF along(std::cos(t), std::sin(t));
+      const QPointF across(-along.y(), along.x());
+      for (const double far : {0.2, 0.3, 0.4, 0.5, 0.6}) {
+        const QPointF place = QPointF(half, half) + far * half * along;
+        least = std::min(least, ofLineAt(scope, place, across));
+      }
+    }
+    return least;
+  }
+  /// The least of the line that is neither Left nor Right, where there is silence.
+  [[nodiscard]] double ofMiddleLine() const {
+    const WaveformViewer& wave = *view().player->waveform;
+    const QRectF body = wave.body();
+    const double middle = body.top() + std::floor(body.height() / 2) + 0.5;
+    double least = HUGE_VAL;
+    for (const double share : {0.1, 0.3, 0.5, 0.7, 0.9}) {
+      const QPointF place(body.left() + share * body.width(), middle);
+      least = std::min(least, ofLineAt(wave, place, {0, 1}));
+    }
+    return least;
+  }
+  /// Time, Left and Right, each by itself, and the line under the pointer.
+  void expectReading(double least) {
+    WaveformViewer& wave = *view().player->waveform;
+    const double x = std::floor(wave.xOf(2)) + 0.5;
+    Hands::hover(wave, {x, wave.height() / 2.0});
+    waitFor([&] { return wave.reading().last().contains(u'6'); }, "what it reads");
+    look();
+    ASSERT_EQ(wave.reading().size(), 3);
+    const double scale = _window.devicePixelRatio();
+    const QFontMetricsF metrics(Appearance::small(wave.font()));
+    const double wide = metrics.horizontalAdvance(wave.reading().first()) +
+                        2 * metrics.horizontalAdvance("L −88.8") + 24;
+    const QRect box(static_cast<int>(x) + 11, 2, static_cast<int>(wide),
+                    static_cast<int>(wave.ruler()) - 3);
+    const QTransform turn = QTransform().rotate(90);
+    const auto parts = lines(pictureOf(wave, box).transformed(turn), static_cast<int>(7 * scale));
+    EXPECT_EQ(parts.size(), 3U) << "time, Left and Right";
+    for (const QImage& part : parts) EXPECT_GE(greatestContrast(part), least);
+    EXPECT_GE(ofLineAt(wave, {x, wave.body().bottom() - 4}, {1, 0}), kControl) << "its line";
   }
   static std::string nameOf(const QWidget& widget) {
     const auto* const label = qobject_cast<const QLabel*>(&widget);
@@ -382,6 +487,59 @@ TEST_F(Contrast, OfAWaveformInsideALoopIsThatOfControls) {
   expectWaveInLoop(Colors::over(), Colors::wavePlayed());
   view().player->waveform->adjust(0, AdjustCause::Key);
   expectWaveInLoop(Colors::overAhead(), Colors::waveAhead());
+}
+
+// The grey of what is left of a track is a given one; knob and filled part tell the value.
+TEST_F(Contrast, OfKnobsAndFilledPartsIsThatOfControls) {
+  rest();
+  for (const Parts& parts : halfWay()) {
+    EXPECT_EQ(QColor(parts.rest), QColor(88, 88, 88)) << parts.of;
+    EXPECT_GE(contrast(parts.filled, parts.rest), kControl) << parts.of;
+    EXPECT_GE(contrast(parts.filled, parts.ground), kControl) << parts.of;
+    EXPECT_GE(contrast(parts.knob, parts.ground), kControl) << parts.of;
+    EXPECT_GE(contrast(parts.rest, parts.ground), 2.2) << parts.of;
+  }
+}
+
+TEST_F(Contrast, OfTracksAndTheArcIsThatOfTextWhereTheDesktopWantsIt) {
+  rest();
+  Appearance::setHighContrast(*qApp, true);
+  for (const Parts& parts : halfWay()) {
+    EXPECT_GE(contrast(parts.rest, parts.ground), kText) << parts.of;
+    EXPECT_GE(contrast(parts.filled, parts.rest), kControl) << parts.of;
+    EXPECT_GE(contrast(parts.knob, parts.rest), kControl) << parts.of;
+  }
+  Appearance::setHighContrast(*qApp, false);
+  for (const Parts& parts : halfWay()) {
+    EXPECT_EQ(QColor(parts.rest), QColor(88, 88, 88)) << parts.of << " and back";
+  }
+}
+
+// What only guides the eye is calm, unless the desktop wants more contrast.
+TEST_F(Contrast, OfGuidesIsThatOfControlsWhereTheDesktopWantsIt) {
+  rest();
+  // No sound hides the middle line. What the panes have to say comes before.
+  const auto silence = [this] {
+    look();
+    WaveformViewer& wave = *view().player->waveform;
+    const auto columns = static_cast<std::size_t>(wave.columnsWanted());
+    wave.setColumns({std::vector<WaveformColumns::Column>(columns), 0, wave.length()});
+    _window = view().grab().toImage().convertToFormat(QImage::Format_RGB32);
+  };
+  silence();
+  EXPECT_NEAR(ofMiddleLine(), 1.34, 0.02);
+  EXPECT_NEAR(ofGraticule(), 1.2, 0.15) << "some of it lies between two pixels";
+  Appearance::setHighContrast(*qApp, true);
+  silence();
+  EXPECT_GE(ofMiddleLine(), kControl);
+  EXPECT_GE(ofGraticule(), kControl);
+}
+
+TEST_F(Contrast, OfWhatThePointerReadsIsThatOfText) {
+  rest();
+  expectReading(kText);
+  Appearance::setHighContrast(*qApp, true);
+  expectReading(kHighText);
 }
 
 // At once, in a window that is there.

@@ -13,6 +13,7 @@
 #include "app/SoundPane.h"
 #include "app/TakeMessages.h"
 #include "app/TransportPane.h"
+#include "cli/DemoScene.h"
 #include "controls/Artwork.h"
 #include "controls/J4SliderCell.h"
 #include "gui/controls/Hands.h"
@@ -360,6 +361,106 @@ TEST_F(Feed, LightsTheRightForASourceOnTheRight) {
   EXPECT_EQ(view.lvlRight->level(), 30) << "0.125";
   EXPECT_EQ(view.lblLevelValue->text(), "recorder's rule");
   EXPECT_EQ(view.clipRight->figure(), "–") << "keeps no peak by that rule";
+}
+
+// Someone walks from the left to the right: here at the end of the way, just after a stroke of the
+// bell. What is to be seen is worked out of the samples alone.
+TEST_F(Feed, LightsTheRightWhereTheDemoTakeIs) {
+  std::vector<float> frames(2 * DemoScene::kFrames);
+  DemoScene().fill(frames);
+  std::vector<std::int32_t> samples;
+  for (const float sample : frames) {
+    samples.push_back(
+        static_cast<std::int32_t>(std::lround(static_cast<double>(sample) * 8388608)));
+  }
+  packets = WaveBytes::samples24(samples);
+  openFile("demo.WAV",
+           takes.file("demo.WAV", WaveBytes().recorderBext(true).format24().data(packets).get()));
+  session->setAngle(121.0);
+  session->seek(0.9375);
+  const double time = session->playedTime();
+  while (!session->job()->reader()->follow(time, time + 0.5)) std::this_thread::yield();
+  const double share = std::pow(10.0, 0.2 / 20);  // of Side: a degree over plain sum and difference
+  double left = 0;
+  double right = 0;
+  double mid = -1;
+  double side = -1;
+  const auto end = static_cast<std::size_t>(std::ceil((time + LevelFeed::kInterval) * kRate));
+  for (auto i = static_cast<std::size_t>(std::ceil(time * kRate)); i < end; ++i) {
+    const double m = samples[2 * i] / 8388608.0;
+    const double s = samples[2 * i + 1] / 8388608.0;
+    left = std::max(left, std::abs(m + share * s));
+    right = std::max(right, std::abs(m - share * s));
+    mid = std::max(mid, m);
+    side = std::max(side, s);
+  }
+  const auto level = [](double of) { return std::llround(20 * std::log10(std::abs(of)) + 48); };
+  ASSERT_GT(level(right), level(left) + 10) << "the source is on the right";
+  feed->update(LevelFeed::kInterval);
+  EXPECT_EQ(view.lvlLeft->level(), level(left));
+  EXPECT_EQ(view.lvlRight->level(), level(right));
+  feed->setByRecordersRule(true);
+  feed->update(LevelFeed::kInterval);
+  EXPECT_EQ(view.lvlLeft->level(), level(mid + share * side));
+  EXPECT_EQ(view.lvlRight->level(), level(mid - share * side));
+  EXPECT_GT(view.lvlLeft->level(), view.lvlRight->level()) << "and yet";
+}
+
+// The take lasts a second, its player goes on.
+TEST_F(Feed, ByTheRecordersRuleStandsWhereThereIsNothingToMeasure) {
+  openAndLoad("a.WAV");
+  feed->setByRecordersRule(true);
+  session->seek(0.5);
+  setLevels(17);
+  feed->update(LevelFeed::kInterval);
+  EXPECT_EQ(view.lvlLeft->level(), 17);
+  EXPECT_EQ(view.lvlRight->level(), 17);
+  openAndLoad("b.WAV", false);
+  session->setAngle(120.0);
+  session->seek(0.5);
+  setLevels(17);
+  feed->update(LevelFeed::kInterval);
+  EXPECT_EQ(view.lvlLeft->level(), 17) << "no width for what is not raw";
+}
+
+// As many bytes at the end of the samples as there are before them are measured by nobody.
+TEST_F(Feed, ByTheRecordersRuleStandsInTheLastMoment) {
+  const auto data = WaveBytes::samples24(repeated({0.25, 0.125}, kFrames));
+  const auto file = takes.file("e.WAV", WaveBytes().recorderBext(true).format24().data(data).get());
+  openFile("e.WAV", file);
+  feed->setByRecordersRule(true);
+  const auto levelsAt = [&](std::uint64_t frame) {
+    session->seekToFrame(frame);
+    const double time = session->playedTime();
+    while (!session->job()->reader()->follow(time, time + LevelFeed::kInterval)) {
+      std::this_thread::yield();
+    }
+    setLevels(17);
+    feed->update(LevelFeed::kInterval);
+    return std::pair(view.lvlLeft->level(), view.lvlRight->level());
+  };
+  const auto before = (std::filesystem::file_size(file) - data.size()) / 6;
+  ASSERT_GT(before, 60U) << "frames";
+  EXPECT_EQ(levelsAt(kFrames - before - 60), std::pair(36L, 36L)) << "Mid alone, 0.25";
+  EXPECT_EQ(levelsAt(kFrames - 60), std::pair(17L, 17L));
+}
+
+// What stands for nothing is decoded and gained as a sample: minus four on the left, none on the
+// right.
+TEST_F(Feed, ByTheRecordersRuleTakesNothingForASampleAtAnAngle) {
+  openAndLoad("a.WAV");
+  feed->setByRecordersRule(true);
+  session->setAngle(120.0);
+  session->setGain(-20);
+  session->seek(0.5);
+  setLevels(17);
+  feed->update(LevelFeed::kInterval);
+  EXPECT_EQ(view.lvlLeft->level(), 40) << "20 log10(4) - 20 + 48";
+  EXPECT_EQ(view.lvlRight->level(), 0);
+  session->setAngle(0.0);
+  feed->update(LevelFeed::kInterval);
+  EXPECT_EQ(view.lvlLeft->level(), 34) << "20 log10(2) - 20 + 48";
+  EXPECT_EQ(view.lvlRight->level(), 34);
 }
 
 TEST_F(Feed, ShowsWhatIsHeardAloneByTheRecordersRuleToo) {

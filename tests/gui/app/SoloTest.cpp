@@ -3,6 +3,8 @@
 
 #include <QLabel>
 #include <QTest>
+#include <cmath>
+#include <numbers>
 
 #include "WindowFixture.h"
 #include "dialogs/ExportVC.h"
@@ -39,6 +41,30 @@ class SoloTest : public WindowFixture {
       return stage().lvlLeft->level() > 0;
     };
     waitFor(known, "levels");
+  }
+  /// Where the scope has light, as its picture shows it.
+  [[nodiscard]] QRect lightOfScope() const {
+    const QImage picture = stage().field->scope->grab().toImage();
+    constexpr int kGreener = 40;  // than anything that is grey
+    QRect lit;
+    for (int y = 0; y < picture.height(); ++y) {
+      for (int x = 0; x < picture.width(); ++x) {
+        const QRgb pixel = picture.pixel(x, y);
+        if (qGreen(pixel) - qRed(pixel) > kGreener) lit |= QRect(x, y, 1, 1);
+      }
+    }
+    return lit;
+  }
+  /// Until all of its light is at a place, in its halves from the middle, to the right and upward.
+  void expectLight(double right, double up, const char* what) {
+    const double half = stage().field->scope->width() / 2.0;
+    const QRectF place(half + right * half - 2, half - up * half - 2, 4, 4);
+    const auto isThere = [&] {
+      play(40);
+      const QRect lit = lightOfScope();
+      return !lit.isEmpty() && place.contains(QRectF(lit));
+    };
+    waitFor(isThere, what);
   }
   using Pair = std::pair<float, float>;
 };
@@ -111,6 +137,22 @@ TEST_F(SoloTest, CorrelatesWithItself) {
     return value && *value > 0.999;
   };
   waitFor(isOne, "one signal on both sides");
+}
+
+// The same on both sides stands upright, as far from the middle as the root of it: Mid is 0.5, Side
+// 0.25. Both together, 0.75 and 0.25, lean to the left.
+TEST_F(SoloTest, IsWhatTheScopeShows) {
+  openTake();
+  controller().take().setLoop(FrameLoop{0, 480'000});  // it does not end meanwhile
+  const double far = std::sqrt(std::hypot(0.75, 0.25) / std::numbers::sqrt2);
+  const double turn = std::atan2(0.25, 0.75) + std::numbers::pi / 4;
+  expectLight(-far * std::cos(turn), far * std::sin(turn), "Left and Right in the scope");
+  press(Qt::Key_M);
+  expectLight(0, std::sqrt(0.5), "Mid alone in the scope");
+  press(Qt::Key_S);
+  expectLight(0, std::sqrt(0.25), "Side alone in the scope");
+  press(Qt::Key_S);
+  expectLight(-far * std::cos(turn), far * std::sin(turn), "and both again");
 }
 
 TEST_F(SoloTest, GoesWithItsTake) {

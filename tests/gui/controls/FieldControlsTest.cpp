@@ -10,6 +10,8 @@
 #include <QTest>
 #include <cmath>
 #include <limits>
+#include <numbers>
+#include <vector>
 
 #include "Hands.h"
 #include "controls/ClipLamp.h"
@@ -157,6 +159,66 @@ TEST(StereoScope, PaintsAPointForAFrame) {
   const QColor point = Hands::colorAt(picture, {72.0, 72 - 36.0});
   EXPECT_GT(point.green(), 150) << "mid at a quarter is half way up";
   EXPECT_LT(Hands::colorAt(picture, {72.0 - 36, 72.0 - 36}).green(), 80);
+}
+
+/// A frame and the direction of its point, counter-clockwise from the right.
+struct Direction {
+  const char* of;
+  float left;
+  float right;
+  double degrees;
+};
+
+double lengthOf(const Direction& frame) {
+  return std::hypot(static_cast<double>(frame.left), static_cast<double>(frame.right));
+}
+
+// Each pixel that is other than without frames. How far out they are: the length of the frame by
+// that of both at full scale, and the root of it.
+TEST(StereoScope, PaintsFramesWhereTheirChannelsPutThem) {
+  constexpr Direction kFrames[] = {
+      {"Left", 0.3F, 0, 135},
+      {"Left, louder", 0.9F, 0, 135},
+      {"Left, below zero", -0.3F, 0, 315},
+      {"Right", 0, 0.3F, 45},
+      {"Right, below zero", 0, -0.6F, 225},
+      {"Mid", 0.2F, 0.2F, 90},
+      {"Mid, below zero", -0.4F, -0.4F, 270},
+      {"Side", 0.2F, -0.2F, 180},
+      {"Side, below zero", -0.45F, 0.45F, 0},
+      {"mostly Left", 0.6F, 0.2F, 116.5651},
+      {"mostly Right, opposite", 0.1F, -0.45F, 212.4712},
+      {"both below zero", -0.5F, -0.05F, 309.2894},
+      {"soft", 0.01F, 0.004F, 113.1986},
+  };
+  constexpr double kSlack = 1e-3;
+  StereoScope scope;
+  Hands::show(scope, {144, 144});
+  const QImage bare = scope.grab().toImage();
+  const double half = bare.width() / 2.0;
+  const auto dot = static_cast<double>(std::lround(scope.devicePixelRatioF()));
+  for (const Direction& frame : kFrames) {
+    scope.clear();
+    scope.advance(
+        std::vector{frame.left, frame.right, frame.left, frame.right, frame.left, frame.right},
+        0.03);
+    const QImage picture = scope.grab().toImage();
+    const double far = half * std::sqrt(lengthOf(frame) / std::sqrt(2.0));
+    const double turn = frame.degrees * std::numbers::pi / 180;
+    const double right = half + far * std::cos(turn);
+    const double down = half - far * std::sin(turn);
+    int lit = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+      for (int x = 0; x < picture.width(); ++x) {
+        if (picture.pixel(x, y) == bare.pixel(x, y)) continue;
+        ++lit;
+        EXPECT_EQ(picture.pixelColor(x, y), Colors::safe()) << frame.of;
+        EXPECT_LE(std::abs(x + 0.5 - right), dot / 2 + kSlack) << frame.of;
+        EXPECT_LE(std::abs(y + 0.5 - down), dot / 2 + kSlack) << frame.of;
+      }
+    }
+    EXPECT_EQ(lit, static_cast<int>(dot * dot)) << frame.of;
+  }
 }
 
 // Points that cover all of it, brighter than any letter, and the letters read on.
