@@ -430,7 +430,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>No recorder can be found here.</source>
-        <translation>Hier lässt sich kein Rekorder finden.</translation>
+        <translation>Kein Rekorder auffindbar.</translation>
     </message>
     <message>
         <source>Card used</source>

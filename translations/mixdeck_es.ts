@@ -430,7 +430,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>No recorder can be found here.</source>
-        <translation>Aquí no se puede encontrar ninguna grabadora.</translation>
+        <translation>No se detecta ninguna grabadora.</translation>
     </message>
     <message>
         <source>Card used</source>

@@ -430,7 +430,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>No recorder can be found here.</source>
-        <translation>Aucun enregistreur ne peut être trouvé ici.</translation>
+        <translation>Aucun enregistreur détectable.</translation>
     </message>
     <message>
         <source>Card used</source>

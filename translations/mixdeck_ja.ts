@@ -426,7 +426,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>No recorder can be found here.</source>
-        <translation>ここではレコーダーを検出できません。</translation>
+        <translation>レコーダーを検出できません。</translation>
     </message>
     <message>
         <source>Card used</source>
