@@ -224,7 +224,8 @@ QStringList unasked(const QString& text) {
   static const QRegularExpression kNames(QStringLiteral(
       "TARN J4( Mixdeck)?|R[0-9]{4}[^ "
       "]*|LUFS|LU|dBTP|dBFS|dB|Ctrl|Shift|Space|Left|Right|Up|Down|Home|End|"
-      "qt_[a-z_]*|GB|MB|GiB|[0-9][.0-9]* [kMG]?B|/[^ ]*|\\b[A-Z0-9]\\b|\\bF1\\b|mixdeck-[^ ]*"));
+      "qt_[a-z_]*|GB|MB|GiB|[0-9][.0-9]* [kMG]?B|/[^ ]*|\\b[A-Z0-9]\\b|\\bF1\\b|mixdeck-[^ ]*|"
+      "\\b(Qt|alsa-lib|SQLite|Linux) [^\n]*"));
   // As the broadcast extension and the chunks of a file have them in every language.
   static const QRegularExpression kFields(QStringLiteral(
       "^(Description|Originator|OriginatorReference|OriginationDate|OriginationTime|TimeReference|"
