@@ -11,7 +11,6 @@
 
 #include "WindowFixture.h"
 #include "app/AppDelegate.h"
-#include "app/ProgramOptions.h"
 #include "controls/Colors.h"
 
 namespace {
@@ -418,33 +417,6 @@ TEST_F(Window, StatusLineShowsTheNewestUntilItIsWellAgain) {
   EXPECT_EQ(line.text(), "three");
   line.clear(Topic::Folder);
   EXPECT_EQ(line.text(), "");
-}
-
-TEST(Options, TakeAFolderOrARecordingOrNothing) {
-  TemporaryFolder folder;
-  const std::string path = folder.path().string();
-  const auto parse = [](std::vector<const char*> words) {
-    words.insert(words.begin(), "mixdeck");
-    return ProgramOptions::parse(static_cast<int>(words.size()), words.data());
-  };
-  using testing::ElementsAre;
-  EXPECT_TRUE(parse({}).starts.empty());
-  EXPECT_FALSE(parse({}).simulatesRecorder);
-  EXPECT_THAT(parse({path.c_str()}).starts, ElementsAre(path));
-  EXPECT_THAT(parse({path.c_str(), "/"}).starts, ElementsAre(path, "/"));
-  EXPECT_THAT(parse({("file://" + path).c_str()}).starts, ElementsAre(path));
-  EXPECT_EQ(parse({"http://mixdeck.example/R0001.WAV"}).status, 2);
-  EXPECT_EQ(parse({"file:///no/such/place"}).status, 2);
-  EXPECT_EQ(parse({"--language", "fr"}).language, "fr");
-  EXPECT_EQ(parse({"--language", "tlh"}).status, 2);
-  EXPECT_FALSE(parse({path.c_str(), "--language", "fr"}).isForItself());
-  EXPECT_TRUE(parse({"--simulate-recorder"}).isForItself());
-  EXPECT_TRUE(parse({"--simulate-recorder"}).simulatesRecorder);
-  EXPECT_EQ(parse({"--help"}).status, 0);
-  EXPECT_EQ(parse({"--version"}).status, 0);
-  EXPECT_EQ(parse({"--wrong"}).status, 2);
-  EXPECT_EQ(parse({"/no/such/place"}).status, 2);
-  EXPECT_EQ(parse({path.c_str()}).status, std::nullopt);
 }
 
 }  // namespace
