@@ -8,6 +8,7 @@
 #include <QTest>
 #include <array>
 #include <tuple>
+#include <vector>
 
 #include "WindowFixture.h"
 #include "app/AppDelegate.h"
@@ -417,6 +418,37 @@ TEST_F(Window, StatusLineShowsTheNewestUntilItIsWellAgain) {
   EXPECT_EQ(line.text(), "three");
   line.clear(Topic::Folder);
   EXPECT_EQ(line.text(), "");
+}
+
+/// How high what is written is, line by line.
+std::vector<int> inkOfLines(QWidget& widget) {
+  const QImage picture = widget.grab().toImage();
+  const auto hasInk = [&](int y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      if (picture.pixel(x, y) != picture.pixel(0, 0)) return true;
+    }
+    return false;
+  };
+  std::vector<int> lines;
+  for (int y = 0; y < picture.height(); ++y) {
+    if (!hasInk(y)) continue;
+    if (y == 0 || !hasInk(y - 1)) lines.push_back(0);
+    ++lines.back();
+  }
+  return lines;
+}
+
+// Where letters are higher than those that its height was made for, as Japanese ones are.
+TEST_F(Window, StatusLineShowsNoHalfLine) {
+  StatusLine line;
+  const QFontMetrics metrics(line.font());
+  line.resize(metrics.horizontalAdvance(QStringLiteral("HHHH H")), 5 * metrics.height() / 2);
+  line.say(StatusLine::Topic::Folder, "HHHH HHHH");
+  ASSERT_EQ(inkOfLines(line).size(), 2U);
+  line.say(StatusLine::Topic::Folder, "HHHH HHHH HHHH HHHH");
+  const std::vector<int> lines = inkOfLines(line);
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0], lines[1]);
 }
 
 }  // namespace
