@@ -430,7 +430,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>No recorder can be found here.</source>
-        <translation>Hier lässt sich kein Rekorder finden.</translation>
+        <translation>Kein Rekorder auffindbar.</translation>
     </message>
     <message>
         <source>Card used</source>
@@ -465,7 +465,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Keep copying</source>
-        <translation>Weiter kopieren</translation>
+        <translation>Weiterkopieren</translation>
     </message>
     <message>
         <source>Stop and quit</source>
@@ -485,7 +485,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Keep exporting</source>
-        <translation>Weiter exportieren</translation>
+        <translation>Weiterexportieren</translation>
     </message>
     <message>
         <source>Cancel export and quit</source>
@@ -709,7 +709,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Correlation: +1 is mono; below 0, mono loses sound</source>
-        <translation>Korrelation: +1 ist mono; unter 0 geht in mono Klang verloren</translation>
+        <translation>Korrelation: +1 ist mono; unter 0 geht in Mono Klang verloren</translation>
     </message>
     <message>
         <source>Loudness of the last 400 ms</source>
@@ -1017,7 +1017,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>peak hold</source>
-        <translation>Spitze halten</translation>
+        <translation>Peak Hold</translation>
     </message>
 </context>
 <context>
@@ -1665,7 +1665,7 @@ MIT-Lizenz</translation>
     <name>RecorderSettings</name>
     <message>
         <source>Alkaline</source>
-        <translation>Alkali</translation>
+        <translation>Alkaline</translation>
     </message>
     <message>
         <source>Ni-MH</source>
@@ -1942,7 +1942,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>peak hold</source>
-        <translation>Spitze halten</translation>
+        <translation>Peak Hold</translation>
     </message>
     <message>
         <source>The recorder</source>
@@ -2130,7 +2130,7 @@ MIT-Lizenz</translation>
     </message>
     <message>
         <source>Sample peak</source>
-        <translation>Samplespitze</translation>
+        <translation>Sample Peak</translation>
     </message>
     <message>
         <source>Correlation</source>

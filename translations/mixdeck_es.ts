@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>Desktop companion of the TARN J4 recorder</source>
-        <translation>Compañero de escritorio de la grabadora TARN J4</translation>
+        <translation>Aplicación de escritorio para la grabadora TARN J4</translation>
     </message>
     <message>
         <source>Copyright 2026 The Mixdeck developers
@@ -114,7 +114,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>32-bit Float</source>
-        <translation>32 bits flotantes</translation>
+        <translation>32 bits en coma flotante</translation>
     </message>
     <message>
         <source>Normalize each to full scale</source>
@@ -258,7 +258,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>Samples of some of them export as noise: the recorder writes 24 bits or 32-bit float</source>
-        <translation>Las muestras de algunas se exportan como ruido: la grabadora escribe 24 bits o 32 bits flotantes</translation>
+        <translation>Las muestras de algunas se exportan como ruido: la grabadora escribe 24 bits o 32 bits en coma flotante</translation>
     </message>
     <message>
         <source>Over 4 GiB: written as RF64, which not every program reads</source>
@@ -281,7 +281,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>As remembered, else %1</source>
-        <translation>Lo recordado; si no, %1</translation>
+        <translation>Valores recordados; si no, %1</translation>
     </message>
 </context>
 <context>
@@ -430,7 +430,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>No recorder can be found here.</source>
-        <translation>Aquí no se puede encontrar ninguna grabadora.</translation>
+        <translation>No se detecta ninguna grabadora.</translation>
     </message>
     <message>
         <source>Card used</source>
@@ -530,7 +530,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>These %1-bit samples export as noise: the recorder writes 24 bits or 32-bit float</source>
-        <translation>Estas muestras de %1 bits se exportan como ruido: la grabadora escribe 24 bits o 32 bits flotantes</translation>
+        <translation>Estas muestras de %1 bits se exportan como ruido: la grabadora escribe 24 bits o 32 bits en coma flotante</translation>
     </message>
     <message>
         <source>Only %1 free in this folder</source>
@@ -638,7 +638,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>32-bit Float</source>
-        <translation>32 bits flotantes</translation>
+        <translation>32 bits en coma flotante</translation>
     </message>
     <message>
         <source>24-bit Linear</source>
@@ -705,7 +705,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>Stereo scope: Mid is upright, Side is level</source>
-        <translation>Vectorscopio: M es vertical, S es horizontal</translation>
+        <translation>Vectorscopio: Mid es vertical, Side horizontal</translation>
     </message>
     <message>
         <source>Correlation: +1 is mono; below 0, mono loses sound</source>
@@ -885,7 +885,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>A double click turns to %1°</source>
-        <translation>Un doble clic gira a %1°</translation>
+        <translation>Un doble clic pone %1°</translation>
     </message>
     <message>
         <source>Peaks</source>
@@ -1013,7 +1013,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>recorder&apos;s rule</source>
-        <translation>regla grabadora</translation>
+        <translation>como la grabadora</translation>
     </message>
     <message>
         <source>peak hold</source>
@@ -1474,7 +1474,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>%1 channels of %2-bit samples with format tag %3 do not decode to useful sound; the recorder writes 2 channels, 24-bit integer or 32-bit float (tag 3)</source>
-        <translation>%1 canales de muestras de %2 bits en formato %3 no dan un sonido útil; la grabadora escribe 2 canales, de 24 bits enteros o 32 bits flotantes (formato 3)</translation>
+        <translation>%1 canales de muestras de %2 bits en formato %3 no dan un sonido útil; la grabadora escribe 2 canales, de 24 bits enteros o 32 bits en coma flotante (formato 3)</translation>
     </message>
     <message>
         <source>The take cannot be read: %1</source>
@@ -1857,7 +1857,7 @@ Licencia MIT</translation>
     <name>SoundPane</name>
     <message>
         <source>A double click turns to %1°, the plain sum and difference</source>
-        <translation>Un doble clic gira a %1°, suma y diferencia simples</translation>
+        <translation>Un doble clic pone %1°, suma y diferencia simples</translation>
     </message>
     <message>
         <source>Mute</source>
@@ -2051,7 +2051,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>IEEE float</source>
-        <translation>flotante IEEE</translation>
+        <translation>coma flotante IEEE</translation>
     </message>
     <message>
         <source>extensible</source>
@@ -2274,13 +2274,13 @@ Licencia MIT</translation>
     <message numerus="yes">
         <source>%n takes are there and verified</source>
         <translation>
-            <numerusform>%n toma está y verificada</numerusform>
-            <numerusform>%n tomas están y verificadas</numerusform>
+            <numerusform>%n toma presente y verificada</numerusform>
+            <numerusform>%n tomas presentes y verificadas</numerusform>
         </translation>
     </message>
     <message>
         <source>%1 of %2 takes are there and verified</source>
-        <translation>Están y verificadas %1 de %2 tomas</translation>
+        <translation>%1 de %2 tomas presentes y verificadas</translation>
     </message>
     <message>
         <source>Cancelled.</source>
@@ -2334,7 +2334,7 @@ Licencia MIT</translation>
     </message>
     <message>
         <source>%1-bit float</source>
-        <translation>%1 bits flotantes</translation>
+        <translation>%1 bits en coma flotante</translation>
     </message>
     <message>
         <source>%1-bit</source>

@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>Desktop companion of the TARN J4 recorder</source>
-        <translation>Compagnon de bureau de l’enregistreur TARN J4</translation>
+        <translation>Application de bureau pour l’enregistreur TARN J4</translation>
     </message>
     <message>
         <source>Copyright 2026 The Mixdeck developers
@@ -154,7 +154,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Each at its remembered width and gain</source>
-        <translation>Chacune avec sa largeur et son gain retenus</translation>
+        <translation>Chacune avec sa largeur et son gain mémorisés</translation>
     </message>
     <message>
         <source>Keep recording time and markers</source>
@@ -281,7 +281,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>As remembered, else %1</source>
-        <translation>Retenu, sinon %1</translation>
+        <translation>Valeurs mémorisées, sinon %1</translation>
     </message>
 </context>
 <context>
@@ -430,7 +430,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>No recorder can be found here.</source>
-        <translation>Aucun enregistreur ne peut être trouvé ici.</translation>
+        <translation>Aucun enregistreur détectable.</translation>
     </message>
     <message>
         <source>Card used</source>
@@ -489,7 +489,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Cancel export and quit</source>
-        <translation>Annuler et quitter</translation>
+        <translation>Interrompre et quitter</translation>
     </message>
     <message numerus="yes">
         <source>%n exports are still running or waiting. Ending now cancels them.</source>
@@ -500,7 +500,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Cancel exports and quit</source>
-        <translation>Annuler et quitter</translation>
+        <translation>Interrompre et quitter</translation>
     </message>
 </context>
 <context>
@@ -705,11 +705,11 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Stereo scope: Mid is upright, Side is level</source>
-        <translation>Vectorscope : M est vertical, S est horizontal</translation>
+        <translation>Vectorscope&#xa0;: Mid est vertical, Side horizontal</translation>
     </message>
     <message>
         <source>Correlation: +1 is mono; below 0, mono loses sound</source>
-        <translation>Corrélation : +1 est mono ; sous 0, le mono perd du son</translation>
+        <translation>Corrélation&#xa0;: +1 est mono&#xa0;; sous 0, du son se perd en mono</translation>
     </message>
     <message>
         <source>Loudness of the last 400 ms</source>
@@ -885,7 +885,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>A double click turns to %1°</source>
-        <translation>Un double-clic tourne à %1°</translation>
+        <translation>Un double-clic règle sur %1°</translation>
     </message>
     <message>
         <source>Peaks</source>
@@ -1013,7 +1013,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>recorder&apos;s rule</source>
-        <translation>règle enregistreur</translation>
+        <translation>comme l’enregistreur</translation>
     </message>
     <message>
         <source>peak hold</source>
@@ -1149,11 +1149,11 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Position: drag or scroll</source>
-        <translation>Position : faites glisser ou défiler</translation>
+        <translation>Position&#xa0;: faites glisser ou défiler</translation>
     </message>
     <message>
         <source>Volume of what you hear; an export keeps its level</source>
-        <translation>Volume d&apos;écoute ; un export garde son niveau</translation>
+        <translation>Volume d’écoute&#xa0;; une exportation garde son niveau</translation>
     </message>
 </context>
 <context>
@@ -1176,11 +1176,11 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Exported</source>
-        <translation>Exporté</translation>
+        <translation>Exportée</translation>
     </message>
     <message>
         <source>Cancelled</source>
-        <translation>Annulé</translation>
+        <translation>Annulée</translation>
     </message>
 </context>
 <context>
@@ -1728,7 +1728,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>%1 is salvaged into %2.</source>
-        <translation>%1 est récupérée dans %2.</translation>
+        <translation>%1 est récupéré dans %2.</translation>
     </message>
 </context>
 <context>
@@ -1778,7 +1778,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Exported as %1: %2</source>
-        <translation>Exporté sous %1&#xa0;: %2</translation>
+        <translation>Exportée sous %1&#xa0;: %2</translation>
     </message>
 </context>
 <context>
@@ -1857,7 +1857,7 @@ Licence MIT</translation>
     <name>SoundPane</name>
     <message>
         <source>A double click turns to %1°, the plain sum and difference</source>
-        <translation>Un double-clic tourne à %1°, simple somme et différence</translation>
+        <translation>Un double-clic règle sur %1°, simple somme et différence</translation>
     </message>
     <message>
         <source>Mute</source>
@@ -1950,7 +1950,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Gain: drag or scroll; a double click sets 0 dB</source>
-        <translation>Gain : faites glisser ou défiler ; un double-clic le remet à 0 dB</translation>
+        <translation>Gain&#xa0;: faites glisser ou défiler&#xa0;; un double-clic le remet à 0 dB</translation>
     </message>
     <message>
         <source>Level of the left channel, before the volume</source>
@@ -2168,15 +2168,15 @@ Licence MIT</translation>
     <name>TakeRecall</name>
     <message>
         <source>What was remembered of takes was damaged. It was set aside as “%1”, and a new one begun.</source>
-        <translation>Les données retenues sur les prises étaient endommagées. Elles ont été mises de côté sous «&#xa0;%1&#xa0;», et d’autres commencées.</translation>
+        <translation>Les données mémorisées sur les prises étaient endommagées. Elles ont été mises de côté sous «&#xa0;%1&#xa0;», et d’autres commencées.</translation>
     </message>
     <message>
         <source>What is remembered of takes is of a newer version of the program. It is left alone, and nothing is remembered.</source>
-        <translation>Les données retenues sur les prises viennent d’une version plus récente du programme. Elles restent telles quelles, et rien n’est retenu.</translation>
+        <translation>Les données mémorisées sur les prises viennent d’une version plus récente du programme. Elles restent telles quelles, et rien n’est mémorisé.</translation>
     </message>
     <message>
         <source>What takes were heard with cannot be remembered.</source>
-        <translation>Les réglages d’écoute des prises ne peuvent pas être retenus.</translation>
+        <translation>Les réglages d’écoute des prises ne peuvent pas être mémorisés.</translation>
     </message>
 </context>
 <context>
@@ -2389,7 +2389,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>Solo is for listening: Left and Right are exported.</source>
-        <translation>Le solo sert à l’écoute&#xa0;: gauche et droite sont exportées.</translation>
+        <translation>Le solo sert à l’écoute&#xa0;: ce sont les canaux gauche et droit qui sont exportés.</translation>
     </message>
 </context>
 <context>
@@ -2492,7 +2492,7 @@ Licence MIT</translation>
     </message>
     <message>
         <source>&amp;Remember width, gain and loop</source>
-        <translation>&amp;Retenir largeur, gain et boucle</translation>
+        <translation>&amp;Mémoriser largeur, gain et boucle</translation>
     </message>
     <message>
         <source>Order of the &amp;list</source>

@@ -141,7 +141,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>Skip the take</source>
-        <translation>テイクを飛ばす</translation>
+        <translation>テイクをスキップ</translation>
     </message>
     <message>
         <source>Replace it</source>
@@ -426,7 +426,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>No recorder can be found here.</source>
-        <translation>ここではレコーダーを検出できません。</translation>
+        <translation>レコーダーを検出できません。</translation>
     </message>
     <message>
         <source>Card used</source>
@@ -699,7 +699,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>Stereo scope: Mid is upright, Side is level</source>
-        <translation>ステレオスコープ：縦が Mid、横が Side です</translation>
+        <translation>ベクトルスコープ：縦がミッド、横がサイドです</translation>
     </message>
     <message>
         <source>Correlation: +1 is mono; below 0, mono loses sound</source>
@@ -711,7 +711,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>Loudness of the last 3 s</source>
-        <translation>直前 3 s のラウドネス</translation>
+        <translation>直前 3 秒間のラウドネス</translation>
     </message>
     <message>
         <source>Loudness of the whole take at this width and gain</source>
@@ -919,7 +919,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>Shift and Ctrl select several; the second button opens a menu</source>
-        <translation>Shift と Ctrl で複数選択。右ボタンでメニュー</translation>
+        <translation>Shift と Ctrl で複数選択。右クリックでメニュー</translation>
     </message>
 </context>
 <context>
@@ -930,7 +930,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>One microphone hears the middle, another the sides. Together they give a stereo image whose width you choose after the recording.</source>
-        <translation>一方のマイクが中央を、もう一方が左右を拾います。合わせるとステレオ像になり、その幅は録音後に選べます。</translation>
+        <translation>一方のマイクが中央を、もう一方が左右を拾います。合わせるとステレオ音像になり、その幅は録音後に選べます。</translation>
     </message>
     <message>
         <source>Open a folder</source>
@@ -1007,7 +1007,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>recorder&apos;s rule</source>
-        <translation>レコーダー規則</translation>
+        <translation>レコーダー方式</translation>
     </message>
     <message>
         <source>peak hold</source>
@@ -1316,7 +1316,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>The sound server has gone (%1).</source>
-        <translation>サウンドサーバーがなくなりました（%1）。</translation>
+        <translation>サウンドサーバーとの接続が切れました（%1）。</translation>
     </message>
     <message>
         <source>The sound server did not answer.</source>
@@ -1448,7 +1448,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>The ALSA sequencer has gone (%1).</source>
-        <translation>ALSA シーケンサーがなくなりました（%1）。</translation>
+        <translation>ALSA シーケンサーとの接続が切れました（%1）。</translation>
     </message>
     <message>
         <source>This kernel or alsa-lib has no Universal MIDI Packets, which were asked for.</source>
@@ -1492,7 +1492,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>The card is gone</source>
-        <translation>カードがなくなりました</translation>
+        <translation>カードが取り外されました</translation>
     </message>
     <message>
         <source>The folder cannot be made: %1</source>
@@ -1787,7 +1787,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>Saving checkboard...</source>
-        <translation>書き出し先の保存</translation>
+        <translation>書き出しファイルの保存</translation>
     </message>
     <message>
         <source>Please select a path where to save decoded wav.</source>
@@ -1947,11 +1947,11 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>Level of the left channel, before the volume</source>
-        <translation>左チャンネルのレベル（音量の前）</translation>
+        <translation>左チャンネルのレベル（音量調整前）</translation>
     </message>
     <message>
         <source>Level of the right channel, before the volume</source>
-        <translation>右チャンネルのレベル（音量の前）</translation>
+        <translation>右チャンネルのレベル（音量調整前）</translation>
     </message>
 </context>
 <context>
@@ -2032,7 +2032,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>%1 bytes at %2</source>
-        <translation>%2 に %1 バイト</translation>
+        <translation>オフセット %2、%1 バイト</translation>
     </message>
     <message>
         <source>, and %1 more of it</source>
@@ -2103,7 +2103,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>Integrated loudness</source>
-        <translation>統合ラウドネス</translation>
+        <translation>平均ラウドネス</translation>
     </message>
     <message>
         <source>Loudness range</source>
@@ -2399,7 +2399,7 @@ MIT ライセンス</translation>
     </message>
     <message>
         <source>&amp;Meters by the recorder&apos;s rule</source>
-        <translation>メーターをレコーダーの規則で表示(&amp;M)</translation>
+        <translation>メーターをレコーダー方式で表示(&amp;M)</translation>
     </message>
     <message>
         <source>&amp;Keys and pointer</source>

@@ -699,7 +699,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>Stereo scope: Mid is upright, Side is level</source>
-        <translation>立体声示波器：竖直为 Mid，水平为 Side</translation>
+        <translation>矢量示波器：竖直为中间，水平为侧边</translation>
     </message>
     <message>
         <source>Correlation: +1 is mono; below 0, mono loses sound</source>
@@ -711,7 +711,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>Loudness of the last 3 s</source>
-        <translation>最近 3 s 的响度</translation>
+        <translation>最近 3 秒的响度</translation>
     </message>
     <message>
         <source>Loudness of the whole take at this width and gain</source>
@@ -835,7 +835,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>Wheel there</source>
-        <translation>在其上滚轮</translation>
+        <translation>在其上滚动滚轮</translation>
     </message>
     <message>
         <source>Zooms; with Shift it scrolls</source>
@@ -1312,31 +1312,31 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>No sound server was found (%1).</source>
-        <translation>未找到声音服务器（%1）。</translation>
+        <translation>未找到音频服务器（%1）。</translation>
     </message>
     <message>
         <source>The sound server has gone (%1).</source>
-        <translation>声音服务器已消失（%1）。</translation>
+        <translation>音频服务器已断开（%1）。</translation>
     </message>
     <message>
         <source>The sound server did not answer.</source>
-        <translation>声音服务器未作响应。</translation>
+        <translation>音频服务器未作响应。</translation>
     </message>
     <message>
         <source>The sound output was not there (%1).</source>
-        <translation>未找到声音输出（%1）。</translation>
+        <translation>未找到音频输出（%1）。</translation>
     </message>
     <message>
         <source>The sound output has stopped.</source>
-        <translation>声音输出已停止。</translation>
+        <translation>音频输出已停止。</translation>
     </message>
     <message>
         <source>The sound output could not be started (%1).</source>
-        <translation>无法启动声音输出（%1）。</translation>
+        <translation>无法启动音频输出（%1）。</translation>
     </message>
     <message>
         <source>The sound output does not take %1 channels at %2 Hz.</source>
-        <translation>声音输出不支持 %2 Hz 的 %1 声道。</translation>
+        <translation>音频输出不支持 %2 Hz 的 %1 声道。</translation>
     </message>
     <message>
         <source>no thread can be had</source>
@@ -1448,7 +1448,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>The ALSA sequencer has gone (%1).</source>
-        <translation>ALSA 音序器已消失（%1）。</translation>
+        <translation>ALSA 音序器已断开（%1）。</translation>
     </message>
     <message>
         <source>This kernel or alsa-lib has no Universal MIDI Packets, which were asked for.</source>
@@ -1492,7 +1492,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>The card is gone</source>
-        <translation>存储卡已不在</translation>
+        <translation>存储卡已移除</translation>
     </message>
     <message>
         <source>The folder cannot be made: %1</source>
@@ -1694,11 +1694,11 @@ MIT 许可证</translation>
     <name>RepairOffer</name>
     <message>
         <source>The recording of %1 broke off. %2 s of sound can be salvaged into %3, beside it. The take itself stays as it is.</source>
-        <translation>%1 的录制中断了。可将 %2 秒声音挽救到旁边的 %3。原录音保持不变。</translation>
+        <translation>%1 的录制中断了。可将 %2 秒声音恢复到旁边的 %3。原录音保持不变。</translation>
     </message>
     <message>
         <source>Salvage</source>
-        <translation>挽救</translation>
+        <translation>恢复</translation>
     </message>
     <message>
         <source>Not now</source>
@@ -1706,7 +1706,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>%1 is being salvaged…</source>
-        <translation>正在挽救 %1…</translation>
+        <translation>正在恢复 %1…</translation>
     </message>
     <message>
         <source>%1 was not saved: %2.</source>
@@ -1722,7 +1722,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>%1 is salvaged into %2.</source>
-        <translation>%1 已挽救到 %2。</translation>
+        <translation>%1 已恢复到 %2。</translation>
     </message>
 </context>
 <context>
@@ -1965,7 +1965,7 @@ MIT 许可证</translation>
     <name>StereoScope</name>
     <message>
         <source>Stereo scope</source>
-        <translation>立体声示波器</translation>
+        <translation>矢量示波器</translation>
     </message>
     <message>
         <source>L</source>
@@ -2032,7 +2032,7 @@ MIT 许可证</translation>
     </message>
     <message>
         <source>%1 bytes at %2</source>
-        <translation>%2 处 %1 字节</translation>
+        <translation>偏移 %2，%1 字节</translation>
     </message>
     <message>
         <source>, and %1 more of it</source>

@@ -10,14 +10,13 @@
 
 namespace {
 
-constexpr int kLeastWidth = 240;
+constexpr int kLeastWidth = 220;
 constexpr int kLeastBarHeight = 34;
 
 }  // namespace
 
 BrowserView::BrowserView(QWidget* parent) : QWidget(parent) {
   MainViewParts::makeGround(*this, "viewLeftBG");
-  setMinimumWidth(kLeastWidth);
   makeFolderBar();
   tableFile = new FileList(this);
   tableFile->setSeveral(true);
@@ -25,6 +24,7 @@ BrowserView::BrowserView(QWidget* parent) : QWidget(parent) {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(10, 10, 10, 10);
   layout->setSpacing(9);
+  layout->addStrut(kLeastWidth);  // a widget's own minimum would hide what the bars ask for
   layout->addWidget(viewPathBG);
   layout->addWidget(tableFile, 1);
   layout->addWidget(viewSelectionBG);

@@ -6,9 +6,11 @@
 #include <QGuiApplication>
 #include <QSysInfo>
 #include <QtGlobal>
+#include <string>
 
 #include "midi/alsa/AlsaMIDISystem.h"
 #include "playback/AudioBackends.h"
+#include "takes/Database.h"
 
 namespace {
 
@@ -24,6 +26,9 @@ QStringList ProgramDetails::lines() {
       QStringLiteral("Qt %1 (%2)").arg(QLatin1String(qVersion()), QGuiApplication::platformName())};
   const std::string sound = AudioBackends::outputLibrary();
   if (!sound.empty()) all << QString::fromStdString(sound);
-  all << QString::fromStdString(AlsaMIDISystem::library()) << kernel();
+  for (const std::string& library : {AlsaMIDISystem::library(), Database::library()}) {
+    all << QString::fromStdString(library);
+  }
+  all << kernel();
   return all;
 }

@@ -28,6 +28,7 @@ class StatusLine : public QLabel {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
  signals:
   /// A sentence has come to be shown.
@@ -40,6 +41,8 @@ class StatusLine : public QLabel {
   };
 
   void present(const QString& sentence);
+  /// Whether all of the sentence does.
+  [[nodiscard]] bool fits() const;
   void align();
 
   std::vector<Message> _messages;  ///< oldest first

@@ -50,6 +50,10 @@ int causeOf(std::string_view finding) {
 
 }  // namespace
 
+std::string Database::library() {
+  return std::string("SQLite ") + sqlite3_libversion();
+}
+
 Database::Database(const std::filesystem::path& file, Access access,
                    std::chrono::milliseconds patience)
     : _patience(patience) {

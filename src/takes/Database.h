@@ -29,6 +29,9 @@ class Database {
   Database& operator=(const Database&) = delete;
   ~Database();
 
+  /// The library that the program runs with: "SQLite" and its version. Any thread.
+  static std::string library();
+
   /// Carries out statements that give nothing back.
   bool run(const char* statements);
   /// From now on what is changed is written ahead, so that who reads need not wait for who writes.

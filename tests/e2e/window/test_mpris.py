@@ -243,13 +243,20 @@ class MprisTest(SoundingCase):
 
     def test_the_turns_of_a_loop_are_jumps(self):
         remote = self.open_first()
-        self.program_.key("l")
-        begun = remote.get("Position")
-        wait_for(lambda: remote.get("Position") > begun + SECOND // 2, "half a second")
-        self.program_.key("l")
-        place = remote.wait_jump()
-        self.assertLess(place, begun + 2 * SECOND)
-        remote.wait_jump()
+        remote.do("Pause")
+        remote.wait_told("PlaybackStatus", "Paused")
+        track = remote.get("Metadata")["mpris:trackid"]
+        remote.do("SetPosition", "(ox)", track, 10 * SECOND)
+        self.assertAlmostEqual(remote.wait_jump(), 10 * SECOND, delta=1000)
+        wave = self.program_.find("slider", "Waveform")
+        self.program_.wait(lambda: abs(wave.value - 10) < 0.001, "the place of A")
+        self.program_.key("l", "Right", "l")
+        self.assertAlmostEqual(remote.wait_jump(), 11 * SECOND, delta=1000)
+        self.assertAlmostEqual(remote.wait_jump(), 10 * SECOND, delta=1000)
+        remote.do("Play")
+        for turn in range(2):
+            self.assertAlmostEqual(remote.wait_jump(), 10 * SECOND, delta=SECOND // 5, msg=turn)
+        self.assertEqual(remote.jumps, [])
 
     def test_volume_both_ways(self):
         remote = self.open_first()

@@ -83,6 +83,12 @@ void EveryDialog::settle() {
   for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
 }
 
+// With what the program runs on.
+QWidget* EveryDialog::about() {
+  view().menu->actionAbout->trigger();
+  return shown<AboutVC>();
+}
+
 QWidget* EveryDialog::alert(const char* context, const char* text) {
   return Alert::show(&view(), translated(context, text));
 }
@@ -260,7 +266,7 @@ QWidget* EveryDialog::salvageQuestion(const std::filesystem::path& take) {
 }
 
 std::vector<EveryDialog::Maker> EveryDialog::notes() {
-  return {[this] { return made<AboutVC>(); },
+  return {[this] { return about(); },
           [this] { return made<IntroductionVC>(); },
           [this] { return made<NodeviceVC>(); },
           [this] { return made<HelpVC>(view().menu->keys()); },

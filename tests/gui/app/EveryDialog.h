@@ -60,6 +60,7 @@ class EveryDialog : public WindowFixture {
   [[nodiscard]] std::vector<Maker> endQuestions();
   void lookAt(const Maker& make, const std::function<void(QWidget&)>& look);
 
+  QWidget* about();
   QWidget* alert(const char* context, const char* text);
   ExportVC& exportDialog(const std::filesystem::path& file, double gain = 0);
   QWidget* exportToALoudness(bool isOfSelection);

@@ -8,10 +8,10 @@
 #include <QTest>
 #include <array>
 #include <tuple>
+#include <vector>
 
 #include "WindowFixture.h"
 #include "app/AppDelegate.h"
-#include "app/ProgramOptions.h"
 #include "controls/Colors.h"
 
 namespace {
@@ -420,31 +420,35 @@ TEST_F(Window, StatusLineShowsTheNewestUntilItIsWellAgain) {
   EXPECT_EQ(line.text(), "");
 }
 
-TEST(Options, TakeAFolderOrARecordingOrNothing) {
-  TemporaryFolder folder;
-  const std::string path = folder.path().string();
-  const auto parse = [](std::vector<const char*> words) {
-    words.insert(words.begin(), "mixdeck");
-    return ProgramOptions::parse(static_cast<int>(words.size()), words.data());
+/// How high what is written is, line by line.
+std::vector<int> inkOfLines(QWidget& widget) {
+  const QImage picture = widget.grab().toImage();
+  const auto hasInk = [&](int y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      if (picture.pixel(x, y) != picture.pixel(0, 0)) return true;
+    }
+    return false;
   };
-  using testing::ElementsAre;
-  EXPECT_TRUE(parse({}).starts.empty());
-  EXPECT_FALSE(parse({}).simulatesRecorder);
-  EXPECT_THAT(parse({path.c_str()}).starts, ElementsAre(path));
-  EXPECT_THAT(parse({path.c_str(), "/"}).starts, ElementsAre(path, "/"));
-  EXPECT_THAT(parse({("file://" + path).c_str()}).starts, ElementsAre(path));
-  EXPECT_EQ(parse({"http://mixdeck.example/R0001.WAV"}).status, 2);
-  EXPECT_EQ(parse({"file:///no/such/place"}).status, 2);
-  EXPECT_EQ(parse({"--language", "fr"}).language, "fr");
-  EXPECT_EQ(parse({"--language", "tlh"}).status, 2);
-  EXPECT_FALSE(parse({path.c_str(), "--language", "fr"}).isForItself());
-  EXPECT_TRUE(parse({"--simulate-recorder"}).isForItself());
-  EXPECT_TRUE(parse({"--simulate-recorder"}).simulatesRecorder);
-  EXPECT_EQ(parse({"--help"}).status, 0);
-  EXPECT_EQ(parse({"--version"}).status, 0);
-  EXPECT_EQ(parse({"--wrong"}).status, 2);
-  EXPECT_EQ(parse({"/no/such/place"}).status, 2);
-  EXPECT_EQ(parse({path.c_str()}).status, std::nullopt);
+  std::vector<int> lines;
+  for (int y = 0; y < picture.height(); ++y) {
+    if (!hasInk(y)) continue;
+    if (y == 0 || !hasInk(y - 1)) lines.push_back(0);
+    ++lines.back();
+  }
+  return lines;
+}
+
+// Where letters are higher than those that its height was made for, as Japanese ones are.
+TEST_F(Window, StatusLineShowsNoHalfLine) {
+  StatusLine line;
+  const QFontMetrics metrics(line.font());
+  line.resize(metrics.horizontalAdvance(QStringLiteral("HHHH H")), 5 * metrics.height() / 2);
+  line.say(StatusLine::Topic::Folder, "HHHH HHHH");
+  ASSERT_EQ(inkOfLines(line).size(), 2U);
+  line.say(StatusLine::Topic::Folder, "HHHH HHHH HHHH HHHH");
+  const std::vector<int> lines = inkOfLines(line);
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0], lines[1]);
 }
 
 }  // namespace
