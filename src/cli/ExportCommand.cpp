@@ -187,10 +187,12 @@ std::string ExportCommand::refusal(const ExportPlan::Item& item, const Export& j
   if (!_force && fs::exists(fs::symlink_status(item.target, error))) {
     return problemLine(item.target, kFailToSave, "The file exists; --force replaces it");
   }
-  // A folder that would be made is as good as the one that it would be made in.
-  const bool isMade = _isDryRun && !_outputFolder.empty();
-  const fs::path target =
+  // A folder that would be made is as good as the one that it would be made in, where another name
+  // may be taken.
+  const bool isMade = _isDryRun && !_outputFolder.empty() && !fs::exists(_outputFolder, error);
+  fs::path target =
       isMade ? OutputFolder::standing(_outputFolder) / item.target.filename() : item.target;
+  while (isMade && fs::exists(fs::symlink_status(target, error))) target += "_";
   std::string reason = job.whyNot(target, is24bit());
   if (reason.empty()) return "";
   if (!is24bit() && job.whyNot(target, true).empty()) reason += "; --format 24 fits";

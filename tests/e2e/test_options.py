@@ -284,6 +284,12 @@ class ExportTest(Case):
         self.expect(0, "export", "--dry-run", "--force", "a.wav", err="")
         self.assertEqual(self.read("a_Decode.WAV"), b"old")
 
+    def test_in_a_folder_that_a_dry_run_does_not_make_no_name_is_taken(self):
+        self.file("a_Decode.WAV", b"old")
+        result = self.expect(0, "export", "--dry-run", "--output-dir", "mixes", "a.wav", err="")
+        self.assertIn("a.wav -> mixes/a_Decode.WAV: ", result.stdout)
+        self.assertEqual(self.names(), ["a.wav", "a_Decode.WAV"])
+
     def test_dry_run_refuses_what_is_too_large(self):
         self.big_recording("long.wav", 12000)
         size = 748 + 12000 * 48000 * 8
