@@ -3,10 +3,12 @@
 
 #include "support/ByteBuilder.h"
 
+#include <array>
 #include <bit>
 
 ByteBuilder& ByteBuilder::text(std::string_view characters) {
-  for (const char character : characters) _bytes.push_back(static_cast<std::byte>(character));
+  const auto* const first = reinterpret_cast<const std::byte*>(characters.data());
+  _bytes.insert(_bytes.end(), first, first + characters.size());
   return *this;
 }
 
@@ -17,8 +19,10 @@ ByteBuilder& ByteBuilder::field(std::string_view characters, std::size_t width) 
   return *this;
 }
 
-ByteBuilder& ByteBuilder::little(std::uint64_t value, int count) {
-  for (int i = 0; i < count; ++i) _bytes.push_back(static_cast<std::byte>(value >> (8 * i)));
+ByteBuilder& ByteBuilder::little(std::uint64_t value, std::size_t count) {
+  std::array<std::byte, 8> bytes{};
+  for (std::size_t i = 0; i < count; ++i) bytes.at(i) = static_cast<std::byte>(value >> (8 * i));
+  _bytes.insert(_bytes.end(), bytes.data(), bytes.data() + count);
   return *this;
 }
 

@@ -29,7 +29,7 @@ class ByteBuilder {
   [[nodiscard]] const std::vector<std::byte>& get() const { return _bytes; }
 
  private:
-  ByteBuilder& little(std::uint64_t value, int count);
+  ByteBuilder& little(std::uint64_t value, std::size_t count);
 
   std::vector<std::byte> _bytes;
 };
