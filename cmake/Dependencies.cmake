@@ -3,6 +3,8 @@
 #
 # Everything comes from Debian packages; packaging/packages-*.txt lists them.
 
+# Here alone: each further call starts the interpreter several times.
+find_package(Python3 3.10 REQUIRED COMPONENTS Interpreter)
 find_package(Threads REQUIRED)
 find_package(hwy REQUIRED)
 find_package(fmt REQUIRED)

@@ -11,7 +11,6 @@ function(mixdeck_few_pieces target)
   if(NOT CMAKE_UNITY_BUILD)
     return()
   endif()
-  find_package(Python3 3.10 REQUIRED COMPONENTS Interpreter)
   get_target_property(sources ${target} SOURCES)
   list(FILTER sources INCLUDE REGEX "\\.cpp$")
   execute_process(

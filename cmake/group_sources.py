@@ -31,10 +31,9 @@ PATTERNS = [(re.compile(pattern), pattern in ALIASES) for pattern in ALIASES + O
 def names(text):
     """What a text declares outside of every class and function: a name, and of an alias its line."""
     found = {}
-    for line in text.splitlines():
+    for line in re.findall(r"^[\w#].*", text, re.MULTILINE):
         for pattern, is_alias in PATTERNS:
-            match = re.match(r"[\w#]", line) and pattern.match(line)
-            if match:
+            if match := pattern.match(line):
                 found[match[1]] = line if is_alias else None
         if re.match(r"enum (?!class|struct)", line):
             found.update(dict.fromkeys(re.findall(r"([A-Za-z_]\w*)(?= *=| *,| *\})", line)))
