@@ -2,12 +2,14 @@
 # SPDX-License-Identifier: MIT
 """usage: check_headers.py BUILD-FOLDER
 
-Each header under src/ compiles alone, with the flags of the build; a build in pieces would not tell. A header that did is not compiled again before it changes, or a header of ours
-that it includes, or the flags, or the compiler.
+Each header under src/ compiles alone, with the flags of the build; a build in pieces would not tell.
+A header that did is not compiled again before it changes, or a header of ours that it includes, or
+the flags, or the compiler.
 
-Nearly all of the time would go into the headers of libraries. What a header of ours includes anyway,
-itself or through another of ours, may come before it: what it forgot to include is still missing. So
-the headers of libraries are compiled beforehand, and ours in chains of which each includes the last.
+Nearly all of the time would go into the headers of libraries, so they are compiled beforehand, and
+ours behind them, in chains. What comes before a header of ours hides nothing that it forgot: it
+includes all of those libraries' headers itself, or through others, and names nothing of ours that it
+does not include.
 """
 
 import os
@@ -18,20 +20,16 @@ import tempfile
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-from compiled import SOURCES, Memory, closure, folders, key, united, version
+from compiled import ROOT, SOURCES, Memory, closure, folders, key, united, version
+
+sys.path.insert(0, str(ROOT / "cmake"))
+from group_sources import names as declared  # noqa: E402
 
 # It reads what was compiled beforehand several times as fast as GCC does. The warnings are GCC's task.
 COMPILER = "clang++"
 FLAGS = ["-w", "-O0", "-g0"]
 LIBRARY = re.compile(r"^\s*#\s*include\s*<([^>]+)>", re.MULTILINE)
-# What it takes to compile one of them, roughly, in milliseconds. The others are quick, or rare.
-COSTS = {"CLI/CLI.hpp": 2000, "nlohmann/json.hpp": 1000, "QWidget": 1200, "QLabel": 1300,
-         "QAccessibleWidget": 1300, "QPushButton": 1300, "QDialog": 1300, "QListView": 1400,
-         "QAbstractButton": 1300, "QToolButton": 1300, "QPainter": 900, "QObject": 800,
-         "QTimer": 800, "QString": 700, "QRectF": 100, "QIcon": 600, "QImage": 600,
-         "filesystem": 400, "functional": 300, "condition_variable": 250, "mutex": 200,
-         "thread": 200, "memory": 250, "string": 200, "chrono": 200, "optional": 50, "vector": 50}
-MOST_PREPARED = 20
+MOST_PREPARED = 6
 
 
 def plain(command):
@@ -44,19 +42,62 @@ def plain(command):
     return kept
 
 
-def libraries(path, build):
-    """The costly headers of libraries that a header of ours includes, itself or through others."""
-    texts = (each.read_text("utf-8") for each in closure([path], [SOURCES, build / "generated"]))
-    return frozenset(name for text in texts for name in LIBRARY.findall(text) if name in COSTS)
+class Header:
+    """One of ours: what it includes, itself or through others, and what it names."""
+
+    def __init__(self, path, build):
+        self.path = path
+        self.closure = frozenset(closure([path], [SOURCES, build / "generated"]))
+        self.libraries = frozenset(name for each in self.closure
+                                   for name in LIBRARY.findall(each.read_text("utf-8")))
+        self._names = frozenset(re.findall(r"\w+", path.read_text("utf-8")))
+
+    def leans_on(self, others, declarations):
+        """Whether it names what one of the others declares, and does not include that."""
+        return any(not self._names.isdisjoint(declarations[path]) for path in others - self.closure)
 
 
-def cost(names):
-    """Qt's headers include each other, so only the dearest of them counts in full."""
-    of_qt = [COSTS[name] for name in names if name.startswith("Q")]
-    return sum(COSTS[name] for name in names if not name.startswith("Q")) + max(of_qt, default=0)
+class Chain:
+    """Headers of ours that are compiled in one go, and all that the last of them finds there."""
+
+    def __init__(self, declarations):
+        self._declarations = declarations
+        self._seen = set()
+        self.libraries = frozenset()
+        self.paths = []
+
+    def takes(self, header):
+        return self.libraries <= header.libraries and not header.leans_on(self._seen, self._declarations)
+
+    def append(self, header):
+        self._seen |= header.closure
+        self.libraries = header.libraries
+        self.paths.append(header.path)
 
 
-def worth_preparing(sets):
+class Library:
+    """What the headers of libraries consist of: sets of their names, and what those include."""
+
+    def __init__(self, files):
+        self._files = files
+        self._costs = {}
+
+    def _united(self, names):
+        return frozenset().union(*(self._files[name] for name in names))
+
+    def completed(self, names):
+        """With all that is included along with them."""
+        united = self._united(names)
+        return frozenset(name for name, own in self._files.items() if own and own <= united)
+
+    def cost(self, names):
+        """What it takes to compile them, roughly: their bytes."""
+        if names not in self._costs:
+            self._costs[names] = sum(os.path.getsize(path) for path in self._united(names))
+        return self._costs[names]
+
+
+def worth_preparing(sets, cost):
     """A few sets of headers which, compiled beforehand, save the most."""
     within = {some & others: [] for some in set(sets) for others in set(sets)}
     for names, members in within.items():
@@ -89,13 +130,18 @@ class Compiler:
         return subprocess.run([*self._command, *words], cwd=self._directory, input=text,
                               capture_output=True, text=True, check=False)
 
+    def files(self, name):
+        """What a header of a library consists of: the files that it includes, and itself."""
+        made = self.run("-M", "-x", "c++", "-", text=f"#include <{name}>\n")
+        return frozenset(made.stdout.replace("\\\n", " ").split()[1:])
+
     def prepare(self, names):
         path = self._folder / f"{len(self._prepared)}.h"
         self._prepared[names] = path
         path.write_text("".join(f"#include <{name}>\n" for name in sorted(names)))
         return lambda: self.run("-x", "c++-header", path, "-o", f"{path}.gch").check_returncode()
 
-    def prepared(self, own):
+    def prepared(self, own, cost):
         """The dearest of the prepared sets that a header includes anyway."""
         fitting = [names for names in self._prepared if names <= own]
         return max(fitting, key=lambda names: (cost(names), sorted(names)), default=None)
@@ -108,33 +154,40 @@ class Compiler:
         return done.stderr if done.returncode else ""
 
 
-def chains(headers, build):
-    """Lists in which each header includes the one before it; all headers are in one of them."""
-    within = {path: set(closure([path], [SOURCES, build / "generated"])) for path in headers}
-    left = sorted(headers, key=lambda path: (len(within[path]), path))
-    while left:
-        chain = [left.pop()]
-        for path in reversed(left[:]):
-            if path in within[chain[0]]:
-                chain.insert(0, path)
-                left.remove(path)
-        yield chain
+def chains(headers, cost, declarations):
+    """Lists of paths; all headers are in one of them."""
+    made = []
+    for header in sorted(headers, key=lambda each: (cost(each.libraries), len(each.closure), each.path)):
+        fitting = [chain for chain in made if chain.takes(header)]
+        if not fitting:
+            fitting = [Chain(declarations)]
+            made += fitting
+        max(fitting, key=lambda chain: cost(chain.libraries)).append(header)
+    return [chain.paths for chain in made]
 
 
-def compile_all(headers, build, command, directory):
+def compile_all(paths, build, command):
     """Pairs of a list of headers and what the compiler says against them."""
-    owns = {path: libraries(path, build) for path in headers}
+    headers = [Header(path, build) for path in paths]
+    declarations = {path: declared(path.read_text("utf-8"))
+                    for path in frozenset().union(*(header.closure for header in headers))}
     with tempfile.TemporaryDirectory(prefix="mixdeck-headers-") as folder, \
             ThreadPoolExecutor(os.cpu_count()) as pool:
-        compiler = Compiler(command, directory, folder)
-        preparing = [compiler.prepare(names) for names in worth_preparing(list(owns.values()))]
+        compiler = Compiler(command, build, folder)
+        names = sorted(frozenset().union(*(header.libraries for header in headers)))
+        library = Library(dict(zip(names, pool.map(compiler.files, names))))
+        for header in headers:
+            header.libraries = library.completed(header.libraries)
+        preparing = [compiler.prepare(names) for names in
+                     worth_preparing([header.libraries for header in headers], library.cost)]
         for work in [pool.submit(prepare) for prepare in preparing]:
             work.result()
         alike = {}
-        for path, own in owns.items():
-            alike.setdefault(compiler.prepared(own), []).append(path)
+        for header in headers:
+            alike.setdefault(compiler.prepared(header.libraries, library.cost), []).append(header)
         work = [(chain, pool.submit(compiler.compile_chain, chain, names))
-                for names, members in alike.items() for chain in chains(members, build)]
+                for names, members in alike.items()
+                for chain in chains(members, library.cost, declarations)]
         return [(chain, each.result()) for chain, each in work]
 
 
@@ -147,9 +200,9 @@ def main():
     keys = {path: key(command, build, [path], *rules) for path in found}
     unknown = [path for path in found if not memory.knows(keys[path])]
     faults = []
-    for chain, said in compile_all(unknown, build, command, build):
+    for chain, said in compile_all(unknown, build, command):
         if said:
-            faults.append(f"{chain[-1]} does not compile alone:\n{said}")
+            faults.append(f"does not compile alone:\n{said}")
         for path in [] if said else chain:
             memory.keep(keys[path])
     lost = set(SOURCES.rglob("*.h")) - set(found)
